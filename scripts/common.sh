@@ -1,0 +1,72 @@
+# Shared by the programs of this folder; sourced, never run.
+# shellcheck shell=bash
+
+set -euo pipefail
+
+SOURCE_DIR=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+BUILD_DIR=$SOURCE_DIR/build/release
+PACKAGE_LIST=$SOURCE_DIR/scripts/packages.txt
+LOG_DIR=$SOURCE_DIR/build/logs
+
+step() { printf '==> %s\n' "$*"; }
+
+fail() {
+    printf '%s: %s\n' "$(basename "$0")" "$*" >&2
+    exit 1
+}
+
+# run_logged NAME COMMAND...: runs quietly; on failure shows the end of the log and where the rest is.
+run_logged() {
+    local name=$1
+    shift
+    mkdir -p "$LOG_DIR"
+    local log=$LOG_DIR/$name.log
+    if ! "$@" >"$log" 2>&1 </dev/null; then
+        tail -n 40 "$log" >&2
+        fail "$name failed; the whole log is in $log"
+    fi
+}
+
+wanted_packages() { sed -e 's/#.*//' -e '/^[[:space:]]*$/d' -e 's/[[:space:]]//g' "$PACKAGE_LIST"; }
+
+missing_packages() {
+    local package
+    for package in $(wanted_packages); do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' ||
+            printf '%s\n' "$package"
+    done
+}
+
+# as_root COMMAND...: the command itself for root, through sudo where that needs no password.
+as_root() {
+    if [ "$(id -u)" = 0 ]; then
+        "$@"
+    else
+        sudo -n "$@"
+    fi
+}
+
+install_packages() {
+    local missing
+    missing=$(missing_packages)
+    [ -n "$missing" ] || return 0
+    command -v apt-get >/dev/null ||
+        fail "these packages are missing and there is no apt-get to install them: ${missing//$'\n'/ }"
+    if [ "$(id -u)" != 0 ] && ! sudo -n true 2>/dev/null; then
+        fail "these packages are missing; install them as root: apt-get install ${missing//$'\n'/ }"
+    fi
+    step "installing $(wc -w <<<"$missing") Debian packages (once)"
+    run_logged apt-update as_root apt-get update
+    # shellcheck disable=SC2086 # one word a package
+    run_logged apt-install as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y --no-install-recommends $missing
+}
+
+# build PRESET [TARGET...]: configures where needed and builds.
+build() {
+    local preset=$1
+    shift
+    step "building $preset"
+    run_logged "configure-$preset" cmake -S "$SOURCE_DIR" --preset "$preset"
+    run_logged "build-$preset" cmake --build "$SOURCE_DIR/build/$preset" ${1:+--target "$@"}
+}
