@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/Export.h"
+
+#include <jni.h>
+
+/// The characters of one Java string as NUL-terminated UTF-8, for the duration of a scope.
+///
+/// Bytes that came to Java through newJavaString() without being UTF-8 come back as the same bytes
+/// (see platform/JavaText.h).
+class PLATFORM_API JNIString {
+    const char* m_text; // first: callers of the binary interface read it there
+
+public:
+    /// @param string  may be null; then text() is null
+    JNIString(JNIEnv* environment, jstring string);
+    ~JNIString();
+
+    JNIString(const JNIString&) = delete;
+    JNIString& operator=(const JNIString&) = delete;
+
+    /// Null for a null string, or where the virtual machine could not give the characters.
+    const char* text() const noexcept { return m_text; }
+};

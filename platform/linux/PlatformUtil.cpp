@@ -1,0 +1,130 @@
+#include "platform/PlatformUtil.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <ctime>
+#include <future>
+#include <memory>
+#include <new>
+#include <sys/types.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr std::size_t NAME_BYTES = 16; // what the kernel keeps of a thread's name, NUL included
+
+struct ThreadStart {
+    PlatformUtil::ThreadEntry entry;
+    void* argument;
+    char name[NAME_BYTES];
+    std::promise<int> id;
+};
+
+void* runThread(void* parameter) {
+    const std::unique_ptr<ThreadStart> start(static_cast<ThreadStart*>(parameter));
+    if (start->name[0] != '\0')
+        pthread_setname_np(pthread_self(), start->name);
+    const auto entry = start->entry;
+    void* const argument = start->argument;
+    start->id.set_value(PlatformUtil::threadId());
+    return entry(argument);
+}
+
+std::unique_ptr<ThreadStart> makeStart(PlatformUtil::ThreadEntry entry, void* argument,
+                                       const char* name) {
+    auto start = std::make_unique<ThreadStart>();
+    start->entry = entry;
+    start->argument = argument;
+    std::strncpy(start->name, name ? name : "", NAME_BYTES - 1);
+    return start;
+}
+
+// The new thread inherits the mask of its maker, so that no signal can slip in before it sets one.
+bool startBlockingSignals(void* (*body)(void*), void* parameter) {
+    sigset_t all;
+    sigset_t before;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &before);
+    pthread_t thread;
+    const bool started = pthread_create(&thread, nullptr, body, parameter) == 0;
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    if (started)
+        pthread_detach(thread);
+    return started;
+}
+
+bool heldByCaller(const PlatformMutex& mutex) noexcept {
+    return mutex.__data.__owner == PlatformUtil::threadId();
+}
+
+} // namespace
+
+int PlatformUtil::createMutex(PlatformMutex* mutex) noexcept {
+    if (!mutex)
+        return EINVAL;
+    pthread_mutexattr_t attributes;
+    pthread_mutexattr_init(&attributes);
+    pthread_mutexattr_settype(&attributes, PTHREAD_MUTEX_RECURSIVE);
+    const int result = pthread_mutex_init(mutex, &attributes);
+    pthread_mutexattr_destroy(&attributes);
+    return result;
+}
+
+int PlatformUtil::lockMutex(PlatformMutex* mutex) noexcept {
+    return mutex ? pthread_mutex_lock(mutex) : EINVAL;
+}
+
+int PlatformUtil::unlockMutex(PlatformMutex* mutex) noexcept {
+    return mutex ? pthread_mutex_unlock(mutex) : EINVAL;
+}
+
+int PlatformUtil::destroyMutex(PlatformMutex* mutex) noexcept {
+    if (!mutex)
+        return EINVAL;
+    while (heldByCaller(*mutex) && pthread_mutex_unlock(mutex) == 0) {
+    }
+    return pthread_mutex_destroy(mutex);
+}
+
+int PlatformUtil::createThread(ThreadEntry entry, void* argument, const char* name) noexcept {
+    if (!entry)
+        return -1;
+    try {
+        auto start = makeStart(entry, argument, name);
+        auto id = start->id.get_future();
+        if (!startBlockingSignals(runThread, start.get()))
+            return -1;
+        static_cast<void>(start.release()); // the thread's own now
+        return id.get();
+    } catch (const std::exception&) {
+        return -1;
+    }
+}
+
+int PlatformUtil::threadId() noexcept {
+    return gettid();
+}
+
+void PlatformUtil::sleep(int milliseconds) noexcept {
+    if (milliseconds <= 0)
+        return;
+    timespec deadline{};
+    clock_gettime(CLOCK_MONOTONIC, &deadline);
+    deadline.tv_sec += milliseconds / 1000;
+    deadline.tv_nsec += (milliseconds % 1000) * 1000000L;
+    if (deadline.tv_nsec >= 1000000000L) {
+        deadline.tv_sec += 1;
+        deadline.tv_nsec -= 1000000000L;
+    }
+    while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &deadline, nullptr) == EINTR) {
+    }
+}
+
+int PlatformUtil::killProcess(int processId) noexcept {
+    if (processId <= 0) {
+        errno = EINVAL;
+        return -1;
+    }
+    return kill(processId, SIGKILL);
+}

@@ -1,0 +1,178 @@
+#include "platform/PlatformUtil.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <future>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+TEST(PlatformMutex, IsRecursiveForItsOwnerAndClosedToOthers) {
+    PlatformMutex mutex;
+    ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
+    ASSERT_EQ(PlatformUtil::lockMutex(&mutex), 0);
+    ASSERT_EQ(PlatformUtil::lockMutex(&mutex), 0);
+    ASSERT_EQ(PlatformUtil::unlockMutex(&mutex), 0);
+    std::thread([&mutex] { EXPECT_EQ(pthread_mutex_trylock(&mutex), EBUSY); }).join();
+    ASSERT_EQ(PlatformUtil::unlockMutex(&mutex), 0);
+    std::thread([&mutex] {
+        EXPECT_EQ(pthread_mutex_trylock(&mutex), 0);
+        EXPECT_EQ(PlatformUtil::unlockMutex(&mutex), 0);
+    }).join();
+    EXPECT_EQ(PlatformUtil::destroyMutex(&mutex), 0);
+}
+
+TEST(PlatformMutex, MayBeDestroyedByTheThreadThatHoldsIt) {
+    for (int depth = 0; depth <= 3; ++depth) {
+        PlatformMutex mutex;
+        ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
+        for (int i = 0; i < depth; ++i)
+            ASSERT_EQ(PlatformUtil::lockMutex(&mutex), 0);
+        EXPECT_EQ(PlatformUtil::destroyMutex(&mutex), 0) << "held " << depth << " times";
+    }
+}
+
+TEST(PlatformMutex, RefusesNull) {
+    EXPECT_EQ(PlatformUtil::createMutex(nullptr), EINVAL);
+    EXPECT_EQ(PlatformUtil::lockMutex(nullptr), EINVAL);
+    EXPECT_EQ(PlatformUtil::unlockMutex(nullptr), EINVAL);
+    EXPECT_EQ(PlatformUtil::destroyMutex(nullptr), EINVAL);
+}
+
+struct Seen {
+    std::promise<void> done;
+    int id = 0;
+    std::string name;
+    sigset_t mask;
+};
+
+void* lookAround(void* argument) {
+    auto* seen = static_cast<Seen*>(argument);
+    char name[32] = "";
+    pthread_getname_np(pthread_self(), name, sizeof(name));
+    seen->id = PlatformUtil::threadId();
+    seen->name = name;
+    pthread_sigmask(SIG_SETMASK, nullptr, &seen->mask);
+    seen->done.set_value();
+    return nullptr;
+}
+
+void startAndWait(Seen& seen, const char* name, int& id) {
+    id = PlatformUtil::createThread(lookAround, &seen, name);
+    ASSERT_NE(id, -1);
+    seen.done.get_future().wait();
+}
+
+TEST(PlatformThread, RunsTheEntryUnderItsNameAndTellsItsId) {
+    Seen seen;
+    int id = -1;
+    startAndWait(seen, "tShort", id);
+    EXPECT_EQ(seen.id, id);
+    EXPECT_NE(id, PlatformUtil::threadId());
+    EXPECT_EQ(seen.name, "tShort");
+}
+
+TEST(PlatformThread, CutsANameThatTheSystemCannotHold) {
+    Seen seen;
+    int id = -1;
+    startAndWait(seen, "tWifiRefreshWatchdog", id);
+    EXPECT_EQ(seen.name, "tWifiRefreshWat");
+}
+
+TEST(PlatformThread, TakesANullName) {
+    Seen seen;
+    int id = -1;
+    startAndWait(seen, nullptr, id);
+    EXPECT_EQ(seen.id, id);
+}
+
+TEST(PlatformThread, LeavesSignalsToTheProcess) {
+    Seen seen;
+    int id = -1;
+    startAndWait(seen, "tMask", id);
+    EXPECT_EQ(sigismember(&seen.mask, SIGTERM), 1);
+    EXPECT_EQ(sigismember(&seen.mask, SIGCHLD), 1);
+    sigset_t own;
+    pthread_sigmask(SIG_SETMASK, nullptr, &own);
+    EXPECT_EQ(sigismember(&own, SIGTERM), 0) << "the maker's own mask is back";
+}
+
+TEST(PlatformThread, RefusesANullEntry) {
+    EXPECT_EQ(PlatformUtil::createThread(nullptr, nullptr, "t"), -1);
+}
+
+TEST(PlatformSleep, LastsAtLeastAsLongAsAsked) {
+    const auto start = steady_clock::now();
+    PlatformUtil::sleep(30);
+    EXPECT_GE(steady_clock::now() - start, milliseconds(30));
+}
+
+std::atomic<int> interruptions{0};
+
+TEST(PlatformSleep, OutlastsSignals) {
+    struct sigaction count {};
+    struct sigaction before {};
+    count.sa_handler = [](int) { ++interruptions; };
+    sigaction(SIGUSR1, &count, &before);
+    std::promise<pthread_t> sleeper;
+    std::atomic<bool> over{false};
+    std::thread thread([&] {
+        sleeper.set_value(pthread_self());
+        const auto start = steady_clock::now();
+        PlatformUtil::sleep(100);
+        EXPECT_GE(steady_clock::now() - start, milliseconds(100));
+        over = true;
+    });
+    const pthread_t target = sleeper.get_future().get();
+    while (!over) {
+        pthread_kill(target, SIGUSR1);
+        std::this_thread::yield();
+    }
+    thread.join();
+    sigaction(SIGUSR1, &before, nullptr);
+    EXPECT_GT(interruptions, 0);
+}
+
+TEST(PlatformSleep, ReturnsAtOnceForNothing) {
+    PlatformUtil::sleep(0);
+    PlatformUtil::sleep(-5);
+}
+
+TEST(PlatformKill, EndsAProcessThatIgnoresPoliteSignals) {
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        std::signal(SIGTERM, SIG_IGN);
+        std::signal(SIGINT, SIG_IGN);
+        static_cast<void>(!write(ready[1], "x", 1));
+        for (;;)
+            ::pause();
+    }
+    char byte = 0;
+    ASSERT_EQ(read(ready[0], &byte, 1), 1);
+    EXPECT_EQ(PlatformUtil::killProcess(child), 0);
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFSIGNALED(status));
+    close(ready[0]);
+    close(ready[1]);
+}
+
+TEST(PlatformKill, NeverTouchesAGroup) {
+    EXPECT_EQ(PlatformUtil::killProcess(0), -1);
+    EXPECT_EQ(PlatformUtil::killProcess(-1), -1);
+    EXPECT_EQ(errno, EINVAL);
+}
+
+} // namespace
