@@ -1,0 +1,17 @@
+#include "supplicant/Arguments.h"
+
+#include <cstdio>
+#include <cstring>
+
+namespace platwifi {
+
+InterfaceOption::InterfaceOption(const char* iface) noexcept {
+    if (iface && std::strlen(iface) + sizeof("-i") <= sizeof(m_text))
+        std::snprintf(m_text, sizeof(m_text), "-i%s", iface);
+}
+
+NetworkIdArgument::NetworkIdArgument(unsigned char id) noexcept {
+    std::snprintf(m_text, sizeof(m_text), "%hu", static_cast<unsigned short>(id));
+}
+
+} // namespace platwifi

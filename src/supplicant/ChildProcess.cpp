@@ -1,0 +1,78 @@
+#include "supplicant/ChildProcess.h"
+
+#include "platform/ChildPause.h"
+#include "platform/PlatformUtil.h"
+#include "platform/Spawn.h"
+#include "supplicant/PriorityBoost.h"
+
+#include <cstdio>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace platwifi {
+namespace {
+
+constexpr int PATIENCE = 100; // looks at a running child before it is killed
+constexpr int POLL_PAUSE_MS = 50;
+constexpr int AFTER_KILL_MS = 2000;
+constexpr int SPAWN_BOOST = 20;
+constexpr int KILL_BOOST = 25;
+
+void killImpatiently(int child, const char* command) {
+    const PriorityBoost boost(KILL_BOOST);
+    std::fprintf(stderr,
+                 "[ERROR] Process: %d, Thread %d in WifiUtilBsd::launchProcess(), command: %s -> "
+                 "patience exhausted, killing: %d\n",
+                 static_cast<int>(getpid()), PlatformUtil::threadId(), command ? command : "(null)",
+                 child);
+    PlatformUtil::killProcess(child);
+}
+
+bool succeeded(int status) {
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+} // namespace
+
+ArgumentVector::ArgumentVector(const char* path, const char* interfaceArg, const char* command,
+                               const char* arg1, const char* arg2, const char* arg3) noexcept {
+    add(path);
+    add(interfaceArg);
+    if (!command)
+        return;
+    add(command);
+    if (!arg1)
+        return;
+    add(arg1);
+    add(arg2);
+    add(arg3);
+}
+
+void ArgumentVector::add(const char* entry) noexcept {
+    if (entry)
+        m_entries[m_count++] = entry;
+}
+
+int startChild(const char* path, const ArgumentVector& arguments, const FileDescriptor& output) {
+    const PriorityBoost boost(SPAWN_BOOST);
+    return Spawn::start(path, arguments.get(), output.number());
+}
+
+bool waitWithPatience(int child, const char* command) {
+    ChildPause untilNextLook(child);
+    int patience = PATIENCE;
+    int status = 0;
+    for (;;) {
+        const pid_t reaped = waitpid(child, &status, WNOHANG);
+        if (reaped != 0)
+            return reaped > 0 && succeeded(status);
+        if (--patience > 0) {
+            untilNextLook.pause(POLL_PAUSE_MS);
+            continue;
+        }
+        killImpatiently(child, command);
+        PlatformUtil::sleep(AFTER_KILL_MS);
+    }
+}
+
+} // namespace platwifi

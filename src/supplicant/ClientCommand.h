@@ -1,0 +1,47 @@
+#pragma once
+
+#include "supplicant/Arguments.h"
+#include "supplicant/ResultFile.h"
+#include "supplicant/WifiUtil.h"
+
+namespace platwifi {
+
+/// One command of the client: its word, and the result file's path up to the thread's id.
+struct ClientCommand {
+    const char* word;
+    const char* resultPrefix;
+};
+
+namespace command {
+
+constexpr ClientCommand INTERFACE{"interface", "/tmp/wpa_cli_interface_result_"};
+constexpr ClientCommand LIST_NETWORKS{"list_networks", "/tmp/wpa_cli_list_result_"};
+constexpr ClientCommand SCAN_RESULTS{"scan_results", "/tmp/wpa_cli_scan_results_result_"};
+constexpr ClientCommand STATUS{"status", "/tmp/wpa_cli_status_result_"};
+constexpr ClientCommand SCAN{"scan", "/tmp/wpa_cli_scan_result_"};
+constexpr ClientCommand ADD_NETWORK{"add_network", "/tmp/wpa_cli_add_result_"};
+constexpr ClientCommand SET_NETWORK{"set_network", "/tmp/wpa_cli_set_network_result_"};
+constexpr ClientCommand ENABLE_NETWORK{"enable_network", "/tmp/wpa_cli_enable_result_"};
+constexpr ClientCommand GET_NETWORK{"get_network", "/tmp/wpa_cli_get_network_result_"};
+// An abbreviation that the client accepts.
+constexpr ClientCommand SELECT{"select", "/tmp/wpa_cli_connect_result_"};
+constexpr ClientCommand DISCONNECT{"disconnect", "/tmp/wpa_cli_disconnect_result_"};
+constexpr ClientCommand REMOVE_NETWORK{"remove_network", "/tmp/wpa_cli_remove_result_"};
+constexpr ClientCommand SAVE_CONFIG{"save_config", "/tmp/wpa_cli_save_result_"};
+constexpr ClientCommand RECONFIGURE{"reconfigure", "/tmp/wpa_cli_reconfigure_result_"};
+constexpr ClientCommand REASSOCIATE{"reassociate", "/tmp/wpa_cli_reassociate_result_"};
+
+/// A command whose word the caller chooses. Its files are named without the client.
+constexpr const char* CUSTOM_RESULT_PREFIX = "/tmp/wpa_custom_result_";
+
+} // namespace command
+
+/// Runs a command for one interface. False where the interface does not do, too.
+bool runClient(WifiUtil& util, const ClientCommand& command, const InterfaceOption& interface,
+               const ResultFile& result, const char* arg1 = nullptr, const char* arg2 = nullptr,
+               const char* arg3 = nullptr);
+
+/// Runs a command that is asked of no interface.
+bool runClient(WifiUtil& util, const ClientCommand& command, const ResultFile& result);
+
+} // namespace platwifi

@@ -1,0 +1,83 @@
+#include "supplicant/ResultFile.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <pthread.h>
+#include <sys/stat.h>
+
+namespace platwifi {
+namespace {
+
+// A pipe put in the file's place must not block the caller: without a reader it does not open.
+constexpr int SAFELY = O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
+constexpr int FOR_OUTPUT = O_WRONLY | O_CREAT | SAFELY;
+constexpr mode_t OUTPUT_MODE = S_IRUSR | S_IRGRP;
+
+struct ThreadTag {
+    char text[32] = "";
+
+    ThreadTag() noexcept {
+        const auto id = static_cast<long long>(pthread_self());
+        if (std::snprintf(text, sizeof(text), "%lld", id) <= 0)
+            text[0] = '\0';
+    }
+};
+
+bool isRegular(const FileDescriptor& file, struct stat& facts) {
+    return file.isOpen() && fstat(file.number(), &facts) == 0 && S_ISREG(facts.st_mode);
+}
+
+FileDescriptor replaceFile(const char* path) {
+    unlink(path);
+    return FileDescriptor(open(path, FOR_OUTPUT | O_EXCL, OUTPUT_MODE));
+}
+
+} // namespace
+
+FileDescriptor createResultFile(const char* path) {
+    FileDescriptor file(open(path, FOR_OUTPUT, OUTPUT_MODE));
+    // The mode forbids writing even to the owner, so a file that stayed behind cannot be reopened.
+    if (!file.isOpen() && errno == EACCES)
+        return replaceFile(path);
+    struct stat facts {};
+    if (!isRegular(file, facts))
+        return FileDescriptor();
+    if (facts.st_uid != geteuid())
+        return replaceFile(path);
+    if (ftruncate(file.number(), 0) != 0)
+        return FileDescriptor();
+    return file;
+}
+
+ResultFile::ResultFile(const char* prefix) noexcept {
+    std::snprintf(m_path, sizeof(m_path), "%s%s", prefix, ThreadTag().text);
+}
+
+ResultFile::~ResultFile() {
+    if (m_file)
+        std::fclose(m_file);
+    if (!m_kept)
+        std::remove(m_path);
+}
+
+bool ResultFile::open() noexcept {
+    FileDescriptor file(::open(m_path, O_RDONLY | SAFELY));
+    struct stat facts {};
+    if (!isRegular(file, facts))
+        return false;
+    m_file = fdopen(file.number(), "r");
+    if (m_file)
+        file.release();
+    return m_file != nullptr;
+}
+
+bool ResultFile::readLine(char* line, int size) noexcept {
+    if (!m_file || !std::fgets(line, size, m_file))
+        return false;
+    if (char* lineFeed = std::strrchr(line, '\n'))
+        *lineFeed = '\0';
+    return true;
+}
+
+} // namespace platwifi

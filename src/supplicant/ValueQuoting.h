@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+namespace platwifi {
+
+/// The value of a network's field as the client wants it: in double quotes where the field is a text
+/// and the value is neither quoted already (on either side) nor a key in hexadecimal.
+std::string quotedFor(const char* key, const char* value);
+
+/// The text between double quotes, whatever it holds.
+std::string quoted(const char* text);
+
+} // namespace platwifi

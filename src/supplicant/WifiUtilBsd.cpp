@@ -1,0 +1,135 @@
+// The instance, the runner of child processes, and the question whether the supplicant runs.
+
+#include "supplicant/WifiUtil.h"
+
+#include "platform/MutexGuard.h"
+#include "supplicant/Arguments.h"
+#include "supplicant/ChildProcess.h"
+#include "supplicant/ReplyLines.h"
+#include "supplicant/ResultFile.h"
+
+#include <cstdio>
+#include <cstring>
+#include <mutex>
+#include <new>
+#include <sys/stat.h>
+
+using namespace platwifi;
+
+namespace {
+
+constexpr const char* PROCESS_LISTER = "/proc/boot/pidin";
+constexpr const char* PROCESS_TABLE_PREFIX = "/tmp/process_table_result_";
+constexpr const char* SUPPLICANT = "wpa_supplicant";
+constexpr const char* SUPPLICANT_PID_FILE = "/var/run/wpa_supplicant.pid";
+constexpr int PROCESS_LINE_SIZE = 512;
+
+// Makes two threads that come first at the same time get one instance, probed once.
+std::mutex& instanceMutex() {
+    static std::mutex mutex;
+    return mutex;
+}
+
+// Whether the first adapter that the client lists comes behind a time of day.
+bool answersWithTimestamps(WifiUtil& util) {
+    ReplyLines adapters(1);
+    if (!util.getWifiAdapters(adapters.data(), adapters.capacity(), &adapters.count) ||
+        adapters.count == 0)
+        return false;
+    int number = 0;
+    float seconds = 0.0F;
+    return std::sscanf(adapters.data()[0], "%d:%d:%f: %*s", &number, &number, &seconds) == 3;
+}
+
+bool supplicantIsListed(ResultFile& processes) {
+    char line[PROCESS_LINE_SIZE];
+    while (processes.readLine(line, PROCESS_LINE_SIZE)) {
+        if (std::strstr(line, SUPPLICANT))
+            return true;
+    }
+    return false;
+}
+
+bool pidFileExists() {
+    struct stat facts {};
+    return stat(SUPPLICANT_PID_FILE, &facts) == 0;
+}
+
+} // namespace
+
+WifiUtil* WifiUtil::INSTANCE = nullptr;
+
+WifiUtil* WifiUtil::getInstance() {
+    const std::lock_guard<std::mutex> guard(instanceMutex());
+    if (!INSTANCE) {
+        INSTANCE = new (std::nothrow) WifiUtil;
+        if (INSTANCE)
+            INSTANCE->timestampedOutput = answersWithTimestamps(*INSTANCE) ? 1 : 0;
+    }
+    return INSTANCE;
+}
+
+void WifiUtil::unload() {
+    const std::lock_guard<std::mutex> guard(instanceMutex());
+    delete INSTANCE;
+    INSTANCE = nullptr;
+}
+
+WifiUtil::WifiUtil() : timestampedOutput(0) {
+    PlatformUtil::createMutex(&launchMutex);
+}
+
+WifiUtil::~WifiUtil() {
+    cleanup();
+}
+
+void WifiUtil::cleanup() {
+    PlatformUtil::lockMutex(&launchMutex); // waits for a launch in progress; never unlocked
+    PlatformUtil::destroyMutex(&launchMutex);
+}
+
+bool WifiUtil::launchProcess(const char* path, const char* command, const char* interfaceArg,
+                             const char* arg1, const char* arg2, const char* arg3,
+                             const char* resultFile) {
+    if (!path)
+        return false;
+    const ArgumentVector arguments(path, interfaceArg, command, arg1, arg2, arg3);
+    const MutexGuard guard(launchMutex);
+    if (!resultFile)
+        return false;
+    FileDescriptor output = createResultFile(resultFile);
+    if (!output.isOpen())
+        return false;
+    const int child = startChild(path, arguments, output);
+    output.close();
+    return child != -1 && waitWithPatience(child, command);
+}
+
+bool WifiUtil::ignoreTimestamp(char* line) {
+    if (!line)
+        return false;
+    const char* colon = std::strchr(line, ':');
+    for (int i = 1; colon && i < 3; ++i)
+        colon = std::strchr(colon + 1, ':');
+    if (!colon || colon[1] == '\0')
+        return false;
+    const char* const text = colon + 2; // the character after the colon, a blank, goes too
+    std::memmove(line, text, std::strlen(text) + 1);
+    return true;
+}
+
+bool WifiUtil::isWifiEnabled(const char* iface) {
+    if (!iface)
+        return pidFileExists();
+    const InterfaceOption interface(iface);
+    ResultFile result(PROCESS_TABLE_PREFIX);
+    // The one child whose interface option says nothing to it.
+    return interface.isValid() &&
+           launchProcess(PROCESS_LISTER, "arg", interface.text(), nullptr, nullptr, nullptr,
+                         result.path()) &&
+           result.open() && supplicantIsListed(result);
+}
+
+bool WifiUtil::hashCACertificates() {
+    return true;
+}

@@ -1,0 +1,143 @@
+// What the supplicant is asked: adapters, networks, scan results and status.
+
+#include "model/WifiTypes.h"
+#include "platform/PlatformUtil.h"
+#include "supplicant/ClientCommand.h"
+#include "supplicant/ReplyLines.h"
+#include "supplicant/StatusReply.h"
+#include "supplicant/WifiUtil.h"
+
+#include <cstring>
+
+using namespace platwifi;
+
+namespace {
+
+constexpr unsigned char STATUS_LINES = 16;
+constexpr int SCAN_PAUSE_MS = 1000;
+constexpr int LAST_SCAN_PASS = 15;
+
+struct ListQuery {
+    const ClientCommand& command;
+    int headerLines;
+    bool stampedFirstEntry; // a stamp stands in front of the first line that is handed back
+};
+
+constexpr ListQuery ADAPTERS{command::INTERFACE, 2, true};
+constexpr ListQuery CONFIGURED_NETWORKS{command::LIST_NETWORKS, 1, false};
+constexpr ListQuery FOUND_NETWORKS{command::SCAN_RESULTS, 1, false};
+constexpr ListQuery CURRENT_STATUS{command::STATUS, 0, true};
+
+// Where a list query puts its lines.
+struct LineSink {
+    char** out;
+    unsigned char max;
+    unsigned char* count;
+
+    bool isUsable() const { return out && count; }
+    bool isFull() const { return *count >= max; }
+
+    void add(const char* line) {
+        const std::size_t size = std::strlen(line) + 1;
+        char* copy = new char[size];
+        std::memcpy(copy, line, size);
+        out[(*count)++] = copy;
+    }
+};
+
+void readEntries(ResultFile& result, const ListQuery& query, bool stamped, LineSink sink) {
+    ReplyLine line;
+    for (int i = 0; i < query.headerLines; ++i)
+        line.readFrom(result);
+    while (line.readFrom(result) && !sink.isFull()) {
+        if (line.text[0] == '\0')
+            continue;
+        if (stamped && query.stampedFirstEntry && *sink.count == 0)
+            WifiUtil::ignoreTimestamp(line.text);
+        sink.add(line.text);
+    }
+}
+
+bool readReply(ResultFile& result, const ListQuery& query, bool stamped, LineSink sink) {
+    if (!result.open())
+        return false;
+    readEntries(result, query, stamped, sink);
+    return true;
+}
+
+bool listFor(WifiUtil& util, const ListQuery& query, const char* iface, bool stamped,
+             LineSink sink) {
+    if (!sink.isUsable())
+        return false;
+    *sink.count = 0;
+    ResultFile result(query.command.resultPrefix);
+    return runClient(util, query.command, InterfaceOption(iface), result) &&
+           readReply(result, query, stamped, sink);
+}
+
+bool readState(WifiUtil& util, const char* iface, WpaState& state) {
+    ReplyLines status(STATUS_LINES);
+    if (!util.getCurrentNetworkStatus(iface, status.data(), status.capacity(), &status.count))
+        return false;
+    state = stateOf(status.data(), status.count);
+    return true;
+}
+
+bool scanIsDue(WpaState state) {
+    return state != WPA_STATE_UNKNOWN && state != WPA_STATE_SCANNING;
+}
+
+bool startScan(WifiUtil& util, const char* iface) {
+    ResultFile result(command::SCAN.resultPrefix);
+    if (!runClient(util, command::SCAN, InterfaceOption(iface), result))
+        return false;
+    result.keep(); // nobody reads it; the thread's next scan overwrites it
+    return true;
+}
+
+void waitForScan(WifiUtil& util, const char* iface) {
+    for (int pass = 0; pass <= LAST_SCAN_PASS; ++pass) {
+        WpaState state = WPA_STATE_UNKNOWN;
+        if (!readState(util, iface, state))
+            return;
+        PlatformUtil::sleep(SCAN_PAUSE_MS);
+        if (state != WPA_STATE_SCANNING)
+            return;
+    }
+}
+
+} // namespace
+
+bool WifiUtil::getWifiAdapters(char** out, unsigned char max, unsigned char* count) {
+    const LineSink sink{out, max, count};
+    if (!sink.isUsable())
+        return false;
+    ResultFile result(ADAPTERS.command.resultPrefix);
+    return runClient(*this, ADAPTERS.command, result) &&
+           readReply(result, ADAPTERS, timestampedOutput == 1, sink);
+}
+
+bool WifiUtil::getNetworkDatabaseSsids(const char* iface, char** out, unsigned char max,
+                                       unsigned char* count) {
+    return listFor(*this, CONFIGURED_NETWORKS, iface, timestampedOutput == 1, {out, max, count});
+}
+
+bool WifiUtil::discoverNetworks(const char* iface, char** out, unsigned char max,
+                                unsigned char* count) {
+    return listFor(*this, FOUND_NETWORKS, iface, timestampedOutput == 1, {out, max, count});
+}
+
+bool WifiUtil::getCurrentNetworkStatus(const char* iface, char** out, unsigned char max,
+                                       unsigned char* count) {
+    return listFor(*this, CURRENT_STATUS, iface, timestampedOutput == 1, {out, max, count});
+}
+
+bool WifiUtil::scanNetworks(const char* iface) {
+    WpaState state = WPA_STATE_UNKNOWN;
+    if (!readState(*this, iface, state))
+        return false;
+    if (scanIsDue(state) && !startScan(*this, iface))
+        return false;
+    waitForScan(*this, iface);
+    return true; // whatever the wait came to
+}

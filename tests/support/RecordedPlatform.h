@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace test {
+
+/// What the library asked of the platform's clock and of its kill, in order: "pause 50" between two
+/// looks at a child, "sleep 2000", "kill". A test program that links RecordedPlatform.cpp takes the
+/// place of these three operations: no time passes in it.
+class RecordedPlatform {
+public:
+    /// Starts a new record. The first `swallowedKills` kills are recorded but do nothing, as with a
+    /// child that is not gone yet when it is looked at next.
+    static void begin(int swallowedKills = 0);
+
+    static std::vector<std::string> events();
+
+    /// The scheduling priority of the caller at each kill.
+    static std::vector<int> killPriorities();
+};
+
+} // namespace test

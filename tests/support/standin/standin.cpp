@@ -1,0 +1,159 @@
+// Stands in for the supplicant's client and for the process lister: records how it was called and
+// answers as a script says. See docs/testing.md for the form of the script.
+
+#include "support/standin/Escapes.h"
+
+#include <algorithm>
+#include <csignal>
+#include <cstdlib>
+#include <dirent.h>
+#include <fcntl.h>
+#include <fstream>
+#include <iostream>
+#include <sched.h>
+#include <string>
+#include <sys/file.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+using Fields = std::vector<std::string>;
+
+struct Rule {
+    Fields arguments; // "*" alone matches everything
+    std::vector<std::vector<Fields>> answers{{}};
+
+    bool matches(const Fields& call) const {
+        const bool any = arguments.size() == 1 && arguments[0] == "*";
+        return any || arguments == Fields(call.begin() + 1, call.end());
+    }
+};
+
+std::string folder() {
+    const char* directory = std::getenv("PLATFORM_BOOT_DIR");
+    return directory ? directory : ".";
+}
+
+std::vector<Fields> readLines(const std::string& path) {
+    std::vector<Fields> lines;
+    std::ifstream file(path);
+    for (std::string line; std::getline(file, line);) {
+        if (!line.empty())
+            lines.push_back(standin::fieldsOf(line));
+    }
+    return lines;
+}
+
+std::vector<Rule> readScript() {
+    std::vector<Rule> rules;
+    for (const Fields& line : readLines(folder() + "/script")) {
+        if (line[0] == "when") {
+            rules.emplace_back();
+            rules.back().arguments.assign(line.begin() + 1, line.end());
+        } else if (rules.empty()) {
+            std::cerr << "stand-in: the script does not begin with a rule\n";
+        } else if (line[0] == "then") {
+            rules.back().answers.emplace_back();
+        } else {
+            rules.back().answers.back().push_back(line);
+        }
+    }
+    return rules;
+}
+
+const Rule* findRule(const std::vector<Rule>& rules, const Fields& call) {
+    const auto found = std::find_if(rules.begin(), rules.end(),
+                                    [&call](const Rule& rule) { return rule.matches(call); });
+    return found == rules.end() ? nullptr : &*found;
+}
+
+// Records this call and tells which calls were made before it.
+std::vector<Fields> recordCall(const Fields& call) {
+    const std::string path = folder() + "/calls";
+    const int file = open(path.c_str(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
+    flock(file, LOCK_EX);
+    const std::vector<Fields> earlier = readLines(path);
+    const std::string line = standin::joined(call) + "\n";
+    if (write(file, line.data(), line.size()) != static_cast<ssize_t>(line.size()))
+        std::cerr << "stand-in: cannot record the call in " << path << "\n";
+    close(file);
+    return earlier;
+}
+
+void writeFully(int descriptor, const std::string& text) {
+    std::size_t done = 0;
+    while (done < text.size()) {
+        const ssize_t written = write(descriptor, text.data() + done, text.size() - done);
+        if (written < 0)
+            return;
+        done += static_cast<std::size_t>(written);
+    }
+}
+
+std::string openDescriptors() {
+    std::vector<int> numbers;
+    DIR* directory = opendir("/proc/self/fd");
+    while (const dirent* entry = readdir(directory)) {
+        const int number = std::atoi(entry->d_name);
+        if (entry->d_name[0] != '.' && number != dirfd(directory))
+            numbers.push_back(number);
+    }
+    closedir(directory);
+    std::sort(numbers.begin(), numbers.end());
+    std::string text;
+    for (const int number : numbers)
+        text += " " + std::to_string(number);
+    return text;
+}
+
+// What the caller made of this process, one fact a line.
+void printFacts() {
+    sched_param parameters{};
+    sched_getparam(0, &parameters);
+    writeFully(STDOUT_FILENO, "descriptors" + openDescriptors() + "\n");
+    writeFully(STDOUT_FILENO, "policy " + std::to_string(sched_getscheduler(0)) + "\n");
+    writeFully(STDOUT_FILENO, "priority " + std::to_string(parameters.sched_priority) + "\n");
+}
+
+void perform(const Fields& action) {
+    const std::string& what = action[0];
+    const std::string value = action.size() > 1 ? action[1] : "";
+    if (what == "print")
+        writeFully(STDOUT_FILENO, value);
+    else if (what == "error")
+        writeFully(STDERR_FILENO, value);
+    else if (what == "facts")
+        printFacts();
+    else if (what == "exit")
+        _exit(std::atoi(value.c_str()));
+    else if (what == "signal")
+        std::raise(std::atoi(value.c_str()));
+    else if (what == "hang")
+        for (;;)
+            pause();
+    else
+        std::cerr << "stand-in: unknown action " << what << "\n";
+}
+
+int answer(const Rule& rule, const std::vector<Rule>& rules, const std::vector<Fields>& earlier) {
+    const auto before = std::count_if(
+        earlier.begin(), earlier.end(),
+        [&](const Fields& call) { return findRule(rules, call) == &rule; });
+    const auto last = static_cast<std::ptrdiff_t>(rule.answers.size()) - 1;
+    for (const Fields& action : rule.answers[static_cast<std::size_t>(std::min(before, last))])
+        perform(action);
+    return 0;
+}
+
+} // namespace
+
+int main(int count, char* arguments[]) {
+    const Fields call(arguments, arguments + count);
+    const std::vector<Fields> earlier = recordCall(call);
+    const std::vector<Rule> rules = readScript();
+    if (const Rule* rule = findRule(rules, call))
+        return answer(*rule, rules, earlier);
+    std::cout << "no rule\n";
+    return 99;
+}
