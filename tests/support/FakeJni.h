@@ -1,0 +1,79 @@
+#pragma once
+
+#include <jni.h>
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace test {
+
+/// A Java environment without a Java virtual machine, for tests of native code.
+///
+/// It has strings, arrays of strings, classes and one pending exception, and is as strict as a
+/// checking virtual machine: it ends the program with a message that names the call where native
+/// code
+///  - makes a call that is not allowed while an exception is pending,
+///  - hands over text that is not modified UTF-8, a null, a deleted or a wrong kind of reference,
+///  - releases characters that are not held,
+///  - calls from another thread than the one that made this object,
+///  - makes a call that is not made up here (told by its slot in the function table).
+///
+/// Text is modified UTF-8 throughout, in and out.
+class FakeJni {
+public:
+    /// The calls that can be made to fail.
+    enum class Call { FindClass, NewStringUTF, GetStringUTFChars, NewObjectArray };
+
+    struct Exception {
+        std::string className; ///< such as "java/lang/RuntimeException"
+        std::string message;
+    };
+
+    /// One entry an element; an element that is null in Java has no value.
+    using Elements = std::vector<std::optional<std::string>>;
+
+    FakeJni();
+    ~FakeJni();
+    FakeJni(const FakeJni&) = delete;
+    FakeJni& operator=(const FakeJni&) = delete;
+
+    /// What native code gets as its first argument; valid as long as this object.
+    JNIEnv* environment() const;
+
+    /// A string as the Java side passes one in. It does not count as made by native code.
+    jstring javaString(const std::string& text);
+
+    std::string textOf(jobject string) const;
+    Elements elementsOf(jobject array) const;
+
+    /// The pending exception, or no value.
+    std::optional<Exception> pendingException() const;
+
+    /// Makes an exception pending, in place of an earlier one.
+    void raise(const std::string& className, const std::string& message);
+
+    /// Takes the pending exception away, as Java does when it catches it.
+    void catchException();
+
+    /// The texts of all NewStringUTF() calls that succeeded, in order.
+    const std::vector<std::string>& stringsMade() const;
+
+    /// How many results of GetStringUTFChars() have not been released.
+    std::size_t heldCharacters() const;
+
+    /// Makes one call fail the way a virtual machine without memory does: it returns null, and but
+    /// for GetStringUTFChars() leaves an exception pending (NoClassDefFoundError for FindClass(),
+    /// else OutOfMemoryError).
+    /// @param successes  how many calls of this kind still succeed before
+    void failCall(Call call, int successes = 0);
+
+    struct Machine; // what is behind the environment; of no use to tests
+
+private:
+    std::unique_ptr<Machine> m_machine;
+};
+
+} // namespace test
