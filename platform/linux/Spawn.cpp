@@ -21,9 +21,7 @@ public:
     FileActions& operator=(const FileActions&) = delete;
 
     void map(int from, int to) { keep(posix_spawn_file_actions_adddup2(&m_actions, from, to)); }
-    void closeFrom(int first) {
-        keep(posix_spawn_file_actions_addclosefrom_np(&m_actions, first));
-    }
+    void closeFrom(int first) { keep(posix_spawn_file_actions_addclosefrom_np(&m_actions, first)); }
 
     int error() const { return m_error; }
     const posix_spawn_file_actions_t* get() const { return &m_actions; }

@@ -1,5 +1,5 @@
-// Lists the processes of this system, each with its arguments: what the library asks when it wants to
-// know whether the supplicant runs. One process a line, "pid argument argument ...".
+// Lists the processes of this system, each with its arguments: what the library asks when it wants
+// to know whether the supplicant runs. One process a line, "pid argument argument ...".
 
 #include <algorithm>
 #include <cctype>

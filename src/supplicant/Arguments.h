@@ -2,8 +2,8 @@
 
 namespace platwifi {
 
-/// The option "-i<interface>" in its fixed buffer. An interface name that is null or does not fit (14
-/// characters and more) gives an invalid option: nothing is cut short, the command fails.
+/// The option "-i<interface>" in its fixed buffer. An interface name that is null or does not fit
+/// (14 characters and more) gives an invalid option: nothing is cut short, the command fails.
 class InterfaceOption {
 public:
     explicit InterfaceOption(const char* iface) noexcept;

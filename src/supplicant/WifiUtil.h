@@ -40,8 +40,8 @@ public:
     /// follow.
     void cleanup();
 
-    /// Runs one child: `path`, `interfaceArg`, `command`, `arg1`, `arg2`, `arg3`, its output going to
-    /// `resultFile` (created with mode 0440, or emptied).
+    /// Runs one child: `path`, `interfaceArg`, `command`, `arg1`, `arg2`, `arg3`, its output going
+    /// to `resultFile` (created with mode 0440, or emptied).
     ///
     /// A null `interfaceArg` is left out. A null `command` drops everything after the interface
     /// option, a null `arg1` drops `arg2` and `arg3`; a null `arg2` drops only itself.
@@ -127,8 +127,7 @@ public:
     bool forceReassociation(const char* iface);
 
     /// Runs "`command` id `value`"; a null `value` is left out.
-    bool executeCustom(const char* iface, unsigned char id, const char* command,
-                       const char* value);
+    bool executeCustom(const char* iface, unsigned char id, const char* command, const char* value);
 
 private:
     static WifiUtil* INSTANCE;

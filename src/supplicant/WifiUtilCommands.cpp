@@ -30,8 +30,8 @@ bool readAccepted(ResultFile& result, ReplyLine& line) {
     return isAccepted(line.text);
 }
 
-bool runAccepted(WifiUtil& util, const ClientCommand& command, const char* iface,
-                 ReplyLine& line, const char* arg1 = nullptr, const char* arg2 = nullptr,
+bool runAccepted(WifiUtil& util, const ClientCommand& command, const char* iface, ReplyLine& line,
+                 const char* arg1 = nullptr, const char* arg2 = nullptr,
                  const char* arg3 = nullptr) {
     ResultFile result(command.resultPrefix);
     return runClient(util, command, InterfaceOption(iface), result, arg1, arg2, arg3) &&

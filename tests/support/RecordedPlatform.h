@@ -6,8 +6,9 @@
 namespace test {
 
 /// What the library asked of the platform's clock and of its kill, in order: "pause 50" between two
-/// looks at a child, "sleep 2000", "kill". A test program that links RecordedPlatform.cpp takes the
-/// place of these three operations: no time passes in it.
+/// looks at a child, "sleep 2000", "kill". A test program that links RecordedSleep.cpp takes the
+/// place of PlatformUtil::sleep(): a second and more passes at once. One that links
+/// RecordedChild.cpp as well takes the place of the pause and of the kill too: no time passes.
 class RecordedPlatform {
 public:
     /// Starts a new record. The first `swallowedKills` kills are recorded but do nothing, as with a
@@ -18,6 +19,10 @@ public:
 
     /// The scheduling priority of the caller at each kill.
     static std::vector<int> killPriorities();
+
+    // For the replacements.
+    static void note(const std::string& event);
+    static bool noteKill(int priority);
 };
 
 } // namespace test

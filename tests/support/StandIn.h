@@ -7,8 +7,8 @@ namespace test {
 
 using Arguments = std::vector<std::string>;
 
-/// Puts the stand-in in the place of the client and of the process lister for as long as this object
-/// lives, scripts its answers and tells how it was called.
+/// Puts the stand-in in the place of the client and of the process lister for as long as this
+/// object lives, scripts its answers and tells how it was called.
 class StandIn {
 public:
     StandIn();

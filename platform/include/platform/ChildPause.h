@@ -5,8 +5,8 @@
 /// The pause between two looks at a child process, ended early when that child ends.
 ///
 /// Where the system cannot tell that a child has ended (found out when the object is made), a pause
-/// is a plain PlatformUtil::sleep(). Reaping stays with the caller: a pause takes no exit status and
-/// touches no other child.
+/// is a plain PlatformUtil::sleep(). Reaping stays with the caller: a pause takes no exit status
+/// and touches no other child.
 class PLATFORM_API ChildPause {
 public:
     /// @param processId  a child of this process that has not been reaped yet

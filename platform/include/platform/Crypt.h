@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Export.h"
 #include "platform/ErrorHandler.h"
+#include "platform/Export.h"
 
 /// Enciphers secrets at rest and across boundaries with this device's key.
 ///

@@ -137,9 +137,9 @@ void perform(const Fields& action) {
 }
 
 int answer(const Rule& rule, const std::vector<Rule>& rules, const std::vector<Fields>& earlier) {
-    const auto before = std::count_if(
-        earlier.begin(), earlier.end(),
-        [&](const Fields& call) { return findRule(rules, call) == &rule; });
+    const auto before = std::count_if(earlier.begin(), earlier.end(), [&](const Fields& call) {
+        return findRule(rules, call) == &rule;
+    });
     const auto last = static_cast<std::ptrdiff_t>(rule.answers.size()) - 1;
     for (const Fields& action : rule.answers[static_cast<std::size_t>(std::min(before, last))])
         perform(action);

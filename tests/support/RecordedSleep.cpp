@@ -1,0 +1,12 @@
+#include "platform/PlatformUtil.h"
+#include "support/RecordedPlatform.h"
+
+#include <chrono>
+#include <thread>
+
+// A short sleep is a plain pause between two looks at a child, where the system has no better one.
+void PlatformUtil::sleep(int milliseconds) noexcept {
+    test::RecordedPlatform::note("sleep " + std::to_string(milliseconds));
+    if (milliseconds < 1000)
+        std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}

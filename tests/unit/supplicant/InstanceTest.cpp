@@ -1,0 +1,114 @@
+#include "supplicant/WifiUtil.h"
+
+#include "support/Lines.h"
+#include "support/StandIn.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+#include <thread>
+#include <vector>
+
+using platwifi::ReplyLines;
+using test::Arguments;
+using testing::Each;
+using testing::ElementsAre;
+
+namespace {
+
+const std::string STAMPED = "12:34:56.789: ";
+const std::string HEADER = "Selected interface 'wlan0'\nAvailable interfaces:\n";
+const Arguments PROBE{"/proc/boot/wpa_cli", "interface"};
+
+class Instance : public testing::Test {
+protected:
+    ~Instance() override { WifiUtil::unload(); }
+
+    // Stamps are removed exactly when the probe has seen one.
+    static bool removesStamps() {
+        ReplyLines status(16);
+        EXPECT_TRUE(WifiUtil::getInstance()->getCurrentNetworkStatus("wlan0", status.data(), 16,
+                                                                     &status.count));
+        return test::toStrings(status) == std::vector<std::string>{"wpa_state=COMPLETED"};
+    }
+
+    void answerStatus() {
+        standIn.on({"-iwlan0", "status"}).prints(STAMPED + "wpa_state=COMPLETED\n");
+    }
+
+    test::StandIn standIn;
+};
+
+TEST_F(Instance, IsMadeAndProbedOnce) {
+    standIn.on({"interface"}).prints(HEADER + "wlan0\n");
+    WifiUtil* const first = WifiUtil::getInstance();
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(WifiUtil::getInstance(), first);
+    EXPECT_THAT(standIn.calls(), ElementsAre(PROBE));
+}
+
+TEST_F(Instance, IsMadeAnewAfterItWasUnloaded) {
+    standIn.on({"interface"}).prints(HEADER + "wlan0\n");
+    WifiUtil::getInstance();
+    WifiUtil::unload();
+    WifiUtil::unload();
+    ASSERT_NE(WifiUtil::getInstance(), nullptr);
+    EXPECT_THAT(standIn.calls(), ElementsAre(PROBE, PROBE));
+}
+
+TEST_F(Instance, ExpectsStampsAfterAStampedAdapter) {
+    standIn.on({"interface"}).prints(HEADER + STAMPED + "wlan0\n");
+    answerStatus();
+    EXPECT_TRUE(removesStamps());
+}
+
+TEST_F(Instance, ExpectsNoStampsOtherwise) {
+    const char* const adapters[] = {"wlan0\n",
+                                    "12:34 wlan0\n",
+                                    "12:xx:56.789: wlan0\n",
+                                    "a:b:c: wlan0\n",
+                                    "p2p-dev-wlan0\nwlan0\n",
+                                    "\n",
+                                    ""};
+    for (const char* lines : adapters) {
+        standIn.reset();
+        WifiUtil::unload();
+        standIn.on({"interface"}).prints(HEADER + lines);
+        answerStatus();
+        EXPECT_FALSE(removesStamps()) << lines;
+    }
+}
+
+TEST_F(Instance, LooksAtTheFirstAdapterOnly) {
+    standIn.on({"interface"}).prints(HEADER + "wlan0\n" + STAMPED + "wlan1\n");
+    answerStatus();
+    EXPECT_FALSE(removesStamps());
+}
+
+TEST_F(Instance, ExpectsNoStampsWhenTheProbeFails) {
+    standIn.on({"interface"}).prints(HEADER + STAMPED + "wlan0\n").exits(255);
+    answerStatus();
+    EXPECT_FALSE(removesStamps());
+}
+
+TEST_F(Instance, KeepsWhatTheProbeFound) {
+    standIn.on({"interface"}).prints(HEADER + STAMPED + "wlan0\n").then().prints("x\ny\nwlan0\n");
+    answerStatus();
+    EXPECT_TRUE(removesStamps());
+    EXPECT_TRUE(removesStamps());
+}
+
+TEST_F(Instance, IsOneForThreadsThatComeFirstTogether) {
+    standIn.on({"interface"}).prints(HEADER + "wlan0\n");
+    std::vector<WifiUtil*> seen(8, nullptr);
+    std::vector<std::thread> threads;
+    for (WifiUtil*& instance : seen)
+        threads.emplace_back([&instance] { instance = WifiUtil::getInstance(); });
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_THAT(seen, Each(seen[0]));
+    EXPECT_THAT(standIn.calls(), ElementsAre(PROBE)) << "probed once";
+}
+
+} // namespace

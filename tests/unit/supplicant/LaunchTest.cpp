@@ -1,0 +1,240 @@
+#include "supplicant/WifiUtil.h"
+
+#include "support/Leftovers.h"
+#include "support/StandIn.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <sched.h>
+#include <string>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+using test::Arguments;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+
+constexpr const char* CLIENT = "/proc/boot/wpa_cli";
+constexpr const char* RESULT = "/tmp/launch_result_test";
+
+std::string resultText() {
+    std::ifstream file(RESULT);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class Launch : public testing::Test {
+protected:
+    ~Launch() override { std::remove(RESULT); }
+
+    bool run(const char* command = "status", const char* interfaceArg = "-iwlan0",
+             const char* arg1 = nullptr, const char* arg2 = nullptr, const char* arg3 = nullptr) {
+        return util.launchProcess(CLIENT, command, interfaceArg, arg1, arg2, arg3, RESULT);
+    }
+
+    test::StandIn standIn;
+    WifiUtil util;
+};
+
+TEST_F(Launch, PutsTheInterfaceOptionBeforeTheCommand) {
+    standIn.on({"*"});
+    EXPECT_TRUE(run("set_network", "-iwlan0", "3", "ssid", "\"home\""));
+    EXPECT_THAT(standIn.calls(),
+                ElementsAre(Arguments{CLIENT, "-iwlan0", "set_network", "3", "ssid", "\"home\""}));
+}
+
+TEST_F(Launch, DropsArgumentsByItsUnevenRules) {
+    standIn.on({"*"});
+    EXPECT_TRUE(run("c", nullptr, "1", "2", "3"));
+    EXPECT_TRUE(run(nullptr, "-iwlan0", "1", "2", "3"));
+    EXPECT_TRUE(run("c", "-iwlan0", nullptr, "2", "3"));
+    EXPECT_TRUE(run("c", "-iwlan0", "1", nullptr, "3"));
+    EXPECT_THAT(standIn.calls(),
+                ElementsAre(Arguments{CLIENT, "c", "1", "2", "3"}, Arguments{CLIENT, "-iwlan0"},
+                            Arguments{CLIENT, "-iwlan0", "c"},
+                            Arguments{CLIENT, "-iwlan0", "c", "1", "3"}));
+}
+
+TEST_F(Launch, HandsArgumentsOverAsTheyAre) {
+    standIn.on({"*"});
+    const std::string odd = " a  b\t$HOME `id` ; rm *\n\"'\\ \xE9\xF0\x9F\x93\xB6";
+    EXPECT_TRUE(run("set_network", "-iwlan0", "0", "ssid", odd.c_str()));
+    EXPECT_EQ(standIn.calls()[0].back(), odd);
+}
+
+TEST_F(Launch, CollectsBothOutputs) {
+    standIn.on({"*"}).prints("one\n").printsError("two\n").prints("three\n");
+    EXPECT_TRUE(run());
+    EXPECT_EQ(resultText(), "one\ntwo\nthree\n");
+    struct stat facts {};
+    ASSERT_EQ(stat(RESULT, &facts), 0);
+    EXPECT_EQ(facts.st_mode & 07777, mode_t{0440});
+}
+
+TEST_F(Launch, EmptiesTheResultFileFirst) {
+    standIn.on({"*"}).prints("a much longer text\n").then().prints("short\n");
+    EXPECT_TRUE(run());
+    EXPECT_TRUE(run());
+    EXPECT_EQ(resultText(), "short\n");
+}
+
+TEST_F(Launch, SucceedsOnlyWithExitStatusZero) {
+    standIn.on({"*"}).exits(0).then().exits(1).then().exits(254).then().exits(255);
+    EXPECT_TRUE(run());
+    EXPECT_FALSE(run());
+    EXPECT_FALSE(run());
+    EXPECT_FALSE(run());
+}
+
+TEST_F(Launch, SucceedsThoughTheClientRefused) {
+    standIn.on({"*"}).prints("FAIL\n");
+    EXPECT_TRUE(run());
+}
+
+TEST_F(Launch, FailsWhenTheClientDiesByASignal) {
+    const int signals[] = {SIGTERM, SIGKILL, SIGSEGV, SIGPIPE};
+    for (const int signal : signals) {
+        standIn.reset();
+        standIn.on({"*"}).prints("OK\n").diesBy(signal);
+        EXPECT_FALSE(run()) << signal;
+    }
+}
+
+TEST_F(Launch, FailsWithoutAPathAtOnce) {
+    EXPECT_FALSE(util.launchProcess(nullptr, "c", nullptr, nullptr, nullptr, nullptr, RESULT));
+    EXPECT_FALSE(std::filesystem::exists(RESULT)) << "the result file is not made";
+}
+
+TEST_F(Launch, FailsWithoutAResultFileAndStaysUsable) {
+    standIn.on({"*"});
+    EXPECT_FALSE(util.launchProcess(CLIENT, "c", nullptr, nullptr, nullptr, nullptr, nullptr));
+    EXPECT_FALSE(util.launchProcess(CLIENT, "c", nullptr, nullptr, nullptr, nullptr, "/no/file"));
+    EXPECT_TRUE(standIn.calls().empty()) << "no child is started";
+    EXPECT_TRUE(run());
+}
+
+TEST_F(Launch, FailsWhenTheClientCannotBeStarted) {
+    const std::string client = standIn.folder() + "/wpa_cli";
+    std::filesystem::remove(client);
+    EXPECT_FALSE(run()) << "missing";
+    std::ofstream(client) << "not a program";
+    EXPECT_FALSE(run()) << "not executable";
+    std::filesystem::permissions(client, std::filesystem::perms::owner_all);
+    EXPECT_FALSE(run()) << "executable, but no program";
+    std::filesystem::remove(client);
+    std::filesystem::create_directory(client);
+    EXPECT_FALSE(run()) << "a folder";
+}
+
+TEST_F(Launch, TakesAnArgumentThatTheSystemRefuses) {
+    standIn.on({"*"});
+    const std::string huge(4 << 20, 'x');
+    EXPECT_FALSE(run("set_network", "-iwlan0", "0", "ssid", huge.c_str()));
+    EXPECT_TRUE(run());
+}
+
+TEST_F(Launch, LetsNoOtherDescriptorIntoTheChild) {
+    const int leaky = open("/dev/null", O_RDONLY); // not close-on-exec
+    const int high = fcntl(leaky, F_DUPFD, 200);
+    standIn.on({"*"}).printsFacts();
+    EXPECT_TRUE(run());
+    EXPECT_THAT(resultText(), HasSubstr("descriptors 0 1 2\n"));
+    close(leaky);
+    close(high);
+}
+
+TEST_F(Launch, RunsChildrenOneAfterAnother) {
+    standIn.on({"*"}).prints("OK\n");
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 8; ++i) {
+        threads.emplace_back([this, i] {
+            const std::string result = std::string(RESULT) + std::to_string(i);
+            for (int round = 0; round < 5; ++round)
+                EXPECT_TRUE(util.launchProcess(CLIENT, "ping", nullptr, nullptr, nullptr, nullptr,
+                                               result.c_str()));
+            std::remove(result.c_str());
+        });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(standIn.calls().size(), 40U);
+}
+
+TEST_F(Launch, LeavesTheChildrenOfOthersAlone) {
+    standIn.on({"*"});
+    const pid_t other = fork();
+    if (other == 0)
+        _exit(7);
+    siginfo_t info{};
+    waitid(P_PID, static_cast<id_t>(other), &info, WEXITED | WNOWAIT);
+    EXPECT_TRUE(run());
+    int status = 0;
+    EXPECT_EQ(waitpid(other, &status, 0), other) << "still there to be reaped";
+    EXPECT_EQ(WEXITSTATUS(status), 7);
+}
+
+// Real-time scheduling for the calling thread, where this machine allows it.
+bool becomeRealTime(int priority) {
+    sched_param parameters{};
+    parameters.sched_priority = priority;
+    return pthread_setschedparam(pthread_self(), SCHED_RR, &parameters) == 0;
+}
+
+int ownPriority() {
+    sched_param parameters{};
+    int policy = 0;
+    pthread_getschedparam(pthread_self(), &policy, &parameters);
+    return parameters.sched_priority;
+}
+
+TEST_F(Launch, RaisesItsPriorityForTheSpawnAsFarAsThePolicyGoes) {
+    struct Row {
+        int before;
+        int during;
+    };
+    const int highest = sched_get_priority_max(SCHED_RR);
+    const Row rows[] = {{1, 21},
+                        {30, 50},
+                        {highest - 20, highest},
+                        {highest - 19, highest - 19},
+                        {highest, highest}};
+    standIn.on({"*"}).printsFacts();
+    bool allowed = true;
+    std::thread([&] {
+        for (const Row& row : rows) {
+            allowed = allowed && becomeRealTime(row.before);
+            if (!allowed)
+                return;
+            EXPECT_TRUE(run());
+            // The child inherits what its parent had when it was started.
+            EXPECT_THAT(resultText(), HasSubstr("priority " + std::to_string(row.during) + "\n"));
+            EXPECT_EQ(ownPriority(), row.before) << "restored";
+        }
+    }).join();
+    if (!allowed)
+        GTEST_SKIP() << "this machine allows no real-time scheduling";
+}
+
+TEST_F(Launch, KeepsThePriorityWithoutRealTimeScheduling) {
+    standIn.on({"*"}).printsFacts();
+    EXPECT_TRUE(run());
+    EXPECT_THAT(resultText(),
+                HasSubstr("policy " + std::to_string(SCHED_OTHER) + "\npriority 0\n"));
+}
+
+TEST_F(Launch, WaitsForTheLaunchInProgressWhenItEnds) {
+    standIn.on({"*"}).prints("OK\n");
+    auto* shortLived = new WifiUtil;
+    EXPECT_TRUE(shortLived->launchProcess(CLIENT, "c", nullptr, nullptr, nullptr, nullptr, RESULT));
+    delete shortLived;
+}
+
+} // namespace

@@ -1,0 +1,124 @@
+// How long the runner waits for a client that never ends, with a recorded clock: no time passes
+// here.
+
+#include "supplicant/WifiUtil.h"
+
+#include "support/Leftovers.h"
+#include "support/RecordedPlatform.h"
+#include "support/StandIn.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <regex>
+#include <sched.h>
+#include <string>
+#include <thread>
+#include <unistd.h>
+
+using test::RecordedPlatform;
+
+namespace {
+
+constexpr const char* CLIENT = "/proc/boot/wpa_cli";
+constexpr const char* RESULT = "/tmp/patience_result_test";
+
+class Patience : public testing::Test {
+protected:
+    Patience() { standIn.on({"*"}).hangs(); }
+    ~Patience() override { std::remove(RESULT); }
+
+    bool run(const char* command = "scan") {
+        return util.launchProcess(CLIENT, command, "-iwlan0", nullptr, nullptr, nullptr, RESULT);
+    }
+
+    test::StandIn standIn;
+    WifiUtil util;
+};
+
+std::vector<std::string> pausesAndThen(const std::vector<std::string>& rest) {
+    std::vector<std::string> events(99, "pause 50");
+    events.insert(events.end(), rest.begin(), rest.end());
+    return events;
+}
+
+TEST_F(Patience, EndsAtThe100thLookAfter99Pauses) {
+    RecordedPlatform::begin();
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(run());
+    testing::internal::GetCapturedStderr();
+    EXPECT_EQ(RecordedPlatform::events(), pausesAndThen({"kill", "sleep 2000"}));
+}
+
+TEST_F(Patience, KillsAgainAfterEvery2000MillisecondsUntilTheChildIsGone) {
+    RecordedPlatform::begin(2);
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(run());
+    const std::string messages = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(RecordedPlatform::events(),
+              pausesAndThen({"kill", "sleep 2000", "kill", "sleep 2000", "kill", "sleep 2000"}));
+    EXPECT_EQ(std::count(messages.begin(), messages.end(), '\n'), 3) << messages;
+}
+
+TEST_F(Patience, SaysWhoKilledWhat) {
+    RecordedPlatform::begin();
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(run("list_networks"));
+    const std::string message = testing::internal::GetCapturedStderr();
+    const std::regex form("\\[ERROR\\] Process: " + std::to_string(getpid()) + ", Thread " +
+                          std::to_string(PlatformUtil::threadId()) +
+                          " in WifiUtilBsd::launchProcess\\(\\), command: list_networks -> "
+                          "patience exhausted, killing: [0-9]+\n");
+    EXPECT_TRUE(std::regex_match(message, form)) << message;
+}
+
+TEST_F(Patience, SaysSoForAChildWithoutACommandToo) {
+    RecordedPlatform::begin();
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(run(nullptr));
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("command: (null) -> "),
+              std::string::npos);
+}
+
+TEST_F(Patience, LeavesNothingBehind) {
+    RecordedPlatform::begin();
+    const test::Leftovers before = test::Leftovers::now();
+    testing::internal::CaptureStderr();
+    std::vector<char*> lines(16, nullptr);
+    unsigned char count = 9;
+    EXPECT_FALSE(util.getCurrentNetworkStatus("wlan0", lines.data(), 16, &count));
+    testing::internal::GetCapturedStderr();
+    EXPECT_EQ(count, 0);
+    EXPECT_TRUE(test::Leftovers::now() == before);
+}
+
+TEST_F(Patience, RaisesItsPriorityForTheKillAsFarAsThePolicyGoes) {
+    struct Row {
+        int before;
+        int during;
+    };
+    const int highest = sched_get_priority_max(SCHED_RR);
+    const Row rows[] = {{1, 26}, {highest - 25, highest}, {highest - 24, highest - 24}};
+    testing::internal::CaptureStderr();
+    bool allowed = true;
+    std::thread([&] {
+        for (const Row& row : rows) {
+            sched_param parameters{};
+            parameters.sched_priority = row.before;
+            allowed = allowed && pthread_setschedparam(pthread_self(), SCHED_RR, &parameters) == 0;
+            if (!allowed)
+                return;
+            RecordedPlatform::begin();
+            EXPECT_FALSE(run());
+            EXPECT_EQ(RecordedPlatform::killPriorities(), std::vector<int>{row.during});
+            int policy = 0;
+            pthread_getschedparam(pthread_self(), &policy, &parameters);
+            EXPECT_EQ(parameters.sched_priority, row.before) << "restored";
+        }
+    }).join();
+    testing::internal::GetCapturedStderr();
+    if (!allowed)
+        GTEST_SKIP() << "this machine allows no real-time scheduling";
+}
+
+} // namespace

@@ -1,0 +1,355 @@
+#include "supplicant/WifiUtil.h"
+
+#include "support/Leftovers.h"
+#include "support/Lines.h"
+#include "support/StandIn.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <sys/stat.h>
+#include <vector>
+
+using platwifi::ReplyLines;
+using test::Arguments;
+using test::toStrings;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+constexpr const char* CLIENT = "/proc/boot/wpa_cli";
+const std::string STAMP = "12:34:56.789: ";
+const std::string ADAPTER_HEADER = "Selected interface 'wlan0'\nAvailable interfaces:\n";
+const std::string LIST_HEADER = "network id / ssid / bssid / flags\n";
+
+using Lines = std::vector<std::string>;
+
+// What all four list queries have in common, and where they differ.
+struct Query {
+    const char* name;
+    Arguments call;
+    int headerLines;
+    bool resetsCount;
+    bool removesStamp;
+    std::string resultPrefix;
+    bool (*run)(WifiUtil&, ReplyLines&, unsigned char max);
+};
+
+const Query QUERIES[] = {
+    {"getWifiAdapters",
+     {"interface"},
+     2,
+     false,
+     true,
+     "/tmp/wpa_cli_interface_result_",
+     [](WifiUtil& util, ReplyLines& lines, unsigned char max) {
+         return util.getWifiAdapters(lines.data(), max, &lines.count);
+     }},
+    {"getNetworkDatabaseSsids",
+     {"-iwlan0", "list_networks"},
+     1,
+     true,
+     false,
+     "/tmp/wpa_cli_list_result_",
+     [](WifiUtil& util, ReplyLines& lines, unsigned char max) {
+         return util.getNetworkDatabaseSsids("wlan0", lines.data(), max, &lines.count);
+     }},
+    {"discoverNetworks",
+     {"-iwlan0", "scan_results"},
+     1,
+     true,
+     false,
+     "/tmp/wpa_cli_scan_results_result_",
+     [](WifiUtil& util, ReplyLines& lines, unsigned char max) {
+         return util.discoverNetworks("wlan0", lines.data(), max, &lines.count);
+     }},
+    {"getCurrentNetworkStatus",
+     {"-iwlan0", "status"},
+     0,
+     true,
+     true,
+     "/tmp/wpa_cli_status_result_",
+     [](WifiUtil& util, ReplyLines& lines, unsigned char max) {
+         return util.getCurrentNetworkStatus("wlan0", lines.data(), max, &lines.count);
+     }},
+};
+
+class ListQuery : public testing::TestWithParam<Query> {
+protected:
+    ~ListQuery() override { WifiUtil::unload(); }
+
+    // An instance of a client that stamps its replies, or does not.
+    WifiUtil& util(bool stamping = false) {
+        standIn.on({"interface"})
+            .prints(ADAPTER_HEADER + (stamping ? STAMP : "") + "wlan0\n")
+            .then()
+            .prints("");
+        WifiUtil* const instance = WifiUtil::getInstance();
+        standIn.reset();
+        return *instance;
+    }
+
+    void answer(const std::string& entries) {
+        std::string text;
+        for (int i = 0; i < GetParam().headerLines; ++i)
+            text += "header " + std::to_string(i) + "\n";
+        standIn.on(GetParam().call).prints(text + entries);
+    }
+
+    bool run(WifiUtil& util, ReplyLines& lines, unsigned char max = 16) {
+        return GetParam().run(util, lines, max);
+    }
+
+    test::StandIn standIn;
+};
+
+TEST_P(ListQuery, RunsItsOneCommandAndHandsBackTheLines) {
+    WifiUtil& instance = util();
+    answer("first\tx\nsecond\n\nthird, the last\n");
+    ReplyLines lines(16);
+    EXPECT_TRUE(run(instance, lines));
+    EXPECT_THAT(toStrings(lines), ElementsAre("first\tx", "second", "third, the last"));
+    Arguments call{CLIENT};
+    call.insert(call.end(), GetParam().call.begin(), GetParam().call.end());
+    EXPECT_THAT(standIn.calls(), ElementsAre(call));
+    EXPECT_THAT(test::resultFiles(), IsEmpty());
+}
+
+TEST_P(ListQuery, SkipsItsHeaderWhateverThatHolds) {
+    WifiUtil& instance = util();
+    std::string reply = "FAIL\n\n";
+    reply.resize(static_cast<std::size_t>(GetParam().headerLines) == 1 ? 5 : reply.size());
+    if (GetParam().headerLines == 0)
+        reply.clear();
+    standIn.on(GetParam().call).prints(reply + "entry\n");
+    ReplyLines lines(16);
+    EXPECT_TRUE(run(instance, lines));
+    EXPECT_THAT(toStrings(lines), ElementsAre("entry"));
+}
+
+TEST_P(ListQuery, HandsAFailureMessageBackAsAnEntry) {
+    WifiUtil& instance = util();
+    answer("FAIL\n");
+    ReplyLines lines(16);
+    EXPECT_TRUE(run(instance, lines));
+    EXPECT_THAT(toStrings(lines), ElementsAre("FAIL"));
+}
+
+TEST_P(ListQuery, SucceedsWithNothing) {
+    WifiUtil& instance = util();
+    answer("");
+    ReplyLines lines(16);
+    EXPECT_TRUE(run(instance, lines));
+    EXPECT_EQ(lines.count, 0);
+    standIn.reset();
+    standIn.on(GetParam().call).prints("");
+    EXPECT_TRUE(run(instance, lines)) << "not even a header";
+    EXPECT_EQ(lines.count, 0);
+}
+
+TEST_P(ListQuery, StopsSilentlyWhenTheArrayIsFull) {
+    WifiUtil& instance = util();
+    answer("1\n2\n3\n4\n");
+    ReplyLines lines(3);
+    EXPECT_TRUE(run(instance, lines, 3));
+    EXPECT_THAT(toStrings(lines), ElementsAre("1", "2", "3"));
+    ReplyLines none(1);
+    EXPECT_TRUE(run(instance, none, 0));
+    EXPECT_EQ(none.count, 0);
+    EXPECT_EQ(none.data()[0], nullptr);
+}
+
+TEST_P(ListQuery, TakesAFullArrayOf255) {
+    WifiUtil& instance = util();
+    std::string entries;
+    for (int i = 0; i < 400; ++i)
+        entries += "line\n";
+    answer(entries);
+    ReplyLines lines(255);
+    EXPECT_TRUE(run(instance, lines, 255));
+    EXPECT_EQ(lines.count, 255);
+}
+
+TEST_P(ListQuery, CutsLongLinesIntoPieces) {
+    WifiUtil& instance = util();
+    const std::string text127(127, 'a');
+    const std::string text128(128, 'b');
+    const std::string text300(300, 'c');
+    answer(text127 + "\n" + text128 + "\n" + text300 + "\n");
+    ReplyLines lines(16);
+    EXPECT_TRUE(run(instance, lines));
+    // The piece that ends a 127-character line is only its line feed: an empty line, skipped.
+    EXPECT_THAT(toStrings(lines),
+                ElementsAre(text127, text128.substr(0, 127), "b", text300.substr(0, 127),
+                            text300.substr(0, 127), text300.substr(0, 46)));
+}
+
+TEST_P(ListQuery, ReadsALastLineWithoutLineFeed) {
+    WifiUtil& instance = util();
+    answer("one\ntwo");
+    ReplyLines lines(16);
+    EXPECT_TRUE(run(instance, lines));
+    EXPECT_THAT(toStrings(lines), ElementsAre("one", "two"));
+}
+
+TEST_P(ListQuery, ReadsNoMoreOfAMegabyteThanItHasRoomFor) {
+    WifiUtil& instance = util();
+    std::string entries;
+    while (entries.size() < (1U << 20U))
+        entries += "0123456789012345678901234567890123456789\n";
+    answer(entries);
+    ReplyLines lines(16);
+    EXPECT_TRUE(run(instance, lines));
+    EXPECT_EQ(lines.count, 16);
+    EXPECT_THAT(test::resultFiles(), IsEmpty());
+}
+
+TEST_P(ListQuery, TakesBinaryReplies) {
+    WifiUtil& instance = util();
+    std::string entries;
+    for (int i = 0; i < 3000; ++i)
+        entries += static_cast<char>(i * 7 % 251);
+    answer(entries);
+    ReplyLines lines(255);
+    EXPECT_TRUE(run(instance, lines, 255));
+}
+
+TEST_P(ListQuery, FailsWithTheClient) {
+    WifiUtil& instance = util();
+    standIn.on(GetParam().call).prints("header\nheader\nentry\n").exits(255);
+    ReplyLines lines(16);
+    lines.count = GetParam().resetsCount ? 5 : 0;
+    EXPECT_FALSE(run(instance, lines));
+    EXPECT_EQ(lines.count, 0);
+    EXPECT_EQ(lines.data()[0], nullptr);
+    EXPECT_THAT(test::resultFiles(), IsEmpty());
+}
+
+TEST_P(ListQuery, ResetsOrKeepsTheCount) {
+    WifiUtil& instance = util();
+    answer("entry\n");
+    ReplyLines lines(16);
+    lines.count = 3;
+    EXPECT_TRUE(run(instance, lines));
+    EXPECT_EQ(lines.count, GetParam().resetsCount ? 1 : 4);
+    EXPECT_STREQ(lines.data()[GetParam().resetsCount ? 0 : 3], "entry");
+    // The entries that the count of 3 spoke of never were there.
+    lines.count = GetParam().resetsCount ? 1 : 0;
+}
+
+TEST_P(ListQuery, RemovesTheStampFromItsFirstEntryAlone) {
+    WifiUtil& instance = util(true);
+    answer("\n" + STAMP + "bssid=00:11:22:33:44:55\n" + STAMP + "second\n");
+    ReplyLines lines(16);
+    EXPECT_TRUE(run(instance, lines));
+    const std::string first = (GetParam().removesStamp ? "" : STAMP) + "bssid=00:11:22:33:44:55";
+    EXPECT_THAT(toStrings(lines), ElementsAre(first, STAMP + "second"));
+}
+
+TEST_P(ListQuery, LeavesStampsOfAClientThatMakesNone) {
+    WifiUtil& instance = util(false);
+    answer(STAMP + "entry\n");
+    ReplyLines lines(16);
+    EXPECT_TRUE(run(instance, lines));
+    EXPECT_THAT(toStrings(lines), ElementsAre(STAMP + "entry"));
+}
+
+// The file is there, under its own name and in this thread's, while the client runs: a folder put
+// in its place makes the command fail.
+TEST_P(ListQuery, UsesItsOwnResultFile) {
+    WifiUtil& instance = util();
+    answer("entry\n");
+    const std::string path =
+        GetParam().resultPrefix + std::to_string(static_cast<long long>(pthread_self()));
+    ASSERT_EQ(mkdir(path.c_str(), 0700), 0);
+    std::ofstream(path + "/x") << "keeps the folder";
+    ReplyLines lines(16);
+    EXPECT_FALSE(run(instance, lines));
+    EXPECT_THAT(standIn.calls(), IsEmpty());
+    std::remove((path + "/x").c_str());
+    rmdir(path.c_str());
+    EXPECT_TRUE(run(instance, lines));
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, ListQuery, testing::ValuesIn(QUERIES),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+class Adapters : public testing::Test {
+protected:
+    ~Adapters() override { WifiUtil::unload(); }
+    test::StandIn standIn;
+};
+
+TEST_F(Adapters, AreAppendedAndNeverStrippedBehindAnEarlierEntry) {
+    standIn.on({"interface"}).prints(ADAPTER_HEADER + STAMP + "wlan0\n");
+    WifiUtil* const util = WifiUtil::getInstance();
+    ReplyLines lines(2);
+    lines.count = 1;
+    EXPECT_TRUE(util->getWifiAdapters(lines.data(), 2, &lines.count));
+    EXPECT_EQ(lines.count, 2);
+    EXPECT_EQ(lines.data()[0], nullptr);
+    EXPECT_EQ(lines.data()[1], STAMP + "wlan0");
+    EXPECT_TRUE(util->getWifiAdapters(lines.data(), 2, &lines.count)) << "full already";
+    EXPECT_EQ(lines.count, 2);
+}
+
+class SupplicantRuns : public testing::Test {
+protected:
+    test::StandIn standIn;
+    WifiUtil util;
+};
+
+TEST_F(SupplicantRuns, ByItsPidFileWhenNoInterfaceIsNamed) {
+    EXPECT_FALSE(util.isWifiEnabled(nullptr));
+    mkdir("/var/run", 0755);
+    std::ofstream("/var/run/wpa_supplicant.pid") << "1\n";
+    EXPECT_TRUE(util.isWifiEnabled(nullptr));
+    EXPECT_THAT(standIn.calls(), IsEmpty()) << "no child is run";
+    std::remove("/var/run/wpa_supplicant.pid");
+    EXPECT_FALSE(util.isWifiEnabled(nullptr));
+}
+
+TEST_F(SupplicantRuns, ByTheProcessTableWhenAnInterfaceIsNamed) {
+    standIn.on({"-iwlan0", "arg"})
+        .prints("1 /sbin/init\n77 /sbin/wpa_supplicant -iwlan0\n78 sh\n")
+        .then()
+        .prints("1 /sbin/init\n78 sh\n")
+        .then()
+        .prints("")
+        .then()
+        .prints("77 wpa_supplicant\n")
+        .exits(1);
+    EXPECT_TRUE(util.isWifiEnabled("wlan0"));
+    EXPECT_FALSE(util.isWifiEnabled("wlan0"));
+    EXPECT_FALSE(util.isWifiEnabled("wlan0")) << "an empty table";
+    EXPECT_FALSE(util.isWifiEnabled("wlan0")) << "the lister failed";
+    EXPECT_EQ(standIn.calls()[0], (Arguments{"/proc/boot/pidin", "-iwlan0", "arg"}));
+    EXPECT_THAT(test::resultFiles(), IsEmpty());
+}
+
+TEST_F(SupplicantRuns, WhateverThePidFileSaysOnceAnInterfaceIsNamed) {
+    std::ofstream("/var/run/wpa_supplicant.pid") << "1\n";
+    standIn.on({"-iwlan0", "arg"}).prints("1 /sbin/init\n");
+    EXPECT_FALSE(util.isWifiEnabled("wlan0"));
+    std::remove("/var/run/wpa_supplicant.pid");
+}
+
+TEST_F(SupplicantRuns, FoundAnywhereInLinesOfUpTo511Characters) {
+    standIn.on({"-iwlan0", "arg"})
+        .prints(std::string(497, 'x') + "wpa_supplicant\n")
+        .then()
+        .prints(std::string(498, 'x') + "wpa_supplicant\n");
+    EXPECT_TRUE(util.isWifiEnabled("wlan0"));
+    EXPECT_FALSE(util.isWifiEnabled("wlan0")) << "the name is cut in two";
+}
+
+TEST_F(SupplicantRuns, AndCertificatesNeedNoIndex) {
+    EXPECT_TRUE(util.hashCACertificates());
+    EXPECT_THAT(standIn.calls(), IsEmpty()) << "nothing to do, nothing done";
+}
+
+} // namespace

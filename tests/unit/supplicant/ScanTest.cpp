@@ -1,0 +1,168 @@
+// Starting a scan and waiting for it, with a recorded clock: a second passes at once here.
+
+#include "supplicant/WifiUtil.h"
+
+#include "support/Leftovers.h"
+#include "support/RecordedPlatform.h"
+#include "support/StandIn.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+using test::Arguments;
+using test::RecordedPlatform;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+const Arguments STATUS{"/proc/boot/wpa_cli", "-iwlan0", "status"};
+const Arguments SCAN{"/proc/boot/wpa_cli", "-iwlan0", "scan"};
+
+class Scan : public testing::Test {
+protected:
+    Scan() { RecordedPlatform::begin(); }
+    ~Scan() override {
+        for (const std::string& file : test::resultFiles())
+            std::remove(file.c_str());
+    }
+
+    test::StandIn::Answer onStatus(const std::string& state) {
+        auto answer = standIn.on({"-iwlan0", "status"});
+        answer.prints("bssid=02:00:00:00:01:00\nwpa_state=" + state + "\naddress=COMPLETED\n");
+        return answer;
+    }
+
+    static std::size_t secondsSlept() {
+        const auto events = RecordedPlatform::events();
+        return static_cast<std::size_t>(std::count(events.begin(), events.end(), "sleep 1000"));
+    }
+
+    test::StandIn standIn;
+    WifiUtil util;
+};
+
+TEST_F(Scan, IsStartedInEveryStateButTheUnknownAndTheScanning) {
+    struct Row {
+        const char* state;
+        bool started;
+    };
+    const Row rows[] = {
+        {"DISCONNECTED", true},
+        {"INACTIVE", true},
+        {"ASSOCIATING", true},
+        {"ASSOCIATED", true},
+        {"4WAY_HANDSHAKE", true},
+        {"GROUP_HANDSHAKE", true},
+        {"COMPLETED", true},
+        {"INTERFACE_DISABLED", false},
+        {"", false},
+    };
+    for (const Row& row : rows) {
+        standIn.reset();
+        RecordedPlatform::begin();
+        onStatus(row.state);
+        standIn.on({"-iwlan0", "scan"}).prints("OK\n");
+        EXPECT_TRUE(util.scanNetworks("wlan0")) << row.state;
+        const auto calls = standIn.calls();
+        if (row.started)
+            EXPECT_THAT(calls, ElementsAre(STATUS, SCAN, STATUS)) << row.state;
+        else
+            EXPECT_THAT(calls, ElementsAre(STATUS, STATUS)) << row.state;
+        EXPECT_EQ(secondsSlept(), 1U) << "one status read and one second at least";
+    }
+}
+
+TEST_F(Scan, IsNotStartedWhereOneRuns) {
+    onStatus("SCANNING")
+        .then()
+        .prints("wpa_state=SCANNING\n")
+        .then()
+        .prints("wpa_state=SCANNING\n")
+        .then()
+        .prints("wpa_state=COMPLETED\n");
+    EXPECT_TRUE(util.scanNetworks("wlan0"));
+    EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, STATUS, STATUS, STATUS));
+    EXPECT_EQ(secondsSlept(), 3U) << "after every read of the wait, the last one too";
+}
+
+TEST_F(Scan, IsWaitedForThrough16ReadsAtMost) {
+    onStatus("SCANNING");
+    EXPECT_TRUE(util.scanNetworks("wlan0"));
+    EXPECT_EQ(standIn.calls().size(), 1U + 16U);
+    EXPECT_EQ(secondsSlept(), 16U);
+}
+
+TEST_F(Scan, IsWaitedForAfterItWasStarted) {
+    onStatus("COMPLETED")
+        .then()
+        .prints("wpa_state=SCANNING\n")
+        .then()
+        .prints("wpa_state=INACTIVE\n");
+    standIn.on({"-iwlan0", "scan"}).prints("OK\n");
+    EXPECT_TRUE(util.scanNetworks("wlan0"));
+    EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, SCAN, STATUS, STATUS));
+    EXPECT_EQ(secondsSlept(), 2U);
+}
+
+TEST_F(Scan, FailsWhenTheFirstStatusCannotBeRead) {
+    onStatus("COMPLETED").exits(255);
+    EXPECT_FALSE(util.scanNetworks("wlan0"));
+    EXPECT_THAT(standIn.calls(), ElementsAre(STATUS));
+    EXPECT_EQ(secondsSlept(), 0U);
+}
+
+TEST_F(Scan, FailsWhenTheCommandFails) {
+    onStatus("COMPLETED");
+    standIn.on({"-iwlan0", "scan"}).prints("OK\n").exits(255);
+    EXPECT_FALSE(util.scanNetworks("wlan0"));
+    EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, SCAN));
+    EXPECT_THAT(test::resultFiles(), IsEmpty());
+}
+
+TEST_F(Scan, SucceedsThoughTheClientRefusedIt) {
+    onStatus("COMPLETED");
+    standIn.on({"-iwlan0", "scan"}).prints("FAIL-BUSY\n");
+    EXPECT_TRUE(util.scanNetworks("wlan0")) << "the reply is not read";
+}
+
+TEST_F(Scan, SucceedsWhateverBecomesOfTheWait) {
+    onStatus("COMPLETED").then().exits(255);
+    standIn.on({"-iwlan0", "scan"}).prints("OK\n");
+    EXPECT_TRUE(util.scanNetworks("wlan0"));
+    EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, SCAN, STATUS));
+    EXPECT_EQ(secondsSlept(), 0U) << "it ends at once";
+}
+
+TEST_F(Scan, TakesAStatusWithoutAStateForUnknown) {
+    standIn.on({"-iwlan0", "status"}).prints("").then().prints("bssid=COMPLETED\n");
+    EXPECT_TRUE(util.scanNetworks("wlan0"));
+    EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, STATUS));
+}
+
+TEST_F(Scan, LooksAt16StatusLinesOnly) {
+    std::string reply;
+    for (int i = 0; i < 16; ++i)
+        reply += "line\n";
+    standIn.on({"-iwlan0", "status"}).prints(reply + "wpa_state=COMPLETED\n");
+    EXPECT_TRUE(util.scanNetworks("wlan0"));
+    EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, STATUS)) << "the state came too late";
+}
+
+TEST_F(Scan, LeavesItsResultFileForTheNextScanOfTheThread) {
+    onStatus("COMPLETED");
+    standIn.on({"-iwlan0", "scan"}).prints("OK\n");
+    EXPECT_TRUE(util.scanNetworks("wlan0"));
+    const std::string path =
+        "/tmp/wpa_cli_scan_result_" + std::to_string(static_cast<long long>(pthread_self()));
+    EXPECT_THAT(test::resultFiles(), ElementsAre(path));
+    EXPECT_TRUE(util.scanNetworks("wlan0"));
+    EXPECT_THAT(test::resultFiles(), ElementsAre(path));
+}
+
+} // namespace
