@@ -7,10 +7,10 @@
 #include "support/RecordedPlatform.h"
 #include "support/StandIn.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <regex>
 #include <sched.h>
 #include <string>
 #include <thread>
@@ -65,11 +65,11 @@ TEST_F(Patience, SaysWhoKilledWhat) {
     testing::internal::CaptureStderr();
     EXPECT_FALSE(run("list_networks"));
     const std::string message = testing::internal::GetCapturedStderr();
-    const std::regex form("\\[ERROR\\] Process: " + std::to_string(getpid()) + ", Thread " +
-                          std::to_string(PlatformUtil::threadId()) +
-                          " in WifiUtilBsd::launchProcess\\(\\), command: list_networks -> "
-                          "patience exhausted, killing: [0-9]+\n");
-    EXPECT_TRUE(std::regex_match(message, form)) << message;
+    const std::string form = "\\[ERROR\\] Process: " + std::to_string(getpid()) + ", Thread " +
+                             std::to_string(PlatformUtil::threadId()) +
+                             " in WifiUtilBsd::launchProcess\\(\\), command: list_networks -> "
+                             "patience exhausted, killing: [0-9]+\n";
+    EXPECT_THAT(message, testing::MatchesRegex(form));
 }
 
 TEST_F(Patience, SaysSoForAChildWithoutACommandToo) {

@@ -1,0 +1,7 @@
+#include "jni/NullExceptionHandler.h"
+
+void NullExceptionHandler::error(MessageBundle* bundle) {
+    saveError(bundle);
+}
+
+NullExceptionHandler::~NullExceptionHandler() = default;
