@@ -20,7 +20,8 @@ public:
     /// Reports an error. Here it is only saved. The bundle stays the caller's; null is ignored.
     virtual void error(MessageBundle* bundle);
 
-    /// Reports an error that has only a text: makes a bundle of it and reports that.
+    /// Reports an error that has only a text: makes a bundle of it, without an
+    /// id, and reports that.
     virtual void error(const char* text);
 
     /// Forgets what was saved.

@@ -12,16 +12,19 @@ public:
     /// Writes raw text, unescaped. Null writes nothing.
     void w(const char* text);
 
-    /// Writes one raw character.
+    /// Writes one raw character. A NUL writes nothing.
     void w(char character);
 
     /// Writes name="value". The value is escaped so that any bytes give a well-formed document and
     /// a reader gets back what the value was: markup characters as entities; tab, line feed and
     /// carriage return as character references; every character that XML cannot hold, and every
-    /// byte that is not UTF-8, as U+FFFD. Null writes an empty value.
+    /// byte that is not UTF-8, as U+FFFD. A null value writes an empty one; a null or empty name
+    /// writes nothing at all.
+    /// @param name  an XML name, written as it stands
     void attr(const char* name, const char* value);
 
-    /// The same with a value made as printf() does, cut to `size` - 1 characters.
+    /// The same with a value made as printf() does and cut to its first `size` - 1 bytes. A null
+    /// format, or a size of 1 or less, writes an empty value.
     void attrf(const char* name, const char* format, int size, ...)
         __attribute__((format(printf, 3, 5)));
 

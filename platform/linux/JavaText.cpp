@@ -1,0 +1,113 @@
+#include "platform/JavaText.h"
+
+#include "Utf8.h"
+
+#include <cstdint>
+
+namespace platform {
+namespace {
+
+constexpr std::uint32_t HIGH_SURROGATES = 0xD800;
+constexpr std::uint32_t LOW_SURROGATES = 0xDC00;
+constexpr std::uint32_t SUPPLEMENT = 0x10000;
+
+std::uint32_t byteAt(const char* text, int index) {
+    return static_cast<unsigned char>(text[index]);
+}
+
+char toByte(std::uint32_t value) {
+    return static_cast<char>(static_cast<unsigned char>(value));
+}
+
+// The low six bits of a sequence's byte `index`, put in their place.
+std::uint32_t tail(const char* text, int index, int shift) {
+    return (byteAt(text, index) & 0x3FU) << shift;
+}
+
+char tailByte(std::uint32_t character, int shift) {
+    return toByte(0x80U | ((character >> shift) & 0x3FU));
+}
+
+void appendThreeBytes(std::string& out, std::uint32_t unit) {
+    out += {toByte(0xE0U | (unit >> 12)), tailByte(unit, 6), tailByte(unit, 0)};
+}
+
+void appendFourBytes(std::string& out, std::uint32_t character) {
+    out += {toByte(0xF0U | (character >> 18)), tailByte(character, 12), tailByte(character, 6),
+            tailByte(character, 0)};
+}
+
+void appendPair(std::string& out, const char* text) {
+    const std::uint32_t character =
+        ((byteAt(text, 0) & 0x07U) << 18) | tail(text, 1, 12) | tail(text, 2, 6) | tail(text, 3, 0);
+    appendThreeBytes(out, HIGH_SURROGATES + ((character - SUPPLEMENT) >> 10));
+    appendThreeBytes(out, LOW_SURROGATES + ((character - SUPPLEMENT) & 0x3FFU));
+}
+
+// The surrogate that `text` begins with, or 0 where it begins with none.
+std::uint32_t surrogateAt(const char* text) {
+    const bool is = byteAt(text, 0) == 0xED && byteAt(text, 1) >= 0xA0 && byteAt(text, 1) <= 0xBF &&
+                    byteAt(text, 2) >= 0x80 && byteAt(text, 2) <= 0xBF;
+    return is ? 0xD000U | tail(text, 1, 6) | tail(text, 2, 0) : 0;
+}
+
+bool isHigh(std::uint32_t surrogate) {
+    return surrogate >= HIGH_SURROGATES && surrogate < LOW_SURROGATES;
+}
+
+bool isLow(std::uint32_t surrogate) {
+    return surrogate >= LOW_SURROGATES;
+}
+
+bool holdsByte(std::uint32_t surrogate) {
+    return surrogate >= LOW_SURROGATES + 0x80 && surrogate <= LOW_SURROGATES + 0xFF;
+}
+
+// Appends what the surrogate at `text` stands for and returns how many bytes of `text` that took.
+int appendSurrogate(std::string& out, const char* text, std::uint32_t surrogate) {
+    const std::uint32_t next = surrogateAt(text + 3);
+    if (isHigh(surrogate) && isLow(next)) {
+        appendFourBytes(out,
+                        SUPPLEMENT + ((surrogate - HIGH_SURROGATES) << 10) + next - LOW_SURROGATES);
+        return 6;
+    }
+    out += holdsByte(surrogate) ? toByte(surrogate) : '?';
+    return 3;
+}
+
+} // namespace
+
+std::string toModifiedUtf8(const char* text) {
+    std::string out;
+    while (text && *text) {
+        const std::size_t length = utf8CharacterLength(text);
+        if (length == 0)
+            appendThreeBytes(out, LOW_SURROGATES + byteAt(text, 0));
+        else if (length == 4)
+            appendPair(out, text);
+        else
+            out.append(text, length);
+        text += length == 0 ? 1 : length;
+    }
+    return out;
+}
+
+// Everything but surrogates is the same in both forms; U+0000 stays C0 80, which cuts nothing.
+std::string fromModifiedUtf8(const char* text) {
+    std::string out;
+    while (text && *text) {
+        if (const std::uint32_t surrogate = surrogateAt(text))
+            text += appendSurrogate(out, text, surrogate);
+        else
+            out += *text++;
+    }
+    return out;
+}
+
+jstring newJavaString(JNIEnv* environment, const char* text) {
+    if (!environment || !text || environment->ExceptionCheck())
+        return nullptr;
+    return environment->NewStringUTF(toModifiedUtf8(text).c_str());
+}
+
+} // namespace platform

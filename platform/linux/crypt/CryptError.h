@@ -1,0 +1,27 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace platform {
+
+/// A failure of the cipher on its way to the caller's ErrorHandler; it never leaves this library.
+class CryptError : public std::runtime_error {
+public:
+    /// @param id    one of those that platform/Crypt.h lists
+    /// @param text  the cause and the next step; nothing secret
+    CryptError(const char* id, const std::string& text) : std::runtime_error(text), m_id(id) {}
+
+    const char* id() const noexcept { return m_id; }
+
+private:
+    const char* m_id;
+};
+
+[[noreturn]] inline void throwDamaged() {
+    throw CryptError("crypt.damaged",
+                     "this is not an enciphered text, or it has been damaged or cut "
+                     "short; encipher the secret again");
+}
+
+} // namespace platform

@@ -1,0 +1,94 @@
+#include "NewKeyFile.h"
+
+#include "Cipher.h"
+#include "CryptError.h"
+#include "Descriptor.h"
+#include "SecretBytes.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <openssl/rand.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace platform {
+namespace {
+
+[[noreturn]] void fail(const std::string& path) {
+    throw CryptError("crypt.key-folder", "key file " + path +
+                                             " cannot be made: " + std::strerror(errno) +
+                                             "; make its folder writable for this user, or set "
+                                             "PLATFORM_KEY_FILE to another place");
+}
+
+std::string folderOf(const std::string& path) {
+    const auto slash = path.rfind('/');
+    return slash == std::string::npos ? "." : path.substr(0, slash + 1);
+}
+
+void makeFolders(const std::string& path) {
+    for (auto end = path.find('/', 1); end != std::string::npos; end = path.find('/', end + 1)) {
+        const std::string folder = path.substr(0, end);
+        if (mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST)
+            fail(path);
+    }
+}
+
+/// A file under a name that nobody else uses, removed with the object.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const std::string& beside)
+        : m_path(beside + ".XXXXXX"), m_file(mkostemp(m_path.data(), O_CLOEXEC)) {}
+    ~TemporaryFile() {
+        if (m_file.isOpen())
+            unlink(m_path.c_str());
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    bool fill(const SecretBytes& bytes) {
+        return m_file.isOpen() && fchmod(m_file.get(), S_IRUSR | S_IWUSR) == 0 &&
+               write(m_file.get(), bytes.data(), bytes.size()) ==
+                   static_cast<ssize_t>(bytes.size()) &&
+               fsync(m_file.get()) == 0;
+    }
+
+    // A link, not a rename: it never replaces what is there.
+    bool publish(const std::string& path) {
+        return link(m_path.c_str(), path.c_str()) == 0 || errno == EEXIST;
+    }
+
+private:
+    std::string m_path;
+    Descriptor m_file;
+};
+
+SecretBytes randomKey() {
+    SecretBytes key(KEY_BYTES);
+    if (RAND_priv_bytes(key.data(), static_cast<int>(key.size())) != 1)
+        throw CryptError("crypt.cipher",
+                         "the cipher library gave no random bytes; check libcrypto");
+    return key;
+}
+
+// A key that a power failure takes away makes everything enciphered with it worthless.
+void syncFolder(const std::string& path) {
+    const Descriptor folder(open(folderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.isOpen())
+        fsync(folder.get());
+}
+
+} // namespace
+
+void makeKeyFile(const std::string& path) {
+    makeFolders(path);
+    const SecretBytes key = randomKey();
+    TemporaryFile file(path);
+    if (!file.fill(key) || !file.publish(path))
+        fail(path);
+    syncFolder(path);
+}
+
+} // namespace platform

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <openssl/crypto.h>
+#include <vector>
+
+namespace platform {
+
+/// Bytes that are wiped from memory when they are no longer needed. Their number is fixed, so that
+/// no copy is left behind by growing.
+class SecretBytes {
+public:
+    explicit SecretBytes(std::size_t size) : m_bytes(size) {}
+    ~SecretBytes() { OPENSSL_cleanse(m_bytes.data(), m_bytes.size()); }
+
+    SecretBytes(SecretBytes&&) = default;
+    SecretBytes& operator=(SecretBytes&&) = delete;
+    SecretBytes(const SecretBytes&) = delete;
+    SecretBytes& operator=(const SecretBytes&) = delete;
+
+    unsigned char* data() noexcept { return m_bytes.data(); }
+    const unsigned char* data() const noexcept { return m_bytes.data(); }
+    std::size_t size() const noexcept { return m_bytes.size(); }
+
+private:
+    std::vector<unsigned char> m_bytes;
+};
+
+} // namespace platform

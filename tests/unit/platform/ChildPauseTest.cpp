@@ -1,0 +1,209 @@
+#include "platform/ChildPause.h"
+
+#include "platform/PlatformUtil.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <cstddef>
+#include <fstream>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <string>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+constexpr int HOUR = 3600 * 1000;
+constexpr int EXIT_STATUS = 7;
+
+/// A child that ends with EXIT_STATUS when told, and is reaped with the object.
+class Child {
+public:
+    Child() {
+        if (pipe(m_pipe) != 0)
+            return;
+        m_id = fork();
+        if (m_id == 0) {
+            close(m_pipe[1]);
+            char byte = 0;
+            static_cast<void>(!read(m_pipe[0], &byte, 1));
+            _exit(EXIT_STATUS);
+        }
+    }
+    ~Child() {
+        tellToEnd();
+        close(m_pipe[0]);
+        close(m_pipe[1]);
+        if (m_id != -1) {
+            EXPECT_EQ(reap(), EXIT_STATUS) << "a pause takes no exit status";
+        }
+    }
+    Child(const Child&) = delete;
+    Child& operator=(const Child&) = delete;
+
+    int id() const { return m_id; }
+
+    void tellToEnd() { static_cast<void>(!write(m_pipe[1], "x", 1)); }
+
+    // Returns when the child has ended; it can still be reaped.
+    void end() {
+        tellToEnd();
+        siginfo_t info{};
+        ASSERT_EQ(waitid(P_PID, static_cast<id_t>(m_id), &info, WEXITED | WNOWAIT), 0);
+    }
+
+    int reap() {
+        int status = 0;
+        const bool reaped = waitpid(m_id, &status, 0) == m_id;
+        m_id = -1;
+        return reaped && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+private:
+    int m_pipe[2] = {-1, -1};
+    int m_id = -1;
+};
+
+char stateOf(int threadId) {
+    std::ifstream file("/proc/self/task/" + std::to_string(threadId) + "/stat");
+    std::string text;
+    std::getline(file, text);
+    const auto name = text.rfind(')');
+    return name != std::string::npos && name + 2 < text.size() ? text[name + 2] : '?';
+}
+
+void awaitSleep(const std::atomic<int>& threadId) {
+    while (threadId == 0 || stateOf(threadId) != 'S')
+        std::this_thread::yield();
+}
+
+milliseconds lengthOf(ChildPause& pause, int asked) {
+    const auto start = steady_clock::now();
+    pause.pause(asked);
+    return std::chrono::floor<milliseconds>(steady_clock::now() - start);
+}
+
+bool systemTellsEnds(int processId) {
+#ifdef SYS_pidfd_open
+    const long watch = syscall(SYS_pidfd_open, processId, 0);
+    if (watch == -1)
+        return false;
+    close(static_cast<int>(watch));
+    return true;
+#else
+    static_cast<void>(processId);
+    return false;
+#endif
+}
+
+// Only the calling thread finds the system call missing.
+bool refuseToTellEnds() {
+#ifdef SYS_pidfd_open
+    sock_filter program[] = {
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_pidfd_open, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | ENOSYS),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    };
+    const sock_fprog filter{sizeof(program) / sizeof(program[0]), program};
+    return prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+           prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) == 0;
+#else
+    return true;
+#endif
+}
+
+class EarlyChildPause : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!systemTellsEnds(getpid()))
+            GTEST_SKIP() << "this system cannot tell that a child has ended";
+    }
+    Child child;
+};
+
+TEST_F(EarlyChildPause, EndsWithTheChild) {
+    ChildPause pause(child.id());
+    std::atomic<int> threadId{0};
+    std::thread sleeper([&] {
+        threadId = PlatformUtil::threadId();
+        pause.pause(HOUR);
+    });
+    awaitSleep(threadId);
+    child.tellToEnd();
+    sleeper.join();
+}
+
+TEST_F(EarlyChildPause, IsNoneWhereTheChildHasEndedBetween) {
+    ChildPause pause(child.id());
+    child.end();
+    pause.pause(HOUR);
+}
+
+TEST_F(EarlyChildPause, IsNoneWhereTheChildHadEndedBefore) {
+    child.end();
+    ChildPause pause(child.id());
+    pause.pause(HOUR);
+}
+
+TEST_F(EarlyChildPause, IsCutShortOnce) {
+    ChildPause pause(child.id());
+    child.end();
+    pause.pause(HOUR);
+    EXPECT_GE(lengthOf(pause, 30), milliseconds(30));
+}
+
+TEST_F(EarlyChildPause, IsNotCutShortByAnotherChild) {
+    Child other;
+    ChildPause pause(child.id());
+    other.end();
+    EXPECT_GE(lengthOf(pause, 30), milliseconds(30));
+}
+
+TEST_F(EarlyChildPause, LastsWhileTheChildRuns) {
+    ChildPause pause(child.id());
+    EXPECT_GE(lengthOf(pause, 30), milliseconds(30));
+    EXPECT_GE(lengthOf(pause, 30), milliseconds(30));
+    pause.pause(0);
+    pause.pause(-1);
+}
+
+TEST(ChildPause, IsPlainSleepWhereTheSystemCannotTell) {
+    Child child;
+    bool refused = false;
+    std::thread([&] {
+        refused = refuseToTellEnds();
+        if (!refused)
+            return;
+        EXPECT_FALSE(systemTellsEnds(child.id()));
+        ChildPause pause(child.id());
+        child.end();
+        EXPECT_GE(lengthOf(pause, 30), milliseconds(30));
+    }).join();
+    if (!refused)
+        GTEST_SKIP() << "no system call filter can be set here";
+}
+
+TEST(ChildPause, IsPlainSleepForWhatIsNoChild) {
+    int reaped = -1;
+    {
+        Child child;
+        reaped = child.id();
+    }
+    for (const int id : {reaped, 0, -1}) {
+        ChildPause pause(id);
+        EXPECT_GE(lengthOf(pause, 30), milliseconds(30)) << id;
+    }
+}
+
+} // namespace

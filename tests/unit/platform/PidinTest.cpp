@@ -1,0 +1,112 @@
+#include "platform/Spawn.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fcntl.h>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+#ifndef TEST_EMULATOR
+#define TEST_EMULATOR
+#endif
+
+struct Listing {
+    int status = -1;
+    std::vector<std::string> lines;
+};
+
+std::vector<std::string> linesOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(file, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+Listing pidin(const std::vector<const char*>& arguments) {
+    std::vector<const char*> command{"env", TEST_EMULATOR PIDIN};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    command.push_back(nullptr);
+    const int output = open("/tmp/list", O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    const int child = Spawn::start("/usr/bin/env", command.data(), output);
+    close(output);
+    int status = 0;
+    Listing listing;
+    if (waitpid(child, &status, 0) == child && WIFEXITED(status))
+        listing.status = WEXITSTATUS(status);
+    listing.lines = linesOf("/tmp/list");
+    return listing;
+}
+
+// The line of the process with this id, without the id; "" where there is none.
+std::string lineOf(const Listing& listing, int id) {
+    const std::string start = std::to_string(id) + " ";
+    for (const std::string& line : listing.lines) {
+        if (line.compare(0, start.size(), start) == 0)
+            return line.substr(start.size());
+    }
+    return "";
+}
+
+bool endsWith(const std::string& text, const std::string& end) {
+    return text.size() >= end.size() &&
+           text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+std::string ownArguments() {
+    std::ifstream file("/proc/self/cmdline", std::ios::binary);
+    std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    text.pop_back();
+    std::replace(text.begin(), text.end(), '\0', ' ');
+    return text;
+}
+
+TEST(Pidin, ListsThisVeryProcessWithItsArguments) {
+    const Listing listing = pidin({"-iwlan0", "arg"});
+    EXPECT_EQ(listing.status, 0);
+    const std::string own = ownArguments();
+    EXPECT_FALSE(own.empty());
+    EXPECT_TRUE(endsWith(lineOf(listing, getpid()), own)) << lineOf(listing, getpid());
+}
+
+TEST(Pidin, NeedsNoArguments) {
+    const Listing listing = pidin({});
+    EXPECT_EQ(listing.status, 0);
+    EXPECT_NE(lineOf(listing, getpid()), "");
+}
+
+TEST(Pidin, KeepsAProcessOnOneLine) {
+    int gate[2];
+    ASSERT_EQ(pipe(gate), 0);
+    const char* const arguments[] = {"cat", "-", "two\nlines", "\n9999999 forged", nullptr};
+    const int kept = dup(STDIN_FILENO);
+    dup2(gate[0], STDIN_FILENO);
+    const int output = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    const int child = Spawn::start("/bin/cat", arguments, output);
+    dup2(kept, STDIN_FILENO);
+    const Listing listing = pidin({"arg"});
+    for (const int descriptor : {gate[0], gate[1], kept, output})
+        close(descriptor);
+    waitpid(child, nullptr, 0);
+    EXPECT_EQ(lineOf(listing, child), "cat - two lines  9999999 forged");
+    EXPECT_EQ(lineOf(listing, 9999999), "");
+}
+
+TEST(Pidin, RefusesWhatItDoesNotKnow) {
+    for (const char* argument : {"-x", "--help", "args", ""}) {
+        const Listing listing = pidin({argument});
+        EXPECT_EQ(listing.status, 2) << argument;
+        ASSERT_EQ(listing.lines.size(), 1u);
+        EXPECT_EQ(listing.lines[0], "usage: pidin [-iINTERFACE] [arg]");
+    }
+}
+
+} // namespace

@@ -1,0 +1,236 @@
+#include "platform/Spawn.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+constexpr const char* OUTPUT = "/tmp/output";
+
+struct Finished {
+    int status = -1; ///< exit status, or -1 where the child did not start or did not exit
+    std::string output;
+};
+
+std::vector<const char*> pointersTo(const std::vector<std::string>& arguments) {
+    std::vector<const char*> pointers;
+    for (const std::string& argument : arguments)
+        pointers.push_back(argument.c_str());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+}
+
+int openOutput() {
+    return open(OUTPUT, O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+}
+
+Finished finish(int child) {
+    Finished finished;
+    int status = 0;
+    if (child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status))
+        finished.status = WEXITSTATUS(status);
+    finished.output = contentOf(OUTPUT);
+    return finished;
+}
+
+Finished run(const std::string& path, const std::vector<std::string>& arguments) {
+    const int output = openOutput();
+    const int child = Spawn::start(path.c_str(), pointersTo(arguments).data(), output);
+    close(output);
+    return finish(child);
+}
+
+TEST(Spawn, GivesTheChildNoOtherDescriptor) {
+    const int low = open("/dev/null", O_RDONLY);
+    const int high = dup2(low, 700);
+    ASSERT_EQ(high, 700);
+    const Finished ls = run("/bin/ls", {"ls", "/proc/self/fd"});
+    EXPECT_EQ(ls.output, "0\n1\n2\n3\n") << "3 is the folder that ls lists";
+    close(low);
+    close(high);
+}
+
+TEST(Spawn, StartsWithoutStandardInput) {
+    const int kept = dup(STDIN_FILENO);
+    const int output = openOutput();
+    close(STDIN_FILENO);
+    const int child = Spawn::start("/bin/ls", pointersTo({"ls", "/proc/self/fd"}).data(), output);
+    if (kept != -1) {
+        dup2(kept, STDIN_FILENO);
+        close(kept);
+    }
+    close(output);
+    EXPECT_EQ(finish(child).output, "0\n1\n2\n") << "0 is the folder that ls lists";
+}
+
+TEST(Spawn, PassesStandardInputOn) {
+    std::ofstream("/tmp/input") << "from the parent";
+    const int kept = dup(STDIN_FILENO);
+    const int input = open("/tmp/input", O_RDONLY | O_CLOEXEC);
+    dup2(input, STDIN_FILENO);
+    fcntl(STDIN_FILENO, F_SETFD, FD_CLOEXEC);
+    const Finished cat = run("/bin/cat", {"cat"});
+    dup2(kept, STDIN_FILENO);
+    close(kept);
+    close(input);
+    EXPECT_EQ(cat.output, "from the parent");
+}
+
+struct SignalState {
+    unsigned long long blocked = ~0ULL;
+    unsigned long long ignored = ~0ULL;
+};
+
+// One bit a signal, from signal 1 on.
+SignalState signalsOfAChild() {
+    const Finished grep = run("/bin/grep", {"grep", "-E", "Sig(Blk|Ign)", "/proc/self/status"});
+    SignalState state;
+    std::istringstream lines(grep.output);
+    std::string name;
+    lines >> name >> std::hex >> state.blocked >> name >> state.ignored;
+    return state;
+}
+
+// Runs on a thread of its own, whose mask nobody else needs.
+TEST(Spawn, ClearsTheSignalMaskAndTheIgnoredSignals) {
+    constexpr unsigned long long C_LIBRARY = 3ULL << 31; // 32 and 33: its own, for threads only
+    struct sigaction ignore {};
+    struct sigaction before {};
+    ignore.sa_handler = SIG_IGN;
+    sigaction(SIGPIPE, &ignore, &before);
+    std::thread([] {
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_SETMASK, &all, nullptr);
+        const SignalState child = signalsOfAChild();
+        EXPECT_EQ(child.blocked, 0u);
+        EXPECT_EQ(child.ignored & ~C_LIBRARY, 0u);
+    }).join();
+    sigaction(SIGPIPE, &before, nullptr);
+}
+
+TEST(Spawn, PassesTheEnvironmentOn) {
+    setenv("SPAWN_TEST_WORD", "two words", 1);
+    const Finished child = run("/bin/sh", {"sh", "-c", "echo \"$SPAWN_TEST_WORD\""});
+    unsetenv("SPAWN_TEST_WORD");
+    EXPECT_EQ(child.output, "two words\n");
+}
+
+TEST(Spawn, PassesArgumentsUnchanged) {
+    const std::vector<std::string> arguments{
+        "printf", "[%s]", "a b", "", "it's", "\"q\" \\", "two\nlines", "$HOME; ls * &", "\xFF\x01"};
+    EXPECT_EQ(run("/usr/bin/printf", arguments).output,
+              "[a b][][it's][\"q\" \\][two\nlines][$HOME; ls * &][\xFF\x01]");
+}
+
+TEST(Spawn, LeavesTheNameOfTheProgramAsGiven) {
+    const Finished cat = run("/bin/cat", {"any name", "/proc/self/cmdline"});
+    EXPECT_EQ(cat.output, std::string("any name\0/proc/self/cmdline\0", 28));
+}
+
+TEST(Spawn, SendsBothOutputsToOneDescriptor) {
+    const Finished child =
+        run("/bin/sh", {"sh", "-c", "echo one; echo two >&2; echo three; exit 7"});
+    EXPECT_EQ(child.output, "one\ntwo\nthree\n");
+    EXPECT_EQ(child.status, 7);
+}
+
+TEST(Spawn, TakesAStandardDescriptorForOutput) {
+    const int kept = dup(STDERR_FILENO);
+    const int file = openOutput();
+    dup2(file, STDERR_FILENO);
+    const std::vector<std::string> arguments{"sh", "-c", "echo out; echo err >&2"};
+    const int child = Spawn::start("/bin/sh", pointersTo(arguments).data(), STDERR_FILENO);
+    dup2(kept, STDERR_FILENO);
+    close(kept);
+    close(file);
+    EXPECT_EQ(finish(child).output, "out\nerr\n");
+}
+
+void expectFailure(int expectedError, const char* path, const char* const arguments[], int output) {
+    errno = 0;
+    EXPECT_EQ(Spawn::start(path, arguments, output), -1);
+    EXPECT_EQ(errno, expectedError);
+    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "there is no child";
+    EXPECT_EQ(errno, ECHILD);
+}
+
+TEST(Spawn, TellsWhyItFailed) {
+    const char* const arguments[] = {"program", nullptr};
+    std::ofstream("/tmp/plain") << "not a program";
+    const int output = openOutput();
+    expectFailure(ENOENT, "/no/such/program", arguments, output);
+    expectFailure(ENOENT, "", arguments, output);
+    expectFailure(EACCES, "/tmp/plain", arguments, output);
+    expectFailure(EINVAL, nullptr, arguments, output);
+    expectFailure(EINVAL, "/bin/true", nullptr, output);
+    expectFailure(EBADF, "/bin/true", arguments, -1);
+    expectFailure(EBADF, "/bin/true", arguments, 900);
+    close(output);
+}
+
+class SpawnFromTheBootImage : public testing::Test {
+protected:
+    void SetUp() override {
+        if (access("/proc/boot", F_OK) == 0)
+            GTEST_SKIP() << "this system has a boot image of its own";
+    }
+    void TearDown() override { unsetenv("PLATFORM_BOOT_DIR"); }
+
+    // Tells its own path: a script's interpreter gets it.
+    static void putProgram(const std::string& name) {
+        std::filesystem::create_directories("/tmp/boot");
+        std::ofstream("/tmp/boot/" + name) << "#!/bin/sh\necho \"$0 $*\"\n";
+        std::filesystem::permissions("/tmp/boot/" + name, std::filesystem::perms::owner_all);
+    }
+};
+
+TEST_F(SpawnFromTheBootImage, TakesTheFolderOfTheEnvironment) {
+    putProgram("wpa_cli");
+    setenv("PLATFORM_BOOT_DIR", "/tmp/boot", 1);
+    const Finished child = run("/proc/boot/wpa_cli", {"/proc/boot/wpa_cli", "-iwlan0", "status"});
+    EXPECT_EQ(child.output, "/tmp/boot/wpa_cli -iwlan0 status\n");
+}
+
+TEST_F(SpawnFromTheBootImage, LooksNowhereElseWhereTheEnvironmentNamesAFolder) {
+    std::filesystem::create_directories("/tmp/empty");
+    setenv("PLATFORM_BOOT_DIR", "/tmp/empty", 1);
+    const char* const arguments[] = {"pidin", nullptr};
+    expectFailure(ENOENT, "/proc/boot/pidin", arguments, STDOUT_FILENO);
+}
+
+TEST_F(SpawnFromTheBootImage, LeavesOtherPathsAlone) {
+    putProgram("true");
+    setenv("PLATFORM_BOOT_DIR", "/tmp/boot", 1);
+    EXPECT_EQ(run("/bin/true", {"true"}).output, "");
+}
+
+// pidin lists itself, with the name that it was given.
+TEST_F(SpawnFromTheBootImage, FallsBackToTheFolderBesideTheLibrary) {
+#ifdef TEST_EMULATOR
+    GTEST_SKIP() << "the system cannot start this build's programs without the emulator";
+#endif
+    const Finished pidin = run("/proc/boot/pidin", {"/proc/boot/pidin", "-iwlan0", "arg"});
+    EXPECT_EQ(pidin.status, 0);
+    EXPECT_NE(pidin.output.find(" /proc/boot/pidin -iwlan0 arg\n"), std::string::npos);
+}
+
+} // namespace
