@@ -10,9 +10,10 @@ LOG_DIR=$SOURCE_DIR/build/logs
 
 step() { printf '==> %s\n' "$*"; }
 
+# The status is 1, or FAIL_STATUS in a program whose statuses tell failures apart.
 fail() {
     printf '%s: %s\n' "$(basename "$0")" "$*" >&2
-    exit 1
+    exit "${FAIL_STATUS:-1}"
 }
 
 # run_logged NAME COMMAND...: runs quietly; on failure shows the end of the log and where the rest is.
