@@ -1,5 +1,5 @@
-# Packs the directory CLASSES with MANIFEST into the jar OUTPUT. A jar holds times and an order of its
-# files: both are fixed here, so that a rebuild gives the same bytes.
+# Packs the directory CLASSES with MANIFEST into the jar OUTPUT. A jar holds times and an order of
+# its files: both are fixed here, so that a rebuild gives the same bytes.
 configure_file(${MANIFEST} ${CLASSES}/META-INF/MANIFEST.MF COPYONLY)
 file(GLOB_RECURSE files RELATIVE ${CLASSES} ${CLASSES}/*.class)
 list(SORT files)

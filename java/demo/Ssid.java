@@ -29,7 +29,7 @@ final class Ssid {
         this.bytes = bytes;
     }
 
-    /** From the client's notation, which has {@code \xNN} for a byte and {@code \n} and the like. */
+    /** From the client's notation, with {@code \xNN} for a byte, {@code \n} and the like. */
     static Ssid fromClient(String text) {
         ByteArrayOutputStream bytes = new ByteArrayOutputStream();
         Matcher piece = PIECE.matcher(text);

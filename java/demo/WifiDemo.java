@@ -46,8 +46,7 @@ public final class WifiDemo {
     /**
      * The program without its exit.
      *
-     * @return 0 when access points were shown, 1 without supplicant or anything to show, 2 for wrong
-     *     usage
+     * @return 0 access points were shown, 1 no supplicant or nothing to show, 2 wrong usage
      */
     static int run(String[] arguments, PrintStream out, PrintStream err) {
         if (arguments.length > 1 || (arguments.length == 1 && !isInterface(arguments[0]))) {
