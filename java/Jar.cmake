@@ -1,0 +1,32 @@
+# platwifi_jar(TARGET OUTPUT jar SOURCES source... [JARS jar...] [MANIFEST line...]): compiles and
+# packs one jar, again only when a source or a jar it compiles against has changed. The same sources
+# give the same bytes. A jar to compile against is a file or another such TARGET; the target's
+# property JAR_FILE tells its jar.
+find_program(JAVAC javac REQUIRED)
+find_program(JAR jar REQUIRED)
+set(PACK_JAR ${CMAKE_CURRENT_LIST_DIR}/PackJar.cmake CACHE INTERNAL "Packs compiled classes")
+
+function(platwifi_jar target)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "OUTPUT" "SOURCES;JARS;MANIFEST")
+  list(TRANSFORM arg_SOURCES PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+  set(classes ${CMAKE_CURRENT_BINARY_DIR}/${target}.classes)
+
+  set(manifest ${CMAKE_CURRENT_BINARY_DIR}/${target}.manifest)
+  list(PREPEND arg_MANIFEST "Manifest-Version: 1.0")
+  list(JOIN arg_MANIFEST "\n" lines)
+  file(CONFIGURE OUTPUT ${manifest} CONTENT "${lines}\n" @ONLY)
+
+  set(jars ${arg_JARS})
+  list(TRANSFORM jars REPLACE "^([^/]+)$" "$<TARGET_PROPERTY:\\1,JAR_FILE>")
+
+  add_custom_command(OUTPUT ${arg_OUTPUT}
+    COMMAND ${CMAKE_COMMAND} -E rm -rf ${classes}
+    COMMAND ${JAVAC} --release 11 -encoding UTF-8 -proc:none -Xlint:all -Werror -g
+      -d ${classes} -cp "$<JOIN:${jars},:>" ${arg_SOURCES}
+    COMMAND ${CMAKE_COMMAND} -D JAR=${JAR} -D CLASSES=${classes} -D MANIFEST=${manifest}
+      -D OUTPUT=${arg_OUTPUT} -P ${PACK_JAR}
+    DEPENDS ${arg_SOURCES} ${arg_JARS} ${jars} ${manifest} ${PACK_JAR}
+    COMMENT "Building ${arg_OUTPUT}" VERBATIM)
+  add_custom_target(${target} ALL DEPENDS ${arg_OUTPUT})
+  set_target_properties(${target} PROPERTIES JAR_FILE ${arg_OUTPUT})
+endfunction()

@@ -1,0 +1,314 @@
+package com.quorvel.platwifi;
+
+/**
+ * The host's Wi-Fi: adapters, networks in range and the networks that are configured.
+ *
+ * <p>All work is done by the wpa_supplicant of the host; this class reaches it through the native
+ * library platwifi, which is loaded with the class. The system property {@code platwifi.library}
+ * may name its file; otherwise the directories of {@code java.library.path} are searched. Without
+ * the library the first use ends in an {@link UnsatisfiedLinkError} that says where it was looked
+ * for.
+ *
+ * <h2>How to call</h2>
+ *
+ * <p>{@code iface} is the name of an adapter, such as {@code wlan0}, of at most 13 characters.
+ * {@code ssid} names one network of the configured ones, exactly as written there. Every method may
+ * be called from any thread. Failures are results, never exceptions: {@code false}, 0 or
+ * {@code null}, also where there is no such network or nothing is configured. Only methods that
+ * handle secrets throw, a {@link RuntimeException} when a text cannot be enciphered or deciphered.
+ *
+ * <p>The first method that needs the configured networks reads all of them, which may take seconds.
+ * Setters change memory only and say whether something changed: setting the same value again gives
+ * {@code false}. {@link #saveHostSettings0} writes the changes. A {@code null} text clears a field.
+ *
+ * <p>Text that is not UTF-8, such as the bytes of an old SSID, stays whole: a byte NN of no valid
+ * character is the lone surrogate U+DCNN.
+ *
+ * <p>Secrets cross this interface enciphered, WEP keys in plain.
+ *
+ * <h2>Codes</h2>
+ *
+ * <table>
+ * <caption>Flag sets: added up</caption>
+ * <tr><th>Set</th><th>Flags</th></tr>
+ * <tr><td>Protocol</td><td>WPA 0x1, RSN (WPA2) 0x2</td></tr>
+ * <tr><td>Key management</td><td>NONE 0x1, WPA_PSK 0x2, WPA_EAP 0x4, IEEE8021X 0x8,
+ *     WPA_NONE 0x10</td></tr>
+ * <tr><td>Pairwise cipher</td><td>NONE 0x1, TKIP 0x2, CCMP 0x4</td></tr>
+ * <tr><td>Group cipher</td><td>TKIP 0x2, CCMP 0x4, WEP104 0x8, WEP40 0x10</td></tr>
+ * <tr><td>EAP method</td><td>TLS 0x1, PEAP 0x2, TTLS 0x4, MD5 0x8, LEAP 0x10, MSCHAPV2 0x20,
+ *     GTC 0x40, OTP 0x80, PSK 0x100, PAX 0x200, FAST 0x400</td></tr>
+ * </table>
+ *
+ * <table>
+ * <caption>Enumerations: one value</caption>
+ * <tr><th>Name</th><th>Values</th></tr>
+ * <tr><td>Authentication algorithm</td><td>unknown 0, open 1, shared 2, LEAP 3,
+ *     automatic 4</td></tr>
+ * <tr><td>Network mode</td><td>managed 0, ad hoc 1, unknown 2</td></tr>
+ * <tr><td>Network status</td><td>unknown 0, enabled 1, connected 3, connecting 4,
+ *     disabled 5</td></tr>
+ * <tr><td>Supplicant state</td><td>unknown 0, disconnected 1, idle 2, scanning 3, associating 4,
+ *     associated 5, 4-way handshake 6, group handshake 7, completed (connected) 8</td></tr>
+ * </table>
+ *
+ * <h2>setSsid0</h2>
+ *
+ * <p>The library exports {@code setSsid0} under a C++ name that the virtual machine does not look
+ * for. Unless native code registers it, a call throws {@link UnsatisfiedLinkError}.
+ */
+public final class BWifiPlatformService {
+    static {
+        NativeLibrary.load();
+    }
+
+    private BWifiPlatformService() {}
+
+    // The host and its adapters.
+
+    /**
+     * Whether the supplicant runs: for {@code iface}, whether the process list shows it; for
+     * {@code null}, whether its pid file /var/run/wpa_supplicant.pid exists.
+     */
+    public static native boolean isWifiEnabled0(String iface);
+
+    /** Names of the adapters that the supplicant serves, two at most; null on failure. */
+    public static native String[] getWifiAdapters0();
+
+    /** Supplicant state, one of the codes above. */
+    public static native int getDaemonStatus0(String iface);
+
+    /**
+     * Scans and lists the access points in range, 32 lines at most, as the supplicant's client
+     * prints them: {@code bssid \t frequency \t signal \t flags \t ssid}, frequency in MHz. Blocks
+     * for one to sixteen seconds.
+     *
+     * @return a line an access point (of more than 127 bytes: continued in the next element), none
+     *     when nothing is in range; null when the supplicant does not answer or there is no iface
+     */
+    public static native String[] discoverNetworks0(String iface);
+
+    /** Does nothing; always true. */
+    public static native boolean hashCACertificates0();
+
+    // The configured networks as a whole.
+
+    /** SSIDs of the configured networks, 32 at most; null on failure. */
+    public static native String[] getNetworkDatabaseSsids0(String iface);
+
+    /** SSID of the network that the supplicant uses or tries to use; null when there is none. */
+    public static native String getCurrentNetwork0(String iface);
+
+    /** Adds a network to the supplicant and to the list; false when the SSID is there already. */
+    public static native boolean addNetwork0(String iface, String ssid);
+
+    /** Removes a network from the supplicant and the list; true also when there was none. */
+    public static native boolean removeNetwork0(String iface, String ssid);
+
+    /** Starts to connect. Whether it succeeds is told by {@link #getNetworkStatus0}. */
+    public static native boolean connectToNetwork0(String iface, String ssid);
+
+    /** Disconnects; true also when there is no such network. */
+    public static native boolean disconnectFromNetwork0(String iface, String ssid);
+
+    /** Enables every configured network again and lets the supplicant choose among them. */
+    public static native boolean roamNetworks0(String iface);
+
+    /** Writes all changes to the supplicant's configuration and has other processes reload it. */
+    public static native boolean saveHostSettings0();
+
+    /** Forgets everything read and not saved; the next call reads anew. Always true. */
+    public static native boolean unloadWifiSettings0();
+
+    // What is known of one network.
+
+    /** Authentication algorithm, one of the codes above. */
+    public static native int getAuthentication0(String iface, String ssid);
+
+    /** Whether the access point announces the SSID; false for a hidden network. */
+    public static native boolean getSsidBroadcasted0(String iface, String ssid);
+
+    /** EAP methods, a flag set. */
+    public static native int getEAPMethod0(String iface, String ssid);
+
+    /** Security protocols, a flag set. */
+    public static native int getProtocol0(String iface, String ssid);
+
+    /** Key management, a flag set. */
+    public static native int getKeyManagement0(String iface, String ssid);
+
+    /** Priority; the supplicant prefers the network with the highest. */
+    public static native int getPriority0(String iface, String ssid);
+
+    /** Network mode, one of the codes above; 0 (managed) also without the network. */
+    public static native int getNetworkMode0(String iface, String ssid);
+
+    /** Channel of the 2.4 GHz band, 1 to 11; 6 where the access point uses any other. */
+    public static native int getChannel0(String iface, String ssid);
+
+    /** Signal strength in percent, 0 to 100, as of the last scan or refresh. */
+    public static native int getStrength0(String iface, String ssid);
+
+    /** Index of the WEP key that is used to send, 0 to 3. */
+    public static native int getWepIndex0(String iface, String ssid);
+
+    /** Pairwise and group ciphers, one flag set of both. The name is spelled so. */
+    public static native int getSupportedEncrytptionMethods0(String iface, String ssid);
+
+    /** Network status, one of the codes above, asked of the supplicant at most every 5 s. */
+    public static native int getNetworkStatus0(String iface, String ssid);
+
+    /** BSSID: MAC address of the access point. */
+    public static native String getBssid0(String iface, String ssid);
+
+    /** EAP identity. */
+    public static native String getEAPIdentity0(String iface, String ssid);
+
+    /** The EAP identity, as {@link #getEAPIdentity0} gives it, not the anonymous one. */
+    public static native String getEAPAnonymousIdentity0(String iface, String ssid);
+
+    /** EAP phase 1 parameters. */
+    public static native String getTunnelPhase10(String iface, String ssid);
+
+    /** EAP phase 2 parameters. */
+    public static native String getTunnelPhase20(String iface, String ssid);
+
+    /** CA certificate file, phase 1. */
+    public static native String getCACertificate0(String iface, String ssid);
+
+    /** Directory of CA certificates, phase 1. */
+    public static native String getCACertificateDir0(String iface, String ssid);
+
+    /** Client certificate file, phase 1. */
+    public static native String getClientCertificate0(String iface, String ssid);
+
+    /** Private key file, phase 1. */
+    public static native String getPrivateKeyFile0(String iface, String ssid);
+
+    /** CA certificate file, phase 2. */
+    public static native String getCACertificate20(String iface, String ssid);
+
+    /** Directory of CA certificates, phase 2. */
+    public static native String getCACertificateDir20(String iface, String ssid);
+
+    /** Client certificate file, phase 2. */
+    public static native String getClientCertificate20(String iface, String ssid);
+
+    /** Private key file, phase 2. */
+    public static native String getPrivateKeyFile20(String iface, String ssid);
+
+    /** The four WEP keys in plain; "" where one is not set, four times "" without the network. */
+    public static native String[] getWepKeys0(String iface, String ssid);
+
+    // Secrets of one network, enciphered; null also where the key could not be enciphered.
+
+    /** WPA pre-shared key, enciphered. */
+    public static native String getPreSharedKey0(String iface, String ssid);
+
+    /** EAP password, enciphered. */
+    public static native String getEAPPassword0(String iface, String ssid);
+
+    /** Password of the private key file, phase 1, enciphered. */
+    public static native String getPrivateKeyPassword0(String iface, String ssid);
+
+    /** Password of the private key file, phase 2, enciphered. */
+    public static native String getPrivateKeyPassword20(String iface, String ssid);
+
+    // Changes to one network, in memory until saveHostSettings0.
+
+    /** New SSID. Not bound by name: see the note on {@code setSsid0} above. */
+    public static native boolean setSsid0(String iface, String ssid, String value);
+
+    /** MAC address of the only access point to use. */
+    public static native boolean setPreferredBssid0(String iface, String ssid, String value);
+
+    /** EAP identity. */
+    public static native boolean setEAPIdentity0(String iface, String ssid, String value);
+
+    /** EAP identity that is sent outside the tunnel. */
+    public static native boolean setEAPAnonymousIdentity0(String iface, String ssid, String value);
+
+    /** EAP phase 1 parameters. */
+    public static native boolean setTunnelPhase10(String iface, String ssid, String value);
+
+    /** EAP phase 2 parameters. */
+    public static native boolean setTunnelPhase20(String iface, String ssid, String value);
+
+    /** CA certificate file, phase 1. */
+    public static native boolean setCACertificate0(String iface, String ssid, String value);
+
+    /** Directory of CA certificates, phase 1. */
+    public static native boolean setCACertificateDir0(String iface, String ssid, String value);
+
+    /** Client certificate file, phase 1. */
+    public static native boolean setClientCertificate0(String iface, String ssid, String value);
+
+    /** Private key file, phase 1. */
+    public static native boolean setPrivateKeyFile0(String iface, String ssid, String value);
+
+    /** CA certificate file, phase 2. */
+    public static native boolean setCACertificate20(String iface, String ssid, String value);
+
+    /** Directory of CA certificates, phase 2. */
+    public static native boolean setCACertificateDir20(String iface, String ssid, String value);
+
+    /** Client certificate file, phase 2. */
+    public static native boolean setClientCertificate20(String iface, String ssid, String value);
+
+    /** Private key file, phase 2. */
+    public static native boolean setPrivateKeyFile20(String iface, String ssid, String value);
+
+    /** Authentication algorithm, one of the codes above. */
+    public static native boolean setAuthentication0(String iface, String ssid, int value);
+
+    /** Key management, a flag set. */
+    public static native boolean setKeyManagement0(String iface, String ssid, int value);
+
+    /** Security protocols, a flag set. */
+    public static native boolean setProtocol0(String iface, String ssid, int value);
+
+    /** EAP methods, a flag set. */
+    public static native boolean setEAPMethod0(String iface, String ssid, int value);
+
+    /** Network status in memory, one of the codes above; never saved. */
+    public static native boolean setNetworkStatus0(String iface, String ssid, int value);
+
+    /** Signal strength in percent in memory; never saved. */
+    public static native boolean setSignalStrength0(String iface, String ssid, int value);
+
+    /** Priority, of which the low 8 bits are kept: 300 becomes 44. */
+    public static native boolean setPriority0(String iface, String ssid, int value);
+
+    /** Network mode, one of the codes above; the low 8 bits are kept. */
+    public static native boolean setNetworkMode0(String iface, String ssid, int value);
+
+    /** Index of the WEP key to send with, 0 to 3. True whenever there are settings. */
+    public static native boolean setWepIndex0(String iface, String ssid, int value);
+
+    /** Whether the access point announces the SSID. */
+    public static native boolean setSsidBroadcasted0(String iface, String ssid, boolean value);
+
+    /**
+     * Ciphers. A group cipher alone (8, 16) leaves the pairwise ciphers as they are, 1 leaves the
+     * group ciphers as they are, 6 stands for CCMP pairwise with TKIP for the group; any other
+     * value sets both. False when what it sets first was the same already.
+     */
+    public static native boolean setEncryption0(String iface, String ssid, int value);
+
+    /** WEP key of an index (0 to 3), in plain. True whenever there are settings. */
+    public static native boolean setWepKey0(String iface, String ssid, int index, String value);
+
+    // Changes to the secrets of one network: enciphered text, or "" to clear.
+
+    /** WPA pre-shared key, enciphered. */
+    public static native boolean setPreSharedKey0(String iface, String ssid, String value);
+
+    /** EAP password, enciphered. */
+    public static native boolean setEAPPassword0(String iface, String ssid, String value);
+
+    /** Password of the private key file, phase 1, enciphered. */
+    public static native boolean setPrivateKeyPassword0(String iface, String ssid, String value);
+
+    /** Password of the private key file, phase 2, enciphered. */
+    public static native boolean setPrivateKeyPassword20(String iface, String ssid, String value);
+}

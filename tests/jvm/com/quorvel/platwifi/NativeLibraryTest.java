@@ -1,0 +1,89 @@
+package com.quorvel.platwifi;
+
+import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertTrue;
+
+import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.io.TempDir;
+
+import java.io.IOException;
+import java.nio.charset.StandardCharsets;
+import java.nio.file.Files;
+import java.nio.file.Path;
+import java.util.ArrayList;
+import java.util.List;
+
+class NativeLibraryTest {
+    private static final Path LIBRARY = Path.of(System.getProperty("platwifi.library"));
+    private static final int ELF_MACHINE = 18;
+    private static final String ADVICE = "Start Java with -Dplatwifi.library=FILE (the full path of"
+            + " libplatwifi.so) or with -Djava.library.path=DIRECTORY that holds it.";
+
+    @TempDir
+    Path directory;
+
+    @Test
+    void isFoundByItsFullPath() throws Exception {
+        assertEquals("called: true\n", probe("-Dplatwifi.library=" + LIBRARY));
+    }
+
+    @Test
+    void isFoundInADirectoryOfTheLibraryPath() throws Exception {
+        assertEquals("called: true\n",
+                probe("-Djava.library.path=" + directory + ":" + LIBRARY.getParent()));
+    }
+
+    @Test
+    void aWrongFullPathIsNamed() throws Exception {
+        assertExplained(probe("-Dplatwifi.library=/nowhere/libplatwifi.so"),
+                "Looked for: /nowhere/libplatwifi.so (no such file), as platwifi.library says. ");
+    }
+
+    @Test
+    void theFullPathComesBeforeTheLibraryPath() throws Exception {
+        assertExplained(
+                probe("-Dplatwifi.library=/nowhere", "-Djava.library.path=" + LIBRARY.getParent()),
+                "Looked for: /nowhere (no such file), as platwifi.library says. ");
+    }
+
+    @Test
+    void everyDirectoryOfTheLibraryPathIsNamed() throws Exception {
+        assertExplained(probe("-Djava.library.path=/nowhere:/else:"),
+                "Looked for: /nowhere/libplatwifi.so (no such file), /else/libplatwifi.so"
+                        + " (no such file), ./libplatwifi.so (no such file). ");
+    }
+
+    @Test
+    void anEmptyLibraryPathIsNamed() throws Exception {
+        assertExplained(probe("-Djava.library.path="),
+                "Looked for: nowhere, java.library.path is empty. ");
+    }
+
+    @Test
+    void aLibraryOfAnotherMachineIsToldFromAMissingOne() throws Exception {
+        byte[] library = Files.readAllBytes(LIBRARY);
+        library[ELF_MACHINE] ^= 0x55;
+        Files.write(directory.resolve("libplatwifi.so"), library);
+        assertExplained(probe("-Djava.library.path=" + directory),
+                "Looked for: " + directory + "/libplatwifi.so (there). ");
+    }
+
+    private static void assertExplained(String output, String places) {
+        assertTrue(output.startsWith(
+                "java.lang.UnsatisfiedLinkError: cannot load the Wi-Fi library: "), output);
+        assertTrue(output.endsWith(places + ADVICE + "\n"), output);
+    }
+
+    private String probe(String... options) throws IOException, InterruptedException {
+        List<String> command = new ArrayList<>();
+        command.add(Path.of(System.getProperty("java.home"), "bin", "java").toString());
+        command.addAll(List.of("-Xcheck:jni", "-cp", System.getProperty("java.class.path")));
+        command.addAll(List.of(options));
+        command.add(NativeLibraryProbe.class.getName());
+        Process child = new ProcessBuilder(command)
+                .directory(directory.toFile()).redirectErrorStream(true).start();
+        String output = new String(child.getInputStream().readAllBytes(), StandardCharsets.UTF_8);
+        assertEquals(0, child.waitFor(), output);
+        return output;
+    }
+}

@@ -1,0 +1,131 @@
+package com.quorvel.platwifi;
+
+import java.io.ByteArrayOutputStream;
+import java.io.IOException;
+import java.io.UncheckedIOException;
+import java.nio.charset.StandardCharsets;
+import java.nio.file.Files;
+import java.nio.file.Path;
+import java.nio.file.StandardCopyOption;
+import java.util.ArrayList;
+import java.util.List;
+import java.util.stream.Collectors;
+import java.util.stream.Stream;
+
+/**
+ * The program that stands in for the supplicant's client and for the process lister: says what it
+ * is to answer and tells how it was called. Rules come in order, each followed by its answer;
+ * {@link #play} makes them valid and forgets the calls so far.
+ */
+public final class StandIn {
+    public static final String HEADER = "bssid / frequency / signal level / flags / ssid\n";
+
+    private static final Path FOLDER = Path.of(System.getenv("PLATFORM_BOOT_DIR"));
+    private static final Path SCRIPT = FOLDER.resolve("script");
+    private static final Path CALLS = FOLDER.resolve("calls");
+
+    private final List<String> lines = new ArrayList<>();
+
+    /** Begins a rule for calls with exactly these arguments; "*" alone is any other call. */
+    public StandIn when(String... arguments) {
+        return line("when", arguments);
+    }
+
+    public StandIn print(String text) {
+        return print(text.getBytes(StandardCharsets.UTF_8));
+    }
+
+    public StandIn print(byte[] text) {
+        lines.add("print\t" + escaped(text));
+        return this;
+    }
+
+    public StandIn exit(int status) {
+        return line("exit", Integer.toString(status));
+    }
+
+    /** What follows answers the next call; the last answer repeats. */
+    public StandIn then() {
+        return line("then");
+    }
+
+    /** Rules for a scan on wlan0 that works and gives these bytes after the header. */
+    public StandIn scan(byte[] results) {
+        return idle().scanWorks().when("-iwlan0", "scan_results").print(HEADER).print(results);
+    }
+
+    public StandIn scan(String... results) {
+        String text = Stream.of(results).map(line -> line + "\n").collect(Collectors.joining());
+        return scan(text.getBytes(StandardCharsets.UTF_8));
+    }
+
+    public StandIn idle() {
+        return when("-iwlan0", "status").print("wpa_state=INACTIVE\n");
+    }
+
+    public StandIn scanWorks() {
+        return when("-iwlan0", "scan").print("OK\n");
+    }
+
+    /** A rule for the process lister. */
+    public StandIn processes(String list) {
+        return when("-iwlan0", "arg").print(list);
+    }
+
+    public void play() {
+        try {
+            Path written = Files.write(FOLDER.resolve("script.new"), lines);
+            Files.deleteIfExists(CALLS);
+            Files.move(written, SCRIPT, StandardCopyOption.ATOMIC_MOVE);
+        } catch (IOException e) {
+            throw new UncheckedIOException(e);
+        }
+    }
+
+    /**
+     * The calls since {@link #play}, each as its arguments joined by blanks. The question that the
+     * first call of a process asks the client is left out: which test comes first is left to JUnit.
+     */
+    public static List<String> calls() {
+        try {
+            if (!Files.exists(CALLS))
+                return List.of();
+            return Files.readAllLines(CALLS).stream()
+                    .map(line -> line.substring(line.indexOf('\t') + 1).replace('\t', ' '))
+                    .filter(arguments -> !arguments.equals("interface"))
+                    .collect(Collectors.toList());
+        } catch (IOException e) {
+            throw new UncheckedIOException(e);
+        }
+    }
+
+    /** Bytes of a text in which a lone surrogate U+DCNN stands for the byte NN. */
+    public static byte[] bytes(String text) {
+        ByteArrayOutputStream bytes = new ByteArrayOutputStream();
+        text.codePoints().forEach(character -> {
+            if (character >= 0xDC80 && character <= 0xDCFF)
+                bytes.write(character & 0xff);
+            else
+                bytes.writeBytes(Character.toString(character).getBytes(StandardCharsets.UTF_8));
+        });
+        return bytes.toByteArray();
+    }
+
+    private StandIn line(String word, String... values) {
+        lines.add(Stream.concat(Stream.of(word), Stream.of(values)
+                .map(value -> escaped(value.getBytes(StandardCharsets.UTF_8))))
+                .collect(Collectors.joining("\t")));
+        return this;
+    }
+
+    private static String escaped(byte[] text) {
+        StringBuilder escaped = new StringBuilder();
+        for (byte one : text) {
+            if (one < ' ' || one > '~' || one == '\\')
+                escaped.append(String.format("\\x%02X", one));
+            else
+                escaped.append((char) one);
+        }
+        return escaped.toString();
+    }
+}

@@ -1,0 +1,52 @@
+package demo;
+
+import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertThrows;
+import static org.junit.jupiter.api.Assertions.assertTrue;
+
+import org.junit.jupiter.api.Test;
+
+import java.io.ByteArrayOutputStream;
+import java.io.PrintStream;
+import java.nio.charset.StandardCharsets;
+import java.util.concurrent.CountDownLatch;
+
+class ProgressTest {
+    private final CountDownLatch dots = new CountDownLatch(2);
+    private final ByteArrayOutputStream bytes = new ByteArrayOutputStream() {
+        @Override
+        public synchronized void write(byte[] text, int start, int length) {
+            super.write(text, start, length);
+            if (new String(text, start, length, StandardCharsets.UTF_8).equals("."))
+                dots.countDown();
+        }
+    };
+    private final PrintStream out = new PrintStream(bytes, true, StandardCharsets.UTF_8);
+
+    @Test
+    void aDotFollowsTheOtherWhileTheWorkGoesOn() {
+        assertEquals("done", Progress.during(out, "Scanning", this::workUntilTwoDotsAreOut));
+        assertTrue(printed().matches("Scanning \\.{2,}\n"), printed());
+    }
+
+    @Test
+    void workThatFailsEndsTheLineToo() {
+        assertThrows(IllegalStateException.class, () -> Progress.during(out, "Scanning", () -> {
+            throw new IllegalStateException();
+        }));
+        assertTrue(printed().endsWith("\n"), printed());
+    }
+
+    private String workUntilTwoDotsAreOut() {
+        try {
+            dots.await();
+        } catch (InterruptedException e) {
+            Thread.currentThread().interrupt();
+        }
+        return "done";
+    }
+
+    private String printed() {
+        return bytes.toString(StandardCharsets.UTF_8);
+    }
+}
