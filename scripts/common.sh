@@ -3,7 +3,7 @@
 
 set -euo pipefail
 
-SOURCE_DIR=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+SOURCE_DIR=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 BUILD_DIR=$SOURCE_DIR/build/release
 PACKAGE_LIST=$SOURCE_DIR/scripts/packages.txt
 LOG_DIR=$SOURCE_DIR/build/logs
