@@ -3,7 +3,8 @@
 
 set -euo pipefail
 
-SOURCE_DIR=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+SOURCE_DIR=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
+# shellcheck disable=SC2034 # for the programs that source this
 BUILD_DIR=$SOURCE_DIR/build/release
 PACKAGE_LIST=$SOURCE_DIR/scripts/packages.txt
 LOG_DIR=$SOURCE_DIR/build/logs

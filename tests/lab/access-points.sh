@@ -63,6 +63,6 @@ start_access_points() {
         add_to_table "wlan$radio" "$ssid" "$channel" "$kind" "$flags" || return
         conf+=("/run/lab/wlan$radio.conf")
     done < <(access_point_rows)
-    hostapd -B -P /run/lab/hostapd.pid -f "$LAB_OUT/hostapd.log" "${conf[@]}" >/dev/null &&
+    hostapd -B -t -P /run/lab/hostapd.pid -f "$LAB_OUT/hostapd.log" "${conf[@]}" >/dev/null &&
         wait_for 20 access_points_ready
 }

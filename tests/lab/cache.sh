@@ -1,7 +1,8 @@
 # What the lab makes once and keeps: each thing is a folder, complete or not there at all.
 # shellcheck shell=bash
 
-LAB_CACHE=${PLATWIFI_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/platwifi}/lab
+LAB_CACHE=${XDG_CACHE_HOME:-${HOME:-$SOURCE_DIR}/.cache}/platwifi
+LAB_CACHE=$(realpath -m "${PLATWIFI_CACHE:-$LAB_CACHE}/lab")
 
 # cache_folder NAME INPUT...: sets REPLY to the folder whose name changes with the inputs.
 cache_folder() {

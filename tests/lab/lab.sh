@@ -49,7 +49,7 @@ supplicant_answers() { [ "$(client ping 2>/dev/null)" = PONG ]; }
 # start_supplicant [CONF]: on wlan0; LAB_SUPPLICANT_CONF, the usual one, stands ready for that.
 start_supplicant() {
     local conf=${1:-$LAB_SUPPLICANT_CONF}
-    wpa_supplicant -B -Dnl80211 -iwlan0 -c "$conf" -P "$LAB_SUPPLICANT_PID" \
+    wpa_supplicant -B -t -Dnl80211 -iwlan0 -c "$conf" -P "$LAB_SUPPLICANT_PID" \
         -f "$LAB_SUPPLICANT_LOG" >/dev/null && wait_for 20 supplicant_answers
 }
 
