@@ -9,8 +9,8 @@ apt_option=()
 use_own_package_list() {
     local state=$1/apt
     mkdir -p "$state/lists/partial" "$state/cache/archives/partial"
-    apt_option=(-o "Dir::State=$state" -o "Dir::State::status=/var/lib/dpkg/status"
-        -o "Dir::Cache=$state/cache")
+    apt_option=(-o "Dir::State=$state" -o "Dir::State::lists=$state/lists"
+        -o "Dir::State::status=/var/lib/dpkg/status" -o "Dir::Cache=$state/cache")
     apt-get "${apt_option[@]}" update >"$1/apt.log" 2>&1
 }
 
@@ -27,7 +27,7 @@ kernel_packages() {
     printf '%s\n' "$image"
     # Where the modules are not in the image, simulated radios are in the package of extra modules.
     apt-cache "${apt_option[@]}" pkgnames linux-modules |
-        grep -xE "linux-modules(-extra)?-${version//./\\.}" || true
+        grep -xF -e "linux-modules-$version" -e "linux-modules-extra-$version" || true
 }
 
 download_kernel() {
