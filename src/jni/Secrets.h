@@ -8,13 +8,13 @@
 
 namespace platwifi {
 
-/// A secret on its way to Java: the enciphered text of `plain`. Null for null, and where it cannot be
-/// enciphered; why is then reported into `errors`.
+/// A secret on its way to Java: the enciphered text of `plain`. Null for null, and where it cannot
+/// be enciphered; why is then reported into `errors`.
 jstring newEncipheredString(JNIEnv* environment, ErrorHandler* errors, const char* plain);
 
-/// A secret on its way from Java: hands the deciphered text to `set`, which tells whether it took it.
-/// Null and "", which clear a field, are handed on as they are. What does not decipher is reported
-/// into `errors`, and `set` is not called.
+/// A secret on its way from Java: hands the deciphered text to `set`, which tells whether it took
+/// it. Null and "", which clear a field, are handed on as they are. What does not decipher is
+/// reported into `errors`, and `set` is not called.
 template <typename Setter>
 bool setDeciphered(ErrorHandler* errors, const char* value, const Setter& set) {
     if (!value || value[0] == '\0')

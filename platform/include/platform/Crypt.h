@@ -42,11 +42,10 @@
 class PLATFORM_API Crypt {
 public:
     /// How many bytes encrypt() takes at most: plenty for a secret.
-    static constexpr std::size_t MAXIMUM_LENGTH = 1024 * 1024;
+    static constexpr std::size_t MAXIMUM_LENGTH = std::size_t{1} << 20U;
 
     /// @param plain  any NUL-terminated bytes, also none; the enciphered text is printable ASCII
-    /// and differs
-    ///               at each call
+    ///               and differs at each call
     static int encrypt(ErrorHandler* errors, const char* plain, char** result) noexcept;
 
     /// @param enciphered  a text that encrypt() made with the same key; anything else fails

@@ -41,10 +41,11 @@ bool isOtherVersion(std::string_view text) {
 
 Bytes decodeBody(std::string_view text) {
     Bytes body;
-    if (!startsWith(text, PREFIX) && isOtherVersion(text))
+    if (!startsWith(text, PREFIX) && isOtherVersion(text)) {
         throw CryptError("crypt.other-version",
                          "the text was enciphered by another version of this "
                          "program; encipher the secret again with this one");
+    }
     if (!startsWith(text, PREFIX) || text.size() > LONGEST_TEXT ||
         !fromBase64(text.substr(PREFIX.size()), body) || body.size() < KEY_NAME_BYTES)
         throwDamaged();
@@ -52,11 +53,12 @@ Bytes decodeBody(std::string_view text) {
 }
 
 void checkKeyName(const Bytes& body, const std::string& name) {
-    if (std::memcmp(body.data(), name.data(), KEY_NAME_BYTES) != 0)
+    if (std::memcmp(body.data(), name.data(), KEY_NAME_BYTES) != 0) {
         throw CryptError("crypt.wrong-key",
                          "the text was enciphered with another key, or its "
                          "beginning is damaged; restore that key file, or encipher "
                          "the secret again");
+    }
 }
 
 std::string boundTo(const std::string& keyName) {

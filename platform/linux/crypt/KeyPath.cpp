@@ -19,7 +19,7 @@ bool isAbsolute(const std::string& path) {
 } // namespace
 
 std::string keyPath(uid_t user) {
-    const std::string file = variable("PLATFORM_KEY_FILE");
+    std::string file = variable("PLATFORM_KEY_FILE");
     if (!file.empty())
         return file;
     if (user == 0)

@@ -5,8 +5,7 @@
 #include <string>
 #include <vector>
 
-/// The text form of the stand-in's script and of its record of calls: fields separated by tabs,
-/// with
+/// The text form of the stand-in's script and of its record of calls: fields separated by tabs, with
 /// \\, \n, \t and \xNN for what would be in the way.
 namespace standin {
 

@@ -106,9 +106,9 @@ TEST(NativeFrame, LetsAnExceptionThroughWithEverythingReleased) {
     const auto throwing = [](ErrorHandler*, const char*, const char*) -> int {
         throw std::runtime_error("below");
     };
-    EXPECT_THROW(callNative(java.environment(), throwing, java.javaString("wlan0"),
-                            java.javaString("home")),
-                 std::runtime_error);
+    EXPECT_THROW(
+        callNative(java.environment(), throwing, java.javaString("wlan0"), java.javaString("home")),
+        std::runtime_error);
     EXPECT_EQ(java.heldCharacters(), 0U);
     EXPECT_FALSE(java.pendingException());
 }

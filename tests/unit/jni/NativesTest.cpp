@@ -41,8 +41,8 @@ protected:
     }
 
     jobjectArray discoverNetworks(jstring iface) {
-        return Java_com_quorvel_platwifi_BWifiPlatformService_discoverNetworks0(
-            java.environment(), nullptr, iface);
+        return Java_com_quorvel_platwifi_BWifiPlatformService_discoverNetworks0(java.environment(),
+                                                                                nullptr, iface);
     }
 
     FakeJni java;
@@ -65,8 +65,8 @@ TEST_F(Natives, AskAboutTheDefaultInterfaceForNull) {
 }
 
 TEST_F(Natives, HashCertificates) {
-    EXPECT_EQ(Java_com_quorvel_platwifi_BWifiPlatformService_hashCACertificates0(
-                  java.environment(), nullptr),
+    EXPECT_EQ(Java_com_quorvel_platwifi_BWifiPlatformService_hashCACertificates0(java.environment(),
+                                                                                 nullptr),
               JNI_TRUE);
 }
 
@@ -82,15 +82,15 @@ protected:
 
 TEST_F(NativeDiscovery, ScansAndListsWhatWasFound) {
     answer("02:00:00:00:01:00\t2412\t-30\t[WPA2-PSK-CCMP][ESS]\tlab\nsecond\n");
-    EXPECT_EQ(java.elementsOf(discoverNetworks(java.javaString("wlan0"))),
-              (FakeJni::Elements{"02:00:00:00:01:00\t2412\t-30\t[WPA2-PSK-CCMP][ESS]\tlab",
-                                 "second"}));
+    EXPECT_EQ(
+        java.elementsOf(discoverNetworks(java.javaString("wlan0"))),
+        (FakeJni::Elements{"02:00:00:00:01:00\t2412\t-30\t[WPA2-PSK-CCMP][ESS]\tlab", "second"}));
     const std::string client = "/proc/boot/wpa_cli";
-    EXPECT_THAT(standIn.calls(), ElementsAre(Arguments{client, "interface"},
-                                             Arguments{client, "-iwlan0", "status"},
-                                             Arguments{client, "-iwlan0", "scan"},
-                                             Arguments{client, "-iwlan0", "status"},
-                                             Arguments{client, "-iwlan0", "scan_results"}));
+    EXPECT_THAT(standIn.calls(),
+                ElementsAre(Arguments{client, "interface"}, Arguments{client, "-iwlan0", "status"},
+                            Arguments{client, "-iwlan0", "scan"},
+                            Arguments{client, "-iwlan0", "status"},
+                            Arguments{client, "-iwlan0", "scan_results"}));
 }
 
 TEST_F(NativeDiscovery, GivesAnEmptyArrayWhenNothingIsInRange) {

@@ -31,8 +31,7 @@ protected:
 
 TEST_F(Secrets, ReachJavaEncipheredOnly) {
     JavaExceptionHandler errors(java.environment());
-    jstring const given =
-        newEncipheredString(java.environment(), &errors, "correct horse battery");
+    jstring const given = newEncipheredString(java.environment(), &errors, "correct horse battery");
     ASSERT_NE(given, nullptr);
     const std::string enciphered = java.textOf(given);
     EXPECT_EQ(enciphered.find("correct"), std::string::npos);
