@@ -7,6 +7,10 @@
 #include <unistd.h>
 #include <vector>
 
+#ifndef TEST_EMULATOR
+#define TEST_EMULATOR
+#endif
+
 namespace test {
 namespace {
 
@@ -27,7 +31,7 @@ void enterPrivateWorld(char* arguments[]) {
     std::vector<const char*> command{"unshare", "--mount"};
     if (geteuid() != 0)
         command.insert(command.end(), {"--user", "--map-root-user"});
-    command.insert(command.end(), {"sh", "-c", SET_UP});
+    command.insert(command.end(), {"sh", "-c", SET_UP, TEST_EMULATOR});
     // By its real path: under /proc/self/exe the shell would find itself.
     std::vector<char> self(4096, '\0');
     if (readlink("/proc/self/exe", self.data(), self.size() - 1) > 0)
