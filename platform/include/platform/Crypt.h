@@ -16,8 +16,8 @@
 /// which key was used, the 12 random bytes of the nonce, the ciphertext, the 16 bytes of the tag.
 /// Everything in front of the nonce is authenticated too.
 ///
-/// The key is a file of 32 random bytes of the calling user, closed to everybody else. It is read at
-/// each call, so that a replaced key counts at once. Its path is, first match:
+/// The key is a file of 32 random bytes of the calling user, closed to everybody else. It is read
+/// at each call, so that a replaced key counts at once. Its path is, first match:
 ///  1. the environment variable PLATFORM_KEY_FILE, where it is set and not empty,
 ///  2. /var/lib/platform/crypt.key for root,
 ///  3. $XDG_STATE_HOME/platform/crypt.key, where that variable holds an absolute path,
@@ -44,7 +44,8 @@ public:
     /// How many bytes encrypt() takes at most: plenty for a secret.
     static constexpr std::size_t MAXIMUM_LENGTH = 1024 * 1024;
 
-    /// @param plain  any NUL-terminated bytes, also none; the enciphered text is printable ASCII and differs
+    /// @param plain  any NUL-terminated bytes, also none; the enciphered text is printable ASCII
+    /// and differs
     ///               at each call
     static int encrypt(ErrorHandler* errors, const char* plain, char** result) noexcept;
 

@@ -19,7 +19,8 @@ public:
     JNIString(const JNIString&) = delete;
     JNIString& operator=(const JNIString&) = delete;
 
-    /// The object's own copy. Null for a null string or environment, where the virtual machine could
-    /// not give the characters, and where an exception was pending, which forbids to ask for them.
+    /// The object's own copy. Null for a null string or environment, where the virtual machine
+    /// could not give the characters, and where an exception was pending, which forbids to ask for
+    /// them.
     const char* text() const noexcept { return m_text; }
 };
