@@ -8,6 +8,10 @@
 #include <unistd.h>
 #include <vector>
 
+#ifndef TEST_EMULATOR
+#define TEST_EMULATOR
+#endif
+
 namespace test {
 namespace {
 
@@ -21,7 +25,7 @@ void enterPrivateWorld(char* arguments[]) {
         return;
     char self[PATH_MAX] = "";
     static_cast<void>(!readlink("/proc/self/exe", self, sizeof(self) - 1));
-    std::vector<const char*> command{PRIVATE_WORLD_SCRIPT, self};
+    std::vector<const char*> command{PRIVATE_WORLD_SCRIPT, TEST_EMULATOR self};
     for (char** argument = arguments + 1; *argument; ++argument)
         command.push_back(*argument);
     command.push_back(nullptr);

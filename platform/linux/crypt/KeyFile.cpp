@@ -30,7 +30,7 @@ std::optional<Descriptor> openKeyFile(const std::string& path) {
         fail("crypt.key-type", path, "is a symbolic link; put the file itself there");
     fail("crypt.key-unreadable", path,
          std::string("cannot be opened: ") + std::strerror(errno) +
-             "; give this user access to it");
+             "; check the path and this user's access to it");
 }
 
 void checkKeyFile(const struct stat& file, const std::string& path) {

@@ -12,11 +12,11 @@
 #include <unistd.h>
 #include <vector>
 
-namespace {
-
 #ifndef TEST_EMULATOR
 #define TEST_EMULATOR
 #endif
+
+namespace {
 
 struct Listing {
     int status = -1;

@@ -90,7 +90,6 @@ TEST(FakeJni, KeepsAnArrayElementWhoseReferenceIsDeleted) {
 
 class FakeJniDeathTest : public testing::Test {
 protected:
-    FakeJniDeathTest() { testing::FLAGS_gtest_death_test_style = "threadsafe"; }
     FakeJni jni;
     JNIEnv* java = jni.environment();
 };
