@@ -8,7 +8,9 @@ quoted() { printf "'%s'" "${1//\'/\'\\\'\'}"; }
 # variables NAME=VALUE...: as a shell reads them.
 variables() {
     local assignment
-    for assignment in "$@"; do printf '%s=%s\n' "${assignment%%=*}" "$(quoted "${assignment#*=}")"; done
+    for assignment in "$@"; do
+        printf '%s=%s\n' "${assignment%%=*}" "$(quoted "${assignment#*=}")"
+    done
 }
 
 # The environment of a job, and its arguments.
@@ -33,7 +35,8 @@ share() {
 # Hardware virtualisation stays off: where it is half there, a stock kernel hangs in it.
 run_emulator() {
     local shares
-    mapfile -t shares < <(share root / readonly=on,multidevs=remap; share out "$out" multidevs=remap)
+    mapfile -t shares < <(share root / readonly=on,multidevs=remap &&
+        share out "$out" multidevs=remap)
     exec timeout --kill-after=5 "$timeout" qemu-system-x86_64 \
         -accel tcg,thread=multi,tb-size=512 -cpu max -M q35 -m 2048 -smp 1 \
         -nodefaults -no-user-config -display none -monitor none -no-reboot \
