@@ -30,7 +30,8 @@ security_of() {
 # The built-in authentication server offers these methods, and these inside the tunnel.
 write_eap_users() {
     lines '* PEAP,TTLS,TLS' \
-        "\"$LAB_IDENTITY\" MSCHAPV2,TTLS-MSCHAPV2,TTLS-PAP \"$LAB_PASSWORD\" [2]" >/run/lab/eap-users
+        "\"$LAB_IDENTITY\" MSCHAPV2,TTLS-MSCHAPV2,TTLS-PAP \"$LAB_PASSWORD\" [2]" \
+        >/run/lab/eap-users
 }
 
 access_point_rows() { grep -v '^#' "$SOURCE_DIR/tests/lab/access-points"; }

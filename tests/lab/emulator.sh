@@ -1,0 +1,61 @@
+# Runs the guest for scripts/lab, which sets: name, job, arguments, timeout, out, out_lock, kernel,
+# initramfs, certificates.
+# shellcheck shell=bash
+# shellcheck disable=SC2154
+
+quoted() { printf "'%s'" "${1//\'/\'\\\'\'}"; }
+
+# variables NAME=VALUE...: as a shell reads them.
+variables() {
+    local assignment
+    for assignment in "$@"; do
+        printf '%s=%s\n' "${assignment%%=*}" "$(quoted "${assignment#*=}")"
+    done
+}
+
+# The environment of a job, and its arguments.
+write_boot_env() {
+    local argument
+    variables "SOURCE_DIR=$SOURCE_DIR" "BUILD_DIR=$BUILD_DIR" "LAB_OUT=$out" "LAB_JOB=$job" \
+        "LAB_CERTIFICATES=$certificates" LAB_AP_TABLE=/run/lab/access-points \
+        "LAB_RADIOS=$(($(grep -vc '^#' "$LAB_DIR/access-points") + 1))" \
+        PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin \
+        HOME=/tmp/home "JAVA_HOME=${JAVA_HOME:-}" LC_ALL=C.UTF-8
+    printf 'set --'
+    for argument in "${arguments[@]}"; do printf ' %s' "$(quoted "$argument")"; done
+    printf '\n'
+}
+
+# share NAME FOLDER OPTION: a comma separates options, so the emulator wants two in a path.
+share() {
+    printf '%s\n' -fsdev "local,id=$1,path=${2//,/,,},security_model=none,$3" \
+        -device "virtio-9p-pci,fsdev=$1,mount_tag=$1"
+}
+
+# Hardware virtualisation stays off: where it is half there, a stock kernel hangs in it.
+run_emulator() {
+    local shares
+    mapfile -t shares < <(share root / readonly=on,multidevs=remap &&
+        share out "$out" multidevs=remap)
+    exec timeout --kill-after=5 "$timeout" qemu-system-x86_64 \
+        -accel tcg,thread=multi,tb-size=512 -cpu max -M q35 -m 2048 -smp 1 \
+        -nodefaults -no-user-config -display none -monitor none -no-reboot \
+        -serial "file:$out/console.log" -kernel "$kernel/vmlinux" -initrd "$initramfs/initramfs" \
+        -append 'console=ttyS0 quiet panic=-1 oops=panic' \
+        -device isa-debug-exit,iobase=0xf4,iosize=0x04 "${shares[@]}" \
+        </dev/null >"$out/emulator.log" 2>&1
+}
+
+# Sets REPLY to the emulator's exit status; the job's output is shown as it comes.
+boot() {
+    local emulator
+    step "$name: starting a virtual machine with simulated radios" >&2
+    run_emulator &
+    emulator=$!
+    # shellcheck disable=SC2064 # the number is known now
+    trap "kill $emulator 2>/dev/null; wait $emulator || true" EXIT
+    tail --pid="$emulator" -s 0.1 -n +1 -f "$out/output" {out_lock}>&-
+    REPLY=0
+    wait "$emulator" || REPLY=$?
+    trap - EXIT
+}
