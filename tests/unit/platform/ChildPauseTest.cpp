@@ -1,19 +1,14 @@
 #include "platform/ChildPause.h"
 
 #include "platform/PlatformUtil.h"
+#include "support/ChildEnds.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <cerrno>
 #include <chrono>
-#include <cstddef>
 #include <fstream>
-#include <linux/filter.h>
-#include <linux/seccomp.h>
 #include <string>
-#include <sys/prctl.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -93,40 +88,10 @@ milliseconds lengthOf(ChildPause& pause, int asked) {
     return std::chrono::floor<milliseconds>(steady_clock::now() - start);
 }
 
-bool systemTellsEnds(int processId) {
-#ifdef SYS_pidfd_open
-    const long watch = syscall(SYS_pidfd_open, processId, 0);
-    if (watch == -1)
-        return false;
-    close(static_cast<int>(watch));
-    return true;
-#else
-    static_cast<void>(processId);
-    return false;
-#endif
-}
-
-// Only the calling thread finds the system call missing.
-bool refuseToTellEnds() {
-#ifdef SYS_pidfd_open
-    sock_filter program[] = {
-        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
-        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_pidfd_open, 0, 1),
-        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | ENOSYS),
-        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
-    };
-    const sock_fprog filter{sizeof(program) / sizeof(program[0]), program};
-    return prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
-           prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) == 0;
-#else
-    return true;
-#endif
-}
-
 class EarlyChildPause : public testing::Test {
 protected:
     void SetUp() override {
-        if (!systemTellsEnds(getpid()))
+        if (!test::systemTellsEnds())
             GTEST_SKIP() << "this system cannot tell that a child has ended";
     }
     Child child;
@@ -182,10 +147,10 @@ TEST(ChildPause, IsPlainSleepWhereTheSystemCannotTell) {
     Child child;
     bool refused = false;
     std::thread([&] {
-        refused = refuseToTellEnds();
+        refused = test::refuseToTellEnds();
         if (!refused)
             return;
-        EXPECT_FALSE(systemTellsEnds(child.id()));
+        EXPECT_FALSE(test::systemTellsEnds());
         ChildPause pause(child.id());
         child.end();
         EXPECT_GE(lengthOf(pause, 30), milliseconds(30));

@@ -1,0 +1,47 @@
+#include "support/ChildEnds.h"
+
+#include <cerrno>
+#include <cstddef>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace test {
+
+#ifdef SYS_pidfd_open
+
+bool systemTellsEnds() {
+    const long watch = syscall(SYS_pidfd_open, getpid(), 0);
+    if (watch == -1)
+        return false;
+    close(static_cast<int>(watch));
+    return true;
+}
+
+bool refuseToTellEnds() {
+    sock_filter program[] = {
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_pidfd_open, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | ENOSYS),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    };
+    const sock_fprog filter{sizeof(program) / sizeof(program[0]), program};
+    return prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+           prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) == 0;
+}
+
+#else
+
+bool systemTellsEnds() {
+    return false;
+}
+
+bool refuseToTellEnds() {
+    return true;
+}
+
+#endif
+
+} // namespace test
