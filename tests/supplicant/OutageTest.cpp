@@ -1,0 +1,102 @@
+// A supplicant that is gone, or stands still.
+
+#include "SupplicantTest.h"
+
+#include <functional>
+
+using test::Leftovers;
+using test::openNetworks;
+using test::WLAN;
+using testing::HasSubstr;
+
+namespace {
+
+bool isAnswered(WifiUtil& util,
+                bool (WifiUtil::*query)(const char*, char**, unsigned char, unsigned char*)) {
+    platwifi::ReplyLines lines(16);
+    return (util.*query)(WLAN, lines.data(), lines.capacity(), &lines.count);
+}
+
+struct Operation {
+    const char* name;
+    std::function<bool(WifiUtil&)> run;
+};
+
+const Operation OPERATIONS[] = {
+    {"getWifiAdapters",
+     [](WifiUtil& util) {
+         platwifi::ReplyLines lines(2);
+         return util.getWifiAdapters(lines.data(), lines.capacity(), &lines.count);
+     }},
+    {"getNetworkDatabaseSsids",
+     [](WifiUtil& util) { return isAnswered(util, &WifiUtil::getNetworkDatabaseSsids); }},
+    {"discoverNetworks",
+     [](WifiUtil& util) { return isAnswered(util, &WifiUtil::discoverNetworks); }},
+    {"getCurrentNetworkStatus",
+     [](WifiUtil& util) { return isAnswered(util, &WifiUtil::getCurrentNetworkStatus); }},
+    {"scanNetworks", [](WifiUtil& util) { return util.scanNetworks(WLAN); }},
+    {"createNetwork",
+     [](WifiUtil& util) {
+         unsigned char id = 0;
+         return util.createNetwork(WLAN, "work", &id);
+     }},
+    {"setNetworkValue",
+     [](WifiUtil& util) { return util.setNetworkValue(WLAN, 0, "psk", "12345678"); }},
+    {"getNetworkValue",
+     [](WifiUtil& util) {
+         char value[64];
+         return util.getNetworkValue(WLAN, 0, "ssid", value, sizeof(value));
+     }},
+    {"connectToNetwork", [](WifiUtil& util) { return util.connectToNetwork(WLAN, 0); }},
+    {"disconnectFromNetwork", [](WifiUtil& util) { return util.disconnectFromNetwork(WLAN, 0); }},
+    {"removeNetwork", [](WifiUtil& util) { return util.removeNetwork(WLAN, 0); }},
+    {"saveConfiguration", [](WifiUtil& util) { return util.saveConfiguration(WLAN); }},
+    {"reloadConfiguration", [](WifiUtil& util) { return util.reloadConfiguration(WLAN); }},
+    {"forceReassociation", [](WifiUtil& util) { return util.forceReassociation(WLAN); }},
+    {"executeCustom",
+     [](WifiUtil& util) { return util.executeCustom(WLAN, 0, "enable_network", nullptr); }},
+};
+
+class Outage : public test::SupplicantTest, public testing::WithParamInterface<Operation> {
+protected:
+    Outage() { supplicant.start(openNetworks({"home"})); }
+
+    bool run() { return GetParam().run(util()); }
+
+    void expectFailureWithoutTrace() {
+        const Leftovers before = Leftovers::now();
+        EXPECT_FALSE(run());
+        EXPECT_TRUE(Leftovers::now() == before);
+    }
+};
+
+TEST_P(Outage, LetsItFailUntilTheSupplicantIsBack) {
+    supplicant.stop();
+    expectFailureWithoutTrace();
+    supplicant.startAgain();
+    EXPECT_TRUE(run());
+    supplicant.crash();
+    expectFailureWithoutTrace();
+}
+
+INSTANTIATE_TEST_SUITE_P(Supplicant, Outage, testing::ValuesIn(OPERATIONS),
+                         [](const auto& operation) { return operation.param.name; });
+
+class StandStill : public test::SupplicantTest {};
+
+TEST_F(StandStill, EndsTheClientsPatienceUntilTheSupplicantGoesOn) {
+    supplicant.start(openNetworks({"home"}));
+    supplicant.awaitStatus("wpa_state=COMPLETED");
+    EXPECT_EQ(list(&WifiUtil::getCurrentNetworkStatus), supplicant.ask("status"));
+    const Leftovers before = Leftovers::now();
+    supplicant.suspend();
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(isAnswered(util(), &WifiUtil::getCurrentNetworkStatus));
+    EXPECT_THAT(testing::internal::GetCapturedStderr(),
+                HasSubstr("command: status -> patience exhausted, killing: "));
+    EXPECT_TRUE(Leftovers::now() == before);
+    supplicant.resume();
+    EXPECT_EQ(list(&WifiUtil::getCurrentNetworkStatus), supplicant.ask("status"));
+}
+
+} // namespace

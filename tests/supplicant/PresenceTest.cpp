@@ -1,0 +1,55 @@
+// Whether the supplicant runs, and what the library makes of the client's replies.
+
+#include "SupplicantTest.h"
+
+using test::openNetworks;
+using test::WLAN;
+using testing::ElementsAre;
+
+namespace {
+
+using Presence = test::SupplicantTest;
+
+TEST_F(Presence, IsToldByThePidFile) {
+    EXPECT_FALSE(util().isWifiEnabled(nullptr));
+    supplicant.start();
+    EXPECT_TRUE(util().isWifiEnabled(nullptr));
+    supplicant.stop();
+    EXPECT_FALSE(util().isWifiEnabled(nullptr));
+}
+
+TEST_F(Presence, IsToldByTheProcessList) {
+    EXPECT_FALSE(util().isWifiEnabled(WLAN));
+    supplicant.start();
+    EXPECT_TRUE(util().isWifiEnabled(WLAN));
+    supplicant.stop();
+    EXPECT_FALSE(util().isWifiEnabled(WLAN));
+}
+
+TEST_F(Presence, OfAnyInterfaceCountsInTheProcessList) {
+    supplicant.start();
+    EXPECT_TRUE(util().isWifiEnabled("wlan7"));
+}
+
+TEST_F(Presence, IsStillClaimedByThePidFileAfterACrash) {
+    supplicant.start();
+    supplicant.crash();
+    EXPECT_TRUE(util().isWifiEnabled(nullptr));
+    EXPECT_FALSE(util().isWifiEnabled(WLAN));
+}
+
+// A BSSID has the colons of a time of day: were stamps expected, it would lose its head.
+TEST_F(Presence, BringsRepliesWithoutStamps) {
+    supplicant.start(openNetworks({"home"}));
+    supplicant.awaitStatus("wpa_state=COMPLETED");
+    EXPECT_EQ(list(&WifiUtil::getCurrentNetworkStatus).at(0), "bssid=01:80:c2:00:00:03");
+}
+
+TEST_F(Presence, IsNotNeededByTheInstance) {
+    WifiUtil& instance = util();
+    supplicant.start(openNetworks({"home"}));
+    EXPECT_EQ(list(&WifiUtil::getNetworkDatabaseSsids).size(), 1U);
+    EXPECT_EQ(&util(), &instance);
+}
+
+} // namespace

@@ -1,0 +1,65 @@
+// A scan with the wired driver: it is accepted, takes no time and finds nothing.
+
+#include "SupplicantTest.h"
+
+using test::openNetworks;
+using test::resultFiles;
+using test::WLAN;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+namespace {
+
+constexpr const char* RESULT = "/tmp/wpa_cli_scan_result_";
+
+class Scan : public test::SupplicantTest {
+protected:
+    Scan() { removeResult(); }
+    ~Scan() override { removeResult(); }
+
+    static void removeResult() {
+        for (const std::string& file : resultFiles())
+            remove(file.c_str());
+    }
+
+    // What the client said to the scan.
+    static test::Lines answer() {
+        EXPECT_THAT(resultFiles(), ElementsAre(StartsWith(RESULT)));
+        return test::linesOfFile(resultFiles().at(0));
+    }
+};
+
+TEST_F(Scan, IsStartedWhileNothingIsConnected) {
+    supplicant.start();
+    EXPECT_TRUE(util().scanNetworks(WLAN));
+    EXPECT_THAT(answer(), ElementsAre("OK"));
+}
+
+TEST_F(Scan, IsStartedWhileConnected) {
+    supplicant.start(openNetworks({"home"}));
+    supplicant.awaitStatus("wpa_state=COMPLETED");
+    EXPECT_TRUE(util().scanNetworks(WLAN));
+    EXPECT_THAT(answer(), ElementsAre("OK"));
+}
+
+// The supplicant has no time for a scan while it waits for its partner.
+TEST_F(Scan, CountsAsDoneWhereTheSupplicantRefusesIt) {
+    supplicant.start("network={\n\tssid=\"home\"\n\tpsk=\"12345678\"\n}\n");
+    supplicant.awaitStatus("wpa_state=ASSOCIATED");
+    EXPECT_TRUE(util().scanNetworks(WLAN));
+    EXPECT_THAT(answer(), ElementsAre("FAIL-BUSY"));
+}
+
+TEST_F(Scan, FindsNothing) {
+    supplicant.start();
+    EXPECT_THAT(supplicant.ask("scan_results"), testing::SizeIs(1)) << "the header only";
+    EXPECT_THAT(list(&WifiUtil::discoverNetworks), IsEmpty());
+}
+
+TEST_F(Scan, FailsWithoutASupplicant) {
+    EXPECT_FALSE(util().scanNetworks(WLAN));
+    EXPECT_THAT(resultFiles(), IsEmpty());
+}
+
+} // namespace
