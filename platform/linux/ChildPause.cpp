@@ -43,24 +43,14 @@ int waitReadable(int descriptor, int milliseconds) noexcept {
 
 ChildPause::ChildPause(int processId) noexcept : m_watch(openProcessWatch(processId)) {}
 
-ChildPause::~ChildPause() {
-    stopWatching();
-}
-
 void ChildPause::pause(int milliseconds) noexcept {
-    if (m_watch == -1) {
+    if (!m_watch.isOpen()) {
         PlatformUtil::sleep(milliseconds);
         return;
     }
-    const int ready = waitReadable(m_watch, milliseconds);
+    const int ready = waitReadable(m_watch.number(), milliseconds);
     if (ready != 0)
-        stopWatching();
+        m_watch.close();
     if (ready < 0)
         PlatformUtil::sleep(milliseconds);
-}
-
-void ChildPause::stopWatching() noexcept {
-    if (m_watch != -1)
-        close(m_watch);
-    m_watch = -1;
 }

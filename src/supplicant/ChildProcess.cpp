@@ -9,6 +9,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using platform::FileDescriptor;
+
 namespace platwifi {
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "supplicant/FileDescriptor.h"
+#include "platform/FileDescriptor.h"
 
 namespace platwifi {
 
@@ -23,7 +23,8 @@ private:
 
 /// Starts a child at raised priority, its output going to `output`.
 /// @return its process id, or -1
-int startChild(const char* path, const ArgumentVector& arguments, const FileDescriptor& output);
+int startChild(const char* path, const ArgumentVector& arguments,
+               const platform::FileDescriptor& output);
 
 /// Waits for the child and reaps it. One that is still there at the 100th look, 50 ms apart, is
 /// killed with a message on standard error that names `command`, and killed again every 2000 ms.

@@ -6,6 +6,8 @@
 #include <pthread.h>
 #include <sys/stat.h>
 
+using platform::FileDescriptor;
+
 namespace platwifi {
 namespace {
 

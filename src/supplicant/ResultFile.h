@@ -1,6 +1,6 @@
 #pragma once
 
-#include "supplicant/FileDescriptor.h"
+#include "platform/FileDescriptor.h"
 
 #include <cstddef>
 #include <cstdio>
@@ -11,7 +11,7 @@ namespace platwifi {
 /// folder that everybody may write to, so a link, or anything else that is not a regular file, is
 /// refused; a file that is left over, and that this process may not write or does not own, is
 /// replaced.
-FileDescriptor createResultFile(const char* path);
+platform::FileDescriptor createResultFile(const char* path);
 
 /// The file between a command and its reply. The name carries the calling thread's id, so two
 /// threads of a process never share one; the file is removed when the command is over.

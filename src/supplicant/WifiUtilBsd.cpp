@@ -97,7 +97,7 @@ bool WifiUtil::launchProcess(const char* path, const char* command, const char* 
     const MutexGuard guard(launchMutex);
     if (!resultFile)
         return false;
-    FileDescriptor output = createResultFile(resultFile);
+    platform::FileDescriptor output = createResultFile(resultFile);
     if (!output.isOpen())
         return false;
     const int child = startChild(path, arguments, output);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Export.h"
+#include "platform/FileDescriptor.h"
 
 /// The pause between two looks at a child process, ended early when that child ends.
 ///
@@ -11,10 +12,6 @@ class PLATFORM_API ChildPause {
 public:
     /// @param processId  a child of this process that has not been reaped yet
     explicit ChildPause(int processId) noexcept;
-    ~ChildPause();
-
-    ChildPause(const ChildPause&) = delete;
-    ChildPause& operator=(const ChildPause&) = delete;
 
     /// Waits for the given milliseconds, or less when the child ends meanwhile. Only one pause is
     /// ever cut short: a child that has ended but cannot be reaped yet (a debugger holds it) is
@@ -22,7 +19,5 @@ public:
     void pause(int milliseconds) noexcept;
 
 private:
-    void stopWatching() noexcept;
-
-    int m_watch; ///< descriptor that becomes readable at the child's end, or -1
+    platform::FileDescriptor m_watch; ///< becomes readable at the child's end
 };

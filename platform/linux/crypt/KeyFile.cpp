@@ -2,8 +2,8 @@
 
 #include "Cipher.h"
 #include "CryptError.h"
-#include "Descriptor.h"
 #include "NewKeyFile.h"
+#include "platform/FileDescriptor.h"
 
 #include <cerrno>
 #include <cstring>
@@ -20,8 +20,8 @@ namespace {
 }
 
 // O_NONBLOCK: a pipe of that name must not keep us waiting. No value: there is no such file.
-std::optional<Descriptor> openKeyFile(const std::string& path) {
-    Descriptor file(open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+std::optional<FileDescriptor> openKeyFile(const std::string& path) {
+    FileDescriptor file(open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     if (file.isOpen())
         return file;
     if (errno == ENOENT)
@@ -47,13 +47,13 @@ void checkKeyFile(const struct stat& file, const std::string& path) {
              "does not hold 32 bytes; restore it, or remove it for a new key");
 }
 
-SecretBytes readKey(const Descriptor& file, const std::string& path) {
+SecretBytes readKey(const FileDescriptor& file, const std::string& path) {
     struct stat status {};
-    if (fstat(file.get(), &status) != 0)
+    if (fstat(file.number(), &status) != 0)
         fail("crypt.key-unreadable", path, std::string("cannot be read: ") + std::strerror(errno));
     checkKeyFile(status, path);
     SecretBytes key(KEY_BYTES);
-    const ssize_t size = read(file.get(), key.data(), key.size());
+    const ssize_t size = read(file.number(), key.data(), key.size());
     if (size < 0)
         fail("crypt.key-unreadable", path, std::string("cannot be read: ") + std::strerror(errno));
     if (static_cast<std::size_t>(size) != KEY_BYTES)
@@ -64,7 +64,7 @@ SecretBytes readKey(const Descriptor& file, const std::string& path) {
 } // namespace
 
 SecretBytes readKeyFile(const std::string& path, MissingKey missing) {
-    std::optional<Descriptor> file = openKeyFile(path);
+    std::optional<FileDescriptor> file = openKeyFile(path);
     if (!file && missing == MissingKey::Make) {
         makeKeyFile(path);
         file = openKeyFile(path);

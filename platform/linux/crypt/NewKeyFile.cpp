@@ -2,8 +2,8 @@
 
 #include "Cipher.h"
 #include "CryptError.h"
-#include "Descriptor.h"
 #include "SecretBytes.h"
+#include "platform/FileDescriptor.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -49,10 +49,10 @@ public:
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
     bool fill(const SecretBytes& bytes) {
-        return m_file.isOpen() && fchmod(m_file.get(), S_IRUSR | S_IWUSR) == 0 &&
-               write(m_file.get(), bytes.data(), bytes.size()) ==
+        return m_file.isOpen() && fchmod(m_file.number(), S_IRUSR | S_IWUSR) == 0 &&
+               write(m_file.number(), bytes.data(), bytes.size()) ==
                    static_cast<ssize_t>(bytes.size()) &&
-               fsync(m_file.get()) == 0;
+               fsync(m_file.number()) == 0;
     }
 
     // A link, not a rename: it never replaces what is there.
@@ -62,7 +62,7 @@ public:
 
 private:
     std::string m_path;
-    Descriptor m_file;
+    FileDescriptor m_file;
 };
 
 SecretBytes randomKey() {
@@ -75,9 +75,9 @@ SecretBytes randomKey() {
 
 // A key that a power failure takes away makes everything enciphered with it worthless.
 void syncFolder(const std::string& path) {
-    const Descriptor folder(open(folderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const FileDescriptor folder(open(folderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.isOpen())
-        fsync(folder.get());
+        fsync(folder.number());
 }
 
 } // namespace

@@ -15,6 +15,7 @@
 #include <thread>
 
 using namespace platwifi;
+using platform::FileDescriptor;
 
 namespace {
 

@@ -1,17 +1,21 @@
 #pragma once
 
 #include <unistd.h>
+#include <utility>
 
-namespace platwifi {
+namespace platform {
 
-/// Owns one open descriptor, or none.
+/// An open file descriptor, or none; closed with the object.
 class FileDescriptor {
 public:
     explicit FileDescriptor(int number = -1) noexcept : m_number(number) {}
     ~FileDescriptor() { close(); }
 
     FileDescriptor(FileDescriptor&& other) noexcept : m_number(other.release()) {}
-    FileDescriptor& operator=(FileDescriptor&&) = delete;
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+        std::swap(m_number, other.m_number);
+        return *this;
+    }
 
     bool isOpen() const noexcept { return m_number != -1; }
     int number() const noexcept { return m_number; }
@@ -22,14 +26,10 @@ public:
     }
 
     /// Gives the descriptor away.
-    int release() noexcept {
-        const int number = m_number;
-        m_number = -1;
-        return number;
-    }
+    int release() noexcept { return std::exchange(m_number, -1); }
 
 private:
     int m_number;
 };
 
-} // namespace platwifi
+} // namespace platform
