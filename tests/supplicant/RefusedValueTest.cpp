@@ -90,11 +90,13 @@ TEST_F(ReadValue, FillsSmallRoomWithoutAnEnd) {
     EXPECT_STREQ(value, "netouched") << "two characters, and what was there";
 }
 
-// The reply is searched for the word of a refusal, wherever that stands in it.
+// The reply is searched for the words of a refusal, wherever they stand in it.
 TEST_F(ReadValue, FailsForAValueThatReadsLikeARefusal) {
-    EXPECT_TRUE(util().setNetworkValue(WLAN, 0, "ssid", "FAILSAFE"));
-    EXPECT_THAT(supplicant.ask("get_network 0 ssid"), ElementsAre("\"FAILSAFE\""));
-    EXPECT_FALSE(read("ssid"));
+    for (const std::string ssid : {"FAILSAFE", "Invalid"}) {
+        EXPECT_TRUE(util().setNetworkValue(WLAN, 0, "ssid", ssid.c_str()));
+        EXPECT_THAT(supplicant.ask("get_network 0 ssid"), ElementsAre('"' + ssid + '"'));
+        EXPECT_FALSE(read("ssid"));
+    }
 }
 
 // A reply line holds 127 characters. A longer text is cut before its closing quote, and then cut
