@@ -34,6 +34,19 @@ bool succeeded(int status) {
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
+// A client that is killed cannot remove its end of the control connection, and nobody else would.
+void removeSocketOf(int child) {
+    char path[64];
+    std::snprintf(path, sizeof(path), "/tmp/wpa_ctrl_%d-1", child);
+    std::remove(path);
+}
+
+bool judge(int child, int status) {
+    if (WIFSIGNALED(status))
+        removeSocketOf(child);
+    return succeeded(status);
+}
+
 } // namespace
 
 ArgumentVector::ArgumentVector(const char* path, const char* interfaceArg, const char* command,
@@ -67,7 +80,7 @@ bool waitWithPatience(int child, const char* command) {
     for (;;) {
         const pid_t reaped = waitpid(child, &status, WNOHANG);
         if (reaped != 0)
-            return reaped > 0 && succeeded(status);
+            return reaped > 0 && judge(child, status);
         if (--patience > 0) {
             untilNextLook.pause(POLL_PAUSE_MS);
             continue;

@@ -2,7 +2,10 @@
 
 #include "SupplicantTest.h"
 
+#include <filesystem>
 #include <functional>
+#include <string>
+#include <vector>
 
 using test::Leftovers;
 using test::openNetworks;
@@ -82,6 +85,15 @@ TEST_P(Outage, LetsItFailUntilTheSupplicantIsBack) {
 INSTANTIATE_TEST_SUITE_P(Supplicant, Outage, testing::ValuesIn(OPERATIONS),
                          [](const auto& operation) { return operation.param.name; });
 
+std::vector<std::string> clientSockets() {
+    std::vector<std::string> sockets;
+    for (const auto& entry : std::filesystem::directory_iterator("/tmp")) {
+        if (entry.path().filename().string().find("wpa_ctrl_") == 0)
+            sockets.push_back(entry.path());
+    }
+    return sockets;
+}
+
 class StandStill : public test::SupplicantTest {};
 
 TEST_F(StandStill, EndsTheClientsPatienceUntilTheSupplicantGoesOn) {
@@ -95,6 +107,7 @@ TEST_F(StandStill, EndsTheClientsPatienceUntilTheSupplicantGoesOn) {
     EXPECT_THAT(testing::internal::GetCapturedStderr(),
                 HasSubstr("command: status -> patience exhausted, killing: "));
     EXPECT_TRUE(Leftovers::now() == before);
+    EXPECT_THAT(clientSockets(), testing::IsEmpty());
     supplicant.resume();
     EXPECT_EQ(list(&WifiUtil::getCurrentNetworkStatus), supplicant.ask("status"));
 }

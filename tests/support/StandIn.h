@@ -23,6 +23,8 @@ public:
         Answer& prints(const std::string& text) { return add({"print", text}); }
         Answer& printsError(const std::string& text) { return add({"error", text}); }
         Answer& printsFacts() { return add({"facts"}); }
+        /// Makes a file that stays; %d in its path is the stand-in's process id.
+        Answer& leaves(const std::string& path) { return add({"leave", path}); }
         Answer& exits(int status) { return add({"exit", std::to_string(status)}); }
         Answer& diesBy(int signal) { return add({"signal", std::to_string(signal)}); }
         Answer& hangs() { return add({"hang"}); }

@@ -116,6 +116,13 @@ void printFacts() {
     writeFully(STDOUT_FILENO, "priority " + std::to_string(parameters.sched_priority) + "\n");
 }
 
+// Makes an empty file; %d in its path is this process's id.
+void leaveFile(const std::string& path) {
+    const auto mark = path.find("%d");
+    const std::string id = std::to_string(getpid());
+    std::ofstream(mark == std::string::npos ? path : std::string(path).replace(mark, 2, id));
+}
+
 void perform(const Fields& action) {
     const std::string& what = action[0];
     const std::string value = action.size() > 1 ? action[1] : "";
@@ -125,6 +132,8 @@ void perform(const Fields& action) {
         writeFully(STDERR_FILENO, value);
     else if (what == "facts")
         printFacts();
+    else if (what == "leave")
+        leaveFile(value);
     else if (what == "exit")
         _exit(std::atoi(value.c_str()));
     else if (what == "signal")

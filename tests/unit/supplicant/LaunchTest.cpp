@@ -108,6 +108,26 @@ TEST_F(Launch, FailsWhenTheClientDiesByASignal) {
     }
 }
 
+std::size_t clientSockets() {
+    std::size_t count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator("/tmp"))
+        count += entry.path().string().find("/tmp/wpa_ctrl_") == 0 ? 1U : 0U;
+    return count;
+}
+
+TEST_F(Launch, RemovesTheSocketOfAClientThatCouldNot) {
+    standIn.on({"*"})
+        .leaves("/tmp/wpa_ctrl_%d-1")
+        .diesBy(SIGKILL)
+        .then()
+        .leaves("/tmp/wpa_ctrl_%d-1");
+    EXPECT_FALSE(run());
+    EXPECT_EQ(clientSockets(), 0U);
+    EXPECT_TRUE(run());
+    EXPECT_EQ(clientSockets(), 1U) << "one that ended by itself looks after its own";
+    EXPECT_EQ(std::system("rm /tmp/wpa_ctrl_*"), 0);
+}
+
 TEST_F(Launch, FailsWithoutAPathAtOnce) {
     EXPECT_FALSE(util.launchProcess(nullptr, "c", nullptr, nullptr, nullptr, nullptr, RESULT));
     EXPECT_FALSE(std::filesystem::exists(RESULT)) << "the result file is not made";
