@@ -7,7 +7,7 @@ INITRAMFS_APPLETS=(sh mount mkdir insmod ln switch_root printf dd)
 build_initramfs() {
     local work=$1 kernel=$2 init=$3 tree=$1/tree applet
     step "building the first file system of the guest (once)"
-    mkdir -p "$tree"/{bin,dev,proc,out,host,root}
+    mkdir -p "$tree"/{bin,dev,proc,out,host,new}
     cp -L "$(command -v busybox)" "$tree/bin/busybox"
     for applet in "${INITRAMFS_APPLETS[@]}"; do ln -s busybox "$tree/bin/$applet"; done
     cp -R "$kernel/modules" "$tree/modules"
