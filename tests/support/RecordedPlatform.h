@@ -17,12 +17,15 @@ public:
 
     static std::vector<std::string> events();
 
-    /// The scheduling priority of the caller at each kill.
-    static std::vector<int> killPriorities();
+    /// The scheduling priority of the caller at each event.
+    static std::vector<int> priorities();
 
-    // For the replacements.
+    /// The process of each kill.
+    static std::vector<int> killed();
+
+    // For the replacements. A kill is to be carried out where the result is true.
     static void note(const std::string& event);
-    static bool noteKill(int priority);
+    static bool noteKill(int processId);
 };
 
 } // namespace test
