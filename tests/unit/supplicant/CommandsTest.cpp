@@ -251,6 +251,27 @@ TEST_F(Commands, CopyAValueAsFarAsThereIsRoom) {
     EXPECT_EQ(std::string(value, 8), "########");
 }
 
+TEST_F(Commands, FillTheRestOfTheRoomWithZeros) {
+    standIn.on({"*"}).prints("ab");
+    char value[8];
+    std::memset(value, '#', sizeof(value));
+    EXPECT_TRUE(util.getNetworkValue("wlan0", 0, "ssid", value, 6));
+    EXPECT_EQ(std::string(value, 8), std::string("ab\0\0\0\0##", 8));
+}
+
+TEST_F(Commands, CheckAReplyBeforeItsStampIsRemoved) {
+    WifiUtil& stamping = stampingUtil();
+    standIn.on({"-iwlan0", "get_network", "0", "ssid"}).prints(STAMP);
+    char value[8] = "before";
+    EXPECT_TRUE(stamping.getNetworkValue("wlan0", 0, "ssid", value, sizeof(value)));
+    EXPECT_STREQ(value, "");
+    standIn.on({"-iwlan0", "add_network"}).prints(STAMP);
+    standIn.on({"*"}).prints("OK\n");
+    unsigned char id = 99;
+    EXPECT_TRUE(stamping.createNetwork("wlan0", "home", &id));
+    EXPECT_EQ(id, 0);
+}
+
 TEST_F(Commands, ReadStampedValues) {
     WifiUtil& stamping = stampingUtil();
     standIn.on({"*"}).prints(STAMP + "\"home\"");
@@ -373,6 +394,26 @@ TEST_F(Commands, CreateStopsAtTheFirstStepThatFails) {
     EXPECT_EQ(id, 5);
     EXPECT_THAT(standIn.calls(), ElementsAre(ADD, setSsid("5", "\"home\""), enable("5")));
     EXPECT_THAT(test::resultFiles(), IsEmpty());
+}
+
+// A folder put in the place of a step's result file makes that step fail.
+TEST_F(Commands, CreateHasAResultFileForEachStep) {
+    const char* const prefixes[] = {"add", "set_network", "enable"};
+    standIn.on({"-iwlan0", "add_network"}).prints("3\n");
+    standIn.on({"*"}).prints("OK\n");
+    std::size_t calls = 0;
+    for (std::size_t steps = 0; steps < std::size(prefixes); ++steps) {
+        const std::string path = std::string("/tmp/wpa_cli_") + prefixes[steps] + "_result_" +
+                                 std::to_string(static_cast<long long>(pthread_self()));
+        ASSERT_EQ(mkdir(path.c_str(), 0700), 0);
+        std::ofstream(path + "/x") << "keeps the folder";
+        unsigned char id = 0;
+        EXPECT_FALSE(util.createNetwork("wlan0", "home", &id));
+        calls += steps;
+        EXPECT_EQ(standIn.calls().size(), calls) << prefixes[steps];
+        unlink((path + "/x").c_str());
+        rmdir(path.c_str());
+    }
 }
 
 } // namespace

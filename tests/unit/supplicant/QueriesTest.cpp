@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <sys/stat.h>
@@ -16,6 +17,7 @@
 using platwifi::ReplyLines;
 using test::Arguments;
 using test::toStrings;
+using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -222,11 +224,23 @@ TEST_P(ListQuery, FailsWithTheClient) {
     WifiUtil& instance = util();
     standIn.on(GetParam().call).prints("header\nheader\nentry\n").exits(255);
     ReplyLines lines(16);
-    lines.count = GetParam().resetsCount ? 5 : 0;
+    lines.count = 5;
     EXPECT_FALSE(run(instance, lines));
-    EXPECT_EQ(lines.count, 0);
-    EXPECT_EQ(lines.data()[0], nullptr);
+    EXPECT_EQ(lines.count, GetParam().resetsCount ? 0 : 5);
+    EXPECT_THAT(std::vector<char*>(lines.data(), lines.data() + 16), Each(nullptr));
     EXPECT_THAT(test::resultFiles(), IsEmpty());
+}
+
+TEST_P(ListQuery, FailsWhenTheReplyIsGone) {
+    WifiUtil& instance = util();
+    const std::string client = standIn.folder() + "/wpa_cli";
+    std::filesystem::remove(client);
+    std::ofstream(client) << "#!/bin/sh\nrm /tmp/*_result_*\n";
+    std::filesystem::permissions(client, std::filesystem::perms::owner_all);
+    ReplyLines lines(16);
+    lines.count = 5;
+    EXPECT_FALSE(run(instance, lines));
+    EXPECT_EQ(lines.count, GetParam().resetsCount ? 0 : 5);
 }
 
 TEST_P(ListQuery, ResetsOrKeepsTheCount) {
@@ -248,6 +262,15 @@ TEST_P(ListQuery, RemovesTheStampFromItsFirstEntryAlone) {
     EXPECT_TRUE(run(instance, lines));
     const std::string first = (GetParam().removesStamp ? "" : STAMP) + "bssid=00:11:22:33:44:55";
     EXPECT_THAT(toStrings(lines), ElementsAre(first, STAMP + "second"));
+}
+
+TEST_P(ListQuery, KeepsAnEntryThatIsNothingButAStamp) {
+    WifiUtil& instance = util(true);
+    answer(STAMP + "\n" + STAMP + "second\n");
+    ReplyLines lines(16);
+    EXPECT_TRUE(run(instance, lines));
+    EXPECT_THAT(toStrings(lines),
+                ElementsAre(GetParam().removesStamp ? "" : STAMP, STAMP + "second"));
 }
 
 TEST_P(ListQuery, LeavesStampsOfAClientThatMakesNone) {
@@ -304,11 +327,16 @@ protected:
 };
 
 TEST_F(SupplicantRuns, ByItsPidFileWhenNoInterfaceIsNamed) {
+    const std::string result =
+        "/tmp/process_table_result_" + std::to_string(static_cast<long long>(pthread_self()));
+    std::ofstream(result) << "somebody's";
     EXPECT_FALSE(util.isWifiEnabled(nullptr));
     mkdir("/var/run", 0755);
     std::ofstream("/var/run/wpa_supplicant.pid") << "1\n";
     EXPECT_TRUE(util.isWifiEnabled(nullptr));
     EXPECT_THAT(standIn.calls(), IsEmpty()) << "no child is run";
+    EXPECT_THAT(test::resultFiles(), ElementsAre(result)) << "no file is removed";
+    std::remove(result.c_str());
     std::remove("/var/run/wpa_supplicant.pid");
     EXPECT_FALSE(util.isWifiEnabled(nullptr));
 }
@@ -345,6 +373,24 @@ TEST_F(SupplicantRuns, FoundAnywhereInLinesOfUpTo511Characters) {
         .prints(std::string(498, 'x') + "wpa_supplicant\n");
     EXPECT_TRUE(util.isWifiEnabled("wlan0"));
     EXPECT_FALSE(util.isWifiEnabled("wlan0")) << "the name is cut in two";
+}
+
+TEST_F(SupplicantRuns, AskedWithABareOptionForAnEmptyName) {
+    standIn.on({"-i", "arg"}).prints("77 wpa_supplicant\n");
+    EXPECT_TRUE(util.isWifiEnabled(""));
+}
+
+TEST_F(SupplicantRuns, ToldThroughAResultFileOfItsOwn) {
+    standIn.on({"*"}).prints("77 wpa_supplicant\n");
+    const std::string path =
+        "/tmp/process_table_result_" + std::to_string(static_cast<long long>(pthread_self()));
+    ASSERT_EQ(mkdir(path.c_str(), 0700), 0);
+    std::ofstream(path + "/x") << "keeps the folder";
+    EXPECT_FALSE(util.isWifiEnabled("wlan0"));
+    EXPECT_THAT(standIn.calls(), IsEmpty());
+    std::remove((path + "/x").c_str());
+    rmdir(path.c_str());
+    EXPECT_TRUE(util.isWifiEnabled("wlan0"));
 }
 
 TEST_F(SupplicantRuns, AndCertificatesNeedNoIndex) {
