@@ -1,5 +1,6 @@
 #include "supplicant/WifiUtil.h"
 
+#include "support/BlockedFile.h"
 #include "support/Leftovers.h"
 #include "support/StandIn.h"
 
@@ -7,12 +8,9 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <fstream>
 #include <functional>
-#include <pthread.h>
+#include <iterator>
 #include <string>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <vector>
 
 using test::Arguments;
@@ -148,15 +146,12 @@ TEST_P(ConfigurationCommand, ChecksNoMoreThan127CharactersOfTheReply) {
 }
 
 TEST_P(ConfigurationCommand, UsesItsOwnResultFile) {
-    const std::string path =
-        GetParam().resultPrefix + std::to_string(static_cast<long long>(pthread_self()));
-    ASSERT_EQ(mkdir(path.c_str(), 0700), 0);
-    std::ofstream(path + "/x") << "keeps the folder";
     standIn.on({"*"}).prints("0\n");
-    EXPECT_FALSE(GetParam().run(util));
-    EXPECT_THAT(standIn.calls(), IsEmpty());
-    unlink((path + "/x").c_str());
-    rmdir(path.c_str());
+    {
+        const test::BlockedFile blocked(test::resultPath(GetParam().resultPrefix));
+        EXPECT_FALSE(GetParam().run(util));
+        EXPECT_THAT(standIn.calls(), IsEmpty());
+    }
     EXPECT_TRUE(GetParam().run(util));
 }
 
@@ -396,23 +391,18 @@ TEST_F(Commands, CreateStopsAtTheFirstStepThatFails) {
     EXPECT_THAT(test::resultFiles(), IsEmpty());
 }
 
-// A folder put in the place of a step's result file makes that step fail.
+// A result file that cannot be made stops it at that step.
 TEST_F(Commands, CreateHasAResultFileForEachStep) {
-    const char* const prefixes[] = {"add", "set_network", "enable"};
-    standIn.on({"-iwlan0", "add_network"}).prints("3\n");
-    standIn.on({"*"}).prints("OK\n");
-    std::size_t calls = 0;
-    for (std::size_t steps = 0; steps < std::size(prefixes); ++steps) {
-        const std::string path = std::string("/tmp/wpa_cli_") + prefixes[steps] + "_result_" +
-                                 std::to_string(static_cast<long long>(pthread_self()));
-        ASSERT_EQ(mkdir(path.c_str(), 0700), 0);
-        std::ofstream(path + "/x") << "keeps the folder";
+    const char* const prefixes[] = {"/tmp/wpa_cli_add_result_", "/tmp/wpa_cli_set_network_result_",
+                                    "/tmp/wpa_cli_enable_result_"};
+    for (std::size_t step = 0; step < std::size(prefixes); ++step) {
+        standIn.reset();
+        standIn.on({"-iwlan0", "add_network"}).prints("3\n");
+        standIn.on({"*"}).prints("OK\n");
+        const test::BlockedFile blocked(test::resultPath(prefixes[step]));
         unsigned char id = 0;
         EXPECT_FALSE(util.createNetwork("wlan0", "home", &id));
-        calls += steps;
-        EXPECT_EQ(standIn.calls().size(), calls) << prefixes[steps];
-        unlink((path + "/x").c_str());
-        rmdir(path.c_str());
+        EXPECT_EQ(standIn.calls().size(), step) << prefixes[step];
     }
 }
 

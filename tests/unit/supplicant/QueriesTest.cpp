@@ -1,5 +1,6 @@
 #include "supplicant/WifiUtil.h"
 
+#include "support/BlockedFile.h"
 #include "support/Leftovers.h"
 #include "support/Lines.h"
 #include "support/StandIn.h"
@@ -286,15 +287,12 @@ TEST_P(ListQuery, LeavesStampsOfAClientThatMakesNone) {
 TEST_P(ListQuery, UsesItsOwnResultFile) {
     WifiUtil& instance = util();
     answer("entry\n");
-    const std::string path =
-        GetParam().resultPrefix + std::to_string(static_cast<long long>(pthread_self()));
-    ASSERT_EQ(mkdir(path.c_str(), 0700), 0);
-    std::ofstream(path + "/x") << "keeps the folder";
     ReplyLines lines(16);
-    EXPECT_FALSE(run(instance, lines));
-    EXPECT_THAT(standIn.calls(), IsEmpty());
-    std::remove((path + "/x").c_str());
-    rmdir(path.c_str());
+    {
+        const test::BlockedFile blocked(test::resultPath(GetParam().resultPrefix));
+        EXPECT_FALSE(run(instance, lines));
+        EXPECT_THAT(standIn.calls(), IsEmpty());
+    }
     EXPECT_TRUE(run(instance, lines));
 }
 
@@ -327,8 +325,7 @@ protected:
 };
 
 TEST_F(SupplicantRuns, ByItsPidFileWhenNoInterfaceIsNamed) {
-    const std::string result =
-        "/tmp/process_table_result_" + std::to_string(static_cast<long long>(pthread_self()));
+    const std::string result = test::resultPath("/tmp/process_table_result_");
     std::ofstream(result) << "somebody's";
     EXPECT_FALSE(util.isWifiEnabled(nullptr));
     mkdir("/var/run", 0755);
@@ -382,14 +379,11 @@ TEST_F(SupplicantRuns, AskedWithABareOptionForAnEmptyName) {
 
 TEST_F(SupplicantRuns, ToldThroughAResultFileOfItsOwn) {
     standIn.on({"*"}).prints("77 wpa_supplicant\n");
-    const std::string path =
-        "/tmp/process_table_result_" + std::to_string(static_cast<long long>(pthread_self()));
-    ASSERT_EQ(mkdir(path.c_str(), 0700), 0);
-    std::ofstream(path + "/x") << "keeps the folder";
-    EXPECT_FALSE(util.isWifiEnabled("wlan0"));
-    EXPECT_THAT(standIn.calls(), IsEmpty());
-    std::remove((path + "/x").c_str());
-    rmdir(path.c_str());
+    {
+        const test::BlockedFile blocked(test::resultPath("/tmp/process_table_result_"));
+        EXPECT_FALSE(util.isWifiEnabled("wlan0"));
+        EXPECT_THAT(standIn.calls(), IsEmpty());
+    }
     EXPECT_TRUE(util.isWifiEnabled("wlan0"));
 }
 
