@@ -4,6 +4,7 @@
 
 #include "support/Leftovers.h"
 #include "support/StandIn.h"
+#include "support/ThreadState.h"
 
 #include <gtest/gtest.h>
 
@@ -28,14 +29,6 @@ bool launch(WifiUtil& util, const char* resultFile) {
                               resultFile);
 }
 
-char stateOf(int threadId) {
-    std::ifstream file("/proc/self/task/" + std::to_string(threadId) + "/stat");
-    std::string text;
-    std::getline(file, text);
-    const auto name = text.rfind(')');
-    return name != std::string::npos && name + 2 < text.size() ? text[name + 2] : '?';
-}
-
 /// A thread that does one thing.
 class Doing {
 public:
@@ -50,7 +43,7 @@ public:
 
     /// Returns when the thread waits for something, or is done.
     void awaitRest() const {
-        while (!m_done && (m_id == 0 || stateOf(m_id) != 'S'))
+        while (!m_done && (m_id == 0 || !test::isAsleep(m_id)))
             std::this_thread::yield();
     }
 
