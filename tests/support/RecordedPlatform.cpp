@@ -13,6 +13,7 @@ struct Record {
     std::vector<int> priorities;
     std::vector<int> killed;
     int swallowedKills = 0;
+    std::function<void()> duringSleeps;
 };
 
 Record& record() {
@@ -41,6 +42,12 @@ void RecordedPlatform::begin(int swallowedKills) {
     record().priorities.clear();
     record().killed.clear();
     record().swallowedKills = swallowedKills;
+    record().duringSleeps = nullptr;
+}
+
+void RecordedPlatform::duringSleeps(const std::function<void()>& action) {
+    const std::lock_guard<std::mutex> guard(record().mutex);
+    record().duringSleeps = action;
 }
 
 std::vector<std::string> RecordedPlatform::events() {
@@ -61,6 +68,16 @@ std::vector<int> RecordedPlatform::killed() {
 void RecordedPlatform::note(const std::string& event) {
     const std::lock_guard<std::mutex> guard(record().mutex);
     add(event);
+}
+
+void RecordedPlatform::passSleep() {
+    std::function<void()> action;
+    {
+        const std::lock_guard<std::mutex> guard(record().mutex);
+        action = record().duringSleeps;
+    }
+    if (action)
+        action();
 }
 
 bool RecordedPlatform::noteKill(int processId) {

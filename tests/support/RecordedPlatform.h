@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,10 @@ public:
     /// child that is not gone yet when it is looked at next.
     static void begin(int swallowedKills = 0);
 
+    /// What is done during each sleep of a second and more, on the sleeper's thread, until the next
+    /// begin().
+    static void duringSleeps(const std::function<void()>& action);
+
     static std::vector<std::string> events();
 
     /// The scheduling priority of the caller at each event.
@@ -25,6 +30,7 @@ public:
 
     // For the replacements. A kill is to be carried out where the result is true.
     static void note(const std::string& event);
+    static void passSleep();
     static bool noteKill(int processId);
 };
 

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <string>
+#include <thread>
 #include <vector>
 
 using test::Arguments;
@@ -108,6 +109,16 @@ TEST_F(Scan, IsWaitedForAfterItWasStarted) {
     EXPECT_TRUE(util.scanNetworks("wlan0"));
     EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, SCAN, STATUS, STATUS));
     EXPECT_EQ(secondsSlept(), 2U);
+}
+
+TEST_F(Scan, LetsOthersRunTheirCommandsWhileItWaits) {
+    onStatus("COMPLETED");
+    standIn.on({"*"}).prints("OK\n");
+    RecordedPlatform::duringSleeps(
+        [this] { std::thread([this] { EXPECT_TRUE(util.saveConfiguration("wlan0")); }).join(); });
+    EXPECT_TRUE(util.scanNetworks("wlan0"));
+    const Arguments save{"/proc/boot/wpa_cli", "-iwlan0", "save_config"};
+    EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, SCAN, STATUS, save));
 }
 
 TEST_F(Scan, FailsWhenTheFirstStatusCannotBeRead) {
