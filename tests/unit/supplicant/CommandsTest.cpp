@@ -108,8 +108,9 @@ protected:
         standIn.reset();
         standIn.on(behindInterface()).prints(reply).exits(status);
         standIn.on({"*"}).prints("OK\n"); // the later steps of createNetwork
+        const test::Leftovers before = test::Leftovers::now();
         const bool result = GetParam().run(util);
-        EXPECT_THAT(test::resultFiles(), IsEmpty());
+        EXPECT_TRUE(test::Leftovers::now() == before);
         return result;
     }
 

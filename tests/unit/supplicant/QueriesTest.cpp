@@ -113,13 +113,14 @@ protected:
 TEST_P(ListQuery, RunsItsOneCommandAndHandsBackTheLines) {
     WifiUtil& instance = util();
     answer("first\tx\nsecond\n\nthird, the last\n");
+    const test::Leftovers before = test::Leftovers::now();
     ReplyLines lines(16);
     EXPECT_TRUE(run(instance, lines));
     EXPECT_THAT(toStrings(lines), ElementsAre("first\tx", "second", "third, the last"));
     Arguments call{CLIENT};
     call.insert(call.end(), GetParam().call.begin(), GetParam().call.end());
     EXPECT_THAT(standIn.calls(), ElementsAre(call));
-    EXPECT_THAT(test::resultFiles(), IsEmpty());
+    EXPECT_TRUE(test::Leftovers::now() == before);
 }
 
 TEST_P(ListQuery, SkipsItsHeaderWhateverThatHolds) {
@@ -348,12 +349,13 @@ TEST_F(SupplicantRuns, ByTheProcessTableWhenAnInterfaceIsNamed) {
         .then()
         .prints("77 wpa_supplicant\n")
         .exits(1);
+    const test::Leftovers before = test::Leftovers::now();
     EXPECT_TRUE(util.isWifiEnabled("wlan0"));
     EXPECT_FALSE(util.isWifiEnabled("wlan0"));
     EXPECT_FALSE(util.isWifiEnabled("wlan0")) << "an empty table";
     EXPECT_FALSE(util.isWifiEnabled("wlan0")) << "the lister failed";
     EXPECT_EQ(standIn.calls()[0], (Arguments{"/proc/boot/pidin", "-iwlan0", "arg"}));
-    EXPECT_THAT(test::resultFiles(), IsEmpty());
+    EXPECT_TRUE(test::Leftovers::now() == before);
 }
 
 TEST_F(SupplicantRuns, WhateverThePidFileSaysOnceAnInterfaceIsNamed) {
