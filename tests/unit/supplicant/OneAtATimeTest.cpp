@@ -104,6 +104,18 @@ TEST_F(OneAtATime, TheEndWaitsForTheLaunchInProgress) {
     letClientGo();
 }
 
+TEST_F(OneAtATime, TheFirstInstanceIsWaitedForUntilItIsProbed) {
+    {
+        const Doing first([] { EXPECT_NE(WifiUtil::getInstance(), nullptr); });
+        awaitClient();
+        const Doing second([] { EXPECT_NE(WifiUtil::getInstance(), nullptr); });
+        second.awaitRest();
+        EXPECT_FALSE(second.isDone());
+        letClientGo();
+    }
+    WifiUtil::unload();
+}
+
 TEST_F(OneAtATime, TheResultFileIsTheClientsAloneWhileItRuns) {
     const Doing launching([this] { EXPECT_TRUE(launch(util, FIRST)); });
     awaitClient();
