@@ -215,6 +215,7 @@ TEST_F(Commands, ReadValuesWithoutTheirQuotes) {
         {"FAIL\n", false, ""},
         {"", false, ""},
         {"0", true, "0"},
+        {"02:00:00:00:01:00", true, "02:00:00:00:01:00"},
         {"a\"b", true, ""},
         {"\"two\nlines\"", true, ""},
         // Its closing quote is beyond the 127 characters that are read.
@@ -341,6 +342,9 @@ TEST_F(Commands, CreateReadsTheIdFromEightCharacters) {
         {"256\n", "256", 0},
         {"300\n", "300", 44},
         {"007\n", "007", 7},
+        {"010\n", "010", 10},
+        {"0x10\n", "0x10", 0},
+        {"1:2:3: 4\n", "1:2:3: 4", 1},
         {"5 networks\n", "5 networ", 5},
         {"x\n", "x", 0},
         {"12345678\n", "12345678", 12345678 & 255},

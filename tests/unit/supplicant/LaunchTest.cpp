@@ -189,6 +189,8 @@ TEST_F(Launch, LeavesTheChildrenOfOthersAlone) {
     siginfo_t info{};
     waitid(P_PID, static_cast<id_t>(other), &info, WEXITED | WNOWAIT);
     EXPECT_TRUE(run());
+    std::filesystem::remove(standIn.folder() + "/wpa_cli");
+    EXPECT_FALSE(run()) << "without a child of its own";
     int status = 0;
     EXPECT_EQ(waitpid(other, &status, 0), other) << "still there to be reaped";
     EXPECT_EQ(WEXITSTATUS(status), 7);
