@@ -319,6 +319,14 @@ TEST_F(Adapters, AreAppendedAndNeverStrippedBehindAnEarlierEntry) {
     EXPECT_EQ(lines.count, 2);
 }
 
+TEST_F(Adapters, AreNotAppendedToAnArrayThatIsMoreThanFull) {
+    standIn.on({"interface"}).prints(ADAPTER_HEADER + "wlan0\n");
+    ReplyLines lines(4);
+    lines.count = 3;
+    EXPECT_TRUE(WifiUtil::getInstance()->getWifiAdapters(lines.data(), 2, &lines.count));
+    EXPECT_EQ(lines.count, 3);
+}
+
 class SupplicantRuns : public testing::Test {
 protected:
     test::StandIn standIn;

@@ -158,11 +158,19 @@ TEST_F(Scan, TakesAStatusWithoutAStateForUnknown) {
 
 TEST_F(Scan, LooksAt16StatusLinesOnly) {
     std::string reply;
-    for (int i = 0; i < 16; ++i)
+    for (int i = 0; i < 15; ++i)
         reply += "line\n";
-    standIn.on({"-iwlan0", "status"}).prints(reply + "wpa_state=COMPLETED\n");
+    standIn.on({"-iwlan0", "status"})
+        .prints(reply + "line\nwpa_state=COMPLETED\n")
+        .then()
+        .prints("")
+        .then()
+        .prints(reply + "wpa_state=COMPLETED\n");
+    standIn.on({"-iwlan0", "scan"}).prints("OK\n");
     EXPECT_TRUE(util.scanNetworks("wlan0"));
     EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, STATUS)) << "the state came too late";
+    EXPECT_TRUE(util.scanNetworks("wlan0"));
+    EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, STATUS, STATUS, SCAN, STATUS));
 }
 
 TEST_F(Scan, LeavesItsResultFileForTheNextScanOfTheThread) {
