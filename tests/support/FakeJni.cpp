@@ -358,6 +358,17 @@ FakeJni::Elements FakeJni::elementsOf(jobject array) const {
     return elements;
 }
 
+std::string FakeJni::elementClassOf(jobject array) const {
+    return m_machine->resolve("elementClassOf", array, Kind::Array).text;
+}
+
+std::size_t FakeJni::liveReferences() const {
+    std::size_t count = 0;
+    for (const Object& object : m_machine->objects)
+        count += static_cast<std::size_t>(object.references);
+    return count;
+}
+
 std::optional<FakeJni::Exception> FakeJni::pendingException() const {
     return m_machine->pending;
 }

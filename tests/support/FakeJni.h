@@ -49,6 +49,12 @@ public:
     std::string textOf(jobject string) const;
     Elements elementsOf(jobject array) const;
 
+    /// The name of the class that an array was made for.
+    std::string elementClassOf(jobject array) const;
+
+    /// How many references native code holds: all that were made and not deleted.
+    std::size_t liveReferences() const;
+
     /// The pending exception, or no value.
     std::optional<Exception> pendingException() const;
 

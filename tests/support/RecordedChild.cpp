@@ -3,18 +3,9 @@
 #include "support/RecordedPlatform.h"
 
 #include <csignal>
-#include <pthread.h>
-#include <sched.h>
 #include <sys/wait.h>
 
 namespace {
-
-int ownPriority() {
-    sched_param parameters{};
-    int policy = 0;
-    pthread_getschedparam(pthread_self(), &policy, &parameters);
-    return parameters.sched_priority;
-}
 
 // The next look must find the child gone, however busy the machine is.
 void killAndWait(int processId) {
@@ -30,7 +21,7 @@ void ChildPause::pause(int milliseconds) noexcept {
 }
 
 int PlatformUtil::killProcess(int processId) noexcept {
-    if (test::RecordedPlatform::noteKill(ownPriority()))
+    if (test::RecordedPlatform::noteKill(processId))
         killAndWait(processId);
     return 0;
 }

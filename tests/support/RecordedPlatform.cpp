@@ -1,6 +1,8 @@
 #include "support/RecordedPlatform.h"
 
 #include <mutex>
+#include <pthread.h>
+#include <sched.h>
 
 namespace test {
 namespace {
@@ -8,8 +10,10 @@ namespace {
 struct Record {
     std::mutex mutex;
     std::vector<std::string> events;
-    std::vector<int> killPriorities;
+    std::vector<int> priorities;
+    std::vector<int> killed;
     int swallowedKills = 0;
+    std::function<void()> duringSleeps;
 };
 
 Record& record() {
@@ -17,13 +21,33 @@ Record& record() {
     return instance;
 }
 
+int ownPriority() {
+    sched_param parameters{};
+    int policy = 0;
+    pthread_getschedparam(pthread_self(), &policy, &parameters);
+    return parameters.sched_priority;
+}
+
+// With the record's mutex held.
+void add(const std::string& event) {
+    record().events.push_back(event);
+    record().priorities.push_back(ownPriority());
+}
+
 } // namespace
 
 void RecordedPlatform::begin(int swallowedKills) {
     const std::lock_guard<std::mutex> guard(record().mutex);
     record().events.clear();
-    record().killPriorities.clear();
+    record().priorities.clear();
+    record().killed.clear();
     record().swallowedKills = swallowedKills;
+    record().duringSleeps = nullptr;
+}
+
+void RecordedPlatform::duringSleeps(const std::function<void()>& action) {
+    const std::lock_guard<std::mutex> guard(record().mutex);
+    record().duringSleeps = action;
 }
 
 std::vector<std::string> RecordedPlatform::events() {
@@ -31,20 +55,35 @@ std::vector<std::string> RecordedPlatform::events() {
     return record().events;
 }
 
-std::vector<int> RecordedPlatform::killPriorities() {
+std::vector<int> RecordedPlatform::priorities() {
     const std::lock_guard<std::mutex> guard(record().mutex);
-    return record().killPriorities;
+    return record().priorities;
+}
+
+std::vector<int> RecordedPlatform::killed() {
+    const std::lock_guard<std::mutex> guard(record().mutex);
+    return record().killed;
 }
 
 void RecordedPlatform::note(const std::string& event) {
     const std::lock_guard<std::mutex> guard(record().mutex);
-    record().events.push_back(event);
+    add(event);
 }
 
-bool RecordedPlatform::noteKill(int priority) {
+void RecordedPlatform::passSleep() {
+    std::function<void()> action;
+    {
+        const std::lock_guard<std::mutex> guard(record().mutex);
+        action = record().duringSleeps;
+    }
+    if (action)
+        action();
+}
+
+bool RecordedPlatform::noteKill(int processId) {
     const std::lock_guard<std::mutex> guard(record().mutex);
-    record().events.emplace_back("kill");
-    record().killPriorities.push_back(priority);
+    add("kill");
+    record().killed.push_back(processId);
     return record().swallowedKills-- <= 0;
 }
 

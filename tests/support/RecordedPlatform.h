@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -15,14 +16,22 @@ public:
     /// child that is not gone yet when it is looked at next.
     static void begin(int swallowedKills = 0);
 
+    /// What is done during each sleep of a second and more, on the sleeper's thread, until the next
+    /// begin().
+    static void duringSleeps(const std::function<void()>& action);
+
     static std::vector<std::string> events();
 
-    /// The scheduling priority of the caller at each kill.
-    static std::vector<int> killPriorities();
+    /// The scheduling priority of the caller at each event.
+    static std::vector<int> priorities();
 
-    // For the replacements.
+    /// The process of each kill.
+    static std::vector<int> killed();
+
+    // For the replacements. A kill is to be carried out where the result is true.
     static void note(const std::string& event);
-    static bool noteKill(int priority);
+    static void passSleep();
+    static bool noteKill(int processId);
 };
 
 } // namespace test

@@ -9,4 +9,6 @@ void PlatformUtil::sleep(int milliseconds) noexcept {
     test::RecordedPlatform::note("sleep " + std::to_string(milliseconds));
     if (milliseconds < 1000)
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+    else
+        test::RecordedPlatform::passSleep();
 }

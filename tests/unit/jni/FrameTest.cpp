@@ -72,6 +72,19 @@ TEST(NativeFrame, HandsTheCharactersOverInOrderAndReleasesThem) {
     EXPECT_EQ(java.heldCharacters(), 0U);
 }
 
+TEST(NativeFrame, ConvertsTheFirstStringFirst) {
+    test::FakeJni java;
+    java.failCall(test::FakeJni::Call::GetStringUTFChars);
+    const Texts seen = callNative(
+        java.environment(),
+        [](ErrorHandler*, const char* a, const char* b, const char* c) {
+            return Texts{a ? a : "(null)", b ? b : "(null)", c ? c : "(null)"};
+        },
+        java.javaString("first"), java.javaString("second"), java.javaString("third"));
+    EXPECT_EQ(seen, (Texts{"(null)", "second", "third"}));
+    EXPECT_EQ(java.heldCharacters(), 0U);
+}
+
 TEST(NativeFrame, HandsANullStringOverAsNull) {
     test::FakeJni java;
     const bool null = callNative(

@@ -35,11 +35,18 @@ TEST(JavaArray, MayBeEmpty) {
     EXPECT_EQ(java.elementsOf(newJavaArray(java.environment(), nullptr, 0)), FakeJni::Elements{});
 }
 
+TEST(JavaArray, IsMadeForStrings) {
+    FakeJni java;
+    EXPECT_EQ(java.elementClassOf(newJavaArray(java.environment(), nullptr, 0)),
+              "java/lang/String");
+}
+
 TEST(JavaArray, CountsBeyondAByte) {
     FakeJni java;
     const std::vector<const char*> entries(1000, "x");
     EXPECT_EQ(java.elementsOf(newJavaArray(java.environment(), entries.data(), 1000)),
               FakeJni::Elements(1000, "x"));
+    EXPECT_LE(java.liveReferences(), 16U) << "what every virtual machine has room for";
 }
 
 TEST(JavaArray, TakesAnyBytes) {

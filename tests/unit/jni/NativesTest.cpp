@@ -113,6 +113,7 @@ TEST_F(NativeDiscovery, GivesNullWhenEitherStepFails) {
     EXPECT_EQ(discoverNetworks(java.javaString("wlan0")), nullptr) << "reading the results";
     standIn.reset();
     standIn.on({"-iwlan0", "status"}).exits(255);
+    standIn.on({"*"}).prints("OK\n");
     EXPECT_EQ(discoverNetworks(java.javaString("wlan0")), nullptr) << "the scan";
     EXPECT_EQ(discoverNetworks(nullptr), nullptr) << "no interface";
 }

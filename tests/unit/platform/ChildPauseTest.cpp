@@ -2,13 +2,12 @@
 
 #include "platform/PlatformUtil.h"
 #include "support/ChildEnds.h"
+#include "support/ThreadState.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <chrono>
-#include <fstream>
-#include <string>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -69,16 +68,8 @@ private:
     int m_id = -1;
 };
 
-char stateOf(int threadId) {
-    std::ifstream file("/proc/self/task/" + std::to_string(threadId) + "/stat");
-    std::string text;
-    std::getline(file, text);
-    const auto name = text.rfind(')');
-    return name != std::string::npos && name + 2 < text.size() ? text[name + 2] : '?';
-}
-
 void awaitSleep(const std::atomic<int>& threadId) {
-    while (threadId == 0 || stateOf(threadId) != 'S')
+    while (threadId == 0 || !test::isAsleep(threadId))
         std::this_thread::yield();
 }
 

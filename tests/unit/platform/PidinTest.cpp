@@ -9,6 +9,7 @@
 #include <sstream>
 #include <string>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -83,6 +84,13 @@ TEST(Pidin, NeedsNoArguments) {
     EXPECT_NE(lineOf(listing, getpid()), "");
 }
 
+// The system lets go of who started a program a moment before it tells the program's arguments.
+void awaitArguments(int process) {
+    const std::string path = "/proc/" + std::to_string(process) + "/cmdline";
+    while (std::ifstream(path).peek() == std::ifstream::traits_type::eof())
+        std::this_thread::yield();
+}
+
 TEST(Pidin, KeepsAProcessOnOneLine) {
     int gate[2];
     ASSERT_EQ(pipe(gate), 0);
@@ -92,6 +100,8 @@ TEST(Pidin, KeepsAProcessOnOneLine) {
     const int output = open("/dev/null", O_WRONLY | O_CLOEXEC);
     const int child = Spawn::start("/bin/cat", arguments, output);
     dup2(kept, STDIN_FILENO);
+    ASSERT_GT(child, 0);
+    awaitArguments(child);
     const Listing listing = pidin({"arg"});
     for (const int descriptor : {gate[0], gate[1], kept, output})
         close(descriptor);

@@ -1,5 +1,6 @@
 #include "supplicant/WifiUtil.h"
 
+#include "support/BlockedFile.h"
 #include "support/Leftovers.h"
 #include "support/StandIn.h"
 
@@ -7,12 +8,9 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <fstream>
 #include <functional>
-#include <pthread.h>
+#include <iterator>
 #include <string>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <vector>
 
 using test::Arguments;
@@ -110,8 +108,9 @@ protected:
         standIn.reset();
         standIn.on(behindInterface()).prints(reply).exits(status);
         standIn.on({"*"}).prints("OK\n"); // the later steps of createNetwork
+        const test::Leftovers before = test::Leftovers::now();
         const bool result = GetParam().run(util);
-        EXPECT_THAT(test::resultFiles(), IsEmpty());
+        EXPECT_TRUE(test::Leftovers::now() == before);
         return result;
     }
 
@@ -148,15 +147,12 @@ TEST_P(ConfigurationCommand, ChecksNoMoreThan127CharactersOfTheReply) {
 }
 
 TEST_P(ConfigurationCommand, UsesItsOwnResultFile) {
-    const std::string path =
-        GetParam().resultPrefix + std::to_string(static_cast<long long>(pthread_self()));
-    ASSERT_EQ(mkdir(path.c_str(), 0700), 0);
-    std::ofstream(path + "/x") << "keeps the folder";
     standIn.on({"*"}).prints("0\n");
-    EXPECT_FALSE(GetParam().run(util));
-    EXPECT_THAT(standIn.calls(), IsEmpty());
-    unlink((path + "/x").c_str());
-    rmdir(path.c_str());
+    {
+        const test::BlockedFile blocked(test::resultPath(GetParam().resultPrefix));
+        EXPECT_FALSE(GetParam().run(util));
+        EXPECT_THAT(standIn.calls(), IsEmpty());
+    }
     EXPECT_TRUE(GetParam().run(util));
 }
 
@@ -219,6 +215,7 @@ TEST_F(Commands, ReadValuesWithoutTheirQuotes) {
         {"FAIL\n", false, ""},
         {"", false, ""},
         {"0", true, "0"},
+        {"02:00:00:00:01:00", true, "02:00:00:00:01:00"},
         {"a\"b", true, ""},
         {"\"two\nlines\"", true, ""},
         // Its closing quote is beyond the 127 characters that are read.
@@ -249,6 +246,27 @@ TEST_F(Commands, CopyAValueAsFarAsThereIsRoom) {
     std::memset(value, '#', sizeof(value));
     EXPECT_TRUE(util.getNetworkValue("wlan0", 0, "ssid", value, 0));
     EXPECT_EQ(std::string(value, 8), "########");
+}
+
+TEST_F(Commands, FillTheRestOfTheRoomWithZeros) {
+    standIn.on({"*"}).prints("ab");
+    char value[8];
+    std::memset(value, '#', sizeof(value));
+    EXPECT_TRUE(util.getNetworkValue("wlan0", 0, "ssid", value, 6));
+    EXPECT_EQ(std::string(value, 8), std::string("ab\0\0\0\0##", 8));
+}
+
+TEST_F(Commands, CheckAReplyBeforeItsStampIsRemoved) {
+    WifiUtil& stamping = stampingUtil();
+    standIn.on({"-iwlan0", "get_network", "0", "ssid"}).prints(STAMP);
+    char value[8] = "before";
+    EXPECT_TRUE(stamping.getNetworkValue("wlan0", 0, "ssid", value, sizeof(value)));
+    EXPECT_STREQ(value, "");
+    standIn.on({"-iwlan0", "add_network"}).prints(STAMP);
+    standIn.on({"*"}).prints("OK\n");
+    unsigned char id = 99;
+    EXPECT_TRUE(stamping.createNetwork("wlan0", "home", &id));
+    EXPECT_EQ(id, 0);
 }
 
 TEST_F(Commands, ReadStampedValues) {
@@ -324,6 +342,9 @@ TEST_F(Commands, CreateReadsTheIdFromEightCharacters) {
         {"256\n", "256", 0},
         {"300\n", "300", 44},
         {"007\n", "007", 7},
+        {"010\n", "010", 10},
+        {"0x10\n", "0x10", 0},
+        {"1:2:3: 4\n", "1:2:3: 4", 1},
         {"5 networks\n", "5 networ", 5},
         {"x\n", "x", 0},
         {"12345678\n", "12345678", 12345678 & 255},
@@ -373,6 +394,21 @@ TEST_F(Commands, CreateStopsAtTheFirstStepThatFails) {
     EXPECT_EQ(id, 5);
     EXPECT_THAT(standIn.calls(), ElementsAre(ADD, setSsid("5", "\"home\""), enable("5")));
     EXPECT_THAT(test::resultFiles(), IsEmpty());
+}
+
+// A result file that cannot be made stops it at that step.
+TEST_F(Commands, CreateHasAResultFileForEachStep) {
+    const char* const prefixes[] = {"/tmp/wpa_cli_add_result_", "/tmp/wpa_cli_set_network_result_",
+                                    "/tmp/wpa_cli_enable_result_"};
+    for (std::size_t step = 0; step < std::size(prefixes); ++step) {
+        standIn.reset();
+        standIn.on({"-iwlan0", "add_network"}).prints("3\n");
+        standIn.on({"*"}).prints("OK\n");
+        const test::BlockedFile blocked(test::resultPath(prefixes[step]));
+        unsigned char id = 0;
+        EXPECT_FALSE(util.createNetwork("wlan0", "home", &id));
+        EXPECT_EQ(standIn.calls().size(), step) << prefixes[step];
+    }
 }
 
 } // namespace

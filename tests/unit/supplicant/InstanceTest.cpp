@@ -63,6 +63,16 @@ TEST_F(Instance, ExpectsStampsAfterAStampedAdapter) {
     EXPECT_TRUE(removesStamps());
 }
 
+TEST_F(Instance, TakesTwoWholeNumbersAndARealOneForAStamp) {
+    for (const char* adapter : {"12:34:56", "1:2:3wlan0", " 0:0:.5 "}) {
+        standIn.reset();
+        WifiUtil::unload();
+        standIn.on({"interface"}).prints(HEADER + adapter + "\n");
+        answerStatus();
+        EXPECT_TRUE(removesStamps()) << adapter;
+    }
+}
+
 TEST_F(Instance, ExpectsNoStampsOtherwise) {
     const char* const adapters[] = {"wlan0\n",
                                     "12:34 wlan0\n",

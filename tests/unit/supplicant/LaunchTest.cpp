@@ -138,7 +138,7 @@ TEST_F(Launch, FailsWithoutAResultFileAndStaysUsable) {
     EXPECT_FALSE(util.launchProcess(CLIENT, "c", nullptr, nullptr, nullptr, nullptr, nullptr));
     EXPECT_FALSE(util.launchProcess(CLIENT, "c", nullptr, nullptr, nullptr, nullptr, "/no/file"));
     EXPECT_TRUE(standIn.calls().empty()) << "no child is started";
-    EXPECT_TRUE(run());
+    std::thread([this] { EXPECT_TRUE(run()) << "from another thread too"; }).join();
 }
 
 TEST_F(Launch, FailsWhenTheClientCannotBeStarted) {
@@ -152,6 +152,19 @@ TEST_F(Launch, FailsWhenTheClientCannotBeStarted) {
     std::filesystem::remove(client);
     std::filesystem::create_directory(client);
     EXPECT_FALSE(run()) << "a folder";
+    std::thread([this] { EXPECT_FALSE(run()) << "from another thread too"; }).join();
+}
+
+TEST_F(Launch, FailsWhereTheSystemReapsItsChildren) {
+    standIn.on({"*"}).prints("OK\n");
+    struct sigaction ignore {};
+    struct sigaction before {};
+    ignore.sa_handler = SIG_IGN;
+    sigaction(SIGCHLD, &ignore, &before);
+    EXPECT_FALSE(run()) << "nobody can tell how the client ended";
+    sigaction(SIGCHLD, &before, nullptr);
+    EXPECT_EQ(standIn.calls().size(), 1U);
+    EXPECT_TRUE(run());
 }
 
 TEST_F(Launch, TakesAnArgumentThatTheSystemRefuses) {
@@ -196,6 +209,8 @@ TEST_F(Launch, LeavesTheChildrenOfOthersAlone) {
     siginfo_t info{};
     waitid(P_PID, static_cast<id_t>(other), &info, WEXITED | WNOWAIT);
     EXPECT_TRUE(run());
+    std::filesystem::remove(standIn.folder() + "/wpa_cli");
+    EXPECT_FALSE(run()) << "without a child of its own";
     int status = 0;
     EXPECT_EQ(waitpid(other, &status, 0), other) << "still there to be reaped";
     EXPECT_EQ(WEXITSTATUS(status), 7);
@@ -235,7 +250,8 @@ TEST_F(Launch, RaisesItsPriorityForTheSpawnAsFarAsThePolicyGoes) {
                 return;
             EXPECT_TRUE(run());
             // The child inherits what its parent had when it was started.
-            EXPECT_THAT(resultText(), HasSubstr("priority " + std::to_string(row.during) + "\n"));
+            EXPECT_THAT(resultText(), HasSubstr("policy " + std::to_string(SCHED_RR) +
+                                                "\npriority " + std::to_string(row.during) + "\n"));
             EXPECT_EQ(ownPriority(), row.before) << "restored";
         }
     }).join();
@@ -248,13 +264,6 @@ TEST_F(Launch, KeepsThePriorityWithoutRealTimeScheduling) {
     EXPECT_TRUE(run());
     EXPECT_THAT(resultText(),
                 HasSubstr("policy " + std::to_string(SCHED_OTHER) + "\npriority 0\n"));
-}
-
-TEST_F(Launch, WaitsForTheLaunchInProgressWhenItEnds) {
-    standIn.on({"*"}).prints("OK\n");
-    auto* shortLived = new WifiUtil;
-    EXPECT_TRUE(shortLived->launchProcess(CLIENT, "c", nullptr, nullptr, nullptr, nullptr, RESULT));
-    delete shortLived;
 }
 
 } // namespace

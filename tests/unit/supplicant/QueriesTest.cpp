@@ -1,5 +1,6 @@
 #include "supplicant/WifiUtil.h"
 
+#include "support/BlockedFile.h"
 #include "support/Leftovers.h"
 #include "support/Lines.h"
 #include "support/StandIn.h"
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <sys/stat.h>
@@ -16,6 +18,7 @@
 using platwifi::ReplyLines;
 using test::Arguments;
 using test::toStrings;
+using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -110,13 +113,14 @@ protected:
 TEST_P(ListQuery, RunsItsOneCommandAndHandsBackTheLines) {
     WifiUtil& instance = util();
     answer("first\tx\nsecond\n\nthird, the last\n");
+    const test::Leftovers before = test::Leftovers::now();
     ReplyLines lines(16);
     EXPECT_TRUE(run(instance, lines));
     EXPECT_THAT(toStrings(lines), ElementsAre("first\tx", "second", "third, the last"));
     Arguments call{CLIENT};
     call.insert(call.end(), GetParam().call.begin(), GetParam().call.end());
     EXPECT_THAT(standIn.calls(), ElementsAre(call));
-    EXPECT_THAT(test::resultFiles(), IsEmpty());
+    EXPECT_TRUE(test::Leftovers::now() == before);
 }
 
 TEST_P(ListQuery, SkipsItsHeaderWhateverThatHolds) {
@@ -222,11 +226,23 @@ TEST_P(ListQuery, FailsWithTheClient) {
     WifiUtil& instance = util();
     standIn.on(GetParam().call).prints("header\nheader\nentry\n").exits(255);
     ReplyLines lines(16);
-    lines.count = GetParam().resetsCount ? 5 : 0;
+    lines.count = 5;
     EXPECT_FALSE(run(instance, lines));
-    EXPECT_EQ(lines.count, 0);
-    EXPECT_EQ(lines.data()[0], nullptr);
+    EXPECT_EQ(lines.count, GetParam().resetsCount ? 0 : 5);
+    EXPECT_THAT(std::vector<char*>(lines.data(), lines.data() + 16), Each(nullptr));
     EXPECT_THAT(test::resultFiles(), IsEmpty());
+}
+
+TEST_P(ListQuery, FailsWhenTheReplyIsGone) {
+    WifiUtil& instance = util();
+    const std::string client = standIn.folder() + "/wpa_cli";
+    std::filesystem::remove(client);
+    std::ofstream(client) << "#!/bin/sh\nrm /tmp/*_result_*\n";
+    std::filesystem::permissions(client, std::filesystem::perms::owner_all);
+    ReplyLines lines(16);
+    lines.count = 5;
+    EXPECT_FALSE(run(instance, lines));
+    EXPECT_EQ(lines.count, GetParam().resetsCount ? 0 : 5);
 }
 
 TEST_P(ListQuery, ResetsOrKeepsTheCount) {
@@ -250,6 +266,15 @@ TEST_P(ListQuery, RemovesTheStampFromItsFirstEntryAlone) {
     EXPECT_THAT(toStrings(lines), ElementsAre(first, STAMP + "second"));
 }
 
+TEST_P(ListQuery, KeepsAnEntryThatIsNothingButAStamp) {
+    WifiUtil& instance = util(true);
+    answer(STAMP + "\n" + STAMP + "second\n");
+    ReplyLines lines(16);
+    EXPECT_TRUE(run(instance, lines));
+    EXPECT_THAT(toStrings(lines),
+                ElementsAre(GetParam().removesStamp ? "" : STAMP, STAMP + "second"));
+}
+
 TEST_P(ListQuery, LeavesStampsOfAClientThatMakesNone) {
     WifiUtil& instance = util(false);
     answer(STAMP + "entry\n");
@@ -263,15 +288,12 @@ TEST_P(ListQuery, LeavesStampsOfAClientThatMakesNone) {
 TEST_P(ListQuery, UsesItsOwnResultFile) {
     WifiUtil& instance = util();
     answer("entry\n");
-    const std::string path =
-        GetParam().resultPrefix + std::to_string(static_cast<long long>(pthread_self()));
-    ASSERT_EQ(mkdir(path.c_str(), 0700), 0);
-    std::ofstream(path + "/x") << "keeps the folder";
     ReplyLines lines(16);
-    EXPECT_FALSE(run(instance, lines));
-    EXPECT_THAT(standIn.calls(), IsEmpty());
-    std::remove((path + "/x").c_str());
-    rmdir(path.c_str());
+    {
+        const test::BlockedFile blocked(test::resultPath(GetParam().resultPrefix));
+        EXPECT_FALSE(run(instance, lines));
+        EXPECT_THAT(standIn.calls(), IsEmpty());
+    }
     EXPECT_TRUE(run(instance, lines));
 }
 
@@ -297,6 +319,14 @@ TEST_F(Adapters, AreAppendedAndNeverStrippedBehindAnEarlierEntry) {
     EXPECT_EQ(lines.count, 2);
 }
 
+TEST_F(Adapters, AreNotAppendedToAnArrayThatIsMoreThanFull) {
+    standIn.on({"interface"}).prints(ADAPTER_HEADER + "wlan0\n");
+    ReplyLines lines(4);
+    lines.count = 3;
+    EXPECT_TRUE(WifiUtil::getInstance()->getWifiAdapters(lines.data(), 2, &lines.count));
+    EXPECT_EQ(lines.count, 3);
+}
+
 class SupplicantRuns : public testing::Test {
 protected:
     test::StandIn standIn;
@@ -304,11 +334,15 @@ protected:
 };
 
 TEST_F(SupplicantRuns, ByItsPidFileWhenNoInterfaceIsNamed) {
+    const std::string result = test::resultPath("/tmp/process_table_result_");
+    std::ofstream(result) << "somebody's";
     EXPECT_FALSE(util.isWifiEnabled(nullptr));
     mkdir("/var/run", 0755);
     std::ofstream("/var/run/wpa_supplicant.pid") << "1\n";
     EXPECT_TRUE(util.isWifiEnabled(nullptr));
     EXPECT_THAT(standIn.calls(), IsEmpty()) << "no child is run";
+    EXPECT_THAT(test::resultFiles(), ElementsAre(result)) << "no file is removed";
+    std::remove(result.c_str());
     std::remove("/var/run/wpa_supplicant.pid");
     EXPECT_FALSE(util.isWifiEnabled(nullptr));
 }
@@ -323,12 +357,13 @@ TEST_F(SupplicantRuns, ByTheProcessTableWhenAnInterfaceIsNamed) {
         .then()
         .prints("77 wpa_supplicant\n")
         .exits(1);
+    const test::Leftovers before = test::Leftovers::now();
     EXPECT_TRUE(util.isWifiEnabled("wlan0"));
     EXPECT_FALSE(util.isWifiEnabled("wlan0"));
     EXPECT_FALSE(util.isWifiEnabled("wlan0")) << "an empty table";
     EXPECT_FALSE(util.isWifiEnabled("wlan0")) << "the lister failed";
     EXPECT_EQ(standIn.calls()[0], (Arguments{"/proc/boot/pidin", "-iwlan0", "arg"}));
-    EXPECT_THAT(test::resultFiles(), IsEmpty());
+    EXPECT_TRUE(test::Leftovers::now() == before);
 }
 
 TEST_F(SupplicantRuns, WhateverThePidFileSaysOnceAnInterfaceIsNamed) {
@@ -345,6 +380,21 @@ TEST_F(SupplicantRuns, FoundAnywhereInLinesOfUpTo511Characters) {
         .prints(std::string(498, 'x') + "wpa_supplicant\n");
     EXPECT_TRUE(util.isWifiEnabled("wlan0"));
     EXPECT_FALSE(util.isWifiEnabled("wlan0")) << "the name is cut in two";
+}
+
+TEST_F(SupplicantRuns, AskedWithABareOptionForAnEmptyName) {
+    standIn.on({"-i", "arg"}).prints("77 wpa_supplicant\n");
+    EXPECT_TRUE(util.isWifiEnabled(""));
+}
+
+TEST_F(SupplicantRuns, ToldThroughAResultFileOfItsOwn) {
+    standIn.on({"*"}).prints("77 wpa_supplicant\n");
+    {
+        const test::BlockedFile blocked(test::resultPath("/tmp/process_table_result_"));
+        EXPECT_FALSE(util.isWifiEnabled("wlan0"));
+        EXPECT_THAT(standIn.calls(), IsEmpty());
+    }
+    EXPECT_TRUE(util.isWifiEnabled("wlan0"));
 }
 
 TEST_F(SupplicantRuns, AndCertificatesNeedNoIndex) {

@@ -114,6 +114,7 @@ TEST(ResultFileCreation, MakesAFileThatNobodyMayWrite) {
         const FileDescriptor file = createResultFile(path.c_str());
         ASSERT_TRUE(file.isOpen());
         EXPECT_EQ(fcntl(file.number(), F_GETFD) & FD_CLOEXEC, FD_CLOEXEC);
+        EXPECT_EQ(fcntl(file.number(), F_GETFL) & O_ACCMODE, O_WRONLY);
     }
     EXPECT_EQ(factsOf(path).st_mode & 07777, mode_t{0440});
     std::remove(path.c_str());

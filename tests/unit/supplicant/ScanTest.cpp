@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <string>
+#include <thread>
 #include <vector>
 
 using test::Arguments;
@@ -110,6 +111,16 @@ TEST_F(Scan, IsWaitedForAfterItWasStarted) {
     EXPECT_EQ(secondsSlept(), 2U);
 }
 
+TEST_F(Scan, LetsOthersRunTheirCommandsWhileItWaits) {
+    onStatus("COMPLETED");
+    standIn.on({"*"}).prints("OK\n");
+    RecordedPlatform::duringSleeps(
+        [this] { std::thread([this] { EXPECT_TRUE(util.saveConfiguration("wlan0")); }).join(); });
+    EXPECT_TRUE(util.scanNetworks("wlan0"));
+    const Arguments save{"/proc/boot/wpa_cli", "-iwlan0", "save_config"};
+    EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, SCAN, STATUS, save));
+}
+
 TEST_F(Scan, FailsWhenTheFirstStatusCannotBeRead) {
     onStatus("COMPLETED").exits(255);
     EXPECT_FALSE(util.scanNetworks("wlan0"));
@@ -147,11 +158,19 @@ TEST_F(Scan, TakesAStatusWithoutAStateForUnknown) {
 
 TEST_F(Scan, LooksAt16StatusLinesOnly) {
     std::string reply;
-    for (int i = 0; i < 16; ++i)
+    for (int i = 0; i < 15; ++i)
         reply += "line\n";
-    standIn.on({"-iwlan0", "status"}).prints(reply + "wpa_state=COMPLETED\n");
+    standIn.on({"-iwlan0", "status"})
+        .prints(reply + "line\nwpa_state=COMPLETED\n")
+        .then()
+        .prints("")
+        .then()
+        .prints(reply + "wpa_state=COMPLETED\n");
+    standIn.on({"-iwlan0", "scan"}).prints("OK\n");
     EXPECT_TRUE(util.scanNetworks("wlan0"));
     EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, STATUS)) << "the state came too late";
+    EXPECT_TRUE(util.scanNetworks("wlan0"));
+    EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, STATUS, STATUS, SCAN, STATUS));
 }
 
 TEST_F(Scan, LeavesItsResultFileForTheNextScanOfTheThread) {

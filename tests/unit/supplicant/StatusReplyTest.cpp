@@ -34,7 +34,7 @@ TEST(StatusReply, NamesEveryState) {
 }
 
 TEST(StatusReply, LooksForTheNamesInAFixedOrder) {
-    EXPECT_EQ(stateOfLine("wpa_state=DISCONNECTED INACTIVE"), WPA_STATE_IDLE);
+    EXPECT_EQ(stateOfLine("wpa_state=SCANNING INACTIVE"), WPA_STATE_IDLE);
     EXPECT_EQ(stateOfLine("wpa_state=COMPLETED SCANNING"), WPA_STATE_SCANNING);
     EXPECT_EQ(stateOfLine("wpa_state=4WAY_HANDSHAKE COMPLETED"), WPA_STATE_COMPLETED);
     EXPECT_EQ(stateOfLine("wpa_state=GROUP_HANDSHAKE 4WAY_HANDSHAKE"), WPA_STATE_4WAY_HANDSHAKE);

@@ -40,10 +40,19 @@ TEST(ValueQuoting, QuotesTextsAndLeavesTheRest) {
         EXPECT_EQ(quotedFor(key, "some text"), "\"some text\"") << key;
 
     const char* const bare[] = {
-        "key_mgmt", "proto", "pairwise", "group",         "eap",      "auth_alg",
-        "mode",     "bssid", "disabled", "wep_tx_keyidx", "priority", "scan_ssid",
-        "ssid2",    "psk2",  "Ssid",     "password2",     "phase",    "phase11",
-        "wep_ke",   "xssid", "",         "identity2",     "ca_pat",   "client_cer",
+        "key_mgmt", "proto",
+        "pairwise", "group",
+        "eap",      "auth_alg",
+        "mode",     "bssid",
+        "disabled", "wep_tx_keyidx",
+        "priority", "scan_ssid",
+        "ssid2",    "psk2",
+        "Ssid",     "password2",
+        "phase",    "phase11",
+        "wep_ke",   "xssid",
+        "",         "identity2",
+        "ca_pat",   "client_cer",
+        "phase22",  "anonymous_identity2",
     };
     for (const char* key : bare)
         EXPECT_EQ(quotedFor(key, "WPA-PSK"), "WPA-PSK") << key;

@@ -84,8 +84,11 @@ TEST(FakeJni, KeepsAnArrayElementWhoseReferenceIsDeleted) {
     JNIEnv* java = jni.environment();
     const jstring element = java->NewStringUTF("kept");
     const jobjectArray array = java->NewObjectArray(1, stringClass(jni), element);
+    EXPECT_EQ(jni.liveReferences(), 3U) << "string, class and array";
     java->DeleteLocalRef(element);
+    EXPECT_EQ(jni.liveReferences(), 2U);
     EXPECT_THAT(jni.elementsOf(array), ElementsAre("kept"));
+    EXPECT_EQ(jni.elementClassOf(array), "java/lang/String");
 }
 
 class FakeJniDeathTest : public testing::Test {

@@ -1,0 +1,130 @@
+// What other threads may do while a client runs. The client is held until the test lets it go.
+
+#include "supplicant/WifiUtil.h"
+
+#include "support/Leftovers.h"
+#include "support/StandIn.h"
+#include "support/ThreadState.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdio>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+constexpr const char* GATE = "/tmp/gate";
+constexpr const char* FIRST = "/tmp/first_result_test";
+constexpr const char* SECOND = "/tmp/second_result_test";
+
+bool launch(WifiUtil& util, const char* resultFile) {
+    return util.launchProcess("/proc/boot/wpa_cli", "status", nullptr, nullptr, nullptr, nullptr,
+                              resultFile);
+}
+
+/// A thread that does one thing.
+class Doing {
+public:
+    template <typename Body>
+    explicit Doing(Body body)
+        : m_thread([this, body] {
+              m_id = PlatformUtil::threadId();
+              body();
+              m_done = true;
+          }) {}
+    ~Doing() { m_thread.join(); }
+
+    /// Returns when the thread waits for something, or is done.
+    void awaitRest() const {
+        while (!m_done && (m_id == 0 || !test::isAsleep(m_id)))
+            std::this_thread::yield();
+    }
+
+    bool isDone() const { return m_done; }
+
+private:
+    std::atomic<int> m_id{0};
+    std::atomic<bool> m_done{false};
+    std::thread m_thread;
+};
+
+class OneAtATime : public testing::Test {
+protected:
+    // Opening the gate to write, and opening it to read, each wait for the other. Without a gate
+    // the client ends at once.
+    OneAtATime() {
+        const std::string client = standIn.folder() + "/wpa_cli";
+        std::filesystem::remove(client);
+        std::ofstream(client) << "#!/bin/sh\nread line <" << GATE << "\nexit 0\n";
+        std::filesystem::permissions(client, std::filesystem::perms::owner_all);
+        EXPECT_EQ(mkfifo(GATE, 0600), 0);
+    }
+    ~OneAtATime() override {
+        for (const char* file : {GATE, FIRST, SECOND})
+            std::remove(file);
+    }
+
+    void awaitClient() { m_gate = open(GATE, O_WRONLY | O_CLOEXEC); }
+    void letClientGo() {
+        std::remove(GATE);
+        close(m_gate);
+    }
+
+    test::StandIn standIn;
+    WifiUtil util;
+
+private:
+    int m_gate = -1;
+};
+
+TEST_F(OneAtATime, ASecondLaunchDoesNotTouchItsResultFileBeforeTheFirstIsOver) {
+    const Doing first([this] { EXPECT_TRUE(launch(util, FIRST)); });
+    awaitClient();
+    const Doing second([this] { EXPECT_TRUE(launch(util, SECOND)); });
+    second.awaitRest();
+    EXPECT_FALSE(std::filesystem::exists(SECOND));
+    EXPECT_EQ(test::Leftovers::now().children, 1U);
+    letClientGo();
+}
+
+TEST_F(OneAtATime, TheEndWaitsForTheLaunchInProgress) {
+    auto* const shortLived = new WifiUtil;
+    const Doing launching([shortLived] { EXPECT_TRUE(launch(*shortLived, FIRST)); });
+    awaitClient();
+    const Doing ending([shortLived] { delete shortLived; });
+    ending.awaitRest();
+    EXPECT_FALSE(ending.isDone());
+    letClientGo();
+}
+
+TEST_F(OneAtATime, TheFirstInstanceIsWaitedForUntilItIsProbed) {
+    {
+        const Doing first([] { EXPECT_NE(WifiUtil::getInstance(), nullptr); });
+        awaitClient();
+        const Doing second([] { EXPECT_NE(WifiUtil::getInstance(), nullptr); });
+        second.awaitRest();
+        EXPECT_FALSE(second.isDone());
+        letClientGo();
+    }
+    WifiUtil::unload();
+}
+
+TEST_F(OneAtATime, TheResultFileIsTheClientsAloneWhileItRuns) {
+    const Doing launching([this] { EXPECT_TRUE(launch(util, FIRST)); });
+    awaitClient();
+    launching.awaitRest();
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code gone; // the folder's own descriptor
+        EXPECT_NE(std::filesystem::read_symlink(entry, gone), FIRST);
+    }
+    letClientGo();
+}
+
+} // namespace
