@@ -9,6 +9,9 @@ BUILD_DIR=$SOURCE_DIR/build/release
 PACKAGE_LIST=$SOURCE_DIR/scripts/packages.txt
 LOG_DIR=$SOURCE_DIR/build/logs
 
+# A closed standard input would give its number to the next file that somebody opens.
+[ -e /proc/self/fd/0 ] || exec </dev/null
+
 step() { printf '==> %s\n' "$*"; }
 
 # The status is 1, or FAIL_STATUS in a program whose statuses tell failures apart.

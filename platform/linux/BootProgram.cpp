@@ -7,11 +7,9 @@
 namespace platform {
 namespace {
 
-const std::string BOOT_IMAGE = "/proc/boot/";
+constexpr char BOOT_IMAGE[] = "/proc/boot/";
 
-bool startsWith(const std::string& text, const std::string& prefix) {
-    return text.compare(0, prefix.size(), prefix) == 0;
-}
+constexpr std::size_t BOOT_IMAGE_LENGTH = sizeof(BOOT_IMAGE) - 1;
 
 std::string folderOf(const std::string& path) {
     const auto slash = path.rfind('/');
@@ -28,9 +26,9 @@ std::string installedBootDirectory() {
 } // namespace
 
 std::string locateProgram(const std::string& path) {
-    if (!startsWith(path, BOOT_IMAGE))
+    if (path.compare(0, BOOT_IMAGE_LENGTH, BOOT_IMAGE) != 0)
         return path;
-    const std::string name = path.substr(BOOT_IMAGE.size());
+    const std::string name = path.substr(BOOT_IMAGE_LENGTH);
     if (const char* directory = secure_getenv("PLATFORM_BOOT_DIR"))
         return std::string(directory) + "/" + name;
     if (access(path.c_str(), F_OK) == 0)

@@ -65,8 +65,9 @@ bool isOpen(int descriptor) {
 
 int spawn(const std::string& program, const char* const arguments[], int output) {
     FileActions actions;
-    // Mapped onto itself, a descriptor loses its close-on-exec mark and reaches the child.
-    if (isOpen(STDIN_FILENO))
+    // Mapped onto itself, a descriptor loses its close-on-exec mark and reaches the child. Where the
+    // caller has no standard input, the output may have got its number.
+    if (output != STDIN_FILENO && isOpen(STDIN_FILENO))
         actions.map(STDIN_FILENO, STDIN_FILENO);
     actions.map(output, STDOUT_FILENO);
     actions.map(STDOUT_FILENO, STDERR_FILENO);

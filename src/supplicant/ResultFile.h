@@ -9,8 +9,8 @@ namespace platwifi {
 
 /// Opens (creates, or empties) the file that takes a child's output, with mode 0440. It stands in a
 /// folder that everybody may write to, so a link, or anything else that is not a regular file, is
-/// refused; a file that is left over, and that this process may not write or does not own, is
-/// replaced.
+/// refused; a file that is left over, and that this process may not write, does not own or that has a
+/// second name, is replaced.
 platform::FileDescriptor createResultFile(const char* path);
 
 /// The file between a command and its reply. The name carries the calling thread's id, so two

@@ -184,6 +184,16 @@ TEST_F(Launch, LetsNoOtherDescriptorIntoTheChild) {
     close(high);
 }
 
+TEST_F(Launch, GivesTheChildNoInputWhereTheCallerHasNone) {
+    standIn.on({"*"}).printsFacts();
+    const int kept = fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 3);
+    close(STDIN_FILENO);
+    EXPECT_TRUE(run());
+    EXPECT_THAT(resultText(), HasSubstr("descriptors 1 2\n"));
+    dup2(kept, STDIN_FILENO);
+    close(kept);
+}
+
 TEST_F(Launch, RunsChildrenOneAfterAnother) {
     standIn.on({"*"}).prints("OK\n");
     std::vector<std::thread> threads;

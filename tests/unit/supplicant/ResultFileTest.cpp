@@ -150,6 +150,16 @@ TEST(ResultFileCreation, RefusesWhatIsNotARegularFile) {
     EXPECT_FALSE(createResultFile("").isOpen());
 }
 
+TEST(ResultFileCreation, LeavesAFileAloneThatHasASecondName) {
+    write("/tmp/precious", "keep me");
+    const std::string path = ownPath();
+    ASSERT_EQ(link("/tmp/precious", path.c_str()), 0);
+    EXPECT_TRUE(createResultFile(path.c_str()).isOpen());
+    EXPECT_EQ(contentOf("/tmp/precious"), "keep me");
+    EXPECT_EQ(factsOf(path).st_nlink, nlink_t{1});
+    std::remove(path.c_str());
+}
+
 // Runs the test in a child that is not root; the status tells how many checks failed.
 template <typename Body>
 int asNobody(Body body) {
