@@ -84,6 +84,7 @@ TEST(NetworkWepKeys, RefuseWhatIsNoSlot) {
     WifiNetwork network;
     for (unsigned int slot = 0; slot < 4; ++slot)
         network.setWepKey(slot, "abcde");
+    network.setWepIndex(3); // so that what stands behind the slots is not zero
     network.cleanDirtyFields();
     const auto before = valuesOf(network);
     for (const unsigned int index : {4U, 5U, 256U, std::numeric_limits<unsigned int>::max()}) {
