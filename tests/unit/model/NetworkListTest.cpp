@@ -10,7 +10,6 @@
 #include <vector>
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using Names = std::vector<std::string>;
 
 namespace {
