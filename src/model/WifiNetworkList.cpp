@@ -1,0 +1,129 @@
+#include "model/WifiNetworkList.h"
+
+#include "model/WifiNetwork.h"
+#include "platform/MutexGuard.h"
+
+#include <cstring>
+
+namespace {
+
+bool isEmpty(const char* text) {
+    return !text || *text == '\0';
+}
+
+bool hasSsid(const WifiNetwork& network, const char* ssid) {
+    const char* const own = network.getSsid();
+    return own && ssid && std::strcmp(own, ssid) == 0;
+}
+
+bool holds(const WifiNetwork* first, const char* ssid) {
+    for (const WifiNetwork* network = first; network; network = network->getNext()) {
+        if (hasSsid(*network, ssid))
+            return true;
+    }
+    return false;
+}
+
+void removeFirst(WifiNetwork*& head, const char* ssid) {
+    WifiNetwork* previous = nullptr;
+    WifiNetwork* network = head;
+    while (network && !hasSsid(*network, ssid)) {
+        previous = network;
+        network = network->getNext();
+    }
+    if (!network)
+        return;
+    if (previous)
+        previous->setNext(network->getNext());
+    else
+        head = network->getNext();
+    delete network;
+}
+
+void removeAll(WifiNetwork*& head) {
+    while (WifiNetwork* const network = head) {
+        head = network->getNext();
+        delete network;
+    }
+}
+
+} // namespace
+
+WifiNetworkList::WifiNetworkList() {
+    PlatformUtil::createMutex(&mutex);
+}
+
+// The lock is never given back: it ends while it is held, so that nobody finds a list without one.
+WifiNetworkList::~WifiNetworkList() {
+    lock();
+    removeAll(head);
+    invalid = 0;
+    PlatformUtil::destroyMutex(&mutex);
+}
+
+void WifiNetworkList::lock() {
+    PlatformUtil::lockMutex(&mutex);
+}
+
+void WifiNetworkList::unlock() {
+    PlatformUtil::unlockMutex(&mutex);
+}
+
+WifiNetwork* WifiNetworkList::getHead() const {
+    return head;
+}
+
+unsigned int WifiNetworkList::getCount() const {
+    const MutexGuard guard(mutex);
+    unsigned int count = 0;
+    for (const WifiNetwork* network = head; network; network = network->getNext())
+        ++count;
+    return count;
+}
+
+bool WifiNetworkList::containsNetwork(const char* ssid) const {
+    const MutexGuard guard(mutex);
+    return !isEmpty(ssid) && holds(head, ssid);
+}
+
+// Does not ask containsNetwork(), which never finds an empty SSID: that one, too, is there once.
+bool WifiNetworkList::addNetworkToList(WifiNetwork* network) {
+    const MutexGuard guard(mutex);
+    if (!network || holds(head, network->getSsid()))
+        return false;
+    network->setNext(head);
+    head = network;
+    invalidateDatabase();
+    return true;
+}
+
+bool WifiNetworkList::removeNetworkFromList(const char* ssid) {
+    const MutexGuard guard(mutex);
+    if (isEmpty(ssid))
+        return false;
+    removeFirst(head, ssid);
+    invalidateDatabase(); // also when there was none: the caller's picture was another one
+    return true;
+}
+
+bool WifiNetworkList::removeAllFromList() {
+    const MutexGuard guard(mutex);
+    removeAll(head);
+    invalidateDatabase();
+    return true;
+}
+
+bool WifiNetworkList::isValid() const {
+    const MutexGuard guard(mutex);
+    return invalid == 0;
+}
+
+void WifiNetworkList::validateDatabase() {
+    const MutexGuard guard(mutex);
+    invalid = 0;
+}
+
+void WifiNetworkList::invalidateDatabase() {
+    const MutexGuard guard(mutex);
+    invalid = 1;
+}

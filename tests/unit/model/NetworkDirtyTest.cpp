@@ -1,0 +1,110 @@
+#include "NetworkRows.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using test::dirtyOf;
+using test::FlagRow;
+using test::markAll;
+using test::valuesOf;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Byte = unsigned char;
+
+namespace {
+
+constexpr unsigned int FLAGS = 33; // 29 and four WEP keys
+
+class NetworkDirty : public testing::TestWithParam<FlagRow> {
+protected:
+    bool mark(bool on) { return (network.*GetParam().set)(on); }
+    bool get() const { return (network.*GetParam().get)(); }
+
+    WifiNetwork network;
+};
+
+TEST_P(NetworkDirty, IsStoredAlone) {
+    const auto before = valuesOf(network);
+    EXPECT_FALSE(get());
+    EXPECT_TRUE(mark(true));
+    EXPECT_TRUE(get());
+    EXPECT_THAT(dirtyOf(network), ElementsAre(GetParam().name));
+    EXPECT_EQ(valuesOf(network), before);
+}
+
+TEST_P(NetworkDirty, IsTakenBackAlone) {
+    markAll(network);
+    EXPECT_TRUE(mark(false));
+    EXPECT_FALSE(get());
+    EXPECT_EQ(dirtyOf(network).size(), FLAGS - 1);
+    EXPECT_TRUE(mark(false)) << "the result tells nothing about a change";
+}
+
+TEST_P(NetworkDirty, MakesTheNetworkDirtyExceptTheAnonymousIdentity) {
+    mark(true);
+    EXPECT_EQ(network.getNetworkDirty(), GetParam().name != std::string("EAPAnonymousIdentity"));
+    mark(false);
+    EXPECT_FALSE(network.getNetworkDirty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Flags, NetworkDirty, testing::ValuesIn(test::flagRows()),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(NetworkDirtyFlags, AreAllCleared) {
+    WifiNetwork network;
+    markAll(network);
+    EXPECT_EQ(dirtyOf(network).size(), FLAGS);
+    EXPECT_TRUE(network.getNetworkDirty());
+    network.cleanDirtyFields();
+    EXPECT_THAT(dirtyOf(network), IsEmpty());
+    EXPECT_FALSE(network.getNetworkDirty());
+}
+
+TEST(NetworkDirtyFlags, LeaveTheValuesWhenTheyAreCleared) {
+    WifiNetwork network;
+    network.setSsid("abc");
+    network.setPriority(5);
+    const auto before = valuesOf(network);
+    network.cleanDirtyFields();
+    EXPECT_EQ(valuesOf(network), before);
+}
+
+TEST(NetworkDirtyFlags, DoNotCountAnAnonymousIdentityAlone) {
+    WifiNetwork network;
+    network.setSsid("abc");
+    network.cleanDirtyFields();
+    EXPECT_TRUE(network.setEAPAnonymousIdentity("x"));
+    EXPECT_TRUE(network.getEAPAnonymousIdentityDirty());
+    EXPECT_FALSE(network.getNetworkDirty());
+    EXPECT_TRUE(network.getEAPAnonymousIdentityDirty()) << "asking changes nothing";
+    network.setSsid("abcd");
+    EXPECT_TRUE(network.getNetworkDirty());
+}
+
+TEST(NetworkWepKeyDirty, HasAFlagASlot) {
+    for (unsigned char slot = 0; slot < 4; ++slot) {
+        WifiNetwork network;
+        EXPECT_TRUE(network.setWepKeyDirty(true, slot));
+        EXPECT_TRUE(network.getWepKeyDirty(slot));
+        EXPECT_THAT(dirtyOf(network), ElementsAre("wepKey" + std::to_string(slot)));
+        EXPECT_TRUE(network.getNetworkDirty());
+        EXPECT_TRUE(network.setWepKeyDirty(false, slot));
+        EXPECT_THAT(dirtyOf(network), IsEmpty());
+        EXPECT_FALSE(network.getNetworkDirty());
+    }
+}
+
+TEST(NetworkWepKeyDirty, RefusesWhatIsNoSlot) {
+    WifiNetwork network;
+    for (const unsigned char index : {Byte{4}, Byte{5}, Byte{128}, Byte{255}}) {
+        EXPECT_FALSE(network.setWepKeyDirty(true, index));
+        EXPECT_FALSE(network.getWepKeyDirty(index));
+        EXPECT_THAT(dirtyOf(network), IsEmpty());
+    }
+    markAll(network);
+    EXPECT_FALSE(network.setWepKeyDirty(false, 4));
+    EXPECT_FALSE(network.getWepKeyDirty(4));
+    EXPECT_EQ(dirtyOf(network).size(), FLAGS);
+}
+
+} // namespace

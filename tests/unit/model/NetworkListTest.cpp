@@ -1,0 +1,258 @@
+#include "model/WifiNetworkList.h"
+
+#include "model/WifiNetwork.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+using testing::ElementsAre;
+using Names = std::vector<std::string>;
+
+namespace {
+
+std::unique_ptr<WifiNetwork> networkCalled(const char* ssid) {
+    auto network = std::make_unique<WifiNetwork>();
+    network->setSsid("something else"); // so that an empty one can be set
+    network->setSsid(ssid);
+    return network;
+}
+
+bool add(WifiNetworkList& list, const char* ssid) {
+    auto network = networkCalled(ssid);
+    const bool taken = list.addNetworkToList(network.get());
+    if (taken)
+        static_cast<void>(network.release()); // the list's own now
+    return taken;
+}
+
+void fill(WifiNetworkList& list, const Names& ssids) {
+    for (const std::string& ssid : ssids)
+        ASSERT_TRUE(add(list, ssid.c_str()));
+    list.validateDatabase();
+}
+
+Names ssidsOf(WifiNetworkList& list) {
+    Names ssids;
+    list.lock();
+    for (const WifiNetwork* network = list.getHead(); network; network = network->getNext())
+        ssids.emplace_back(network->getSsid() ? network->getSsid() : "null");
+    list.unlock();
+    return ssids;
+}
+
+class NetworkList : public testing::Test {
+protected:
+    WifiNetworkList list;
+};
+
+TEST_F(NetworkList, StartsEmptyAndValid) {
+    EXPECT_EQ(list.getHead(), nullptr);
+    EXPECT_EQ(list.getCount(), 0U);
+    EXPECT_TRUE(list.isValid());
+    EXPECT_FALSE(list.containsNetwork("A"));
+}
+
+TEST_F(NetworkList, HoldsTheLastAddedFirst) {
+    for (const char* ssid : {"A", "B", "C"})
+        EXPECT_TRUE(add(list, ssid));
+    EXPECT_STREQ(list.getHead()->getSsid(), "C");
+    EXPECT_THAT(ssidsOf(list), ElementsAre("C", "B", "A"));
+    EXPECT_EQ(list.getCount(), 3U);
+    EXPECT_FALSE(list.isValid());
+}
+
+TEST_F(NetworkList, HoldsTheVeryNetworkAndEndsItsChain) {
+    auto network = networkCalled("A");
+    WifiNetwork stranger;
+    network->setNext(&stranger);
+    WifiNetwork* const added = network.release();
+    EXPECT_TRUE(list.addNetworkToList(added));
+    EXPECT_EQ(list.getHead(), added);
+    EXPECT_EQ(added->getNext(), nullptr);
+}
+
+TEST_F(NetworkList, RefusesAnSsidThatItHas) {
+    fill(list, {"A", "B"});
+    for (const char* ssid : {"A", "B"}) {
+        const auto rejected = networkCalled(ssid); // stays ours, and is deleted here
+        EXPECT_FALSE(list.addNetworkToList(rejected.get())) << ssid;
+        EXPECT_EQ(rejected->getNext(), nullptr);
+    }
+    EXPECT_THAT(ssidsOf(list), ElementsAre("B", "A"));
+    EXPECT_TRUE(list.isValid());
+}
+
+TEST_F(NetworkList, RefusesTheNetworkThatItHas) {
+    fill(list, {"A", "B"});
+    EXPECT_FALSE(list.addNetworkToList(list.getHead()));
+    EXPECT_THAT(ssidsOf(list), ElementsAre("B", "A"));
+}
+
+TEST_F(NetworkList, RefusesNull) {
+    EXPECT_FALSE(list.addNetworkToList(nullptr));
+    EXPECT_EQ(list.getCount(), 0U);
+    EXPECT_TRUE(list.isValid());
+}
+
+TEST_F(NetworkList, FindsSsidsByteForByte) {
+    fill(list, {"home", "caf\xe9", "Home"});
+    struct Row {
+        const char* ssid;
+        bool found;
+    };
+    const Row rows[] = {
+        {"home", true},   {"Home", true}, {"caf\xe9", true},      {"HOME", false}, {"hom", false},
+        {"home ", false}, {"caf", false}, {"caf\xc3\xa9", false}, {"", false},     {nullptr, false},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(list.containsNetwork(row.ssid), row.found) << (row.ssid ? row.ssid : "null");
+    EXPECT_TRUE(list.isValid()) << "asking changes nothing";
+}
+
+TEST_F(NetworkList, TakesSsidsOfAnyLength) {
+    const std::string ssids[] = {"a", std::string(32, 'b'), std::string(200, 'c')};
+    for (const std::string& ssid : ssids) {
+        EXPECT_TRUE(add(list, ssid.c_str()));
+        EXPECT_FALSE(add(list, ssid.c_str()));
+        EXPECT_TRUE(list.containsNetwork(ssid.c_str()));
+        EXPECT_FALSE(list.containsNetwork((ssid + "x").c_str()));
+    }
+    EXPECT_EQ(list.getCount(), 3U);
+    for (const std::string& ssid : ssids) {
+        EXPECT_TRUE(list.removeNetworkFromList(ssid.c_str()));
+        EXPECT_FALSE(list.containsNetwork(ssid.c_str()));
+    }
+    EXPECT_EQ(list.getCount(), 0U);
+}
+
+TEST_F(NetworkList, TakesAnEmptySsidOnceAndNeverFindsIt) {
+    EXPECT_TRUE(add(list, ""));
+    EXPECT_FALSE(add(list, ""));
+    EXPECT_FALSE(list.containsNetwork(""));
+    EXPECT_FALSE(list.removeNetworkFromList(""));
+    EXPECT_THAT(ssidsOf(list), ElementsAre(""));
+}
+
+TEST_F(NetworkList, TakesAnUnsetSsidForNoOther) {
+    EXPECT_TRUE(add(list, nullptr));
+    EXPECT_TRUE(add(list, "A"));
+    EXPECT_TRUE(add(list, nullptr));
+    EXPECT_FALSE(list.containsNetwork(nullptr));
+    EXPECT_FALSE(list.removeNetworkFromList(nullptr));
+    EXPECT_TRUE(list.removeNetworkFromList("A"));
+    EXPECT_THAT(ssidsOf(list), ElementsAre("null", "null"));
+}
+
+TEST_F(NetworkList, RemovesFromAnyPlace) {
+    struct Row {
+        const char* ssid;
+        Names left;
+    };
+    const Row rows[] = {
+        {"C", {"B", "A"}},
+        {"B", {"C", "A"}},
+        {"A", {"C", "B"}},
+    };
+    for (const Row& row : rows) {
+        WifiNetworkList three;
+        fill(three, {"A", "B", "C"});
+        EXPECT_TRUE(three.removeNetworkFromList(row.ssid));
+        EXPECT_EQ(ssidsOf(three), row.left);
+        EXPECT_EQ(three.getCount(), 2U);
+        EXPECT_FALSE(three.isValid());
+    }
+}
+
+TEST_F(NetworkList, RemovesByTheNetworksOwnText) {
+    fill(list, {"A"});
+    EXPECT_TRUE(list.removeNetworkFromList(list.getHead()->getSsid()));
+    EXPECT_EQ(list.getHead(), nullptr);
+}
+
+TEST_F(NetworkList, RemovesTheFirstOfTwoThatCameToTheSameName) {
+    fill(list, {"A", "B", "C"});
+    list.getHead()->setSsid("A");
+    list.getHead()->setPriority(1);
+    EXPECT_TRUE(list.removeNetworkFromList("A"));
+    EXPECT_THAT(ssidsOf(list), ElementsAre("B", "A"));
+}
+
+TEST_F(NetworkList, ReportsAnUnknownSsidAsRemoved) {
+    fill(list, {"A"});
+    EXPECT_TRUE(list.removeNetworkFromList("B"));
+    EXPECT_THAT(ssidsOf(list), ElementsAre("A"));
+    EXPECT_FALSE(list.isValid());
+}
+
+TEST_F(NetworkList, RemovesNothingForNoName) {
+    fill(list, {"A"});
+    EXPECT_FALSE(list.removeNetworkFromList(""));
+    EXPECT_FALSE(list.removeNetworkFromList(nullptr));
+    EXPECT_THAT(ssidsOf(list), ElementsAre("A"));
+    EXPECT_TRUE(list.isValid());
+}
+
+TEST_F(NetworkList, TakesARemovedSsidAgain) {
+    fill(list, {"A", "B"});
+    EXPECT_TRUE(list.removeNetworkFromList("A"));
+    EXPECT_TRUE(add(list, "A"));
+    EXPECT_THAT(ssidsOf(list), ElementsAre("A", "B"));
+}
+
+TEST_F(NetworkList, RemovesAll) {
+    fill(list, {"A", "B", "C"});
+    EXPECT_TRUE(list.removeAllFromList());
+    EXPECT_EQ(list.getHead(), nullptr);
+    EXPECT_EQ(list.getCount(), 0U);
+    EXPECT_FALSE(list.isValid());
+}
+
+TEST_F(NetworkList, IsInvalidAfterRemovingAllOfNothing) {
+    EXPECT_TRUE(list.removeAllFromList());
+    EXPECT_FALSE(list.isValid());
+    EXPECT_EQ(list.getCount(), 0U);
+}
+
+TEST_F(NetworkList, IsValidByWordAlone) {
+    list.invalidateDatabase();
+    list.invalidateDatabase();
+    EXPECT_FALSE(list.isValid());
+    list.validateDatabase();
+    EXPECT_TRUE(list.isValid());
+    EXPECT_TRUE(add(list, "A"));
+    EXPECT_FALSE(list.isValid());
+    list.validateDatabase();
+    EXPECT_TRUE(list.isValid());
+    list.getHead()->setPriority(5);
+    EXPECT_TRUE(list.isValid()) << "a change inside a network is not the list's";
+}
+
+TEST_F(NetworkList, LetsTheHolderOfItsLockDoEverything) {
+    list.lock();
+    list.lock();
+    EXPECT_TRUE(add(list, "A"));
+    EXPECT_TRUE(list.containsNetwork("A"));
+    EXPECT_EQ(list.getCount(), 1U);
+    EXPECT_TRUE(list.removeNetworkFromList("A"));
+    EXPECT_TRUE(list.removeAllFromList());
+    EXPECT_FALSE(list.isValid());
+    list.validateDatabase();
+    EXPECT_TRUE(list.isValid());
+    list.unlock();
+    list.unlock();
+}
+
+TEST_F(NetworkList, MayBeEndedByTheHolderOfItsLock) {
+    for (int depth = 0; depth <= 2; ++depth) {
+        WifiNetworkList ended;
+        fill(ended, {"A", "B"});
+        for (int i = 0; i < depth; ++i)
+            ended.lock();
+    }
+}
+
+} // namespace

@@ -1,0 +1,188 @@
+#include "NetworkRows.h"
+
+#include "model/WifiTypes.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <type_traits>
+
+using test::dirtyOf;
+using test::NumberRow;
+using test::valuesOf;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Names = std::vector<std::string>;
+using Byte = unsigned char;
+
+namespace {
+
+constexpr unsigned int LARGEST = std::numeric_limits<unsigned int>::max();
+
+class NetworkNumber : public testing::TestWithParam<NumberRow> {
+protected:
+    bool set(unsigned int number) { return (network.*GetParam().set)(number); }
+    unsigned int get() const { return (network.*GetParam().get)(); }
+
+    WifiNetwork network;
+    const Names own{GetParam().name};
+};
+
+TEST_P(NetworkNumber, StartsAtZero) {
+    EXPECT_EQ(get(), 0U);
+    EXPECT_FALSE(set(0));
+    EXPECT_THAT(dirtyOf(network), IsEmpty());
+}
+
+TEST_P(NetworkNumber, IsStoredAndMarkedWhenItChanges) {
+    Names expected = valuesOf(network);
+    EXPECT_TRUE(set(5));
+    EXPECT_EQ(get(), 5U);
+    EXPECT_EQ(dirtyOf(network), own) << "no flag but its own";
+    for (std::string& value : expected) {
+        if (value == own[0] + "=0")
+            value = own[0] + "=5";
+    }
+    EXPECT_EQ(valuesOf(network), expected) << "no field but this one";
+}
+
+TEST_P(NetworkNumber, ReportsNoChangeForTheSameNumber) {
+    EXPECT_TRUE(set(5));
+    EXPECT_FALSE(set(5));
+    EXPECT_EQ(dirtyOf(network), own);
+    network.cleanDirtyFields();
+    EXPECT_FALSE(set(5));
+    EXPECT_THAT(dirtyOf(network), IsEmpty());
+}
+
+TEST_P(NetworkNumber, TakesAnyNumberAsItIs) {
+    for (const unsigned int number : {LARGEST, LARGEST - 1, 0x80000000U, 0x100U, 1U, 0U}) {
+        network.cleanDirtyFields();
+        EXPECT_TRUE(set(number)) << number;
+        EXPECT_EQ(get(), number);
+        EXPECT_EQ(dirtyOf(network), own);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Fields, NetworkNumber, testing::ValuesIn(test::numberRows()),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(NetworkMode, IsUnknownUntilItIsSet) {
+    WifiNetwork network;
+    EXPECT_EQ(network.getNetworkMode(), NETWORK_MODE_UNKNOWN);
+    EXPECT_FALSE(network.setNetworkMode(NETWORK_MODE_UNKNOWN));
+    EXPECT_THAT(dirtyOf(network), IsEmpty());
+    EXPECT_TRUE(network.setNetworkMode(NETWORK_MODE_MANAGED));
+    EXPECT_EQ(network.getNetworkMode(), NETWORK_MODE_MANAGED);
+    EXPECT_FALSE(network.setNetworkMode(NETWORK_MODE_MANAGED));
+    EXPECT_THAT(dirtyOf(network), ElementsAre("networkMode"));
+}
+
+TEST(NetworkMode, HasEightBits) {
+    WifiNetwork network;
+    EXPECT_TRUE(network.setNetworkMode(255));
+    EXPECT_EQ(network.getNetworkMode(), 255);
+    EXPECT_TRUE(network.setNetworkMode(static_cast<unsigned char>(257U)));
+    EXPECT_EQ(network.getNetworkMode(), NETWORK_MODE_ADHOC);
+}
+
+TEST(NetworkWepIndex, NamesOneOfFourSlots) {
+    WifiNetwork network;
+    EXPECT_EQ(network.getWepIndex(), 0U);
+    EXPECT_FALSE(network.setWepIndex(0)) << "no change";
+    EXPECT_THAT(dirtyOf(network), IsEmpty());
+    for (const unsigned int slot : {1U, 2U, 3U, 0U}) {
+        network.cleanDirtyFields();
+        EXPECT_TRUE(network.setWepIndex(slot)) << slot;
+        EXPECT_FALSE(network.setWepIndex(slot)) << slot;
+        EXPECT_EQ(network.getWepIndex(), slot);
+        EXPECT_THAT(dirtyOf(network), ElementsAre("wepIndex"));
+    }
+}
+
+TEST(NetworkWepIndex, RefusesWhatIsNoSlot) {
+    WifiNetwork network;
+    network.setWepIndex(3);
+    network.cleanDirtyFields();
+    for (const unsigned int index : {4U, 256U, 257U, LARGEST}) {
+        EXPECT_FALSE(network.setWepIndex(index)) << index;
+        EXPECT_EQ(network.getWepIndex(), 3U);
+        EXPECT_THAT(dirtyOf(network), IsEmpty());
+    }
+}
+
+TEST(NetworkSsidBroadcasted, IsMarkedEachTimeItIsSet) {
+    WifiNetwork network;
+    EXPECT_EQ(network.getSsidBroadcasted(), 0U);
+    for (const bool value : {false, false, true, true, false}) {
+        network.cleanDirtyFields();
+        EXPECT_TRUE(network.setSsidBroadcasted(value));
+        EXPECT_EQ(network.getSsidBroadcasted(), value ? 1U : 0U);
+        EXPECT_THAT(dirtyOf(network), ElementsAre("ssidBroadcasted"));
+        EXPECT_TRUE(network.getNetworkDirty());
+    }
+}
+
+TEST(NetworkFacts, AreStoredEachTimeAndNeverMarked) {
+    WifiNetwork network;
+    for (const unsigned int number : {7U, 7U, LARGEST, 0U, 0U}) {
+        EXPECT_TRUE(network.setNetworkStatus(number));
+        EXPECT_EQ(network.getNetworkStatus(), number);
+        EXPECT_TRUE(network.setStrength(number / 2));
+        EXPECT_EQ(network.getStrength(), number / 2);
+    }
+    for (const unsigned char id : {Byte{0}, Byte{1}, Byte{1}, Byte{255}}) {
+        EXPECT_TRUE(network.setNetworkId(id));
+        EXPECT_EQ(network.getNetworkId(), id);
+    }
+    EXPECT_TRUE(network.setNetworkId(static_cast<unsigned char>(258U)));
+    EXPECT_EQ(network.getNetworkId(), 2) << "eight bits";
+    EXPECT_THAT(dirtyOf(network), IsEmpty());
+    EXPECT_FALSE(network.getNetworkDirty());
+}
+
+TEST(NetworkFacts, AreFieldsOfTheirOwn) {
+    WifiNetwork network;
+    network.setNetworkId(1);
+    network.setNetworkStatus(2);
+    network.setStrength(3);
+    network.setNetworkMode(4);
+    EXPECT_EQ(network.getNetworkId(), 1);
+    EXPECT_EQ(network.getNetworkStatus(), 2U);
+    EXPECT_EQ(network.getStrength(), 3U);
+    EXPECT_EQ(network.getNetworkMode(), 4);
+}
+
+TEST(NetworkLink, IsSetAndNotOwned) {
+    WifiNetwork last;
+    {
+        WifiNetwork first;
+        EXPECT_EQ(first.getNext(), nullptr);
+        EXPECT_TRUE(first.setNext(&last));
+        EXPECT_TRUE(first.setNext(&last));
+        EXPECT_EQ(first.getNext(), &last);
+        EXPECT_FALSE(first.getNetworkDirty());
+    }
+    last.setSsid("still here");
+    EXPECT_STREQ(last.getSsid(), "still here");
+}
+
+TEST(Network, StartsUnknownAndClean) {
+    const WifiNetwork network;
+    EXPECT_EQ(network.getNetworkStatus(), NETWORK_STATUS_UNKNOWN);
+    for (const std::string& value : test::valuesOf(network)) {
+        const std::string start = value.substr(value.find('=') + 1);
+        EXPECT_TRUE(start == "null" || start == "0" || value == "networkMode=2") << value;
+    }
+    EXPECT_THAT(dirtyOf(network), IsEmpty());
+    EXPECT_FALSE(network.getNetworkDirty());
+}
+
+TEST(Network, IsAPlainClassThatIsNotCopied) {
+    EXPECT_FALSE(std::is_polymorphic_v<WifiNetwork>);
+    EXPECT_FALSE(std::is_copy_constructible_v<WifiNetwork>);
+    EXPECT_FALSE(std::is_copy_assignable_v<WifiNetwork>);
+}
+
+} // namespace

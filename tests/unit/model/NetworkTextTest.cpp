@@ -1,0 +1,147 @@
+#include "NetworkRows.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using test::dirtyOf;
+using test::TextRow;
+using test::valuesOf;
+using testing::IsEmpty;
+using Names = std::vector<std::string>;
+
+namespace {
+
+class NetworkText : public testing::TestWithParam<TextRow> {
+protected:
+    bool set(const char* text) { return (network.*GetParam().set)(text); }
+    const char* get() const { return (network.*GetParam().get)(); }
+
+    void startWith(const char* text) {
+        set(text);
+        network.cleanDirtyFields();
+    }
+
+    WifiNetwork network;
+    const Names own{GetParam().name};
+};
+
+TEST_P(NetworkText, StartsUnset) {
+    EXPECT_EQ(get(), nullptr);
+}
+
+TEST_P(NetworkText, IsStoredAndMarkedWhenItChanges) {
+    Names expected = valuesOf(network);
+    EXPECT_TRUE(set("abc"));
+    EXPECT_STREQ(get(), "abc");
+    EXPECT_EQ(dirtyOf(network), own) << "no flag but its own";
+    for (std::string& value : expected) {
+        if (value == own[0] + "=null")
+            value = own[0] + "=abc";
+    }
+    EXPECT_EQ(valuesOf(network), expected) << "no field but this one";
+}
+
+TEST_P(NetworkText, IsACopyOfWhatWasGiven) {
+    char given[] = "abc";
+    set(given);
+    given[0] = 'x';
+    EXPECT_NE(get(), given);
+    EXPECT_STREQ(get(), "abc");
+}
+
+TEST_P(NetworkText, ReportsNoChangeForTheSameText) {
+    startWith("abc");
+    const char* const before = get();
+    char same[] = "abc";
+    EXPECT_FALSE(set(same));
+    EXPECT_FALSE(set(get()));
+    EXPECT_EQ(get(), before);
+    EXPECT_THAT(dirtyOf(network), IsEmpty());
+}
+
+TEST_P(NetworkText, KeepsItsMarkWhenTheSameTextComesAgain) {
+    EXPECT_TRUE(set("abc"));
+    EXPECT_FALSE(set("abc"));
+    EXPECT_EQ(dirtyOf(network), own);
+}
+
+TEST_P(NetworkText, ComparesByteForByte) {
+    startWith("abc");
+    for (const char* other : {"ABC", "ab", "abcd", "abc ", "\xff"}) {
+        EXPECT_TRUE(set(other)) << other;
+        EXPECT_STREQ(get(), other);
+    }
+}
+
+TEST_P(NetworkText, TakesNullAndEmptyByWhatWasThere) {
+    struct Row {
+        const char* before;
+        const char* text;
+        bool changed;
+        const char* after;
+    };
+    const Row rows[] = {
+        {nullptr, nullptr, false, nullptr},
+        {nullptr, "", false, nullptr},
+        {"abc", "", true, ""},
+        {"abc", nullptr, true, nullptr},
+    };
+    for (const Row& row : rows) {
+        startWith(row.before);
+        EXPECT_EQ(set(row.text), row.changed) << row.before;
+        EXPECT_STREQ(get(), row.after);
+        EXPECT_EQ(dirtyOf(network), row.changed ? own : Names{});
+        startWith("something else");
+        startWith(nullptr);
+    }
+}
+
+TEST_P(NetworkText, KeepsAnEmptyTextUntilAnotherComes) {
+    startWith("abc");
+    startWith("");
+    EXPECT_FALSE(set(""));
+    EXPECT_FALSE(set(nullptr));
+    EXPECT_STREQ(get(), "") << "null over an empty text is no change";
+    EXPECT_THAT(dirtyOf(network), IsEmpty());
+    EXPECT_TRUE(set("abc"));
+    EXPECT_STREQ(get(), "abc");
+    EXPECT_EQ(dirtyOf(network), own);
+}
+
+TEST_P(NetworkText, TakesAPartOfItself) {
+    startWith("abcdef");
+    EXPECT_TRUE(set(get() + 3));
+    EXPECT_STREQ(get(), "def");
+    EXPECT_TRUE(set(get() + 3));
+    EXPECT_STREQ(get(), "");
+}
+
+TEST_P(NetworkText, TakesAnyLength) {
+    for (const std::size_t length : {1U, 32U, 200U, 100000U}) {
+        const std::string text(length, 'w');
+        EXPECT_TRUE(set(text.c_str()));
+        EXPECT_EQ(get(), text);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Fields, NetworkText, testing::ValuesIn(test::textRows()),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(NetworkIpAddress, FollowsTheRuleOfTextsWithoutAFlag) {
+    WifiNetwork network;
+    EXPECT_EQ(network.getIpAddress(), nullptr);
+    EXPECT_FALSE(network.setIpAddress(""));
+    EXPECT_FALSE(network.setIpAddress(nullptr));
+    EXPECT_TRUE(network.setIpAddress("192.0.2.7"));
+    EXPECT_FALSE(network.setIpAddress("192.0.2.7"));
+    EXPECT_STREQ(network.getIpAddress(), "192.0.2.7");
+    EXPECT_TRUE(network.setIpAddress(""));
+    EXPECT_STREQ(network.getIpAddress(), "");
+    EXPECT_TRUE(network.setIpAddress("192.0.2.8"));
+    EXPECT_TRUE(network.setIpAddress(nullptr));
+    EXPECT_EQ(network.getIpAddress(), nullptr);
+    EXPECT_THAT(test::dirtyOf(network), IsEmpty());
+    EXPECT_FALSE(network.getNetworkDirty());
+}
+
+} // namespace
