@@ -47,7 +47,7 @@ public:
     const char* getEAPAnonymousIdentity() const;
     bool setEAPPassword(const char* text); ///< a secret
     const char* getEAPPassword() const;
-    bool setCACertificate(const char* text); ///< file; this and what follows is for the outer phase
+    bool setCACertificate(const char* text); ///< file; from here on for the outer phase
     const char* getCACertificate() const;
     bool setCACertificateDir(const char* text);
     const char* getCACertificateDir() const;
@@ -61,8 +61,7 @@ public:
     const char* getPhase1Step() const;
     bool setPhase2Step(const char* text); ///< parameters of the inner authentication
     const char* getPhase2Step() const;
-    bool
-    setCACertificate2(const char* text); ///< file; this and what follows is for the inner phase
+    bool setCACertificate2(const char* text); ///< file; from here on for the inner phase
     const char* getCACertificate2() const;
     bool setCACertificateDir2(const char* text);
     const char* getCACertificateDir2() const;

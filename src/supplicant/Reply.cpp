@@ -13,8 +13,7 @@ void stripQuotes(char* text) {
     if (!last)
         return;
     *last = '\0';
-    if (text[0] != '\0')
-        std::memmove(text, text + 1, std::strlen(text)); // with the NUL
+    std::memmove(text, text + 1, std::strlen(text)); // with the NUL
 }
 
 } // namespace platwifi

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <initializer_list>
 #include <iterator>
 
 namespace platwifi {
@@ -18,13 +17,19 @@ struct TextKey {
 // By prefix, the numbered and the second-phase variants are meant too: wep_key0, ca_cert2,
 // private_key2_passwd.
 constexpr TextKey TEXT_KEYS[] = {
-    {"wep_key", Match::Prefix},     {"ca_cert", Match::Prefix},
-    {"ca_path", Match::Prefix},     {"client_cert", Match::Prefix},
-    {"private_key", Match::Prefix}, {"private_key_passwd", Match::Prefix},
-    {"ssid", Match::Whole},         {"psk", Match::Whole},
-    {"identity", Match::Whole},     {"anonymous_identity", Match::Whole},
-    {"password", Match::Whole},     {"phase1", Match::Whole},
-    {"phase2", Match::Whole},
+    {"wep_key", Match::Prefix},            //
+    {"ca_cert", Match::Prefix},            //
+    {"ca_path", Match::Prefix},            //
+    {"client_cert", Match::Prefix},        //
+    {"private_key", Match::Prefix},        //
+    {"private_key_passwd", Match::Prefix}, //
+    {"ssid", Match::Whole},                //
+    {"psk", Match::Whole},                 //
+    {"identity", Match::Whole},            //
+    {"anonymous_identity", Match::Whole},  //
+    {"password", Match::Whole},            //
+    {"phase1", Match::Whole},              //
+    {"phase2", Match::Whole},              //
 };
 
 // A value of this length is the key itself, in hexadecimal; any other length is a text.
