@@ -75,6 +75,10 @@ int PlatformUtil::lockMutex(PlatformMutex* mutex) noexcept {
     return mutex ? pthread_mutex_lock(mutex) : EINVAL;
 }
 
+int PlatformUtil::tryLockMutex(PlatformMutex* mutex) noexcept {
+    return mutex ? pthread_mutex_trylock(mutex) : EINVAL;
+}
+
 int PlatformUtil::unlockMutex(PlatformMutex* mutex) noexcept {
     return mutex ? pthread_mutex_unlock(mutex) : EINVAL;
 }

@@ -24,6 +24,9 @@ public:
     /// pthread_mutex_lock() says (EOWNERDEAD included).
     static int lockMutex(PlatformMutex* mutex) noexcept;
 
+    /// Takes the mutex when that needs no waiting; EBUSY otherwise.
+    static int tryLockMutex(PlatformMutex* mutex) noexcept;
+
     /// Releases one lock() of the calling thread.
     static int unlockMutex(PlatformMutex* mutex) noexcept;
 

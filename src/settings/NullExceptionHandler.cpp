@@ -1,4 +1,4 @@
-#include "jni/NullExceptionHandler.h"
+#include "settings/NullExceptionHandler.h"
 
 void NullExceptionHandler::error(MessageBundle* bundle) {
     saveError(bundle);

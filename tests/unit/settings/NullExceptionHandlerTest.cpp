@@ -1,4 +1,4 @@
-#include "jni/NullExceptionHandler.h"
+#include "settings/NullExceptionHandler.h"
 
 #include <gtest/gtest.h>
 

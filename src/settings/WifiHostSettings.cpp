@@ -1,0 +1,165 @@
+// The instance, its locks, and the reload of everything.
+
+#include "settings/WifiHostSettings.h"
+
+#include "model/WifiNetworkList.h"
+#include "settings/NullExceptionHandler.h"
+#include "supplicant/ReplyLines.h"
+#include "watchdog/SettingsDoor.h"
+#include "watchdog/WifiHostSettingsWatchdog.h"
+#include "zam/Zam.h"
+
+using namespace platwifi;
+
+namespace {
+
+// Held while the instance is made, ended or reloaded by the refresh thread. Whoever waits for it holds
+// no lock of the instance; the refresh thread does not wait for it.
+std::mutex& lifecycleMutex() {
+    static std::mutex mutex;
+    return mutex;
+}
+
+} // namespace
+
+std::atomic<WifiHostSettings*> WifiHostSettings::INSTANCE{nullptr};
+
+WifiHostSettings* WifiHostSettings::make(ErrorHandler* errors) {
+    if (errors)
+        return new WifiHostSettings(errors);
+    const std::unique_ptr<ErrorHandler> nobody = std::make_unique<NullExceptionHandler>();
+    return new WifiHostSettings(nobody.get());
+}
+
+void WifiHostSettings::end() noexcept {
+    delete INSTANCE.exchange(nullptr);
+}
+
+WifiHostSettings* WifiHostSettings::getInstance(ErrorHandler* errors) noexcept {
+    if (WifiHostSettings* const settings = INSTANCE)
+        return settings;
+    const std::lock_guard<std::mutex> guard(lifecycleMutex());
+    if (!INSTANCE)
+        INSTANCE = make(errors);
+    return INSTANCE;
+}
+
+WifiHostSettings* WifiHostSettings::reload(ErrorHandler* errors) noexcept {
+    const std::lock_guard<std::mutex> guard(lifecycleMutex());
+    end();
+    INSTANCE = make(errors);
+    return INSTANCE;
+}
+
+void WifiHostSettings::unload() noexcept {
+    const std::lock_guard<std::mutex> guard(lifecycleMutex());
+    end();
+}
+
+// Nothing is reported: an instance that could not be loaded tells so by having no networks.
+WifiHostSettings::WifiHostSettings(ErrorHandler* /*errors*/)
+    : lastStatusRefresh(Zam::getInstance()->milliseconds()), currentNetwork(nullptr),
+      supplicantState(WPA_STATE_UNKNOWN), numbersAreStale(false) {
+    PlatformUtil::createMutex(&entrance);
+    startWatchdog();
+    PlatformUtil::createMutex(&_sync);
+    networkList = std::make_unique<WifiNetworkList>();
+    if (!initializeSettings())
+        giveUp();
+}
+
+// The locks end while they are held.
+WifiHostSettings::~WifiHostSettings() {
+    lockSettings();
+    giveUp();
+    PlatformUtil::destroyMutex(&_sync);
+    PlatformUtil::destroyMutex(&entrance);
+}
+
+void WifiHostSettings::lockNetworks() noexcept {
+    PlatformUtil::lockMutex(&entrance);
+    if (networkList)
+        networkList->lock();
+}
+
+void WifiHostSettings::unlockNetworks() noexcept {
+    if (networkList)
+        networkList->unlock();
+    PlatformUtil::unlockMutex(&entrance);
+}
+
+bool WifiHostSettings::lockSettings() noexcept {
+    lockNetworks();
+    PlatformUtil::lockMutex(&_sync);
+    return true;
+}
+
+bool WifiHostSettings::unlockSettings() noexcept {
+    PlatformUtil::unlockMutex(&_sync);
+    unlockNetworks();
+    return true;
+}
+
+// After a failure there is no list to unlock; its lock went with it.
+bool WifiHostSettings::refreshAllSettings() noexcept {
+    lockSettings();
+    if (networkList)
+        networkList->removeAllFromList();
+    releaseAdapterNames();
+    forgetState();
+    if (!initializeSettings())
+        giveUp();
+    unlockSettings();
+    return true;
+}
+
+bool WifiHostSettings::tryRefresh() noexcept {
+    if (PlatformUtil::tryLockMutex(&entrance) != 0)
+        return false;
+    refreshAllSettings();
+    PlatformUtil::unlockMutex(&entrance);
+    return true;
+}
+
+bool platwifi::refreshSettings() noexcept {
+    const std::unique_lock<std::mutex> lifecycle(lifecycleMutex(), std::try_to_lock);
+    if (!lifecycle)
+        return false;
+    if (!WifiHostSettings::INSTANCE)
+        WifiHostSettings::INSTANCE = WifiHostSettings::make(nullptr);
+    return WifiHostSettings::INSTANCE.load()->tryRefresh();
+}
+
+void WifiHostSettings::startWatchdog() {
+    watchdog = std::make_unique<WifiHostSettingsWatchdog>();
+    if (watchdog->initialize())
+        watchdog->start();
+    else
+        watchdog.reset();
+}
+
+void WifiHostSettings::stopWatchdog() noexcept {
+    if (watchdog)
+        watchdog->stop();
+    watchdog.reset();
+}
+
+void WifiHostSettings::releaseAdapterNames() noexcept {
+    const std::lock_guard<std::mutex> guard(adapterNamesMutex);
+    adapterNames.reset();
+}
+
+void WifiHostSettings::forgetState() noexcept {
+    supplicantState = WPA_STATE_UNKNOWN;
+    currentNetwork = nullptr;
+    lastStatusRefresh = 0;
+    numbersAreStale = false;
+}
+
+// What is left is an instance without networks, adapters and refresh thread.
+void WifiHostSettings::giveUp() noexcept {
+    stopWatchdog();
+    networkList.reset();
+    releaseAdapterNames();
+    forgetState();
+}

@@ -1,0 +1,161 @@
+#pragma once
+
+#include "Export.h"
+#include "model/WifiTypes.h"
+#include "platform/ErrorHandler.h"
+#include "platform/PlatformUtil.h"
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+
+class WifiHostSettingsWatchdog;
+class WifiNetwork;
+class WifiNetworkList;
+class WifiUtil;
+
+namespace platwifi {
+class ReplyLines;
+bool refreshSettings() noexcept;
+} // namespace platwifi
+
+/// The Wi-Fi state of the host: the adapters that the supplicant serves, the networks it is
+/// configured with, the one it is on, and its state, loaded from the supplicant and held in memory.
+///
+/// There is one instance in a process. It is made and loaded by the first call that asks for it, which
+/// runs some 28 client commands a network, and it reloads itself when another process has saved. An
+/// instance that could not be loaded has no networks and stays so until reload().
+///
+/// Any thread may call. Operations take the lock they need; who looks at networks takes
+/// lockSettings() around that, from the lookup to the last use. Adapter names and SSIDs are
+/// NUL-terminated texts and stay the caller's; SSIDs are compared byte for byte. Failure is told by
+/// the result alone; nothing is thrown, and where memory has run out the process ends.
+class PLATWIFI_API WifiHostSettings {
+public:
+    /// The one instance, made and loaded by the first call; other threads that come meanwhile wait
+    /// for that.
+    /// @param errors  for the time of the construction; may be null
+    static WifiHostSettings* getInstance(ErrorHandler* errors) noexcept;
+
+    /// Ends the instance, if there is one, and makes a new one: the way back after a failure. As
+    /// with unload(), no other thread may use the old one any more.
+    static WifiHostSettings* reload(ErrorHandler* errors) noexcept;
+
+    /// Ends the instance, if there is one. A reload in progress on the refresh thread is waited for.
+    /// No other thread may use the instance any more, nor may the caller hold lockSettings().
+    static void unload() noexcept;
+
+    /// Starts the refresh thread and loads everything. For getInstance().
+    explicit WifiHostSettings(ErrorHandler* errors);
+
+    /// Ends the refresh thread and frees everything, networks included.
+    virtual ~WifiHostSettings();
+
+    WifiHostSettings(const WifiHostSettings&) = delete;
+    WifiHostSettings& operator=(const WifiHostSettings&) = delete;
+
+    /// Takes the lock of the networks and of the state, as often as the thread likes. An instance
+    /// without networks is locked all the same.
+    /// @return true
+    bool lockSettings() noexcept;
+
+    /// Gives back one lockSettings() of the calling thread.
+    /// @return true
+    bool unlockSettings() noexcept;
+
+    /// Discards everything and loads it again. When that fails there are no networks any more, and
+    /// no refresh thread.
+    /// @return true, also when loading failed
+    bool refreshAllSettings() noexcept;
+
+    // One network. The caller's SSID chooses it, the first one of the list that has it.
+
+    /// The network with this SSID, or null. The caller holds lockSettings().
+    /// @param iface  plays no part
+    WifiNetwork* getNetwork(const char* iface, const char* ssid) const noexcept;
+
+    /// Creates a network in the supplicant and in memory. Nothing is saved.
+    /// @return true when it was added; false when there is one with this SSID, or the supplicant
+    ///         refused
+    bool addNetwork(const char* iface, const char* ssid) noexcept;
+
+    /// Removes a network from the supplicant and from memory. Nothing is saved.
+    /// @return true when it is not there any more, or never was
+    bool removeNetwork(const char* iface, const char* ssid) noexcept;
+
+    /// Selects a network. Returns before the supplicant is connected.
+    /// @return true when the supplicant was told to; false for an unknown SSID
+    bool connectNetwork(const char* iface, const char* ssid) noexcept;
+
+    /// Disconnects the interface, when the network is known. The next connectNetwork()
+    /// reassociates first.
+    /// @return true when the supplicant was told to, or there is no such network
+    bool disconnectNetwork(const char* iface, const char* ssid) noexcept;
+
+    /// Disconnects, enables every network in the supplicant again and lets it choose.
+    /// @return whether the supplicant was told to
+    bool roamNetworks(const char* iface) noexcept;
+
+    // Copies for the caller, who frees each entry with delete[]. `*count` tells how many there are.
+
+    /// The SSIDs of the networks, the last one added first, `capacity` at most.
+    /// @return true; false when a network without SSID was met, after which the calling thread still
+    ///         holds the lock of the networks
+    bool getNetworkDatabaseSsids(const char* iface, char** out, unsigned char capacity,
+                                 unsigned char* count) noexcept;
+
+    /// The names of the adapters, two at most, whatever `capacity` says. Does not wait for a reload.
+    /// @return true
+    bool getWifiAdapters(char** out, unsigned char capacity, unsigned char* count) const noexcept;
+
+    /// Writes every changed field to the supplicant, makes it save its configuration and read it
+    /// again, and lets other processes know. Nothing is done when nothing has changed.
+    /// @return 1, or 0 when the configuration could not be saved
+    int saveNetworkSettings() noexcept;
+
+private:
+    friend bool platwifi::refreshSettings() noexcept;
+
+    static WifiHostSettings* make(ErrorHandler* errors);
+    static void end() noexcept;
+    bool tryRefresh() noexcept;
+
+    // The lock of the networks alone, the first half of lockSettings().
+    void lockNetworks() noexcept;
+    void unlockNetworks() noexcept;
+
+    void startWatchdog();
+    void stopWatchdog() noexcept;
+    void releaseAdapterNames() noexcept;
+    void forgetState() noexcept;
+    void giveUp() noexcept;
+
+    // Loading. False when the supplicant did not answer; what was loaded until then stays.
+    bool initializeSettings();
+    bool loadAdapterNames(WifiUtil& util);
+    const char* adapterName() const noexcept; ///< the one that commands are for
+
+    // The network that the supplicant is on. Each takes the settings lock.
+    void setCurrentNetwork(WifiNetwork* network) noexcept;
+    void followStatusSsid(const char* ssid) noexcept;
+    void settleStatus() noexcept;
+
+    static std::atomic<WifiHostSettings*> INSTANCE;
+
+    /// Taken before the lock of the list by whoever wants it, so that nobody waits for the lock of a
+    /// list that is being destroyed.
+    PlatformMutex entrance;
+
+    PlatformMutex _sync;                                ///< guards currentNetwork, supplicantState
+    mutable std::mutex adapterNamesMutex;               ///< guards the pointer below for readers
+    std::unique_ptr<platwifi::ReplyLines> adapterNames; ///< null when not loaded
+    std::uint64_t lastStatusRefresh;                    ///< reading of the runtime's clock
+    WifiNetwork* currentNetwork;                        ///< of the list, or null
+    std::unique_ptr<WifiNetworkList> networkList;
+    WpaState supplicantState;
+    std::unique_ptr<WifiHostSettingsWatchdog> watchdog; ///< null after a failure
+
+    /// Whether the supplicant may have numbered its networks anew since their numbers were read.
+    bool numbersAreStale;
+};

@@ -1,0 +1,8 @@
+#include "model/WifiNetworkList.h"
+#include "settings/WifiHostSettings.h"
+#include "supplicant/ReplyLines.h"
+#include "watchdog/WifiHostSettingsWatchdog.h"
+
+bool WifiHostSettings::initializeSettings() {
+    return false;
+}

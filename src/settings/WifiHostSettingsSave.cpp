@@ -1,0 +1,4 @@
+#include "model/WifiNetworkList.h"
+#include "settings/WifiHostSettings.h"
+#include "supplicant/ReplyLines.h"
+#include "watchdog/WifiHostSettingsWatchdog.h"
