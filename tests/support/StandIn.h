@@ -27,6 +27,8 @@ public:
         Answer& leaves(const std::string& path) { return add({"leave", path}); }
         Answer& exits(int status) { return add({"exit", std::to_string(status)}); }
         Answer& diesBy(int signal) { return add({"signal", std::to_string(signal)}); }
+        /// Stands still at the Checkpoint of this path.
+        Answer& pausesAt(const std::string& path) { return add({"pause", path}); }
         Answer& hangs() { return add({"hang"}); }
         /// What follows answers the next call of the same kind; the last answer repeats.
         Answer& then() { return add({"then"}); }

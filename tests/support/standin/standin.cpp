@@ -123,6 +123,15 @@ void leaveFile(const std::string& path) {
     std::ofstream(mark == std::string::npos ? path : std::string(path).replace(mark, 2, id));
 }
 
+// Stands still until the other end of the named pipe, which the test holds, is closed.
+void pauseAt(const std::string& path) {
+    char byte = 0;
+    const int pipe = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (read(pipe, &byte, 1) == -1)
+        std::cerr << "stand-in: cannot pause at " << path << "\n";
+    close(pipe);
+}
+
 void perform(const Fields& action) {
     const std::string& what = action[0];
     const std::string value = action.size() > 1 ? action[1] : "";
@@ -138,6 +147,8 @@ void perform(const Fields& action) {
         _exit(std::atoi(value.c_str()));
     else if (what == "signal")
         std::raise(std::atoi(value.c_str()));
+    else if (what == "pause")
+        pauseAt(value);
     else if (what == "hang")
         for (;;)
             pause();
