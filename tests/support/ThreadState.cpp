@@ -1,16 +1,34 @@
 #include "support/ThreadState.h"
 
+#include <filesystem>
 #include <fstream>
-#include <string>
 
 namespace test {
+namespace {
+
+// Empty for a thread that has ended.
+std::string firstLine(const std::filesystem::path& path) {
+    std::ifstream file(path);
+    std::string line;
+    std::getline(file, line);
+    return line;
+}
+
+} // namespace
 
 bool isAsleep(int threadId) {
-    std::ifstream file("/proc/self/task/" + std::to_string(threadId) + "/stat");
-    std::string text;
-    std::getline(file, text);
+    const std::string text = firstLine("/proc/self/task/" + std::to_string(threadId) + "/stat");
     const auto name = text.rfind(')');
     return name != std::string::npos && text.compare(name, 3, ") S") == 0;
+}
+
+std::vector<int> threadsNamed(const std::string& name) {
+    std::vector<int> ids;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/task")) {
+        if (firstLine(entry.path() / "comm") == name)
+            ids.push_back(std::stoi(entry.path().filename()));
+    }
+    return ids;
 }
 
 } // namespace test

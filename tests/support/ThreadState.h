@@ -1,9 +1,15 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace test {
 
 /// Whether the thread of this process with this id (as PlatformUtil::threadId() tells it) waits for
 /// something. A thread that has ended does not.
 bool isAsleep(int threadId);
+
+/// The ids of the threads of this process that have this name (15 characters at most).
+std::vector<int> threadsNamed(const std::string& name);
 
 } // namespace test

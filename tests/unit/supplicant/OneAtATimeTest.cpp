@@ -2,20 +2,18 @@
 
 #include "supplicant/WifiUtil.h"
 
+#include "support/Doing.h"
 #include "support/Leftovers.h"
 #include "support/StandIn.h"
-#include "support/ThreadState.h"
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -28,32 +26,6 @@ bool launch(WifiUtil& util, const char* resultFile) {
     return util.launchProcess("/proc/boot/wpa_cli", "status", nullptr, nullptr, nullptr, nullptr,
                               resultFile);
 }
-
-/// A thread that does one thing.
-class Doing {
-public:
-    template <typename Body>
-    explicit Doing(Body body)
-        : m_thread([this, body] {
-              m_id = PlatformUtil::threadId();
-              body();
-              m_done = true;
-          }) {}
-    ~Doing() { m_thread.join(); }
-
-    /// Returns when the thread waits for something, or is done.
-    void awaitRest() const {
-        while (!m_done && (m_id == 0 || !test::isAsleep(m_id)))
-            std::this_thread::yield();
-    }
-
-    bool isDone() const { return m_done; }
-
-private:
-    std::atomic<int> m_id{0};
-    std::atomic<bool> m_done{false};
-    std::thread m_thread;
-};
 
 class OneAtATime : public testing::Test {
 protected:
@@ -85,9 +57,9 @@ private:
 };
 
 TEST_F(OneAtATime, ASecondLaunchDoesNotTouchItsResultFileBeforeTheFirstIsOver) {
-    const Doing first([this] { EXPECT_TRUE(launch(util, FIRST)); });
+    const test::Doing first([this] { EXPECT_TRUE(launch(util, FIRST)); });
     awaitClient();
-    const Doing second([this] { EXPECT_TRUE(launch(util, SECOND)); });
+    const test::Doing second([this] { EXPECT_TRUE(launch(util, SECOND)); });
     second.awaitRest();
     EXPECT_FALSE(std::filesystem::exists(SECOND));
     EXPECT_EQ(test::Leftovers::now().children, 1U);
@@ -96,9 +68,9 @@ TEST_F(OneAtATime, ASecondLaunchDoesNotTouchItsResultFileBeforeTheFirstIsOver) {
 
 TEST_F(OneAtATime, TheEndWaitsForTheLaunchInProgress) {
     auto* const shortLived = new WifiUtil;
-    const Doing launching([shortLived] { EXPECT_TRUE(launch(*shortLived, FIRST)); });
+    const test::Doing launching([shortLived] { EXPECT_TRUE(launch(*shortLived, FIRST)); });
     awaitClient();
-    const Doing ending([shortLived] { delete shortLived; });
+    const test::Doing ending([shortLived] { delete shortLived; });
     ending.awaitRest();
     EXPECT_FALSE(ending.isDone());
     letClientGo();
@@ -106,9 +78,9 @@ TEST_F(OneAtATime, TheEndWaitsForTheLaunchInProgress) {
 
 TEST_F(OneAtATime, TheFirstInstanceIsWaitedForUntilItIsProbed) {
     {
-        const Doing first([] { EXPECT_NE(WifiUtil::getInstance(), nullptr); });
+        const test::Doing first([] { EXPECT_NE(WifiUtil::getInstance(), nullptr); });
         awaitClient();
-        const Doing second([] { EXPECT_NE(WifiUtil::getInstance(), nullptr); });
+        const test::Doing second([] { EXPECT_NE(WifiUtil::getInstance(), nullptr); });
         second.awaitRest();
         EXPECT_FALSE(second.isDone());
         letClientGo();
@@ -117,7 +89,7 @@ TEST_F(OneAtATime, TheFirstInstanceIsWaitedForUntilItIsProbed) {
 }
 
 TEST_F(OneAtATime, TheResultFileIsTheClientsAloneWhileItRuns) {
-    const Doing launching([this] { EXPECT_TRUE(launch(util, FIRST)); });
+    const test::Doing launching([this] { EXPECT_TRUE(launch(util, FIRST)); });
     awaitClient();
     launching.awaitRest();
     for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {

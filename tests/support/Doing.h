@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/PlatformUtil.h"
+#include "support/ThreadState.h"
+
+#include <atomic>
+#include <thread>
+
+namespace test {
+
+/// A thread that does one thing. Ends with it.
+class Doing {
+public:
+    template <typename Body>
+    explicit Doing(Body body)
+        : m_thread([this, body] {
+              m_id = PlatformUtil::threadId();
+              body();
+              m_done = true;
+          }) {}
+    ~Doing() { m_thread.join(); }
+
+    Doing(const Doing&) = delete;
+    Doing& operator=(const Doing&) = delete;
+
+    /// Returns when the thread waits for something, or is done.
+    void awaitRest() const {
+        while (!m_done && (m_id == 0 || !isAsleep(m_id)))
+            std::this_thread::yield();
+    }
+
+    bool isDone() const { return m_done; }
+
+private:
+    std::atomic<int> m_id{0};
+    std::atomic<bool> m_done{false};
+    std::thread m_thread; // last: it uses the others
+};
+
+} // namespace test
