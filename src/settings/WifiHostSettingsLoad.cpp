@@ -6,3 +6,7 @@
 bool WifiHostSettings::initializeSettings() {
     return false;
 }
+
+const char* WifiHostSettings::adapterName() const noexcept {
+    return adapterNames ? adapterNames->data()[0] : nullptr;
+}
