@@ -2,6 +2,7 @@
 
 #include "model/WifiNetwork.h"
 #include "model/WifiNetworkList.h"
+#include "settings/NetworkNumbers.h"
 #include "settings/SavedFields.h"
 #include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
@@ -26,16 +27,23 @@ Names namesOf(const ReplyLines* adapters) {
     return names;
 }
 
-// Fields are told to the first one only.
-const char* firstOf(const ReplyLines* adapters) {
-    return adapters ? adapters->data()[0] : nullptr;
+using Networks = std::vector<WifiNetwork*>;
+
+Networks changedOf(const WifiNetworkList& list) {
+    Networks changed;
+    for (WifiNetwork* network = list.getHead(); network; network = network->getNext()) {
+        if (network->getNetworkDirty())
+            changed.push_back(network);
+    }
+    return changed;
 }
 
-// Whether there was anything to write.
-bool saveNetworks(WifiUtil& util, const char* iface, const WifiNetworkList& networks) {
+// Whether any was written: one without a number keeps its changes for another time.
+bool saveNetworks(WifiUtil& util, const char* iface, const Networks& changed,
+                  const UnnumberedNetworks& unnumbered) {
     bool wrote = false;
-    for (WifiNetwork* network = networks.getHead(); network; network = network->getNext()) {
-        if (!network->getNetworkDirty())
+    for (WifiNetwork* const network : changed) {
+        if (unnumbered.count(network) != 0)
             continue;
         saveDirtyFields(util, iface, *network);
         wrote = true;
@@ -65,13 +73,17 @@ int WifiHostSettings::saveNetworkSettings() noexcept {
         return 0;
     if (!networkList)
         return 1;
-    const bool wasValid = networkList->isValid();
-    const bool wrote = saveNetworks(*util, firstOf(adapterNames.get()), *networkList);
-    if (!wrote && wasValid)
-        return 1;
-    if (!saveConfigurations(*util, namesOf(adapterNames.get())))
+    const Networks changed = changedOf(*networkList);
+    UnnumberedNetworks unnumbered;
+    if (!changed.empty() && !confirmNumbers(*util, unnumbered))
         return 0;
-    reloadConfigurations(*util, namesOf(adapterNames.get()));
+    const bool wasValid = networkList->isValid();
+    if (!saveNetworks(*util, adapterName(), changed, unnumbered) && wasValid)
+        return 1;
+    const Names names = namesOf(adapterNames.get());
+    if (!saveConfigurations(*util, names))
+        return 0;
+    reloadConfigurations(*util, names);
     numbersAreStale = numbersAreStale || !wasValid;
     if (watchdog)
         watchdog->sendSaveSettingsSignal();
