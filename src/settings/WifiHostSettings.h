@@ -4,6 +4,7 @@
 #include "model/WifiTypes.h"
 #include "platform/ErrorHandler.h"
 #include "platform/PlatformUtil.h"
+#include "settings/NetworkNumbers.h"
 
 #include <atomic>
 #include <cstdint>
@@ -147,6 +148,18 @@ private:
     void followStatusLine(const char* line) noexcept;
     void followStatusSsid(const char* ssid) noexcept;
     void settleStatus() noexcept;
+    void enterNetwork(WifiNetwork& network) noexcept;
+    void leaveNetwork(const char* ssid) noexcept;
+
+    // To be asked, with lockSettings(), before a command that names a network by its number. Costs a
+    // command only when the numbers are stale.
+
+    /// @param unnumbered  gets the networks whose number must not be used
+    /// @return false when the supplicant did not answer: no number must be used
+    bool confirmNumbers(WifiUtil& util, platwifi::UnnumberedNetworks& unnumbered);
+
+    /// Whether the number of this one can be used.
+    bool confirmNumber(WifiUtil& util, const WifiNetwork& network);
 
     static std::atomic<WifiHostSettings*> INSTANCE;
 
