@@ -132,13 +132,20 @@ private:
     void forgetState() noexcept;
     void giveUp() noexcept;
 
-    // Loading. False when the supplicant did not answer; what was loaded until then stays.
+    // Loading. False when the supplicant did not answer; what was loaded until then stays. The caller
+    // holds lockSettings(), or is the constructor.
     bool initializeSettings();
     bool loadAdapterNames(WifiUtil& util);
-    const char* adapterName() const noexcept; ///< the one that commands are for
+    void loadNetworks(WifiUtil& util, const platwifi::ReplyLines& lines);
+    void loadNetwork(WifiUtil& util, const char* line);
+    bool loadScan(WifiUtil& util);
+    bool loadStatus(WifiUtil& util);
+    const char* adapterName() const noexcept; ///< the one that commands are for; null for none
 
-    // The network that the supplicant is on. Each takes the settings lock.
+    // The state of the supplicant and the network that it is on. Each takes the settings lock.
     void setCurrentNetwork(WifiNetwork* network) noexcept;
+    void setSupplicantState(WpaState state) noexcept;
+    void followStatusLine(const char* line) noexcept;
     void followStatusSsid(const char* ssid) noexcept;
     void settleStatus() noexcept;
     void enterNetwork(WifiNetwork& network) noexcept;
