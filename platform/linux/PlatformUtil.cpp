@@ -54,6 +54,17 @@ bool startBlockingSignals(void* (*body)(void*), void* parameter) {
     return started;
 }
 
+int initSharedMutex(PlatformMutex& mutex, int type, int robustness) noexcept {
+    pthread_mutexattr_t attributes;
+    pthread_mutexattr_init(&attributes);
+    pthread_mutexattr_settype(&attributes, type);
+    pthread_mutexattr_setpshared(&attributes, PTHREAD_PROCESS_SHARED);
+    pthread_mutexattr_setrobust(&attributes, robustness);
+    const int result = pthread_mutex_init(&mutex, &attributes);
+    pthread_mutexattr_destroy(&attributes);
+    return result;
+}
+
 bool heldByCaller(const PlatformMutex& mutex) noexcept {
     return mutex.__data.__owner == PlatformUtil::threadId();
 }
@@ -71,6 +82,18 @@ int PlatformUtil::createMutex(PlatformMutex* mutex) noexcept {
     return result;
 }
 
+int PlatformUtil::createSharedMutex(PlatformMutex* mutex, bool recursive) noexcept {
+    if (!mutex)
+        return EINVAL;
+    const int type = recursive ? PTHREAD_MUTEX_RECURSIVE : PTHREAD_MUTEX_NORMAL;
+    const int result = initSharedMutex(*mutex, type, PTHREAD_MUTEX_ROBUST);
+    return result == ENOTSUP ? initSharedMutex(*mutex, type, PTHREAD_MUTEX_STALLED) : result;
+}
+
+int PlatformUtil::makeMutexConsistent(PlatformMutex* mutex) noexcept {
+    return mutex ? pthread_mutex_consistent(mutex) : EINVAL;
+}
+
 int PlatformUtil::lockMutex(PlatformMutex* mutex) noexcept {
     return mutex ? pthread_mutex_lock(mutex) : EINVAL;
 }
@@ -83,11 +106,19 @@ int PlatformUtil::unlockMutex(PlatformMutex* mutex) noexcept {
     return mutex ? pthread_mutex_unlock(mutex) : EINVAL;
 }
 
+int PlatformUtil::releaseMutex(PlatformMutex* mutex) noexcept {
+    if (!mutex)
+        return EINVAL;
+    int result = 0;
+    while (result == 0 && heldByCaller(*mutex))
+        result = pthread_mutex_unlock(mutex);
+    return result;
+}
+
 int PlatformUtil::destroyMutex(PlatformMutex* mutex) noexcept {
     if (!mutex)
         return EINVAL;
-    while (heldByCaller(*mutex) && pthread_mutex_unlock(mutex) == 0) {
-    }
+    releaseMutex(mutex);
     return pthread_mutex_destroy(mutex);
 }
 

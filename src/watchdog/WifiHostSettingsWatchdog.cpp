@@ -1,11 +1,163 @@
 #include "watchdog/WifiHostSettingsWatchdog.h"
 
+#include "watchdog/Deadline.h"
+#include "watchdog/SettingsDoor.h"
+#include "watchdog/SharedSignalBlock.h"
+
+#include <cerrno>
+
+using namespace platwifi;
+
+namespace {
+
+constexpr const char* BLOCK_NAME = "/wifi_shmem";
+constexpr const char* THREAD_NAME = "tWifiRefreshWatchdog";
+
+std::uint32_t ownId() noexcept {
+    return static_cast<std::uint32_t>(PlatformUtil::threadId());
+}
+
+} // namespace
+
+WifiHostSettingsWatchdog::WifiHostSettingsWatchdog() noexcept
+    : block(nullptr), shmCreator(false), threadId(NO_THREAD), hasBegun(false), destroyed(nullptr) {
+    PlatformUtil::createMutex(&runMutex);
+}
+
+// Waits once more for the run mutex: a thread that has stopped itself may still be in run(). It ends
+// while it is held.
+WifiHostSettingsWatchdog::~WifiHostSettingsWatchdog() {
+    stop();
+    PlatformUtil::lockMutex(&runMutex);
+    wifiShmemDestroy();
+    PlatformUtil::destroyMutex(&runMutex);
+    if (destroyed)
+        *destroyed = true;
+}
+
 bool WifiHostSettingsWatchdog::initialize() noexcept {
+    if (threadId != NO_THREAD)
+        return false;
+    wifiShmemCreate();
     return true;
 }
 
-void WifiHostSettingsWatchdog::start() noexcept {}
+// The thread has to hold the run mutex before somebody may want to wait for it by that mutex.
+void WifiHostSettingsWatchdog::start() noexcept {
+    if (threadId != NO_THREAD)
+        return;
+    stopSignal.reset();
+    saveSignal.reset();
+    std::unique_lock<std::mutex> guard(startMutex);
+    hasBegun = false;
+    threadId = PlatformUtil::createThread(refreshWatchdogEntry, this, THREAD_NAME);
+    if (threadId != NO_THREAD)
+        startCondition.wait(guard, [this] { return hasBegun; });
+}
 
-void WifiHostSettingsWatchdog::stop() noexcept {}
+void WifiHostSettingsWatchdog::stop() noexcept {
+    if (threadId == NO_THREAD)
+        return;
+    sendStopRefreshThreadSignal();
+    PlatformUtil::lockMutex(&runMutex);
+    PlatformUtil::unlockMutex(&runMutex);
+    threadId = NO_THREAD;
+}
 
-void WifiHostSettingsWatchdog::sendSaveSettingsSignal() noexcept {}
+void WifiHostSettingsWatchdog::sendSaveSettingsSignal() noexcept {
+    saveSignal.raise();
+}
+
+void WifiHostSettingsWatchdog::sendStopRefreshThreadSignal() noexcept {
+    stopSignal.raise();
+}
+
+void WifiHostSettingsWatchdog::sendRefreshSettingsSignal() noexcept {
+    if (!block || block->lockSignal() != 0)
+        return;
+    block->raise(ownId());
+    block->unlockSignal();
+}
+
+int WifiHostSettingsWatchdog::checkForStopSignal(unsigned int seconds) noexcept {
+    return stopSignal.check(seconds);
+}
+
+int WifiHostSettingsWatchdog::checkForSaveSignal(unsigned int seconds) noexcept {
+    return saveSignal.check(seconds);
+}
+
+int WifiHostSettingsWatchdog::checkForRefreshSignal(unsigned int seconds) noexcept {
+    const auto deadline = deadlineAfter(seconds);
+    if (!block || block->lockSignal() != 0 || block->wait(deadline) != 0)
+        return 0;
+    const bool seen = block->take(ownId());
+    block->unlockSignal();
+    return seen ? -1 : 0;
+}
+
+// A reload that is not possible right now is owed until it is.
+void WifiHostSettingsWatchdog::run() noexcept {
+    bool isDestroyed = false;
+    bool refreshOwed = false;
+    beginRun(&isDestroyed);
+    while (checkForStopSignal(1) == 0) {
+        if (checkForSaveSignal(1) != 0)
+            sendRefreshSettingsSignal();
+        else if (checkForRefreshSignal(1) != 0 || refreshOwed)
+            refreshOwed = !refreshSettings();
+        if (isDestroyed)
+            return;
+    }
+    endRun();
+}
+
+void WifiHostSettingsWatchdog::beginRun(bool* destroyedFlag) noexcept {
+    PlatformUtil::lockMutex(&runMutex);
+    destroyed = destroyedFlag;
+    const std::lock_guard<std::mutex> guard(startMutex);
+    hasBegun = true;
+    startCondition.notify_one();
+}
+
+// Whoever gets the run mutex next may destroy the object.
+void WifiHostSettingsWatchdog::endRun() noexcept {
+    destroyed = nullptr;
+    PlatformUtil::unlockMutex(&runMutex);
+}
+
+void* WifiHostSettingsWatchdog::refreshWatchdogEntry(void* watchdog) noexcept {
+    static_cast<WifiHostSettingsWatchdog*>(watchdog)->run();
+    return nullptr;
+}
+
+int WifiHostSettingsWatchdog::wifiShmemCreate() noexcept {
+    using platform::SharedMemory;
+    if (block) {
+        block->addUser();
+        return 0;
+    }
+    const auto result = memory.attach(BLOCK_NAME, sizeof(SharedSignalBlock),
+                                      SharedSignalBlock::setUp, SharedSignalBlock::join);
+    shmCreator = result == SharedMemory::Result::created;
+    block = static_cast<SharedSignalBlock*>(memory.data());
+    return 0;
+}
+
+// The name goes first: once the block is left, it may already be that of a new one.
+void WifiHostSettingsWatchdog::wifiShmemDestroy() noexcept {
+    if (!block)
+        return;
+    platform::SharedMemory::unlink(BLOCK_NAME);
+    block->leave();
+    block = nullptr;
+    memory.detach();
+}
+
+int WifiHostSettingsWatchdog::wifiShmemLock() noexcept {
+    return block ? block->lock() : EINVAL;
+}
+
+int WifiHostSettingsWatchdog::wifiShmemUnlock() noexcept {
+    return block ? block->unlock() : EINVAL;
+}

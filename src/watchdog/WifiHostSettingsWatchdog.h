@@ -1,12 +1,118 @@
 #pragma once
 
 #include "Export.h"
+#include "platform/PlatformUtil.h"
+#include "platform/SharedMemory.h"
+#include "watchdog/LocalSignal.h"
 
-/// Skeleton.
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+
+struct SharedSignalBlock;
+
+/// Keeps the settings fresh. Its thread reloads them when another process of this host has saved, and
+/// tells the other processes when this one has. They tell each other through a block of shared memory,
+/// "/wifi_shmem".
+///
+/// Order of use: construct, initialize(), start(), any signals, stop(), destroy. Construction,
+/// initialize(), start() and destruction belong to one thread at a time; signals may be sent by any
+/// thread in between. Nothing is reported and nothing is thrown: where the block cannot be had, the
+/// thread runs without it, and neither tells other processes nor hears of them.
+///
+/// The thread may destroy its own watchdog from within platwifi::refreshSettings().
 class PLATWIFI_API WifiHostSettingsWatchdog {
 public:
+    /// Makes nothing outside of the object.
+    WifiHostSettingsWatchdog() noexcept;
+
+    /// Stops the thread and leaves the block, as stop() and wifiShmemDestroy() do.
+    ~WifiHostSettingsWatchdog();
+
+    WifiHostSettingsWatchdog(const WifiHostSettingsWatchdog&) = delete;
+    WifiHostSettingsWatchdog& operator=(const WifiHostSettingsWatchdog&) = delete;
+
+    /// Becomes a user of the block, making one where there is none. Done again, it counts once more.
+    /// @return true, without a block too; false, having done nothing, while the thread runs
     bool initialize() noexcept;
+
+    /// Starts the thread, unless it runs, and forgets signals to stop and to save from before. Returns
+    /// when the thread is in run().
     void start() noexcept;
+
+    /// Makes the thread leave run() and returns when it has, within about three seconds, or later when
+    /// it reloads the settings. Called by the thread itself, it does not wait. Nothing when no thread
+    /// runs.
     void stop() noexcept;
+
+    /// Tells the thread that this process has saved; it tells the other processes. Does not wait.
     void sendSaveSettingsSignal() noexcept;
+
+    /// Tells the thread to leave run(). Does not wait.
+    void sendStopRefreshThreadSignal() noexcept;
+
+    /// Raises the signal to reload in the block, in the name of the calling thread, and wakes the
+    /// threads of all processes. Nothing without a block. Takes the block's locks.
+    void sendRefreshSettingsSignal() noexcept;
+
+    /// Waits for the signal to stop, for the given seconds or until it is raised. One raised earlier
+    /// is seen when this wait ends.
+    /// @return -1 when it was raised, and takes it back; else 0
+    int checkForStopSignal(unsigned int seconds) noexcept;
+
+    /// The same for the signal that this process has saved.
+    int checkForSaveSignal(unsigned int seconds) noexcept;
+
+    /// The same for the signal to reload, which only one of all threads that look for it takes, and
+    /// never the one that raised it. Takes the block's locks, not while it waits.
+    /// @return -1 when it was raised, and takes it back; else 0, without a block at once
+    int checkForRefreshSignal(unsigned int seconds) noexcept;
+
+    /// The thread: tells and reloads until it is told to stop. Holds the run mutex all the time.
+    void run() noexcept;
+
+    /// run() for PlatformUtil::createThread().
+    /// @param watchdog  a WifiHostSettingsWatchdog
+    /// @return null
+    static void* refreshWatchdogEntry(void* watchdog) noexcept;
+
+    /// Becomes a user of the block; part of initialize().
+    /// @return 0
+    int wifiShmemCreate() noexcept;
+
+    /// Takes the name from the block, so that the next process makes one of its own, and leaves it to
+    /// those who still share it. Nothing without a block.
+    void wifiShmemDestroy() noexcept;
+
+    /// Takes the block mutex, as often as the thread likes. After a process died with it, a signal to
+    /// reload is raised first.
+    /// @return 0, or an error number when the mutex is not held: EINVAL without a block
+    int wifiShmemLock() noexcept;
+
+    /// Gives back one wifiShmemLock() of the calling thread.
+    /// @return 0, or an error number: EINVAL without a block
+    int wifiShmemUnlock() noexcept;
+
+    /// Whether this watchdog made the block that it uses.
+    bool isCreator() const noexcept { return shmCreator; }
+
+private:
+    static constexpr int NO_THREAD = -1;
+
+    void beginRun(bool* destroyedFlag) noexcept;
+    void endRun() noexcept;
+
+    platform::SharedMemory memory;
+    SharedSignalBlock* block; ///< in the memory, or null
+    PlatformMutex runMutex;   ///< held by the thread for its whole run
+    platwifi::LocalSignal stopSignal;
+    platwifi::LocalSignal saveSignal;
+    bool shmCreator;
+    std::atomic<int> threadId; ///< of the running thread, or NO_THREAD
+
+    std::mutex startMutex; ///< guards the next two
+    std::condition_variable startCondition;
+    bool hasBegun; ///< whether the thread has got the run mutex
+
+    bool* destroyed; ///< on the stack of run(), while that is on; set by the destructor
 };

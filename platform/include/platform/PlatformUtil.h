@@ -20,6 +20,16 @@ public:
     /// Sets up `mutex` as a recursive mutex of this process.
     static int createMutex(PlatformMutex* mutex) noexcept;
 
+    /// Sets up `mutex`, in memory that processes share, as a mutex between them. It is robust where the
+    /// system has that: when a process dies holding it, the next one that locks it gets EOWNERDEAD
+    /// and holds it.
+    /// @param recursive  whether its holder may lock it again
+    static int createSharedMutex(PlatformMutex* mutex, bool recursive) noexcept;
+
+    /// Makes a mutex whose lock gave EOWNERDEAD usable again. The caller holds it, and has mended what
+    /// it guards; without this, its release makes it unusable for ever.
+    static int makeMutexConsistent(PlatformMutex* mutex) noexcept;
+
     /// Waits for the mutex. Takes any POSIX mutex, a robust or shared one too, and passes on what
     /// pthread_mutex_lock() says (EOWNERDEAD included).
     static int lockMutex(PlatformMutex* mutex) noexcept;
@@ -29,6 +39,9 @@ public:
 
     /// Releases one lock() of the calling thread.
     static int unlockMutex(PlatformMutex* mutex) noexcept;
+
+    /// Releases every lock() of the calling thread, if there is one.
+    static int releaseMutex(PlatformMutex* mutex) noexcept;
 
     /// Ends the mutex. The calling thread may still hold it, however deep: the mutex is then
     /// released first, because POSIX leaves destroying a locked one undefined. Nobody may wait for

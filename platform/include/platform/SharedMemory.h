@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/Export.h"
+
+#include <cstddef>
+
+namespace platform {
+
+/// Memory that processes share under a name.
+///
+/// A new object gets its name only when it has been set up, in one step: nobody ever maps one that is
+/// being made, or was being made by a process that died. Of processes that start at the same time one
+/// makes the object and the others join it.
+///
+/// An object belongs to one thread at a time. Nothing throws.
+class PLATFORM_API SharedMemory {
+public:
+    /// Looks at mapped memory, and says whether it may stay.
+    using Check = bool (*)(void* memory);
+
+    enum class Result { failed, created, joined };
+
+    SharedMemory() noexcept = default;
+    ~SharedMemory() { detach(); }
+
+    SharedMemory(const SharedMemory&) = delete;
+    SharedMemory& operator=(const SharedMemory&) = delete;
+
+    /// Maps the object of this name, or makes one where there is none. What was mapped before is
+    /// detached.
+    ///
+    /// An object is only mapped when it has exactly this size, and belongs to root or to the effective
+    /// user; it is only joined when `join` agrees. What else stands under the name loses it to a new
+    /// object, as far as this process may do that.
+    ///
+    /// @param name   "/" and the name
+    /// @param size   in bytes
+    /// @param setUp  fills a new object, all zero, that nobody else sees; false gives it up
+    /// @param join   called with an object that others may be using
+    /// @return failed, with nothing mapped, when the system allows neither; that takes a second at
+    ///         most where another process stands in the way
+    Result attach(const char* name, std::size_t size, Check setUp, Check join) noexcept;
+
+    /// Unmaps the memory, if there is any. The object and its name stay.
+    void detach() noexcept;
+
+    /// The memory, or null.
+    void* data() const noexcept { return m_data; }
+
+    /// Takes the name away, whatever it means by now. Who has the object mapped keeps it.
+    static void unlink(const char* name) noexcept;
+
+private:
+    bool map(int file, std::size_t size) noexcept;
+    bool make(int file, std::size_t size, Check setUp) noexcept;
+    int publish(const char* name, std::size_t size, Check setUp) noexcept;
+
+    void* m_data = nullptr;
+    std::size_t m_size = 0;
+};
+
+} // namespace platform

@@ -1,0 +1,73 @@
+#include "platform/SharedCondition.h"
+
+#include <cerrno>
+#include <climits>
+#include <ctime>
+#include <linux/futex.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace platform {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::uint32_t MARK = 0x57694669;
+
+// A libc whose time is wider than the machine's word speaks to the kernel by a call of its own.
+#ifdef SYS_futex_time64
+constexpr long FUTEX = sizeof(time_t) > sizeof(long) ? SYS_futex_time64 : SYS_futex;
+#else
+constexpr long FUTEX = SYS_futex;
+#endif
+
+timespec toTimespec(Clock::time_point time) noexcept {
+    using namespace std::chrono;
+    const auto whole = duration_cast<seconds>(time.time_since_epoch());
+    const nanoseconds rest = time.time_since_epoch() - whole;
+    timespec result{};
+    result.tv_sec = static_cast<time_t>(whole.count());
+    result.tv_nsec = static_cast<long>(rest.count());
+    return result;
+}
+
+// Without the private flag, so that it reaches other processes.
+int waitWhile(std::uint32_t* word, std::uint32_t value, const timespec& deadline) noexcept {
+    while (syscall(FUTEX, word, FUTEX_WAIT_BITSET, value, &deadline, nullptr,
+                   FUTEX_BITSET_MATCH_ANY) != 0) {
+        if (errno != EINTR)
+            return errno == ETIMEDOUT ? ETIMEDOUT : 0;
+    }
+    return 0;
+}
+
+} // namespace
+
+void SharedCondition::setUp() noexcept {
+    sequence = 0;
+    __atomic_store_n(&mark, MARK, __ATOMIC_RELEASE);
+}
+
+bool SharedCondition::isSetUp() const noexcept {
+    return __atomic_load_n(&mark, __ATOMIC_ACQUIRE) == MARK;
+}
+
+void SharedCondition::end() noexcept {
+    __atomic_store_n(&mark, 0U, __ATOMIC_RELEASE);
+}
+
+int SharedCondition::wait(PlatformMutex& mutex, Clock::time_point deadline) noexcept {
+    const std::uint32_t seen = __atomic_load_n(&sequence, __ATOMIC_ACQUIRE);
+    if (const int error = PlatformUtil::unlockMutex(&mutex))
+        return error;
+    const int result = waitWhile(&sequence, seen, toTimespec(deadline));
+    const int error = PlatformUtil::lockMutex(&mutex);
+    return error != 0 ? error : result;
+}
+
+void SharedCondition::broadcast() noexcept {
+    __atomic_fetch_add(&sequence, 1U, __ATOMIC_RELEASE);
+    syscall(FUTEX, &sequence, FUTEX_WAKE, INT_MAX, nullptr, nullptr, 0);
+}
+
+} // namespace platform

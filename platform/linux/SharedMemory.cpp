@@ -1,0 +1,178 @@
+#include "platform/SharedMemory.h"
+
+#include "platform/FileDescriptor.h"
+#include "platform/PlatformUtil.h"
+
+#include <cerrno>
+#include <chrono>
+#include <fcntl.h>
+#include <string>
+#include <sys/file.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace platform {
+namespace {
+
+constexpr const char* FOLDER = "/dev/shm"; // where shm_open() keeps its objects
+constexpr mode_t MODE = 0777;              // less the umask
+constexpr int ATTEMPTS = 100;
+constexpr int PAUSE_MILLISECONDS = 10;
+
+std::string pathOf(const char* name) {
+    return std::string(FOLDER) + name;
+}
+
+/// What stands under a name.
+struct Standing {
+    FileDescriptor file; ///< none for what cannot be opened
+    struct stat status;
+    bool exists;
+};
+
+Standing look(const char* name) {
+    Standing found{FileDescriptor(shm_open(name, O_RDWR, 0)), {}, false};
+    found.exists = (found.file.isOpen() ? fstat(found.file.number(), &found.status)
+                                        : lstat(pathOf(name).c_str(), &found.status)) == 0;
+    return found;
+}
+
+bool mayBeOurs(const Standing& found, std::size_t size) noexcept {
+    const auto owner = found.status.st_uid;
+    return found.file.isOpen() && S_ISREG(found.status.st_mode) &&
+           found.status.st_size == static_cast<off_t>(size) && (owner == 0 || owner == geteuid());
+}
+
+// Takes the name away from what was found under it, and from nothing that came later: whoever does
+// this holds the lock of the folder. Returns an error number.
+int retire(const char* name, const struct stat& stale) {
+    const FileDescriptor folder(open(FOLDER, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (flock(folder.number(), LOCK_EX | LOCK_NB) != 0)
+        return errno;
+    const std::string path = pathOf(name);
+    struct stat now {};
+    if (lstat(path.c_str(), &now) != 0 || now.st_ino != stale.st_ino || now.st_dev != stale.st_dev)
+        return 0;
+    return ::unlink(path.c_str()) == 0 || errno == ENOENT ? 0 : errno;
+}
+
+/// A new object that has not got its name yet.
+class Unnamed {
+public:
+    /// One without any name, gone with its last user.
+    Unnamed() : m_file(open(FOLDER, O_TMPFILE | O_RDWR | O_CLOEXEC, MODE)) {
+        if (m_file.isOpen())
+            m_path = "/proc/self/fd/" + std::to_string(m_file.number());
+    }
+
+    /// The second best, for an old kernel or a system without /proc.
+    explicit Unnamed(const std::string& temporaryPath)
+        : m_path(temporaryPath),
+          m_file(open(m_path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_NOFOLLOW | O_CLOEXEC, MODE)),
+          m_temporary(m_file.isOpen()) {}
+
+    ~Unnamed() {
+        if (m_temporary)
+            ::unlink(m_path.c_str());
+    }
+
+    Unnamed(const Unnamed&) = delete;
+    Unnamed& operator=(const Unnamed&) = delete;
+
+    int file() const noexcept { return m_file.number(); }
+
+    // Returns an error number: EEXIST where somebody was faster.
+    int giveName(const char* name) const {
+        return linkat(AT_FDCWD, m_path.c_str(), AT_FDCWD, pathOf(name).c_str(),
+                      AT_SYMLINK_FOLLOW) == 0
+                   ? 0
+                   : errno;
+    }
+
+private:
+    std::string m_path;
+    FileDescriptor m_file;
+    bool m_temporary = false;
+};
+
+// Threads of several process namespaces may have one id, not at one time as well.
+std::string temporaryPathFor(const char* name) {
+    const auto time = std::chrono::steady_clock::now().time_since_epoch().count();
+    return pathOf(name) + "." + std::to_string(PlatformUtil::threadId()) + "." +
+           std::to_string(time);
+}
+
+// Touching memory that a full file system has no place for would end the process.
+bool reserve(int file, std::size_t size) noexcept {
+    while (fallocate(file, 0, 0, static_cast<off_t>(size)) != 0) {
+        if (errno != EINTR)
+            return errno == EOPNOTSUPP;
+    }
+    return true;
+}
+
+} // namespace
+
+bool SharedMemory::map(int file, std::size_t size) noexcept {
+    detach();
+    if (!reserve(file, size))
+        return false;
+    void* const memory = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, file, 0);
+    if (memory == MAP_FAILED)
+        return false;
+    m_data = memory;
+    m_size = size;
+    return true;
+}
+
+bool SharedMemory::make(int file, std::size_t size, Check setUp) noexcept {
+    return ftruncate(file, static_cast<off_t>(size)) == 0 && map(file, size) && setUp(m_data);
+}
+
+// Returns an error number: EEXIST where somebody was faster.
+int SharedMemory::publish(const char* name, std::size_t size, Check setUp) noexcept {
+    const Unnamed nameless;
+    if (make(nameless.file(), size, setUp)) {
+        const int error = nameless.giveName(name);
+        if (error == 0 || error == EEXIST)
+            return error;
+    }
+    const Unnamed temporary(temporaryPathFor(name));
+    return make(temporary.file(), size, setUp) ? temporary.giveName(name) : ENOTSUP;
+}
+
+SharedMemory::Result SharedMemory::attach(const char* name, std::size_t size, Check setUp,
+                                          Check join) noexcept {
+    int error = 0;
+    for (int attempt = 0; attempt < ATTEMPTS; ++attempt) {
+        const Standing found = look(name);
+        if (!found.exists) {
+            error = publish(name, size, setUp);
+            if (error == 0)
+                return Result::created;
+        } else {
+            if (mayBeOurs(found, size) && map(found.file.number(), size) && join(m_data))
+                return Result::joined;
+            error = retire(name, found.status);
+        }
+        if (error == EWOULDBLOCK)
+            PlatformUtil::sleep(PAUSE_MILLISECONDS);
+        else if (error != 0 && error != EEXIST)
+            break;
+    }
+    detach();
+    return Result::failed;
+}
+
+void SharedMemory::detach() noexcept {
+    if (m_data)
+        munmap(m_data, m_size);
+    m_data = nullptr;
+}
+
+void SharedMemory::unlink(const char* name) noexcept {
+    shm_unlink(name);
+}
+
+} // namespace platform

@@ -1,0 +1,122 @@
+#include "watchdog/SharedSignalBlock.h"
+
+#include <cerrno>
+#include <cstddef>
+#include <type_traits>
+
+static_assert(std::is_standard_layout_v<SharedSignalBlock>);
+static_assert(sizeof(platform::SharedCondition) <= sizeof(pthread_cond_t));
+
+bool SharedSignalBlock::setUp(void* memory) noexcept {
+    auto* const block = static_cast<SharedSignalBlock*>(memory);
+    if (PlatformUtil::createSharedMutex(&block->blockMutex, true) != 0 ||
+        PlatformUtil::createSharedMutex(&block->signalMutex, false) != 0)
+        return false;
+    block->refreshPending = 0;
+    block->refreshSender = NO_SENDER;
+    block->attachCount = 1;
+    block->refreshCondition.setUp();
+    return true;
+}
+
+bool SharedSignalBlock::join(void* memory) noexcept {
+    auto* const block = static_cast<SharedSignalBlock*>(memory);
+    if (!block->refreshCondition.isSetUp() || block->lock() != 0)
+        return false;
+    const bool inUse = block->attachCount != 0;
+    if (inUse)
+        ++block->attachCount;
+    block->unlock();
+    return inUse;
+}
+
+void SharedSignalBlock::addUser() noexcept {
+    if (lock() != 0)
+        return;
+    ++attachCount;
+    unlock();
+}
+
+// A mutex that a thread still holds when its memory goes would be found by the thread's later locks.
+void SharedSignalBlock::leave() noexcept {
+    if (lock() != 0)
+        return;
+    if (attachCount == 1)
+        end();
+    else
+        --attachCount;
+    PlatformUtil::releaseMutex(&blockMutex);
+}
+
+// The block mutex is released as any other time, not destroyed: a process that opened the object
+// before it lost its name may be waiting for it. It owns nothing beyond its memory.
+void SharedSignalBlock::end() noexcept {
+    attachCount = 0;
+    refreshPending = 0;
+    refreshSender = NO_SENDER;
+    refreshCondition.end();
+    PlatformUtil::destroyMutex(&signalMutex);
+}
+
+int SharedSignalBlock::lock() noexcept {
+    return mended(PlatformUtil::lockMutex(&blockMutex));
+}
+
+int SharedSignalBlock::unlock() noexcept {
+    return PlatformUtil::unlockMutex(&blockMutex);
+}
+
+int SharedSignalBlock::lockSignal() noexcept {
+    return signalMended(PlatformUtil::lockMutex(&signalMutex));
+}
+
+int SharedSignalBlock::unlockSignal() noexcept {
+    return PlatformUtil::unlockMutex(&signalMutex);
+}
+
+void SharedSignalBlock::raise(std::uint32_t sender) noexcept {
+    if (lock() != 0)
+        return;
+    refreshPending = 1;
+    refreshSender = sender;
+    unlock();
+    refreshCondition.broadcast();
+}
+
+int SharedSignalBlock::wait(std::chrono::steady_clock::time_point deadline) noexcept {
+    const int error = refreshCondition.wait(signalMutex, deadline);
+    return error == ETIMEDOUT ? 0 : signalMended(error);
+}
+
+bool SharedSignalBlock::take(std::uint32_t ownId) noexcept {
+    if (lock() != 0)
+        return false;
+    const bool foreign = refreshPending == 1 && refreshSender != ownId;
+    if (foreign)
+        refreshPending = 0;
+    unlock();
+    return foreign;
+}
+
+// A count is changed by a single store: it is right, whenever the process died.
+void SharedSignalBlock::raiseForTheDead() noexcept {
+    refreshPending = 1;
+    refreshSender = NO_SENDER;
+}
+
+int SharedSignalBlock::mended(int error) noexcept {
+    if (error != EOWNERDEAD)
+        return error;
+    raiseForTheDead();
+    return PlatformUtil::makeMutexConsistent(&blockMutex);
+}
+
+int SharedSignalBlock::signalMended(int error) noexcept {
+    if (error != EOWNERDEAD)
+        return error;
+    if (lock() == 0) {
+        raiseForTheDead();
+        unlock();
+    }
+    return PlatformUtil::makeMutexConsistent(&signalMutex);
+}
