@@ -1,6 +1,6 @@
 #include "watchdog/LocalSignal.h"
 
-#include "watchdog/Deadline.h"
+#include "platform/Deadline.h"
 
 #include <utility>
 
@@ -19,7 +19,7 @@ void LocalSignal::reset() noexcept {
 
 int LocalSignal::check(unsigned int seconds) noexcept {
     std::unique_lock<std::mutex> guard(m_mutex);
-    m_condition.wait_until(guard, deadlineAfter(seconds));
+    m_condition.wait_until(guard, platform::deadlineAfter(seconds));
     return std::exchange(m_requested, false) ? -1 : 0;
 }
 

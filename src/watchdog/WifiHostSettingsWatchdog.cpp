@@ -1,6 +1,6 @@
 #include "watchdog/WifiHostSettingsWatchdog.h"
 
-#include "watchdog/Deadline.h"
+#include "platform/Deadline.h"
 #include "watchdog/SettingsDoor.h"
 #include "watchdog/SharedSignalBlock.h"
 
@@ -88,7 +88,7 @@ int WifiHostSettingsWatchdog::checkForSaveSignal(unsigned int seconds) noexcept 
 }
 
 int WifiHostSettingsWatchdog::checkForRefreshSignal(unsigned int seconds) noexcept {
-    const auto deadline = deadlineAfter(seconds);
+    const auto deadline = platform::deadlineAfter(seconds);
     if (!block || block->lockSignal() != 0 || block->wait(deadline) != 0)
         return 0;
     const bool seen = block->take(ownId());

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 namespace test {
 namespace {
@@ -29,6 +30,11 @@ std::vector<int> threadsNamed(const std::string& name) {
             ids.push_back(std::stoi(entry.path().filename()));
     }
     return ids;
+}
+
+void awaitNoThreadNamed(const std::string& name) {
+    while (!threadsNamed(name).empty())
+        std::this_thread::yield();
 }
 
 } // namespace test

@@ -17,10 +17,8 @@
 #include <atomic>
 #include <filesystem>
 #include <memory>
-#include <thread>
 #include <vector>
 
-using testing::IsEmpty;
 using testing::SizeIs;
 
 namespace {
@@ -35,7 +33,7 @@ protected:
     ~TimingHazards() override {
         WifiHostSettings::unload();
         WifiUtil::unload();
-        EXPECT_THAT(test::threadsNamed(REFRESH_THREAD), IsEmpty());
+        test::awaitNoThreadNamed(REFRESH_THREAD);
     }
 
     /// The settings, loaded; the load after that stands still at `checkpoint` and then fails or not.
@@ -129,7 +127,7 @@ TEST_F(TimingHazards, UnloadWaitsForAReloadOfTheRefreshThread) {
         EXPECT_FALSE(unloading.isDone());
         checkpoint.letGo();
     }
-    EXPECT_THAT(test::threadsNamed(REFRESH_THREAD), IsEmpty());
+    test::awaitNoThreadNamed(REFRESH_THREAD);
     EXPECT_TRUE(hasNetwork(*WifiHostSettings::getInstance(nullptr), "third"));
 }
 
@@ -184,8 +182,7 @@ TEST_F(TimingHazards, AReloadThatFailsOnTheRefreshThreadEndsThatThreadInGoodOrde
     elsewhere.raise();
     checkpoint.awaitArrival();
     checkpoint.letGo();
-    while (!test::threadsNamed(REFRESH_THREAD).empty())
-        std::this_thread::yield();
+    test::awaitNoThreadNamed(REFRESH_THREAD);
     EXPECT_FALSE(hasNetwork(settings, "home"));
     EXPECT_FALSE(std::filesystem::exists("/dev/shm/wifi_shmem")) << "the watchdog went with it";
     host.reset();
@@ -203,7 +200,7 @@ TEST_F(TimingHazards, AReloadThatFailsElsewhereStopsTheRefreshThreadThoughARefre
         elsewhere.awaitTaken();
         checkpoint.letGo();
     }
-    EXPECT_THAT(test::threadsNamed(REFRESH_THREAD), IsEmpty());
+    test::awaitNoThreadNamed(REFRESH_THREAD);
     EXPECT_FALSE(hasNetwork(settings, "home"));
 }
 
