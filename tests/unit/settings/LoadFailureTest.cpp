@@ -17,6 +17,7 @@ protected:
     // Whatever failed, what is left is an instance without anything, and unlocked.
     void expectNothing(const WifiHostSettings& settings) {
         EXPECT_EQ(test::networksOf(settings), nullptr);
+        EXPECT_EQ(test::adapterNamesOf(settings), nullptr);
         EXPECT_EQ(network("home"), nullptr);
         EXPECT_EQ(current(), "none");
         EXPECT_EQ(test::supplicantStateOf(settings), WPA_STATE_UNKNOWN);

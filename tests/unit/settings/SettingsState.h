@@ -4,6 +4,7 @@
 
 #include "model/WifiNetwork.h"
 #include "model/WifiNetworkList.h"
+#include "supplicant/ReplyLines.h"
 
 #include <memory>
 
@@ -34,6 +35,12 @@ struct Networks {
 };
 template struct Exposed<Networks, &WifiHostSettings::networkList>;
 
+struct AdapterNames {
+    using Member = std::unique_ptr<platwifi::ReplyLines> WifiHostSettings::*;
+    friend Member memberOf(AdapterNames);
+};
+template struct Exposed<AdapterNames, &WifiHostSettings::adapterNames>;
+
 inline const WifiNetwork* currentNetworkOf(const WifiHostSettings& settings) {
     return settings.*memberOf(CurrentNetwork{});
 }
@@ -45,6 +52,11 @@ inline WpaState supplicantStateOf(const WifiHostSettings& settings) {
 /// Null after a failure.
 inline const WifiNetworkList* networksOf(const WifiHostSettings& settings) {
     return (settings.*memberOf(Networks{})).get();
+}
+
+/// Null when they are not loaded.
+inline const platwifi::ReplyLines* adapterNamesOf(const WifiHostSettings& settings) {
+    return (settings.*memberOf(AdapterNames{})).get();
 }
 
 } // namespace test
