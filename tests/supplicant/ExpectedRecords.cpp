@@ -81,7 +81,8 @@ std::map<std::string, Value> valuesOf(unsigned int number) {
                             CLIENT + "get_network " + std::to_string(number) + " $key)\"; done");
     std::map<std::string, Value> values;
     for (const std::string& key : wordsOf(KEYS))
-        values[key] = values.size() < asked.lines.size() ? valueIn(asked.lines[values.size()]) : Value();
+        values[key] =
+            values.size() < asked.lines.size() ? valueIn(asked.lines[values.size()]) : Value();
     return values;
 }
 
@@ -106,6 +107,7 @@ Status statusNow() {
 struct Listed {
     unsigned int number;
     std::string ssid;
+    bool isDisabled;
     bool isCurrent;
 };
 
@@ -126,9 +128,11 @@ std::optional<Listed> listedIn(const std::string& line) {
     const bool isNamed = columns[1] != "any" && !contains(columns[1], ":");
     if (isNamed && columns.size() < 3)
         return {};
+    // Marks are looked for in the whole line, the SSID included.
+    const bool isDisabled = contains(line, "[DISABLED]");
     return Listed{static_cast<unsigned int>(std::atoi(columns[0].c_str())) & 0xff,
-                  isNamed ? columns[1] : "SSID N/A",
-                  contains(line, "[CURRENT]") && !contains(line, "[DISABLED]")};
+                  isNamed ? columns[1] : "SSID N/A", isDisabled,
+                  !isDisabled && contains(line, "[CURRENT]")};
 }
 
 Lines listedLines() {
@@ -143,8 +147,8 @@ Lines listedLines() {
 }
 
 unsigned int networkStatus(bool isDisabled, bool isCurrent, const std::string& state) {
-    const bool isConnecting = state == "SCANNING" || contains(state, "ASSOCIAT") ||
-                              contains(state, "_HANDSHAKE");
+    const bool isConnecting =
+        state == "SCANNING" || contains(state, "ASSOCIAT") || contains(state, "_HANDSHAKE");
     if (isCurrent && state == "COMPLETED")
         return 3;
     if (isCurrent && isConnecting)
@@ -153,15 +157,30 @@ unsigned int networkStatus(bool isDisabled, bool isCurrent, const std::string& s
 }
 
 unsigned int keyManagement(const Value& value) {
-    return value ? first(*value, {{"WPA-NONE", 16}, {"NONE", 1}, {"WPA-EAP", 4}, {"WPA-PSK", 2},
-                                  {"IEEE8021X", 8}}, 0)
+    return value ? first(*value,
+                         {{"WPA-NONE", 16},
+                          {"NONE", 1},
+                          {"WPA-EAP", 4},
+                          {"WPA-PSK", 2},
+                          {"IEEE8021X", 8}},
+                         0)
                  : 2 + 4;
 }
 
 unsigned int eap(const Value& value) {
-    return first(value.value_or(""), {{"TTLS", 4}, {"TLS", 1}, {"PEAP", 2}, {"LEAP", 16}, {"MD5", 8},
-                                      {"MSCHAPV2", 32}, {"GTC", 64}, {"OTP", 128}, {"PSK", 256},
-                                      {"PAX", 512}, {"FAST", 1024}}, 0);
+    return first(value.value_or(""),
+                 {{"TTLS", 4},
+                  {"TLS", 1},
+                  {"PEAP", 2},
+                  {"LEAP", 16},
+                  {"MD5", 8},
+                  {"MSCHAPV2", 32},
+                  {"GTC", 64},
+                  {"OTP", 128},
+                  {"PSK", 256},
+                  {"PAX", 512},
+                  {"FAST", 1024}},
+                 0);
 }
 
 unsigned int pairwise(const Value& value) {
@@ -195,10 +214,11 @@ void addWepKeys(Record& record, const std::map<std::string, Value>& values, bool
 Record recordOf(const Listed& listed, bool isCurrent, const std::string& state) {
     const auto values = valuesOf(listed.number);
     const unsigned int keys = keyManagement(values.at("key_mgmt"));
+    const bool isDisabled = listed.isDisabled || decimal(values.at("disabled")) != 0;
     Record record{
         {"ssid", listed.ssid},
         {"number", inWords(listed.number)},
-        {"status", inWords(networkStatus(decimal(values.at("disabled")) != 0, isCurrent, state))},
+        {"status", inWords(networkStatus(isDisabled, isCurrent, state))},
         {"bssid", values.at("bssid").value_or("00:00:00:00:00:00")},
         {"mode", inWords(decimal(values.at("mode"), 2))},
         {"priority", inWords(decimal(values.at("priority")))},
