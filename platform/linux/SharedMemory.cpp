@@ -31,10 +31,15 @@ struct Standing {
     bool exists;
 };
 
+// What cannot be opened is known by what stood there before that was tried: what stands there after
+// it may be somebody's new object.
 Standing look(const char* name) {
-    Standing found{FileDescriptor(shm_open(name, O_RDWR, 0)), {}, false};
-    found.exists = (found.file.isOpen() ? fstat(found.file.number(), &found.status)
-                                        : lstat(pathOf(name).c_str(), &found.status)) == 0;
+    Standing found{FileDescriptor(), {}, false};
+    found.exists = lstat(pathOf(name).c_str(), &found.status) == 0;
+    if (found.exists)
+        found.file = FileDescriptor(shm_open(name, O_RDWR, 0));
+    if (found.file.isOpen())
+        fstat(found.file.number(), &found.status);
     return found;
 }
 

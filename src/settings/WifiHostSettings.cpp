@@ -3,7 +3,9 @@
 #include "settings/WifiHostSettings.h"
 
 #include "model/WifiNetworkList.h"
+#include "platform/MutexGuard.h"
 #include "settings/NullExceptionHandler.h"
+#include "settings/SettingsLock.h"
 #include "supplicant/ReplyLines.h"
 #include "watchdog/SettingsDoor.h"
 #include "watchdog/WifiHostSettingsWatchdog.h"
@@ -68,9 +70,9 @@ WifiHostSettings::WifiHostSettings(ErrorHandler* /*errors*/)
         giveUp();
 }
 
-// The locks end while they are held.
+// The entrance is enough: nobody gets past it to the other locks. It ends while it is held.
 WifiHostSettings::~WifiHostSettings() {
-    lockSettings();
+    PlatformUtil::lockMutex(&entrance);
     giveUp();
     PlatformUtil::destroyMutex(&_sync);
     PlatformUtil::destroyMutex(&entrance);
@@ -100,17 +102,20 @@ bool WifiHostSettings::unlockSettings() noexcept {
     return true;
 }
 
-// After a failure there is no list to unlock; its lock went with it.
 bool WifiHostSettings::refreshAllSettings() noexcept {
-    lockSettings();
+    const MutexGuard guard(entrance);
+    if (!loadAgain())
+        giveUp();
+    return true;
+}
+
+bool WifiHostSettings::loadAgain() {
+    const SettingsLock lock(*this);
     if (networkList)
         networkList->removeAllFromList();
     releaseAdapterNames();
     forgetState();
-    if (!initializeSettings())
-        giveUp();
-    unlockSettings();
-    return true;
+    return initializeSettings();
 }
 
 bool WifiHostSettings::tryRefresh() noexcept {
@@ -156,7 +161,9 @@ void WifiHostSettings::forgetState() noexcept {
     numbersAreStale = false;
 }
 
-// What is left is an instance without networks, adapters and refresh thread.
+// What is left is an instance without networks, adapters and refresh thread. The caller holds the
+// entrance and none of the locks behind it, which the refresh thread may still be holding: stopping
+// it waits for that.
 void WifiHostSettings::giveUp() noexcept {
     stopWatchdog();
     networkList.reset();

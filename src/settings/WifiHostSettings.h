@@ -121,6 +121,7 @@ private:
     static WifiHostSettings* make(ErrorHandler* errors);
     static void end() noexcept;
     bool tryRefresh() noexcept;
+    bool loadAgain();
 
     // The lock of the networks alone, the first half of lockSettings().
     void lockNetworks() noexcept;

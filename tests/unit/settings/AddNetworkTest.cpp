@@ -84,8 +84,9 @@ TEST_F(AddNetwork, AddsNothingWhenAStepFails) {
 TEST_F(AddNetwork, TakesAnyText) {
     WifiHostSettings& settings = loaded.load("");
     creates("1");
-    const std::string ssids[] = {"x", std::string(32, 's'), std::string(200, 's'), "caf\xe9",
-                                 "\xf0\x9f\x98\x80", "a\"b\\", "two words"};
+    const std::string ssids[] = {"x",        std::string(32, 's'), std::string(200, 's'),
+                                 "caf\xe9",  "\xf0\x9f\x98\x80",   "a\"b\\",
+                                 "two words"};
     for (const std::string& ssid : ssids) {
         EXPECT_TRUE(settings.addNetwork("wlan0", ssid.c_str()));
         EXPECT_EQ(loaded.standIn.calls().end()[-2].back(), "\"" + ssid + "\"");

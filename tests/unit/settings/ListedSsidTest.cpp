@@ -112,7 +112,7 @@ TEST(ListedSsid, IsThatOfANetworkInMemory) {
         {"0\thome\tany\t", "Home", false},
         {"0\thome\tany\t", "hom", false},
         {"0\thome\tany\t", "home2", false},
-        {"0\tcaf\\xc3\\xa9\tany\t", "caf\xc3\xa9", true}, // as it was added
+        {"0\tcaf\\xc3\\xa9\tany\t", "caf\xc3\xa9", true},   // as it was added
         {"0\tcaf\\xc3\\xa9\tany\t", "caf\\xc3\\xa9", true}, // as it was loaded
         {"0\tcaf\\xc3\\xa9\tany\t", "caf\xe9", false},
         {"0\ta\\\\b\tany\t", "a\\b", true},

@@ -33,14 +33,19 @@ WifiHostSettings& LoadedSettings::make() {
     return settings;
 }
 
-WifiHostSettings& LoadedSettings::load(const std::string& networks, const std::string& status) {
+void LoadedSettings::scriptLoad(const std::string& networks, const std::string& status) {
     standIn.reset();
-    standIn.on({"interface"}).prints("Selected interface 'wlan0'\nAvailable interfaces:\nwlan0\n");
+    standIn.on({"interface"})
+        .prints("Selected interface 'wlan0'\nAvailable interfaces:\n" + adapters);
     standIn.on({"-iwlan0", "list_networks"})
         .prints("network id / ssid / bssid / flags\n" + networks);
     standIn.on({"-iwlan0", "scan_results"}).prints("header\n");
     standIn.on({"-iwlan0", "status"}).prints(status);
     standIn.on({"*"}).prints("FAIL\n"); // no network has a value for any key
+}
+
+WifiHostSettings& LoadedSettings::load(const std::string& networks, const std::string& status) {
+    scriptLoad(networks, status);
     return make();
 }
 

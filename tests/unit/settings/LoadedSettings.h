@@ -20,11 +20,15 @@ public:
     LoadedSettings(const LoadedSettings&) = delete;
     LoadedSettings& operator=(const LoadedSettings&) = delete;
 
-    /// Loads networks on the adapter wlan0. The client has no rules afterwards.
+    /// Loads the networks of the first adapter, wlan0. The client has no rules afterwards.
     /// @param networks  lines of list_networks behind its header
     /// @param status    what status prints
     WifiHostSettings& load(const std::string& networks,
                            const std::string& status = "wpa_state=INACTIVE\n");
+
+    /// Makes the client ready for a load like that.
+    void scriptLoad(const std::string& networks,
+                    const std::string& status = "wpa_state=INACTIVE\n");
 
     /// An instance that found no adapter.
     WifiHostSettings& fail();
@@ -36,6 +40,7 @@ public:
     Commands commands() const;
 
     StandIn standIn;
+    std::string adapters = "wlan0\n"; ///< what load() makes the client list
 
 private:
     WifiHostSettings& make();

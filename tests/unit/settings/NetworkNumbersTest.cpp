@@ -49,7 +49,8 @@ TEST_F(NetworkNumbers, AreThoseOfTheLinesWithTheirSsids) {
     const WifiNetwork* const home = add("home");
     const WifiNetwork* const work = add("work");
     const WifiNetwork* const cafe = add("caf\xc3\xa9");
-    ASSERT_TRUE(confirm("0\twork\tany\t\n1\tother\tany\t\n2\tcaf\\xc3\\xa9\tany\t\n9\thome\tany\t\n"));
+    ASSERT_TRUE(
+        confirm("0\twork\tany\t\n1\tother\tany\t\n2\tcaf\\xc3\\xa9\tany\t\n9\thome\tany\t\n"));
     EXPECT_EQ(home->getNetworkId(), 9);
     EXPECT_EQ(work->getNetworkId(), 0);
     EXPECT_EQ(cafe->getNetworkId(), 2);

@@ -141,7 +141,8 @@ TEST_F(TimingHazards, UnloadEndsThoughTheReloadOfTheRefreshThreadFails) {
 }
 
 TEST_F(TimingHazards, UnloadEndsThoughARefreshIsDue) {
-    loadedSettings(false);
+    host.answers({"home"});
+    WifiHostSettings::getInstance(nullptr);
     elsewhere.raise();
     WifiHostSettings::unload();
 }

@@ -1,0 +1,126 @@
+// A process is killed with the block in its hands.
+
+#include "BlockView.h"
+#include "Peer.h"
+#include "RobustMutex.h"
+#include "watchdog/WifiHostSettingsWatchdog.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using test::BlockView;
+using test::Peer;
+
+struct Death {
+    const char* name;
+    std::vector<const char*> locks; ///< that the process held
+};
+
+const Death DEATHS[] = {
+    {"BlockMutex", {"lock"}},
+    {"BlockMutexTwice", {"lock", "lock"}},
+    {"SignalMutex", {"lock-signal"}},
+    {"Both", {"lock-signal", "lock"}},
+    {"BothTheOtherWayRound", {"lock", "lock-signal"}},
+};
+
+class DeathOfAHolder : public testing::TestWithParam<Death> {
+protected:
+    void SetUp() override {
+        if (!test::systemReleasesMutexesOfTheDead())
+            GTEST_SKIP() << "this system does not release the mutexes of a dead process";
+        watchdog.initialize();
+    }
+
+    static void dieHolding(const std::vector<const char*>& locks) {
+        Peer peer;
+        peer.ask("initialize");
+        for (const char* lock : locks)
+            EXPECT_EQ(peer.ask(lock), "0");
+        peer.kill();
+    }
+
+    WifiHostSettingsWatchdog watchdog;
+};
+
+TEST_P(DeathOfAHolder, LeavesASignalWithoutSenderToTheOthers) {
+    dieHolding(GetParam().locks);
+    EXPECT_EQ(watchdog.checkForRefreshSignal(0), -1);
+    EXPECT_EQ(watchdog.checkForRefreshSignal(0), 0);
+    EXPECT_EQ(BlockView().numbers(), "0 none 2") << "the dead process stays counted";
+}
+
+TEST_P(DeathOfAHolder, LetsOthersRaiseASignal) {
+    Peer other;
+    other.ask("initialize");
+    dieHolding(GetParam().locks);
+    watchdog.sendRefreshSettingsSignal();
+    EXPECT_EQ(other.ask("check"), "-1");
+    EXPECT_EQ(other.ask("check"), "0");
+}
+
+TEST_P(DeathOfAHolder, LetsOthersJoinAndLeave) {
+    dieHolding(GetParam().locks);
+    {
+        Peer late;
+        EXPECT_EQ(late.ask("initialize"), "1");
+        EXPECT_EQ(late.ask("creator"), "0");
+        EXPECT_EQ(late.ask("check"), "-1");
+        EXPECT_EQ(BlockView().numbers(), "0 none 3");
+    }
+    watchdog.wifiShmemDestroy();
+}
+
+TEST_P(DeathOfAHolder, IsOvercomeAsOftenAsItHappens) {
+    for (int death = 0; death < 3; ++death) {
+        dieHolding(GetParam().locks);
+        EXPECT_EQ(watchdog.checkForRefreshSignal(0), -1);
+    }
+    EXPECT_EQ(watchdog.wifiShmemLock(), 0);
+    EXPECT_EQ(watchdog.wifiShmemUnlock(), 0);
+}
+
+// The one that waits comes back to a signal mutex whose holder has died.
+TEST_P(DeathOfAHolder, ReachesAProcessThatWaits) {
+    Peer waiter;
+    waiter.ask("initialize");
+    waiter.beginWait();
+    dieHolding(GetParam().locks);
+    BlockView()->refreshCondition.broadcast();
+    if (waiter.answer() == "0") { // it came without needing the lock that was held
+        watchdog.sendRefreshSettingsSignal();
+        EXPECT_EQ(waiter.ask("check"), "-1");
+    }
+    EXPECT_EQ(waiter.ask("check"), "0");
+}
+
+INSTANTIATE_TEST_SUITE_P(Locks, DeathOfAHolder, testing::ValuesIn(DEATHS),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(DeathOfAWaiter, LeavesNoTrace) {
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    for (int death = 0; death < 5; ++death) {
+        Peer peers[2];
+        for (Peer& peer : peers) {
+            peer.ask("initialize");
+            peer.beginWait();
+            peer.kill();
+        }
+        for (int i = 0; i < 20; ++i)
+            watchdog.sendRefreshSettingsSignal();
+    }
+    Peer survivor;
+    survivor.ask("initialize");
+    EXPECT_EQ(survivor.ask("check"), "-1") << "the signal is still there";
+    survivor.beginWait();
+    watchdog.sendRefreshSettingsSignal();
+    EXPECT_EQ(survivor.answer(), "-1");
+    watchdog.wifiShmemDestroy();
+}
+
+} // namespace

@@ -1,0 +1,167 @@
+// What a watchdog makes of the things that may stand under the name of the block, and of others that
+// start when it does.
+
+#include "BlockView.h"
+#include "Peer.h"
+#include "watchdog/WifiHostSettingsWatchdog.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <set>
+#include <string>
+#include <sys/stat.h>
+#include <vector>
+
+namespace {
+
+using test::BLOCK_PATH;
+using test::BlockView;
+using test::Peer;
+
+void put(const std::string& bytes) {
+    std::ofstream(BLOCK_PATH, std::ios::binary) << bytes;
+}
+
+void putHole(std::size_t size) {
+    put("");
+    std::filesystem::resize_file(BLOCK_PATH, size);
+}
+
+std::string garbage(std::size_t size) {
+    return std::string(size, '\x5a');
+}
+
+// A block with all it needs, users too, that somebody else may have left.
+std::string finishedBlock() {
+    SharedSignalBlock block;
+    std::memset(static_cast<void*>(&block), 0, sizeof(block));
+    EXPECT_TRUE(SharedSignalBlock::setUp(&block));
+    block.attachCount = 7;
+    return {reinterpret_cast<const char*>(&block), sizeof(block)};
+}
+
+std::string blockWithoutMark() {
+    std::string bytes = finishedBlock();
+    bytes.replace(offsetof(SharedSignalBlock, refreshCondition), sizeof(platform::SharedCondition),
+                  sizeof(platform::SharedCondition), '\0');
+    return bytes;
+}
+
+std::string blockWithoutUsers() {
+    std::string bytes = finishedBlock();
+    bytes.replace(offsetof(SharedSignalBlock, attachCount), sizeof(std::uint32_t),
+                  sizeof(std::uint32_t), '\0');
+    return bytes;
+}
+
+struct Thing {
+    const char* name;
+    std::function<void()> put;
+};
+
+constexpr std::size_t SIZE = sizeof(SharedSignalBlock);
+
+const Thing THINGS[] = {
+    {"Empty", [] { put(""); }},
+    {"HalfBuilt", [] { putHole(SIZE); }},
+    {"ZeroFilled", [] { put(std::string(SIZE, '\0')); }},
+    {"Garbage", [] { put(garbage(SIZE)); }},
+    {"OfAnotherWordSize", [] { put(garbage(36)); }},
+    {"TooShort", [] { put(finishedBlock().substr(0, SIZE - 1)); }},
+    {"TooLong", [] { put(finishedBlock() + '\0'); }},
+    {"WithoutMark", [] { put(blockWithoutMark()); }},
+    {"WithoutUsers", [] { put(blockWithoutUsers()); }},
+    {"Link",
+     [] {
+         std::ofstream("/dev/shm/elsewhere", std::ios::binary) << finishedBlock();
+         EXPECT_EQ(symlink("elsewhere", BLOCK_PATH), 0);
+     }},
+    {"DanglingLink", [] { EXPECT_EQ(symlink("nowhere", BLOCK_PATH), 0); }},
+    {"Pipe", [] { EXPECT_EQ(mkfifo(BLOCK_PATH, 0600), 0); }},
+};
+
+class StaleThing : public testing::TestWithParam<Thing> {
+protected:
+    void SetUp() override { GetParam().put(); }
+    void TearDown() override {
+        std::filesystem::remove("/dev/shm/elsewhere");
+        EXPECT_EQ(std::filesystem::is_empty("/dev/shm"), true) << "nothing stays behind";
+    }
+};
+
+TEST_P(StaleThing, IsReplacedByANewBlock) {
+    WifiHostSettingsWatchdog watchdog;
+    EXPECT_TRUE(watchdog.initialize());
+    EXPECT_TRUE(watchdog.isCreator());
+    EXPECT_EQ(BlockView().numbers(), "0 none 1");
+}
+
+TEST_P(StaleThing, IsReplacedOnceByAllWhoStart) {
+    Peer peers[6];
+    for (Peer& peer : peers)
+        peer.say("initialize");
+    int creators = 0;
+    for (Peer& peer : peers)
+        EXPECT_EQ(peer.answer(), "1");
+    for (Peer& peer : peers)
+        creators += peer.ask("creator") == "1" ? 1 : 0;
+    EXPECT_EQ(creators, 1);
+    EXPECT_EQ(BlockView().numbers(), "0 none 6");
+}
+
+INSTANTIATE_TEST_SUITE_P(Things, StaleThing, testing::ValuesIn(THINGS),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+class Start : public testing::Test {
+protected:
+    void TearDown() override { std::filesystem::remove_all(BLOCK_PATH); }
+};
+
+TEST_F(Start, JoinsAFinishedBlock) {
+    put(finishedBlock());
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    EXPECT_FALSE(watchdog.isCreator());
+    EXPECT_EQ(BlockView().numbers(), "0 none 8");
+}
+
+TEST_F(Start, DoesNotTrustTheBlockOfAnotherUser) {
+    put(finishedBlock());
+    if (chown(BLOCK_PATH, 65534, 65534) != 0)
+        GTEST_SKIP() << "only root can give a file away";
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    EXPECT_TRUE(watchdog.isCreator());
+    EXPECT_EQ(BlockView().numbers(), "0 none 1");
+}
+
+TEST_F(Start, ReplacesWhatItCannotOpen) {
+    put(finishedBlock());
+    chmod(BLOCK_PATH, 0);
+    if (access(BLOCK_PATH, R_OK) == 0)
+        GTEST_SKIP() << "root can open everything";
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    EXPECT_TRUE(watchdog.isCreator());
+}
+
+TEST_F(Start, ByManyProcessesAtOnceMakesOneBlock) {
+    for (int round = 0; round < 5; ++round) {
+        Peer peers[8];
+        for (Peer& peer : peers)
+            peer.say("initialize");
+        for (Peer& peer : peers)
+            EXPECT_EQ(peer.answer(), "1");
+        int creators = 0;
+        for (Peer& peer : peers)
+            creators += peer.ask("creator") == "1" ? 1 : 0;
+        EXPECT_EQ(creators, 1);
+        EXPECT_EQ(BlockView().numbers(), "0 none 8");
+    }
+}
+
+} // namespace

@@ -1,0 +1,155 @@
+// One watchdog, without its thread.
+
+#include "BlockView.h"
+#include "watchdog/WifiHostSettingsWatchdog.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <chrono>
+#include <filesystem>
+#include <sys/stat.h>
+
+namespace {
+
+using std::chrono::seconds;
+using std::chrono::steady_clock;
+using test::BlockView;
+
+std::uint32_t ownId() {
+    return static_cast<std::uint32_t>(PlatformUtil::threadId());
+}
+
+TEST(Watchdog, MakesNothingBeforeItIsInitialised) {
+    WifiHostSettingsWatchdog watchdog;
+    EXPECT_FALSE(test::blockHasName());
+    EXPECT_FALSE(watchdog.isCreator());
+    EXPECT_EQ(watchdog.checkForRefreshSignal(100), 0);
+    EXPECT_EQ(watchdog.wifiShmemLock(), EINVAL);
+    EXPECT_EQ(watchdog.wifiShmemUnlock(), EINVAL);
+    watchdog.sendRefreshSettingsSignal();
+    watchdog.wifiShmemDestroy();
+    watchdog.stop();
+    EXPECT_FALSE(test::blockHasName());
+}
+
+TEST(Watchdog, MakesTheBlockWhenItIsInitialised) {
+    WifiHostSettingsWatchdog watchdog;
+    EXPECT_TRUE(watchdog.initialize());
+    EXPECT_TRUE(watchdog.isCreator());
+    EXPECT_EQ(BlockView().numbers(), "0 none 1");
+}
+
+TEST(Watchdog, CountsOnceMoreWhenItIsInitialisedAgain) {
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    EXPECT_TRUE(watchdog.initialize());
+    EXPECT_TRUE(watchdog.isCreator());
+    EXPECT_EQ(BlockView().numbers(), "0 none 2");
+    EXPECT_EQ(watchdog.wifiShmemCreate(), 0);
+    EXPECT_EQ(BlockView().numbers(), "0 none 3");
+}
+
+TEST(Watchdog, TakesTheNameWithItAndEndsTheBlockAsItsLastUser) {
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    const BlockView block;
+    block.raise(ownId());
+    watchdog.wifiShmemDestroy();
+    EXPECT_FALSE(test::blockHasName());
+    EXPECT_EQ(block.numbers(), "0 none 0");
+    EXPECT_FALSE(block->refreshCondition.isSetUp());
+    EXPECT_EQ(watchdog.checkForRefreshSignal(100), 0);
+}
+
+TEST(Watchdog, MakesABlockAgainAfterItHasLeftOne) {
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    watchdog.wifiShmemDestroy();
+    watchdog.initialize();
+    EXPECT_EQ(BlockView().numbers(), "0 none 1");
+}
+
+TEST(Watchdog, LeavesTheBlockWhenItIsDestroyed) {
+    { WifiHostSettingsWatchdog().initialize(); }
+    EXPECT_FALSE(test::blockHasName());
+}
+
+TEST(Watchdog, LeavesTheBlockWhileItHoldsIt) {
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    const BlockView block;
+    EXPECT_EQ(watchdog.wifiShmemLock(), 0);
+    EXPECT_EQ(watchdog.wifiShmemLock(), 0) << "recursive";
+    watchdog.wifiShmemDestroy();
+    EXPECT_EQ(block->lock(), 0) << "it was given back";
+    block->unlock();
+}
+
+TEST(Watchdog, RaisesTheSignalToReloadInItsThreadsName) {
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    watchdog.sendRefreshSettingsSignal();
+    EXPECT_EQ(BlockView().numbers(), "1 " + std::to_string(ownId()) + " 1");
+}
+
+TEST(Watchdog, LeavesASignalOfItsOwnThreadToOthers) {
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    watchdog.sendRefreshSettingsSignal();
+    EXPECT_EQ(watchdog.checkForRefreshSignal(0), 0);
+    EXPECT_TRUE(BlockView().isPending());
+}
+
+TEST(Watchdog, TakesTheSignalOfAnotherThreadOnce) {
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    for (const std::uint32_t sender : {ownId() + 1, SharedSignalBlock::NO_SENDER}) {
+        BlockView().raise(sender);
+        EXPECT_EQ(watchdog.checkForRefreshSignal(0), -1);
+        EXPECT_EQ(watchdog.checkForRefreshSignal(0), 0);
+        EXPECT_FALSE(BlockView().isPending());
+    }
+}
+
+TEST(Watchdog, SeesASignalToReloadRaisedBeforeOnlyWhenTheWaitIsOver) {
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    BlockView().raise(ownId() + 1);
+    const auto start = steady_clock::now();
+    EXPECT_EQ(watchdog.checkForRefreshSignal(1), -1);
+    EXPECT_GE(steady_clock::now() - start, seconds(1));
+}
+
+TEST(Watchdog, WaitsForASignalToReloadThatDoesNotCome) {
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    const auto start = steady_clock::now();
+    EXPECT_EQ(watchdog.checkForRefreshSignal(1), 0);
+    EXPECT_GE(steady_clock::now() - start, seconds(1));
+}
+
+TEST(Watchdog, KeepsLocalSignalsApart) {
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.sendSaveSettingsSignal();
+    EXPECT_EQ(watchdog.checkForStopSignal(0), 0);
+    EXPECT_EQ(watchdog.checkForSaveSignal(0), -1);
+    watchdog.sendStopRefreshThreadSignal();
+    EXPECT_EQ(watchdog.checkForSaveSignal(0), 0);
+    EXPECT_EQ(watchdog.checkForStopSignal(0), -1);
+}
+
+TEST(Watchdog, DoesWithoutABlockThatTheSystemRefuses) {
+    mkdir(test::BLOCK_PATH, 0700);
+    {
+        WifiHostSettingsWatchdog watchdog;
+        EXPECT_TRUE(watchdog.initialize());
+        EXPECT_FALSE(watchdog.isCreator());
+        watchdog.sendRefreshSettingsSignal();
+        EXPECT_EQ(watchdog.checkForRefreshSignal(100), 0);
+        EXPECT_EQ(watchdog.wifiShmemLock(), EINVAL);
+    }
+    EXPECT_TRUE(std::filesystem::remove(test::BLOCK_PATH)) << "it was not ours to remove";
+}
+
+} // namespace
