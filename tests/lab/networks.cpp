@@ -32,7 +32,7 @@ constexpr const char* WLAN = "wlan0";
 
 // The last resort against waiting for ever.
 constexpr std::chrono::seconds LONG_ENOUGH{30};
-constexpr std::chrono::milliseconds BETWEEN_LOOKS{50};
+constexpr std::chrono::milliseconds BETWEEN_LOOKS{200}; // a look costs the guest a good part of that
 
 std::string variable(const char* name) {
     const char* const value = std::getenv(name);
@@ -164,28 +164,6 @@ TEST(ConfiguredNetworks, AreLoadedAsTheyAreAndConnectedTo) {
     }
 }
 
-TEST(ConfiguredNetworks, AreLoadedWithTheOneThatIsConnected) {
-    load(network("lab-open", "key_mgmt=NONE\n") + network("lab-psk", psk()));
-    connectTo("lab-psk");
-    settings().refreshAllSettings();
-    expectAllAsConfigured();
-    EXPECT_EQ(loadedRecords(settings()).at(0).at("status"), "3") << "connected";
-    disconnectFrom("lab-psk");
-}
-
-TEST(ConfiguredNetworks, BeyondThe32ListedFirstAreLeftOut) {
-    std::string text;
-    Lines expected;
-    for (int i = 0; i < 40; ++i) {
-        const std::string ssid = "net " + std::to_string(i);
-        text += network(ssid, "key_mgmt=NONE\n");
-        if (i < 32)
-            expected.insert(expected.begin(), ssid);
-    }
-    load(text);
-    EXPECT_EQ(loadedSsids(), expected);
-}
-
 // There is one access point for all methods, and one network with its SSID at a time.
 struct Method {
     const char* name;
@@ -194,16 +172,17 @@ struct Method {
 
 const Method METHODS[] = {
     {"TtlsPap", [] { return eapWithPassword("eap=TTLS\nphase2=\"auth=PAP\"\n"); }},
-    {"TtlsMschapv2", [] { return eapWithPassword("eap=TTLS\nphase2=\"auth=MSCHAPV2\"\n"); }},
     {"TlsWithAnEncryptedKey", tls},
 };
 
 class EnterpriseNetwork : public testing::TestWithParam<Method> {};
 
-TEST_P(EnterpriseNetwork, IsLoadedAsItIsAndConnectedTo) {
+TEST_P(EnterpriseNetwork, IsConnectedToAndLoadedAsConnected) {
     load(network("lab-eap", GetParam().fields()));
-    expectAllAsConfigured();
     connectTo("lab-eap");
+    settings().refreshAllSettings();
+    expectAllAsConfigured();
+    EXPECT_EQ(loadedRecords(settings()).at(0).at("status"), "3") << "connected";
     disconnectFrom("lab-eap");
 }
 
@@ -249,9 +228,9 @@ protected:
     }
 };
 
-// Another network goes at the same time, so that the new one has another number after each save.
+// Another network goes at the same time, so that the new one has another number after the save.
 TEST_P(NewNetwork, IsSavedConnectedToAndRemoved) {
-    load(network("old", "key_mgmt=NONE\n") + network("other", "key_mgmt=NONE\n"));
+    load(network("old", "key_mgmt=NONE\n"));
     EXPECT_TRUE(settings().removeNetwork(WLAN, "old"));
     add();
     EXPECT_THAT(savedFile(), AllOf(Contains(ssidLine), IsSupersetOf(GetParam().fields),
@@ -266,7 +245,7 @@ TEST_P(NewNetwork, IsSavedConnectedToAndRemoved) {
     }
     disconnectFrom(ssid);
     EXPECT_TRUE(settings().removeNetwork(WLAN, ssid.c_str()));
-    EXPECT_THAT(savedFile(), AllOf(Not(Contains(ssidLine)), Contains("\tssid=\"other\"")));
+    EXPECT_THAT(savedFile(), Not(Contains(ssidLine)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Lab, NewNetwork, testing::ValuesIn(SECURITIES),
