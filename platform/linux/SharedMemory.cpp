@@ -108,6 +108,11 @@ std::string temporaryPathFor(const char* name) {
            std::to_string(time);
 }
 
+// Somebody was faster, or holds the lock of the folder for the moment it takes.
+bool mayPass(int error) noexcept {
+    return error == 0 || error == EEXIST || error == EWOULDBLOCK;
+}
+
 // Touching memory that a full file system has no place for would end the process.
 bool reserve(int file, std::size_t size) noexcept {
     while (fallocate(file, 0, 0, static_cast<off_t>(size)) != 0) {
@@ -149,22 +154,17 @@ int SharedMemory::publish(const char* name, std::size_t size, Check setUp) noexc
 
 SharedMemory::Result SharedMemory::attach(const char* name, std::size_t size, Check setUp,
                                           Check join) noexcept {
-    int error = 0;
-    for (int attempt = 0; attempt < ATTEMPTS; ++attempt) {
-        const Standing found = look(name);
-        if (!found.exists) {
-            error = publish(name, size, setUp);
-            if (error == 0)
-                return Result::created;
-        } else {
-            if (mayBeOurs(found, size) && map(found.file.number(), size) && join(m_data))
-                return Result::joined;
-            error = retire(name, found.status);
-        }
+    detach();
+    int error = name && *name == '/' ? 0 : EINVAL;
+    for (int attempt = 0; attempt < ATTEMPTS && mayPass(error); ++attempt) {
         if (error == EWOULDBLOCK)
             PlatformUtil::sleep(PAUSE_MILLISECONDS);
-        else if (error != 0 && error != EEXIST)
-            break;
+        const Standing found = look(name);
+        if (mayBeOurs(found, size) && map(found.file.number(), size) && join(m_data))
+            return Result::joined;
+        error = found.exists ? retire(name, found.status) : publish(name, size, setUp);
+        if (!found.exists && error == 0)
+            return Result::created;
     }
     detach();
     return Result::failed;
@@ -177,7 +177,8 @@ void SharedMemory::detach() noexcept {
 }
 
 void SharedMemory::unlink(const char* name) noexcept {
-    shm_unlink(name);
+    if (name)
+        shm_unlink(name);
 }
 
 } // namespace platform

@@ -1,9 +1,9 @@
 #include "model/WifiNetworkList.h"
 
-#include "model/WifiNetwork.h"
+#include "model/HasSsid.h"
 #include "platform/MutexGuard.h"
 
-#include <cstring>
+using namespace platwifi;
 
 namespace {
 
@@ -11,14 +11,9 @@ bool isEmpty(const char* text) {
     return !text || *text == '\0';
 }
 
-bool hasSsid(const WifiNetwork& network, const char* ssid) {
-    const char* const own = network.getSsid();
-    return own && ssid && std::strcmp(own, ssid) == 0;
-}
-
 bool holds(const WifiNetwork* first, const char* ssid) {
     for (const WifiNetwork* network = first; network; network = network->getNext()) {
-        if (hasSsid(*network, ssid))
+        if (hasSsid(network, ssid))
             return true;
     }
     return false;
@@ -27,7 +22,7 @@ bool holds(const WifiNetwork* first, const char* ssid) {
 void removeFirst(WifiNetwork*& head, const char* ssid) {
     WifiNetwork* previous = nullptr;
     WifiNetwork* network = head;
-    while (network && !hasSsid(*network, ssid)) {
+    while (network && !hasSsid(network, ssid)) {
         previous = network;
         network = network->getNext();
     }

@@ -26,16 +26,22 @@ const ListedSsid* find(const std::vector<ListedSsid>& listed, const WifiNetwork&
 
 } // namespace
 
+void platwifi::takeNumbers(const ReplyLines& reply, WifiNetworkList& list,
+                           UnnumberedNetworks& unnumbered) {
+    const std::vector<ListedSsid> listed = listedSsids(reply);
+    for (WifiNetwork* network = list.getHead(); network; network = network->getNext()) {
+        if (const ListedSsid* const line = find(listed, *network))
+            network->setNetworkId(line->number);
+        else
+            unnumbered.insert(network);
+    }
+}
+
 bool platwifi::confirmNumbers(WifiUtil& util, const char* iface, WifiNetworkList& list,
                               UnnumberedNetworks& unnumbered) {
     ReplyLines reply(LIST_LINES);
     if (!util.getNetworkDatabaseSsids(iface, reply.data(), reply.capacity(), &reply.count))
         return false;
-    const std::vector<ListedSsid> listed = listedSsids(reply);
-    for (WifiNetwork* network = list.getHead(); network; network = network->getNext())
-        if (const ListedSsid* const line = find(listed, *network))
-            network->setNetworkId(line->number);
-        else
-            unnumbered.insert(network);
+    takeNumbers(reply, list, unnumbered);
     return true;
 }

@@ -8,13 +8,18 @@ class WifiUtil;
 
 namespace platwifi {
 
+class ReplyLines;
+
 /// Networks whose number in the supplicant is not known.
 using UnnumberedNetworks = std::set<const WifiNetwork*>;
 
-/// Asks the supplicant once for its networks and gives every network of `list` the number that the
-/// first one with its SSID has there. The caller holds the lock of the list.
-/// @param iface       the adapter whose networks `list` holds
-/// @param unnumbered  gets the networks that the supplicant did not name; their numbers stay
+/// Gives every network of `list` the number that the first one with its SSID has in a reply to
+/// list_networks. The caller holds the lock of the list.
+/// @param unnumbered  gets the networks that the reply does not name; their numbers stay
+void takeNumbers(const ReplyLines& reply, WifiNetworkList& list, UnnumberedNetworks& unnumbered);
+
+/// Asks the supplicant once for its networks and does the same with its answer.
+/// @param iface  the adapter whose networks `list` holds
 /// @return false when the supplicant did not answer: nothing changed
 bool confirmNumbers(WifiUtil& util, const char* iface, WifiNetworkList& list,
                     UnnumberedNetworks& unnumbered);

@@ -73,6 +73,10 @@ bool isWholeLine(const char* line, const char* ssid) {
     return std::strcmp(line, ssid) == 0;
 }
 
+bool isInLine(const char* line, const char* ssid) {
+    return std::strstr(line, ssid) != nullptr;
+}
+
 void mergeScan(const ReplyLines& lines, WifiNetwork* head, ScanMatch matches) {
     for (unsigned int i = 0; i < lines.count; ++i) {
         if (const char* const line = lines.data()[i])

@@ -24,6 +24,10 @@ using ScanMatch = bool (*)(const char* line, const char* ssid);
 /// The match while loading: the line is the SSID and nothing else.
 bool isWholeLine(const char* line, const char* ssid);
 
+/// The match of a status refresh: the SSID stands anywhere in the line, deliberately also as a part of
+/// a longer one.
+bool isInLine(const char* line, const char* ssid);
+
 /// Reads every line into every network that it matches, from `head` on. The caller holds the lock of
 /// the list.
 void mergeScan(const ReplyLines& lines, WifiNetwork* head, ScanMatch matches);

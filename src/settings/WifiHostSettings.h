@@ -70,6 +70,23 @@ public:
     /// @return true, also when loading failed
     bool refreshAllSettings() noexcept;
 
+    // What the supplicant is doing now. The caller holds lockSettings() for the first two as long as it
+    // uses their result.
+
+    /// Asks which network an adapter is on.
+    /// @return the network, or null: not connected, not known, or the supplicant did not answer
+    WifiNetwork* getCurrentNetwork(const char* iface) noexcept;
+
+    /// Asks for the supplicant's state, and brings the current network up to date.
+    /// @param iface  null for no question at all; which adapter it is plays no part
+    /// @return a WpaState; WPA_STATE_UNKNOWN when the supplicant did not answer
+    unsigned int getCurrentStatus(const char* iface) noexcept;
+
+    /// Brings the status of all networks, and how they were last received, up to date. Does nothing
+    /// within 5000 ms of the last time, whether or not that succeeded, and of a first load.
+    /// @return false when the networks could not be listed
+    bool refreshDatabaseNetworksStatus() noexcept;
+
     // One network. The caller's SSID chooses it, the first one of the list that has it.
 
     /// The network with this SSID, or null. The caller holds lockSettings().
@@ -149,8 +166,11 @@ private:
     void followStatusLine(const char* line) noexcept;
     void followStatusSsid(const char* ssid) noexcept;
     void settleStatus() noexcept;
-    void enterNetwork(WifiNetwork& network) noexcept;
+    bool followList(const platwifi::ReplyLines& lines);
+    bool followListLines(const platwifi::ReplyLines& lines, WifiNetwork& network) noexcept;
+    bool moveTo(WifiNetwork* network) noexcept;
     void leaveNetwork(const char* ssid) noexcept;
+    void leaveIdleNetwork() noexcept;
 
     // To be asked, with lockSettings(), before a command that names a network by its number. Costs a
     // command only when the numbers are stale.

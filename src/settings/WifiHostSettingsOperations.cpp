@@ -1,8 +1,9 @@
 // What is done with one network, or with all, at the supplicant and in memory at once.
 
-#include "model/WifiNetwork.h"
+#include "model/HasSsid.h"
 #include "model/WifiNetworkList.h"
 #include "platform/MutexGuard.h"
+#include "settings/LeftNetwork.h"
 #include "settings/NetworkNumbers.h"
 #include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
@@ -18,15 +19,6 @@ namespace {
 
 constexpr unsigned char MAX_ADAPTERS = 2;
 constexpr unsigned char NO_NUMBER = 0; // for commands that name no network
-
-bool hasSsid(const WifiNetwork* network, const char* ssid) {
-    return network && network->getSsid() && ssid && std::strcmp(network->getSsid(), ssid) == 0;
-}
-
-void enableUnlessDisabled(WifiNetwork& network) {
-    if (network.getNetworkStatus() != NETWORK_STATUS_DISABLED)
-        network.setNetworkStatus(NETWORK_STATUS_ENABLED);
-}
 
 char* copyOf(const char* text) {
     const std::size_t size = std::strlen(text) + 1;
@@ -90,7 +82,8 @@ bool WifiHostSettings::connectNetwork(const char* iface, const char* ssid) noexc
         return false;
     if (!util->connectToNetwork(iface, network->getNetworkId()))
         return false;
-    enterNetwork(*network);
+    if (moveTo(network))
+        network->setNetworkStatus(NETWORK_STATUS_CONNECTING);
     return true;
 }
 
@@ -156,16 +149,6 @@ void WifiHostSettings::leaveNetwork(const char* ssid) noexcept {
     const MutexGuard guard(_sync);
     if (hasSsid(currentNetwork, ssid))
         currentNetwork = nullptr;
-}
-
-void WifiHostSettings::enterNetwork(WifiNetwork& network) noexcept {
-    const MutexGuard guard(_sync);
-    if (hasSsid(currentNetwork, network.getSsid()))
-        return;
-    if (currentNetwork)
-        enableUnlessDisabled(*currentNetwork);
-    currentNetwork = &network;
-    network.setNetworkStatus(NETWORK_STATUS_CONNECTING);
 }
 
 // Numbers are those of the adapter that the networks were loaded from, whichever a command is for.

@@ -1,13 +1,22 @@
 // What the supplicant is doing, and the network that it is on.
 
-#include "model/WifiNetwork.h"
+#include "model/HasSsid.h"
 #include "model/WifiNetworkList.h"
 #include "platform/MutexGuard.h"
+#include "settings/Decimal.h"
+#include "settings/LeftNetwork.h"
+#include "settings/LineFields.h"
+#include "settings/ListLine.h"
+#include "settings/NetworkNumbers.h"
+#include "settings/ScanLine.h"
+#include "settings/SettingsLock.h"
 #include "settings/StatusLine.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/StatusReply.h"
+#include "supplicant/WifiUtil.h"
 #include "watchdog/WifiHostSettingsWatchdog.h"
+#include "zam/Zam.h"
 
 #include <cstring>
 
@@ -15,11 +24,106 @@ using namespace platwifi;
 
 namespace {
 
-bool hasSsid(const WifiNetwork& network, const char* ssid) {
-    return network.getSsid() && std::strcmp(network.getSsid(), ssid) == 0;
+constexpr std::uint64_t REFRESH_PAUSE_MS = 5000;
+constexpr unsigned char NETWORK_LINES = 32;
+constexpr unsigned char STATUS_LINES = 16;
+constexpr const char* CURRENT_SSID = "ssid="; // at the beginning: there is "bssid=", too
+
+const char* currentSsidIn(const ReplyLines& status) {
+    for (unsigned int i = 0; i < status.count; ++i) {
+        const char* const line = status.data()[i];
+        if (line && std::strncmp(line, CURRENT_SSID, std::strlen(CURRENT_SSID)) == 0)
+            return statusValue(line);
+    }
+    return nullptr;
 }
 
 } // namespace
+
+// The time is noted first, so that a failure is not tried again at once.
+bool WifiHostSettings::refreshDatabaseNetworksStatus() noexcept {
+    const SettingsLock lock(*this);
+    const std::uint64_t now = Zam::getInstance()->milliseconds();
+    if (now - lastStatusRefresh < REFRESH_PAUSE_MS)
+        return true;
+    lastStatusRefresh = now;
+    WifiUtil* const util = WifiUtil::getInstance();
+    ReplyLines lines(NETWORK_LINES);
+    if (!util || !adapterNames ||
+        !util->getNetworkDatabaseSsids(adapterName(), lines.data(), lines.capacity(), &lines.count))
+        return false;
+    if (!networkList)
+        return true;
+    if (!followList(lines))
+        return false;
+    ReplyLines found(NETWORK_LINES);
+    if (util->discoverNetworks(adapterName(), found.data(), found.capacity(), &found.count))
+        mergeScan(found, networkList->getHead(), isInLine);
+    leaveIdleNetwork();
+    return true;
+}
+
+// After a save the numbers in memory may be old ones: this list tells the new ones as well.
+bool WifiHostSettings::followList(const ReplyLines& lines) {
+    UnnumberedNetworks unnumbered;
+    if (numbersAreStale)
+        takeNumbers(lines, *networkList, unnumbered);
+    for (WifiNetwork* network = networkList->getHead(); network; network = network->getNext()) {
+        if (unnumbered.count(network) == 0 && !followListLines(lines, *network))
+            return false;
+    }
+    return true;
+}
+
+bool WifiHostSettings::followListLines(const ReplyLines& lines, WifiNetwork& network) noexcept {
+    for (unsigned int i = 0; i < lines.count; ++i) {
+        const char* const line = lines.data()[i];
+        LineFields fields(line, "\t ");
+        const char* const number = fields.next();
+        if (!number)
+            return false;
+        if (decimalOf(number) != network.getNetworkId())
+            continue;
+        const ListMark mark = markIn(line);
+        setMarkedStatus(network, mark);
+        if (mark == ListMark::CURRENT)
+            moveTo(&network);
+    }
+    return true;
+}
+
+WifiNetwork* WifiHostSettings::getCurrentNetwork(const char* iface) noexcept {
+    if (!iface)
+        return nullptr;
+    WifiUtil* const util = WifiUtil::getInstance();
+    ReplyLines lines(STATUS_LINES);
+    if (!util ||
+        !util->getCurrentNetworkStatus(iface, lines.data(), lines.capacity(), &lines.count))
+        moveTo(nullptr);
+    else if (const char* const ssid = currentSsidIn(lines))
+        moveTo(getNetwork(iface, ssid));
+    return currentNetwork;
+}
+
+// Unlike a load, this takes the BSSID of a status for an SSID too, and then the SSID that follows it.
+unsigned int WifiHostSettings::getCurrentStatus(const char* iface) noexcept {
+    if (!iface)
+        return WPA_STATE_UNKNOWN;
+    WifiUtil* const util = WifiUtil::getInstance();
+    ReplyLines lines(STATUS_LINES);
+    if (!util ||
+        !util->getCurrentNetworkStatus(adapterName(), lines.data(), lines.capacity(), &lines.count))
+        setSupplicantState(WPA_STATE_UNKNOWN);
+    for (unsigned int i = 0; i < lines.count; ++i) {
+        const char* const line = lines.data()[i];
+        if (std::strstr(line, "wpa_state="))
+            setSupplicantState(stateIn(line));
+        else if (std::strstr(line, CURRENT_SSID))
+            followStatusSsid(statusValue(line));
+    }
+    settleStatus();
+    return supplicantState;
+}
 
 void WifiHostSettings::setCurrentNetwork(WifiNetwork* network) noexcept {
     const MutexGuard guard(_sync);
@@ -47,7 +151,7 @@ void WifiHostSettings::followStatusLine(const char* line) noexcept {
 // The network that is left is enabled again, even if it was disabled.
 void WifiHostSettings::followStatusSsid(const char* ssid) noexcept {
     const MutexGuard guard(_sync);
-    if (currentNetwork && hasSsid(*currentNetwork, ssid))
+    if (hasSsid(currentNetwork, ssid))
         return;
     if (currentNetwork)
         currentNetwork->setNetworkStatus(NETWORK_STATUS_ENABLED);
@@ -69,4 +173,22 @@ void WifiHostSettings::settleStatus() noexcept {
     if (currentNetwork->getNetworkStatus() != NETWORK_STATUS_DISABLED)
         currentNetwork->setNetworkStatus(NETWORK_STATUS_ENABLED);
     currentNetwork = nullptr;
+}
+
+// Returns whether it was another one until now.
+bool WifiHostSettings::moveTo(WifiNetwork* network) noexcept {
+    const MutexGuard guard(_sync);
+    if (network && hasSsid(currentNetwork, network->getSsid()))
+        return false;
+    if (currentNetwork)
+        enableUnlessDisabled(*currentNetwork);
+    currentNetwork = network;
+    return true;
+}
+
+void WifiHostSettings::leaveIdleNetwork() noexcept {
+    const MutexGuard guard(_sync);
+    const unsigned int status = currentNetwork ? currentNetwork->getNetworkStatus() : 0;
+    if (status == NETWORK_STATUS_ENABLED || status == NETWORK_STATUS_DISABLED)
+        currentNetwork = nullptr;
 }

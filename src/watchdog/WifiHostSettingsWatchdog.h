@@ -20,7 +20,8 @@ struct SharedSignalBlock;
 /// thread in between. Nothing is reported and nothing is thrown: where the block cannot be had, the
 /// thread runs without it, and neither tells other processes nor hears of them.
 ///
-/// The thread may destroy its own watchdog from within platwifi::refreshSettings().
+/// The thread may destroy its own watchdog from within platwifi::refreshSettings(), when start() has
+/// returned.
 class PLATWIFI_API WifiHostSettingsWatchdog {
 public:
     /// Makes nothing outside of the object.

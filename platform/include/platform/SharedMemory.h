@@ -33,7 +33,7 @@ public:
     /// user; it is only joined when `join` agrees. What else stands under the name loses it to a new
     /// object, as far as this process may do that.
     ///
-    /// @param name   "/" and the name
+    /// @param name   "/" and the name; null and others fail
     /// @param size   in bytes
     /// @param setUp  fills a new object, all zero, that nobody else sees; false gives it up
     /// @param join   called with an object that others may be using
@@ -47,7 +47,8 @@ public:
     /// The memory, or null.
     void* data() const noexcept { return m_data; }
 
-    /// Takes the name away, whatever it means by now. Who has the object mapped keeps it.
+    /// Takes the name away, whatever it means by now. Who has the object mapped keeps it. Null is
+    /// ignored.
     static void unlink(const char* name) noexcept;
 
 private:

@@ -1,5 +1,7 @@
 #include "platform/PlatformUtil.h"
 
+#include "support/RobustMutex.h"
+
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -47,7 +49,64 @@ TEST(PlatformMutex, RefusesNull) {
     EXPECT_EQ(PlatformUtil::lockMutex(nullptr), EINVAL);
     EXPECT_EQ(PlatformUtil::unlockMutex(nullptr), EINVAL);
     EXPECT_EQ(PlatformUtil::destroyMutex(nullptr), EINVAL);
+    EXPECT_EQ(PlatformUtil::releaseMutex(nullptr), EINVAL);
+    EXPECT_EQ(PlatformUtil::createSharedMutex(nullptr, true), EINVAL);
+    EXPECT_EQ(PlatformUtil::makeMutexConsistent(nullptr), EINVAL);
 }
+
+TEST(PlatformMutex, IsReleasedHoweverDeepItIsHeld) {
+    for (int depth = 0; depth <= 3; ++depth) {
+        PlatformMutex mutex;
+        ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
+        for (int i = 0; i < depth; ++i)
+            ASSERT_EQ(PlatformUtil::lockMutex(&mutex), 0);
+        EXPECT_EQ(PlatformUtil::releaseMutex(&mutex), 0);
+        std::thread([&mutex] {
+            EXPECT_EQ(PlatformUtil::tryLockMutex(&mutex), 0);
+            EXPECT_EQ(PlatformUtil::unlockMutex(&mutex), 0);
+        }).join();
+        PlatformUtil::destroyMutex(&mutex);
+    }
+}
+
+TEST(PlatformMutex, IsLeftAloneByAReleaseOfAnotherThread) {
+    PlatformMutex mutex;
+    ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
+    PlatformUtil::lockMutex(&mutex);
+    std::thread([&mutex] {
+        EXPECT_EQ(PlatformUtil::releaseMutex(&mutex), 0);
+        EXPECT_EQ(PlatformUtil::tryLockMutex(&mutex), EBUSY);
+    }).join();
+    PlatformUtil::destroyMutex(&mutex);
+}
+
+class SharedPlatformMutex : public testing::TestWithParam<bool> {
+protected:
+    void SetUp() override { ASSERT_EQ(PlatformUtil::createSharedMutex(&mutex, GetParam()), 0); }
+    void TearDown() override { EXPECT_EQ(PlatformUtil::destroyMutex(&mutex), 0); }
+    PlatformMutex mutex;
+};
+
+TEST_P(SharedPlatformMutex, IsRecursiveWhenItIsMeantToBe) {
+    ASSERT_EQ(PlatformUtil::lockMutex(&mutex), 0);
+    EXPECT_EQ(PlatformUtil::tryLockMutex(&mutex), GetParam() ? 0 : EBUSY);
+    PlatformUtil::releaseMutex(&mutex);
+}
+
+TEST_P(SharedPlatformMutex, OutlivesItsHolderAsOftenAsNeeded) {
+    if (!test::systemReleasesMutexesOfTheDead())
+        GTEST_SKIP() << "this system does not release the mutexes of the dead";
+    for (int death = 0; death < 2; ++death) {
+        std::thread([this] { EXPECT_EQ(PlatformUtil::lockMutex(&mutex), 0); }).join();
+        EXPECT_EQ(PlatformUtil::lockMutex(&mutex), EOWNERDEAD);
+        EXPECT_EQ(PlatformUtil::makeMutexConsistent(&mutex), 0);
+        EXPECT_EQ(PlatformUtil::unlockMutex(&mutex), 0);
+    }
+    EXPECT_EQ(PlatformUtil::lockMutex(&mutex), 0);
+    EXPECT_EQ(PlatformUtil::unlockMutex(&mutex), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Recursive, SharedPlatformMutex, testing::Bool());
 
 struct Seen {
     std::promise<void> done;

@@ -67,10 +67,10 @@ TEST_F(SaveFields, WritesATextAndClearsItsFlag) {
     for (const Text& text : allTexts()) {
         SCOPED_TRACE(text.name);
         const auto edit = [&](WifiNetwork& edited) {
-            text.set(edited, "a value");
+            text.set(edited, text.key);
             EXPECT_THAT(dirty(), ElementsAre(text.name));
         };
-        EXPECT_THAT(saveAfter(edit), ElementsAre(setNetwork(text.key, inQuotes("a value"))));
+        EXPECT_THAT(saveAfter(edit), ElementsAre(setNetwork(text.key, inQuotes(text.key))));
         EXPECT_THAT(dirty(), IsEmpty());
     }
 }

@@ -2,7 +2,7 @@
 
 #include "BlockView.h"
 #include "Peer.h"
-#include "RobustMutex.h"
+#include "support/RobustMutex.h"
 #include "watchdog/WifiHostSettingsWatchdog.h"
 
 #include <gtest/gtest.h>

@@ -101,7 +101,7 @@ TEST_P(StaleThing, IsReplacedByANewBlock) {
 }
 
 TEST_P(StaleThing, IsReplacedOnceByAllWhoStart) {
-    Peer peers[6];
+    Peer peers[4];
     for (Peer& peer : peers)
         peer.say("initialize");
     int creators = 0;
@@ -110,7 +110,7 @@ TEST_P(StaleThing, IsReplacedOnceByAllWhoStart) {
     for (Peer& peer : peers)
         creators += peer.ask("creator") == "1" ? 1 : 0;
     EXPECT_EQ(creators, 1);
-    EXPECT_EQ(BlockView().numbers(), "0 none 6");
+    EXPECT_EQ(BlockView().numbers(), "0 none 4");
 }
 
 INSTANTIATE_TEST_SUITE_P(Things, StaleThing, testing::ValuesIn(THINGS),
@@ -150,7 +150,7 @@ TEST_F(Start, ReplacesWhatItCannotOpen) {
 }
 
 TEST_F(Start, ByManyProcessesAtOnceMakesOneBlock) {
-    for (int round = 0; round < 5; ++round) {
+    for (int round = 0; round < 3; ++round) {
         Peer peers[8];
         for (Peer& peer : peers)
             peer.say("initialize");

@@ -1,0 +1,176 @@
+#include "platform/SharedCondition.h"
+
+#include "platform/MutexGuard.h"
+#include "platform/SharedMemory.h"
+#include "support/RobustMutex.h"
+#include "support/ThreadState.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <future>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using platform::SharedCondition;
+using platform::SharedMemory;
+using std::chrono::hours;
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+/// What stands in the shared memory.
+struct Shared {
+    PlatformMutex mutex;
+    SharedCondition condition;
+    int value;
+};
+
+bool setUp(void* memory) {
+    auto* const shared = static_cast<Shared*>(memory);
+    shared->condition.setUp();
+    return PlatformUtil::createSharedMutex(&shared->mutex, false) == 0;
+}
+
+bool join(void* memory) {
+    return static_cast<Shared*>(memory)->condition.isSetUp();
+}
+
+/// The same memory at two addresses, as two processes see it.
+class SharedConditionTest : public testing::Test {
+protected:
+    SharedConditionTest() {
+        EXPECT_EQ(here.attach("/condition", sizeof(Shared), setUp, join),
+                  SharedMemory::Result::created);
+        EXPECT_EQ(there.attach("/condition", sizeof(Shared), setUp, join),
+                  SharedMemory::Result::joined);
+        SharedMemory::unlink("/condition");
+    }
+
+    Shared& own() { return *static_cast<Shared*>(here.data()); }
+    Shared& others() { return *static_cast<Shared*>(there.data()); }
+
+    static int waitFor(Shared& shared, std::chrono::nanoseconds time) {
+        return shared.condition.wait(shared.mutex, steady_clock::now() + time);
+    }
+
+    SharedMemory here;
+    SharedMemory there;
+};
+
+/// A thread that does something, and has come to wait in it when this is constructed.
+template <typename Result>
+struct Sleeper {
+    std::promise<int> id;
+    std::future<Result> result;
+    int thread;
+    template <typename Action>
+    explicit Sleeper(Action action)
+        : result(std::async(std::launch::async,
+                            [this, action] {
+                                id.set_value(PlatformUtil::threadId());
+                                return action();
+                            })),
+          thread(id.get_future().get()) {
+        while (!test::isAsleep(thread))
+            std::this_thread::yield();
+    }
+};
+
+TEST_F(SharedConditionTest, IsToldFromOtherMemory) {
+    SharedCondition zero{};
+    EXPECT_FALSE(zero.isSetUp());
+    SharedCondition garbage{0x5a5a5a5a, 0x5a5a5a5a};
+    EXPECT_FALSE(garbage.isSetUp());
+    garbage.setUp();
+    EXPECT_TRUE(garbage.isSetUp());
+    garbage.end();
+    EXPECT_FALSE(garbage.isSetUp());
+}
+
+TEST_F(SharedConditionTest, WaitsUntilTheDeadlineAndHoldsTheMutexAgain) {
+    const MutexGuard guard(own().mutex);
+    const auto start = steady_clock::now();
+    EXPECT_EQ(waitFor(own(), milliseconds(50)), ETIMEDOUT);
+    EXPECT_GE(steady_clock::now() - start, milliseconds(50));
+    EXPECT_EQ(PlatformUtil::tryLockMutex(&others().mutex), EBUSY);
+}
+
+TEST_F(SharedConditionTest, DoesNotWaitForADeadlineThatHasPassed) {
+    const MutexGuard guard(own().mutex);
+    EXPECT_EQ(waitFor(own(), milliseconds(0)), ETIMEDOUT);
+    EXPECT_EQ(waitFor(own(), -hours(1)), ETIMEDOUT);
+}
+
+TEST_F(SharedConditionTest, WakesEveryoneWhoWaitsWhereverItIsMapped) {
+    std::vector<std::unique_ptr<Sleeper<int>>> sleepers;
+    for (int i = 0; i < 4; ++i) {
+        sleepers.push_back(std::make_unique<Sleeper<int>>([this] {
+            const MutexGuard guard(own().mutex);
+            return waitFor(own(), hours(1));
+        }));
+    }
+    others().condition.broadcast();
+    for (const auto& sleeper : sleepers)
+        EXPECT_EQ(sleeper->result.get(), 0);
+}
+
+// A wake-up that got lost would leave one of the two waiting for an hour.
+TEST_F(SharedConditionTest, LosesNoBroadcast) {
+    constexpr int TURNS = 2000;
+    const auto play = [](Shared& shared, int parity) {
+        const MutexGuard guard(shared.mutex);
+        while (shared.value < TURNS) {
+            if (shared.value % 2 == parity) {
+                ++shared.value;
+                shared.condition.broadcast();
+            } else {
+                waitFor(shared, hours(1));
+            }
+        }
+    };
+    std::thread other([&] { play(others(), 1); });
+    play(own(), 0);
+    other.join();
+    EXPECT_EQ(own().value, TURNS);
+}
+
+TEST_F(SharedConditionTest, OutlastsSignals) {
+    struct sigaction ignore {};
+    struct sigaction before {};
+    ignore.sa_handler = [](int) {};
+    sigaction(SIGUSR1, &ignore, &before);
+    std::promise<pthread_t> self;
+    Sleeper<int> sleeper([&] {
+        self.set_value(pthread_self());
+        const MutexGuard guard(own().mutex);
+        return waitFor(own(), milliseconds(200));
+    });
+    pthread_kill(self.get_future().get(), SIGUSR1);
+    EXPECT_EQ(sleeper.result.get(), ETIMEDOUT);
+    sigaction(SIGUSR1, &before, nullptr);
+}
+
+TEST_F(SharedConditionTest, TellsThatTheMutexesHolderHasDied) {
+    if (!test::systemReleasesMutexesOfTheDead())
+        GTEST_SKIP() << "this system does not release the mutexes of the dead";
+    Sleeper<int> sleeper([this] {
+        PlatformUtil::lockMutex(&own().mutex);
+        const int error = waitFor(own(), hours(1));
+        PlatformUtil::makeMutexConsistent(&own().mutex);
+        PlatformUtil::unlockMutex(&own().mutex);
+        return error;
+    });
+    std::thread([this] {
+        PlatformUtil::lockMutex(&own().mutex);
+        own().condition.broadcast();
+    }).join();
+    EXPECT_EQ(sleeper.result.get(), EOWNERDEAD);
+    EXPECT_EQ(PlatformUtil::lockMutex(&own().mutex), 0);
+    PlatformUtil::unlockMutex(&own().mutex);
+}
+
+} // namespace
