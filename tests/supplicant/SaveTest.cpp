@@ -1,0 +1,122 @@
+// Saving: what comes to stand in the configuration file, and which network it is done to.
+
+#include "SettingsTest.h"
+#include "model/WifiNetwork.h"
+#include "settings/SettingsLock.h"
+
+#include <functional>
+
+using test::openNetworks;
+using test::WLAN;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsSupersetOf;
+using testing::Not;
+
+namespace {
+
+class Saving : public test::SettingsTest {
+protected:
+    static void change(const char* ssid, const std::function<void(WifiNetwork&)>& edit) {
+        const platwifi::SettingsLock lock(settings());
+        WifiNetwork* const network = settings().getNetwork(WLAN, ssid);
+        ASSERT_NE(network, nullptr) << ssid;
+        edit(*network);
+    }
+
+    static void changePriority(const char* ssid, unsigned int priority) {
+        change(ssid, [&](WifiNetwork& network) { network.setPriority(priority); });
+    }
+
+    // Of every network in the supplicant, as "SSID priority".
+    test::Lines priorities() const {
+        test::Lines lines;
+        for (const std::string& ssid : configuredSsids())
+            lines.push_back(
+                ssid + " " +
+                supplicant.ask("get_network " + std::to_string(lines.size()) + " priority").at(0));
+        return lines;
+    }
+
+    void expectCurrent(const std::string& ssid) const {
+        supplicant.awaitStatus("wpa_state=COMPLETED");
+        EXPECT_THAT(supplicant.ask("status"), Contains("ssid=" + ssid));
+    }
+};
+
+TEST_F(Saving, WritesANewNetworkIntoTheFile) {
+    load(openNetworks({"home"}));
+    ASSERT_TRUE(settings().addNetwork(WLAN, "new"));
+    change("new", [](WifiNetwork& network) {
+        network.setKeyManagement(KEY_MGMT_WPA_PSK);
+        network.setPsk("correct horse");
+        network.setProtocol(PROTOCOL_RSN);
+        network.setPriority(3);
+        network.setSsidBroadcasted(false);
+    });
+    EXPECT_EQ(settings().saveNetworkSettings(), 1);
+    EXPECT_THAT(supplicant.file(),
+                IsSupersetOf({"\tssid=\"new\"", "\tkey_mgmt=WPA-PSK", "\tpsk=\"correct horse\"",
+                              "\tproto=RSN", "\tpriority=3", "\tscan_ssid=1"}));
+    settings().refreshAllSettings();
+    expectAllAsConfigured();
+}
+
+TEST_F(Saving, WritesNothingThatWasNotChanged) {
+    load(openNetworks({"home"}) + "network={\n\tssid=\"office\"\n\tpsk=\"correct horse\"\n"
+                                  "\tkey_mgmt=WPA-PSK IEEE8021X\n}\n");
+    changePriority("office", 5);
+    EXPECT_EQ(settings().saveNetworkSettings(), 1);
+    EXPECT_THAT(supplicant.file(), IsSupersetOf({"\tpsk=\"correct horse\"",
+                                                 "\tkey_mgmt=WPA-PSK IEEE8021X", "\tpriority=5"}));
+}
+
+TEST_F(Saving, FailsWhereTheSupplicantMayNotSave) {
+    supplicant.replaceFile(openNetworks({"home"}), test::Supplicant::Saving::Refused);
+    ASSERT_THAT(supplicant.ask("reconfigure"), ElementsAre("OK"));
+    settings().refreshAllSettings();
+    const test::Lines before = supplicant.file();
+    ASSERT_TRUE(settings().addNetwork(WLAN, "new"));
+    EXPECT_EQ(settings().saveNetworkSettings(), 0);
+    EXPECT_EQ(supplicant.file(), before);
+}
+
+// The supplicant numbers its networks anew when it reads its file again.
+class Renumbering : public Saving {
+protected:
+    Renumbering() {
+        load(openNetworks({"first", "second", "third", "fourth"}), "ssid=first");
+        EXPECT_TRUE(settings().removeNetwork(WLAN, "first"));
+        EXPECT_EQ(settings().saveNetworkSettings(), 1);
+        EXPECT_THAT(configuredSsids(), ElementsAre("second", "third", "fourth"));
+    }
+};
+
+TEST_F(Renumbering, LetsTheNetworkBeSelectedThatWasAskedFor) {
+    EXPECT_TRUE(settings().connectNetwork(WLAN, "third"));
+    expectCurrent("third");
+}
+
+TEST_F(Renumbering, LetsTheNetworkBeRemovedThatWasAskedFor) {
+    EXPECT_TRUE(settings().removeNetwork(WLAN, "second"));
+    EXPECT_THAT(configuredSsids(), ElementsAre("third", "fourth"));
+    EXPECT_EQ(settings().saveNetworkSettings(), 1);
+    EXPECT_TRUE(settings().removeNetwork(WLAN, "third")) << "numbered anew once more";
+    EXPECT_THAT(configuredSsids(), ElementsAre("fourth"));
+}
+
+TEST_F(Renumbering, LetsTheNetworkBeChangedThatWasChosen) {
+    changePriority("third", 9);
+    EXPECT_EQ(settings().saveNetworkSettings(), 1);
+    EXPECT_THAT(priorities(), ElementsAre("second 0", "third 9", "fourth 0"));
+}
+
+TEST_F(Renumbering, LetsEveryNetworkBeEnabledForRoaming) {
+    EXPECT_TRUE(settings().connectNetwork(WLAN, "fourth"));
+    EXPECT_TRUE(settings().removeNetwork(WLAN, "second"));
+    EXPECT_EQ(settings().saveNetworkSettings(), 1);
+    EXPECT_TRUE(settings().roamNetworks(WLAN));
+    EXPECT_THAT(supplicant.networks(), Not(Contains(testing::HasSubstr("[DISABLED]"))));
+}
+
+} // namespace
