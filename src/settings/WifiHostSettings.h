@@ -4,6 +4,7 @@
 #include "model/WifiTypes.h"
 #include "platform/ErrorHandler.h"
 #include "platform/PlatformUtil.h"
+#include "settings/NetworkNumbers.h"
 
 #include <atomic>
 #include <cstdint>
@@ -131,15 +132,34 @@ private:
     void forgetState() noexcept;
     void giveUp() noexcept;
 
-    // Loading. False when the supplicant did not answer; what was loaded until then stays.
+    // Loading. False when the supplicant did not answer; what was loaded until then stays. The caller
+    // holds lockSettings(), or is the constructor.
     bool initializeSettings();
     bool loadAdapterNames(WifiUtil& util);
-    const char* adapterName() const noexcept; ///< the one that commands are for
+    void loadNetworks(WifiUtil& util, const platwifi::ReplyLines& lines);
+    void loadNetwork(WifiUtil& util, const char* line);
+    bool loadScan(WifiUtil& util);
+    bool loadStatus(WifiUtil& util);
+    const char* adapterName() const noexcept; ///< the one that commands are for; null for none
 
-    // The network that the supplicant is on. Each takes the settings lock.
+    // The state of the supplicant and the network that it is on. Each takes the settings lock.
     void setCurrentNetwork(WifiNetwork* network) noexcept;
+    void setSupplicantState(WpaState state) noexcept;
+    void followStatusLine(const char* line) noexcept;
     void followStatusSsid(const char* ssid) noexcept;
     void settleStatus() noexcept;
+    void enterNetwork(WifiNetwork& network) noexcept;
+    void leaveNetwork(const char* ssid) noexcept;
+
+    // To be asked, with lockSettings(), before a command that names a network by its number. Costs a
+    // command only when the numbers are stale.
+
+    /// @param unnumbered  gets the networks whose number must not be used
+    /// @return false when the supplicant did not answer: no number must be used
+    bool confirmNumbers(WifiUtil& util, platwifi::UnnumberedNetworks& unnumbered);
+
+    /// Whether the number of this one can be used.
+    bool confirmNumber(WifiUtil& util, const WifiNetwork& network);
 
     static std::atomic<WifiHostSettings*> INSTANCE;
 

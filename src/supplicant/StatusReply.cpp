@@ -22,6 +22,8 @@ constexpr StateName STATE_NAMES[] = {
     {"DISCONNECTED", WPA_STATE_DISCONNECTED},
 };
 
+} // namespace
+
 WpaState stateIn(const char* line) {
     for (const StateName& name : STATE_NAMES) {
         if (std::strstr(line, name.text))
@@ -29,8 +31,6 @@ WpaState stateIn(const char* line) {
     }
     return WPA_STATE_UNKNOWN;
 }
-
-} // namespace
 
 WpaState stateOf(const char* const lines[], unsigned int count) {
     for (unsigned int i = 0; i < count; ++i) {

@@ -1,0 +1,61 @@
+#include "settings/ListLine.h"
+
+#include "model/WifiNetwork.h"
+#include "settings/Decimal.h"
+#include "settings/LineFields.h"
+#include "settings/Placeholders.h"
+
+#include <cstring>
+
+namespace platwifi {
+namespace {
+
+bool isAddress(const char* field) {
+    return std::strchr(field, ':') != nullptr;
+}
+
+bool isBssidColumn(const char* field) {
+    return std::strcmp(field, "any") == 0 || isAddress(field);
+}
+
+unsigned int statusOf(ListMark mark, unsigned int present) {
+    switch (mark) {
+    case ListMark::DISABLED:
+        return NETWORK_STATUS_DISABLED;
+    case ListMark::CURRENT: // it is so while connecting, too
+        return present == NETWORK_STATUS_CONNECTED ? present : NETWORK_STATUS_CONNECTING;
+    case ListMark::NONE:
+        break;
+    }
+    return NETWORK_STATUS_ENABLED;
+}
+
+} // namespace
+
+ListMark markIn(const char* line) {
+    if (std::strstr(line, "[DISABLED]"))
+        return ListMark::DISABLED;
+    return std::strstr(line, "[CURRENT]") ? ListMark::CURRENT : ListMark::NONE;
+}
+
+void setMarkedStatus(WifiNetwork& network, ListMark mark) {
+    network.setNetworkStatus(statusOf(mark, network.getNetworkStatus()));
+}
+
+bool readListLine(const char* line, WifiNetwork& network) {
+    LineFields fields(line, "\t");
+    const char* const id = fields.next();
+    const char* const second = fields.next();
+    if (!id || !second)
+        return false;
+    const bool hasSsid = !isBssidColumn(second);
+    const char* const bssid = hasSsid ? fields.next() : second;
+    if (!bssid)
+        return false;
+    network.setNetworkId(static_cast<unsigned char>(decimalOf(id)));
+    network.setSsid(hasSsid ? second : NO_SSID);
+    network.setBssid(isAddress(bssid) ? bssid : NO_BSSID);
+    return true;
+}
+
+} // namespace platwifi

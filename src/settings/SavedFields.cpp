@@ -1,0 +1,224 @@
+#include "settings/SavedFields.h"
+
+#include "model/WifiNetwork.h"
+#include "supplicant/WifiUtil.h"
+
+#include <cstring>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace platwifi {
+namespace {
+
+// The one word that the supplicant has for a set or a value. Sets are compared as a whole: one of
+// several flags has no word, and the supplicant keeps what it has.
+struct Word {
+    unsigned int number;
+    const char* text;
+};
+
+constexpr Word KEY_MANAGEMENT[] = {
+    {KEY_MGMT_NONE, "NONE"},           //
+    {KEY_MGMT_WPA_PSK, "WPA-PSK"},     //
+    {KEY_MGMT_WPA_EAP, "WPA-EAP"},     //
+    {KEY_MGMT_IEEE8021X, "IEEE8021X"}, //
+    {KEY_MGMT_WPA_NONE, "WPA-NONE"},   //
+};
+
+// AUTH_ALG_AUTO has no word: it is what the supplicant does when it is told nothing.
+constexpr Word AUTH_ALG[] = {
+    {AUTH_ALG_OPEN, "OPEN"},
+    {AUTH_ALG_SHARED, "SHARED"},
+    {AUTH_ALG_LEAP, "LEAP"},
+};
+
+constexpr Word PAIRWISE_CIPHERS[] = {
+    {PAIRWISE_CCMP, "CCMP"},
+    {PAIRWISE_TKIP, "TKIP"},
+    {PAIRWISE_NONE, "NONE"},
+};
+
+constexpr Word GROUP_CIPHERS[] = {
+    {GROUP_CCMP, "CCMP"},
+    {GROUP_TKIP, "TKIP"},
+    {GROUP_WEP40, "WEP40"},
+    {GROUP_WEP104, "WEP104"},
+};
+
+constexpr Word EAP_MODES[] = {
+    {EAP_TLS, "TLS"},           //
+    {EAP_PEAP, "PEAP"},         //
+    {EAP_TTLS, "TTLS"},         //
+    {EAP_MD5, "MD5"},           //
+    {EAP_LEAP, "LEAP"},         //
+    {EAP_MSCHAPV2, "MSCHAPV2"}, //
+    {EAP_GTC, "GTC"},           //
+    {EAP_OTP, "OTP"},           //
+    {EAP_FAST, "FAST"},         //
+    {EAP_PSK, "PSK"},           //
+    {EAP_PAX, "PAX"},           //
+};
+
+constexpr Word PROTOCOL[] = {
+    {PROTOCOL_WPA, "WPA"},
+    {PROTOCOL_RSN, "RSN"},
+};
+
+constexpr const char* EMPTY = "\"\""; // what the supplicant reads as an empty text
+constexpr const char* ANY_BSSID = "00:00:00:00:00:00";
+constexpr const char* MASK = "*"; // stands for a secret that was not changed
+
+struct Value {
+    bool stays = false;              // dirty: there is nothing to write yet
+    std::optional<std::string> text; // without one the supplicant keeps what it has
+};
+
+constexpr bool STAYS = true;
+
+// How a field's value is told to the supplicant. `Get` is a getter of WifiNetwork, or a function that
+// takes a network.
+
+template <auto Get>
+Value required(const WifiNetwork& network) {
+    const char* const text = std::invoke(Get, network);
+    return text ? Value{!STAYS, text} : Value{STAYS, {}};
+}
+
+template <auto Get>
+Value orEmpty(const WifiNetwork& network) {
+    const char* const text = std::invoke(Get, network);
+    return {!STAYS, text ? text : EMPTY};
+}
+
+template <auto Get>
+Value masked(const WifiNetwork& network) {
+    const char* const text = std::invoke(Get, network);
+    return text && std::strcmp(text, MASK) == 0 ? Value{} : orEmpty<Get>(network);
+}
+
+// Signed, as the supplicant's numbers are: the highest unsigned ones come out negative.
+template <auto Get>
+Value decimal(const WifiNetwork& network) {
+    return {!STAYS, std::to_string(static_cast<int>(std::invoke(Get, network)))};
+}
+
+template <auto Get, const auto& Words>
+Value oneWord(const WifiNetwork& network) {
+    const unsigned int number = std::invoke(Get, network);
+    for (const Word& word : Words) {
+        if (word.number == number)
+            return {!STAYS, word.text};
+    }
+    return {number == 0, {}};
+}
+
+bool isAnyBssid(const char* bssid) {
+    return !bssid || std::strcmp(bssid, "any") == 0;
+}
+
+Value bssid(const WifiNetwork& network) {
+    const char* const text = network.getBssid();
+    return {!STAYS, isAnyBssid(text) ? ANY_BSSID : text};
+}
+
+// Asked by name only, a network that hides its name answers.
+Value scanByName(const WifiNetwork& network) {
+    return {!STAYS, network.getSsidBroadcasted() ? "0" : "1"};
+}
+
+template <unsigned int Slot>
+const char* wepKey(const WifiNetwork& network) {
+    return network.getWepKey(Slot);
+}
+
+struct Flag {
+    bool (*isSet)(const WifiNetwork&);
+    void (*clear)(WifiNetwork&);
+};
+
+template <auto Get, auto Set>
+constexpr Flag FLAG{[](const WifiNetwork& network) { return (network.*Get)(); },
+                    [](WifiNetwork& network) { (network.*Set)(false); }};
+
+template <unsigned char Slot>
+constexpr Flag WEP_KEY{[](const WifiNetwork& network) { return network.getWepKeyDirty(Slot); },
+                       [](WifiNetwork& network) { network.setWepKeyDirty(false, Slot); }};
+
+#define DIRTY(Field) FLAG<&WifiNetwork::get##Field##Dirty, &WifiNetwork::set##Field##Dirty>
+
+struct SavedField {
+    Flag dirty;
+    const char* key;
+    Value (*value)(const WifiNetwork&);
+    const char* command = nullptr; // of the client, which is given the value right after
+};
+
+using N = WifiNetwork;
+
+// In the order in which they are written.
+constexpr SavedField FIELDS[] = {
+    {DIRTY(Ssid), "ssid", required<&N::getSsid>},
+    {DIRTY(Bssid), "bssid", bssid, "bssid"},
+    {DIRTY(SsidBroadcasted), "scan_ssid", scanByName},
+    {DIRTY(KeyManagement), "key_mgmt", oneWord<&N::getKeyManagement, KEY_MANAGEMENT>},
+    {DIRTY(Priority), "priority", decimal<&N::getPriority>},
+    {DIRTY(NetworkMode), "mode", decimal<&N::getNetworkMode>},
+    {DIRTY(AuthAlg), "auth_alg", oneWord<&N::getAuthAlg, AUTH_ALG>},
+    {DIRTY(PairwiseCiphers), "pairwise", oneWord<&N::getPairwiseCiphers, PAIRWISE_CIPHERS>},
+    {DIRTY(GroupCiphers), "group", oneWord<&N::getGroupCiphers, GROUP_CIPHERS>},
+    {DIRTY(EapModes), "eap", oneWord<&N::getEapModes, EAP_MODES>},
+    {DIRTY(Protocol), "proto", oneWord<&N::getProtocol, PROTOCOL>},
+    {DIRTY(WepIndex), "wep_tx_keyidx", decimal<&N::getWepIndex>},
+    {WEP_KEY<0>, "wep_key0", masked<wepKey<0>>},
+    {WEP_KEY<1>, "wep_key1", masked<wepKey<1>>},
+    {WEP_KEY<2>, "wep_key2", masked<wepKey<2>>},
+    {WEP_KEY<3>, "wep_key3", masked<wepKey<3>>},
+    {DIRTY(EAPIdentity), "identity", orEmpty<&N::getEAPIdentity>},
+    {DIRTY(EAPAnonymousIdentity), "anonymous_identity", orEmpty<&N::getEAPAnonymousIdentity>},
+    {DIRTY(EAPPassword), "password", masked<&N::getEAPPassword>},
+    {DIRTY(Psk), "psk", masked<&N::getPsk>},
+    {DIRTY(CACertificate), "ca_cert", orEmpty<&N::getCACertificate>},
+    {DIRTY(CACertificateDir), "ca_path", orEmpty<&N::getCACertificateDir>},
+    {DIRTY(ClientCertificate), "client_cert", orEmpty<&N::getClientCertificate>},
+    {DIRTY(PrivateKeyFile), "private_key", orEmpty<&N::getPrivateKeyFile>},
+    {DIRTY(PrivateKeyPassword), "private_key_passwd", masked<&N::getPrivateKeyPassword>},
+    {DIRTY(Phase1Step), "phase1", orEmpty<&N::getPhase1Step>},
+    {DIRTY(Phase2Step), "phase2", orEmpty<&N::getPhase2Step>},
+    {DIRTY(CACertificate2), "ca_cert2", orEmpty<&N::getCACertificate2>},
+    {DIRTY(CACertificateDir2), "ca_path2", orEmpty<&N::getCACertificateDir2>},
+    {DIRTY(ClientCertificate2), "client_cert2", orEmpty<&N::getClientCertificate2>},
+    {DIRTY(PrivateKeyFile2), "private_key2", orEmpty<&N::getPrivateKeyFile2>},
+    {DIRTY(PrivateKeyPassword2), "private_key_passwd2", masked<&N::getPrivateKeyPassword2>},
+};
+
+#undef DIRTY
+
+// Whether the supplicant takes a value is not looked at, deliberately: saving the configuration alone
+// decides.
+void write(WifiUtil& util, const char* iface, unsigned char id, const SavedField& field,
+           const char* value) {
+    util.setNetworkValue(iface, id, field.key, value);
+    if (field.command)
+        util.executeCustom(iface, id, field.command, value);
+}
+
+void save(WifiUtil& util, const char* iface, WifiNetwork& network, const SavedField& field) {
+    const Value value = field.value(network);
+    if (value.stays)
+        return;
+    if (value.text)
+        write(util, iface, network.getNetworkId(), field, value.text->c_str());
+    field.dirty.clear(network);
+}
+
+} // namespace
+
+void saveDirtyFields(WifiUtil& util, const char* iface, WifiNetwork& network) noexcept {
+    for (const SavedField& field : FIELDS) {
+        if (field.dirty.isSet(network))
+            save(util, iface, network, field);
+    }
+}
+
+} // namespace platwifi

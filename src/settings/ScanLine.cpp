@@ -1,0 +1,83 @@
+#include "settings/ScanLine.h"
+
+#include "model/WifiNetwork.h"
+#include "settings/Decimal.h"
+#include "settings/LineFields.h"
+#include "supplicant/ReplyLines.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace platwifi {
+namespace {
+
+constexpr int FIRST_FREQUENCY = 2412;
+constexpr int LAST_FREQUENCY = 2462;
+constexpr unsigned int CHANNEL_DISTANCE = 5;
+constexpr unsigned int OTHER_CHANNEL = 6;
+
+constexpr unsigned int WEAKEST_SIGNAL = 160;
+constexpr unsigned int SIGNAL_RANGE = 50;
+
+// Fields of a scan line in their order; each takes what it stands for into the network.
+using ScanField = void (*)(WifiNetwork&, const char* field);
+
+constexpr ScanField SCAN_FIELDS[] = {
+    [](WifiNetwork& network, const char* bssid) {
+        if (std::strchr(bssid, ':'))
+            network.setBssid(bssid);
+    },
+    [](WifiNetwork& network, const char* frequency) { network.setChannel(channelAt(frequency)); },
+    [](WifiNetwork& network, const char* signal) { network.setStrength(strengthOf(signal)); },
+    [](WifiNetwork& network, const char* flags) {
+        const bool adHoc = std::strstr(flags, "[IBSS]");
+        network.setNetworkMode(adHoc ? NETWORK_MODE_ADHOC : NETWORK_MODE_MANAGED);
+    },
+};
+
+void mergeLine(const char* line, WifiNetwork* head, ScanMatch matches) {
+    for (WifiNetwork* network = head; network; network = network->getNext()) {
+        if (network->getSsid() && matches(line, network->getSsid()))
+            readScanLine(line, *network);
+    }
+}
+
+} // namespace
+
+unsigned int channelAt(const char* frequency) {
+    const int megahertz = decimalOf(frequency);
+    if (megahertz < FIRST_FREQUENCY || megahertz > LAST_FREQUENCY)
+        return OTHER_CHANNEL;
+    const auto above = static_cast<unsigned int>(megahertz - FIRST_FREQUENCY);
+    return above % CHANNEL_DISTANCE == 0 ? above / CHANNEL_DISTANCE + 1 : OTHER_CHANNEL;
+}
+
+// Unsigned on purpose: a weaker signal wraps around and counts as the strongest.
+unsigned int strengthOf(const char* signal) {
+    const unsigned int above = static_cast<unsigned int>(decimalOf(signal)) - WEAKEST_SIGNAL;
+    const double share = static_cast<double>(std::min(above, SIGNAL_RANGE)) / SIGNAL_RANGE;
+    return static_cast<unsigned int>(share * 100);
+}
+
+void readScanLine(const char* line, WifiNetwork& network) {
+    LineFields fields(line, "\t");
+    for (const ScanField read : SCAN_FIELDS) {
+        const char* const field = fields.next();
+        if (!field)
+            return;
+        read(network, field);
+    }
+}
+
+bool isWholeLine(const char* line, const char* ssid) {
+    return std::strcmp(line, ssid) == 0;
+}
+
+void mergeScan(const ReplyLines& lines, WifiNetwork* head, ScanMatch matches) {
+    for (unsigned int i = 0; i < lines.count; ++i) {
+        if (const char* const line = lines.data()[i])
+            mergeLine(line, head, matches);
+    }
+}
+
+} // namespace platwifi

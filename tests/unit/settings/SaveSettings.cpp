@@ -1,0 +1,116 @@
+#include "SaveSettings.h"
+
+#include <thread>
+
+class WifiHostSettingsWatchdog;
+
+namespace test {
+
+bool FakeWatchdog::works = true;
+int FakeWatchdog::signals = 0;
+std::function<void()> FakeWatchdog::atEverySignal;
+
+// The linker puts these in the place of the watchdog's own operations.
+
+bool initialize(WifiHostSettingsWatchdog*) __asm__(
+    "__wrap__ZN24WifiHostSettingsWatchdog10initializeEv");
+void start(WifiHostSettingsWatchdog*) __asm__("__wrap__ZN24WifiHostSettingsWatchdog5startEv");
+void stop(WifiHostSettingsWatchdog*) __asm__("__wrap__ZN24WifiHostSettingsWatchdog4stopEv");
+void sendSaveSettingsSignal(WifiHostSettingsWatchdog*) __asm__(
+    "__wrap__ZN24WifiHostSettingsWatchdog22sendSaveSettingsSignalEv");
+
+bool initialize(WifiHostSettingsWatchdog*) {
+    return FakeWatchdog::works;
+}
+
+void start(WifiHostSettingsWatchdog*) {}
+
+void stop(WifiHostSettingsWatchdog*) {}
+
+void sendSaveSettingsSignal(WifiHostSettingsWatchdog*) {
+    ++FakeWatchdog::signals;
+    if (FakeWatchdog::atEverySignal)
+        FakeWatchdog::atEverySignal();
+}
+
+namespace {
+
+std::string listOf(const std::vector<std::string>& ssids) {
+    std::string list = "network id / ssid / bssid / flags\n";
+    for (std::size_t i = 0; i < ssids.size(); ++i)
+        list += std::to_string(i) + "\t" + ssids[i] + "\tany\t\n";
+    return list;
+}
+
+std::string adapterList(const std::vector<std::string>& names) {
+    std::string list = "Selected interface 'wlan0'\nAvailable interfaces:\n";
+    for (const std::string& name : names)
+        list += name + "\n";
+    return list;
+}
+
+} // namespace
+
+const Arguments SaveSettings::SAVE = wlan0({"save_config"});
+const Arguments SaveSettings::REREAD = wlan0({"reconfigure"});
+
+Arguments SaveSettings::call(const std::string& iface, const Arguments& command) {
+    Arguments whole{"/proc/boot/wpa_cli", "-i" + iface};
+    whole.insert(whole.end(), command.begin(), command.end());
+    return whole;
+}
+
+SaveSettings::SaveSettings() {
+    FakeWatchdog::works = true;
+    FakeWatchdog::signals = 0;
+    FakeWatchdog::atEverySignal = nullptr;
+}
+
+SaveSettings::~SaveSettings() {
+    WifiHostSettings::unload();
+    WifiUtil::unload();
+}
+
+void SaveSettings::load(const std::vector<std::string>& ssids,
+                        const std::vector<std::string>& adapters) {
+    standIn.on({"interface"}).prints(adapterList(adapters));
+    standIn.on({"-iwlan0", "list_networks"}).prints(listOf(ssids));
+    standIn.on({"-iwlan0", "scan_results"}).prints("header\n");
+    standIn.on({"-iwlan0", "status"}).prints("wpa_state=INACTIVE\n");
+    standIn.on({"*"}).prints("FAIL\n"); // no field has a value
+    settings = WifiHostSettings::getInstance(nullptr);
+    acceptAll();
+}
+
+void SaveSettings::acceptAll() {
+    standIn.reset();
+    standIn.on({"*"}).prints("OK\n");
+}
+
+void SaveSettings::scriptList(const std::vector<std::string>& ssids) {
+    standIn.reset();
+    standIn.on({"-iwlan0", "list_networks"}).prints(listOf(ssids));
+    standIn.on({"*"}).prints("OK\n");
+}
+
+WifiNetwork& SaveSettings::network(const std::string& ssid) {
+    return *settings->getNetwork("wlan0", ssid.c_str());
+}
+
+int SaveSettings::save() {
+    const int result = settings->saveNetworkSettings();
+    std::thread([this] {
+        settings->lockSettings();
+        settings->unlockSettings();
+    }).join();
+    return result;
+}
+
+Calls SaveSettings::saveGiving(int result) {
+    const std::size_t before = standIn.calls().size();
+    EXPECT_EQ(save(), result);
+    const Calls calls = standIn.calls();
+    return {calls.begin() + static_cast<std::ptrdiff_t>(before), calls.end()};
+}
+
+} // namespace test

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "settings/WifiHostSettings.h"
+
+#include "model/WifiNetwork.h"
+#include "supplicant/WifiUtil.h"
+#include "support/StandIn.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace test {
+
+using Calls = std::vector<Arguments>;
+
+/// What the watchdog does in these tests: nothing, but for what is told here.
+struct FakeWatchdog {
+    static bool works;                          ///< whether it can be initialised
+    static int signals;                         ///< how many save signals were sent
+    static std::function<void()> atEverySignal; ///< may be empty
+};
+
+/// A saved instance of the settings, with a scripted client.
+class SaveSettings : public testing::Test {
+protected:
+    static Arguments call(const std::string& iface, const Arguments& command);
+    static Arguments wlan0(const Arguments& command) { return call("wlan0", command); }
+
+    /// The end of a save that goes well.
+    static const Arguments SAVE;
+    static const Arguments REREAD;
+
+    SaveSettings();
+    ~SaveSettings() override;
+
+    /// Loads an instance with these networks, numbered from 0, and scripts a client that accepts all
+    /// from then on.
+    void load(const std::vector<std::string>& ssids,
+              const std::vector<std::string>& adapters = {"wlan0"});
+
+    /// Forgets the script and the calls; the client accepts all.
+    void acceptAll();
+
+    /// Scripts what the supplicant has; before acceptAll() or in place of it.
+    void scriptList(const std::vector<std::string>& ssids);
+
+    WifiNetwork& network(const std::string& ssid);
+
+    /// Saves and tells the result; the locks are free again afterwards.
+    int save();
+
+    /// The commands of a save that must have this result.
+    Calls saveGiving(int result);
+
+    StandIn standIn;
+    WifiHostSettings* settings = nullptr;
+};
+
+} // namespace test
