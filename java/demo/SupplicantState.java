@@ -33,9 +33,14 @@ final class SupplicantState {
         return name.equals(COMPLETED) && ssid.equals(network);
     }
 
-    /** Its name, on the way to a network; a network that is left has been reached long ago. */
+    /** Its name; a network that is still to be left for another one is named too. */
     String onTheWayTo(String network) {
-        return name.equals(COMPLETED) && !ssid.equals(network) ? name + " on " + ssid : name;
+        return isConnectedTo(network) ? name : toString();
+    }
+
+    @Override
+    public String toString() {
+        return name.equals(COMPLETED) ? name + " on " + ssid : name;
     }
 
     private static String field(String reply, String key, String missing) {

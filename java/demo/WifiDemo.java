@@ -58,6 +58,7 @@ public final class WifiDemo {
         requireSupplicant();
         try {
             showAdapters();
+            out.println("State: " + SupplicantState.of(options.iface));
             ConfiguredNetworks.read(options.iface).print(out);
             AccessPoints inRange = AccessPoints.scan(options.iface, out);
             inRange.print(out);

@@ -30,8 +30,31 @@ class ProgressTest {
     }
 
     @Test
+    void wordsOfTheWorkStandBetweenTheDots() {
+        Progress.during(out, "Connecting", tell -> {
+            tell.accept("SCANNING");
+            workUntilTwoDotsAreOut();
+            tell.accept("COMPLETED");
+            return null;
+        });
+        assertTrue(printed().matches("Connecting( \\.)? SCANNING \\.+ COMPLETED\n"), printed());
+    }
+
+    @Test
+    void aFullLineIsContinuedOnTheNext() {
+        Progress.during(out, "Connecting", tell -> {
+            for (int i = 0; i < 20; ++i)
+                tell.accept("SCANNING");
+            return null;
+        });
+        assertTrue(printed().lines().allMatch(line -> line.length() <= 80), printed());
+        assertTrue(printed().lines().skip(1).allMatch(line -> line.startsWith("    ")), printed());
+        assertEquals(20, printed().split("SCANNING", -1).length - 1);
+    }
+
+    @Test
     void workThatFailsEndsTheLineToo() {
-        assertThrows(IllegalStateException.class, () -> Progress.during(out, "Scanning", () -> {
+        assertThrows(IllegalStateException.class, () -> Progress.during(out, "Scanning", tell -> {
             throw new IllegalStateException();
         }));
         assertTrue(printed().endsWith("\n"), printed());
