@@ -1,6 +1,7 @@
 // Natives that carry out one whole operation.
 
 #include "jni/Frame.h"
+#include "settings/WifiHostSettings.h"
 #include "supplicant/WifiUtil.h"
 
 using namespace platwifi;
@@ -24,5 +25,12 @@ PLATWIFI_NATIVE(jboolean, hashCACertificates0)(JNIEnv* environment, jclass) {
     return callNative(environment, [](ErrorHandler*) -> jboolean {
         WifiUtil* const util = WifiUtil::getInstance();
         return util && util->hashCACertificates() ? JNI_TRUE : JNI_FALSE;
+    });
+}
+
+PLATWIFI_NATIVE(jboolean, saveHostSettings0)(JNIEnv* environment, jclass) {
+    return callNative(environment, [](ErrorHandler* errors) -> jboolean {
+        WifiHostSettings* const settings = WifiHostSettings::getInstance(errors);
+        return settings && settings->saveNetworkSettings() ? JNI_TRUE : JNI_FALSE;
     });
 }

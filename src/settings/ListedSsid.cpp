@@ -1,5 +1,6 @@
 #include "settings/ListedSsid.h"
 
+#include "settings/Placeholders.h"
 #include "supplicant/ReplyLines.h"
 
 #include <algorithm>
@@ -10,7 +11,6 @@ using namespace platwifi;
 
 namespace {
 
-constexpr const char* UNNAMED = "SSID N/A";
 constexpr std::size_t LONGEST_PIECE = 127;
 constexpr std::ptrdiff_t TABS = 3; // number, SSID, BSSID, flags
 constexpr int LARGEST_NUMBER = 255;
@@ -84,7 +84,7 @@ std::string platwifi::printedSsid(const std::string& ssid) {
 }
 
 bool ListedSsid::isOf(const std::string& ssid) const {
-    return printed == ssid || printed == printedSsid(ssid) || (isUnnamed && ssid == UNNAMED);
+    return printed == ssid || printed == printedSsid(ssid) || (isUnnamed && ssid == NO_SSID);
 }
 
 std::vector<ListedSsid> platwifi::listedSsids(const ReplyLines& reply) {

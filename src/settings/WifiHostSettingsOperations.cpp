@@ -104,7 +104,7 @@ bool WifiHostSettings::disconnectNetwork(const char* iface, const char* ssid) no
         return false;
     leaveNetwork(ssid);
     enableUnlessDisabled(*network);
-    supplicantState = WPA_STATE_DISCONNECTED;
+    setSupplicantState(WPA_STATE_DISCONNECTED);
     return true;
 }
 

@@ -36,16 +36,9 @@ void sendSaveSettingsSignal(WifiHostSettingsWatchdog*) {
 namespace {
 
 std::string listOf(const std::vector<std::string>& ssids) {
-    std::string list = "network id / ssid / bssid / flags\n";
+    std::string list;
     for (std::size_t i = 0; i < ssids.size(); ++i)
         list += std::to_string(i) + "\t" + ssids[i] + "\tany\t\n";
-    return list;
-}
-
-std::string adapterList(const std::vector<std::string>& names) {
-    std::string list = "Selected interface 'wlan0'\nAvailable interfaces:\n";
-    for (const std::string& name : names)
-        list += name + "\n";
     return list;
 }
 
@@ -66,19 +59,9 @@ SaveSettings::SaveSettings() {
     FakeWatchdog::atEverySignal = nullptr;
 }
 
-SaveSettings::~SaveSettings() {
-    WifiHostSettings::unload();
-    WifiUtil::unload();
-}
-
-void SaveSettings::load(const std::vector<std::string>& ssids,
-                        const std::vector<std::string>& adapters) {
-    standIn.on({"interface"}).prints(adapterList(adapters));
-    standIn.on({"-iwlan0", "list_networks"}).prints(listOf(ssids));
-    standIn.on({"-iwlan0", "scan_results"}).prints("header\n");
-    standIn.on({"-iwlan0", "status"}).prints("wpa_state=INACTIVE\n");
-    standIn.on({"*"}).prints("FAIL\n"); // no field has a value
-    settings = WifiHostSettings::getInstance(nullptr);
+void SaveSettings::load(const std::vector<std::string>& ssids, const std::string& adapters) {
+    loaded.adapters = adapters;
+    settings = &loaded.load(listOf(ssids));
     acceptAll();
 }
 
@@ -89,7 +72,7 @@ void SaveSettings::acceptAll() {
 
 void SaveSettings::scriptList(const std::vector<std::string>& ssids) {
     standIn.reset();
-    standIn.on({"-iwlan0", "list_networks"}).prints(listOf(ssids));
+    standIn.on({"-iwlan0", "list_networks"}).prints("header\n" + listOf(ssids));
     standIn.on({"*"}).prints("OK\n");
 }
 

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "settings/WifiHostSettings.h"
+#include "LoadedSettings.h"
 
 #include "model/WifiNetwork.h"
-#include "supplicant/WifiUtil.h"
-#include "support/StandIn.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,7 +22,7 @@ struct FakeWatchdog {
     static std::function<void()> atEverySignal; ///< may be empty
 };
 
-/// A saved instance of the settings, with a scripted client.
+/// Saves the settings, with a scripted client.
 class SaveSettings : public testing::Test {
 protected:
     static Arguments call(const std::string& iface, const Arguments& command);
@@ -35,12 +33,9 @@ protected:
     static const Arguments REREAD;
 
     SaveSettings();
-    ~SaveSettings() override;
 
-    /// Loads an instance with these networks, numbered from 0, and scripts a client that accepts all
-    /// from then on.
-    void load(const std::vector<std::string>& ssids,
-              const std::vector<std::string>& adapters = {"wlan0"});
+    /// Loads these networks, numbered from 0. The client accepts all from then on.
+    void load(const std::vector<std::string>& ssids, const std::string& adapters = "wlan0\n");
 
     /// Forgets the script and the calls; the client accepts all.
     void acceptAll();
@@ -56,7 +51,8 @@ protected:
     /// The commands of a save that must have this result.
     Calls saveGiving(int result);
 
-    StandIn standIn;
+    LoadedSettings loaded;
+    StandIn& standIn = loaded.standIn;
     WifiHostSettings* settings = nullptr;
 };
 

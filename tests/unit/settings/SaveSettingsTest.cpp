@@ -137,45 +137,8 @@ TEST_F(SaveSettings, RunsWithoutAWatchdog) {
 }
 
 TEST_F(SaveSettings, WithoutNetworksSucceedsAndRunsNothing) {
-    load({}, {}); // no adapter: loading fails
+    load({}, ""); // no adapter: loading fails
     EXPECT_THAT(saveGiving(1), IsEmpty());
-    EXPECT_EQ(FakeWatchdog::signals, 0);
-}
-
-// Two adapters.
-
-class SaveTwoAdapters : public SaveSettings {
-protected:
-    static Arguments wlan1(const Arguments& command) { return call("wlan1", command); }
-
-    // Answers of the two to save_config; all else is accepted.
-    void script(const std::string& first, const std::string& second) {
-        load({"home"}, {"wlan0", "wlan1"});
-        standIn.reset();
-        standIn.on({"-iwlan0", "save_config"}).prints(first);
-        standIn.on({"-iwlan1", "save_config"}).prints(second);
-        standIn.on({"*"}).prints("OK\n");
-        network("home").setPriority(5);
-    }
-};
-
-TEST_F(SaveTwoAdapters, WritesToTheFirstSavesAndReadsBothAgain) {
-    script("OK\n", "OK\n");
-    EXPECT_THAT(saveGiving(1), ElementsAre(priority("0", "5"), SAVE, wlan1({"save_config"}), REREAD,
-                                           wlan1({"reconfigure"})));
-    EXPECT_EQ(FakeWatchdog::signals, 1);
-}
-
-TEST_F(SaveTwoAdapters, SucceedsWhenTheSecondIsSaved) {
-    script("FAIL\n", "OK\n");
-    EXPECT_THAT(saveGiving(1), ElementsAre(priority("0", "5"), SAVE, wlan1({"save_config"}), REREAD,
-                                           wlan1({"reconfigure"})));
-    EXPECT_EQ(FakeWatchdog::signals, 1);
-}
-
-TEST_F(SaveTwoAdapters, FailsWhenTheSecondIsNotSaved) {
-    script("OK\n", "FAIL\n");
-    EXPECT_THAT(saveGiving(0), ElementsAre(priority("0", "5"), SAVE, wlan1({"save_config"})));
     EXPECT_EQ(FakeWatchdog::signals, 0);
 }
 
