@@ -2,6 +2,7 @@
 
 #include "jni/Frame.h"
 #include "jni/JavaArray.h"
+#include "settings/WifiHostSettings.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
 
@@ -9,21 +10,50 @@ using namespace platwifi;
 
 namespace {
 
-constexpr unsigned char FOUND_NETWORKS = 32;
+constexpr unsigned char ADAPTERS = 2;
+constexpr unsigned char NETWORKS = 32;
 
-bool discover(const char* iface, ReplyLines& found) {
+// The array of what `list(ErrorHandler*, ReplyLines&, const char*...)` lists, `capacity` at most; null
+// when it fails.
+template <typename List, typename... Strings>
+jobjectArray callForArray(JNIEnv* environment, const List& list, unsigned char capacity,
+                          Strings... strings) {
+    const auto call = [&](ErrorHandler* errors, auto... texts) -> jobjectArray {
+        ReplyLines lines(capacity);
+        return list(errors, lines, texts...) ? newJavaArray(environment, lines.data(), lines.count)
+                                             : nullptr;
+    };
+    return callNative(environment, call, strings...);
+}
+
+bool listAdapters(ErrorHandler* errors, ReplyLines& names) {
+    const WifiHostSettings* const settings = WifiHostSettings::getInstance(errors);
+    return settings && settings->getWifiAdapters(names.data(), names.capacity(), &names.count);
+}
+
+bool discover(ErrorHandler* /*errors*/, ReplyLines& found, const char* iface) {
     WifiUtil* const util = WifiUtil::getInstance();
     return util && util->scanNetworks(iface) &&
            util->discoverNetworks(iface, found.data(), found.capacity(), &found.count);
 }
 
+bool listSsids(ErrorHandler* errors, ReplyLines& ssids, const char* iface) {
+    WifiHostSettings* const settings = WifiHostSettings::getInstance(errors);
+    return settings &&
+           settings->getNetworkDatabaseSsids(iface, ssids.data(), ssids.capacity(), &ssids.count);
+}
+
 } // namespace
 
+PLATWIFI_NATIVE(jobjectArray, getWifiAdapters0)(JNIEnv* environment, jclass) {
+    return callForArray(environment, listAdapters, ADAPTERS);
+}
+
 PLATWIFI_NATIVE(jobjectArray, discoverNetworks0)(JNIEnv* environment, jclass, jstring iface) {
-    const auto list = [environment](ErrorHandler*, const char* name) -> jobjectArray {
-        ReplyLines found(FOUND_NETWORKS);
-        return discover(name, found) ? newJavaArray(environment, found.data(), found.count)
-                                     : nullptr;
-    };
-    return callNative(environment, list, iface);
+    return callForArray(environment, discover, NETWORKS, iface);
+}
+
+PLATWIFI_NATIVE(jobjectArray, getNetworkDatabaseSsids0)
+(JNIEnv* environment, jclass, jstring iface) {
+    return callForArray(environment, listSsids, NETWORKS, iface);
 }

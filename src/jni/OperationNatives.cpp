@@ -6,6 +6,52 @@
 
 using namespace platwifi;
 
+namespace {
+
+// An operation of the settings, which takes the locks it needs.
+template <typename Operation, typename... Strings>
+jboolean operate(JNIEnv* environment, Operation operation, Strings... strings) {
+    const auto call = [operation](ErrorHandler* errors, auto... texts) -> jboolean {
+        WifiHostSettings* const settings = WifiHostSettings::getInstance(errors);
+        return settings && (settings->*operation)(texts...) ? JNI_TRUE : JNI_FALSE;
+    };
+    return callNative(environment, call, strings...);
+}
+
+} // namespace
+
+PLATWIFI_NATIVE(jboolean, connectToNetwork0)
+(JNIEnv* environment, jclass, jstring iface, jstring ssid) {
+    return operate(environment, &WifiHostSettings::connectNetwork, iface, ssid);
+}
+
+PLATWIFI_NATIVE(jboolean, disconnectFromNetwork0)
+(JNIEnv* environment, jclass, jstring iface, jstring ssid) {
+    return operate(environment, &WifiHostSettings::disconnectNetwork, iface, ssid);
+}
+
+PLATWIFI_NATIVE(jboolean, addNetwork0)
+(JNIEnv* environment, jclass, jstring iface, jstring ssid) {
+    return operate(environment, &WifiHostSettings::addNetwork, iface, ssid);
+}
+
+PLATWIFI_NATIVE(jboolean, removeNetwork0)
+(JNIEnv* environment, jclass, jstring iface, jstring ssid) {
+    return operate(environment, &WifiHostSettings::removeNetwork, iface, ssid);
+}
+
+PLATWIFI_NATIVE(jboolean, roamNetworks0)(JNIEnv* environment, jclass, jstring iface) {
+    return operate(environment, &WifiHostSettings::roamNetworks, iface);
+}
+
+// Whether there are settings or not: none are made for it.
+PLATWIFI_NATIVE(jboolean, unloadWifiSettings0)(JNIEnv* environment, jclass) {
+    return callNative(environment, [](ErrorHandler*) -> jboolean {
+        WifiHostSettings::unload();
+        return JNI_TRUE;
+    });
+}
+
 // Without a name the answer is exactly 0 or 1; with one it is the driver's, as it comes.
 PLATWIFI_NATIVE(jboolean, isWifiEnabled0)(JNIEnv* environment, jclass, jstring iface) {
     if (!iface) {

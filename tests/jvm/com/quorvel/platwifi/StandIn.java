@@ -59,6 +59,15 @@ public final class StandIn {
         return scan(text.getBytes(StandardCharsets.UTF_8));
     }
 
+    /** Rules for loading the settings with wlan0 and these lines of the list of networks. */
+    public StandIn settings(String... networks) {
+        return when("interface").print("Selected interface 'wlan0'\nAvailable interfaces:\nwlan0\n")
+                .when("-iwlan0", "list_networks").print("network id / ssid / bssid / flags\n"
+                        + Stream.of(networks).map(line -> line + "\n").collect(Collectors.joining()))
+                .when("-iwlan0", "scan_results").print(HEADER)
+                .idle().when("*").print("FAIL\n");
+    }
+
     public StandIn idle() {
         return when("-iwlan0", "status").print("wpa_state=INACTIVE\n");
     }
@@ -111,6 +120,11 @@ public final class StandIn {
         return bytes.toByteArray();
     }
 
+    /** How {@link #calls} tells of this text, in which a lone surrogate U+DCNN is the byte NN. */
+    public static String recorded(String text) {
+        return escaped(bytes(text));
+    }
+
     private StandIn line(String word, String... values) {
         lines.add(Stream.concat(Stream.of(word), Stream.of(values)
                 .map(value -> escaped(value.getBytes(StandardCharsets.UTF_8))))
@@ -121,7 +135,9 @@ public final class StandIn {
     private static String escaped(byte[] text) {
         StringBuilder escaped = new StringBuilder();
         for (byte one : text) {
-            if (one < ' ' || one > '~' || one == '\\')
+            if (one == '\\')
+                escaped.append("\\\\");
+            else if (one < ' ' || one > '~')
                 escaped.append(String.format("\\x%02X", one));
             else
                 escaped.append((char) one);
