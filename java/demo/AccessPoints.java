@@ -15,8 +15,8 @@ final class AccessPoints {
     }
 
     static AccessPoints scan(String iface, PrintStream out) throws Stop {
-        String[] lines = Progress.during(
-                out, "Scanning on " + iface, () -> BWifiPlatformService.discoverNetworks0(iface));
+        String[] lines = Progress.during(out, "Scanning on " + iface,
+                tell -> BWifiPlatformService.discoverNetworks0(iface));
         if (lines == null)
             throw new Stop("the supplicant does not scan on %s; see which interfaces it serves:"
                     + " wpa_cli interface", iface);

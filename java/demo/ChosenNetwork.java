@@ -13,30 +13,48 @@ final class ChosenNetwork implements AutoCloseable {
     final String name;
 
     private final Options options;
-    private final boolean isAdded;
     private final PrintStream out;
+    private final boolean isAdded;
+    private boolean isReady;
 
-    private ChosenNetwork(String name, Options options, boolean isAdded, PrintStream out) {
-        this.name = name;
+    private ChosenNetwork(Options options, PrintStream out, Optional<String> known) {
+        name = known.orElse(options.ssid);
         this.options = options;
-        this.isAdded = isAdded;
         this.out = out;
+        isAdded = known.isEmpty();
+        isReady = !isAdded;
     }
 
     static ChosenNetwork open(Options options, AccessPoints inRange, PrintStream out) throws Stop {
         Optional<String> known = ConfiguredNetworks.read(options.iface).named(options.ssid);
-        if (known.isPresent())
-            out.println(options.ssid + " is configured already.");
-        else
-            add(options, inRange, out);
-        return new ChosenNetwork(known.orElse(options.ssid), options, known.isEmpty(), out);
+        if (known.isEmpty())
+            add(options, inRange);
+        out.println(known.isEmpty() ? "Added " + options.ssid + ", an open network."
+                                    : options.ssid + " is configured already.");
+        return new ChosenNetwork(options, out, known);
+    }
+
+    /** Has the supplicant know what it needs to connect. */
+    void makeReady() throws Stop {
+        if (isReady)
+            return;
+        isReady = BWifiPlatformService.setKeyManagement0(options.iface, name, KEY_MANAGEMENT_NONE)
+                && BWifiPlatformService.saveHostSettings0();
+        if (!isReady)
+            throw new Stop("the supplicant did not save %s; see that its configuration file can be"
+                    + " written and says update_config=1, then try again", options.ssid);
+    }
+
+    @Override
+    public void close() throws Stop {
+        if (!isReady)
+            BWifiPlatformService.removeNetwork0(options.iface, name);
+        else if (!options.keep)
+            putBack();
     }
 
     /** Connecting to one network disables all others, so each is enabled before anything is saved. */
-    @Override
-    public void close() throws Stop {
-        if (options.keep)
-            return;
+    private void putBack() throws Stop {
         boolean isUndone = BWifiPlatformService.roamNetworks0(options.iface)
                 && (!isAdded || remove());
         if (!isUndone)
@@ -52,24 +70,12 @@ final class ChosenNetwork implements AutoCloseable {
                 && BWifiPlatformService.saveHostSettings0();
     }
 
-    private static void add(Options options, AccessPoints inRange, PrintStream out) throws Stop {
+    private static void add(Options options, AccessPoints inRange) throws Stop {
         if (inRange.isProtected(options.ssid))
             throw new Stop("%s needs a password, and only open networks can be added yet; add it to"
                     + " the supplicant's configuration, then try again", options.ssid);
         if (!BWifiPlatformService.addNetwork0(options.iface, options.ssid))
             throw new Stop("the supplicant did not add %s; see whether it answers:"
                     + " wpa_cli -i %s ping", options.ssid, options.iface);
-        makeReady(options);
-        out.println("Added " + options.ssid + ", an open network.");
-    }
-
-    private static void makeReady(Options options) throws Stop {
-        if (BWifiPlatformService.setKeyManagement0(
-                    options.iface, options.ssid, KEY_MANAGEMENT_NONE)
-                && BWifiPlatformService.saveHostSettings0())
-            return;
-        BWifiPlatformService.removeNetwork0(options.iface, options.ssid);
-        throw new Stop("the supplicant did not save %s; see that its configuration file can be"
-                + " written and says update_config=1, then try again", options.ssid);
     }
 }

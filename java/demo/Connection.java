@@ -12,41 +12,38 @@ final class Connection {
     private static final int PAUSE_MILLISECONDS = 50;
 
     private final Options options;
-    private final String name;
-    private final Supplier<SupplicantState> states;
     private final Duration patience;
+    private final Supplier<SupplicantState> states;
     private String told = "";
 
-    private Connection(Options options, String name, Supplier<SupplicantState> states,
-            Duration patience) {
+    private Connection(Options options, Duration patience) {
         this.options = options;
-        this.name = name;
-        this.states = states;
         this.patience = patience;
+        states = () -> SupplicantState.of(options.iface);
     }
 
-    /** @param name  what the library calls the network */
-    static void make(Options options, String name, Duration patience, PrintStream out)
+    /** @param patience  how long it may take until it is complete */
+    static void make(Options options, ChosenNetwork network, Duration patience, PrintStream out)
             throws Stop {
-        Connection connection = new Connection(
-                options, name, () -> SupplicantState.of(options.iface), patience);
-        SupplicantState last = Progress.during(
-                out, "Connecting to " + options.ssid, connection::begin);
-        if (last == null)
-            throw new Stop("the supplicant did not accept to connect to %s; see whether it answers:"
-                    + " wpa_cli -i %s ping", options.ssid, options.iface);
+        Connection connection = new Connection(options, patience);
+        SupplicantState last = Progress.during(out, "Connecting to " + options.ssid,
+                tell -> connection.make(network, tell));
         if (!last.isConnectedTo(options.ssid))
             throw new Stop("%s is not connected after %d s, the last state was %s; see whether it is"
                     + " in range and its configuration is right, then try again", options.ssid,
                     patience.toSeconds(), last.onTheWayTo(options.ssid));
     }
 
-    /** The last state: connected, or what it was when the patience ended. Null: not even begun. */
-    private SupplicantState begin(Consumer<String> tell) {
+    private SupplicantState make(ChosenNetwork network, Consumer<String> tell) throws Stop {
         next(tell);
-        return BWifiPlatformService.connectToNetwork0(options.iface, name) ? await(tell) : null;
+        network.makeReady();
+        if (!BWifiPlatformService.connectToNetwork0(options.iface, network.name))
+            throw new Stop("the supplicant did not accept to connect to %s; see whether it answers:"
+                    + " wpa_cli -i %s ping", options.ssid, options.iface);
+        return await(tell);
     }
 
+    /** The last state: connected, or what it was when the patience ended. */
     private SupplicantState await(Consumer<String> tell) {
         long start = System.nanoTime();
         SupplicantState state = next(tell);

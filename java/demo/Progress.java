@@ -5,14 +5,17 @@ import java.util.concurrent.Executors;
 import java.util.concurrent.ScheduledExecutorService;
 import java.util.concurrent.TimeUnit;
 import java.util.function.Consumer;
-import java.util.function.Function;
-import java.util.function.Supplier;
 
 /**
  * Shows that something long is going on: its name at once, then a dot every half second, and
  * between the dots what the work tells of itself.
  */
 final class Progress {
+    interface Work<T> {
+        /** @param tell  takes a word to show */
+        T run(Consumer<String> tell) throws Stop;
+    }
+
     private static final int WIDTH = 80;
     private static final String INDENT = "   ";
 
@@ -27,16 +30,11 @@ final class Progress {
     }
 
     /** Does the work and gives its result; the line is complete when it returns. */
-    static <T> T during(PrintStream out, String name, Supplier<T> work) {
-        return during(out, name, (Consumer<String> tell) -> work.get());
-    }
-
-    /** As above, for work that has a word to say now and then. */
-    static <T> T during(PrintStream out, String name, Function<Consumer<String>, T> work) {
+    static <T> T during(PrintStream out, String name, Work<T> work) throws Stop {
         Progress progress = new Progress(out);
         progress.begin(name);
         try {
-            return work.apply(progress::word);
+            return work.run(progress::word);
         } finally {
             progress.end();
         }

@@ -86,7 +86,7 @@ public final class WifiDemo {
 
     private void connect(AccessPoints inRange) throws Stop {
         try (ChosenNetwork network = ChosenNetwork.open(options, inRange, out)) {
-            Connection.make(options, network.name, patience, out);
+            Connection.make(options, network, patience, out);
         }
     }
 

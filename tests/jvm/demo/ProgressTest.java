@@ -24,13 +24,14 @@ class ProgressTest {
     private final PrintStream out = new PrintStream(bytes, true, StandardCharsets.UTF_8);
 
     @Test
-    void aDotFollowsTheOtherWhileTheWorkGoesOn() {
-        assertEquals("done", Progress.during(out, "Scanning", this::workUntilTwoDotsAreOut));
+    void aDotFollowsTheOtherWhileTheWorkGoesOn() throws Stop {
+        assertEquals("done", Progress.during(out, "Scanning",
+                tell -> workUntilTwoDotsAreOut()));
         assertTrue(printed().matches("Scanning \\.{2,}\n"), printed());
     }
 
     @Test
-    void wordsOfTheWorkStandBetweenTheDots() {
+    void wordsOfTheWorkStandBetweenTheDots() throws Stop {
         Progress.during(out, "Connecting", tell -> {
             tell.accept("SCANNING");
             workUntilTwoDotsAreOut();
@@ -41,7 +42,7 @@ class ProgressTest {
     }
 
     @Test
-    void aFullLineIsContinuedOnTheNext() {
+    void aFullLineIsContinuedOnTheNext() throws Stop {
         Progress.during(out, "Connecting", tell -> {
             for (int i = 0; i < 20; ++i)
                 tell.accept("SCANNING");
