@@ -71,6 +71,19 @@ TEST_F(Saving, WritesNothingThatWasNotChanged) {
                                                  "\tkey_mgmt=WPA-PSK IEEE8021X", "\tpriority=5"}));
 }
 
+// It is for WPA as long as nobody says otherwise, and the supplicant saves no such network without a
+// key. What is left in memory must not be taken for another network.
+TEST_F(Saving, LosesANewNetworkWithoutAnySecurityInTheSupplicant) {
+    load(openNetworks({"home", "work"}));
+    ASSERT_TRUE(settings().removeNetwork(WLAN, "home"));
+    ASSERT_TRUE(settings().addNetwork(WLAN, "new"));
+    EXPECT_EQ(settings().saveNetworkSettings(), 1);
+    EXPECT_THAT(configuredSsids(), ElementsAre("work"));
+    EXPECT_FALSE(settings().connectNetwork(WLAN, "new"));
+    EXPECT_FALSE(settings().removeNetwork(WLAN, "new"));
+    EXPECT_THAT(configuredSsids(), ElementsAre("work"));
+}
+
 TEST_F(Saving, FailsWhereTheSupplicantMayNotSave) {
     supplicant.replaceFile(openNetworks({"home"}), test::Supplicant::Saving::Refused);
     ASSERT_THAT(supplicant.ask("reconfigure"), ElementsAre("OK"));
