@@ -76,6 +76,13 @@ TEST_F(LoadStatus, KeepsTheCurrentNetworkThatTheReportNames) {
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_CONNECTING);
 }
 
+TEST_F(LoadStatus, KeepsADisabledNetworkDisabledThatTheReportNames) {
+    value("0", "disabled", "1");
+    load(HOME, "ssid=home\nwpa_state=DISCONNECTED\n");
+    EXPECT_EQ(current(), "none");
+    EXPECT_EQ(statusOf("home"), NETWORK_STATUS_DISABLED);
+}
+
 TEST_F(LoadStatus, HasNoCurrentNetworkWhenTheReportNamesAnUnknownOne) {
     load(HOME, "ssid=elsewhere\nwpa_state=COMPLETED\n");
     EXPECT_EQ(current(), "none");
