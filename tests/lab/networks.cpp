@@ -131,8 +131,9 @@ WifiHostSettings& settings() {
 }
 
 void load(const std::string& networks) {
+    WifiHostSettings& loaded = settings(); // before there is much to load
     configure(networks);
-    settings().refreshAllSettings();
+    loaded.refreshAllSettings();
 }
 
 Lines loadedSsids() {
