@@ -4,45 +4,72 @@ import java.io.PrintStream;
 import java.util.concurrent.Executors;
 import java.util.concurrent.ScheduledExecutorService;
 import java.util.concurrent.TimeUnit;
-import java.util.function.Supplier;
+import java.util.function.Consumer;
 
-/** Shows that something long is going on: its name at once, then a dot every half second. */
+/**
+ * Shows that something long is going on: its name at once, then a dot every half second, and
+ * between the dots what the work tells of itself.
+ */
 final class Progress {
+    interface Work<T> {
+        /** @param tell  takes a word to show */
+        T run(Consumer<String> tell) throws Stop;
+    }
+
+    private static final int WIDTH = 80;
+    private static final String INDENT = "   ";
+
     private final PrintStream out;
     private final ScheduledExecutorService dots =
             Executors.newSingleThreadScheduledExecutor(Progress::daemon);
+    private boolean isAfterDot;
+    private int column;
 
     private Progress(PrintStream out) {
         this.out = out;
     }
 
     /** Does the work and gives its result; the line is complete when it returns. */
-    static <T> T during(PrintStream out, String name, Supplier<T> work) {
+    static <T> T during(PrintStream out, String name, Work<T> work) throws Stop {
         Progress progress = new Progress(out);
         progress.begin(name);
         try {
-            return work.get();
+            return work.run(progress::word);
         } finally {
             progress.end();
         }
     }
 
     private void begin(String name) {
-        out.print(name + " ");
-        out.flush();
+        print(name);
         dots.scheduleAtFixedRate(this::dot, 0, 500, TimeUnit.MILLISECONDS);
     }
 
     private synchronized void dot() {
         if (dots.isShutdown())
             return;
-        out.print(".");
-        out.flush();
+        print(isAfterDot ? "." : " .");
+        isAfterDot = true;
+    }
+
+    private synchronized void word(String word) {
+        print(" " + word);
+        isAfterDot = false;
     }
 
     private synchronized void end() {
         dots.shutdown();
         out.println();
+    }
+
+    private void print(String text) {
+        if (column + CellWidth.of(text) > WIDTH) {
+            out.print("\n" + INDENT);
+            column = INDENT.length();
+        }
+        out.print(text);
+        out.flush();
+        column += CellWidth.of(text);
     }
 
     private static Thread daemon(Runnable work) {

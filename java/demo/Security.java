@@ -9,6 +9,8 @@ import java.util.regex.Pattern;
 
 /** Puts the client's flags, such as {@code [WPA2-PSK-CCMP][ESS]}, into words. */
 final class Security {
+    static final String OPEN = "open";
+
     private static final Pattern FLAG = Pattern.compile("\\[([^\\]]*)\\]?");
     private static final Map<Pattern, String> WORDS = new LinkedHashMap<>();
 
@@ -31,7 +33,7 @@ final class Security {
         Matcher flag = FLAG.matcher(flags);
         while (flag.find())
             words.addAll(wordsOf(flag.group(1)));
-        return words.isEmpty() ? "open" : String.join("/", words);
+        return words.isEmpty() ? OPEN : String.join("/", words);
     }
 
     private static Set<String> wordsOf(String flag) {

@@ -6,112 +6,88 @@ import java.io.FileDescriptor;
 import java.io.FileOutputStream;
 import java.io.PrintStream;
 import java.nio.charset.StandardCharsets;
-import java.util.Comparator;
-import java.util.List;
+import java.time.Duration;
 
 /** Shows on a terminal what the library can do with one adapter, step by step. */
 public final class WifiDemo {
-    private static final String NAME = "wifi-demo";
-    private static final String DEFAULT_INTERFACE = "wlan0";
+    private static final Duration PATIENCE = Duration.ofSeconds(30);
     private static final int SHOWN = 0;
     private static final int NOTHING_TO_SHOW = 1;
-    private static final int USAGE = 2;
 
-    private interface Step {
-        void run() throws Stop;
-    }
-
-    /** Ends the program; the message names the cause and the next step. */
-    private static final class Stop extends Exception {
-        private static final long serialVersionUID = 1L;
-
-        Stop(String format, Object... values) {
-            super(String.format(format, values));
-        }
-    }
-
-    private final String iface;
+    private final Options options;
+    private final Duration patience;
     private final PrintStream out;
 
-    private WifiDemo(String iface, PrintStream out) {
-        this.iface = iface;
+    private WifiDemo(Options options, Duration patience, PrintStream out) {
+        this.options = options;
+        this.patience = patience;
         this.out = out;
     }
 
-    /** @param arguments  at most one, the interface */
+    /** @param arguments  the interface, {@code --connect} and a network, {@code --keep} */
     public static void main(String[] arguments) {
-        System.exit(run(arguments, utf8(FileDescriptor.out), utf8(FileDescriptor.err)));
+        System.exit(run(PATIENCE, utf8(FileDescriptor.out), utf8(FileDescriptor.err), arguments));
     }
 
     /**
      * The program without its exit.
      *
-     * @return 0 access points were shown, 1 no supplicant or nothing to show, 2 wrong usage
+     * @param patience  how long a connection may take
+     * @return 0 everything was shown, 1 there was nothing to show or something failed, 2 wrong use
      */
-    static int run(String[] arguments, PrintStream out, PrintStream err) {
-        if (arguments.length > 1 || (arguments.length == 1 && !isInterface(arguments[0]))) {
-            err.println("usage: " + NAME + " [INTERFACE] (default: " + DEFAULT_INTERFACE + ")");
-            return USAGE;
-        }
+    static int run(Duration patience, PrintStream out, PrintStream err, String... arguments) {
         try {
-            new WifiDemo(arguments.length == 1 ? arguments[0] : DEFAULT_INTERFACE, out).show();
+            new WifiDemo(Options.parse(arguments), patience, out).show();
             return SHOWN;
-        } catch (Stop | UnsatisfiedLinkError reason) {
-            err.println(NAME + ": " + reason.getMessage());
+        } catch (Stop reason) {
+            tell(err, reason);
+            for (Throwable further : reason.getSuppressed())
+                tell(err, further);
+            return reason.status;
+        } catch (UnsatisfiedLinkError reason) {
+            tell(err, reason);
             return NOTHING_TO_SHOW;
         }
     }
 
+    private static void tell(PrintStream err, Throwable reason) {
+        err.println("wifi-demo: " + reason.getMessage());
+    }
+
     private void show() throws Stop {
-        for (Step step : List.<Step>of(this::requireSupplicant, this::showAccessPoints))
-            step.run();
+        requireSupplicant();
+        try {
+            showAdapters();
+            out.println("State: " + SupplicantState.of(options.iface));
+            ConfiguredNetworks.read(options.iface).print(out);
+            AccessPoints inRange = AccessPoints.scan(options.iface, out);
+            inRange.print(out);
+            if (options.ssid != null)
+                connect(inRange);
+        } finally {
+            BWifiPlatformService.unloadWifiSettings0();
+        }
     }
 
     private void requireSupplicant() throws Stop {
-        if (!BWifiPlatformService.isWifiEnabled0(iface))
-            throw new Stop("wpa_supplicant is not running; start it as root:"
-                    + " wpa_supplicant -B -i %s -c /etc/wpa_supplicant/wpa_supplicant.conf", iface);
+        if (!BWifiPlatformService.isWifiEnabled0(options.iface))
+            throw new Stop("wpa_supplicant is not running; start it as root: wpa_supplicant -B -i %s"
+                    + " -c /etc/wpa_supplicant/wpa_supplicant.conf", options.iface);
         out.println("wpa_supplicant is running.");
     }
 
-    private void showAccessPoints() throws Stop {
-        List<ScanResult> results = scan();
-        if (results.isEmpty())
-            throw new Stop("%s found no access point; see whether its radio is on (rfkill list) and"
-                    + " one is in range, then try again", iface);
-        results.sort(Comparator.comparingInt((ScanResult result) -> result.signal).reversed());
-        print(results);
+    private void showAdapters() throws Stop {
+        String[] adapters = BWifiPlatformService.getWifiAdapters0();
+        if (adapters == null || adapters.length == 0)
+            throw new Stop("the supplicant names no adapter; see which it serves:"
+                    + " wpa_cli interface");
+        out.println("Adapters: " + String.join(", ", adapters));
     }
 
-    private List<ScanResult> scan() throws Stop {
-        String[] lines = Progress.during(
-                out, "Scanning on " + iface, () -> BWifiPlatformService.discoverNetworks0(iface));
-        if (lines == null)
-            throw new Stop("the supplicant does not scan on %s; see which interfaces it serves:"
-                    + " wpa_cli interface", iface);
-        return ScanResult.parse(lines);
-    }
-
-    private void print(List<ScanResult> results) {
-        Table table = new Table()
-                .column("SSID", Table.Align.LEFT)
-                .column("BSSID", Table.Align.LEFT)
-                .column("Channel", Table.Align.RIGHT)
-                .column("MHz", Table.Align.RIGHT)
-                .column("dBm", Table.Align.RIGHT)
-                .column("Security", Table.Align.LEFT);
-        for (ScanResult result : results)
-            table.row(result.ssid, result.bssid, channel(result), result.frequency, result.signal,
-                    result.security);
-        table.print(out);
-    }
-
-    private static String channel(ScanResult result) {
-        return result.channel() == 0 ? "?" : Integer.toString(result.channel());
-    }
-
-    private static boolean isInterface(String argument) {
-        return !argument.isEmpty() && !argument.startsWith("-");
+    private void connect(AccessPoints inRange) throws Stop {
+        try (ChosenNetwork network = ChosenNetwork.open(options, inRange, out)) {
+            Connection.make(options, network, patience, out);
+        }
     }
 
     /** Network names are UTF-8, also where no locale is set, as in a container. */

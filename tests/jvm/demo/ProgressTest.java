@@ -24,14 +24,38 @@ class ProgressTest {
     private final PrintStream out = new PrintStream(bytes, true, StandardCharsets.UTF_8);
 
     @Test
-    void aDotFollowsTheOtherWhileTheWorkGoesOn() {
-        assertEquals("done", Progress.during(out, "Scanning", this::workUntilTwoDotsAreOut));
+    void aDotFollowsTheOtherWhileTheWorkGoesOn() throws Stop {
+        assertEquals("done", Progress.during(out, "Scanning",
+                tell -> workUntilTwoDotsAreOut()));
         assertTrue(printed().matches("Scanning \\.{2,}\n"), printed());
     }
 
     @Test
+    void wordsOfTheWorkStandBetweenTheDots() throws Stop {
+        Progress.during(out, "Connecting", tell -> {
+            tell.accept("SCANNING");
+            workUntilTwoDotsAreOut();
+            tell.accept("COMPLETED");
+            return null;
+        });
+        assertTrue(printed().matches("Connecting( \\.)? SCANNING \\.+ COMPLETED\n"), printed());
+    }
+
+    @Test
+    void aFullLineIsContinuedOnTheNext() throws Stop {
+        Progress.during(out, "Connecting", tell -> {
+            for (int i = 0; i < 20; ++i)
+                tell.accept("SCANNING");
+            return null;
+        });
+        assertTrue(printed().lines().allMatch(line -> line.length() <= 80), printed());
+        assertTrue(printed().lines().skip(1).allMatch(line -> line.startsWith("    ")), printed());
+        assertEquals(20, printed().split("SCANNING", -1).length - 1);
+    }
+
+    @Test
     void workThatFailsEndsTheLineToo() {
-        assertThrows(IllegalStateException.class, () -> Progress.during(out, "Scanning", () -> {
+        assertThrows(IllegalStateException.class, () -> Progress.during(out, "Scanning", tell -> {
             throw new IllegalStateException();
         }));
         assertTrue(printed().endsWith("\n"), printed());

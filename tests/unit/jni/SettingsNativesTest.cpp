@@ -6,6 +6,7 @@
 
 #include "support/FakeJni.h"
 #include "unit/settings/LoadedSettings.h"
+#include "unit/settings/RecordedLocks.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -189,15 +190,17 @@ TEST_F(SettingsNatives, ListNoMoreThan32Ssids) {
     EXPECT_EQ(listed.back(), "n1");
 }
 
-// The lock of the networks stays with this thread, which ends it with the settings.
 TEST_F(SettingsNatives, ListNoSsidsWhenANetworkHasNone) {
     WifiHostSettings& settings = loaded.load(NETWORKS);
+    const test::SettingsMutexes mutexes(settings);
     {
         const platwifi::SettingsLock lock(settings);
         settings.getNetwork("wlan0", "home")->setSsid(nullptr);
     }
     EXPECT_EQ(NATIVE(getNetworkDatabaseSsids0)(java.environment(), nullptr, text("wlan0")),
               nullptr);
+    EXPECT_FALSE(test::isFree(mutexes.all[1])) << "the lock of the networks is left held";
+    mutexes.unlockNetworks();
 }
 
 TEST_F(SettingsNatives, UnloadTheSettingsWithoutMakingThem) {

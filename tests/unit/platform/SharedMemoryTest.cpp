@@ -154,6 +154,34 @@ TEST_F(SharedMemoryOfAName, FailsForNoName) {
     SharedMemory::unlink(nullptr);
 }
 
+// Somebody else's new object appears while a stale one is looked at, or while one is being made.
+TEST_F(SharedMemoryOfAName, IsJoinedWhenSomebodyElseWasFasterToReplaceIt) {
+    static SharedMemory faster;
+    put(std::string(SIZE, 's'));
+    SharedMemory memory;
+    const auto join = [](void* found) {
+        if (isFilled(found))
+            return true;
+        SharedMemory::unlink(NAME);
+        EXPECT_EQ(attach(faster), Result::created);
+        return false;
+    };
+    EXPECT_EQ(memory.attach(NAME, SIZE, fill, join), Result::joined);
+    faster.detach();
+}
+
+TEST_F(SharedMemoryOfAName, IsJoinedWhenSomebodyElseWasFasterToMakeIt) {
+    static SharedMemory faster;
+    SharedMemory memory;
+    const auto setUp = [](void* own) {
+        EXPECT_EQ(attach(faster), Result::created);
+        return fill(own);
+    };
+    EXPECT_EQ(memory.attach(NAME, SIZE, setUp, isFilled), Result::joined);
+    EXPECT_EQ(names(), std::vector<std::string>{NAME});
+    faster.detach();
+}
+
 TEST_F(SharedMemoryOfAName, IsNotWaitedForForEverWhereSomebodyKeepsOthersFromReplacingIt) {
     put("stale");
     FileDescriptor folder(open("/dev/shm", O_RDONLY | O_DIRECTORY | O_CLOEXEC));

@@ -48,6 +48,16 @@ TEST_F(ConnectNetwork, SelectsWhateverTheClientAnswers) {
     EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan1 select 3"));
 }
 
+TEST_F(ConnectNetwork, MakesOneAfterTheOtherTheCurrentOne) {
+    WifiHostSettings& settings = loaded.load(NETWORKS);
+    loaded.answer("OK\n");
+    for (const char* const ssid : {"work", "home", "cafe"})
+        EXPECT_TRUE(settings.connectNetwork("wlan0", ssid));
+    EXPECT_EQ(statusOf(settings, "work"), NETWORK_STATUS_ENABLED);
+    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_ENABLED);
+    EXPECT_EQ(statusOf(settings, "cafe"), NETWORK_STATUS_CONNECTING);
+}
+
 TEST_F(ConnectNetwork, EnablesTheOneThatWasCurrent) {
     WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
     EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_CONNECTED);

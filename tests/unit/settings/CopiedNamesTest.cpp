@@ -1,10 +1,7 @@
 #include "settings/WifiHostSettings.h"
 
 #include "LoadedSettings.h"
-#include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
 #include "supplicant/ReplyLines.h"
-#include "watchdog/SettingsDoor.h"
 
 #include "support/Checkpoint.h"
 #include "support/Lines.h"
@@ -16,7 +13,6 @@
 #include <thread>
 
 using platwifi::ReplyLines;
-using platwifi::SettingsLock;
 using test::toStrings;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -30,15 +26,6 @@ protected:
     static bool copy(WifiHostSettings& settings, ReplyLines& ssids, unsigned char capacity) {
         ssids.count = 77; // to be set anew
         return settings.getNetworkDatabaseSsids("wlan0", ssids.data(), capacity, &ssids.count);
-    }
-
-    // By reloading everything, which does not wait for a lock.
-    bool anotherThreadGetsIn() {
-        loaded.scriptLoad(THREE);
-        bool isIn = false;
-        std::thread([&isIn] { isIn = platwifi::refreshSettings(); }).join();
-        loaded.standIn.reset();
-        return isIn;
     }
 
     test::LoadedSettings loaded;
@@ -99,39 +86,6 @@ TEST_F(CopiedSsids, NeedSomewhereToGo) {
     ssids.count = 0;
     EXPECT_TRUE(settings.getNetworkDatabaseSsids(nullptr, ssids.data(), 32, &ssids.count));
     EXPECT_EQ(ssids.count, 3);
-}
-
-// The lock that is left held cannot be given back from outside; it ends with the instance, which
-// its holder may destroy.
-TEST_F(CopiedSsids, EndAtANetworkWithoutOneAndLeaveTheLockHeld) {
-    WifiHostSettings& settings = loaded.load(THREE);
-    {
-        const SettingsLock lock(settings);
-        settings.getNetwork("wlan0", "work")->setSsid(nullptr);
-    }
-    EXPECT_TRUE(anotherThreadGetsIn());
-    {
-        const SettingsLock lock(settings); // the networks are new
-        settings.getNetwork("wlan0", "work")->setSsid(nullptr);
-    }
-    ReplyLines first(32);
-    EXPECT_TRUE(copy(settings, first, 1)) << "not reached";
-    EXPECT_THAT(toStrings(first), ElementsAre("cafe"));
-    EXPECT_TRUE(anotherThreadGetsIn());
-    {
-        const SettingsLock lock(settings);
-        settings.getNetwork("wlan0", "work")->setSsid(nullptr);
-    }
-    ReplyLines ssids(32);
-    EXPECT_FALSE(copy(settings, ssids, 32));
-    EXPECT_THAT(toStrings(ssids), ElementsAre("cafe"));
-    EXPECT_EQ(ssids.data()[1], nullptr);
-    EXPECT_FALSE(anotherThreadGetsIn());
-    ReplyLines again(32);
-    EXPECT_TRUE(copy(settings, again, 1)) << "its holder still does";
-    WifiHostSettings::unload();
-    WifiHostSettings& fresh = loaded.load(THREE);
-    EXPECT_NE(fresh.getNetwork("wlan0", "work"), nullptr);
 }
 
 class CopiedAdapters : public testing::Test {

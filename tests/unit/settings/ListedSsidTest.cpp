@@ -101,6 +101,16 @@ TEST(ListedSsid, IsReadFromALineInPieces) {
         }
 }
 
+TEST(ListedSsid, IsReadFromALineThatIsJustAsLongAsAPiece) {
+    const std::string ssid = std::string(27, '\xd0') + "xy";
+    const std::string line = "10\t" + printedSsid(ssid) + "\tany\t[CURRENT]";
+    ASSERT_EQ(line.size(), 127U);
+    const std::vector<ListedSsid> networks = listed({line, "11\thome\tany\t"});
+    ASSERT_EQ(networks.size(), 2U);
+    EXPECT_TRUE(networks[0].isOf(ssid));
+    EXPECT_TRUE(networks[1].isOf("home"));
+}
+
 TEST(ListedSsid, IsThatOfANetworkInMemory) {
     struct Row {
         const char* line;

@@ -41,14 +41,15 @@ protected:
         standIn.on({"-iwlan0", "get_network", id, key}).prints(text);
     }
 
-    /// The replies of the client, without headers. Values that were not given are not set.
+    /// The replies of the client, without headers. Values that were not given are not set, but for
+    /// `otherwise`.
     void script(const std::string& list, const std::string& status = "",
-                const std::string& scan = "") {
+                const std::string& scan = "", const std::string& otherwise = "FAIL\n") {
         standIn.on({"interface"}).prints(ADAPTER_HEADER + "wlan0\n");
         standIn.on({"-iwlan0", "list_networks"}).prints(LIST_HEADER + list);
         standIn.on({"-iwlan0", "scan_results"}).prints(SCAN_HEADER + scan);
         standIn.on({"-iwlan0", "status"}).prints(status);
-        standIn.on({"*"}).prints("FAIL\n");
+        standIn.on({"*"}).prints(otherwise);
     }
 
     /// Loads everything as the client has it now: into a new instance, or into the one there is.

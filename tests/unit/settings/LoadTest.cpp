@@ -210,16 +210,19 @@ TEST_F(Load, AsksForANumberAbove255ByItsLast8Bits) {
     EXPECT_EQ(commands()[2], "-iwlan0 get_network 44 disabled");
 }
 
+// Lines that tell of no network count as well, and cost no commands here.
 TEST_F(Load, TakesTheFirst32LinesOfTheList) {
     std::string list;
-    for (int i = 0; i < 40; ++i)
-        list += std::to_string(i) + "\tnet " + std::to_string(i) + "\tany\t\n";
-    script(list);
+    for (int i = 0; i < 31; ++i)
+        list += std::to_string(i) + "\n";
+    script(list + "31\tlast\tany\t\n");
     load();
-    EXPECT_THAT(ssids(), SizeIs(32));
-    EXPECT_NE(network("net 31"), nullptr);
-    EXPECT_EQ(network("net 32"), nullptr);
-    EXPECT_THAT(commands(), SizeIs(2 + 32 * 27 + 2));
+    EXPECT_THAT(ssids(), ElementsAre("last"));
+    standIn.reset();
+    script(list + "31\tlast\tany\t\n32\tnot any more\tany\t\n" + list);
+    load();
+    EXPECT_THAT(ssids(), ElementsAre("last"));
+    EXPECT_THAT(commands(), SizeIs(2 + 27 + 2));
 }
 
 // SSIDs of the list hold no tabs: there is nothing to read in a line that is one.

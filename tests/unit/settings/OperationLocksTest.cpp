@@ -1,82 +1,27 @@
 #include "settings/WifiHostSettings.h"
 
 #include "LoadedSettings.h"
+#include "RecordedLocks.h"
 #include "model/WifiNetwork.h"
+#include "settings/SettingsLock.h"
 #include "supplicant/ReplyLines.h"
+
+#include "support/Lines.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <array>
-#include <functional>
-#include <pthread.h>
-#include <vector>
+#include <string>
 
 using platwifi::ReplyLines;
+using test::isFree;
+using test::LockEvents;
+using test::SettingsMutexes;
 using testing::IsEmpty;
 
 namespace {
 
-struct Event {
-    bool isLock;
-    const PlatformMutex* mutex;
-
-    bool operator==(const Event& other) const {
-        return isLock == other.isLock && mutex == other.mutex;
-    }
-};
-
-using Events = std::vector<Event>;
-
-// Of this thread only, and only while it wants them.
-thread_local Events* recorder = nullptr;
-
-void note(bool isLock, const PlatformMutex* mutex) {
-    if (recorder)
-        recorder->push_back({isLock, mutex});
-}
-
-Events during(const std::function<void()>& work) {
-    Events events;
-    recorder = &events;
-    work();
-    recorder = nullptr;
-    return events;
-}
-
-} // namespace
-
-// In place of the platform's: the same, and they tell what they are asked.
-int PlatformUtil::lockMutex(PlatformMutex* mutex) noexcept {
-    const int result = pthread_mutex_lock(mutex);
-    note(true, mutex);
-    return result;
-}
-
-int PlatformUtil::unlockMutex(PlatformMutex* mutex) noexcept {
-    note(false, mutex);
-    return pthread_mutex_unlock(mutex);
-}
-
-namespace {
-
-// In the order in which lockSettings() takes them.
-struct Locks {
-    explicit Locks(WifiHostSettings& settings) {
-        const Events events = during([&] { settings.lockSettings(); });
-        for (std::size_t i = 0; i < all.size() && i < events.size(); ++i)
-            all[i] = events[i].mutex;
-        settings.unlockSettings();
-        EXPECT_EQ(events.size(), all.size());
-    }
-
-    Events taking() const { return {{true, all[0]}, {true, all[1]}, {true, all[2]}}; }
-    Events givingBack() const { return {{false, all[2]}, {false, all[1]}, {false, all[0]}}; }
-
-    std::array<const PlatformMutex*, 3> all{}; // entrance, list, settings
-};
-
-bool isHeldThroughout(const Events& events, const PlatformMutex* mutex) {
+bool isHeldThroughout(const LockEvents& events, const PlatformMutex* mutex) {
     int depth = 0;
     for (std::size_t i = 0; i < events.size(); ++i) {
         if (events[i].mutex == mutex)
@@ -121,11 +66,12 @@ TEST_P(LockedOperation, HoldsBothLocksFromBeginningToEnd) {
         loaded.load("0\thome\tany\t\n1\twork\tany\t\n", "ssid=home\nwpa_state=COMPLETED\n");
     loaded.standIn.on({"-iwlan0", "add_network"}).prints("2\n");
     loaded.answer("OK\n");
-    const Locks locks(settings);
-    const Events events = during([&] { EXPECT_EQ(GetParam().run(settings), GetParam().result); });
+    const SettingsMutexes locks(settings);
+    const LockEvents events =
+        test::eventsOf([&] { EXPECT_EQ(GetParam().run(settings), GetParam().result); });
     ASSERT_GE(events.size(), 6U);
-    EXPECT_EQ(Events(events.begin(), events.begin() + 3), locks.taking());
-    EXPECT_EQ(Events(events.end() - 3, events.end()), locks.givingBack());
+    EXPECT_EQ(LockEvents(events.begin(), events.begin() + 3), locks.taking());
+    EXPECT_EQ(LockEvents(events.end() - 3, events.end()), locks.givingBack());
     for (const PlatformMutex* const mutex : locks.all)
         EXPECT_TRUE(isHeldThroughout(events, mutex));
 }
@@ -140,22 +86,48 @@ protected:
 
 TEST_F(OtherLocks, AreThatOfTheListForTheSsids) {
     WifiHostSettings& settings = loaded.load("0\thome\tany\t\n");
-    const Locks locks(settings);
+    const SettingsMutexes locks(settings);
     ReplyLines ssids(32);
-    const Events events =
-        during([&] { settings.getNetworkDatabaseSsids("wlan0", ssids.data(), 32, &ssids.count); });
-    EXPECT_EQ(events, (Events{{true, locks.all[0]},
-                              {true, locks.all[1]},
-                              {false, locks.all[1]},
-                              {false, locks.all[0]}}));
+    const LockEvents events = test::eventsOf(
+        [&] { settings.getNetworkDatabaseSsids("wlan0", ssids.data(), 32, &ssids.count); });
+    EXPECT_EQ(events, (LockEvents{{true, locks.all[0]},
+                                  {true, locks.all[1]},
+                                  {false, locks.all[1]},
+                                  {false, locks.all[0]}}));
 }
 
 TEST_F(OtherLocks, AreNoneForALookupAndForTheAdapters) {
     WifiHostSettings& settings = loaded.load("0\thome\tany\t\n");
     ReplyLines names(2);
-    EXPECT_THAT(during([&] { settings.getWifiAdapters(names.data(), 2, &names.count); }),
+    EXPECT_THAT(test::eventsOf([&] { settings.getWifiAdapters(names.data(), 2, &names.count); }),
                 IsEmpty());
-    EXPECT_THAT(during([&] { settings.getNetwork("wlan0", "home"); }), IsEmpty());
+    EXPECT_THAT(test::eventsOf([&] { settings.getNetwork("wlan0", "home"); }), IsEmpty());
+}
+
+TEST_F(OtherLocks, AreLeftHeldByTheSsidsWhenANetworkHasNone) {
+    WifiHostSettings& settings = loaded.load("0\thome\tany\t\n1\twork\tany\t\n");
+    const SettingsMutexes locks(settings);
+    {
+        const platwifi::SettingsLock lock(settings);
+        settings.getNetwork("wlan0", "home")->setSsid(nullptr);
+    }
+    ReplyLines first(32);
+    EXPECT_TRUE(settings.getNetworkDatabaseSsids("wlan0", first.data(), 1, &first.count));
+    EXPECT_TRUE(isFree(locks.all[0]) && isFree(locks.all[1])) << "it was not reached";
+
+    ReplyLines ssids(32);
+    EXPECT_FALSE(settings.getNetworkDatabaseSsids("wlan0", ssids.data(), 32, &ssids.count));
+    EXPECT_THAT(test::toStrings(ssids), testing::ElementsAre("work"));
+    EXPECT_EQ(ssids.data()[1], nullptr);
+    EXPECT_FALSE(isFree(locks.all[0]));
+    EXPECT_FALSE(isFree(locks.all[1]));
+    EXPECT_TRUE(isFree(locks.all[2])) << "that of the state is not concerned";
+
+    ReplyLines again(32);
+    EXPECT_TRUE(settings.getNetworkDatabaseSsids("wlan0", again.data(), 1, &again.count))
+        << "its holder still gets in";
+    locks.unlockNetworks();
+    EXPECT_TRUE(isFree(locks.all[0]) && isFree(locks.all[1])) << "held once";
 }
 
 } // namespace

@@ -19,7 +19,7 @@ using namespace platwifi;
 
 namespace {
 
-constexpr int ROUNDS = 20000;
+constexpr int ROUNDS = 4000;
 
 // Bytes, separators and the words that parsers look for, up to several hundred characters.
 std::string randomLine(std::mt19937& random) {

@@ -116,6 +116,23 @@ TEST_P(StaleThing, IsReplacedOnceByAllWhoStart) {
 INSTANTIATE_TEST_SUITE_P(Things, StaleThing, testing::ValuesIn(THINGS),
                          [](const auto& row) { return std::string(row.param.name); });
 
+/// Makes this process one of an ordinary user, where it is root's.
+class OrdinaryUser {
+public:
+    OrdinaryUser() : m_done(seteuid(65534) == 0) {}
+    ~OrdinaryUser() {
+        if (m_done) {
+            EXPECT_EQ(seteuid(0), 0);
+        }
+    }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+    explicit operator bool() const { return m_done; }
+
+private:
+    bool m_done;
+};
+
 class Start : public testing::Test {
 protected:
     void TearDown() override { std::filesystem::remove_all(BLOCK_PATH); }
@@ -139,14 +156,31 @@ TEST_F(Start, DoesNotTrustTheBlockOfAnotherUser) {
     EXPECT_EQ(BlockView().numbers(), "0 none 1");
 }
 
-TEST_F(Start, ReplacesWhatItCannotOpen) {
+TEST_F(Start, ReplacesWhatItMayRemoveButNotOpen) {
+    const OrdinaryUser user;
+    if (!user)
+        GTEST_SKIP() << "only root can become another user";
     put(finishedBlock());
     chmod(BLOCK_PATH, 0);
-    if (access(BLOCK_PATH, R_OK) == 0)
-        GTEST_SKIP() << "root can open everything";
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     EXPECT_TRUE(watchdog.isCreator());
+    EXPECT_EQ(BlockView().numbers(), "0 none 1");
+}
+
+TEST_F(Start, DoesWithoutABlockThatItMayNeitherWriteNorRemove) {
+    put(finishedBlock());
+    {
+        const OrdinaryUser user;
+        if (!user)
+            GTEST_SKIP() << "only root can become another user";
+        WifiHostSettingsWatchdog watchdog;
+        EXPECT_TRUE(watchdog.initialize());
+        EXPECT_FALSE(watchdog.isCreator());
+        watchdog.sendRefreshSettingsSignal();
+        EXPECT_EQ(watchdog.checkForRefreshSignal(100), 0);
+    }
+    EXPECT_EQ(BlockView().numbers(), "0 none 7") << "untouched";
 }
 
 TEST_F(Start, ByManyProcessesAtOnceMakesOneBlock) {

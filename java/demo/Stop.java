@@ -1,0 +1,24 @@
+package demo;
+
+/** Ends the program; the message names the cause and the next step. */
+final class Stop extends Exception {
+    private static final long serialVersionUID = 1L;
+    private static final int FAILED = 1;
+    private static final int WRONG_USE = 2;
+
+    /** What the program ends with. */
+    final int status;
+
+    Stop(String format, Object... values) {
+        this(FAILED, String.format(format, values));
+    }
+
+    private Stop(int status, String message) {
+        super(message);
+        this.status = status;
+    }
+
+    static Stop wrongUse(String cause) {
+        return new Stop(WRONG_USE, cause + "; usage: wifi-demo " + Options.USAGE);
+    }
+}

@@ -1,0 +1,50 @@
+package demo;
+
+import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertNull;
+import static org.junit.jupiter.api.Assertions.assertThrows;
+
+import org.junit.jupiter.api.Test;
+import org.junit.jupiter.params.ParameterizedTest;
+import org.junit.jupiter.params.provider.CsvSource;
+
+class OptionsTest {
+    @Test
+    void withoutArgumentsNothingIsConnected() throws Stop {
+        Options options = Options.parse();
+        assertEquals("wlan0", options.iface);
+        assertNull(options.ssid);
+    }
+
+    @ParameterizedTest
+    @CsvSource({
+        "wlan1 --connect cafe, wlan1, cafe, false",
+        "--connect cafe, wlan0, cafe, false",
+        "wlan1 --connect cafe --keep, wlan1, cafe, true",
+        "--connect --keep, wlan0, --keep, false",
+        "--connect 无线无线无线无线无线ab, wlan0, 无线无线无线无线无线ab, false",
+    })
+    void aNetworkIsNamed(String line, String iface, String ssid, boolean keep) throws Stop {
+        Options options = Options.parse(line.split(" "));
+        assertEquals(iface, options.iface);
+        assertEquals(ssid, options.ssid);
+        assertEquals(keep, options.keep);
+    }
+
+    @ParameterizedTest
+    @CsvSource(quoteCharacter = '"', value = {
+        "\"\", '' is not understood here",
+        "-v, '-v' is not understood here",
+        "wlan0 wlan1, 'wlan1' is not understood here",
+        "wlan0 --keep, '--keep' is not understood here",
+        "--connect cafe --kept, '--kept' is not understood here",
+        "--connect, --connect needs an SSID of 1 to 32 bytes",
+        "--connect 无线无线无线无线无线abc, --connect needs an SSID of 1 to 32 bytes",
+    })
+    void wrongUseGetsOneLine(String line, String cause) {
+        Stop stop = assertThrows(Stop.class, () -> Options.parse(line.split(" ")));
+        assertEquals(2, stop.status);
+        assertEquals(cause + "; usage: wifi-demo [INTERFACE] [--connect SSID [--keep]]",
+                stop.getMessage());
+    }
+}

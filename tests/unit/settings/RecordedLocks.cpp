@@ -1,0 +1,66 @@
+// Takes the place of the platform's mutex operations in the program it is linked into.
+
+#include "RecordedLocks.h"
+
+#include <gtest/gtest.h>
+
+#include <pthread.h>
+#include <thread>
+
+namespace {
+
+// Of one thread only, and only while it wants them.
+thread_local test::LockEvents* recorder = nullptr;
+
+void note(bool isLock, PlatformMutex* mutex) {
+    if (recorder)
+        recorder->push_back({isLock, mutex});
+}
+
+} // namespace
+
+int PlatformUtil::lockMutex(PlatformMutex* mutex) noexcept {
+    const int result = pthread_mutex_lock(mutex);
+    note(true, mutex);
+    return result;
+}
+
+int PlatformUtil::unlockMutex(PlatformMutex* mutex) noexcept {
+    note(false, mutex);
+    return pthread_mutex_unlock(mutex);
+}
+
+namespace test {
+
+LockEvents eventsOf(const std::function<void()>& work) {
+    LockEvents events;
+    recorder = &events;
+    work();
+    recorder = nullptr;
+    return events;
+}
+
+SettingsMutexes::SettingsMutexes(WifiHostSettings& settings) {
+    const LockEvents events = eventsOf([&] { settings.lockSettings(); });
+    settings.unlockSettings();
+    EXPECT_EQ(events.size(), all.size());
+    for (std::size_t i = 0; i < all.size() && i < events.size(); ++i)
+        all[i] = events[i].mutex;
+}
+
+void SettingsMutexes::unlockNetworks() const {
+    PlatformUtil::unlockMutex(all[1]);
+    PlatformUtil::unlockMutex(all[0]);
+}
+
+bool isFree(PlatformMutex* mutex) {
+    bool taken = false;
+    std::thread([&] {
+        taken = PlatformUtil::tryLockMutex(mutex) == 0;
+        if (taken)
+            PlatformUtil::unlockMutex(mutex);
+    }).join();
+    return taken;
+}
+
+} // namespace test

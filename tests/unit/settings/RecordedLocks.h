@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/PlatformUtil.h"
+#include "settings/WifiHostSettings.h"
+
+#include <array>
+#include <functional>
+#include <vector>
+
+namespace test {
+
+/// What was asked of a mutex.
+struct LockEvent {
+    bool isLock;
+    PlatformMutex* mutex;
+
+    bool operator==(const LockEvent& other) const {
+        return isLock == other.isLock && mutex == other.mutex;
+    }
+};
+
+using LockEvents = std::vector<LockEvent>;
+
+/// Every mutex of the platform that this thread takes or gives back during `work`, in order.
+LockEvents eventsOf(const std::function<void()>& work);
+
+/// The mutexes behind lockSettings(), in the order in which it takes them.
+struct SettingsMutexes {
+    explicit SettingsMutexes(WifiHostSettings& settings);
+
+    LockEvents taking() const { return {{true, all[0]}, {true, all[1]}, {true, all[2]}}; }
+    LockEvents givingBack() const { return {{false, all[2]}, {false, all[1]}, {false, all[0]}}; }
+
+    /// Gives back one lock of the networks alone, for which the settings offer no way.
+    void unlockNetworks() const;
+
+    std::array<PlatformMutex*, 3> all{}; ///< entrance, list, settings
+};
+
+/// Whether another thread could take it.
+bool isFree(PlatformMutex* mutex);
+
+} // namespace test
