@@ -32,7 +32,7 @@ constexpr const char* WLAN = "wlan0";
 
 // The last resort against waiting for ever.
 constexpr std::chrono::seconds LONG_ENOUGH{30};
-constexpr std::chrono::milliseconds BETWEEN_LOOKS{200}; // a look costs the guest a good part of that
+constexpr std::chrono::milliseconds BETWEEN_LOOKS{200}; // a look takes the guest half of that
 
 std::string variable(const char* name) {
     const char* const value = std::getenv(name);
