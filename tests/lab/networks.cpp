@@ -32,7 +32,7 @@ constexpr const char* WLAN = "wlan0";
 
 // The last resort against waiting for ever.
 constexpr std::chrono::seconds LONG_ENOUGH{30};
-constexpr std::chrono::milliseconds BETWEEN_LOOKS{200}; // a look costs the guest a good part of that
+constexpr std::chrono::milliseconds BETWEEN_LOOKS{200}; // a look takes the guest half of that
 
 std::string variable(const char* name) {
     const char* const value = std::getenv(name);
@@ -131,8 +131,9 @@ WifiHostSettings& settings() {
 }
 
 void load(const std::string& networks) {
+    WifiHostSettings& loaded = settings(); // before there is much to load
     configure(networks);
-    settings().refreshAllSettings();
+    loaded.refreshAllSettings();
 }
 
 Lines loadedSsids() {

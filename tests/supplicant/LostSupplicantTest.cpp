@@ -11,12 +11,12 @@ using testing::IsEmpty;
 namespace {
 
 // The third question about a network finds no supplicant any more.
-const std::string CRASH_AMID_A_LOAD = R"sh(
-if [ "$(grep -c get_network /tmp/watched-client/commands)" = 3 ];
-then supplicant = $(cat / var / run / wpa_supplicant.pid) kill - 9 "$supplicant" until grep -
-                  q '^State:.Z' "/proc/$supplicant/status";
-do :; done
-fi)sh";
+const std::string CRASH_AMID_A_LOAD =
+    "if [ $(grep -c get_network /tmp/watched-client/commands) = 3 ]; then\n"
+    "    supplicant=$(cat /var/run/wpa_supplicant.pid)\n"
+    "    kill -9 $supplicant\n"
+    "    until grep -q '^State:.Z' /proc/$supplicant/status; do :; done\n"
+    "fi";
 
 void expectNoNetworks(WifiHostSettings& settings) {
     EXPECT_THAT(test::loadedRecords(settings), IsEmpty());
@@ -33,15 +33,18 @@ TEST_F(LostSupplicant, IsMissedUntilAReloadFindsItAgain) {
     {
         const test::WatchedClient client(CRASH_AMID_A_LOAD);
         EXPECT_TRUE(settings().refreshAllSettings());
+        EXPECT_THAT(client.commands(), testing::Contains("-iwlan0 get_network 1 priority"));
     }
     supplicant.crash(); // it is dead, and still to be reaped
     expectNoNetworks(settings());
     WifiHostSettings::reload(nullptr);
     expectNoNetworks(settings());
     supplicant.startAgain();
+    EXPECT_TRUE(settings().addNetwork(WLAN, "new")) << "the supplicant takes it";
     expectNoNetworks(settings()); // until somebody asks for them
     supplicant.awaitStatus("wpa_state=COMPLETED");
     WifiHostSettings::reload(nullptr);
+    EXPECT_THAT(loadedSsids(), testing::ElementsAre("new", "work", "home"));
     expectAllAsConfigured();
     EXPECT_TRUE(settings().connectNetwork(WLAN, "work"));
     supplicant.awaitStatus("ssid=work");

@@ -45,10 +45,11 @@ Supplicant& SettingsTest::sharedSupplicant() {
 }
 
 void SettingsTest::load(const std::string& networks, const std::string& status) {
+    WifiHostSettings& loaded = settings(); // the first one before there is much to load
     supplicant.reload(networks);
     supplicant.ask("reassociate"); // an earlier test may have disconnected it
     supplicant.awaitStatus(status);
-    settings().refreshAllSettings();
+    loaded.refreshAllSettings();
 }
 
 std::string SettingsTest::loaded(const std::string& ssid, const std::string& field) {
