@@ -11,6 +11,7 @@
 #include <memory>
 #include <mutex>
 
+class BufferedXWriter;
 class WifiHostSettingsWatchdog;
 class WifiNetwork;
 class WifiNetworkList;
@@ -131,6 +132,23 @@ public:
     /// again, and lets other processes know. Nothing is done when nothing has changed.
     /// @return 1, or 0 when the configuration could not be saved
     int saveNetworkSettings() noexcept;
+
+    // Reports of the whole state. Each brings the status of the networks up to date first, as often as
+    // refreshDatabaseNetworksStatus() does, and holds the lock of the networks to the end.
+
+    /// Writes the state as an XML document (docs/wifiHostSettings.xsd). Asks the supplicant for its
+    /// state. Secrets are enciphered; WEP keys are not.
+    /// @param out     gets the document behind what it holds already; stays the caller's
+    /// @param errors  told why a secret could not be enciphered, which leaves its attribute empty; may
+    ///                be null
+    /// @param full    every network with its security; else SSID, strength and status alone
+    /// @return true; false, with nothing written, without `out` and where the supplicant cannot be
+    ///         driven
+    bool getWifiHostSettingsXML(BufferedXWriter* out, ErrorHandler* errors, bool full) noexcept;
+
+    /// Prints the networks, all their secrets in plain, and the state to standard error. For a
+    /// developer's eyes only.
+    void dump() noexcept;
 
 private:
     friend bool platwifi::refreshSettings() noexcept;

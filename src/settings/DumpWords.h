@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+namespace platwifi {
+
+// What the numbers of a network and of the state are called in the dump: each word with a blank in
+// front of it. Flags without a name are left out.
+
+std::string protocolWords(unsigned int set);      ///< a set of Protocol
+std::string keyManagementWords(unsigned int set); ///< a set of KeyManagement
+std::string pairwiseWords(unsigned int set);      ///< a set of PairwiseCipher
+std::string groupWords(unsigned int set);         ///< a set of GroupCipher
+std::string eapModeWords(unsigned int set);       ///< a set of EapMode
+std::string networkModeWord(unsigned int value);  ///< a NetworkMode
+std::string authAlgWord(unsigned int value);      ///< an AuthAlg; nothing for any other number
+std::string wpaStateWord(unsigned int value);     ///< a WpaState; nothing for any other number
+
+} // namespace platwifi

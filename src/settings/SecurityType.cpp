@@ -1,0 +1,63 @@
+#include "settings/SecurityType.h"
+
+#include "model/WifiNetwork.h"
+
+namespace platwifi {
+namespace {
+
+constexpr unsigned int PSK_OR_EAP = KEY_MGMT_WPA_PSK | KEY_MGMT_WPA_EAP;
+
+bool isOpen(const WifiNetwork& network) {
+    return (network.getPairwiseCiphers() & PAIRWISE_NONE) != 0;
+}
+
+bool hasWep(const WifiNetwork& network) {
+    return (network.getGroupCiphers() & (GROUP_WEP104 | GROUP_WEP40)) != 0;
+}
+
+bool hasDynamicWep(const WifiNetwork& network) {
+    return hasWep(network) && (network.getKeyManagement() & KEY_MGMT_IEEE8021X) != 0;
+}
+
+bool hasPsk(const WifiNetwork& network) {
+    const char* const psk = network.getPsk();
+    return psk && *psk != '\0';
+}
+
+bool agreesByPsk(const WifiNetwork& network) {
+    const unsigned int methods = network.getKeyManagement();
+    return methods == KEY_MGMT_WPA_PSK || (methods == PSK_OR_EAP && hasPsk(network));
+}
+
+bool agreesByEap(const WifiNetwork& network) {
+    const unsigned int methods = network.getKeyManagement();
+    return methods == KEY_MGMT_WPA_EAP || (methods == PSK_OR_EAP && !hasPsk(network));
+}
+
+constexpr unsigned int ANY_PROTOCOL = PROTOCOL_WPA | PROTOCOL_RSN;
+
+constexpr unsigned int WEP = COMMON_ATTRIBUTES | KEY_MGMT_ATTRIBUTE | WEP_ATTRIBUTES;
+constexpr unsigned int DYNAMIC_WEP = WEP | EAP_ATTRIBUTES;
+constexpr unsigned int EAP = COMMON_ATTRIBUTES | KEY_MGMT_ATTRIBUTE | EAP_ATTRIBUTES;
+constexpr unsigned int WPA_PSK = COMMON_ATTRIBUTES | KEY_MGMT_ATTRIBUTE | PSK_ATTRIBUTE;
+constexpr unsigned int WPA2_PSK = COMMON_ATTRIBUTES | PSK_ATTRIBUTE; // its readers know the rest
+
+// The first that applies counts.
+constexpr SecurityType TYPES[] = {
+    {ANY_PROTOCOL, isOpen, "none", 0},        {ANY_PROTOCOL, hasDynamicWep, "wep", DYNAMIC_WEP},
+    {ANY_PROTOCOL, hasWep, "wep", WEP},       {PROTOCOL_WPA, agreesByPsk, "wpa_psk", WPA_PSK},
+    {PROTOCOL_WPA, agreesByEap, "wpa", EAP},  {PROTOCOL_RSN, agreesByPsk, "wpa2_psk", WPA2_PSK},
+    {PROTOCOL_RSN, agreesByEap, "wpa2", EAP},
+};
+
+} // namespace
+
+const SecurityType* securityTypeOf(const WifiNetwork& network) noexcept {
+    for (const SecurityType& type : TYPES) {
+        if (type.protocols == network.getProtocol() && type.applies(network))
+            return &type;
+    }
+    return nullptr;
+}
+
+} // namespace platwifi

@@ -1,0 +1,231 @@
+// The document as a whole: the host, the list, and what becomes of it when things are missing.
+
+#include "ReportedSettings.h"
+#include "SettingsState.h"
+#include "platform/BufferedXWriter.h"
+#include "supplicant/WifiUtil.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <unistd.h>
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace test {
+namespace {
+
+constexpr bool FULL = true;
+constexpr bool SHORT = false;
+
+bool hasDriver = true;
+
+} // namespace
+
+// The linker puts this in the place of WifiUtil::getInstance().
+WifiUtil* getDriver() __asm__("__wrap__ZN8WifiUtil11getInstanceEv");
+WifiUtil* getRealDriver() __asm__("__real__ZN8WifiUtil11getInstanceEv");
+
+WifiUtil* getDriver() {
+    return hasDriver ? getRealDriver() : nullptr;
+}
+
+namespace {
+
+class XmlDocument : public testing::Test {
+protected:
+    ~XmlDocument() override { hasDriver = true; }
+
+    ReportedSettings reported;
+};
+
+TEST_F(XmlDocument, OfAnEmptyDatabaseHasNoEntries) {
+    const std::string expected =
+        R"(<wifiHostSettings adapter="wlan0" wifiEnabled="true" currentDaemonState="2")"
+        R"( currentNetwork="" currentNetworkState="0">
+  <wifiNetworkDatabase numberNetworks="0">
+  </wifiNetworkDatabase>
+</wifiHostSettings>
+)";
+    EXPECT_EQ(reported.xml(FULL), expected);
+    EXPECT_EQ(reported.xml(SHORT), expected);
+}
+
+TEST_F(XmlDocument, AfterAFailureTellsOfNoAdapterAndNoNetworks) {
+    reported.fail();
+    const std::string expected =
+        R"(<wifiHostSettings adapter="Unknown" wifiEnabled="false" currentDaemonState="0")"
+        R"( currentNetwork="" currentNetworkState="0">
+  <wifiNetworkDatabase numberNetworks="0">
+  </wifiNetworkDatabase>
+</wifiHostSettings>
+)";
+    EXPECT_EQ(reported.xml(FULL), expected);
+    EXPECT_EQ(reported.xml(SHORT), expected);
+    EXPECT_THAT(reported.loaded.commands(), IsEmpty());
+}
+
+TEST_F(XmlDocument, WithoutAnAdapterAsksForTheSupplicantOfAny) {
+    reported.fail();
+    const char* const pidFile = "/var/run/wpa_supplicant.pid";
+    std::ofstream(pidFile) << "217\n";
+    EXPECT_THAT(reported.xml(FULL), HasSubstr(R"( adapter="Unknown" wifiEnabled="true" )"));
+    unlink(pidFile);
+    EXPECT_THAT(reported.xml(FULL), HasSubstr(R"( adapter="Unknown" wifiEnabled="false" )"));
+}
+
+TEST_F(XmlDocument, WithoutAnAdapterTellsTheStateInMemory) {
+    reported.fail();
+    reported.settings->*memberOf(SupplicantState{}) = WPA_STATE_ASSOCIATED;
+    EXPECT_EQ(reported.xml(FULL),
+              R"(<wifiHostSettings adapter="Unknown" wifiEnabled="false" currentDaemonState="5")"
+              R"( currentNetwork="" currentNetworkState="0">
+  <wifiNetworkDatabase numberNetworks="0">
+  </wifiNetworkDatabase>
+</wifiHostSettings>
+)");
+}
+
+TEST_F(XmlDocument, TellsThatTheSupplicantDoesNotRun) {
+    reported.answerStatus("wpa_state=INACTIVE\n", "1 init\n");
+    EXPECT_THAT(reported.xml(FULL), HasSubstr(R"( wifiEnabled="false" currentDaemonState="2" )"));
+}
+
+TEST_F(XmlDocument, TellsTheStateOfTheMoment) {
+    const char* const states[] = {
+        "ODD",        "DISCONNECTED",   "INACTIVE",        "SCANNING", "ASSOCIATING",
+        "ASSOCIATED", "4WAY_HANDSHAKE", "GROUP_HANDSHAKE", "COMPLETED"};
+    unsigned int number = 0;
+    for (const std::string state : states) {
+        reported.answerStatus("wpa_state=" + state + "\n");
+        EXPECT_THAT(reported.xml(FULL),
+                    HasSubstr(" currentDaemonState=\"" + std::to_string(number++) + "\" "))
+            << state;
+    }
+}
+
+TEST_F(XmlDocument, TellsTheStateUnknownWhenTheSupplicantDoesNotAnswer) {
+    reported.settings->*memberOf(SupplicantState{}) = WPA_STATE_COMPLETED;
+    reported.loaded.standIn.reset();
+    EXPECT_THAT(reported.xml(FULL), HasSubstr(R"( wifiEnabled="false" currentDaemonState="0" )"));
+}
+
+TEST_F(XmlDocument, TellsTheNetworkThatTheSupplicantIsOnByNow) {
+    reported.add("home");
+    reported.add("work");
+    reported.answerStatus("ssid=home\nwpa_state=COMPLETED\n");
+    EXPECT_EQ(reported.xml(SHORT),
+              R"(<wifiHostSettings adapter="wlan0" wifiEnabled="true" currentDaemonState="8")"
+              R"( currentNetwork="home" currentNetworkState="3">
+  <wifiNetworkDatabase numberNetworks="2">
+    <wifiNetwork ssid="work" strength="0" status="1"/>)"
+              R"(    <wifiNetwork ssid="home" strength="0" status="3"/>)"
+              R"(  </wifiNetworkDatabase>
+</wifiHostSettings>
+)");
+    reported.answerStatus("wpa_state=SCANNING\n");
+    EXPECT_THAT(reported.xml(SHORT),
+                HasSubstr(R"(currentNetwork="home" currentNetworkState="4">)"));
+    reported.answerStatus("wpa_state=DISCONNECTED\n");
+    EXPECT_THAT(reported.xml(SHORT), HasSubstr(R"(currentNetwork="" currentNetworkState="0">)"));
+}
+
+TEST_F(XmlDocument, TellsACurrentNetworkWithoutSsid) {
+    WifiNetwork& network = reported.add("home");
+    reported.answerStatus("ssid=home\nwpa_state=COMPLETED\n");
+    reported.xml(SHORT);
+    network.setSsid(nullptr);
+    reported.answerStatus("wpa_state=COMPLETED\n");
+    EXPECT_EQ(reported.xml(SHORT),
+              R"(<wifiHostSettings adapter="wlan0" wifiEnabled="true" currentDaemonState="8")"
+              R"( currentNetwork="" currentNetworkState="3">
+  <wifiNetworkDatabase numberNetworks="1">
+    <wifiNetwork ssid="" strength="0" status="3"/>  </wifiNetworkDatabase>
+</wifiHostSettings>
+)");
+}
+
+TEST_F(XmlDocument, ListsTheNetworkAddedLastFirst) {
+    for (const char* const ssid : {"home", "work", "train"})
+        reported.add(ssid);
+    EXPECT_EQ(reported.xml(FULL),
+              R"(<wifiHostSettings adapter="wlan0" wifiEnabled="true" currentDaemonState="2")"
+              R"( currentNetwork="" currentNetworkState="0">
+  <wifiNetworkDatabase numberNetworks="3">
+    <wifiNetwork ssid="train" bssid="" ssidBroadcasted="false" mode="2" channel="0" strength="0")"
+              R"( priority="0" status="1">
+      <wifiSecuritySupported numberSupported="0"/>
+      <wifiSecurityConfiguration numberConfigured="0"/>
+    </wifiNetwork>
+    <wifiNetwork ssid="work" bssid="" ssidBroadcasted="false" mode="2" channel="0" strength="0")"
+              R"( priority="0" status="1">
+      <wifiSecuritySupported numberSupported="0"/>
+      <wifiSecurityConfiguration numberConfigured="0"/>
+    </wifiNetwork>
+    <wifiNetwork ssid="home" bssid="" ssidBroadcasted="false" mode="2" channel="0" strength="0")"
+              R"( priority="0" status="1">
+      <wifiSecuritySupported numberSupported="0"/>
+      <wifiSecurityConfiguration numberConfigured="0"/>
+    </wifiNetwork>
+  </wifiNetworkDatabase>
+</wifiHostSettings>
+)");
+}
+
+TEST_F(XmlDocument, InShortHasAllNetworksOnOneLine) {
+    WifiNetwork& home = reported.add("home");
+    home.setStrength(83);
+    home.setNetworkStatus(NETWORK_STATUS_DISABLED);
+    WifiNetwork& work = reported.add("work");
+    fill(work);
+    work.setProtocol(PROTOCOL_WPA);
+    work.setKeyManagement(KEY_MGMT_WPA_PSK);
+    work.setStrength(100);
+    EXPECT_EQ(reported.xml(SHORT),
+              R"(<wifiHostSettings adapter="wlan0" wifiEnabled="true" currentDaemonState="2")"
+              R"( currentNetwork="" currentNetworkState="0">
+  <wifiNetworkDatabase numberNetworks="2">
+    <wifiNetwork ssid="work" strength="100" status="1"/>)"
+              R"(    <wifiNetwork ssid="home" strength="83" status="5"/>  </wifiNetworkDatabase>
+</wifiHostSettings>
+)");
+}
+
+TEST_F(XmlDocument, BringsTheStatusOfTheNetworksUpToDateFirst) {
+    reported.loadForRefresh("0\thome\tany\t\n");
+    reported.loaded.standIn.on({"-iwlan0", "list_networks"})
+        .prints("h\n0\thome\tany\t[DISABLED]\n");
+    reported.loaded.standIn.on({"-iwlan0", "scan_results"})
+        .prints("h\n02:00:00:00:00:01\t2462\t-40\t[ESS]\thome\n");
+    EXPECT_THAT(reported.xml(SHORT), HasSubstr(R"(ssid="home" strength="100" status="5"/>)"));
+}
+
+TEST_F(XmlDocument, IsWrittenAlsoWhenTheStatusCannotBeBroughtUpToDate) {
+    reported.loadForRefresh("0\thome\tany\t\n");
+    EXPECT_THAT(reported.xml(SHORT), HasSubstr(R"(ssid="home" strength="0" status="1"/>)"));
+}
+
+TEST_F(XmlDocument, IsWrittenBehindWhatIsThere) {
+    BufferedXWriter out;
+    out.w("<!-- mine -->\n");
+    EXPECT_TRUE(reported.settings->getWifiHostSettingsXML(&out, nullptr, FULL));
+    EXPECT_EQ(out.text(), "<!-- mine -->\n" + reported.xml(FULL));
+}
+
+TEST_F(XmlDocument, IsNotWrittenWithoutAWriter) {
+    EXPECT_FALSE(reported.settings->getWifiHostSettingsXML(nullptr, &reported.errors, FULL));
+    EXPECT_THAT(reported.loaded.commands(), IsEmpty());
+}
+
+TEST_F(XmlDocument, IsNotWrittenWithoutADriver) {
+    hasDriver = false;
+    BufferedXWriter out;
+    EXPECT_FALSE(reported.settings->getWifiHostSettingsXML(&out, &reported.errors, FULL));
+    EXPECT_STREQ(out.text(), "");
+    EXPECT_EQ(reported.errors.savedError(), nullptr);
+}
+
+} // namespace
+} // namespace test
