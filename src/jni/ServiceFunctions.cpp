@@ -132,6 +132,14 @@ int saveWifiHostSettings(ErrorHandler* errors) noexcept {
     return operate(errors, &WifiHostSettings::saveNetworkSettings);
 }
 
+int getWifiHostSettingsXML(BufferedXWriter* out, ErrorHandler* errors, bool full) noexcept {
+    WifiHostSettings* const settings = out ? WifiHostSettings::getInstance(errors) : nullptr;
+    if (!settings)
+        return 0;
+    settings->getWifiHostSettingsXML(out, errors, full); // a short document is one as well
+    return 1;
+}
+
 int stopWifiService(ErrorHandler* /*errors*/) noexcept {
     WifiHostSettings::unload();
     return 1;

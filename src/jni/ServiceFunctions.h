@@ -1,11 +1,12 @@
 #pragma once
 
 #include "Export.h"
+#include "platform/BufferedXWriter.h"
 #include "platform/ErrorHandler.h"
 
 /// The operations of the library for native callers, under their plain names.
 ///
-/// Each takes the caller's error sink first (may be null). Results are integers, non-zero for
+/// Each takes the caller's error sink (may be null). Results are integers, non-zero for
 /// success. Texts handed back are made with new[] and freed by the caller with delete[]; texts that
 /// are handed in stay the caller's and are NUL-terminated. An interface name has 13 characters at
 /// most; null, an empty and a longer one name none. A null SSID names no network. A null pointer
@@ -104,6 +105,14 @@ PLATWIFI_API int setHostParameters(ErrorHandler* errors, const char* iface,
 /// and lets other processes know. Nothing is done when nothing has changed.
 /// @return 1, or 0 when the configuration could not be saved
 PLATWIFI_API int saveWifiHostSettings(ErrorHandler* errors) noexcept;
+
+/// Writes the state as an XML document: see WifiHostSettings::getWifiHostSettingsXML().
+/// @param out     what the document is added to; stays the caller's
+/// @param errors  told of each secret that does not encipher
+/// @param full    every network with its security; else SSID, strength and status alone
+/// @return 1, however much could be told; 0 without settings
+PLATWIFI_API int getWifiHostSettingsXML(BufferedXWriter* out, ErrorHandler* errors,
+                                        bool full) noexcept;
 
 /// Ends the settings, if there are any; what was not saved is lost. The next function that needs
 /// them loads them again. No other thread may be in a function of the settings.

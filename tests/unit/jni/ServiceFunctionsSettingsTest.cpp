@@ -225,6 +225,56 @@ TEST_F(SettingsFunctions, AskUnderTheLock) {
     }
 }
 
+// The XML document.
+
+struct Document {
+    int result;
+    std::string text;
+};
+
+Document document(bool full, ErrorHandler* errors = nullptr) {
+    BufferedXWriter out;
+    const int result = getWifiHostSettingsXML(&out, errors, full);
+    return {result, out.text()};
+}
+
+TEST_F(SettingsFunctions, WriteTheDocumentOfTheSettings) {
+    WifiHostSettings& settings = loaded.load("0\thome\tany\t\n");
+    loaded.answer("FAIL\n", 1);
+    for (const bool full : {false, true}) {
+        BufferedXWriter out;
+        ASSERT_TRUE(settings.getWifiHostSettingsXML(&out, nullptr, full));
+        const Document written = document(full);
+        EXPECT_EQ(written.result, 1);
+        EXPECT_EQ(written.text, out.text());
+        EXPECT_NE(written.text.find("home"), std::string::npos);
+    }
+    EXPECT_NE(document(false).text, document(true).text) << "the flag is passed on";
+}
+
+TEST_F(SettingsFunctions, ReportIntoTheSinkOfTheCallerWhatTheDocumentLacks) {
+    WifiHostSettings& settings = loaded.load("0\thome\tany\t\n");
+    loaded.answer("FAIL\n", 1);
+    WifiNetwork& network = *settings.getNetwork("wlan0", "home");
+    network.setProtocol(PROTOCOL_WPA);
+    network.setKeyManagement(KEY_MGMT_WPA_PSK);
+    network.setPairwiseCiphers(PAIRWISE_TKIP);
+    network.setGroupCiphers(GROUP_TKIP);
+    network.setPsk(std::string((1U << 20U) + 1, 'x').c_str());
+    ErrorHandler errors;
+    EXPECT_EQ(document(true, &errors).result, 1);
+    ASSERT_NE(errors.savedError(), nullptr);
+    EXPECT_EQ(std::string(errors.savedError()->id()).rfind("crypt.", 0), 0U);
+}
+
+TEST_F(SettingsFunctions, WriteADocumentAlsoWithoutNetworks) {
+    loaded.fail();
+    const Document written = document(true);
+    EXPECT_EQ(written.result, 1);
+    EXPECT_FALSE(written.text.empty());
+    EXPECT_EQ(getWifiHostSettingsXML(nullptr, nullptr, true), 0);
+}
+
 // The first adapter.
 
 std::string firstAdapter() {

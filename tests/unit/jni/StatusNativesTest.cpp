@@ -140,8 +140,10 @@ TEST_F(StatusNatives, HoldTheLock) {
     const SettingsMutexes mutexes(settings);
     const std::function<void()> asks[] = {
         [this] { status("home"); }, [this] { daemonStatus(nullptr); }, [this] { current(nullptr); },
-        [this] { NATIVE(getWepKeys0)
-                 (java.environment(), nullptr, text("wlan0"), text("home")); }};
+        [this] {
+            NATIVE(getWepKeys0)
+            (java.environment(), nullptr, text("wlan0"), text("home"));
+        }};
     for (const auto& ask : asks) {
         const LockEvents events = eventsOf(ask);
         ASSERT_GE(events.size(), 6U);
