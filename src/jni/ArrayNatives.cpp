@@ -1,8 +1,8 @@
 // Natives that return an array of strings.
 
-#include "jni/Frame.h"
 #include "jni/JavaArray.h"
-#include "settings/WifiHostSettings.h"
+#include "jni/NetworkFrame.h"
+#include "model/WifiNetwork.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
 
@@ -12,6 +12,7 @@ namespace {
 
 constexpr unsigned char ADAPTERS = 2;
 constexpr unsigned char NETWORKS = 32;
+constexpr unsigned char WEP_KEYS = 4;
 
 // The array of what `list(ErrorHandler*, ReplyLines&, const char*...)` lists, `capacity` at most; null
 // when it fails.
@@ -43,6 +44,15 @@ bool listSsids(ErrorHandler* errors, ReplyLines& ssids, const char* iface) {
            settings->getNetworkDatabaseSsids(iface, ssids.data(), ssids.capacity(), &ssids.count);
 }
 
+bool setWepKeys(JNIEnv* environment, jobjectArray array, const WifiNetwork& network) {
+    for (unsigned char i = 0; i < WEP_KEYS; ++i) {
+        const char* const key = network.getWepKey(i);
+        if (key && !setElement(environment, array, i, key))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 PLATWIFI_NATIVE(jobjectArray, getWifiAdapters0)(JNIEnv* environment, jclass) {
@@ -56,4 +66,21 @@ PLATWIFI_NATIVE(jobjectArray, discoverNetworks0)(JNIEnv* environment, jclass, js
 PLATWIFI_NATIVE(jobjectArray, getNetworkDatabaseSsids0)
 (JNIEnv* environment, jclass, jstring iface) {
     return callForArray(environment, listSsids, NETWORKS, iface);
+}
+
+// The array comes first: it is the answer also where there is no such network.
+PLATWIFI_NATIVE(jobjectArray, getWepKeys0)
+(JNIEnv* environment, jclass, jstring iface, jstring ssid) {
+    const auto read = [=](ErrorHandler* errors, const char* name,
+                          const char* wanted) -> jobjectArray {
+        jobjectArray const keys = newArrayOfEmptyTexts(environment, WEP_KEYS);
+        if (!keys)
+            return nullptr;
+        const bool failed =
+            withNetwork(errors, name, wanted, false, [=](const WifiNetwork& network) {
+                return !setWepKeys(environment, keys, network);
+            });
+        return failed ? nullptr : keys;
+    };
+    return callNative(environment, read, iface, ssid);
 }

@@ -3,16 +3,15 @@
 #include "platform/JavaText.h"
 
 namespace platwifi {
-namespace {
 
-jobjectArray newArrayOfEmptyTexts(JNIEnv* environment, jsize count) {
+jobjectArray newArrayOfEmptyTexts(JNIEnv* environment, unsigned short count) {
     jclass const stringClass = environment->FindClass("java/lang/String");
     jstring const empty = stringClass ? environment->NewStringUTF("") : nullptr;
     return empty ? environment->NewObjectArray(count, stringClass, empty) : nullptr;
 }
 
 // The reference is given back at once: a virtual machine promises room for 16 only.
-bool setElement(JNIEnv* environment, jobjectArray array, jsize index, const char* text) {
+bool setElement(JNIEnv* environment, jobjectArray array, unsigned short index, const char* text) {
     jstring const string = platform::newJavaString(environment, text);
     if (!string)
         return false;
@@ -20,8 +19,6 @@ bool setElement(JNIEnv* environment, jobjectArray array, jsize index, const char
     environment->DeleteLocalRef(string);
     return true;
 }
-
-} // namespace
 
 jobjectArray newJavaArray(JNIEnv* environment, const char* const entries[], unsigned short count) {
     jobjectArray const array = newArrayOfEmptyTexts(environment, count);

@@ -1,24 +1,22 @@
 #pragma once
 
 #include "jni/Frame.h"
-#include "settings/SettingsLock.h"
-#include "settings/WifiHostSettings.h"
+#include "jni/LockedSettings.h"
 
 #include <type_traits>
 
 namespace platwifi {
 
-/// Runs `body(WifiNetwork&)` on the network with this SSID, while the settings are locked. Without
-/// such a network the result is `missing`; without settings it is false, 0 or null.
-template <typename Result, typename Body>
-Result withNetwork(ErrorHandler* errors, const char* iface, const char* ssid, Result missing,
-                   const Body& body) {
-    WifiHostSettings* const settings = WifiHostSettings::getInstance(errors);
-    if (!settings)
-        return Result{};
-    const SettingsLock lock(*settings);
-    WifiNetwork* const network = settings->getNetwork(iface, ssid);
-    return network ? body(*network) : missing;
+/// The frame of a native for the settings: runs `body(WifiHostSettings&, const char*...)`, with the
+/// characters of the strings, while the settings are locked. A Java string that `body` returns is made
+/// under the lock. Without settings the result is false, 0 or null.
+template <typename Body, typename... Strings>
+auto callOnSettings(JNIEnv* environment, const Body& body, Strings... strings) {
+    const auto call = [&](ErrorHandler* errors, auto... texts) {
+        return withSettings(errors,
+                            [&](WifiHostSettings& settings) { return body(settings, texts...); });
+    };
+    return callNative(environment, call, strings...);
 }
 
 /// The frame of a native for one network: runs `body(WifiNetwork&, ErrorHandler*, const char*...)`,

@@ -4,45 +4,61 @@ import java.io.File;
 import java.util.ArrayList;
 import java.util.List;
 
-/** Finds and loads the native half, and says where it looked when there is none. */
-final class NativeLibrary {
+/** Finds and loads a library of the native half, and says where it looked when there is none. */
+enum NativeLibrary {
+    WIFI("platwifi", "the Wi-Fi library"),
+    CRYPT("platwificrypt", "the library of the cipher");
+
     static final String OVERRIDE = "platwifi.library";
 
-    private static final String NAME = "platwifi";
     private static final String SEARCH_PATH = "java.library.path";
 
-    private NativeLibrary() {}
+    private final String name;
+    private final String title;
+
+    NativeLibrary(String name, String title) {
+        this.name = name;
+        this.title = title;
+    }
 
     /**
-     * Loads the file that the system property {@value #OVERRIDE} names, else the library
-     * {@value #NAME} of the directories in {@value #SEARCH_PATH}.
+     * Loads the file that the system property {@value #OVERRIDE} names, or the library that stands
+     * beside that file; without the property, from the directories in {@value #SEARCH_PATH}.
      *
      * @throws UnsatisfiedLinkError with every place that was tried, the cause and what to set
      */
-    static void load() {
-        String override = System.getProperty(OVERRIDE);
+    void load() {
+        File override = override();
         try {
             if (override == null)
-                System.loadLibrary(NAME);
+                System.loadLibrary(name);
             else
-                System.load(override);
+                System.load(override.getPath());
         } catch (UnsatisfiedLinkError cause) {
             throw explained(places(override), cause);
         }
     }
 
-    private static UnsatisfiedLinkError explained(List<String> places, UnsatisfiedLinkError cause) {
+    private File override() {
+        String wifi = System.getProperty(OVERRIDE);
+        if (wifi == null || this == WIFI)
+            return wifi == null ? null : new File(wifi);
+        return new File(new File(wifi).getParentFile(), fileName());
+    }
+
+    private UnsatisfiedLinkError explained(List<String> places, UnsatisfiedLinkError cause) {
         UnsatisfiedLinkError error = new UnsatisfiedLinkError(String.format(
-                "cannot load the Wi-Fi library: %s. Looked for: %s. Start Java with"
+                "cannot load %s: %s. Looked for: %s. Start Java with"
                         + " -D%s=FILE (the full path of %s) or with -D%s=DIRECTORY that holds it.",
-                cause.getMessage(), String.join(", ", places), OVERRIDE, fileName(), SEARCH_PATH));
+                title, cause.getMessage(), String.join(", ", places), OVERRIDE, WIFI.fileName(),
+                SEARCH_PATH));
         error.initCause(cause);
         return error;
     }
 
-    private static List<String> places(String override) {
+    private List<String> places(File override) {
         if (override != null)
-            return List.of(described(new File(override)) + ", as " + OVERRIDE + " says");
+            return List.of(described(override) + ", as " + OVERRIDE + " says");
         List<String> places = new ArrayList<>();
         for (File directory : searchPath())
             places.add(described(new File(directory, fileName())));
@@ -64,7 +80,7 @@ final class NativeLibrary {
         return file + (file.isFile() ? " (there)" : " (no such file)");
     }
 
-    private static String fileName() {
-        return System.mapLibraryName(NAME);
+    private String fileName() {
+        return System.mapLibraryName(name);
     }
 }

@@ -68,6 +68,29 @@ class NativeLibraryTest {
                 "Looked for: " + directory + "/libplatwifi.so (there). ");
     }
 
+    @Test
+    void theCipherIsFoundBesideTheFullPath() throws Exception {
+        assertEquals("called: true\n", probeCipher("-Dplatwifi.library=" + LIBRARY));
+    }
+
+    @Test
+    void theCipherIsFoundInADirectoryOfTheLibraryPath() throws Exception {
+        assertEquals("called: true\n",
+                probeCipher("-Djava.library.path=" + directory + ":" + LIBRARY.getParent()));
+    }
+
+    @Test
+    void aMissingCipherIsNamed() throws Exception {
+        Path beside = directory.resolve("libplatwifi.so");
+        String output = probeCipher("-Dplatwifi.library=" + beside);
+        assertTrue(output.startsWith(
+                "java.lang.UnsatisfiedLinkError: cannot load the library of the cipher: "), output);
+        assertTrue(output.endsWith("Looked for: " + directory + "/libplatwificrypt.so"
+                + " (no such file), as platwifi.library says. " + ADVICE + "\n"), output);
+        assertTrue(probeCipher("-Djava.library.path=" + directory).contains(
+                "Looked for: " + directory + "/libplatwificrypt.so (no such file). "));
+    }
+
     private static void assertExplained(String output, String places) {
         assertTrue(output.startsWith(
                 "java.lang.UnsatisfiedLinkError: cannot load the Wi-Fi library: "), output);
@@ -75,11 +98,20 @@ class NativeLibraryTest {
     }
 
     private String probe(String... options) throws IOException, InterruptedException {
+        return run(List.of(NativeLibraryProbe.class.getName()), options);
+    }
+
+    private String probeCipher(String... options) throws IOException, InterruptedException {
+        return run(List.of(NativeLibraryProbe.class.getName(), "cipher"), options);
+    }
+
+    private String run(List<String> program, String... options)
+            throws IOException, InterruptedException {
         List<String> command = new ArrayList<>();
         command.add(Path.of(System.getProperty("java.home"), "bin", "java").toString());
         command.addAll(List.of("-Xcheck:jni", "-cp", System.getProperty("java.class.path")));
         command.addAll(List.of(options));
-        command.add(NativeLibraryProbe.class.getName());
+        command.addAll(program);
         Process child = new ProcessBuilder(command)
                 .directory(directory.toFile()).redirectErrorStream(true).start();
         String output = new String(child.getInputStream().readAllBytes(), StandardCharsets.UTF_8);
