@@ -19,6 +19,7 @@ class WifiUtil;
 
 namespace platwifi {
 class ReplyLines;
+enum class ListMark;
 bool refreshSettings() noexcept;
 } // namespace platwifi
 
@@ -185,7 +186,9 @@ private:
     void followStatusSsid(const char* ssid) noexcept;
     void settleStatus() noexcept;
     bool followList(const platwifi::ReplyLines& lines);
-    bool followListLines(const platwifi::ReplyLines& lines, WifiNetwork& network) noexcept;
+    bool followListLines(const platwifi::ReplyLines& lines, WifiNetwork& network,
+                         bool isNumbered) noexcept;
+    void followMark(platwifi::ListMark mark, WifiNetwork& network) noexcept;
     bool moveTo(WifiNetwork* network) noexcept;
     void leaveNetwork(const char* ssid) noexcept;
     void leaveIdleNetwork() noexcept;

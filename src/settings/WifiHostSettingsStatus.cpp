@@ -66,30 +66,36 @@ bool WifiHostSettings::refreshDatabaseNetworksStatus() noexcept {
 // After a save the numbers in memory may be old ones: this list tells the new ones as well.
 bool WifiHostSettings::followList(const ReplyLines& lines) {
     UnnumberedNetworks unnumbered;
-    if (numbersAreStale)
+    if (numbersAreStale) {
         takeNumbers(lines, *networkList, unnumbered);
+        numbersAreStale = !unnumbered.empty();
+    }
     for (WifiNetwork* network = networkList->getHead(); network; network = network->getNext()) {
-        if (unnumbered.count(network) == 0 && !followListLines(lines, *network))
+        if (!followListLines(lines, *network, unnumbered.count(network) == 0))
             return false;
     }
     return true;
 }
 
-bool WifiHostSettings::followListLines(const ReplyLines& lines, WifiNetwork& network) noexcept {
+// No line is that of a network without a number, yet each has to have a first field.
+bool WifiHostSettings::followListLines(const ReplyLines& lines, WifiNetwork& network,
+                                       bool isNumbered) noexcept {
     for (unsigned int i = 0; i < lines.count; ++i) {
         const char* const line = lines.data()[i];
         LineFields fields(line, "\t ");
         const char* const number = fields.next();
         if (!number)
             return false;
-        if (decimalOf(number) != network.getNetworkId())
-            continue;
-        const ListMark mark = markIn(line);
-        setMarkedStatus(network, mark);
-        if (mark == ListMark::CURRENT)
-            moveTo(&network);
+        if (isNumbered && decimalOf(number) == network.getNetworkId())
+            followMark(markIn(line), network);
     }
     return true;
+}
+
+void WifiHostSettings::followMark(platwifi::ListMark mark, WifiNetwork& network) noexcept {
+    setMarkedStatus(network, mark);
+    if (mark == ListMark::CURRENT)
+        moveTo(&network);
 }
 
 WifiNetwork* WifiHostSettings::getCurrentNetwork(const char* iface) noexcept {

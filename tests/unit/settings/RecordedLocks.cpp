@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <pthread.h>
 #include <thread>
 
@@ -46,6 +48,15 @@ SettingsMutexes::SettingsMutexes(WifiHostSettings& settings) {
     EXPECT_EQ(events.size(), all.size());
     for (std::size_t i = 0; i < all.size() && i < events.size(); ++i)
         all[i] = events[i].mutex;
+}
+
+LockEvents SettingsMutexes::among(const LockEvents& events) const {
+    LockEvents found;
+    std::copy_if(events.begin(), events.end(), std::back_inserter(found),
+                 [this](const auto& event) {
+                     return std::find(all.begin(), all.end(), event.mutex) != all.end();
+                 });
+    return found;
 }
 
 void SettingsMutexes::unlockNetworks() const {

@@ -31,6 +31,9 @@ struct SettingsMutexes {
     LockEvents taking() const { return {{true, all[0]}, {true, all[1]}, {true, all[2]}}; }
     LockEvents givingBack() const { return {{false, all[2]}, {false, all[1]}, {false, all[0]}}; }
 
+    /// What was asked of these mutexes, without that of any other.
+    LockEvents among(const LockEvents& events) const;
+
     /// Gives back one lock of the networks alone, for which the settings offer no way.
     void unlockNetworks() const;
 

@@ -1,0 +1,28 @@
+#include "MissingWifiUtil.h"
+
+class WifiUtil;
+
+namespace test {
+namespace {
+
+bool isMissing = false;
+
+} // namespace
+
+// The linker puts this in the place of WifiUtil::getInstance().
+WifiUtil* getInstance() __asm__("__wrap__ZN8WifiUtil11getInstanceEv");
+WifiUtil* realInstance() __asm__("__real__ZN8WifiUtil11getInstanceEv");
+
+WifiUtil* getInstance() {
+    return isMissing ? nullptr : realInstance();
+}
+
+MissingWifiUtil::MissingWifiUtil() {
+    isMissing = true;
+}
+
+MissingWifiUtil::~MissingWifiUtil() {
+    isMissing = false;
+}
+
+} // namespace test
