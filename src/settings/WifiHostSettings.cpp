@@ -159,6 +159,7 @@ void WifiHostSettings::forgetState() noexcept {
     currentNetwork = nullptr;
     lastStatusRefresh = 0;
     numbersAreStale = false;
+    knownSsids.clear();
 }
 
 // What is left is an instance without networks, adapters and refresh thread. The caller holds the

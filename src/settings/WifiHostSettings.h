@@ -220,4 +220,5 @@ private:
 
     /// Whether the supplicant may have numbered its networks anew since their numbers were read.
     bool numbersAreStale;
+    platwifi::KnownSsids knownSsids; ///< while they are stale: the supplicant's names for networks
 };

@@ -68,6 +68,7 @@ bool WifiHostSettings::removeNetwork(const char* iface, const char* ssid) noexce
         !util->removeNetwork(iface, network->getNetworkId()))
         return false;
     leaveNetwork(ssid);
+    knownSsids.erase(network);
     networkList->removeNetworkFromList(ssid);
     return true;
 }
@@ -155,7 +156,7 @@ void WifiHostSettings::leaveNetwork(const char* ssid) noexcept {
 bool WifiHostSettings::confirmNumbers(WifiUtil& util, UnnumberedNetworks& unnumbered) {
     if (!numbersAreStale || !networkList || !networkList->getHead())
         return true;
-    if (!platwifi::confirmNumbers(util, adapterName(), *networkList, unnumbered))
+    if (!platwifi::confirmNumbers(util, adapterName(), *networkList, knownSsids, unnumbered))
         return false;
     numbersAreStale = !unnumbered.empty();
     return true;

@@ -85,6 +85,8 @@ int WifiHostSettings::saveNetworkSettings() noexcept {
         return 0;
     reloadConfigurations(*util, names);
     numbersAreStale = numbersAreStale || !wasValid;
+    if (numbersAreStale)
+        knownSsids = knownAfterSave(*networkList, knownSsids);
     if (watchdog)
         watchdog->sendSaveSettingsSignal();
     networkList->validateDatabase();

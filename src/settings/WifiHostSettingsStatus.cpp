@@ -67,7 +67,7 @@ bool WifiHostSettings::refreshDatabaseNetworksStatus() noexcept {
 bool WifiHostSettings::followList(const ReplyLines& lines) {
     UnnumberedNetworks unnumbered;
     if (numbersAreStale) {
-        takeNumbers(lines, *networkList, unnumbered);
+        takeNumbers(lines, *networkList, knownSsids, unnumbered);
         numbersAreStale = !unnumbered.empty();
     }
     for (WifiNetwork* network = networkList->getHead(); network; network = network->getNext()) {

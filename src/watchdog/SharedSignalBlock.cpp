@@ -7,6 +7,18 @@
 static_assert(std::is_standard_layout_v<SharedSignalBlock>);
 static_assert(sizeof(platform::SharedCondition) <= sizeof(pthread_cond_t));
 
+namespace {
+
+// One that cannot be mended is not held any more, by anybody.
+int usable(PlatformMutex& mutex) noexcept {
+    const int error = PlatformUtil::makeMutexConsistent(&mutex);
+    if (error != 0)
+        PlatformUtil::unlockMutex(&mutex);
+    return error;
+}
+
+} // namespace
+
 bool SharedSignalBlock::setUp(void* memory) noexcept {
     auto* const block = static_cast<SharedSignalBlock*>(memory);
     if (PlatformUtil::createSharedMutex(&block->blockMutex, true) != 0 ||
@@ -108,7 +120,7 @@ int SharedSignalBlock::mended(int error) noexcept {
     if (error != EOWNERDEAD)
         return error;
     raiseForTheDead();
-    return PlatformUtil::makeMutexConsistent(&blockMutex);
+    return usable(blockMutex);
 }
 
 int SharedSignalBlock::signalMended(int error) noexcept {
@@ -118,5 +130,5 @@ int SharedSignalBlock::signalMended(int error) noexcept {
         raiseForTheDead();
         unlock();
     }
-    return PlatformUtil::makeMutexConsistent(&signalMutex);
+    return usable(signalMutex);
 }

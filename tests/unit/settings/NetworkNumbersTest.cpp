@@ -36,12 +36,13 @@ protected:
         standIn.reset();
         standIn.on({"-iwlan0", "list_networks"}).prints("header\n" + lines).exits(status);
         unnumbered.clear();
-        return platwifi::confirmNumbers(util, "wlan0", list, unnumbered);
+        return platwifi::confirmNumbers(util, "wlan0", list, known, unnumbered);
     }
 
     test::StandIn standIn;
     WifiUtil util;
     WifiNetworkList list;
+    platwifi::KnownSsids known;
     UnnumberedNetworks unnumbered;
 };
 
@@ -99,8 +100,8 @@ TEST_F(NetworkNumbers, StayWhenTheSupplicantDoesNotAnswer) {
     const WifiNetwork* const home = add("home");
     EXPECT_FALSE(confirm("0\thome\tany\t\n", 255));
     EXPECT_EQ(home->getNetworkId(), BEFORE);
-    EXPECT_FALSE(platwifi::confirmNumbers(util, nullptr, list, unnumbered));
-    EXPECT_FALSE(platwifi::confirmNumbers(util, "fourteen-chars", list, unnumbered));
+    EXPECT_FALSE(platwifi::confirmNumbers(util, nullptr, list, known, unnumbered));
+    EXPECT_FALSE(platwifi::confirmNumbers(util, "fourteen-chars", list, known, unnumbered));
 }
 
 TEST_F(NetworkNumbers, AreFoundBehindTheLinesThatLoadingReads) {
@@ -110,6 +111,29 @@ TEST_F(NetworkNumbers, AreFoundBehindTheLinesThatLoadingReads) {
     const WifiNetwork* const last = add("network 254");
     ASSERT_TRUE(confirm(lines));
     EXPECT_EQ(last->getNetworkId(), 254);
+}
+
+TEST_F(NetworkNumbers, AreFoundByTheSsidThatTheSupplicantKnows) {
+    WifiNetwork* const renamed = add("home");
+    known[renamed] = "home";
+    renamed->setSsid("new home");
+    const WifiNetwork* const other = add("work");
+    ASSERT_TRUE(confirm("0\twork\tany\t\n1\thome\tany\t\n2\tnew home\tany\t\n"));
+    EXPECT_EQ(renamed->getNetworkId(), 1);
+    EXPECT_EQ(other->getNetworkId(), 0);
+    EXPECT_THAT(unnumbered, IsEmpty());
+}
+
+TEST_F(NetworkNumbers, AreKnownAfterASaveByTheSsidsThatWereWritten) {
+    WifiNetwork* const written = add("home");
+    written->cleanDirtyFields();
+    WifiNetwork* const waiting = add("work");
+    WifiNetwork* const unknown = add("cafe");
+    add("gone");
+    const platwifi::KnownSsids before{{written, "old home"}, {waiting, "old work"}};
+    EXPECT_EQ(platwifi::knownAfterSave(list, before),
+              (platwifi::KnownSsids{{written, "home"}, {waiting, "old work"}}))
+        << "nothing is known of " << unknown->getSsid();
 }
 
 } // namespace

@@ -122,4 +122,27 @@ TEST_F(SaveWithStaleNumbers, StaysStaleThroughASaveThatWritesNoField) {
     EXPECT_THAT(standIn.calls(), ElementsAre(LIST, wlan0({"select", "1"})));
 }
 
+TEST_F(SaveWithStaleNumbers, FindsANetworkThatWasRenamedSince) {
+    makeStale();
+    scriptList({"work", "train"});
+    network("train").setSsid("tram");
+    EXPECT_THAT(saveGiving(1),
+                ElementsAre(LIST, wlan0({"set_network", "1", "ssid", "\"tram\""}), SAVE, REREAD));
+}
+
+// Its memory may be that of the next one.
+TEST_F(SaveWithStaleNumbers, ForgetsTheSsidOfANetworkThatIsRemoved) {
+    makeStale();
+    scriptList({"work", "train"});
+    ASSERT_TRUE(settings->removeNetwork("wlan0", "train"));
+    ASSERT_EQ(save(), 1);
+    standIn.reset();
+    standIn.on({"-iwlan0", "add_network"}).prints("1\n");
+    standIn.on({"-iwlan0", "list_networks"}).prints("header\n0\twork\tany\t\n1\tbus\tany\t\n");
+    standIn.on({"*"}).prints("OK\n");
+    ASSERT_TRUE(settings->addNetwork("wlan0", "bus"));
+    EXPECT_TRUE(settings->connectNetwork("wlan0", "bus"));
+    EXPECT_EQ(standIn.calls().back(), wlan0({"select", "1"}));
+}
+
 } // namespace
