@@ -14,6 +14,10 @@ namespace {
 
 constexpr unsigned char ADAPTERS = 2;
 
+char** newList(unsigned char capacity) {
+    return new char* [capacity] {};
+}
+
 void freeList(char** list, unsigned char capacity) {
     for (unsigned char i = 0; i < capacity; ++i)
         delete[] list[i];
@@ -57,7 +61,7 @@ int discoverNetworks(ErrorHandler* /*errors*/, const char* iface, char*** listOu
     WifiUtil* const util = WifiUtil::getInstance();
     if (!util || !listOut || !count || !util->scanNetworks(iface))
         return 0;
-    *listOut = new char* [capacity] {};
+    *listOut = newList(capacity);
     if (util->discoverNetworks(iface, *listOut, capacity, count))
         return 1;
     freeList(*listOut, capacity);

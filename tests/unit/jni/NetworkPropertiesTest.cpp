@@ -77,9 +77,9 @@ bool isWrittenBack(const std::string& field) {
 }
 
 /// A network in which everything is set, and clean.
-class NetworkProperties : public test::KeyWorld {
+class FullNetwork {
 protected:
-    NetworkProperties() {
+    FullNetwork() {
         for (const test::TextRow& row : test::textRows())
             (network.*row.set)("old");
         for (const test::NumberRow& row : test::numberRows())
@@ -112,6 +112,9 @@ protected:
     WifiNetwork network;
     ErrorHandler errors;
 };
+
+class NetworkProperties : public FullNetwork, public testing::Test {};
+class SecretProperties : public FullNetwork, public test::KeyWorld {};
 
 TEST_F(NetworkProperties, TakeTheNumberThatAValueBeginsWith) {
     const struct {
@@ -181,7 +184,7 @@ TEST_F(NetworkProperties, TakeABssidAsItStands) {
     EXPECT_THAT(dirty(), ElementsAre("bssid"));
 }
 
-TEST_F(NetworkProperties, DecipherASecret) {
+TEST_F(SecretProperties, DecipherASecret) {
     for (const Property& property : SECRETS) {
         SCOPED_TRACE(property.name);
         network.cleanDirtyFields();
@@ -193,7 +196,7 @@ TEST_F(NetworkProperties, DecipherASecret) {
     }
 }
 
-TEST_F(NetworkProperties, ClearASecretWithoutACipher) {
+TEST_F(SecretProperties, ClearASecretWithoutACipher) {
     putKey("too short");
     for (const Property& property : SECRETS) {
         SCOPED_TRACE(property.name);
@@ -210,7 +213,7 @@ TEST_F(NetworkProperties, ClearASecretWithNull) {
                     ElementsAre(std::string(property.field) + "=null"));
 }
 
-TEST_F(NetworkProperties, LeaveASecretThatDoesNotDecipherAndReportIt) {
+TEST_F(SecretProperties, LeaveASecretThatDoesNotDecipherAndReportIt) {
     for (const Property& property : SECRETS) {
         SCOPED_TRACE(property.name);
         errors.clearError();

@@ -21,9 +21,9 @@ using Texts = std::vector<const char*>;
 
 namespace {
 
-class ServiceParameters : public test::KeyWorld {
+class LoadedNetworks {
 protected:
-    ServiceParameters() : settings(&loaded.load("0\thome\tany\t\n1\twork\tany\t\n")) {
+    LoadedNetworks() : settings(&loaded.load("0\thome\tany\t\n1\twork\tany\t\n")) {
         network().cleanDirtyFields();
     }
 
@@ -39,6 +39,9 @@ protected:
     WifiHostSettings* settings;
     ErrorHandler errors;
 };
+
+class ServiceParameters : public LoadedNetworks, public testing::Test {};
+class SecretParameters : public LoadedNetworks, public test::KeyWorld {};
 
 TEST_F(ServiceParameters, ChangeTheNetworkInMemoryOnly) {
     EXPECT_EQ(set({"channel", "priority", "eapIdentity"}, {"11", "300", "me"}), 1);
@@ -57,7 +60,7 @@ TEST_F(ServiceParameters, ApplyThemInOrder) {
     EXPECT_EQ(network().getGroupCiphers(), 8U);
 }
 
-TEST_F(ServiceParameters, GoOnBehindOneThatIsSkippedOrFails) {
+TEST_F(SecretParameters, GoOnBehindOneThatIsSkippedOrFails) {
     network().setPsk("before");
     EXPECT_EQ(set({"nonsense", nullptr, "psk", "ssid", "SSID", "", "index", "priority"},
                   {"1", "2", "in plain", "villa", "villa", "3", "9", "4"}),
@@ -69,7 +72,7 @@ TEST_F(ServiceParameters, GoOnBehindOneThatIsSkippedOrFails) {
     EXPECT_EQ(settings->getNetwork("wlan0", "villa"), nullptr);
 }
 
-TEST_F(ServiceParameters, DecipherSecrets) {
+TEST_F(SecretParameters, DecipherSecrets) {
     EXPECT_EQ(set({"psk"}, {test::encrypted("correct horse").text->c_str()}), 1);
     EXPECT_STREQ(network().getPsk(), "correct horse");
     EXPECT_EQ(set({"psk"}, {""}), 1);

@@ -24,8 +24,8 @@ package com.quorvel.platwifi;
  * <p>Text that is not UTF-8, such as the bytes of an old SSID, stays whole: a byte NN of no valid
  * character is the lone surrogate U+DCNN.
  *
- * <p>Secrets cross this interface enciphered, WEP keys in plain; {@link PlatformCrypt} enciphers and
- * deciphers them.
+ * <p>Secrets cross this interface enciphered, WEP keys in plain; {@link PlatformCrypt} enciphers
+ * and deciphers them.
  *
  * <h2>Codes</h2>
  *

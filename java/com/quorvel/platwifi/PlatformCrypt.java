@@ -3,9 +3,9 @@ package com.quorvel.platwifi;
 import java.util.Objects;
 
 /**
- * Enciphers and deciphers secrets as they cross the interface of {@link BWifiPlatformService}: what
- * {@link #encrypt} gives is what {@code setPreSharedKey0} and the setters of the other secrets take, and
- * {@link #decrypt} reads what their getters give.
+ * Enciphers and deciphers secrets as they cross the interface of {@link BWifiPlatformService}:
+ * what {@link #encrypt} gives is what {@code setPreSharedKey0} and the setters of the other secrets
+ * take, and {@link #decrypt} reads what their getters give.
  *
  * <p>The key is this device's, in a file of the calling user that the first {@link #encrypt} makes:
  * the file that the environment variable {@code PLATFORM_KEY_FILE} names, else for root
@@ -25,12 +25,12 @@ public final class PlatformCrypt {
     /**
      * Enciphers a secret; each call gives another text.
      *
-     * @param plain at most 1 MiB in UTF-8, may be empty. A lone surrogate U+DCNN stands for the byte
-     *     NN, as everywhere here
+     * @param plain at most 1 MiB in UTF-8, may be empty. A lone surrogate U+DCNN stands for the
+     *     byte NN, as everywhere here
      * @return printable ASCII
      * @throws NullPointerException without a text
-     * @throws IllegalArgumentException for a text that would not come back as it is: one with U+0000
-     *     or with half of a surrogate pair that stands for no byte
+     * @throws IllegalArgumentException for a text that would not come back as it is: one with
+     *     U+0000 or with half of a surrogate pair that stands for no byte
      * @throws RuntimeException where the cipher or its key cannot be used: the message names the
      *     cause and the next step
      */

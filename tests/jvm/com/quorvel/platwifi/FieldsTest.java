@@ -21,8 +21,8 @@ import java.util.List;
 /** Fields of one network: read, changed in memory, and written by a save. */
 class FieldsTest {
     private static final String[] TEXTS = {
-        "plain", "Café", "e\u0301", "网络", "😀\uD83D\uDC69\u200D\uD83D\uDCBB", "caf\uDCE9 \uDCFF\uDC80",
-        "a\"b\\c", " ", "x".repeat(1000),
+        "plain", "Café", "e\u0301", "网络", "😀\uD83D\uDC69\u200D\uD83D\uDCBB",
+        "caf\uDCE9 \uDCFF\uDC80", "a\"b\\c", " ", "x".repeat(1000),
     };
 
     @BeforeEach
@@ -72,7 +72,8 @@ class FieldsTest {
         }
         assertTrue(set(setter, "caf\uDCE9 网"));
         String value = StandIn.recorded("caf\uDCE9 网");
-        assertTrue(saved().contains(key + (key.equals("bssid") ? " " + value : " \"" + value + "\"")));
+        String sent = key.equals("bssid") ? value : "\"" + value + "\"";
+        assertTrue(saved().contains(key + " " + sent));
         assertTrue(set(setter, ""));
         assertEquals("", ofHome(getter));
         assertTrue(set(setter, "x"));
@@ -105,7 +106,8 @@ class FieldsTest {
         "setNetworkMode0, getNetworkMode0, 257, 1, mode 1",
         "setNetworkMode0, getNetworkMode0, -1, 255, mode 255",
     })
-    void aNumberIsChangedReadAndSaved(String setter, String getter, int given, int read, String sent) {
+    void aNumberIsChangedReadAndSaved(String setter, String getter, int given, int read,
+            String sent) {
         assertTrue(set(setter, given));
         assertFalse(set(setter, given), "the same again");
         assertEquals(read, ofHome(getter));

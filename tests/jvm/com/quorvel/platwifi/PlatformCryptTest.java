@@ -33,7 +33,8 @@ class PlatformCryptTest {
     @ParameterizedTest
     @ValueSource(strings = {
         "", "a", "correct horse battery staple", "Café", "e\u0301", "网络密码", "😀👩\u200D💻",
-        "caf\uDCE9", "\uDC80\uDCFF\uDCFE", "\u0001\n\t\u007f", " ", "crypt1:AAAA", "\u202Eleft", "\uFFFD",
+        "caf\uDCE9", "\uDC80\uDCFF\uDCFE", "\u0001\n\t\u007f", " ", "crypt1:AAAA",
+        "\u202Eleft", "\uFFFD",
     })
     void anyTextComesBack(String plain) {
         String enciphered = encrypt(plain);
@@ -56,7 +57,9 @@ class PlatformCryptTest {
 
     /** Their bytes would come back as something else. */
     @ParameterizedTest
-    @ValueSource(strings = {"a\0b", "\0", "\uD800", "\uDBFFx", "\uDC00", "\uDC7F", "\uDD00", "\uDFFF"})
+    @ValueSource(strings = {
+        "a\0b", "\0", "\uD800", "\uDBFFx", "\uDC00", "\uDC7F", "\uDD00", "\uDFFF",
+    })
     void whatCannotComeBackIsRefused(String plain) {
         Exception error = assertThrows(IllegalArgumentException.class, () -> encrypt(plain));
         assertFalse(error.getMessage().contains(plain));
@@ -69,7 +72,9 @@ class PlatformCryptTest {
     }
 
     @ParameterizedTest
-    @ValueSource(strings = {"", "hush", "crypt1:", "crypt1:AAAA", "crypt1:hush hush", "crypt1:网", "\uD800"})
+    @ValueSource(strings = {
+        "", "hush", "crypt1:", "crypt1:AAAA", "crypt1:hush hush", "crypt1:网", "\uD800",
+    })
     void whatIsNotEncipheredIsRefused(String text) {
         encrypt("there is a key");
         assertExplained("not an enciphered text", () -> decrypt(text));

@@ -63,8 +63,8 @@ class SecretsTest {
     void theSupplicantGetsItInPlain(String secret, String key) {
         assertTrue(write(secret, "caf\uDCE9 horse"));
         assertTrue(BWifiPlatformService.saveHostSettings0());
-        assertEquals("-iwlan0 set_network 0 " + key + " \"" + StandIn.recorded("caf\uDCE9 horse") + "\"",
-                StandIn.calls().get(0));
+        String sent = StandIn.recorded("caf\uDCE9 horse");
+        assertEquals("-iwlan0 set_network 0 " + key + " \"" + sent + "\"", StandIn.calls().get(0));
     }
 
     @EachSecret
@@ -95,7 +95,8 @@ class SecretsTest {
     void aTextThatDoesNotDecipherIsAnExceptionAndTheOldValueStays(String secret, String key) {
         write(secret, "hush");
         for (String wrong : new String[] {"in plain", "crypt1:", "crypt9:AAAA", "网络", "\uD800"}) {
-            Exception error = assertThrows(RuntimeException.class, () -> set("set" + secret, wrong));
+            Exception error = assertThrows(RuntimeException.class,
+                    () -> set("set" + secret, wrong));
             assertFalse(error.getMessage().isEmpty());
             assertFalse(error.getMessage().contains("in plain"), error.getMessage());
             assertEquals("hush", read(secret));
@@ -103,7 +104,7 @@ class SecretsTest {
     }
 
     @EachSecret
-    void anotherNetworkHasItsOwn(String secret, String key) throws Exception {
+    void anotherNetworkHasItsOwn(String secret, String key) {
         Natives.load(new StandIn(), Natives.HOME, "1\twork\tany\t");
         write(secret, "hush");
         assertNull(Natives.call(Natives.named("get" + secret), "wlan0", "work"));
