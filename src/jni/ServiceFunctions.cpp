@@ -1,12 +1,11 @@
 #include "jni/ServiceFunctions.h"
 
+#include "TextCopy.h"
 #include "jni/LockedSettings.h"
 #include "jni/NetworkProperties.h"
 #include "model/WifiNetwork.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
-
-#include <cstring>
 
 using namespace platwifi;
 
@@ -24,16 +23,9 @@ void freeList(char** list, unsigned char capacity) {
     delete[] list;
 }
 
-char* copyOf(const char* text) {
-    if (!text)
-        return nullptr;
-    const std::size_t size = std::strlen(text) + 1;
-    return static_cast<char*>(std::memcpy(new char[size], text, size));
-}
-
 // Hands the caller a copy, or null for null. Returns whether there is a text.
 int handOver(const char* text, char** out) {
-    *out = copyOf(text);
+    *out = text ? copyOf(text) : nullptr;
     return text ? 1 : 0;
 }
 

@@ -26,11 +26,12 @@ bool goesOn(const std::string& line) {
 
 std::vector<std::string> wholeLines(const ReplyLines& reply) {
     std::vector<std::string> lines;
-    for (int i = 0; i < reply.count; ++i)
+    for (int i = 0; i < reply.count; ++i) {
         if (!lines.empty() && goesOn(lines.back()))
             lines.back() += reply.data()[i];
         else
             lines.emplace_back(reply.data()[i]);
+    }
     return lines;
 }
 

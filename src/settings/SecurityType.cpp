@@ -43,12 +43,17 @@ constexpr unsigned int WPA_PSK = COMMON_ATTRIBUTES | KEY_MGMT_ATTRIBUTE | PSK_AT
 constexpr unsigned int WPA2_PSK = COMMON_ATTRIBUTES | PSK_ATTRIBUTE; // its readers know the rest
 
 // The first that applies counts.
+// clang-format off
 constexpr SecurityType TYPES[] = {
-    {ANY_PROTOCOL, isOpen, "none", 0},        {ANY_PROTOCOL, hasDynamicWep, "wep", DYNAMIC_WEP},
-    {ANY_PROTOCOL, hasWep, "wep", WEP},       {PROTOCOL_WPA, agreesByPsk, "wpa_psk", WPA_PSK},
-    {PROTOCOL_WPA, agreesByEap, "wpa", EAP},  {PROTOCOL_RSN, agreesByPsk, "wpa2_psk", WPA2_PSK},
-    {PROTOCOL_RSN, agreesByEap, "wpa2", EAP},
+    {"none", isOpen, ANY_PROTOCOL, 0},
+    {"wep", hasDynamicWep, ANY_PROTOCOL, DYNAMIC_WEP},
+    {"wep", hasWep, ANY_PROTOCOL, WEP},
+    {"wpa_psk", agreesByPsk, PROTOCOL_WPA, WPA_PSK},
+    {"wpa", agreesByEap, PROTOCOL_WPA, EAP},
+    {"wpa2_psk", agreesByPsk, PROTOCOL_RSN, WPA2_PSK},
+    {"wpa2", agreesByEap, PROTOCOL_RSN, EAP},
 };
+// clang-format on
 
 } // namespace
 

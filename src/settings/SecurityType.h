@@ -15,9 +15,9 @@ enum ConfigurationAttributes : unsigned int {
 
 /// A kind of security that a network can be configured with.
 struct SecurityType {
-    unsigned int protocols; ///< exactly these
-    bool (*applies)(const WifiNetwork&);
     const char* name;
+    bool (*applies)(const WifiNetwork&);
+    unsigned int protocols;  ///< exactly these
     unsigned int attributes; ///< a set of ConfigurationAttributes; 0: nothing to configure
 };
 

@@ -193,6 +193,10 @@ private:
     void leaveNetwork(const char* ssid) noexcept;
     void leaveIdleNetwork() noexcept;
 
+    // Saving. False when the supplicant did not answer, or could not save.
+    bool writeChanges(WifiUtil& util, bool& wrote);
+    bool saveConfiguration(WifiUtil& util);
+
     // To be asked, with lockSettings(), before a command that names a network by its number. Costs a
     // command only when the numbers are stale.
 

@@ -1,5 +1,6 @@
 // What is done with one network, or with all, at the supplicant and in memory at once.
 
+#include "TextCopy.h"
 #include "model/HasSsid.h"
 #include "model/WifiNetworkList.h"
 #include "platform/MutexGuard.h"
@@ -11,21 +12,12 @@
 #include "supplicant/WifiUtil.h"
 #include "watchdog/WifiHostSettingsWatchdog.h"
 
-#include <cstring>
-
 using namespace platwifi;
 
 namespace {
 
 constexpr unsigned char MAX_ADAPTERS = 2;
 constexpr unsigned char NO_NUMBER = 0; // for commands that name no network
-
-char* copyOf(const char* text) {
-    const std::size_t size = std::strlen(text) + 1;
-    char* const copy = new char[size];
-    std::memcpy(copy, text, size);
-    return copy;
-}
 
 // Not added when the list has a network like it; it is freed then.
 void addTo(WifiNetworkList& list, std::unique_ptr<WifiNetwork> network) {
@@ -110,9 +102,10 @@ bool WifiHostSettings::roamNetworks(const char* iface) noexcept {
         !util->disconnectFromNetwork(iface, NO_NUMBER))
         return false;
     const WifiNetwork* network = networkList ? networkList->getHead() : nullptr;
-    for (; network; network = network->getNext())
+    for (; network; network = network->getNext()) {
         if (unnumbered.count(network) == 0)
             util->setNetworkValue(iface, network->getNetworkId(), "disabled", "0");
+    }
     return util->forceReassociation(iface);
 }
 

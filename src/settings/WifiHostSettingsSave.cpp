@@ -73,22 +73,34 @@ int WifiHostSettings::saveNetworkSettings() noexcept {
         return 0;
     if (!networkList)
         return 1;
+    bool wrote = false;
+    if (!writeChanges(*util, wrote))
+        return 0;
+    if (!wrote && networkList->isValid())
+        return 1;
+    return saveConfiguration(*util) ? 1 : 0;
+}
+
+bool WifiHostSettings::writeChanges(WifiUtil& util, bool& wrote) {
     const Networks changed = changedOf(*networkList);
     UnnumberedNetworks unnumbered;
-    if (!changed.empty() && !confirmNumbers(*util, unnumbered))
-        return 0;
-    const bool wasValid = networkList->isValid();
-    if (!saveNetworks(*util, adapterName(), changed, unnumbered) && wasValid)
-        return 1;
+    if (!changed.empty() && !confirmNumbers(util, unnumbered))
+        return false;
+    wrote = saveNetworks(util, adapterName(), changed, unnumbered);
+    return true;
+}
+
+// A list that has got or lost networks is counted anew by the supplicant when it reads its file.
+bool WifiHostSettings::saveConfiguration(WifiUtil& util) {
     const Names names = namesOf(adapterNames.get());
-    if (!saveConfigurations(*util, names))
-        return 0;
-    reloadConfigurations(*util, names);
-    numbersAreStale = numbersAreStale || !wasValid;
+    if (!saveConfigurations(util, names))
+        return false;
+    reloadConfigurations(util, names);
+    numbersAreStale = numbersAreStale || !networkList->isValid();
     if (numbersAreStale)
         knownSsids = knownAfterSave(*networkList, knownSsids);
     if (watchdog)
         watchdog->sendSaveSettingsSignal();
     networkList->validateDatabase();
-    return 1;
+    return true;
 }

@@ -1,13 +1,12 @@
 // What the supplicant is asked: adapters, networks, scan results and status.
 
+#include "TextCopy.h"
 #include "model/WifiTypes.h"
 #include "platform/PlatformUtil.h"
 #include "supplicant/ClientCommand.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/StatusReply.h"
 #include "supplicant/WifiUtil.h"
-
-#include <cstring>
 
 using namespace platwifi;
 
@@ -37,12 +36,7 @@ struct LineSink {
     bool isUsable() const { return out && count; }
     bool isFull() const { return *count >= max; }
 
-    void add(const char* line) {
-        const std::size_t size = std::strlen(line) + 1;
-        char* copy = new char[size];
-        std::memcpy(copy, line, size);
-        out[(*count)++] = copy;
-    }
+    void add(const char* line) { out[(*count)++] = copyOf(line); }
 };
 
 void readEntries(ResultFile& result, const ListQuery& query, bool stamped, LineSink sink) {
