@@ -9,8 +9,8 @@ import java.util.regex.Pattern;
 /**
  * What the supplicant is doing, and for which network.
  *
- * <p>It is asked through its client. The library will tell this itself, by {@code getDaemonStatus0}
- * and {@code getCurrentNetwork0}; then this class goes.
+ * <p>It is asked through its own client, and not by {@code getDaemonStatus0}: that a connection is
+ * complete shall be the supplicant's word, not that of the library which the demo shows.
  */
 final class SupplicantState {
     private static final String COMPLETED = "COMPLETED";
