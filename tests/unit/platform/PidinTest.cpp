@@ -9,7 +9,6 @@
 #include <sstream>
 #include <string>
 #include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -84,11 +83,15 @@ TEST(Pidin, NeedsNoArguments) {
     EXPECT_NE(lineOf(listing, getpid()), "");
 }
 
-// The system lets go of who started a program a moment before it tells the program's arguments.
-void awaitArguments(int process) {
+// The system lets go of who started a program a moment before it tells the program's arguments, and
+// may tell none in between.
+void awaitArguments(int process, const std::string& last) {
     const std::string path = "/proc/" + std::to_string(process) + "/cmdline";
-    while (std::ifstream(path).peek() == std::ifstream::traits_type::eof())
-        std::this_thread::yield();
+    std::string text;
+    while (text.find(last) == std::string::npos) {
+        std::ifstream file(path, std::ios::binary);
+        text.assign(std::istreambuf_iterator<char>(file), {});
+    }
 }
 
 TEST(Pidin, KeepsAProcessOnOneLine) {
@@ -101,7 +104,7 @@ TEST(Pidin, KeepsAProcessOnOneLine) {
     const int child = Spawn::start("/bin/cat", arguments, output);
     dup2(kept, STDIN_FILENO);
     ASSERT_GT(child, 0);
-    awaitArguments(child);
+    awaitArguments(child, "forged");
     const Listing listing = pidin({"arg"});
     for (const int descriptor : {gate[0], gate[1], kept, output})
         close(descriptor);
