@@ -18,7 +18,7 @@ final class Checks {
     }
 
     static void check(String title, boolean isRight) {
-        check(title, isRight, () -> "");
+        check(title, isRight, () -> "no");
     }
 
     /** @param found what there is instead; without secrets */
@@ -43,9 +43,7 @@ final class Checks {
         System.out.printf("        %s: %.1f s%n", title, Wait.secondsSince(start));
     }
 
-    static boolean eventually(String title, BooleanSupplier condition, Supplier<String> found) {
-        boolean isRight = Wait.until(condition);
-        check(title, isRight, found);
-        return isRight;
+    static void eventually(String title, BooleanSupplier condition, Supplier<String> found) {
+        check(title, Wait.until(condition), found);
     }
 }

@@ -22,6 +22,8 @@ final class ConfiguredNetworks {
         ConfigurationFile.checkHolds("the file holds what was set", OPEN, PSK, HIDDEN, otherWep,
                 PEAP);
         Supplicant.restart();
+        Checks.equal("a supplicant that is started anew has them",
+                List.of(OPEN.ssid, PSK.ssid, HIDDEN.ssid, WEP.ssid, PEAP.ssid), Supplicant.ssids());
         oneFieldEdited();
         for (Network network : List.of(PEAP, WEP, HIDDEN, PSK, OPEN))
             Wifi.checkConnects(network);
@@ -46,8 +48,8 @@ final class ConfiguredNetworks {
                             "reconfigure"),
                     client.commands());
         }
-        ConfigurationFile.checkHolds("the file holds the edited field, too, and has survived a"
-                + " restart of the supplicant", OPEN, PSK, HIDDEN, WEP, PEAP);
+        ConfigurationFile.checkHolds("the file holds the edited field and all that was set before",
+                OPEN, PSK, HIDDEN, WEP, PEAP);
     }
 
     /** The supplicant numbers the others anew, from where the removed one was. */

@@ -66,7 +66,7 @@ final class Networks {
                 .secret(BWifiPlatformService::setEAPPassword0, "password", PASSWORD);
     }
 
-    /** @param certificate the client's; the key is enciphered, and so is the password given for it */
+    /** @param certificate the client's; its key is encrypted */
     static Network tls(String certificate) {
         return enterprise("TLS", TLS)
                 .text(BWifiPlatformService::setClientCertificate0, "client_cert",

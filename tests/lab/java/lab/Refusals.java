@@ -7,7 +7,7 @@ import com.quorvel.platwifi.PlatformCrypt;
 
 import java.util.Set;
 
-/** Secrets that are wrong and a file that is not there: no connection, and nothing else goes wrong. */
+/** Wrong secrets and a missing file: no connection, and nothing else goes wrong. */
 final class Refusals {
     private static final int ENABLED = 1;
     private static final int CONNECTING = 4;
@@ -31,12 +31,13 @@ final class Refusals {
 
     private static void checkIsRefused(String why, Network network, String reason) {
         Wifi.configure(network);
-        long before = Supplicant.logLines();
+        int before = Supplicant.logLines();
+        String pattern = ".*DISABLED.*" + reason + ".*";
         Checks.check(why + ": starts to connect", connectToNetwork0(WLAN, network.ssid));
         boolean[] wasCompleted = {false};
         Checks.eventually(why + ": is refused, " + reason, () -> {
             wasCompleted[0] |= getDaemonStatus0(WLAN) == Wifi.COMPLETED;
-            return Supplicant.hasLogged(before, line -> line.matches(".*DISABLED.*" + reason + ".*"));
+            return Supplicant.hasLogged(before, line -> line.matches(pattern));
         }, Supplicant::place);
         Checks.check(why + ": was never connected", !wasCompleted[0]);
         checkIsNotConnected(why, network);

@@ -6,6 +6,8 @@ import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.List;
 import java.util.function.Predicate;
+import java.util.stream.Collectors;
+import java.util.stream.Stream;
 
 /** The supplicant of wlan0, asked by a client of one's own: the library has no part in it. */
 final class Supplicant {
@@ -14,21 +16,24 @@ final class Supplicant {
     private Supplicant() {}
 
     static List<String> ask(String... words) {
-        String[] command = new String[words.length + 2];
-        command[0] = "wpa_cli";
-        command[1] = "-iwlan0";
-        System.arraycopy(words, 0, command, 2, words.length);
-        return Host.run(command);
+        return Host.run(Stream.concat(Stream.of("wpa_cli", "-i" + Wifi.WLAN), Stream.of(words))
+                .toArray(String[]::new));
     }
 
     static boolean isOn(String ssid) {
         return ask("status").containsAll(List.of("ssid=" + ssid, "wpa_state=COMPLETED"));
     }
 
+    /** Of the networks that it has, in its order. */
+    static List<String> ssids() {
+        return ask("list_networks").stream().skip(1).map(line -> line.split("\t")[1])
+                .collect(Collectors.toList());
+    }
+
     /** What of its status tells where it is; there are no secrets in it. */
     static String place() {
-        Predicate<String> tells = line -> line.matches("(ssid|id|wpa_state)=.*");
-        return String.join(" ", ask("status").stream().filter(tells).toArray(String[]::new));
+        return ask("status").stream().filter(line -> line.matches("(ssid|id|wpa_state)=.*"))
+                .collect(Collectors.joining(" "));
     }
 
     static void restart() {
@@ -51,12 +56,12 @@ final class Supplicant {
         ask("bssid_ignore", "clear");
     }
 
-    static long logLines() {
+    static int logLines() {
         return log().size();
     }
 
     /** Whether a line behind the first ones of the log says so. */
-    static boolean hasLogged(long first, Predicate<String> line) {
+    static boolean hasLogged(int first, Predicate<String> line) {
         return log().stream().skip(first).anyMatch(line);
     }
 
