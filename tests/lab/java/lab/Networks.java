@@ -41,7 +41,7 @@ final class Networks {
                 .secret(BWifiPlatformService::setPreSharedKey0, "psk", PASSPHRASE);
     }
 
-    /** The access point has the first key only: with this index it refuses. */
+    /** The access point has the first key only. */
     static Network wep(int index) {
         Network network = new Network("WEP, shared", "lab-wep")
                 .with(BWifiPlatformService::setKeyManagement0, NONE, "key_mgmt=NONE")
