@@ -1,0 +1,83 @@
+package lab;
+
+import java.io.IOException;
+import java.nio.file.Files;
+import java.nio.file.Path;
+import java.util.ArrayList;
+import java.util.List;
+import java.util.stream.Collectors;
+import java.util.stream.Stream;
+
+/** The supplicant's configuration file. Its networks are in order; the lines of each are sorted. */
+final class ConfigurationFile {
+    private static final Path PATH = Path.of(Host.variable("LAB_SUPPLICANT_CONF"));
+
+    /** What the supplicant writes of each network, set or not. */
+    private static final String ALWAYS_THERE = "mesh_fwding=1";
+
+    private ConfigurationFile() {}
+
+    static void checkHolds(String title, Network... networks) {
+        List<List<String>> wanted =
+                Stream.of(networks).map(Network::block).collect(Collectors.toList());
+        List<List<String>> found = blocks();
+        Checks.check(title, wanted.equals(found), () -> differences(wanted, found));
+    }
+
+    private static List<List<String>> blocks() {
+        List<List<String>> blocks = new ArrayList<>();
+        List<String> block = null;
+        for (String line : lines()) {
+            if (line.equals("network={"))
+                blocks.add(block = new ArrayList<>());
+            else if (line.equals("}"))
+                block = sortedAndEnded(block);
+            else if (block != null)
+                addSet(block, line.strip());
+        }
+        return blocks;
+    }
+
+    private static void addSet(List<String> block, String line) {
+        if (!line.equals(ALWAYS_THERE))
+            block.add(line);
+    }
+
+    private static List<String> sortedAndEnded(List<String> block) {
+        block.sort(null);
+        return null;
+    }
+
+    private static List<String> lines() {
+        try {
+            return Files.readAllLines(PATH);
+        } catch (IOException cause) {
+            throw new IllegalStateException(cause);
+        }
+    }
+
+    private static String differences(List<List<String>> wanted, List<List<String>> found) {
+        return "missing " + keysBeyond(wanted, found) + ", too much " + keysBeyond(found, wanted)
+                + "; " + found.size() + " networks where " + wanted.size() + " are wanted";
+    }
+
+    /** Without values: there are secrets among them. */
+    private static List<String> keysBeyond(List<List<String>> these, List<List<String>> those) {
+        List<String> beyond = named(these);
+        beyond.removeAll(named(those));
+        beyond.replaceAll(line -> line.replaceFirst("=.*", ""));
+        return beyond;
+    }
+
+    private static List<String> named(List<List<String>> blocks) {
+        List<String> named = new ArrayList<>();
+        for (List<String> block : blocks)
+            block.forEach(line -> named.add(ssid(block) + " " + line));
+        return named;
+    }
+
+    private static String ssid(List<String> block) {
+        return block.stream().filter(line -> line.startsWith("ssid=")).findFirst()
+                .orElse("none").replaceFirst("ssid=", "");
+    }
+}

@@ -1,0 +1,83 @@
+package lab;
+
+import static lab.Wifi.WLAN;
+
+import com.quorvel.platwifi.BWifiPlatformService;
+import com.quorvel.platwifi.PlatformCrypt;
+
+import java.util.ArrayList;
+import java.util.List;
+import java.util.stream.Collectors;
+import java.util.stream.Stream;
+
+/** A network to configure: what is set, and the line that it becomes in the configuration file. */
+final class Network {
+    interface TextSetter {
+        boolean set(String iface, String ssid, String value);
+    }
+
+    interface NumberSetter {
+        boolean set(String iface, String ssid, int value);
+    }
+
+    private interface Setting {
+        boolean make();
+    }
+
+    final String title;
+    final String ssid;
+
+    private final List<Setting> settings = new ArrayList<>();
+    private final List<String> lines = new ArrayList<>();
+
+    Network(String title, String ssid) {
+        this.title = title;
+        this.ssid = ssid;
+        lines.add("ssid=" + quoted(ssid));
+    }
+
+    Network with(NumberSetter setter, int value, String... expected) {
+        return with(() -> setter.set(WLAN, ssid, value), expected);
+    }
+
+    Network text(TextSetter setter, String key, String value) {
+        return with(() -> setter.set(WLAN, ssid, value), key + "=" + quoted(value));
+    }
+
+    /** A setter that takes the value enciphered. */
+    Network secret(TextSetter setter, String key, String value) {
+        return with(() -> setter.set(WLAN, ssid, PlatformCrypt.encrypt(value)),
+                key + "=" + quoted(value));
+    }
+
+    Network wepKey(int index, String key, String expected) {
+        return with(() -> BWifiPlatformService.setWepKey0(WLAN, ssid, index, key),
+                "wep_key" + index + "=" + expected);
+    }
+
+    Network hidden() {
+        return with(() -> BWifiPlatformService.setSsidBroadcasted0(WLAN, ssid, false),
+                "scan_ssid=1");
+    }
+
+    /** Whether it was added and every setter said that it has changed something. */
+    boolean add() {
+        return BWifiPlatformService.addNetwork0(WLAN, ssid)
+                && settings.stream().filter(setting -> !setting.make()).count() == 0;
+    }
+
+    /** Its block in the configuration file, in the order of ConfigurationFile. */
+    List<String> block() {
+        return lines.stream().sorted().collect(Collectors.toList());
+    }
+
+    private Network with(Setting setting, String... expected) {
+        settings.add(setting);
+        Stream.of(expected).forEach(lines::add);
+        return this;
+    }
+
+    static String quoted(String text) {
+        return '"' + text + '"';
+    }
+}
