@@ -67,11 +67,13 @@ install_packages() {
         apt-get install -y --no-install-recommends $missing
 }
 
+configure() { run_logged "configure-$1" cmake -S "$SOURCE_DIR" --preset "$1"; }
+
 # build PRESET [TARGET...]: configures where needed and builds.
 build() {
     local preset=$1
     shift
     step "building $preset"
-    run_logged "configure-$preset" cmake -S "$SOURCE_DIR" --preset "$preset"
+    configure "$preset"
     run_logged "build-$preset" cmake --build "$SOURCE_DIR/build/$preset" ${1:+--target "$@"}
 }

@@ -11,9 +11,26 @@
 namespace platwifi {
 namespace {
 
-constexpr int FIRST_FREQUENCY = 2412;
-constexpr int LAST_FREQUENCY = 2462;
-constexpr unsigned int CHANNEL_DISTANCE = 5;
+struct Channel {
+    int megahertz;
+    unsigned int number;
+};
+
+// clang-format off
+constexpr Channel CHANNELS[] = {
+    {2412, 1},
+    {2417, 2},
+    {2422, 3},
+    {2427, 4},
+    {2432, 5},
+    {2437, 6},
+    {2442, 7},
+    {2447, 8},
+    {2452, 9},
+    {2457, 10},
+    {2462, 11},
+};
+// clang-format on
 constexpr unsigned int OTHER_CHANNEL = 6;
 
 constexpr unsigned int WEAKEST_SIGNAL = 160;
@@ -46,10 +63,11 @@ void mergeLine(const char* line, WifiNetwork* head, ScanMatch matches) {
 
 unsigned int channelAt(const char* frequency) {
     const int megahertz = decimalOf(frequency);
-    if (megahertz < FIRST_FREQUENCY || megahertz > LAST_FREQUENCY)
-        return OTHER_CHANNEL;
-    const auto above = static_cast<unsigned int>(megahertz - FIRST_FREQUENCY);
-    return above % CHANNEL_DISTANCE == 0 ? above / CHANNEL_DISTANCE + 1 : OTHER_CHANNEL;
+    for (const Channel& channel : CHANNELS) {
+        if (channel.megahertz == megahertz)
+            return channel.number;
+    }
+    return OTHER_CHANNEL;
 }
 
 // Unsigned on purpose: a weaker signal wraps around and counts as the strongest.
