@@ -1,6 +1,8 @@
 #include "settings/SavedFields.h"
 
 #include "model/WifiNetwork.h"
+#include "settings/Placeholders.h"
+#include "settings/WepKey.h"
 #include "supplicant/WifiUtil.h"
 
 #include <cstring>
@@ -66,8 +68,7 @@ constexpr Word PROTOCOL[] = {
 };
 
 constexpr const char* EMPTY = "\"\""; // what the supplicant reads as an empty text
-constexpr const char* ANY_BSSID = "00:00:00:00:00:00";
-constexpr const char* MASK = "*"; // stands for a secret that was not changed
+constexpr const char* MASK = "*";     // stands for a secret that was not changed
 
 struct Value {
     bool stays = false;              // dirty: there is nothing to write yet
@@ -119,17 +120,12 @@ bool isAnyBssid(const char* bssid) {
 
 Value bssid(const WifiNetwork& network) {
     const char* const text = network.getBssid();
-    return {!STAYS, isAnyBssid(text) ? ANY_BSSID : text};
+    return {!STAYS, isAnyBssid(text) ? NO_BSSID : text};
 }
 
 // Asked by name only, a network that hides its name answers.
 Value scanByName(const WifiNetwork& network) {
     return {!STAYS, network.getSsidBroadcasted() ? "0" : "1"};
-}
-
-template <unsigned int Slot>
-const char* wepKey(const WifiNetwork& network) {
-    return network.getWepKey(Slot);
 }
 
 struct Flag {

@@ -204,6 +204,8 @@ private:
     /// @return false when the supplicant did not answer: no number must be used
     bool confirmNumbers(WifiUtil& util, platwifi::UnnumberedNetworks& unnumbered);
 
+    void endStaleness(const platwifi::UnnumberedNetworks& unnumbered) noexcept;
+
     /// Whether the number of this one can be used.
     bool confirmNumber(WifiUtil& util, const WifiNetwork& network);
 

@@ -2,6 +2,7 @@
 
 #include "model/WifiNetwork.h"
 #include "model/WifiNetworkList.h"
+#include "settings/Capacities.h"
 #include "settings/ListLine.h"
 #include "settings/NetworkKeys.h"
 #include "settings/ScanLine.h"
@@ -14,9 +15,6 @@ using namespace platwifi;
 
 namespace {
 
-constexpr unsigned char ADAPTERS = 2;
-constexpr unsigned char NETWORK_LINES = 32;
-constexpr unsigned char STATUS_LINES = 16;
 constexpr unsigned int VALUE_CHARACTERS = 128;
 
 void readValues(WifiUtil& util, const char* adapter, WifiNetwork& network) {
@@ -43,7 +41,7 @@ bool WifiHostSettings::initializeSettings() {
 }
 
 bool WifiHostSettings::loadAdapterNames(WifiUtil& util) {
-    auto names = std::make_unique<ReplyLines>(ADAPTERS);
+    auto names = std::make_unique<ReplyLines>(ADAPTER_LINES);
     if (!util.getWifiAdapters(names->data(), names->capacity(), &names->count))
         return false;
     const std::lock_guard<std::mutex> guard(adapterNamesMutex);

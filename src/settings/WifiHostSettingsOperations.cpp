@@ -4,6 +4,7 @@
 #include "model/HasSsid.h"
 #include "model/WifiNetworkList.h"
 #include "platform/MutexGuard.h"
+#include "settings/Capacities.h"
 #include "settings/LeftNetwork.h"
 #include "settings/NetworkNumbers.h"
 #include "settings/SettingsLock.h"
@@ -16,7 +17,6 @@ using namespace platwifi;
 
 namespace {
 
-constexpr unsigned char MAX_ADAPTERS = 2;
 constexpr unsigned char NO_NUMBER = 0; // for commands that name no network
 
 // Not added when the list has a network like it; it is freed then.
@@ -132,7 +132,7 @@ bool WifiHostSettings::getWifiAdapters(char** out, unsigned char /*capacity*/,
         return false;
     *count = 0;
     const std::lock_guard<std::mutex> guard(adapterNamesMutex);
-    while (adapterNames && *count < adapterNames->count && *count < MAX_ADAPTERS) {
+    while (adapterNames && *count < adapterNames->count && *count < ADAPTER_LINES) {
         out[*count] = copyOf(adapterNames->data()[*count]);
         ++*count;
     }
@@ -151,8 +151,15 @@ bool WifiHostSettings::confirmNumbers(WifiUtil& util, UnnumberedNetworks& unnumb
         return true;
     if (!platwifi::confirmNumbers(util, adapterName(), *networkList, knownSsids, unnumbered))
         return false;
-    numbersAreStale = !unnumbered.empty();
+    endStaleness(unnumbered);
     return true;
+}
+
+// Numbers stay stale until every network has been found.
+void WifiHostSettings::endStaleness(const UnnumberedNetworks& unnumbered) noexcept {
+    numbersAreStale = !unnumbered.empty();
+    if (!numbersAreStale)
+        knownSsids.clear();
 }
 
 bool WifiHostSettings::confirmNumber(WifiUtil& util, const WifiNetwork& network) {

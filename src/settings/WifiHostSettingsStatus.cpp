@@ -3,6 +3,7 @@
 #include "model/HasSsid.h"
 #include "model/WifiNetworkList.h"
 #include "platform/MutexGuard.h"
+#include "settings/Capacities.h"
 #include "settings/Decimal.h"
 #include "settings/LeftNetwork.h"
 #include "settings/LineFields.h"
@@ -25,8 +26,6 @@ using namespace platwifi;
 namespace {
 
 constexpr std::uint64_t REFRESH_PAUSE_MS = 5000;
-constexpr unsigned char NETWORK_LINES = 32;
-constexpr unsigned char STATUS_LINES = 16;
 constexpr const char* CURRENT_SSID = "ssid="; // at the beginning: there is "bssid=", too
 
 const char* currentSsidIn(const ReplyLines& status) {
@@ -68,7 +67,7 @@ bool WifiHostSettings::followList(const ReplyLines& lines) {
     UnnumberedNetworks unnumbered;
     if (numbersAreStale) {
         takeNumbers(lines, *networkList, knownSsids, unnumbered);
-        numbersAreStale = !unnumbered.empty();
+        endStaleness(unnumbered);
     }
     for (WifiNetwork* network = networkList->getHead(); network; network = network->getNext()) {
         if (!followListLines(lines, *network, unnumbered.count(network) == 0))
