@@ -1,0 +1,112 @@
+#include "CommandTable.h"
+
+#include "Commands.h"
+#include "Properties.h"
+
+#include <iomanip>
+#include <sstream>
+
+namespace cli {
+namespace {
+
+constexpr int NAME_COLUMN = 22;
+
+// Examples of one command.
+template <const auto& Lines>
+std::string examples() {
+    return std::string("Examples:\n") + Lines;
+}
+
+constexpr char ADAPTERS[] = "  platwifi adapters";
+constexpr char STATUS[] = "  platwifi status\n"
+                          "  platwifi status --json | jq -r .state";
+constexpr char SCAN[] = "  platwifi scan\n"
+                        "  platwifi scan --json | jq -r '.[].ssid'";
+constexpr char NETWORKS[] = "  platwifi networks";
+constexpr char SHOW[] = "  platwifi show home";
+constexpr char REMOVE[] = "  platwifi remove home";
+constexpr char CONNECT[] = "  platwifi connect home\n"
+                           "  platwifi connect --timeout 60 home && echo online";
+constexpr char DISCONNECT[] = "  platwifi disconnect";
+constexpr char ROAM[] = "  platwifi roam";
+constexpr char XML[] = "  platwifi xml\n"
+                       "  platwifi xml --full > state.xml";
+constexpr char DUMP[] = "  platwifi dump      all secrets are shown: do not send this to anybody";
+constexpr char DOCTOR[] = "  platwifi doctor";
+constexpr char SET[] = "  platwifi set home priority=5\n"
+                       "  platwifi set home psk=-                 asks for the key\n"
+                       "  platwifi set home psk=@/run/secrets/home";
+constexpr char ADD[] = "  platwifi add home psk=-                 asks for the key\n"
+                       "  platwifi add cafe key_mgmt=NONE         an open network\n"
+                       "  platwifi add work key_mgmt=WPA-EAP eap=PEAP eapIdentity=me \\\n"
+                       "      eapPassword=@password phase2=auth=MSCHAPV2 \\\n"
+                       "      CACertificateFile=/etc/ssl/work.pem";
+
+std::string wordsOf(const Property& property) {
+    std::string text;
+    for (const Word& word : property.words)
+        text += std::string(text.empty() ? "" : " ") + word.text;
+    return text;
+}
+
+std::string lineFor(const Property& property) {
+    const bool isSecret = property.way == Way::hidden || property.way == Way::enciphered;
+    std::ostringstream line;
+    line << "  " << std::left << std::setw(NAME_COLUMN) << property.name << property.meaning
+         << (isSecret ? " (secret)" : "") << '\n';
+    if (!property.words.empty())
+        line << std::string(NAME_COLUMN + 4, ' ') << wordsOf(property) << '\n';
+    return line.str();
+}
+
+std::string propertyList() {
+    std::string text = "Properties:\n";
+    for (const Property& property : properties()) {
+        if (property.way != Way::reported)
+            text += lineFor(property);
+    }
+    return text + "A secret is never written on the command line: NAME=- reads a line of standard\n"
+                  "input, NAME=@FILE the first line of a file. NAME= clears a text or a secret.\n";
+}
+
+template <const auto& Lines>
+std::string propertiesAndExamples() {
+    return propertyList() + '\n' + examples<Lines>();
+}
+
+// clang-format off
+const std::vector<Command> COMMANDS = {
+    {"adapters", JSON, showAdapters, "list the interfaces that the supplicant serves", examples<ADAPTERS>},
+    {"status", JSON, showStatus, "tell what the supplicant is doing", examples<STATUS>},
+    {"scan", JSON, scan, "look for access points in range", examples<SCAN>},
+    {"networks", JSON, listNetworks, "list the configured networks", examples<NETWORKS>},
+    {"show", SSID | JSON, showNetwork, "show a configured network", examples<SHOW>},
+    {"set", SSID | ASSIGNMENTS | JSON, setProperties, "change a network, and save", propertiesAndExamples<SET>},
+    {"add", SSID | MAYBE_ASSIGNMENTS | JSON, addNetwork, "add a network, and save", propertiesAndExamples<ADD>},
+    {"remove", SSID | JSON, removeNetwork, "remove a network, and save", examples<REMOVE>},
+    {"connect", SSID | PATIENCE | JSON, connectNetwork, "connect to a network, and wait for it", examples<CONNECT>},
+    {"disconnect", MAYBE_SSID | JSON, disconnectNetwork, "end the connection", examples<DISCONNECT>},
+    {"roam", JSON, roam, "let the supplicant choose among all networks", examples<ROAM>},
+    {"xml", FULL, writeXml, "print the whole state as an XML document", examples<XML>},
+    {"dump", 0, dump, "print everything in memory, secrets in plain", examples<DUMP>},
+    {"doctor", JSON, doctor, "look for what is wrong on this host", examples<DOCTOR>},
+};
+// clang-format on
+
+} // namespace
+
+const std::vector<Command>& commands() {
+    return COMMANDS;
+}
+
+std::string generalHelp() {
+    return "Exit status: 0 it is done, 1 it did not work, 2 wrong use. What is wrong and what to\n"
+           "do next stands on standard error.\n\n"
+           "Examples:\n"
+           "  platwifi doctor\n"
+           "  platwifi scan\n"
+           "  platwifi add home psk=-\n"
+           "  platwifi connect home\n";
+}
+
+} // namespace cli

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Context.h"
+
+namespace cli {
+
+// The commands. Each prints its result to standard output, throws Failure or WrongUse where it cannot
+// do its work, and Interrupted where the user ends it.
+
+void showAdapters(Context& context);
+void showStatus(Context& context);
+void scan(Context& context);
+void listNetworks(Context& context);
+void showNetwork(Context& context);
+void setProperties(Context& context);
+void addNetwork(Context& context);
+void removeNetwork(Context& context);
+void connectNetwork(Context& context);
+void disconnectNetwork(Context& context);
+void roam(Context& context);
+void writeXml(Context& context);
+void dump(Context& context);
+void doctor(Context& context);
+
+} // namespace cli

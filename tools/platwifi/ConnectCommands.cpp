@@ -1,0 +1,141 @@
+// Which network the supplicant is on.
+
+#include "Commands.h"
+#include "ConnectionAttempt.h"
+#include "Failure.h"
+#include "Host.h"
+#include "Json.h"
+#include "Lines.h"
+#include "Ssid.h"
+#include "StateLine.h"
+#include "States.h"
+#include "jni/ServiceFunctions.h"
+
+#include <chrono>
+#include <iomanip>
+#include <iostream>
+#include <memory>
+#include <sstream>
+
+namespace cli {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::chrono::milliseconds PAUSE{50};
+
+std::string currentNetwork(const std::string& iface) {
+    char* ssid = nullptr;
+    getCurrentNetwork(nullptr, iface.c_str(), &ssid);
+    return taken(ssid);
+}
+
+std::string seconds(Clock::duration time) {
+    std::ostringstream text;
+    text << std::fixed << std::setprecision(1) << std::chrono::duration<double>(time).count();
+    return text.str();
+}
+
+[[noreturn]] void refuse(const std::string& what) {
+    throw Failure("the supplicant did not accept to " + what + "; platwifi doctor tells more");
+}
+
+/// One try to connect, watched until it is complete, refused, or has taken too long.
+class Watch {
+public:
+    Watch(Context& context, const std::string& iface, const std::string& ssid)
+        : m_context(context), m_iface(iface), m_ssid(ssid), m_start(Clock::now()) {}
+
+    void run(StateLine* line) {
+        look(line);
+        while (!m_attempt.isComplete() && !m_attempt.isRefused() && elapsed() < patience()) {
+            m_context.interrupt.pause(PAUSE);
+            look(line);
+        }
+    }
+
+    const ConnectionAttempt& attempt() const { return m_attempt; }
+    Clock::duration elapsed() const { return Clock::now() - m_start; }
+
+private:
+    Clock::duration patience() const { return std::chrono::seconds(m_context.request.patience); }
+
+    void look(StateLine* line) {
+        const auto state = static_cast<WpaState>(getDaemonStatus(nullptr, m_iface.c_str()));
+        const bool isOnNetwork = isSameSsid(currentNetwork(m_iface), m_ssid);
+        m_attempt.saw(state, isOnNetwork);
+        if (line && (isOnNetwork || state < WPA_STATE_ASSOCIATED))
+            line->tell(wordForState(state));
+    }
+
+    Context& m_context;
+    const std::string m_iface;
+    const std::string m_ssid;
+    const Clock::time_point m_start;
+    ConnectionAttempt m_attempt;
+};
+
+void watch(Context& context, Watch& attempt, const std::string& ssid) {
+    std::unique_ptr<StateLine> line;
+    if (!context.request.json)
+        line = std::make_unique<StateLine>(context.out, "Connecting to " + shownSsid(ssid) + ":");
+    try {
+        attempt.run(line.get());
+    } catch (Interrupted& end) {
+        end.message = "interrupted; the supplicant goes on trying: platwifi disconnect ends that";
+        throw;
+    }
+}
+
+[[noreturn]] void giveUp(const Watch& watch, const std::string& ssid) {
+    throw Failure(shownSsid(ssid) + " is not connected after " + seconds(watch.elapsed()) +
+                  " s, the last state is " + wordForState(watch.attempt().last()) + ": " +
+                  watch.attempt().likelyCause());
+}
+
+} // namespace
+
+void connectNetwork(Context& context) {
+    Host host(context);
+    const std::string ssid = host.network();
+    if (connectToNetwork(nullptr, host.iface().c_str(), ssid.c_str()) == 0)
+        refuse("connect to " + shownSsid(ssid));
+    Watch attempt(context, host.iface(), ssid);
+    watch(context, attempt, ssid);
+    if (!attempt.attempt().isComplete())
+        giveUp(attempt, ssid);
+    if (context.request.json)
+        print({{"ssid", plainSsid(ssid)}, {"state", wordForState(attempt.attempt().last())}});
+    else
+        std::cout << "Connected to " << shownSsid(ssid) << " after " << seconds(attempt.elapsed())
+                  << " s.\n";
+}
+
+void disconnectNetwork(Context& context) {
+    Host host(context);
+    host.settings();
+    const bool isNamed = !context.request.ssid.empty();
+    const std::string ssid = isNamed ? host.network() : currentNetwork(host.iface());
+    if (ssid.empty())
+        throw Failure(
+            "there is no connection to end; platwifi status tells what the supplicant does");
+    if (disconnectFromNetwork(nullptr, host.iface().c_str(), ssid.c_str()) == 0)
+        refuse("disconnect from " + shownSsid(ssid));
+    if (context.request.json)
+        print({{"ssid", plainSsid(ssid)}, {"done", "disconnected"}});
+    else
+        std::cout << "Disconnected from " << shownSsid(ssid) << ".\n";
+}
+
+void roam(Context& context) {
+    Host host(context);
+    host.settings();
+    if (roamNetworks(nullptr, host.iface().c_str()) == 0)
+        refuse("roam");
+    if (context.request.json)
+        print({{"done", "roaming"}});
+    else
+        std::cout << "All networks are enabled; the supplicant chooses among them.\n";
+}
+
+} // namespace cli

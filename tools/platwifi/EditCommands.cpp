@@ -1,0 +1,116 @@
+// Changing the configured networks. All edits of a command go into one save.
+
+#include "Commands.h"
+#include "Edits.h"
+#include "Failure.h"
+#include "Host.h"
+#include "Json.h"
+#include "SettingsGuard.h"
+#include "Ssid.h"
+#include "jni/ServiceFunctions.h"
+#include "supplicant/WifiUtil.h"
+
+#include <iostream>
+
+namespace cli {
+namespace {
+
+/// The edits of one command: what was done is saved, or else undone.
+class Transaction {
+public:
+    explicit Transaction(Context& context, Host& host)
+        : m_context(context), m_host(host), m_deferred(context.interrupt),
+          m_guard(host.settings()) {}
+
+    // The supplicant goes back to what its file holds.
+    ~Transaction() {
+        if (!m_context.hasSaved)
+            Host::util().reloadConfiguration(m_host.iface().c_str());
+    }
+
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void save() {
+        if (saveWifiHostSettings(nullptr) == 0)
+            throw Failure(
+                "the supplicant did not save its configuration, and nothing was changed; see "
+                "that the file says update_config=1 and can be written: platwifi doctor");
+        m_context.hasSaved = true;
+    }
+
+private:
+    Context& m_context;
+    Host& m_host;
+    const Interrupt::Deferred m_deferred;
+    const SettingsGuard m_guard;
+};
+
+void report(const Context& context, const std::string& ssid, const char* done) {
+    if (context.request.json)
+        print({{"ssid", plainSsid(ssid)}, {"done", done}});
+    else
+        std::cout << shownSsid(ssid) << " is " << done << ".\n";
+}
+
+// A network without a key is open or WEP only where it says so: the supplicant would not keep it.
+void requireSecurity(const Edits& edits) {
+    if (!edits.gives("psk") && !edits.gives("key_mgmt"))
+        throw WrongUse(
+            "a new network needs a key, psk=-, or key_mgmt=NONE for none, or key_mgmt=WPA-EAP "
+            "for an enterprise network");
+}
+
+[[noreturn]] void refuseAddition(const std::string& ssid) {
+    throw Failure("the supplicant did not add " + shownSsid(ssid) + "; platwifi doctor tells more");
+}
+
+} // namespace
+
+void setProperties(Context& context) {
+    const Edits edits(context);
+    Host host(context);
+    const std::string ssid = host.network();
+    context.interrupt.check();
+    {
+        Transaction transaction(context, host);
+        edits.apply(host.iface(), ssid);
+        transaction.save();
+    }
+    report(context, ssid, "saved");
+}
+
+void addNetwork(Context& context) {
+    const std::string& ssid = context.request.ssid;
+    requireSsid(ssid);
+    const Edits edits(context);
+    requireSecurity(edits);
+    Host host(context);
+    if (host.isKnown())
+        throw Failure(shownSsid(ssid) + " is configured already; change it with: platwifi set");
+    context.interrupt.check();
+    {
+        Transaction transaction(context, host);
+        if (addWifiNetwork(nullptr, host.iface().c_str(), ssid.c_str()) == 0)
+            refuseAddition(ssid);
+        edits.apply(host.iface(), ssid);
+        transaction.save();
+    }
+    report(context, ssid, "added");
+}
+
+void removeNetwork(Context& context) {
+    Host host(context);
+    const std::string ssid = host.network();
+    context.interrupt.check();
+    {
+        Transaction transaction(context, host);
+        if (removeWifiNetwork(nullptr, host.iface().c_str(), ssid.c_str()) == 0)
+            throw Failure("the supplicant did not remove " + shownSsid(ssid) +
+                          "; platwifi doctor tells more");
+        transaction.save();
+    }
+    report(context, ssid, "removed");
+}
+
+} // namespace cli

@@ -1,0 +1,106 @@
+// The configured networks: all of them, and one in full.
+
+#include "Commands.h"
+#include "Failure.h"
+#include "Host.h"
+#include "Json.h"
+#include "Properties.h"
+#include "SettingsGuard.h"
+#include "Ssid.h"
+#include "Table.h"
+#include "Text.h"
+#include "model/WifiNetwork.h"
+
+#include <functional>
+#include <iostream>
+
+namespace cli {
+namespace {
+
+using Use = std::function<void(const std::string& ssid, const WifiNetwork& network)>;
+
+// With each network, the last one added first.
+void withEach(Host& host, const Use& use) {
+    const SettingsGuard guard(host.settings());
+    for (const std::string& ssid : host.networks()) {
+        if (const WifiNetwork* const network = host.settings().getNetwork(nullptr, ssid.c_str()))
+            use(ssid, *network);
+    }
+}
+
+std::string valueOf(const char* property, const WifiNetwork& network) {
+    return propertyOf(property).read(network);
+}
+
+constexpr const char* LISTED[] = {"status", "key_mgmt", "priority", "bssid"};
+
+Json jsonOf(const std::string& ssid, const WifiNetwork& network) {
+    Json json = {{"ssid", plainSsid(ssid)}};
+    for (const char* const property : LISTED)
+        json[property] = valueOf(property, network);
+    return json;
+}
+
+// Secrets are told as being set or not.
+Json valueForJson(const Property& property, const WifiNetwork& network) {
+    const std::string value = property.read(network);
+    if (property.way == Way::hidden || property.way == Way::enciphered)
+        return !value.empty();
+    return value;
+}
+
+void showAsJson(const std::string& ssid, const WifiNetwork& network) {
+    Json json;
+    for (const Property& property : properties())
+        json[property.name] = valueForJson(property, network);
+    json["ssid"] = plainSsid(ssid);
+    print(json);
+}
+
+void showAsTable(const std::string& ssid, const WifiNetwork& network, const Console& console) {
+    Table table({{"Property"}, {"Value"}});
+    for (const Property& property : properties()) {
+        const bool isName = std::string(property.name) == "ssid";
+        const std::string value = isName ? shownSsid(ssid) : property.read(network);
+        if (!value.empty())
+            table.add({property.name, value});
+    }
+    table.print(std::cout, console);
+}
+
+} // namespace
+
+void listNetworks(Context& context) {
+    Host host(context);
+    Json json = Json::array();
+    Table table(
+        {{"SSID"}, {"Status"}, {"Key management"}, {"Priority", Table::Align::right}, {"BSSID"}});
+    withEach(host, [&](const std::string& ssid, const WifiNetwork& network) {
+        json.push_back(jsonOf(ssid, network));
+        std::vector<std::string> row = {shownSsid(ssid)};
+        for (const char* const property : LISTED)
+            row.push_back(valueOf(property, network));
+        table.add(std::move(row));
+    });
+    if (context.request.json)
+        return print(json);
+    if (json.empty())
+        std::cout << "No network is configured; add one with: platwifi add SSID psk=-\n";
+    else
+        table.print(std::cout, context.out);
+}
+
+void showNetwork(Context& context) {
+    Host host(context);
+    const std::string ssid = host.network();
+    const SettingsGuard guard(host.settings());
+    const WifiNetwork* const network = host.settings().getNetwork(nullptr, ssid.c_str());
+    if (!network)
+        throw Failure("the network is gone: another program has removed it");
+    if (context.request.json)
+        showAsJson(ssid, *network);
+    else
+        showAsTable(ssid, *network, context.out);
+}
+
+} // namespace cli

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <sys/types.h>
+#include <vector>
+
+namespace cli {
+
+/// The other processes that share the library's memory, as far as this user may see.
+std::vector<pid_t> sharersOfBlock();
+
+/// Ends this process's part in the shared memory. Others who share it go on finding each other by its
+/// name, which a detachment in the library's way would take from them; without others the name goes.
+void leaveSharedBlock();
+
+/// Tells the others that the configuration was saved, by going on as a program that does nothing
+/// else: the refresh thread of this one would be the first to hear of it. For the very end of a
+/// program that has succeeded: the process ends with status 0. Comes back where there is nobody to tell,
+/// or nothing can be started.
+void tellOthers(char* const arguments[]);
+
+/// What tellOthers() goes on as.
+/// @return whether these arguments ask for it; then the process shall end
+bool isTeller(int count, char* const arguments[]);
+
+/// Does what tellOthers() goes on for, and ends the process.
+[[noreturn]] void tell();
+
+} // namespace cli

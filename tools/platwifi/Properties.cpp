@@ -1,0 +1,160 @@
+#include "Properties.h"
+
+#include "Failure.h"
+#include "PropertyRules.h"
+#include "Text.h"
+#include "model/WifiNetwork.h"
+#include "model/WifiTypes.h"
+
+#include <functional>
+#include <limits>
+
+namespace cli {
+namespace {
+
+using N = WifiNetwork;
+using Words = std::vector<Word>;
+
+// One word at a time may be set: of several flags together nothing can be saved.
+const Words KEY_MANAGEMENT = {
+    {"NONE", KEY_MGMT_NONE},         {"WPA-PSK", KEY_MGMT_WPA_PSK},
+    {"WPA-EAP", KEY_MGMT_WPA_EAP},   {"IEEE8021X", KEY_MGMT_IEEE8021X},
+    {"WPA-NONE", KEY_MGMT_WPA_NONE},
+};
+const Words PROTOCOLS = {{"WPA", PROTOCOL_WPA}, {"RSN", PROTOCOL_RSN}};
+const Words AUTHENTICATIONS = {
+    {"OPEN", AUTH_ALG_OPEN}, {"SHARED", AUTH_ALG_SHARED}, {"LEAP", AUTH_ALG_LEAP}};
+const Words EAP_METHODS = {
+    {"TLS", EAP_TLS},   {"PEAP", EAP_PEAP}, {"TTLS", EAP_TTLS},         {"MD5", EAP_MD5},
+    {"LEAP", EAP_LEAP}, {"GTC", EAP_GTC},   {"MSCHAPV2", EAP_MSCHAPV2}, {"OTP", EAP_OTP},
+    {"PSK", EAP_PSK},   {"FAST", EAP_FAST}, {"PAX", EAP_PAX},
+};
+const Words MODES = {{"MANAGED", NETWORK_MODE_MANAGED}, {"ADHOC", NETWORK_MODE_ADHOC}};
+const Words TRUTHS = {{"true", 1}, {"false", 0}};
+const Words PAIRWISE = {{"CCMP", PAIRWISE_CCMP}, {"TKIP", PAIRWISE_TKIP}, {"NONE", PAIRWISE_NONE}};
+const Words GROUP = {
+    {"CCMP", GROUP_CCMP}, {"TKIP", GROUP_TKIP}, {"WEP104", GROUP_WEP104}, {"WEP40", GROUP_WEP40}};
+const Words STATUSES = {
+    {"enabled", NETWORK_STATUS_ENABLED},
+    {"connected", NETWORK_STATUS_CONNECTED},
+    {"connecting", NETWORK_STATUS_CONNECTING},
+    {"disabled", NETWORK_STATUS_DISABLED},
+};
+
+// One code for both kinds of ciphers; that of both flags means pairwise CCMP and group TKIP.
+const Words CIPHER_CODES = {
+    {"CCMP", PAIRWISE_CCMP}, {"TKIP", PAIRWISE_TKIP},  {"CCMP+TKIP", PAIRWISE_CCMP | PAIRWISE_TKIP},
+    {"WEP40", GROUP_WEP40},  {"WEP104", GROUP_WEP104}, {"NONE", PAIRWISE_NONE},
+};
+
+// How a value is shown. `Get` is a getter of WifiNetwork, or a function that takes a network.
+
+template <auto Get>
+std::string text(const N& network) {
+    const char* const value = std::invoke(Get, network);
+    return value ? printable(value) : "";
+}
+
+template <auto Get>
+std::string number(const N& network) {
+    return std::to_string(static_cast<int>(std::invoke(Get, network)));
+}
+
+template <auto Get, const auto& All>
+std::string word(const N& network) {
+    for (const Word& one : All) {
+        if (one.number == std::invoke(Get, network))
+            return one.text;
+    }
+    return "";
+}
+
+template <auto Get, const auto& All>
+std::string words(const N& network) {
+    std::string list;
+    for (const Word& one : All) {
+        if ((std::invoke(Get, network) & one.number) != 0)
+            list += (list.empty() ? "" : " ") + std::string(one.text);
+    }
+    return list;
+}
+
+template <auto Get>
+std::string secret(const N& network) {
+    const char* const value = std::invoke(Get, network);
+    return value && value[0] != '\0' ? "(set)" : "";
+}
+
+template <unsigned int Slot>
+const char* wepKey(const N& network) {
+    return network.getWepKey(Slot);
+}
+
+std::string ciphers(const N& network) {
+    const std::string pairwise = words<&N::getPairwiseCiphers, PAIRWISE>(network);
+    const std::string group = words<&N::getGroupCiphers, GROUP>(network);
+    return pairwise == group ? pairwise : pairwise + " / group " + group;
+}
+
+constexpr long LEAST = std::numeric_limits<int>::min();
+constexpr long MOST = std::numeric_limits<int>::max();
+
+constexpr auto PLAIN = Way::plain;
+constexpr auto HIDDEN = Way::hidden;
+constexpr auto ENCIPHERED = Way::enciphered;
+constexpr auto REPORTED = Way::reported;
+
+// clang-format off
+const std::vector<Property> PROPERTIES = {
+    {"ssid", REPORTED, nullptr, text<&N::getSsid>, "the network's name", {}},
+    {"status", REPORTED, nullptr, word<&N::getNetworkStatus, STATUSES>, "what it is to the supplicant now", {}},
+    {"strength", REPORTED, nullptr, number<&N::getStrength>, "signal at the last scan, 0 to 100", {}},
+    {"channel", REPORTED, nullptr, number<&N::getChannel>, "radio channel", {}},
+    {"bssid", PLAIN, takeBssid, text<&N::getBssid>, "the one access point to use, or any", {}},
+    {"ssidBroadcasted", PLAIN, takeTruth, word<&N::getSsidBroadcasted, TRUTHS>, "false for a hidden network", TRUTHS},
+    {"mode", PLAIN, takeWord, word<&N::getNetworkMode, MODES>, "with an access point, or without", MODES},
+    {"priority", PLAIN, takeNumber, number<&N::getPriority>, "the supplicant prefers higher ones", {}, LEAST, MOST},
+    {"key_mgmt", PLAIN, takeWord, words<&N::getKeyManagement, KEY_MANAGEMENT>, "key management; NONE for open and WEP", KEY_MANAGEMENT},
+    {"protocol", PLAIN, takeWord, words<&N::getProtocol, PROTOCOLS>, "RSN is WPA2", PROTOCOLS},
+    {"encryption", PLAIN, takeWord, ciphers, "ciphers, pairwise and group", CIPHER_CODES},
+    {"authentication", PLAIN, takeWord, word<&N::getAuthAlg, AUTHENTICATIONS>, "authentication algorithm", AUTHENTICATIONS},
+    {"psk", ENCIPHERED, takePsk, secret<&N::getPsk>, "passphrase of 8 to 63 characters, or 64 hexadecimal digits", {}},
+    {"key1", HIDDEN, takeWepKey, secret<wepKey<0>>, "WEP key of 5 or 13 characters, or 10 or 26 hexadecimal digits", {}},
+    {"key2", HIDDEN, takeWepKey, secret<wepKey<1>>, "WEP key", {}},
+    {"key3", HIDDEN, takeWepKey, secret<wepKey<2>>, "WEP key", {}},
+    {"key4", HIDDEN, takeWepKey, secret<wepKey<3>>, "WEP key", {}},
+    {"index", PLAIN, takeNumber, number<&N::getWepIndex>, "WEP key to send with, 0 for key1", {}, 0, 3},
+    {"eap", PLAIN, takeWord, words<&N::getEapModes, EAP_METHODS>, "EAP method", EAP_METHODS},
+    {"eapIdentity", PLAIN, takeText, text<&N::getEAPIdentity>, "EAP identity", {}},
+    {"eapAnonymousIdentity", PLAIN, takeText, text<&N::getEAPAnonymousIdentity>, "identity outside of the tunnel", {}},
+    {"eapPassword", ENCIPHERED, takeText, secret<&N::getEAPPassword>, "EAP password", {}},
+    {"phase1", PLAIN, takeText, text<&N::getPhase1Step>, "parameters of the outer authentication", {}},
+    {"phase2", PLAIN, takeText, text<&N::getPhase2Step>, "parameters of the inner one, such as auth=MSCHAPV2", {}},
+    {"CACertificateFile", PLAIN, takeText, text<&N::getCACertificate>, "certificate of the authority", {}},
+    {"CACertificateDir", PLAIN, takeText, text<&N::getCACertificateDir>, "folder with certificates of authorities", {}},
+    {"clientCertificate", PLAIN, takeText, text<&N::getClientCertificate>, "certificate of this device", {}},
+    {"privateKeyFile", PLAIN, takeText, text<&N::getPrivateKeyFile>, "its private key", {}},
+    {"privateKeyPassword", ENCIPHERED, takeText, secret<&N::getPrivateKeyPassword>, "password of that file", {}},
+    {"CACertificateFile2", PLAIN, takeText, text<&N::getCACertificate2>, "the same for the inner authentication", {}},
+    {"CACertificateDir2", PLAIN, takeText, text<&N::getCACertificateDir2>, "", {}},
+    {"clientCertificate2", PLAIN, takeText, text<&N::getClientCertificate2>, "", {}},
+    {"privateKeyFile2", PLAIN, takeText, text<&N::getPrivateKeyFile2>, "", {}},
+    {"privateKeyPassword2", ENCIPHERED, takeText, secret<&N::getPrivateKeyPassword2>, "", {}},
+};
+// clang-format on
+
+} // namespace
+
+const std::vector<Property>& properties() {
+    return PROPERTIES;
+}
+
+const Property& propertyOf(const std::string& name) {
+    for (const Property& property : PROPERTIES) {
+        if (property.name == name)
+            return property;
+    }
+    throw WrongUse("there is no property " + printable(name) + "; platwifi set --help lists them");
+}
+
+} // namespace cli

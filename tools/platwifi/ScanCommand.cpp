@@ -1,0 +1,84 @@
+// Which access points are in range.
+
+#include "Commands.h"
+#include "Failure.h"
+#include "Host.h"
+#include "Json.h"
+#include "ScanResult.h"
+#include "Ssid.h"
+#include "Table.h"
+#include "jni/ServiceFunctions.h"
+
+#include <algorithm>
+#include <iostream>
+#include <memory>
+
+namespace cli {
+namespace {
+
+constexpr unsigned char MOST = 255;
+
+using Results = std::vector<ScanResult>;
+
+void addTo(Results& results, char* line) {
+    const std::unique_ptr<char[]> owner(line);
+    if (auto result = line ? ScanResult::of(line) : std::nullopt)
+        results.push_back(std::move(*result));
+}
+
+// Strongest first.
+Results inRange(Host& host) {
+    char** list = nullptr;
+    unsigned char count = 0;
+    const bool ok = discoverNetworks(nullptr, host.iface().c_str(), &list, MOST, &count) != 0;
+    const std::unique_ptr<char*[]> owner(list);
+    if (!ok)
+        throw Failure(host.iface() + " cannot be scanned; platwifi doctor tells more");
+    Results results;
+    std::for_each(list, list + count, [&](char* line) { addTo(results, line); });
+    std::stable_sort(
+        results.begin(), results.end(),
+        [](const ScanResult& one, const ScanResult& other) { return one.signal > other.signal; });
+    return results;
+}
+
+Json jsonOf(const ScanResult& result) {
+    return {{"ssid", plainSsid(result.ssid)},
+            {"bssid", result.bssid},
+            {"channel", channelOf(result.frequency)},
+            {"frequency", result.frequency},
+            {"signal", result.signal},
+            {"security", securityOf(result.flags)},
+            {"flags", result.flags}};
+}
+
+Table tableOf(const Results& results) {
+    constexpr auto RIGHT = Table::Align::right;
+    Table table(
+        {{"SSID"}, {"BSSID"}, {"Channel", RIGHT}, {"MHz", RIGHT}, {"dBm", RIGHT}, {"Security"}});
+    for (const ScanResult& result : results)
+        table.add({shownSsid(result.ssid), result.bssid,
+                   std::to_string(channelOf(result.frequency)), std::to_string(result.frequency),
+                   std::to_string(result.signal), securityOf(result.flags)});
+    return table;
+}
+
+} // namespace
+
+void scan(Context& context) {
+    Host host(context);
+    const Results results = inRange(host);
+    context.interrupt.check();
+    if (context.request.json) {
+        Json json = Json::array();
+        for (const ScanResult& result : results)
+            json.push_back(jsonOf(result));
+        return print(json);
+    }
+    if (results.empty())
+        std::cout << "No access point is in range.\n";
+    else
+        tableOf(results).print(std::cout, context.out);
+}
+
+} // namespace cli

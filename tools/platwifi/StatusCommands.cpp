@@ -1,0 +1,67 @@
+// What is there: adapters, and what the supplicant is doing.
+
+#include "Commands.h"
+#include "Host.h"
+#include "Json.h"
+#include "Lines.h"
+#include "Ssid.h"
+#include "States.h"
+#include "Table.h"
+#include "Text.h"
+#include "jni/ServiceFunctions.h"
+
+#include <iostream>
+
+namespace cli {
+namespace {
+
+struct HostStatus {
+    std::string iface;
+    unsigned int state;
+    std::string network; // "" for none
+    std::size_t networks;
+};
+
+HostStatus statusOf(Host& host) {
+    HostStatus status;
+    status.networks = host.networks().size();
+    status.iface = host.iface();
+    status.state = static_cast<unsigned int>(getDaemonStatus(nullptr, status.iface.c_str()));
+    char* ssid = nullptr;
+    getCurrentNetwork(nullptr, status.iface.c_str(), &ssid);
+    status.network = taken(ssid);
+    return status;
+}
+
+Json jsonOf(const HostStatus& status) {
+    const Json network = status.network.empty() ? Json(nullptr) : Json(plainSsid(status.network));
+    return {{"adapter", status.iface},
+            {"state", wordForState(status.state)},
+            {"network", network},
+            {"networks", status.networks}};
+}
+
+} // namespace
+
+void showAdapters(Context& context) {
+    Host host(context);
+    const auto& adapters = host.adapters();
+    if (context.request.json)
+        return print(Json(adapters));
+    for (const std::string& adapter : adapters)
+        std::cout << printable(adapter) << '\n';
+}
+
+void showStatus(Context& context) {
+    Host host(context);
+    const HostStatus status = statusOf(host);
+    if (context.request.json)
+        return print(jsonOf(status));
+    const std::string network = status.network.empty() ? "none" : shownSsid(status.network);
+    std::cout << "Adapter:   " << printable(status.iface) << '\n'
+              << "State:     " << wordForState(status.state) << '\n'
+              << "Network:   " << network << '\n'
+              << "Configured networks: " << status.networks << '\n';
+}
+
+} // namespace cli

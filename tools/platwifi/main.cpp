@@ -1,0 +1,8 @@
+#include "CommandLine.h"
+#include "OtherProcesses.h"
+
+int main(int count, char* arguments[]) {
+    if (cli::isTeller(count, arguments))
+        cli::tell();
+    return cli::runCommandLine(count, arguments);
+}
