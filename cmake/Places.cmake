@@ -18,5 +18,5 @@ endfunction()
 path_between(PLATWIFI_LIBRARY_TO_BOOT ${CMAKE_INSTALL_LIBDIR} ${PLATWIFI_BOOT_DIR})
 path_between(PLATWIFI_PROGRAM_TO_LIBRARY ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_LIBDIR})
 
-# The libraries stand side by side; the programs, which are added after them, get a path of their own.
+# The libraries stand side by side; programs, which are added later, get a path of their own.
 set(CMAKE_INSTALL_RPATH $ORIGIN)

@@ -12,19 +12,21 @@ constexpr char BOOT_IMAGE[] = "/proc/boot/";
 
 constexpr std::size_t BOOT_IMAGE_LENGTH = sizeof(BOOT_IMAGE) - 1;
 
-// The folder that this library really is in: a link to it may stand anywhere.
+// The folder that this library really is in, as a link to it may stand anywhere; empty where its file
+// is gone.
 std::string libraryFolder() {
     Dl_info library;
     if (dladdr(&BOOT_IMAGE, &library) == 0 || !library.dli_fname)
-        return ".";
+        return "";
     std::error_code error;
-    const auto file = std::filesystem::canonical(library.dli_fname, error);
-    return error ? "." : file.parent_path().string();
+    return std::filesystem::canonical(library.dli_fname, error).parent_path();
 }
 
-// Looks for the program itself: where the library is installed, "../boot" may be a folder of the system.
+// Looks for the program itself: beside an installed library "../boot" may be a folder of the system.
 std::string besideLibrary(const std::string& name) {
     const std::string folder = libraryFolder();
+    if (folder.empty())
+        return BOOT_IMAGE + name;
     const std::string built = folder + "/../boot/" + name;
     return access(built.c_str(), F_OK) == 0 ? built : folder + "/" INSTALLED_BOOT_DIR "/" + name;
 }

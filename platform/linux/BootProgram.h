@@ -12,7 +12,8 @@ namespace platform {
 ///  3. the directory boot/ beside the folder that this library is in, links to it resolved, where
 ///     the program is there: the build tree,
 ///  4. the directory that the boot programs are installed in, which the build knows as a path from
-///     that of the libraries: so a whole installation may be moved.
+///     that of the libraries: so a whole installation may be moved. The path as it stands again
+///     where the library's own file is gone.
 std::string locateProgram(const std::string& path);
 
 } // namespace platform

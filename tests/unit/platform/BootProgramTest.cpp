@@ -28,17 +28,19 @@ protected:
         std::ofstream(program) << "here\n";
     }
 
-    // As the library at this path finds it, which is loaded for this question only.
+    // Asks a library that was loaded, and closes it.
+    static std::string located(const std::string& path, void* library) {
+        const auto locate =
+            reinterpret_cast<void (*)(const char*, std::string*)>(dlsym(library, "locate"));
+        std::string result;
+        locate(path.c_str(), &result);
+        dlclose(library);
+        return fs::path(result).lexically_normal();
+    }
+
     static std::string located(const std::string& path, const std::string& library = LIBRARY) {
         void* const handle = dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL);
-        if (!handle)
-            return dlerror();
-        std::string result;
-        const auto locate =
-            reinterpret_cast<void (*)(const char*, std::string*)>(dlsym(handle, "locate"));
-        locate(path.c_str(), &result);
-        dlclose(handle);
-        return fs::path(result).lexically_normal();
+        return handle ? located(path, handle) : dlerror();
     }
 
     static constexpr const char* LIBRARY = "/tmp/world/prefix/lib/multi/libprobe.so";
@@ -86,6 +88,13 @@ TEST_F(BootProgram, MovesWithThePrefix) {
     fs::rename("/tmp/world/prefix", "/tmp/world/moved");
     EXPECT_EQ(located("/proc/boot/pidin", "/tmp/world/moved/lib/multi/libprobe.so"),
               "/tmp/world/moved/libexec/platwifi/boot/pidin");
+}
+
+TEST_F(BootProgram, IsNoProgramOfTheWorkingFolderWhereTheLibraryIsGone) {
+    void* const handle = dlopen(LIBRARY, RTLD_NOW | RTLD_LOCAL);
+    ASSERT_TRUE(handle) << dlerror();
+    fs::remove_all("/tmp/world/prefix");
+    EXPECT_EQ(located("/proc/boot/pidin", handle), "/proc/boot/pidin");
 }
 
 TEST_F(BootProgram, OfAnotherFolderStaysWhereItIs) {
