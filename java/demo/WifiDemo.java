@@ -15,16 +15,18 @@ public final class WifiDemo {
     private static final int NOTHING_TO_SHOW = 1;
 
     private final Options options;
+    private final Key key; // null when the user has given none
     private final Duration patience;
     private final PrintStream out;
 
-    private WifiDemo(Options options, Duration patience, PrintStream out) {
+    private WifiDemo(Options options, Duration patience, PrintStream out) throws Stop {
         this.options = options;
+        key = options.keyFile() == null ? null : Key.read(options.keyFile(), System.in);
         this.patience = patience;
         this.out = out;
     }
 
-    /** @param arguments  the interface, {@code --connect} and a network, {@code --keep} */
+    /** @param arguments  as {@link Options#USAGE} says */
     public static void main(String[] arguments) {
         System.exit(run(PATIENCE, utf8(FileDescriptor.out), utf8(FileDescriptor.err), arguments));
     }
@@ -50,7 +52,7 @@ public final class WifiDemo {
         }
     }
 
-    private static void tell(PrintStream err, Throwable reason) {
+    static void tell(PrintStream err, Throwable reason) {
         err.println("wifi-demo: " + reason.getMessage());
     }
 
@@ -58,11 +60,13 @@ public final class WifiDemo {
         requireSupplicant();
         try {
             showAdapters();
-            out.println("State: " + SupplicantState.of(options.iface));
-            ConfiguredNetworks.read(options.iface).print(out);
-            AccessPoints inRange = AccessPoints.scan(options.iface, out);
+            showState();
+            ConfiguredNetworks.read(options.iface()).print(out);
+            AccessPoints inRange = AccessPoints.scan(options.iface(), out);
             inRange.print(out);
-            if (options.ssid != null)
+            if (options.ssid() == null)
+                showDocument();
+            else
                 connect(inRange);
         } finally {
             BWifiPlatformService.unloadWifiSettings0();
@@ -70,9 +74,9 @@ public final class WifiDemo {
     }
 
     private void requireSupplicant() throws Stop {
-        if (!BWifiPlatformService.isWifiEnabled0(options.iface))
+        if (!BWifiPlatformService.isWifiEnabled0(options.iface()))
             throw new Stop("wpa_supplicant is not running; start it as root: wpa_supplicant -B -i %s"
-                    + " -c /etc/wpa_supplicant/wpa_supplicant.conf", options.iface);
+                    + " -c /etc/wpa_supplicant/wpa_supplicant.conf", options.iface());
         out.println("wpa_supplicant is running.");
     }
 
@@ -84,9 +88,23 @@ public final class WifiDemo {
         out.println("Adapters: " + String.join(", ", adapters));
     }
 
+    private void showState() {
+        out.println("State: " + SupplicantState.of(options.iface()));
+    }
+
+    private void showDocument() throws Stop {
+        if (options.xmlProgram() != null)
+            XmlDocument.print(options.xmlProgram(), out);
+    }
+
     private void connect(AccessPoints inRange) throws Stop {
-        try (ChosenNetwork network = ChosenNetwork.open(options, inRange, out)) {
-            Connection.make(options, network, patience, out);
+        try (ChosenNetwork network = ChosenNetwork.open(options, key, inRange, out)) {
+            network.makeReady();
+            Connection connection = new Connection(options, patience, out);
+            connection.make(network);
+            showDocument();
+            if (!options.keep())
+                connection.end(network);
         }
     }
 
