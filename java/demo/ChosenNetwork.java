@@ -5,10 +5,7 @@ import com.quorvel.platwifi.BWifiPlatformService;
 import java.io.PrintStream;
 import java.util.Optional;
 
-/**
- * The network to connect to: configured already, or added and removed again by closing. It closes
- * itself when the program is ended from outside, as by Ctrl-C.
- */
+/** The network to connect to: configured already, or added and removed again by closing. */
 final class ChosenNetwork implements AutoCloseable {
     /** What the supplicant's client prints as it is. */
     private static final String PLAIN_SSID = "[ -~&&[^\"\\\\]]*";
@@ -18,7 +15,6 @@ final class ChosenNetwork implements AutoCloseable {
     private final Protection protection; // null for a network that is configured already
     private String name;
     private boolean isReady;
-    private boolean isClosed;
 
     private ChosenNetwork(Options options, String name, Protection protection, PrintStream out) {
         this.options = options;
@@ -26,7 +22,6 @@ final class ChosenNetwork implements AutoCloseable {
         this.protection = protection;
         this.out = out;
         isReady = !isAdded();
-        Runtime.getRuntime().addShutdownHook(new Thread(this::closeAtExit));
     }
 
     /** @param key  null when the user has given none */
@@ -41,8 +36,8 @@ final class ChosenNetwork implements AutoCloseable {
     }
 
     /** Has the supplicant know what it needs to connect. */
-    synchronized void makeReady() throws Stop {
-        if (isReady || isClosed)
+    void makeReady() throws Stop {
+        if (isReady)
             return;
         protection.setOn(options, name, out);
         if (!BWifiPlatformService.saveHostSettings0())
@@ -54,23 +49,20 @@ final class ChosenNetwork implements AutoCloseable {
             readAnew();
     }
 
-    synchronized void connect() throws Stop {
-        if (isClosed || !BWifiPlatformService.connectToNetwork0(options.iface(), name))
+    void connect() throws Stop {
+        if (!BWifiPlatformService.connectToNetwork0(options.iface(), name))
             throw new Stop("the supplicant did not accept to connect to %s; see whether it answers:"
                     + " wpa_cli -i %s ping", options.ssid(), options.iface());
     }
 
-    synchronized void disconnect() throws Stop {
+    void disconnect() throws Stop {
         if (!BWifiPlatformService.disconnectFromNetwork0(options.iface(), name))
             throw new Stop("the supplicant did not disconnect from %s; see whether it answers:"
                     + " wpa_cli -i %s ping", options.ssid(), options.iface());
     }
 
     @Override
-    public synchronized void close() throws Stop {
-        if (isClosed)
-            return;
-        isClosed = true;
+    public void close() throws Stop {
         if (!isReady)
             BWifiPlatformService.removeNetwork0(options.iface(), name);
         else if (!options.keep())
@@ -93,7 +85,7 @@ final class ChosenNetwork implements AutoCloseable {
         name = ConfiguredNetworks.read(options.iface()).named(options.ssid()).orElse(name);
     }
 
-    /** Connecting to one network disables all others, so each is enabled before anything is saved. */
+    /** Connecting to one network disables all others: each is enabled before anything is saved. */
     private void putBack() throws Stop {
         boolean isUndone = BWifiPlatformService.roamNetworks0(options.iface())
                 && (!isAdded() || remove());
@@ -112,15 +104,5 @@ final class ChosenNetwork implements AutoCloseable {
     private boolean remove() {
         return BWifiPlatformService.removeNetwork0(options.iface(), name)
                 && BWifiPlatformService.saveHostSettings0();
-    }
-
-    private synchronized void closeAtExit() {
-        try {
-            if (!isClosed)
-                out.println();
-            close();
-        } catch (Stop reason) {
-            WifiDemo.tell(System.err, reason);
-        }
     }
 }

@@ -28,8 +28,8 @@ final class Connection {
             return await(state -> state.isConnectedTo(options.ssid()), tell);
         });
         if (!last.isConnectedTo(options.ssid()))
-            throw new Stop("%s is not connected after %d s, the last state was %s; see whether it is"
-                    + " in range and its key and configuration are right, then try again",
+            throw new Stop("%s is not connected after %d s, the last state was %s; see whether it"
+                    + " is in range and its key and configuration are right, then try again",
                     options.ssid(), patience.toSeconds(), last.onTheWayTo(options.ssid()));
     }
 
@@ -51,30 +51,32 @@ final class Connection {
     }
 
     /** The last state: as wanted, or what it was when the patience ended. */
-    private SupplicantState await(Predicate<SupplicantState> isWanted, Consumer<String> tell) {
+    private SupplicantState await(Predicate<SupplicantState> isWanted, Consumer<String> tell)
+            throws Stop {
         long start = System.nanoTime();
         SupplicantState state = next(tell);
-        while (!isWanted.test(state) && System.nanoTime() - start < patience.toNanos() && pause())
+        while (!isWanted.test(state) && System.nanoTime() - start < patience.toNanos()) {
+            pause();
             state = next(tell);
+        }
         return state;
     }
 
     private SupplicantState next(Consumer<String> tell) {
         SupplicantState state = SupplicantState.of(options.iface());
         String now = state.onTheWayTo(options.ssid());
-        if (!now.equals(told))
+        if (state.isKnown() && !now.equals(told)) {
             tell.accept(now);
-        told = now;
+            told = now;
+        }
         return state;
     }
 
-    private static boolean pause() {
+    private static void pause() throws Stop {
         try {
             Thread.sleep(PAUSE_MILLISECONDS);
-            return true;
         } catch (InterruptedException e) {
-            Thread.currentThread().interrupt();
-            return false;
+            throw Stop.interrupted();
         }
     }
 }

@@ -65,8 +65,8 @@ final class Protection {
                     + " --key-file FILE", ssid);
         if (isOpen)
             return new Stop("%s is open and takes no key; leave out --key-file", ssid);
-        return new Stop("%s is protected by %s, and only open networks and those with a pre-shared"
-                + " key can be added here; add it to the supplicant's configuration, then try again",
-                ssid, String.join("/", offered));
+        return new Stop("%s is protected by %s, and only open networks and those with a"
+                + " pre-shared key can be added here; add it to the supplicant's configuration,"
+                + " then try again", ssid, String.join("/", offered));
     }
 }

@@ -9,6 +9,7 @@ final class SupplicantState {
     /** In the order of their codes. */
     private static final List<String> NAMES = List.of("UNKNOWN", "DISCONNECTED", "IDLE", "SCANNING",
             "ASSOCIATING", "ASSOCIATED", "4WAY_HANDSHAKE", "GROUP_HANDSHAKE", "COMPLETED");
+    private static final int UNKNOWN = NAMES.indexOf("UNKNOWN");
     private static final int COMPLETED = NAMES.indexOf("COMPLETED");
 
     private final int code;
@@ -22,6 +23,11 @@ final class SupplicantState {
     static SupplicantState of(String iface) {
         int code = BWifiPlatformService.getDaemonStatus0(iface);
         return code == COMPLETED ? withNetwork(iface) : new SupplicantState(code, null);
+    }
+
+    /** The library has no code for some states that pass quickly, such as an authentication. */
+    boolean isKnown() {
+        return code != UNKNOWN;
     }
 
     boolean isConnected() {

@@ -16,11 +16,14 @@ public final class WifiDemo {
 
     private final Options options;
     private final Key key; // null when the user has given none
+    private final OrderlyEnd end;
     private final Duration patience;
     private final PrintStream out;
 
-    private WifiDemo(Options options, Duration patience, PrintStream out) throws Stop {
+    private WifiDemo(Options options, OrderlyEnd end, Duration patience, PrintStream out)
+            throws Stop {
         this.options = options;
+        this.end = end;
         key = options.keyFile() == null ? null : Key.read(options.keyFile(), System.in);
         this.patience = patience;
         this.out = out;
@@ -38,8 +41,15 @@ public final class WifiDemo {
      * @return 0 everything was shown, 1 there was nothing to show or something failed, 2 wrong use
      */
     static int run(Duration patience, PrintStream out, PrintStream err, String... arguments) {
+        try (OrderlyEnd end = new OrderlyEnd()) {
+            return run(end, patience, out, err, arguments);
+        }
+    }
+
+    private static int run(OrderlyEnd end, Duration patience, PrintStream out, PrintStream err,
+            String... arguments) {
         try {
-            new WifiDemo(Options.parse(arguments), patience, out).show();
+            new WifiDemo(Options.parse(arguments), end, patience, out).show();
             return SHOWN;
         } catch (Stop reason) {
             tell(err, reason);
@@ -52,7 +62,7 @@ public final class WifiDemo {
         }
     }
 
-    static void tell(PrintStream err, Throwable reason) {
+    private static void tell(PrintStream err, Throwable reason) {
         err.println("wifi-demo: " + reason.getMessage());
     }
 
@@ -64,10 +74,12 @@ public final class WifiDemo {
             ConfiguredNetworks.read(options.iface()).print(out);
             AccessPoints inRange = AccessPoints.scan(options.iface(), out);
             inRange.print(out);
-            if (options.ssid() == null)
+            if (options.ssid() == null) {
                 showDocument();
-            else
+            } else {
+                end.require();
                 connect(inRange);
+            }
         } finally {
             BWifiPlatformService.unloadWifiSettings0();
         }
@@ -75,8 +87,8 @@ public final class WifiDemo {
 
     private void requireSupplicant() throws Stop {
         if (!BWifiPlatformService.isWifiEnabled0(options.iface()))
-            throw new Stop("wpa_supplicant is not running; start it as root: wpa_supplicant -B -i %s"
-                    + " -c /etc/wpa_supplicant/wpa_supplicant.conf", options.iface());
+            throw new Stop("wpa_supplicant is not running; start it as root: wpa_supplicant -B -i"
+                    + " %s -c /etc/wpa_supplicant/wpa_supplicant.conf", options.iface());
         out.println("wpa_supplicant is running.");
     }
 

@@ -17,7 +17,7 @@ final class XmlDocument {
         } catch (IOException e) {
             throw new Stop("%s; give --xml the path of platwifi", e.getMessage());
         } catch (InterruptedException e) {
-            Thread.currentThread().interrupt();
+            throw Stop.interrupted();
         }
     }
 

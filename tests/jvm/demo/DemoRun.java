@@ -43,7 +43,8 @@ final class DemoRun {
         StandIn standIn = supplicant(lists)
                 .when("-iwlan0", "add_network").print("0\n").idle();
         repeat(standIn, 6, "wpa_state=INACTIVE\n");
-        standIn.then().print("wpa_state=SCANNING\n").then().print("wpa_state=ASSOCIATING\n");
+        standIn.then().print("wpa_state=SCANNING\n").then().print("wpa_state=AUTHENTICATING\n")
+                .then().print("wpa_state=ASSOCIATING\n");
         repeat(standIn, 6, "bssid=02:00:00:00:02:00\nssid=" + ssid + "\nwpa_state=COMPLETED\n");
         return standIn.then().print("wpa_state=DISCONNECTED\n");
     }

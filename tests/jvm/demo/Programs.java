@@ -11,7 +11,8 @@ final class Programs {
 
     /** @return the path of a program that runs these commands of the shell */
     static String make(Path folder, String commands) throws IOException {
-        Path program = Files.writeString(folder.resolve("program"), "#!/bin/sh\n" + commands + "\n");
+        Path program = Files.writeString(folder.resolve("program"),
+                "#!/bin/sh\n" + commands + "\n");
         Files.setPosixFilePermissions(program, PosixFilePermissions.fromString("rwx------"));
         return program.toString();
     }

@@ -25,7 +25,8 @@ import java.util.stream.Collectors;
 /** The program when it connects to networks with a key. */
 class ProtectedNetworkTest {
     private static final String WORK = "02:00:00:00:01:00\t2412\t-30\t[WPA2-PSK-CCMP][ESS]\twork";
-    private static final String OFFICE = "02:00:00:00:03:00\t2412\t-30\t[WPA2-EAP-CCMP][ESS]\toffice";
+    private static final String OFFICE =
+            "02:00:00:00:03:00\t2412\t-30\t[WPA2-EAP-CCMP][ESS]\toffice";
     private static final String LISTED = "0\twork\tany\t\n";
     private static final String SECRET = "correct horse";
 
@@ -47,7 +48,7 @@ class ProtectedNetworkTest {
         demo.assertLast("Added work, a network with a pre-shared key\\.",
                 "Key of work enciphered: crypt1:.{24}…",
                 "Reads back enciphered, the same key: crypt1:.{24}…", "Saved work\\.",
-                "Connecting to work .*COMPLETED", "Disconnecting from work .*DISCONNECTED",
+                "Connecting to work .*COMPLETED[ .]*", "Disconnecting from work .*DISCONNECTED[ .]*",
                 "Removed work again\\.", "All configured networks are enabled; .*");
         assertTrue(changes().containsAll(List.of("set_network 0 psk \"" + SECRET + "\"",
                 "set_network 0 key_mgmt WPA-PSK", "set_network 0 proto RSN")));

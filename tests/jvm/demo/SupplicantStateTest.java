@@ -19,7 +19,8 @@ class SupplicantStateTest {
     @BeforeEach
     void loadTheNetworks() {
         BWifiPlatformService.unloadWifiSettings0();
-        new StandIn().settings("0\tcafe\tany\t", "1\thome\tany\t", "2\tCaf\\xc3\\xa9\tany\t").play();
+        new StandIn().settings("0\tcafe\tany\t", "1\thome\tany\t",
+                "2\tCaf\\xc3\\xa9\tany\t").play();
         BWifiPlatformService.getWifiAdapters0();
     }
 
@@ -38,6 +39,7 @@ class SupplicantStateTest {
         SupplicantState state = state(BSSID + "ssid=cafe\nwpa_state=" + supplicants + "\n");
         assertEquals(name, state.onTheWayTo("cafe"));
         assertEquals(name, state.toString());
+        assertEquals(!name.equals("UNKNOWN"), state.isKnown());
         assertFalse(state.isConnected());
         assertFalse(state.isConnectedTo("cafe"));
     }
