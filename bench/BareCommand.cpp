@@ -52,11 +52,13 @@ int await(pid_t child, Wait wait) {
 }
 
 std::string takeResult() {
-    char text[4096];
+    std::string text;
+    char piece[4096];
     const FileDescriptor file(open(RESULT, O_RDONLY | O_CLOEXEC));
-    const ssize_t size = read(file.number(), text, sizeof(text));
     unlink(RESULT);
-    return size < 0 ? "" : std::string(text, static_cast<std::size_t>(size));
+    for (ssize_t size = 0; (size = read(file.number(), piece, sizeof(piece))) > 0;)
+        text.append(piece, static_cast<std::size_t>(size));
+    return text;
 }
 
 } // namespace

@@ -37,7 +37,7 @@ Rows measureCommand() {
     return {
         timeRow("One client command through the library",
                 "the client alone: spawned, awaited, read", times[0], times[1],
-                "What the library adds to the client, which is nearly all there is to pay."),
+                "What the library adds to the client that it runs; 1 is nothing."),
         timeRow("The client in plain pauses of 50 ms", "the client alone", times[2], times[1],
                 "What a command costs where the system cannot tell that a child has ended."),
         timeRow("One client command through the library", "the client in plain pauses of 50 ms",

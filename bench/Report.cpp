@@ -72,8 +72,6 @@ Row timeRow(std::string what, std::string baseline, const std::vector<double>& s
 }
 
 void write(std::ostream& out, const Rows& rows) {
-    out << "| What | Compared with | Ratio | Spread | Both | What it means |\n"
-        << "|---|---|---|---|---|---|\n";
     for (const Row& row : rows)
         write(out, row);
 }

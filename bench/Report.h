@@ -36,7 +36,8 @@ std::string medians(const std::vector<double>& values, const std::vector<double>
 Row timeRow(std::string what, std::string baseline, const std::vector<double>& seconds,
             const std::vector<double>& baselineSeconds, std::string meaning);
 
-/// A table in Markdown.
+/// As rows of a table in Markdown, without its head: what, compared with, ratio, spread, medians,
+/// meaning.
 void write(std::ostream& out, const Rows& rows);
 
 } // namespace bench

@@ -1,4 +1,4 @@
-// Measures, and writes a table of what came out.
+// Makes one measurement, prints a dot for each round, and writes what came out as rows of a table.
 
 #include "Measurements.h"
 #include "Networks.h"
@@ -12,74 +12,49 @@
 
 namespace {
 
+using Measure = bench::Rows (*)();
+
 struct Measurement {
     const char* name;
-    const char* what;
-    bench::Rows (*measure)();
+    Measure measure;
 };
 
 constexpr Measurement MEASUREMENTS[] = {
-    {"command", "one client command, the library against bare children", bench::measureCommand},
-    {"load", "loading 32 networks against bare children and a script", bench::measureLoad},
-    {"java", "a native getter from Java against an empty native", bench::measureJava},
-    {"xml", "writing a document of 32 networks, five writers", bench::measureXml},
-    {"xml-call", "what the XML document of the library is made of", bench::measureXmlCall},
-    {"idle", "a process that has the settings and does nothing", bench::measureIdle},
-    {"size", "the libraries as they are shipped", bench::measureSize},
-    {"memory", "the memory of a process before and after a load", bench::measureMemory},
+    {"command", bench::measureCommand},  {"load", bench::measureLoad},
+    {"java", bench::measureJava},        {"xml", bench::measureXml},
+    {"xml-call", bench::measureXmlCall}, {"idle", bench::measureIdle},
+    {"size", bench::measureSize},        {"memory", bench::measureMemory},
 };
 
-void list(std::ostream& out) {
-    for (const Measurement& measurement : MEASUREMENTS)
-        out << "  " << measurement.name << std::string(12 - std::strlen(measurement.name), ' ')
-            << measurement.what << '\n';
-}
-
-bool isNamed(const Measurement& measurement, char** names) {
-    for (; *names; ++names) {
-        if (std::strcmp(*names, measurement.name) == 0)
-            return true;
+// Null where there is no such measurement.
+Measure measurementNamed(const char* name) {
+    for (const Measurement& measurement : MEASUREMENTS) {
+        if (std::strcmp(name, measurement.name) == 0)
+            return measurement.measure;
     }
-    return false;
+    return nullptr;
 }
 
-bench::Rows measure(const Measurement& measurement) {
-    std::cout << "==> bench: " << measurement.what << ' ' << std::flush;
-    bench::Rows rows = measurement.measure();
-    std::cout << '\n';
-    return rows;
-}
-
-// No names are all of them.
-bench::Rows measureAll(char** names) {
+bench::Rows besideASupplicant(Measure measure) {
     test::Supplicant supplicant;
     supplicant.start(bench::networks());
     supplicant.awaitStatus("wpa_state=COMPLETED");
-    bench::Rows all;
-    for (const Measurement& measurement : MEASUREMENTS) {
-        if (*names && !isNamed(measurement, names))
-            continue;
-        for (bench::Row& row : measure(measurement))
-            all.push_back(std::move(row));
-    }
-    return all;
+    return measure();
 }
 
 } // namespace
 
 int main(int count, char** arguments) try {
-    if (count == 2 && std::strcmp(arguments[1], "--list") == 0) {
-        list(std::cout);
-        return 0;
-    }
-    if (count < 2) {
-        std::cerr << "usage: platwifi_bench --list | TABLE_FILE [MEASUREMENT...]\n";
+    const Measure measure = count == 3 ? measurementNamed(arguments[1]) : nullptr;
+    if (!measure) {
+        std::cerr << "usage: platwifi_bench MEASUREMENT FILE (scripts/bench --help lists them)\n";
         return 2;
     }
     setenv("PLATFORM_KEY_FILE", "/tmp/bench-keys/crypt.key", 1); // never the key of this machine
-    std::ofstream table(arguments[1]);
-    write(table, measureAll(arguments + 2));
-    return table.flush() ? 0 : 1;
+    std::ofstream file(arguments[2]);
+    write(file, besideASupplicant(measure));
+    std::cout << '\n';
+    return file.flush() ? 0 : 1;
 } catch (const std::exception& problem) {
     std::cerr << "\nplatwifi_bench: " << problem.what() << '\n';
     return 1;
