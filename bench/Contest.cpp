@@ -26,8 +26,7 @@ private:
 };
 
 void repeat(benchmark::State& state, const Contestant& contestant) {
-    for (auto unused : state) {
-        static_cast<void>(unused);
+    for (auto _ : state) {
         if (contestant.prepare) {
             state.PauseTiming();
             contestant.prepare();
