@@ -47,7 +47,7 @@ Rows measureJava() {
         std::cout << '.' << std::flush;
     }
     return {
-        timeRow("`getBssid0` from Java, the 17th of 32 networks",
+        timeRow("`getBssid0` from Java, the 16th of 32 networks",
                 "an empty native: a lock, and a string of the same length", calls.getter,
                 calls.empty,
                 "What two texts on their way in, the locks, the search and one text on its way out "
