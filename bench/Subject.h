@@ -7,7 +7,7 @@
 
 namespace bench {
 
-/// Another process that is looked at from outside: see subject.cpp. It ends with this object.
+/// Another process that is looked at from outside: see subject_program.cpp. It ends with this object.
 class Subject {
 public:
     /// Starts it, and waits until it is ready.
