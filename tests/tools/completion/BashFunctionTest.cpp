@@ -9,7 +9,6 @@
 #include <sys/stat.h>
 #include <vector>
 
-using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;

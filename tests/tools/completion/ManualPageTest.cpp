@@ -11,7 +11,6 @@
 using testing::Contains;
 using testing::IsEmpty;
 using testing::IsSupersetOf;
-using testing::Not;
 
 namespace {
 
