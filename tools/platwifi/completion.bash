@@ -1,5 +1,6 @@
-# Completion of platwifi in bash 4.4 and later; sourced, never run. The program itself knows what fits:
-# `platwifi --complete WORD...` prints a candidate a line, with a blank behind it where the word ends.
+# Completion of platwifi in bash 4.4 and later; sourced, never run. The program itself knows what
+# fits: `platwifi --complete WORD...` prints a candidate a line, with a blank behind it where the
+# word ends.
 # shellcheck shell=bash
 
 # Reads a piece of a command line into `words` and `word`, the unfinished one, as the shell would.
@@ -10,7 +11,8 @@ _platwifi_read() {
         char=${text:i:1}
         if [[ $char == "$quote" ]]; then
             quote=
-        elif [[ $char == \\ && ($quote == '' || $quote == '"' && ${text:i+1:1} == [\"\$\`\\]) ]]; then
+        elif [[ $char == \\ && ($quote == '' ||
+            $quote == '"' && ${text:i+1:1} == [\"\$\`\\]) ]]; then
             ((++i))
             word+=${text:i:1}
         elif [[ $quote == '' && $char == [\'\"] ]]; then
