@@ -110,7 +110,26 @@ std::string nextStep(const CLI::App& app) {
     return "platwifi " + command + "--help shows how it is used";
 }
 
+void add(std::vector<Option>& options, const CLI::Option& option) {
+    const bool takesValue = option.get_items_expected_min() > 0;
+    for (const std::string& name : option.get_lnames())
+        options.push_back({"--" + name, takesValue});
+    for (const std::string& name : option.get_snames())
+        options.push_back({"-" + name, takesValue});
+}
+
 } // namespace
+
+std::vector<Option> optionsOf(const std::string& command) {
+    Request request;
+    CLI::App app;
+    setUp(app, request);
+    const CLI::App& owner = command.empty() ? app : *app.get_subcommand(command);
+    std::vector<Option> options;
+    for (const CLI::Option* const option : owner.get_options())
+        add(options, *option);
+    return options;
+}
 
 int runCommandLine(int count, char* arguments[]) {
     std::signal(SIGPIPE, SIG_IGN);

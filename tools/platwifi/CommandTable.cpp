@@ -82,7 +82,7 @@ const std::vector<Command> COMMANDS = {
     {"networks", JSON, listNetworks, "list the configured networks", examples<NETWORKS>},
     {"show", SSID | JSON, showNetwork, "show a configured network", examples<SHOW>},
     {"set", SSID | ASSIGNMENTS | JSON, setProperties, "change a network, and save", propertiesAndExamples<SET>},
-    {"add", SSID | MAYBE_ASSIGNMENTS | JSON, addNetwork, "add a network, and save", propertiesAndExamples<ADD>},
+    {"add", SSID | NEW_SSID | MAYBE_ASSIGNMENTS | JSON, addNetwork, "add a network, and save", propertiesAndExamples<ADD>},
     {"remove", SSID | JSON, removeNetwork, "remove a network, and save", examples<REMOVE>},
     {"connect", SSID | PATIENCE | JSON, connectNetwork, "connect to a network, and wait for it", examples<CONNECT>},
     {"disconnect", MAYBE_SSID | JSON, disconnectNetwork, "end the connection", examples<DISCONNECT>},
