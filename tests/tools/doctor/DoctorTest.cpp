@@ -1,5 +1,6 @@
 // What the command prints, and how it ends.
 
+#include "CommandLine.h"
 #include "Commands.h"
 #include "DoctorWorld.h"
 #include "Json.h"
@@ -69,6 +70,16 @@ TEST_F(Doctor, TellsWhatIsWrongAndWhatToDo) {
                                 "                      put update_config=1 into the supplicant's "
                                 "configuration, then restart it\n"));
     EXPECT_THAT(text, EndsWith("\n1 thing is wrong.\n"));
+}
+
+TEST_F(Doctor, EndsTheProgramWithItsStatus) {
+    char program[] = "platwifi";
+    char command[] = "doctor";
+    char* arguments[] = {program, command, nullptr};
+    const Captured captured;
+    EXPECT_EQ(cli::runCommandLine(2, arguments), 0);
+    turnSavingOff();
+    EXPECT_EQ(cli::runCommandLine(2, arguments), 1);
 }
 
 TEST_F(Doctor, CountsWhatIsWrong) {
