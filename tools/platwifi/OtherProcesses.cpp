@@ -6,27 +6,36 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 namespace cli {
 namespace {
 
 constexpr const char* BLOCK_NAME = "/wifi_shmem";
-constexpr const char* BLOCK_PATH = "/dev/shm/wifi_shmem";
 constexpr const char* TELLER = "--tell-other-processes";
 
-// A block that has lost its name is listed as "... (deleted)": nobody finds its users any more.
-bool hasBlockMapped(const std::filesystem::path& process) {
+// How a list of mapped files names the file that stands under the block's name now: by its device and its
+// number there. In another container another file may stand under the same name.
+std::string markOfBlock() {
+    struct stat block {};
+    if (stat(BLOCK_PATH, &block) != 0)
+        return "";
+    char device[32];
+    std::snprintf(device, sizeof device, " %02x:%02x ", major(block.st_dev), minor(block.st_dev));
+    return device + std::to_string(block.st_ino) + " ";
+}
+
+bool hasMapped(const std::filesystem::path& process, const std::string& mark) {
     std::ifstream maps(process / "maps");
-    const std::string end = std::string(" ") + BLOCK_PATH;
     for (std::string line; std::getline(maps, line);) {
-        if (line.size() > end.size() &&
-            line.compare(line.size() - end.size(), end.size(), end) == 0)
+        if (line.find(mark) != std::string::npos)
             return true;
     }
     return false;
@@ -51,17 +60,21 @@ bool othersMayShare() {
 
 std::vector<pid_t> sharersOfBlock() {
     std::vector<pid_t> sharers;
+    const std::string mark = markOfBlock();
+    if (mark.empty())
+        return sharers;
     std::error_code error;
     for (const auto& process : std::filesystem::directory_iterator("/proc", error)) {
         const std::string name = process.path().filename();
-        if (isNumber(name) && std::stoi(name) != getpid() && hasBlockMapped(process.path()))
+        if (isNumber(name) && std::stoi(name) != getpid() && hasMapped(process.path(), mark))
             sharers.push_back(std::stoi(name));
     }
     return sharers;
 }
 
 void leaveSharedBlock() {
-    if (hasBlockMapped("/proc/self") && !othersMayShare())
+    const std::string mark = markOfBlock();
+    if (!mark.empty() && hasMapped("/proc/self", mark) && !othersMayShare())
         platform::SharedMemory::unlink(BLOCK_NAME);
 }
 

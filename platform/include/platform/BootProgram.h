@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Export.h"
+
 #include <string>
 
 namespace platform {
@@ -14,6 +16,6 @@ namespace platform {
 ///  4. the directory that the boot programs are installed in, which the build knows as a path from
 ///     that of the libraries: so a whole installation may be moved. The path as it stands again
 ///     where the library's own file is gone.
-std::string locateProgram(const std::string& path);
+PLATFORM_API std::string locateProgram(const std::string& path);
 
 } // namespace platform
