@@ -21,8 +21,8 @@ namespace {
 constexpr const char* BLOCK_NAME = "/wifi_shmem";
 constexpr const char* TELLER = "--tell-other-processes";
 
-// How a list of mapped files names the file that stands under the block's name now: by its device and its
-// number there. In another container another file may stand under the same name.
+// How a list of mapped files names the file that stands under the block's name now: by its device
+// and its number there. In another container another file may stand under the same name.
 std::string markOfBlock() {
     struct stat block {};
     if (stat(BLOCK_PATH, &block) != 0)

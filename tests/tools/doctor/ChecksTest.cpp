@@ -21,6 +21,7 @@ class Checks : public test::DoctorWorld {};
 
 std::vector<std::string> subjectsOf(const std::vector<Finding>& findings) {
     std::vector<std::string> subjects;
+    subjects.reserve(findings.size());
     for (const Finding& finding : findings)
         subjects.push_back(finding.subject);
     return subjects;

@@ -49,8 +49,8 @@ TEST_F(SupplicantChecks, HearNothing) {
 
 TEST_F(SupplicantChecks, TellWhatTheClientSaysInstead) {
     onPing().printsError("Failed to connect\nmore\n").exits(255);
-    EXPECT_EQ(cli::checkReply("").found, "the supplicant does not answer for wlan0; the client "
-                                         "says: Failed to connect");
+    EXPECT_EQ(cli::checkReply("").found, "the supplicant does not answer for wlan0: Failed to "
+                                         "connect");
 }
 
 TEST_F(SupplicantChecks, ListTheInterfaces) {
