@@ -11,4 +11,7 @@ namespace cli {
 /// @param argument  its second word, or null
 std::string clientReply(const std::string& iface, const char* command, const char* argument);
 
+/// What the process lister prints: a process a line, its number and its arguments.
+std::string processList();
+
 } // namespace cli

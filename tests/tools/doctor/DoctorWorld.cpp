@@ -66,6 +66,7 @@ void DoctorWorld::TearDown() {
 
 void DoctorWorld::answer() {
     m_standIn.on({"-iwlan0", "arg"}).prints("12 wpa_supplicant -B -i wlan0\n");
+    m_standIn.on({"arg"}).prints("12 wpa_supplicant -B -i wlan0\n");
     m_standIn.on({"interface"})
         .prints("Selected interface 'wlan0'\nAvailable interfaces:\nwlan0\n");
     m_standIn.on({"-iwlan0", "ping"}).prints("PONG\n");
