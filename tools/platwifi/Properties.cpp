@@ -90,6 +90,12 @@ const char* wepKey(const N& network) {
     return network.getWepKey(Slot);
 }
 
+// The library has an address of zeros for any.
+std::string bssid(const N& network) {
+    const std::string address = text<&N::getBssid>(network);
+    return address == "00:00:00:00:00:00" ? "any" : address;
+}
+
 std::string ciphers(const N& network) {
     const std::string pairwise = words<&N::getPairwiseCiphers, PAIRWISE>(network);
     const std::string group = words<&N::getGroupCiphers, GROUP>(network);
@@ -110,7 +116,7 @@ const std::vector<Property> PROPERTIES = {
     {"status", REPORTED, nullptr, word<&N::getNetworkStatus, STATUSES>, "what it is to the supplicant now", {}},
     {"strength", REPORTED, nullptr, number<&N::getStrength>, "signal at the last scan, 0 to 100", {}},
     {"channel", REPORTED, nullptr, number<&N::getChannel>, "radio channel", {}},
-    {"bssid", PLAIN, takeBssid, text<&N::getBssid>, "the one access point to use, or any", {}},
+    {"bssid", PLAIN, takeBssid, bssid, "the one access point to use, or any", {}},
     {"ssidBroadcasted", PLAIN, takeTruth, word<&N::getSsidBroadcasted, TRUTHS>, "false for a hidden network", TRUTHS},
     {"mode", PLAIN, takeWord, word<&N::getNetworkMode, MODES>, "with an access point, or without", MODES},
     {"priority", PLAIN, takeNumber, number<&N::getPriority>, "the supplicant prefers higher ones", {}, LEAST, MOST},
@@ -118,8 +124,8 @@ const std::vector<Property> PROPERTIES = {
     {"protocol", PLAIN, takeWord, words<&N::getProtocol, PROTOCOLS>, "RSN is WPA2", PROTOCOLS},
     {"encryption", PLAIN, takeWord, ciphers, "ciphers, pairwise and group", CIPHER_CODES},
     {"authentication", PLAIN, takeWord, word<&N::getAuthAlg, AUTHENTICATIONS>, "authentication algorithm", AUTHENTICATIONS},
-    {"psk", ENCIPHERED, takePsk, secret<&N::getPsk>, "passphrase of 8 to 63 characters, or 64 hexadecimal digits", {}},
-    {"key1", HIDDEN, takeWepKey, secret<wepKey<0>>, "WEP key of 5 or 13 characters, or 10 or 26 hexadecimal digits", {}},
+    {"psk", ENCIPHERED, takePsk, secret<&N::getPsk>, "key: 8 to 63 characters, or 64 hex digits", {}},
+    {"key1", HIDDEN, takeWepKey, secret<wepKey<0>>, "WEP key: 5, 13 characters or 10, 26 hex digits", {}},
     {"key2", HIDDEN, takeWepKey, secret<wepKey<1>>, "WEP key", {}},
     {"key3", HIDDEN, takeWepKey, secret<wepKey<2>>, "WEP key", {}},
     {"key4", HIDDEN, takeWepKey, secret<wepKey<3>>, "WEP key", {}},
