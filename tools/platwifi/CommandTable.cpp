@@ -65,7 +65,7 @@ std::string propertyList() {
         if (property.way != Way::reported)
             text += lineFor(property);
     }
-    return text + "A secret is never written on the command line: NAME=- reads a line of standard\n"
+    return text + "A secret is not written on the command line: NAME=- reads a line of standard\n"
                   "input, NAME=@FILE the first line of a file. NAME= clears a text or a secret.\n";
 }
 
@@ -100,8 +100,8 @@ const std::vector<Command>& commands() {
 }
 
 std::string generalHelp() {
-    return "Exit status: 0 it is done, 1 it did not work, 2 wrong use. What is wrong and what to\n"
-           "do next stands on standard error.\n\n"
+    return "Exit status: 0 it is done, 1 it did not work, 2 wrong use. Standard error tells\n"
+           "what is wrong, and what to do next.\n\n"
            "Examples:\n"
            "  platwifi doctor\n"
            "  platwifi scan\n"
