@@ -24,6 +24,13 @@ Assignment assignmentOf(const std::string& written) {
     return {written.substr(0, sign), written.substr(sign + 1)};
 }
 
+void requireOnce(const std::vector<Assignment>& assignments) {
+    const std::string& last = assignments.back().name;
+    const auto named = [&](const Assignment& one) { return one.name == last; };
+    if (std::count_if(assignments.begin(), assignments.end(), named) > 1)
+        throw WrongUse(printable(last) + " is given twice; leave out one of them");
+}
+
 std::string valueOf(const Property& property, const std::string& written,
                     const Interrupt& interrupt) {
     switch (property.way) {
@@ -53,6 +60,7 @@ Edits::Edits(Context& context) {
     std::vector<Assignment> assignments;
     for (const std::string& written : context.request.assignments) {
         assignments.push_back(assignmentOf(written));
+        requireOnce(assignments);
         propertyOf(assignments.back().name);
     }
     for (const Assignment& assignment : assignments) {
