@@ -31,12 +31,19 @@ public:
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
 
+    // A key that interrupts ends the client, too, and with it a change that nobody misses.
     void save() {
         if (saveWifiHostSettings(nullptr) == 0)
             throw Failure(
                 "the supplicant did not save its configuration, and nothing was changed; see "
                 "that the file says update_config=1 and can be written: platwifi doctor");
         m_context.hasSaved = true;
+        try {
+            m_context.interrupt.check();
+        } catch (Interrupted& end) {
+            end.message = "interrupted while saving; platwifi networks tells what there is now";
+            throw;
+        }
     }
 
 private:

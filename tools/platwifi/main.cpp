@@ -3,6 +3,6 @@
 
 int main(int count, char* arguments[]) {
     if (cli::isTeller(count, arguments))
-        cli::tell();
+        cli::tell(arguments);
     return cli::runCommandLine(count, arguments);
 }
