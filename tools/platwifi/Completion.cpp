@@ -101,7 +101,7 @@ Candidates secretValues(const std::string& before, const std::string& value) {
 
 Candidates valuesOf(const Property& property, const std::string& value) {
     const std::string before = property.name + std::string("=");
-    if (property.way == Way::hidden || property.way == Way::enciphered)
+    if (isSecret(property))
         return secretValues(before, value);
     if (property.take == takePath)
         return files(before, value);

@@ -64,7 +64,9 @@ private:
         const auto state = static_cast<WpaState>(getDaemonStatus(nullptr, m_iface.c_str()));
         const bool isOnNetwork = isSameSsid(currentNetwork(m_iface), m_ssid);
         m_attempt.saw(state, isOnNetwork);
-        if (line && (isOnNetwork || state < WPA_STATE_ASSOCIATED))
+        const bool isTold =
+            state != WPA_STATE_UNKNOWN; // the library has no word for authenticating
+        if (line && isTold && (isOnNetwork || state < WPA_STATE_ASSOCIATED))
             line->tell(wordForState(state));
     }
 

@@ -4,7 +4,7 @@
 
 int main(int count, char* arguments[]) {
     if (cli::isTeller(count, arguments))
-        cli::tell();
+        cli::tell(arguments);
     if (cli::isCompletion(count, arguments))
         return cli::complete(count, arguments);
     return cli::runCommandLine(count, arguments);

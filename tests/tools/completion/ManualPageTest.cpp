@@ -52,7 +52,7 @@ std::string pageSection(const std::string& name) {
 }
 
 Names commandsOfHelp() {
-    return found(section(output("platwifi --help"), "\nSubcommands:\n", "\n\n"), "^  ([a-z]+) ");
+    return found(section(output("platwifi --help"), "\nCommands:\n", "\n\n"), "^  ([a-z]+) ");
 }
 
 std::string propertiesOfHelp() {

@@ -143,7 +143,7 @@ TEST_F(Doctor, PrintsJson) {
     m_request.json = true;
     const Json all = Json::parse(printed());
     EXPECT_EQ(m_status, cli::FAILED);
-    ASSERT_EQ(all.size(), 10U);
+    ASSERT_EQ(all.size(), 11U);
     EXPECT_EQ(all.at(3), Json({{"subject", "control socket"},
                                {"health", "good"},
                                {"found", "/run/wpa_supplicant/wlan0"},
