@@ -1,4 +1,4 @@
-#include "BootProgram.h"
+#include "platform/BootProgram.h"
 
 #include <cstdlib>
 #include <dlfcn.h>

@@ -1,6 +1,6 @@
 #include "platform/Spawn.h"
 
-#include "BootProgram.h"
+#include "platform/BootProgram.h"
 
 #include <cerrno>
 #include <csignal>

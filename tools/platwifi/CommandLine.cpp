@@ -84,7 +84,7 @@ int run(const Command& command, const Request& request, char* arguments[]) {
         flush();
         if (context.hasSaved)
             tellOthers(arguments);
-        return DONE;
+        return context.status;
     } catch (const Interrupted& end) {
         std::cout << std::flush;
         tell(end.message, FAILED);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Console.h"
+#include "Failure.h"
 #include "Interrupt.h"
 #include "Request.h"
 
@@ -13,6 +14,7 @@ struct Context {
     Console out;           ///< standard output
     Console err;           ///< standard error
     bool hasSaved = false; ///< set by a command that has saved: other processes must hear of it
+    Status status = DONE;  ///< set by a command that has done its work and found something wrong
 };
 
 } // namespace cli

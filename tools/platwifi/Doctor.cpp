@@ -2,18 +2,119 @@
 
 #include "Checks.h"
 #include "Commands.h"
-#include "Failure.h"
 #include "Json.h"
+#include "Text.h"
+#include "Wrap.h"
+
+#include <algorithm>
+#include <iostream>
 
 namespace cli {
+namespace {
 
-std::vector<Finding> examine(const std::string&) {
-    return {};
-}
-std::optional<Finding> obstacle(const std::string&) {
-    return std::nullopt;
+constexpr unsigned int SUBJECT_COLUMN = 6;
+constexpr unsigned int TEXT_COLUMN = 22;
+constexpr unsigned int NARROW_TEXT_COLUMN = 2; // on lines of their own
+constexpr unsigned int NARROW = TEXT_COLUMN + 20;
+
+struct Look {
+    const char* word; // for people
+    const char* name; // for programs
+    const char* (Console::*colour)() const;
+};
+
+// In the order of Health.
+constexpr Look LOOKS[] = {
+    {"ok", "good", &Console::green},
+    {"note", "note", &Console::yellow},
+    {"bad", "bad", &Console::red},
+};
+
+const Look& lookOf(const Finding& finding) {
+    return LOOKS[static_cast<unsigned int>(finding.health)];
 }
 
-void doctor(Context&) {}
+std::string padded(const std::string& text, unsigned int cells) {
+    return text + std::string(cells - std::min(cells, cellsOf(text)), ' ');
+}
+
+// The health and the subject: what stands in front of the texts, or above them.
+std::string head(const Finding& finding, const Console& console) {
+    const Look& look = lookOf(finding);
+    const unsigned int rest = console.width - std::min(console.width, SUBJECT_COLUMN);
+    return (console.*look.colour)() + cutTo(padded(look.word, SUBJECT_COLUMN), console.width) +
+           console.plain() + cutTo(finding.subject, rest);
+}
+
+std::vector<std::string> linesOf(const Finding& finding, unsigned int cells) {
+    std::vector<std::string> lines = wrapped(printable(finding.found), cells);
+    if (finding.toDo.empty())
+        return lines;
+    for (std::string& line : wrapped(printable(finding.toDo), cells))
+        lines.push_back(std::move(line));
+    return lines;
+}
+
+// Where there is room the texts stand beside the subject, else below it.
+void show(const Finding& finding, const Console& console) {
+    const bool isNarrow = console.width < NARROW;
+    const unsigned int column = isNarrow ? NARROW_TEXT_COLUMN : TEXT_COLUMN;
+    const std::string indentation(std::min(column, console.width - 1), ' ');
+    const unsigned int taken = SUBJECT_COLUMN + cellsOf(finding.subject);
+    std::cout << head(finding, console)
+              << (isNarrow ? "\n" + indentation : std::string(TEXT_COLUMN - taken, ' '));
+    const auto cells = console.width - static_cast<unsigned int>(indentation.size());
+    std::string gap;
+    for (const std::string& line : linesOf(finding, cells)) {
+        std::cout << gap << line << '\n';
+        gap = indentation;
+    }
+}
+
+Json jsonOf(const Finding& finding) {
+    return {{"subject", finding.subject},
+            {"health", lookOf(finding).name},
+            {"found", finding.found},
+            {"toDo", finding.toDo}};
+}
+
+void printJson(const std::vector<Finding>& findings) {
+    Json all = Json::array();
+    for (const Finding& finding : findings)
+        all.push_back(jsonOf(finding));
+    print(all);
+}
+
+std::string summary(std::ptrdiff_t wrong) {
+    if (wrong == 0)
+        return "Everything is in order.";
+    return wrong == 1 ? "1 thing is wrong." : std::to_string(wrong) + " things are wrong.";
+}
+
+void printForPeople(const std::vector<Finding>& findings, std::ptrdiff_t wrong,
+                    const Console& console) {
+    for (const Finding& finding : findings)
+        show(finding, console);
+    for (const std::string& line : wrapped(summary(wrong), console.width))
+        std::cout << line << '\n';
+}
+
+bool isBad(const Finding& finding) {
+    return finding.health == Health::bad;
+}
+
+} // namespace
+
+void doctor(Context& context) {
+    const std::vector<Finding> findings = examine(context.request.iface);
+    context.interrupt.check();
+    const auto wrong = std::count_if(findings.begin(), findings.end(), isBad);
+    if (wrong > 0)
+        context.status = FAILED;
+    if (context.request.json)
+        printJson(findings);
+    else
+        printForPeople(findings, wrong, context.out);
+}
 
 } // namespace cli

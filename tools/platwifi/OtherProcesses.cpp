@@ -17,7 +17,6 @@ namespace cli {
 namespace {
 
 constexpr const char* BLOCK_NAME = "/wifi_shmem";
-constexpr const char* BLOCK_PATH = "/dev/shm/wifi_shmem";
 constexpr const char* TELLER = "--tell-other-processes";
 
 // A block that has lost its name is listed as "... (deleted)": nobody finds its users any more.

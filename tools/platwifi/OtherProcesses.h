@@ -5,6 +5,9 @@
 
 namespace cli {
 
+/// Where the library's shared memory stands among the files.
+constexpr const char* BLOCK_PATH = "/dev/shm/wifi_shmem";
+
 /// The other processes that share the library's memory, as far as this user may see.
 std::vector<pid_t> sharersOfBlock();
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Export.h"
+
 #include <string>
 
 namespace platform {
@@ -10,6 +12,6 @@ namespace platform {
 ///     a program that runs with more rights than its caller),
 ///  2. the path as it stands, where it exists,
 ///  3. the directory boot/ beside the folder that this library was loaded from.
-std::string locateProgram(const std::string& path);
+PLATFORM_API std::string locateProgram(const std::string& path);
 
 } // namespace platform

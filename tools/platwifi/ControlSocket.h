@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+namespace cli {
+
+/// Where the supplicant's client looks for control sockets when it is not told otherwise.
+constexpr const char* CONTROL_FOLDER = "/run/wpa_supplicant";
+
+/// The control socket of an interface.
+std::string controlSocketOf(const std::string& iface);
+
+/// The interface to ask about: `iface`, or where that is "" the first that has a control socket and can
+/// hold networks; "" where there is none.
+std::string interfaceFor(const std::string& iface);
+
+/// Whether somebody listens at a control socket whom this user may talk to. Nothing is sent.
+/// @return 0, or an error number
+int connectTo(const std::string& path);
+
+/// An interface that the supplicant adds of its own for Wi-Fi Direct: it holds no networks.
+bool isForWifiDirect(const std::string& iface);
+
+} // namespace cli
