@@ -6,11 +6,14 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 namespace cli {
@@ -19,13 +22,23 @@ namespace {
 constexpr const char* BLOCK_NAME = "/wifi_shmem";
 constexpr const char* TELLER = "--tell-other-processes";
 
-// A block that has lost its name is listed as "... (deleted)": nobody finds its users any more.
+// As /proc/PID/maps tells the block: by device and inode, since the path there is no name in the process
+// that has made it. Of a block that has lost its name nobody finds the users any more.
+std::string markOfBlock() {
+    struct stat block {};
+    if (lstat(BLOCK_PATH, &block) != 0)
+        return "";
+    char mark[64];
+    std::snprintf(mark, sizeof mark, " %02x:%02x %ju ", major(block.st_dev), minor(block.st_dev),
+                  static_cast<std::uintmax_t>(block.st_ino));
+    return mark;
+}
+
 bool hasBlockMapped(const std::filesystem::path& process) {
+    const std::string mark = markOfBlock();
     std::ifstream maps(process / "maps");
-    const std::string end = std::string(" ") + BLOCK_PATH;
-    for (std::string line; std::getline(maps, line);) {
-        if (line.size() > end.size() &&
-            line.compare(line.size() - end.size(), end.size(), end) == 0)
+    for (std::string line; !mark.empty() && std::getline(maps, line);) {
+        if (line.find(mark) != std::string::npos)
             return true;
     }
     return false;
