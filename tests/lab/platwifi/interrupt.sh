@@ -2,13 +2,13 @@
 # shellcheck shell=bash
 # shellcheck disable=SC2317 # wait_for calls functions by name
 
-is_trying() { grep -q 'SCANNING' "$out"; }
+is_trying() { grep -q 'SCANNING' "$OUT"; }
 
 no_client_left() { ! pgrep -x wpa_cli >/dev/null; }
 
 ends_by_the_signal() {
     local program status=0
-    env --default-signal=INT "$PLATWIFI" connect nowhere >"$out" 2>"$err" &
+    env --default-signal=INT "$PLATWIFI" connect nowhere >"$OUT" 2>"$ERR" &
     program=$!
     result "tries" wait_for 20 is_trying
     kill -INT "$program"
@@ -23,7 +23,7 @@ ends_by_the_signal() {
 test_interrupt() {
     run "add a network that is not there" 0 add nowhere key_mgmt=NONE
     run "connect" 1 connect --timeout 3 nowhere
-    complains 'nowhere is not connected after .* s, the last state is [A-Z]+: no access point in range .*'
+    complains 'nowhere is not connected after .* s, the last state is [A-Z]+: no access point in .*'
     ends_by_the_signal
     forget_networks
 }

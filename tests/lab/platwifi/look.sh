@@ -14,15 +14,15 @@ expected_rows() {
     done <"$LAB_AP_TABLE" | LC_ALL=C sort
 }
 
-shown_rows() { awk 'NR > 1 { print $1, $2, $3, $4, $6 }' "$out" | LC_ALL=C sort; }
+shown_rows() { awk 'NR > 1 { print $1, $2, $3, $4, $6 }' "$OUT" | LC_ALL=C sort; }
 
 # A single scan can miss a beacon; the supplicant remembers what it received before.
 scan_shows_all() {
-    "$PLATWIFI" scan >"$out" 2>"$err" && [ "$(shown_rows)" = "$(expected_rows)" ]
+    "$PLATWIFI" scan >"$OUT" 2>"$ERR" && [ "$(shown_rows)" = "$(expected_rows)" ]
 }
 
 # place_of BSSID: in the array; the strongest comes first, whoever that is.
-place_of() { grep -F '"bssid"' "$out" | grep -nF "$1" | awk -F : '{ print $1 - 1 }'; }
+place_of() { grep -F '"bssid"' "$OUT" | grep -nF "$1" | awk -F : '{ print $1 - 1 }'; }
 
 scan_as_json() {
     local ssid bssid frequency kind flags place wanted=()

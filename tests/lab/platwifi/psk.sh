@@ -3,8 +3,8 @@
 
 watched=/tmp/watched
 
-# Stands in the place of the client, and writes down the word of each command and the arguments of the
-# program that gave it.
+# Stands in the place of the client, and writes down the word of each command and the arguments of
+# the program that gave it.
 watch_client() {
     mkdir "$watched"
     cat >"$watched/wpa_cli" <<'CLIENT'
@@ -20,7 +20,7 @@ CLIENT
 refuses_a_key_on_the_command_line() {
     run "a key on the command line" 2 add lab-psk psk=12345678
     complains 'psk is a secret, .*'
-    result "does not repeat it" lacks "$err" 12345678
+    result "does not repeat it" lacks "$ERR" 12345678
 }
 
 adds_in_one_save() {
@@ -29,7 +29,7 @@ adds_in_one_save() {
     unset PLATFORM_BOOT_DIR
     shows 'lab-psk is added\.'
     result "saves once" [ "$(grep -cx save_config "$watched/commands")" = 1 ]
-    result "its arguments are those that were given" grep -qF ' add lab-psk psk=-' "$watched/callers"
+    result "its arguments are those given" grep -qF ' add lab-psk psk=-' "$watched/callers"
     result "the key is not among them" lacks "$watched/callers" "$LAB_PASSPHRASE"
     file_holds '"lab-psk" '
     file_has "psk=\"$LAB_PASSPHRASE\""

@@ -9,9 +9,9 @@ PEER=$BUILD_DIR/tests/settings_peer
 export PLATFORM_KEY_FILE=/tmp/keys/crypt.key
 
 # What the last run printed, on either stream; and everything that was printed.
-out=/tmp/out
-err=/tmp/err
-transcript=/tmp/transcript
+OUT=/tmp/out
+ERR=/tmp/err
+TRANSCRIPT=/tmp/transcript
 failures=0
 
 require_programs() {
@@ -24,6 +24,8 @@ require_programs() {
     done
 }
 
+supplicant_says() { client status 2>/dev/null | grep -E '^(wpa_state|ssid|id)=' | tr '\n' ' '; }
+
 # result TITLE COMMAND...
 result() {
     local title=$1
@@ -31,7 +33,7 @@ result() {
     if "$@"; then
         echo "ok      $title"
     else
-        echo "FAILED  $title: $(client status 2>/dev/null | sed -nE '/^(wpa_state|ssid|id)=/p' | tr '\n' ' ')"
+        echo "FAILED  $title: $(supplicant_says)"
         failures=$((failures + 1))
     fi
 }
@@ -40,21 +42,28 @@ result() {
 run() {
     local title=$1 wanted=$2 status=0
     shift 2
-    "$PLATWIFI" "$@" >"$out" 2>"$err" || status=$?
+    "$PLATWIFI" "$@" >"$OUT" 2>"$ERR" || status=$?
     note "$*"
     result "$title: status $wanted" [ "$status" = "$wanted" ]
 }
 
-# note COMMAND: what it printed goes to the job's output.
-note() { { echo "\$ platwifi $1" && cat "$out" "$err"; } | tee -a "$transcript" | sed 's/^/        /'; }
+# note COMMAND: what it printed goes to the output of the job.
+note() {
+    local lines more
+    mapfile -t lines <"$OUT"
+    mapfile -t more <"$ERR"
+    lines=("\$ platwifi $1" "${lines[@]}" "${more[@]}")
+    printf '%s\n' "${lines[@]}" >>"$TRANSCRIPT"
+    printf '        %s\n' "${lines[@]}"
+}
 
-shows() { result "shows: $1" grep -qxE -- "$1" "$out"; }
+shows() { result "shows: $1" grep -qxE -- "$1" "$OUT"; }
 
 # lacks FILE TEXT
 lacks() { ! grep -qF -- "$2" "$1"; }
 
 # A failure is one line with the program's name, and nothing else.
-complains_in_one_line() { [ "$(wc -l <"$err")" = 1 ] && grep -qxE -- "platwifi: $1" "$err"; }
+complains_in_one_line() { [ "$(wc -l <"$ERR")" = 1 ] && grep -qxE -- "platwifi: $1" "$ERR"; }
 complains() { result "says in one line: $1" complains_in_one_line "$1"; }
 
 # json_has POINTER VALUE POINTER VALUE...
@@ -64,7 +73,7 @@ json_has() {
         pointers+=("$1") values+=("$2")
         shift 2
     done
-    got=$("$JSON" "${pointers[@]}" <"$out" 2>&1 | tr '\n' ' ') || true
+    got=$("$JSON" "${pointers[@]}" <"$OUT" 2>&1 | tr '\n' ' ') || true
     if [ "$got" != "${values[*]} " ]; then echo "        got $got"; fi
     result "JSON: ${values[*]}" [ "$got" = "${values[*]} " ]
 }
@@ -93,7 +102,7 @@ gives_up() {
     local patience=60 line
     run "connect" 1 connect --timeout $patience "$1"
     complains "$1 is not connected after .* s, the last state is [A-Z0-9_]+: $2.*"
-    line=$(sed -nE 's/.* after ([0-9]+)\..*/\1/p' "$err")
+    line=$(sed -nE 's/.* after ([0-9]+)\..*/\1/p' "$ERR")
     result "is sure before the time is over" [ "${line:-$patience}" -lt "$patience" ]
     forget_refusal
 }
@@ -116,7 +125,7 @@ hides_secrets() {
     local secret
     for secret in "$LAB_PASSPHRASE" "$LAB_PASSWORD" "$LAB_WEP_KEY"; do
         result "nothing that was printed holds the secret of ${#secret} characters" \
-            lacks "$transcript" "$secret"
+            lacks "$TRANSCRIPT" "$secret"
     done
-    cp "$transcript" "$LAB_OUT/transcript"
+    cp "$TRANSCRIPT" "$LAB_OUT/transcript"
 }
