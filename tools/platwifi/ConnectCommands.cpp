@@ -64,9 +64,8 @@ private:
         const auto state = static_cast<WpaState>(getDaemonStatus(nullptr, m_iface.c_str()));
         const bool isOnNetwork = isSameSsid(currentNetwork(m_iface), m_ssid);
         m_attempt.saw(state, isOnNetwork);
-        const bool isTold =
-            state != WPA_STATE_UNKNOWN; // the library has no word for authenticating
-        if (line && isTold && (isOnNetwork || state < WPA_STATE_ASSOCIATED))
+        const bool isOnTheWay = isOnNetwork || state < WPA_STATE_ASSOCIATED;
+        if (line && isOnTheWay && state != WPA_STATE_UNKNOWN) // such as AUTHENTICATING
             line->tell(wordForState(state));
     }
 

@@ -1,0 +1,77 @@
+# What is wrong with a host, one thing after the other.
+# shellcheck shell=bash
+
+count_of() { grep -cF "\"health\": \"$1\"" "$OUT" || true; }
+
+# finds SUBJECT FOUND TO_DO COMMAND...: the only thing that the command finds bad; FOUND and TO_DO are
+# patterns.
+finds() {
+    local subject=$1 found=$2 to_do=$3 place got status=0
+    shift 3
+    "$@" doctor --json >"$OUT" 2>"$ERR" || status=$?
+    cat "$OUT" "$ERR" >>"$TRANSCRIPT"
+    result "doctor: status 1" [ "$status" = 1 ]
+    result "one thing is bad" [ "$(count_of bad)" = 1 ]
+    place=$(grep -F '"subject": ' "$OUT" | grep -nF "\"$subject\"" | cut -d : -f 1)
+    mapfile -t got < <("$JSON" "/$((place - 1))"/{health,found,toDo} <"$OUT" 2>&1)
+    echo "        $subject: ${got[*]}"
+    result "$subject: $found" grep -qxE "bad: $found" <<<"${got[0]}: ${got[1]}"
+    result "what to do: $to_do" grep -qxE "$to_do" <<<"${got[2]}"
+}
+
+# restart_supplicant SCRIPT: with its configuration changed by a script for sed.
+restart_supplicant() {
+    stop_supplicant
+    write_supplicant_conf "$LAB_SUPPLICANT_CONF"
+    sed -i "$1" "$LAB_SUPPLICANT_CONF"
+    start_supplicant
+}
+
+finds_files() {
+    chmod 644 "$PLATFORM_KEY_FILE"
+    finds "key file" ".*$PLATFORM_KEY_FILE.*" '.*chmod 600.*' "$PLATWIFI"
+    chmod 600 "$PLATFORM_KEY_FILE"
+    echo foreign >/dev/shm/wifi_shmem
+    finds "shared memory" '/dev/shm/wifi_shmem was made by another build: .*' \
+        'remove it as root: .*' "$PLATWIFI"
+    rm /dev/shm/wifi_shmem
+}
+
+finds_what_is_missing() {
+    mkdir /tmp/empty
+    finds client 'there is no program /tmp/empty/wpa_cli' 'install .*' \
+        env PLATFORM_BOOT_DIR=/tmp/empty "$PLATWIFI"
+    stop_supplicant
+    finds supplicant 'wpa_supplicant is not running' 'start it as root: .*' "$PLATWIFI"
+    run "status" 1 status
+    complains 'wpa_supplicant is not running; start it as root: .*'
+    start_supplicant
+}
+
+# Root may use every socket.
+finds_a_closed_socket() {
+    finds "control socket" '/run/wpa_supplicant.* is closed to all but root.*' \
+        '.*run platwifi as root.*' env PLATFORM_KEY_FILE=/tmp/nobody/crypt.key \
+        setpriv --reuid=65534 --regid=65534 --clear-groups "$PLATWIFI"
+}
+
+finds_configurations() {
+    restart_supplicant 's/^update_config=1$/update_config=0/'
+    finds update_config 'is off: nothing can be saved' 'put update_config=1 into .*' "$PLATWIFI"
+    run "add" 1 add unsaved key_mgmt=NONE
+    complains 'the supplicant did not save its configuration, and nothing was changed; .*'
+    result "the network is gone again" [ -z "$(client list_networks | sed 1d)" ]
+    restart_supplicant '/^p2p_disabled=1$/d'
+    finds interface 'the supplicant lists p2p-dev-wlan0 first, .*' 'put p2p_disabled=1 into .*' \
+        "$PLATWIFI"
+    restart_supplicant ''
+}
+
+test_doctor() {
+    run "doctor" 0 doctor
+    shows 'Everything is in order\.'
+    finds_files
+    finds_what_is_missing
+    finds_a_closed_socket
+    finds_configurations
+}

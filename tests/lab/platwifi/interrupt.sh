@@ -1,0 +1,29 @@
+# A network out of range, and a user who does not want to wait for it.
+# shellcheck shell=bash
+# shellcheck disable=SC2317 # wait_for calls functions by name
+
+is_trying() { grep -q 'SCANNING' "$OUT"; }
+
+no_client_left() { ! pgrep -x wpa_cli >/dev/null; }
+
+ends_by_the_signal() {
+    local program status=0
+    env --default-signal=INT "$PLATWIFI" connect nowhere >"$OUT" 2>"$ERR" &
+    program=$!
+    result "tries" wait_for 20 is_trying
+    kill -INT "$program"
+    wait "$program" || status=$?
+    note 'connect nowhere, and Ctrl-C'
+    result "ends by the signal" [ "$status" = $((128 + 2)) ]
+    complains 'interrupted; .*'
+    result "leaves no client" no_client_left
+    result "leaves no shared block" [ ! -e /dev/shm/wifi_shmem ]
+}
+
+test_interrupt() {
+    run "add a network that is not there" 0 add nowhere key_mgmt=NONE
+    run "connect" 1 connect --timeout 3 nowhere
+    complains 'nowhere is not connected after .* s, the last state is [A-Z]+: no access point in .*'
+    ends_by_the_signal
+    forget_networks
+}

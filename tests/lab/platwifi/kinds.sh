@@ -1,0 +1,27 @@
+# A hidden network, as the reports have it; a WEP network.
+# shellcheck shell=bash
+
+writes_documents() {
+    run "xml" 0 xml
+    result "the document is XML" "$XML" <"$OUT"
+    result "it has the network" grep -qF "ssid=\"$1\"" "$OUT"
+    run "xml --full" 0 xml --full
+    result "the full document follows the schema" "$XML" schema <"$OUT"
+    result "it has the network" grep -qF "ssid=\"$1\"" "$OUT"
+    run "dump" 0 dump
+    result "it has the network" grep -qF "$1" "$OUT"
+}
+
+test_kinds() {
+    run "add a hidden network" 0 add lab-hidden ssidBroadcasted=false psk=- <<<"$LAB_PASSPHRASE"
+    file_has scan_ssid=1
+    run "connect" 0 connect lab-hidden --json
+    json_has /ssid lab-hidden /state COMPLETED
+    result "the supplicant is on lab-hidden" connected_to lab-hidden
+    writes_documents lab-hidden
+    forget_networks
+    run "add a WEP network" 0 add lab-wep key_mgmt=NONE key1=- index=0 --json <<<"$LAB_WEP_KEY"
+    json_has /ssid lab-wep /done added
+    connects lab-wep
+    forget_networks
+}

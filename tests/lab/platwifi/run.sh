@@ -1,0 +1,131 @@
+# Runs the command line and looks at what it says; for the job platwifi.
+# shellcheck shell=bash
+# shellcheck disable=SC2317 # result calls functions by name
+
+PLATWIFI=$BUILD_DIR/bin/platwifi
+JSON=$BUILD_DIR/tests/lab_json
+XML=$BUILD_DIR/tests/lab_xml
+PEER=$BUILD_DIR/tests/settings_peer
+export PLATFORM_KEY_FILE=/tmp/keys/crypt.key
+
+# What the last run printed, on either stream; and everything that was printed.
+OUT=/tmp/out
+ERR=/tmp/err
+TRANSCRIPT=/tmp/transcript
+failures=0
+
+require_programs() {
+    local program
+    for program in "$PLATWIFI" "$JSON" "$XML" "$PEER"; do
+        if [ ! -x "$program" ]; then
+            echo "platwifi: $program is not there; build it: cmake --build --preset release" >&2
+            exit 1
+        fi
+    done
+}
+
+supplicant_says() { client status 2>/dev/null | grep -E '^(wpa_state|ssid|id)=' | tr '\n' ' '; }
+
+# result TITLE COMMAND...
+result() {
+    local title=$1
+    shift
+    if "$@"; then
+        echo "ok      $title"
+    else
+        echo "FAILED  $title: $(supplicant_says)"
+        failures=$((failures + 1))
+    fi
+}
+
+# run TITLE STATUS ARG...: what the program reads is what this function is given.
+run() {
+    local title=$1 wanted=$2 status=0
+    shift 2
+    "$PLATWIFI" "$@" >"$OUT" 2>"$ERR" || status=$?
+    note "$*"
+    result "$title: status $wanted" [ "$status" = "$wanted" ]
+}
+
+# note COMMAND: what it printed goes to the output of the job.
+note() {
+    local lines more
+    mapfile -t lines <"$OUT"
+    mapfile -t more <"$ERR"
+    lines=("\$ platwifi $1" "${lines[@]}" "${more[@]}")
+    printf '%s\n' "${lines[@]}" >>"$TRANSCRIPT"
+    printf '        %s\n' "${lines[@]}"
+}
+
+shows() { result "shows: $1" grep -qxE -- "$1" "$OUT"; }
+
+# lacks FILE TEXT
+lacks() { ! grep -qF -- "$2" "$1"; }
+
+# A failure is one line with the program's name, and nothing else.
+complains_in_one_line() { [ "$(wc -l <"$ERR")" = 1 ] && grep -qxE -- "platwifi: $1" "$ERR"; }
+complains() { result "says in one line: $1" complains_in_one_line "$1"; }
+
+# json_has POINTER VALUE POINTER VALUE...
+json_has() {
+    local pointers=() values=() got
+    while [ $# -gt 0 ]; do
+        pointers+=("$1") values+=("$2")
+        shift 2
+    done
+    got=$("$JSON" "${pointers[@]}" <"$OUT" 2>&1 | tr '\n' ' ') || true
+    if [ "$got" != "${values[*]} " ]; then echo "        got $got"; fi
+    result "JSON: ${values[*]}" [ "$got" = "${values[*]} " ]
+}
+
+file_lines() { sed 's/^\s*//' "$LAB_SUPPLICANT_CONF"; }
+file_has() { result "the file holds $1" grep -qxF -- "$1" <(file_lines); }
+file_networks() { file_lines | sed -n 's/^ssid=//p' | tr '\n' ' '; }
+file_holds() { result "networks in the file: ${1:-none}" [ "$(file_networks)" = "$1" ]; }
+
+connected_to() {
+    local status
+    status=$(client status)
+    [[ $status == *$'\n'"ssid=$1"$'\n'* && $status == *wpa_state=COMPLETED* ]]
+}
+
+# connects SSID: the supplicant says so, too.
+connects() {
+    run "connect" 0 connect "$1"
+    shows "Connecting to $1: .*COMPLETED"
+    shows "Connected to $1 after [0-9]+\.[0-9] s\."
+    result "the supplicant is on $1" connected_to "$1"
+}
+
+# gives_up SSID CAUSE: it is sure before the time is over.
+gives_up() {
+    local patience=60 line
+    run "connect" 1 connect --timeout $patience "$1"
+    complains "$1 is not connected after .* s, the last state is [A-Z0-9_]+: $2.*"
+    line=$(sed -nE 's/.* after ([0-9]+)\..*/\1/p' "$ERR")
+    result "is sure before the time is over" [ "${line:-$patience}" -lt "$patience" ]
+    forget_refusal
+}
+
+# After a refusal the supplicant would stay away from the access point for a while.
+forget_refusal() {
+    client_ok disconnect
+    wait_state 'INACTIVE|DISCONNECTED'
+    client_ok bssid_ignore clear
+}
+
+# forget_networks: quicker than the program, which loads them before it removes one.
+forget_networks() {
+    client_ok remove_network all
+    client_ok save_config
+    wait_state 'INACTIVE|DISCONNECTED'
+}
+
+hides_secrets() {
+    local secret
+    for secret in "$LAB_PASSPHRASE" "$LAB_PASSWORD" "$LAB_WEP_KEY"; do
+        result "nothing that was printed holds the secret of ${#secret} characters" \
+            lacks "$TRANSCRIPT" "$secret"
+    done
+    cp "$TRANSCRIPT" "$LAB_OUT/transcript"
+}
