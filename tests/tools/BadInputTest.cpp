@@ -84,7 +84,7 @@ const Refusal REFUSALS[] = {
      "configured already",
      "platwifi set"},
     {"AddedWithoutSecurity", {"add", "cafe"}, WRONG_USE, "needs a key", "key_mgmt=NONE"},
-    {"AddedWithAnEmptyKey", {"add", "cafe", "psk="}, WRONG_USE, "needs a key", "psk=-"},
+    {"AddedWithAnEmptyKey", {"add", "cafe", "psk="}, WRONG_USE, "psk takes 8 to 63", "psk takes"},
     {"NotConnected", {"disconnect"}, FAILED, "no connection to end", "platwifi status"},
     {"EmptySsid", {"show", ""}, WRONG_USE, "1 to 32 bytes, and this one has 0", "platwifi scan"},
     {"EmptySsidToLeave", {"disconnect", ""}, WRONG_USE, "1 to 32 bytes", "platwifi networks"},

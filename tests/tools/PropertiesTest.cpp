@@ -174,8 +174,18 @@ const Secret KEPT[] = {
 TEST_F(TheProperties, TellOfASecretOnlyThatItIsSet) {
     for (const Secret& secret : KEPT) {
         EXPECT_EQ(shownAfter(secret.name, secret.text), "(set)") << secret.name;
-        EXPECT_EQ(shownAfter(secret.name, ""), "") << "cleared";
     }
+}
+
+TEST_F(TheProperties, ClearAPassword) {
+    shownAfter("eapPassword", "geheim");
+    EXPECT_EQ(shownAfter("eapPassword", ""), "");
+}
+
+// The supplicant would refuse it, and keep the old one.
+TEST_F(TheProperties, DoNotClearAKey) {
+    for (const char* const name : {"psk", "key1", "key2", "key3", "key4"})
+        EXPECT_THAT(refusalOf(name, ""), HasSubstr(std::string(name) + " takes "));
 }
 
 const Secret REFUSED[] = {

@@ -64,8 +64,9 @@ std::string propertyList() {
         if (property.way != Way::reported)
             text += lineFor(property);
     }
-    return text + "A secret is not written on the command line: NAME=- reads a line of standard\n"
-                  "input, NAME=@FILE the first line of a file. NAME= clears a text or a secret.\n";
+    return text +
+           "A secret is not written on the command line: NAME=- reads a line of standard\n"
+           "input, NAME=@FILE the first line of a file. NAME= clears a text or a password.\n";
 }
 
 template <const auto& Lines>

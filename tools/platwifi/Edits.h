@@ -12,7 +12,7 @@ namespace cli {
 class Edits {
 public:
     /// Reads "NAME=VALUE" each. For a secret VALUE is "-", a line of standard input, or "@FILE", the
-    /// first line of a file; or nothing, which clears it.
+    /// first line of a file; or nothing, which clears a password.
     /// @throws WrongUse, Failure, Interrupted; nothing is changed then
     explicit Edits(Context& context);
 

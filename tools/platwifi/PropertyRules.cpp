@@ -104,14 +104,15 @@ std::string takeBssid(const Property& property, const std::string& written) {
     return written;
 }
 
+// Neither kind of key can be cleared: the supplicant refuses an empty one.
 std::string takePsk(const Property& property, const std::string& written) {
-    if (!written.empty() && !isPsk(written))
+    if (!isPsk(written))
         refuse(property, "8 to 63 characters, or 64 hexadecimal digits");
     return takeText(property, written);
 }
 
 std::string takeWepKey(const Property& property, const std::string& written) {
-    if (!written.empty() && !isWepKey(written))
+    if (!isWepKey(written))
         refuse(property, "5 or 13 characters, or 10 or 26 hexadecimal digits");
     return takeText(property, written);
 }

@@ -14,7 +14,7 @@ std::string takeNumber(const Property& property, const std::string& written); //
 std::string takeText(const Property& property, const std::string& written);   ///< "" clears it
 std::string takePath(const Property& property, const std::string& written);   ///< the same
 std::string takeBssid(const Property& property, const std::string& written);  ///< or "any"
-std::string takePsk(const Property& property, const std::string& written);    ///< "" clears it
-std::string takeWepKey(const Property& property, const std::string& written); ///< "" clears it
+std::string takePsk(const Property& property, const std::string& written);    ///< never ""
+std::string takeWepKey(const Property& property, const std::string& written); ///< never ""
 
 } // namespace cli
