@@ -4,7 +4,11 @@ import com.quorvel.platwifi.BWifiPlatformService;
 
 import java.io.PrintStream;
 import java.util.Comparator;
+import java.util.LinkedHashSet;
 import java.util.List;
+import java.util.Set;
+import java.util.stream.Collectors;
+import java.util.stream.Stream;
 
 /** The access points in range, strongest first. */
 final class AccessPoints {
@@ -42,14 +46,11 @@ final class AccessPoints {
         table.print(out);
     }
 
-    /** Whether the network is in range with a password only. */
-    boolean isProtected(String ssid) {
-        return has(ssid, false) && !has(ssid, true);
-    }
-
-    private boolean has(String ssid, boolean open) {
-        return results.stream().anyMatch(
-                result -> result.ssid.toString().equals(ssid) && result.isOpen() == open);
+    /** How a network can be joined, as all of its access points say; none when none is in range. */
+    Set<String> waysInto(String ssid) {
+        return results.stream().filter(result -> result.ssid.toString().equals(ssid))
+                .flatMap(result -> Stream.of(result.security.split("/")))
+                .collect(Collectors.toCollection(LinkedHashSet::new));
     }
 
     private static String channel(ScanResult result) {

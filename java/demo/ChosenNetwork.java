@@ -7,75 +7,102 @@ import java.util.Optional;
 
 /** The network to connect to: configured already, or added and removed again by closing. */
 final class ChosenNetwork implements AutoCloseable {
-    private static final int KEY_MANAGEMENT_NONE = 0x1;
-
-    /** What the library calls it. */
-    final String name;
+    /** What the supplicant's client prints as it is. */
+    private static final String PLAIN_SSID = "[ -~&&[^\"\\\\]]*";
 
     private final Options options;
     private final PrintStream out;
-    private final boolean isAdded;
+    private final Protection protection; // null for a network that is configured already
+    private String name;
     private boolean isReady;
 
-    private ChosenNetwork(Options options, PrintStream out, Optional<String> known) {
-        name = known.orElse(options.ssid);
+    private ChosenNetwork(Options options, String name, Protection protection, PrintStream out) {
         this.options = options;
+        this.name = name;
+        this.protection = protection;
         this.out = out;
-        isAdded = known.isEmpty();
-        isReady = !isAdded;
+        isReady = !isAdded();
     }
 
-    static ChosenNetwork open(Options options, AccessPoints inRange, PrintStream out) throws Stop {
-        Optional<String> known = ConfiguredNetworks.read(options.iface).named(options.ssid);
+    /** @param key  null when the user has given none */
+    static ChosenNetwork open(Options options, Key key, AccessPoints inRange, PrintStream out)
+            throws Stop {
+        String ssid = options.ssid();
+        Optional<String> known = ConfiguredNetworks.read(options.iface()).named(ssid);
         if (known.isEmpty())
-            add(options, inRange);
-        out.println(known.isEmpty() ? "Added " + options.ssid + ", an open network."
-                                    : options.ssid + " is configured already.");
-        return new ChosenNetwork(options, out, known);
+            return add(options, Protection.of(ssid, inRange.waysInto(ssid), key), out);
+        out.println(ssid + " is configured already" + (key == null ? "." : ", with its own key."));
+        return new ChosenNetwork(options, known.get(), null, out);
     }
 
     /** Has the supplicant know what it needs to connect. */
     void makeReady() throws Stop {
         if (isReady)
             return;
-        isReady = BWifiPlatformService.setKeyManagement0(options.iface, name, KEY_MANAGEMENT_NONE)
-                && BWifiPlatformService.saveHostSettings0();
-        if (!isReady)
+        protection.setOn(options, name, out);
+        if (!BWifiPlatformService.saveHostSettings0())
             throw new Stop("the supplicant did not save %s; see that its configuration file can be"
-                    + " written and says update_config=1, then try again", options.ssid);
+                    + " written and says update_config=1, then try again", options.ssid());
+        isReady = true;
+        out.println("Saved " + options.ssid() + ".");
+        if (!name.matches(PLAIN_SSID))
+            readAnew();
+    }
+
+    void connect() throws Stop {
+        if (!BWifiPlatformService.connectToNetwork0(options.iface(), name))
+            throw new Stop("the supplicant did not accept to connect to %s; see whether it answers:"
+                    + " wpa_cli -i %s ping", options.ssid(), options.iface());
+    }
+
+    void disconnect() throws Stop {
+        if (!BWifiPlatformService.disconnectFromNetwork0(options.iface(), name))
+            throw new Stop("the supplicant did not disconnect from %s; see whether it answers:"
+                    + " wpa_cli -i %s ping", options.ssid(), options.iface());
     }
 
     @Override
     public void close() throws Stop {
         if (!isReady)
-            BWifiPlatformService.removeNetwork0(options.iface, name);
-        else if (!options.keep)
+            BWifiPlatformService.removeNetwork0(options.iface(), name);
+        else if (!options.keep())
             putBack();
     }
 
-    /** Connecting to one network disables all others, so each is enabled before anything is saved. */
+    private static ChosenNetwork add(Options options, Protection protection, PrintStream out)
+            throws Stop {
+        String ssid = options.ssid();
+        if (!BWifiPlatformService.addNetwork0(options.iface(), ssid))
+            throw new Stop("the supplicant did not add %s; see whether it answers:"
+                    + " wpa_cli -i %s ping", ssid, options.iface());
+        out.println("Added " + ssid + ", " + protection + ".");
+        return new ChosenNetwork(options, ssid, protection, out);
+    }
+
+    /** A status names the network as the client prints it, and so does only a list read anew. */
+    private void readAnew() throws Stop {
+        BWifiPlatformService.unloadWifiSettings0();
+        name = ConfiguredNetworks.read(options.iface()).named(options.ssid()).orElse(name);
+    }
+
+    /** Connecting to one network disables all others: each is enabled before anything is saved. */
     private void putBack() throws Stop {
-        boolean isUndone = BWifiPlatformService.roamNetworks0(options.iface)
-                && (!isAdded || remove());
+        boolean isUndone = BWifiPlatformService.roamNetworks0(options.iface())
+                && (!isAdded() || remove());
         if (!isUndone)
             throw new Stop("the supplicant did not take back every change; see its networks:"
-                    + " wpa_cli -i %s list_networks", options.iface);
-        if (isAdded)
-            out.println("Removed " + options.ssid + " again.");
+                    + " wpa_cli -i %s list_networks", options.iface());
+        if (isAdded())
+            out.println("Removed " + options.ssid() + " again.");
         out.println("All configured networks are enabled; the supplicant chooses among them.");
     }
 
-    private boolean remove() {
-        return BWifiPlatformService.removeNetwork0(options.iface, name)
-                && BWifiPlatformService.saveHostSettings0();
+    private boolean isAdded() {
+        return protection != null;
     }
 
-    private static void add(Options options, AccessPoints inRange) throws Stop {
-        if (inRange.isProtected(options.ssid))
-            throw new Stop("%s needs a password, and only open networks can be added yet; add it to"
-                    + " the supplicant's configuration, then try again", options.ssid);
-        if (!BWifiPlatformService.addNetwork0(options.iface, options.ssid))
-            throw new Stop("the supplicant did not add %s; see whether it answers:"
-                    + " wpa_cli -i %s ping", options.ssid, options.iface);
+    private boolean remove() {
+        return BWifiPlatformService.removeNetwork0(options.iface(), name)
+                && BWifiPlatformService.saveHostSettings0();
     }
 }

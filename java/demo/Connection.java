@@ -1,74 +1,82 @@
 package demo;
 
-import com.quorvel.platwifi.BWifiPlatformService;
-
 import java.io.PrintStream;
 import java.time.Duration;
 import java.util.function.Consumer;
-import java.util.function.Supplier;
+import java.util.function.Predicate;
 
-/** Connects to a network and waits until the supplicant says that it is connected. */
+/** Connects and disconnects, and waits until the supplicant says that it has. */
 final class Connection {
     private static final int PAUSE_MILLISECONDS = 50;
 
     private final Options options;
     private final Duration patience;
-    private final Supplier<SupplicantState> states;
-    private String told = "";
+    private final PrintStream out;
+    private String told;
 
-    private Connection(Options options, Duration patience) {
+    /** @param patience  how long it may take until a state is reached */
+    Connection(Options options, Duration patience, PrintStream out) {
         this.options = options;
         this.patience = patience;
-        states = () -> SupplicantState.of(options.iface);
+        this.out = out;
     }
 
-    /** @param patience  how long it may take until it is complete */
-    static void make(Options options, ChosenNetwork network, Duration patience, PrintStream out)
-            throws Stop {
-        Connection connection = new Connection(options, patience);
-        SupplicantState last = Progress.during(out, "Connecting to " + options.ssid,
-                tell -> connection.make(network, tell));
-        if (!last.isConnectedTo(options.ssid))
-            throw new Stop("%s is not connected after %d s, the last state was %s; see whether it is"
-                    + " in range and its configuration is right, then try again", options.ssid,
-                    patience.toSeconds(), last.onTheWayTo(options.ssid));
+    void make(ChosenNetwork network) throws Stop {
+        SupplicantState last = Progress.during(out, "Connecting to " + options.ssid(), tell -> {
+            begin(tell);
+            network.connect();
+            return await(state -> state.isConnectedTo(options.ssid()), tell);
+        });
+        if (!last.isConnectedTo(options.ssid()))
+            throw new Stop("%s is not connected after %d s, the last state was %s; see whether it"
+                    + " is in range and its key and configuration are right, then try again",
+                    options.ssid(), patience.toSeconds(), last.onTheWayTo(options.ssid()));
     }
 
-    private SupplicantState make(ChosenNetwork network, Consumer<String> tell) throws Stop {
+    void end(ChosenNetwork network) throws Stop {
+        SupplicantState last = Progress.during(out, "Disconnecting from " + options.ssid(),
+                tell -> {
+                    begin(tell);
+                    network.disconnect();
+                    return await(state -> !state.isConnected(), tell);
+                });
+        if (last.isConnected())
+            throw new Stop("the supplicant is %s %d s after it was told to disconnect; see"
+                    + " whether another program connects it", last, patience.toSeconds());
+    }
+
+    private void begin(Consumer<String> tell) {
+        told = "";
         next(tell);
-        network.makeReady();
-        if (!BWifiPlatformService.connectToNetwork0(options.iface, network.name))
-            throw new Stop("the supplicant did not accept to connect to %s; see whether it answers:"
-                    + " wpa_cli -i %s ping", options.ssid, options.iface);
-        return await(tell);
     }
 
-    /** The last state: connected, or what it was when the patience ended. */
-    private SupplicantState await(Consumer<String> tell) {
+    /** The last state: as wanted, or what it was when the patience ended. */
+    private SupplicantState await(Predicate<SupplicantState> isWanted, Consumer<String> tell)
+            throws Stop {
         long start = System.nanoTime();
         SupplicantState state = next(tell);
-        while (!state.isConnectedTo(options.ssid)
-                && System.nanoTime() - start < patience.toNanos() && pause())
+        while (!isWanted.test(state) && System.nanoTime() - start < patience.toNanos()) {
+            pause();
             state = next(tell);
+        }
         return state;
     }
 
     private SupplicantState next(Consumer<String> tell) {
-        SupplicantState state = states.get();
-        String now = state.onTheWayTo(options.ssid);
-        if (!now.equals(told))
+        SupplicantState state = SupplicantState.of(options.iface());
+        String now = state.onTheWayTo(options.ssid());
+        if (state.isKnown() && !now.equals(told)) {
             tell.accept(now);
-        told = now;
+            told = now;
+        }
         return state;
     }
 
-    private static boolean pause() {
+    private static void pause() throws Stop {
         try {
             Thread.sleep(PAUSE_MILLISECONDS);
-            return true;
         } catch (InterruptedException e) {
-            Thread.currentThread().interrupt();
-            return false;
+            throw Stop.interrupted();
         }
     }
 }

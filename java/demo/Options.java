@@ -7,40 +7,82 @@ import java.util.List;
 
 /** What the user asks for. */
 final class Options {
-    static final String USAGE = "[INTERFACE] [--connect SSID [--keep]]";
+    static final String USAGE =
+            "[INTERFACE] [--connect SSID [--key-file FILE] [--keep]] [--xml PROGRAM]";
 
     private static final int MAX_SSID_BYTES = 32;
 
-    final String iface;
+    private final String iface;
+    private String ssid;
+    private String keyFile;
+    private String xmlProgram;
+    private boolean keep;
 
-    /** The network to connect to; null when the user names none. */
-    final String ssid;
-
-    /** Whether the connection and the network remain. */
-    final boolean keep;
-
-    private Options(String iface, String ssid, boolean keep) {
+    private Options(String iface) {
         this.iface = iface;
-        this.ssid = ssid;
-        this.keep = keep;
     }
 
     static Options parse(String... arguments) throws Stop {
         Deque<String> rest = new ArrayDeque<>(List.of(arguments));
-        String iface = isInterface(rest.peek()) ? rest.remove() : "wlan0";
-        String ssid = takes(rest, "--connect") ? ssid(rest.poll()) : null;
-        boolean keep = ssid != null && takes(rest, "--keep");
-        if (!rest.isEmpty())
-            throw Stop.wrongUse("'" + rest.peek() + "' is not understood here");
-        return new Options(iface, ssid, keep);
+        Options options = new Options(isInterface(rest.peek()) ? rest.remove() : "wlan0");
+        while (!rest.isEmpty())
+            options.take(rest.remove(), rest);
+        if (options.ssid == null && (options.keyFile != null || options.keep))
+            throw Stop.wrongUse("--key-file and --keep go with --connect");
+        return options;
+    }
+
+    String iface() {
+        return iface;
+    }
+
+    /** The network to connect to; null when the user names none. */
+    String ssid() {
+        return ssid;
+    }
+
+    /** The file with the key of the network, "-" for standard input; null when there is none. */
+    String keyFile() {
+        return keyFile;
+    }
+
+    /** The program that prints the state as an XML document; null when none shall. */
+    String xmlProgram() {
+        return xmlProgram;
+    }
+
+    /** Whether the connection and the network remain. */
+    boolean keep() {
+        return keep;
+    }
+
+    private void take(String option, Deque<String> rest) throws Stop {
+        switch (option) {
+        case "--connect":
+            ssid = ssid(rest.poll());
+            break;
+        case "--key-file":
+            keyFile = value("--key-file needs a file, or - for standard input", rest.poll());
+            break;
+        case "--xml":
+            xmlProgram = value("--xml needs the path of platwifi", rest.poll());
+            break;
+        case "--keep":
+            keep = true;
+            break;
+        default:
+            throw Stop.wrongUse("'" + option + "' is not understood here");
+        }
     }
 
     private static boolean isInterface(String argument) {
         return argument != null && !argument.isEmpty() && !argument.startsWith("-");
     }
 
-    private static boolean takes(Deque<String> rest, String option) {
-        return option.equals(rest.peek()) && rest.remove() != null;
+    private static String value(String need, String argument) throws Stop {
+        if (argument == null || argument.isEmpty())
+            throw Stop.wrongUse(need);
+        return argument;
     }
 
     private static String ssid(String argument) throws Stop {

@@ -47,10 +47,6 @@ final class ScanResult {
         return results;
     }
 
-    boolean isOpen() {
-        return security.equals(Security.OPEN);
-    }
-
     /** The channel number of the frequency, 0 where it is none of the known bands. */
     int channel() {
         for (int[] band : BANDS) {

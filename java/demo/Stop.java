@@ -21,4 +21,8 @@ final class Stop extends Exception {
     static Stop wrongUse(String cause) {
         return new Stop(WRONG_USE, cause + "; usage: wifi-demo " + Options.USAGE);
     }
+
+    static Stop interrupted() {
+        return new Stop("it was interrupted; start it again to see the rest");
+    }
 }

@@ -15,16 +15,21 @@ public final class WifiDemo {
     private static final int NOTHING_TO_SHOW = 1;
 
     private final Options options;
+    private final Key key; // null when the user has given none
+    private final OrderlyEnd end;
     private final Duration patience;
     private final PrintStream out;
 
-    private WifiDemo(Options options, Duration patience, PrintStream out) {
+    private WifiDemo(Options options, OrderlyEnd end, Duration patience, PrintStream out)
+            throws Stop {
         this.options = options;
+        this.end = end;
+        key = options.keyFile() == null ? null : Key.read(options.keyFile(), System.in);
         this.patience = patience;
         this.out = out;
     }
 
-    /** @param arguments  the interface, {@code --connect} and a network, {@code --keep} */
+    /** @param arguments  as {@link Options#USAGE} says */
     public static void main(String[] arguments) {
         System.exit(run(PATIENCE, utf8(FileDescriptor.out), utf8(FileDescriptor.err), arguments));
     }
@@ -36,8 +41,15 @@ public final class WifiDemo {
      * @return 0 everything was shown, 1 there was nothing to show or something failed, 2 wrong use
      */
     static int run(Duration patience, PrintStream out, PrintStream err, String... arguments) {
+        try (OrderlyEnd end = new OrderlyEnd()) {
+            return run(end, patience, out, err, arguments);
+        }
+    }
+
+    private static int run(OrderlyEnd end, Duration patience, PrintStream out, PrintStream err,
+            String... arguments) {
         try {
-            new WifiDemo(Options.parse(arguments), patience, out).show();
+            new WifiDemo(Options.parse(arguments), end, patience, out).show();
             return SHOWN;
         } catch (Stop reason) {
             tell(err, reason);
@@ -58,21 +70,25 @@ public final class WifiDemo {
         requireSupplicant();
         try {
             showAdapters();
-            out.println("State: " + SupplicantState.of(options.iface));
-            ConfiguredNetworks.read(options.iface).print(out);
-            AccessPoints inRange = AccessPoints.scan(options.iface, out);
+            showState();
+            ConfiguredNetworks.read(options.iface()).print(out);
+            AccessPoints inRange = AccessPoints.scan(options.iface(), out);
             inRange.print(out);
-            if (options.ssid != null)
+            if (options.ssid() == null) {
+                showDocument();
+            } else {
+                end.require();
                 connect(inRange);
+            }
         } finally {
             BWifiPlatformService.unloadWifiSettings0();
         }
     }
 
     private void requireSupplicant() throws Stop {
-        if (!BWifiPlatformService.isWifiEnabled0(options.iface))
-            throw new Stop("wpa_supplicant is not running; start it as root: wpa_supplicant -B -i %s"
-                    + " -c /etc/wpa_supplicant/wpa_supplicant.conf", options.iface);
+        if (!BWifiPlatformService.isWifiEnabled0(options.iface()))
+            throw new Stop("wpa_supplicant is not running; start it as root: wpa_supplicant -B -i"
+                    + " %s -c /etc/wpa_supplicant/wpa_supplicant.conf", options.iface());
         out.println("wpa_supplicant is running.");
     }
 
@@ -84,9 +100,23 @@ public final class WifiDemo {
         out.println("Adapters: " + String.join(", ", adapters));
     }
 
+    private void showState() {
+        out.println("State: " + SupplicantState.of(options.iface()));
+    }
+
+    private void showDocument() throws Stop {
+        if (options.xmlProgram() != null)
+            XmlDocument.print(options.xmlProgram(), out);
+    }
+
     private void connect(AccessPoints inRange) throws Stop {
-        try (ChosenNetwork network = ChosenNetwork.open(options, inRange, out)) {
-            Connection.make(options, network, patience, out);
+        try (ChosenNetwork network = ChosenNetwork.open(options, key, inRange, out)) {
+            network.makeReady();
+            Connection connection = new Connection(options, patience, out);
+            connection.make(network);
+            showDocument();
+            if (!options.keep())
+                connection.end(network);
         }
     }
 

@@ -6,7 +6,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
-#include <string>
+#include <memory>
 
 namespace {
 
@@ -41,34 +41,60 @@ bool isNoCharacter(const char* text) {
     return std::strncmp(text, "\xEF\xBF\xBE", 3) == 0 || std::strncmp(text, "\xEF\xBF\xBF", 3) == 0;
 }
 
-std::string escaped(const char* value) {
-    std::string out;
-    while (*value) {
-        const std::size_t length = platform::utf8CharacterLength(value);
-        const char* escape = length == 1 ? escapeOf(*value) : nullptr;
-        if (escape)
-            out += escape;
-        else if (length == 0 || isNoCharacter(value))
-            out += REPLACEMENT;
-        else
-            out.append(value, length);
-        value += length == 0 ? 1 : length;
-    }
-    return out;
+// Most of every text needs no second look.
+bool isPlain(char character) {
+    return character >= ' ' && character < 0x7F && !escapeOf(character);
 }
 
-std::string formatted(const char* format, std::size_t size, va_list arguments) {
-    va_list again;
-    va_copy(again, arguments);
-    const int length = std::vsnprintf(nullptr, 0, format, again);
-    va_end(again);
-    if (length < 0)
-        return "";
-    std::string text(static_cast<std::size_t>(length) + 1, '\0');
-    std::vsnprintf(text.data(), text.size(), format, arguments);
-    text.resize(std::min(static_cast<std::size_t>(length), size - 1));
-    return text;
+std::size_t plainLength(const char* text) {
+    std::size_t length = 0;
+    while (isPlain(text[length]))
+        ++length;
+    return length;
 }
+
+// A character that is not plain: how many bytes it has, and what stands for it.
+struct Special {
+    std::size_t length;
+    const char* text;
+    std::size_t textLength;
+};
+
+Special specialAt(const char* text) {
+    const std::size_t length = platform::utf8CharacterLength(text);
+    const char* const escape = length == 1 ? escapeOf(*text) : nullptr;
+    if (escape)
+        return {1, escape, std::strlen(escape)};
+    if (length == 0 || isNoCharacter(text))
+        return {length == 0 ? 1 : length, REPLACEMENT, std::strlen(REPLACEMENT)};
+    return {length, text, length};
+}
+
+// A value as printf() makes it, cut to `size` - 1 bytes. Numbers take no memory of their own.
+class Formatted {
+public:
+    Formatted(const char* format, std::size_t size, va_list arguments) {
+        va_list again;
+        va_copy(again, arguments);
+        const int length = std::vsnprintf(m_few, std::min(size, sizeof m_few), format, arguments);
+        if (length < 0)
+            m_few[0] = '\0';
+        else if (size > sizeof m_few && static_cast<std::size_t>(length) >= sizeof m_few)
+            makeLong(std::min(size, static_cast<std::size_t>(length) + 1), format, again);
+        va_end(again);
+    }
+
+    const char* text() const { return m_many ? m_many.get() : m_few; }
+
+private:
+    void makeLong(std::size_t size, const char* format, va_list arguments) {
+        m_many = std::make_unique<char[]>(size);
+        std::vsnprintf(m_many.get(), size, format, arguments);
+    }
+
+    char m_few[64];
+    std::unique_ptr<char[]> m_many;
+};
 
 } // namespace
 
@@ -87,8 +113,25 @@ void XWriter::w(char character) {
 void XWriter::attr(const char* name, const char* value) {
     if (!name || !*name)
         return;
-    const std::string attribute = std::string(name) + "=\"" + escaped(value ? value : "") + '"';
-    write(attribute.data(), attribute.size());
+    w(name);
+    write("=\"", 2);
+    if (value)
+        writeEscaped(value);
+    write("\"", 1);
+}
+
+void XWriter::writeEscaped(const char* text) {
+    while (*text) {
+        const std::size_t plain = plainLength(text);
+        if (plain > 0)
+            write(text, plain);
+        text += plain;
+        if (!*text)
+            return;
+        const Special special = specialAt(text);
+        write(special.text, special.textLength);
+        text += special.length;
+    }
 }
 
 void XWriter::attrf(const char* name, const char* format, int size, ...) {
@@ -98,7 +141,7 @@ void XWriter::attrf(const char* name, const char* format, int size, ...) {
     }
     va_list arguments;
     va_start(arguments, size);
-    const std::string value = formatted(format, static_cast<std::size_t>(size), arguments);
+    const Formatted value(format, static_cast<std::size_t>(size), arguments);
     va_end(arguments);
-    attr(name, value.c_str());
+    attr(name, value.text());
 }

@@ -14,4 +14,8 @@ NetworkIdArgument::NetworkIdArgument(unsigned char id) noexcept {
     std::snprintf(m_text, sizeof(m_text), "%hu", static_cast<unsigned short>(id));
 }
 
+bool isClientOption(const char* text) noexcept {
+    return text[0] == '-' && (text[1] < '0' || text[1] > '9');
+}
+
 } // namespace platwifi

@@ -31,4 +31,8 @@ private:
     char m_text[4] = "";
 };
 
+/// Whether the client would take this text for one of its options, wherever it stands: one of them
+/// starts programs, and some texts come from access points. A negative number is none.
+bool isClientOption(const char* text) noexcept;
+
 } // namespace platwifi

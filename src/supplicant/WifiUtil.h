@@ -97,7 +97,8 @@ public:
     bool createNetwork(const char* iface, const char* ssid, unsigned char* id);
 
     /// Sets one field of a network. Texts are put into double quotes where the client wants them,
-    /// unless they are quoted already or are hexadecimal keys.
+    /// unless they are quoted already or are hexadecimal keys. One that the client would take for an
+    /// option of its own fails without a child.
     bool setNetworkValue(const char* iface, unsigned char id, const char* key, const char* value);
 
     /// Reads one field of a network, without its quotes, into `out`.

@@ -1,5 +1,6 @@
 // What the supplicant is told: networks, connection and configuration.
 
+#include "supplicant/Arguments.h"
 #include "supplicant/ClientCommand.h"
 #include "supplicant/Reply.h"
 #include "supplicant/ValueQuoting.h"
@@ -8,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 
 using namespace platwifi;
 
@@ -71,9 +73,12 @@ bool WifiUtil::createNetwork(const char* iface, const char* ssid, unsigned char*
 
 bool WifiUtil::setNetworkValue(const char* iface, unsigned char id, const char* key,
                                const char* value) {
-    return key && value &&
+    if (!key || !value)
+        return false;
+    const std::string sent = quotedFor(key, value);
+    return !isClientOption(sent.c_str()) &&
            runAccepted(*this, command::SET_NETWORK, iface, NetworkIdArgument(id).text(), key,
-                       quotedFor(key, value).c_str());
+                       sent.c_str());
 }
 
 bool WifiUtil::getNetworkValue(const char* iface, unsigned char id, const char* key, char* out,
@@ -115,6 +120,7 @@ bool WifiUtil::forceReassociation(const char* iface) {
 
 bool WifiUtil::executeCustom(const char* iface, unsigned char id, const char* command,
                              const char* value) {
-    return command && runAccepted(*this, {command, command::CUSTOM_RESULT_PREFIX}, iface,
-                                  NetworkIdArgument(id).text(), value);
+    return command && !(value && isClientOption(value)) &&
+           runAccepted(*this, {command, command::CUSTOM_RESULT_PREFIX}, iface,
+                       NetworkIdArgument(id).text(), value);
 }

@@ -29,6 +29,7 @@ Finding checkControlSocket(const std::string& iface);
 Finding checkReply(const std::string& iface);
 Finding checkInterface(const std::string& iface);
 Finding checkSaving(const std::string& iface);
+Finding checkConfiguration(const std::string& iface);
 Finding checkKeyFile(const std::string& iface);
 Finding checkSharedMemory(const std::string& iface);
 Finding checkPidFile(const std::string& iface);

@@ -57,12 +57,14 @@ Finding checkProcessLister(const std::string&) {
                         "pidin");
 }
 
-Finding checkProcess(const std::string&) {
+Finding checkProcess(const std::string& iface) {
     if (WifiUtil().isWifiEnabled(ANY_INTERFACE))
         return good("is running");
     return bad("wpa_supplicant is not running",
-               "start it as root: wpa_supplicant -B -P /run/wpa_supplicant.pid -i wlan0 -c FILE, "
-               "with a FILE like the example wpa_supplicant.conf in platwifi's documentation");
+               "start it as root: wpa_supplicant -B -P /run/wpa_supplicant.pid -i " +
+                   (iface.empty() ? ANY_INTERFACE : iface) +
+                   " -c FILE, with a FILE like the example wpa_supplicant.conf in platwifi's "
+                   "documentation");
 }
 
 Finding checkPidFile(const std::string&) {

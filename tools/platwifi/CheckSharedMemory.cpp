@@ -26,10 +26,11 @@ std::string path(const char* more) {
 Finding notShared(const struct stat& status) {
     if (!S_ISREG(status.st_mode))
         return bad(path(" is no shared memory: it is not a regular file"), toRemove());
-    if (status.st_size != SIZE)
+    if (status.st_size != SIZE) {
         return bad(path(" was made by another build: it has ") + std::to_string(status.st_size) +
                        " bytes, not " + std::to_string(SIZE),
                    toRemove());
+    }
     return bad(path(" belongs to another user: processes do not hear of each other's changes"),
                "let all of them run as one user, then " + toRemove());
 }

@@ -55,28 +55,35 @@ Finding checkSocketOf(const std::string& iface) {
     if (error == ENOENT)
         return bad("the supplicant does not serve " + iface + ": there is no " + path,
                    "start it for this interface, or name another one with -i");
-    if (error == ECONNREFUSED)
+    if (error == ECONNREFUSED) {
         return bad("nobody listens at " + path + ", which a dead supplicant has left behind",
-                   "remove it as root: rm " + path + "; then restart the supplicant");
+                   "remove it as root: rm " + path +
+                       ", and restart the supplicant if it is to serve " + iface);
+    }
     return bad(path + " cannot be used: " + std::strerror(error), TO_CONFIGURE);
 }
 
 } // namespace
 
+// Whatever interface is asked for, the client lists the interfaces through the first socket.
 Finding checkControlSocket(const std::string& iface) {
     struct stat folder {};
-    if (stat(CONTROL_FOLDER, &folder) != 0)
+    if (stat(CONTROL_FOLDER, &folder) != 0) {
         return bad(std::string("the supplicant has no control socket: there is no folder ") +
                        CONTROL_FOLDER,
                    TO_CONFIGURE);
+    }
     if (faccessat(AT_FDCWD, CONTROL_FOLDER, R_OK | X_OK, AT_EACCESS) != 0)
         return closedToThisUser(CONTROL_FOLDER, folder);
-    const std::string asked = interfaceFor(iface);
-    if (asked.empty())
+    const std::string first = interfaceFor("");
+    if (first.empty()) {
         return bad(std::string("there is no control socket in ") + CONTROL_FOLDER,
                    "start the supplicant with an interface, such as -i wlan0, and with "
                    "ctrl_interface in its configuration");
-    return checkSocketOf(asked);
+    }
+    const Finding finding = checkSocketOf(first);
+    const bool isForAll = iface.empty() || finding.health == Health::bad;
+    return isForAll ? finding : checkSocketOf(iface);
 }
 
 } // namespace cli

@@ -43,9 +43,11 @@ Finding checkReply(const std::string& iface) {
     const std::string reply = clientReply(asked, "ping", nullptr);
     if (reply.find("PONG") != std::string::npos)
         return good("comes for " + asked);
-    const std::string instead = reply.empty() ? "" : "; the client says: " + firstLine(reply);
-    return bad("the supplicant does not answer for " + asked + instead,
-               "it is suspended or stuck: wake it by kill -CONT and its process id, or restart it");
+    const std::string silence = "the supplicant does not answer for " + asked;
+    if (!reply.empty())
+        return bad(silence + ": " + firstLine(reply), "mend that, or restart the supplicant");
+    return bad(silence, "it is suspended or stuck: wake it by kill -CONT and its process id, or "
+                        "restart it");
 }
 
 Finding checkInterface(const std::string& iface) {
@@ -53,11 +55,10 @@ Finding checkInterface(const std::string& iface) {
     if (listed.empty())
         return bad("the supplicant lists no interface", "start it with one, such as -i wlan0");
     const std::string& first = listed.front();
-    if (isForWifiDirect(first))
-        return bad("the supplicant lists " + first +
-                       " first, which is for Wi-Fi Direct and holds no "
-                       "networks",
+    if (isForWifiDirect(first)) {
+        return bad("the supplicant lists " + first + " first, which is for Wi-Fi Direct only",
                    "put p2p_disabled=1 into the supplicant's configuration, then restart it");
+    }
     if (!iface.empty() && !holds(listed, iface))
         return bad("the supplicant does not serve " + iface,
                    "name one that it serves with -i: " + joined(listed));

@@ -25,6 +25,7 @@ constexpr Check CHECKS[] = {
     {"reply", Place::onTheWay, checkReply},
     {"interface", Place::onTheWay, checkInterface},
     {"update_config", Place::behind, checkSaving},
+    {"configuration", Place::behind, checkConfiguration},
     {"key file", Place::beside, checkKeyFile},
     {"shared memory", Place::beside, checkSharedMemory},
     {"pid file", Place::beside, checkPidFile},

@@ -12,8 +12,8 @@ enum class Health {
     bad
 };
 
-/// What was looked at, and what came of it. The texts hold nothing secret, and may hold anything that
-/// a file name can.
+/// What was looked at, and what came of it. The texts hold nothing secret, and may hold anything
+/// that a file name can.
 struct Finding {
     std::string subject; ///< such as "control socket"
     Health health = Health::good;
@@ -28,8 +28,8 @@ struct Finding {
 std::vector<Finding> examine(const std::string& iface);
 
 /// The first thing that keeps the supplicant from being reached, if there is one: the client is
-/// missing, the supplicant does not run, its control socket is closed to this user. Its texts can be
-/// understood without the subject.
+/// missing, the supplicant does not run, its control socket is closed to this user. Its texts can
+/// be understood without the subject.
 std::optional<Finding> obstacle(const std::string& iface);
 
 } // namespace cli

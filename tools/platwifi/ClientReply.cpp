@@ -4,13 +4,15 @@
 #include "supplicant/WifiUtil.h"
 
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <unistd.h>
 
 namespace cli {
 namespace {
 
 constexpr const char* CLIENT = "/proc/boot/wpa_cli";
-constexpr std::size_t LONGEST_REPLY = 512;
+constexpr const char* PROCESS_LISTER = "/proc/boot/pidin";
 
 /// A file for a reply, gone with the object.
 class ReplyFile {
@@ -26,9 +28,8 @@ public:
     const char* path() const { return m_file.isOpen() ? m_path : nullptr; }
 
     std::string text() const {
-        char bytes[LONGEST_REPLY];
-        const ssize_t size = pread(m_file.number(), bytes, sizeof bytes, 0);
-        return size > 0 ? std::string(bytes, static_cast<std::size_t>(size)) : "";
+        std::ifstream file(m_path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     }
 
 private:
@@ -37,6 +38,13 @@ private:
 };
 
 } // namespace
+
+std::string processList() {
+    const ReplyFile file;
+    WifiUtil().launchProcess(PROCESS_LISTER, "arg", nullptr, nullptr, nullptr, nullptr,
+                             file.path());
+    return file.text();
+}
 
 std::string clientReply(const std::string& iface, const char* command, const char* argument) {
     const ReplyFile file;

@@ -50,10 +50,9 @@ std::string wordsOf(const Property& property) {
 }
 
 std::string lineFor(const Property& property) {
-    const bool isSecret = property.way == Way::hidden || property.way == Way::enciphered;
     std::ostringstream line;
     line << "  " << std::left << std::setw(NAME_COLUMN) << property.name << property.meaning
-         << (isSecret ? " (secret)" : "") << '\n';
+         << (isSecret(property) ? " (secret)" : "") << '\n';
     if (!property.words.empty())
         line << std::string(NAME_COLUMN + 4, ' ') << wordsOf(property) << '\n';
     return line.str();
@@ -65,7 +64,7 @@ std::string propertyList() {
         if (property.way != Way::reported)
             text += lineFor(property);
     }
-    return text + "A secret is never written on the command line: NAME=- reads a line of standard\n"
+    return text + "A secret is not written on the command line: NAME=- reads a line of standard\n"
                   "input, NAME=@FILE the first line of a file. NAME= clears a text or a secret.\n";
 }
 
@@ -82,7 +81,7 @@ const std::vector<Command> COMMANDS = {
     {"networks", JSON, listNetworks, "list the configured networks", examples<NETWORKS>},
     {"show", SSID | JSON, showNetwork, "show a configured network", examples<SHOW>},
     {"set", SSID | ASSIGNMENTS | JSON, setProperties, "change a network, and save", propertiesAndExamples<SET>},
-    {"add", SSID | MAYBE_ASSIGNMENTS | JSON, addNetwork, "add a network, and save", propertiesAndExamples<ADD>},
+    {"add", SSID | NEW_SSID | MAYBE_ASSIGNMENTS | JSON, addNetwork, "add a network, and save", propertiesAndExamples<ADD>},
     {"remove", SSID | JSON, removeNetwork, "remove a network, and save", examples<REMOVE>},
     {"connect", SSID | PATIENCE | JSON, connectNetwork, "connect to a network, and wait for it", examples<CONNECT>},
     {"disconnect", MAYBE_SSID | JSON, disconnectNetwork, "end the connection", examples<DISCONNECT>},
@@ -100,8 +99,8 @@ const std::vector<Command>& commands() {
 }
 
 std::string generalHelp() {
-    return "Exit status: 0 it is done, 1 it did not work, 2 wrong use. What is wrong and what to\n"
-           "do next stands on standard error.\n\n"
+    return "Exit status: 0 it is done, 1 it did not work, 2 wrong use. Standard error tells\n"
+           "what is wrong, and what to do next.\n\n"
            "Examples:\n"
            "  platwifi doctor\n"
            "  platwifi scan\n"

@@ -16,6 +16,7 @@ enum Takes : unsigned int {
     PATIENCE = 0x10,
     FULL = 0x20,
     JSON = 0x40,
+    NEW_SSID = 0x80, ///< with SSID: one that is not configured yet
 };
 
 struct Command {

@@ -19,7 +19,7 @@ std::string interfaceFor(const std::string& iface) {
         return iface;
     std::error_code error;
     for (const auto& entry : std::filesystem::directory_iterator(CONTROL_FOLDER, error)) {
-        const std::string name = entry.path().filename();
+        std::string name = entry.path().filename();
         if (entry.is_socket(error) && !isForWifiDirect(name))
             return name;
     }

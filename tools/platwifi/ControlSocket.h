@@ -10,8 +10,8 @@ constexpr const char* CONTROL_FOLDER = "/run/wpa_supplicant";
 /// The control socket of an interface.
 std::string controlSocketOf(const std::string& iface);
 
-/// The interface to ask about: `iface`, or where that is "" the first that has a control socket and can
-/// hold networks; "" where there is none.
+/// The interface to ask about: `iface`, or where that is "" the first that has a control socket and
+/// can hold networks; "" where there is none.
 std::string interfaceFor(const std::string& iface);
 
 /// Whether somebody listens at a control socket whom this user may talk to. Nothing is sent.

@@ -85,22 +85,23 @@ void printJson(const std::vector<Finding>& findings) {
     print(all);
 }
 
-std::string summary(std::ptrdiff_t wrong) {
-    if (wrong == 0)
-        return "Everything is in order.";
-    return wrong == 1 ? "1 thing is wrong." : std::to_string(wrong) + " things are wrong.";
+std::ptrdiff_t countOf(Health health, const std::vector<Finding>& findings) {
+    return std::count_if(findings.begin(), findings.end(),
+                         [=](const Finding& finding) { return finding.health == health; });
 }
 
-void printForPeople(const std::vector<Finding>& findings, std::ptrdiff_t wrong,
-                    const Console& console) {
+std::string summary(const std::vector<Finding>& findings) {
+    const auto wrong = countOf(Health::bad, findings);
+    if (wrong > 0)
+        return wrong == 1 ? "1 thing is wrong." : std::to_string(wrong) + " things are wrong.";
+    return countOf(Health::note, findings) > 0 ? "Nothing is wrong." : "Everything is in order.";
+}
+
+void printForPeople(const std::vector<Finding>& findings, const Console& console) {
     for (const Finding& finding : findings)
         show(finding, console);
-    for (const std::string& line : wrapped(summary(wrong), console.width))
+    for (const std::string& line : wrapped(summary(findings), console.width))
         std::cout << line << '\n';
-}
-
-bool isBad(const Finding& finding) {
-    return finding.health == Health::bad;
 }
 
 } // namespace
@@ -108,13 +109,12 @@ bool isBad(const Finding& finding) {
 void doctor(Context& context) {
     const std::vector<Finding> findings = examine(context.request.iface);
     context.interrupt.check();
-    const auto wrong = std::count_if(findings.begin(), findings.end(), isBad);
-    if (wrong > 0)
+    if (countOf(Health::bad, findings) > 0)
         context.status = FAILED;
     if (context.request.json)
         printJson(findings);
     else
-        printForPeople(findings, wrong, context.out);
+        printForPeople(findings, context.out);
 }
 
 } // namespace cli

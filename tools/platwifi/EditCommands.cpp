@@ -8,6 +8,7 @@
 #include "SettingsGuard.h"
 #include "Ssid.h"
 #include "jni/ServiceFunctions.h"
+#include "model/WifiTypes.h"
 #include "supplicant/WifiUtil.h"
 
 #include <iostream>
@@ -31,12 +32,19 @@ public:
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
 
+    // A key that interrupts ends the client, too, and with it a change that nobody misses.
     void save() {
         if (saveWifiHostSettings(nullptr) == 0)
             throw Failure(
                 "the supplicant did not save its configuration, and nothing was changed; see "
                 "that the file says update_config=1 and can be written: platwifi doctor");
         m_context.hasSaved = true;
+        try {
+            m_context.interrupt.check();
+        } catch (Interrupted& end) {
+            end.message = "interrupted while saving; platwifi networks tells what there is now";
+            throw;
+        }
     }
 
 private:
@@ -55,10 +63,21 @@ void report(const Context& context, const std::string& ssid, const char* done) {
 
 // A network without a key is open or WEP only where it says so: the supplicant would not keep it.
 void requireSecurity(const Edits& edits) {
-    if (!edits.gives("psk") && !edits.gives("key_mgmt"))
+    const std::string keyManagement = edits.valueOf("key_mgmt");
+    if (keyManagement.empty())
         throw WrongUse(
             "a new network needs a key, psk=-, or key_mgmt=NONE for none, or key_mgmt=WPA-EAP "
             "for an enterprise network");
+    if (keyManagement == std::to_string(KEY_MGMT_WPA_PSK) && edits.valueOf("psk").empty())
+        throw WrongUse("a network with key_mgmt=WPA-PSK needs a key: psk=- reads it from standard "
+                       "input");
+}
+
+// A key tells by itself what it is for.
+void completeSecurity(Edits& edits) {
+    if (edits.valueOf("key_mgmt").empty() && !edits.valueOf("psk").empty())
+        edits.add("key_mgmt", "WPA-PSK");
+    requireSecurity(edits);
 }
 
 [[noreturn]] void refuseAddition(const std::string& ssid) {
@@ -83,8 +102,8 @@ void setProperties(Context& context) {
 void addNetwork(Context& context) {
     const std::string& ssid = context.request.ssid;
     requireSsid(ssid);
-    const Edits edits(context);
-    requireSecurity(edits);
+    Edits edits(context);
+    completeSecurity(edits);
     Host host(context);
     if (host.isKnown())
         throw Failure(shownSsid(ssid) + " is configured already; change it with: platwifi set");

@@ -24,8 +24,15 @@ Assignment assignmentOf(const std::string& written) {
     return {written.substr(0, sign), written.substr(sign + 1)};
 }
 
-std::string valueOf(const Property& property, const std::string& written,
-                    const Interrupt& interrupt) {
+void requireOnce(const std::vector<Assignment>& assignments) {
+    const std::string& last = assignments.back().name;
+    const auto named = [&](const Assignment& one) { return one.name == last; };
+    if (std::count_if(assignments.begin(), assignments.end(), named) > 1)
+        throw WrongUse(printable(last) + " is given twice; leave out one of them");
+}
+
+std::string taken(const Property& property, const std::string& written,
+                  const Interrupt& interrupt) {
     switch (property.way) {
     case Way::plain:
         return property.take(property, written);
@@ -53,19 +60,25 @@ Edits::Edits(Context& context) {
     std::vector<Assignment> assignments;
     for (const std::string& written : context.request.assignments) {
         assignments.push_back(assignmentOf(written));
+        requireOnce(assignments);
         propertyOf(assignments.back().name);
     }
     for (const Assignment& assignment : assignments) {
         m_names.push_back(assignment.name);
-        m_values.push_back(
-            valueOf(propertyOf(assignment.name), assignment.value, context.interrupt));
+        m_values.push_back(taken(propertyOf(assignment.name), assignment.value, context.interrupt));
     }
 }
 
-bool Edits::gives(const std::string& name) const {
+std::string Edits::valueOf(const std::string& name) const {
     const auto place = std::find(m_names.begin(), m_names.end(), name);
-    return place != m_names.end() &&
-           !m_values[static_cast<std::size_t>(place - m_names.begin())].empty();
+    return place == m_names.end() ? ""
+                                  : m_values[static_cast<std::size_t>(place - m_names.begin())];
+}
+
+void Edits::add(const std::string& name, const std::string& word) {
+    const Property& property = propertyOf(name);
+    m_values.push_back(property.take(property, word));
+    m_names.push_back(name);
 }
 
 void Edits::apply(const std::string& iface, const std::string& ssid) const {

@@ -16,10 +16,11 @@ public:
     /// @throws WrongUse, Failure, Interrupted; nothing is changed then
     explicit Edits(Context& context);
 
-    /// Whether a value other than nothing is given for this property.
-    bool gives(const std::string& name) const;
+    /// What the library takes for this property; "" where it is cleared or not among them.
+    std::string valueOf(const std::string& name) const;
 
-    bool isEmpty() const { return m_names.empty(); }
+    /// Adds one that the user has not written. @throws WrongUse
+    void add(const std::string& name, const std::string& word);
 
     /// Applies them to one network in memory, all in one step. @throws Failure
     void apply(const std::string& iface, const std::string& ssid) const;

@@ -2,6 +2,8 @@
 
 #include "Children.h"
 #include "Failure.h"
+#include "OtherProcesses.h"
+#include "ResultFiles.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -17,7 +19,8 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds PATIENCE{1000};
 constexpr int OVER = SIGUSR1; // tells the watcher that there is nothing to watch any more
-constexpr int WATCHED[] = {SIGINT, SIGTERM, SIGHUP};
+constexpr int STOP = SIGUSR2; // for the owner
+constexpr int WATCHED[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
 
 sigset_t watchedSignals() {
     sigset_t signals;
@@ -26,6 +29,21 @@ sigset_t watchedSignals() {
         sigaddset(&signals, signal);
     sigaddset(&signals, OVER);
     return signals;
+}
+
+std::atomic<bool> isStopped{false};
+
+void stayForEver(int /*signal*/) {
+    isStopped = true;
+    for (;;)
+        pause();
+}
+
+void stop(pthread_t thread) {
+    std::signal(STOP, stayForEver);
+    pthread_kill(thread, STOP);
+    while (!isStopped)
+        std::this_thread::yield();
 }
 
 } // namespace
@@ -88,11 +106,17 @@ void Interrupt::watch() {
     }
 }
 
-// The line in progress on the terminal is left before anything is said.
+// The line in progress on the terminal is left before anything is said. Once its child is gone, the
+// owner would start the next one: it is stopped first, wherever it is, and nothing is done from then on
+// that could wait for a lock that it holds.
 void Interrupt::endByForce(int signal) {
     m_terminal.restore();
-    std::cerr << "\nplatwifi: interrupted\n";
-    endChildren();
+    std::cerr << (isatty(STDERR_FILENO) != 0 ? "\n" : "") << "platwifi: interrupted\n";
+    leaveSharedBlock();
+    const std::vector<std::string> results = resultsOf(m_owner);
+    stop(m_owner);
+    endChildrenOf(getpid());
+    remove(results);
     endBy(signal);
 }
 

@@ -7,15 +7,17 @@
 #include <condition_variable>
 #include <csignal>
 #include <mutex>
+#include <pthread.h>
 #include <thread>
 
 namespace cli {
 
-/// What happens on SIGINT, SIGTERM and SIGHUP: the command ends in an orderly way at its next wait or
+/// What happens on SIGINT, SIGTERM, SIGHUP and SIGQUIT: the command ends in an orderly way at its next wait or
 /// check. One that is in the middle of a call of the library for another second is ended by force;
-/// no child, no socket of a child and no changed terminal stays behind.
+/// no child, no socket or result of a child and no changed terminal stays behind.
 ///
-/// To be made before any other thread, so that no thread of the library gets a signal.
+/// To be made before any other thread, by the first one, which runs the command: so no thread of the
+/// library gets a signal.
 class Interrupt {
 public:
     Interrupt();
@@ -54,6 +56,7 @@ private:
     void wakeMain() const;
 
     TerminalState m_terminal;
+    const pthread_t m_owner = pthread_self(); ///< the thread that runs the command
     sigset_t m_signals{};
     int m_pipe[2] = {-1, -1}; ///< readable once a signal has come
     std::atomic<int> m_signal{0};

@@ -28,31 +28,23 @@ void withEach(Host& host, const Use& use) {
     }
 }
 
-std::string valueOf(const char* property, const WifiNetwork& network) {
-    return propertyOf(property).read(network);
-}
-
 constexpr const char* LISTED[] = {"status", "key_mgmt", "priority", "bssid"};
+
+Json valueOf(const Property& property, const WifiNetwork& network) {
+    return std::visit([](const auto& value) { return Json(value); }, property.read(network));
+}
 
 Json jsonOf(const std::string& ssid, const WifiNetwork& network) {
     Json json = {{"ssid", plainSsid(ssid)}};
-    for (const char* const property : LISTED)
-        json[property] = valueOf(property, network);
+    for (const char* const name : LISTED)
+        json[name] = valueOf(propertyOf(name), network);
     return json;
-}
-
-// Secrets are told as being set or not.
-Json valueForJson(const Property& property, const WifiNetwork& network) {
-    const std::string value = property.read(network);
-    if (property.way == Way::hidden || property.way == Way::enciphered)
-        return !value.empty();
-    return value;
 }
 
 void showAsJson(const std::string& ssid, const WifiNetwork& network) {
     Json json;
     for (const Property& property : properties())
-        json[property.name] = valueForJson(property, network);
+        json[property.name] = valueOf(property, network);
     json["ssid"] = plainSsid(ssid);
     print(json);
 }
@@ -61,7 +53,7 @@ void showAsTable(const std::string& ssid, const WifiNetwork& network, const Cons
     Table table({{"Property"}, {"Value"}});
     for (const Property& property : properties()) {
         const bool isName = std::string(property.name) == "ssid";
-        const std::string value = isName ? shownSsid(ssid) : property.read(network);
+        const std::string value = isName ? shownSsid(ssid) : shown(property, network);
         if (!value.empty())
             table.add({property.name, value});
     }
@@ -79,7 +71,7 @@ void listNetworks(Context& context) {
         json.push_back(jsonOf(ssid, network));
         std::vector<std::string> row = {shownSsid(ssid)};
         for (const char* const property : LISTED)
-            row.push_back(valueOf(property, network));
+            row.push_back(shown(propertyOf(property), network));
         table.add(std::move(row));
     });
     if (context.request.json)

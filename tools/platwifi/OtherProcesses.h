@@ -17,15 +17,15 @@ void leaveSharedBlock();
 
 /// Tells the others that the configuration was saved, by going on as a program that does nothing
 /// else: the refresh thread of this one would be the first to hear of it. For the very end of a
-/// program that has succeeded: the process ends with status 0. Comes back where there is nobody to tell,
-/// or nothing can be started.
-void tellOthers(char* const arguments[]);
+/// program: the process ends with this status, or by the signal of which it is the negative number.
+/// Comes back where there is nobody to tell, or nothing can be started.
+void tellOthers(char* const arguments[], int status);
 
 /// What tellOthers() goes on as.
 /// @return whether these arguments ask for it; then the process shall end
 bool isTeller(int count, char* const arguments[]);
 
-/// Does what tellOthers() goes on for, and ends the process.
-[[noreturn]] void tell();
+/// Does what tellOthers() goes on for, and ends the process with the status that it was given.
+[[noreturn]] void tell(char* const arguments[]);
 
 } // namespace cli

@@ -47,21 +47,26 @@ const Words CIPHER_CODES = {
     {"WEP40", GROUP_WEP40},  {"WEP104", GROUP_WEP104}, {"NONE", PAIRWISE_NONE},
 };
 
-// How a value is shown. `Get` is a getter of WifiNetwork, or a function that takes a network.
+// How a value is read. `Get` is a getter of WifiNetwork, or a function that takes a network.
 
 template <auto Get>
-std::string text(const N& network) {
+Value text(const N& network) {
     const char* const value = std::invoke(Get, network);
     return value ? printable(value) : "";
 }
 
 template <auto Get>
-std::string number(const N& network) {
-    return std::to_string(static_cast<int>(std::invoke(Get, network)));
+Value number(const N& network) {
+    return static_cast<int>(std::invoke(Get, network));
+}
+
+template <auto Get>
+Value truth(const N& network) {
+    return std::invoke(Get, network) != 0;
 }
 
 template <auto Get, const auto& All>
-std::string word(const N& network) {
+Value word(const N& network) {
     for (const Word& one : All) {
         if (one.number == std::invoke(Get, network))
             return one.text;
@@ -69,20 +74,24 @@ std::string word(const N& network) {
     return "";
 }
 
-template <auto Get, const auto& All>
-std::string words(const N& network) {
+std::string wordsIn(unsigned int set, const Words& all) {
     std::string list;
-    for (const Word& one : All) {
-        if ((std::invoke(Get, network) & one.number) != 0)
+    for (const Word& one : all) {
+        if ((set & one.number) != 0)
             list += (list.empty() ? "" : " ") + std::string(one.text);
     }
     return list;
 }
 
+template <auto Get, const auto& All>
+Value words(const N& network) {
+    return wordsIn(std::invoke(Get, network), All);
+}
+
 template <auto Get>
-std::string secret(const N& network) {
+Value secret(const N& network) {
     const char* const value = std::invoke(Get, network);
-    return value && value[0] != '\0' ? "(set)" : "";
+    return value && value[0] != '\0';
 }
 
 template <unsigned int Slot>
@@ -90,13 +99,18 @@ const char* wepKey(const N& network) {
     return network.getWepKey(Slot);
 }
 
-std::string ciphers(const N& network) {
-    const std::string pairwise = words<&N::getPairwiseCiphers, PAIRWISE>(network);
-    const std::string group = words<&N::getGroupCiphers, GROUP>(network);
+// No network is asked to be on the address of all zeros: it stands for every access point.
+Value bssid(const N& network) {
+    const Value address = text<&N::getBssid>(network);
+    return address == Value("00:00:00:00:00:00") ? "any" : address;
+}
+
+Value ciphers(const N& network) {
+    const std::string pairwise = wordsIn(network.getPairwiseCiphers(), PAIRWISE);
+    const std::string group = wordsIn(network.getGroupCiphers(), GROUP);
     return pairwise == group ? pairwise : pairwise + " / group " + group;
 }
 
-constexpr long LEAST = std::numeric_limits<int>::min();
 constexpr long MOST = std::numeric_limits<int>::max();
 
 constexpr auto PLAIN = Way::plain;
@@ -110,16 +124,16 @@ const std::vector<Property> PROPERTIES = {
     {"status", REPORTED, nullptr, word<&N::getNetworkStatus, STATUSES>, "what it is to the supplicant now", {}},
     {"strength", REPORTED, nullptr, number<&N::getStrength>, "signal at the last scan, 0 to 100", {}},
     {"channel", REPORTED, nullptr, number<&N::getChannel>, "radio channel", {}},
-    {"bssid", PLAIN, takeBssid, text<&N::getBssid>, "the one access point to use, or any", {}},
-    {"ssidBroadcasted", PLAIN, takeTruth, word<&N::getSsidBroadcasted, TRUTHS>, "false for a hidden network", TRUTHS},
+    {"bssid", PLAIN, takeBssid, bssid, "the one access point to use, or any", {}},
+    {"ssidBroadcasted", PLAIN, takeTruth, truth<&N::getSsidBroadcasted>, "false for a hidden network", TRUTHS},
     {"mode", PLAIN, takeWord, word<&N::getNetworkMode, MODES>, "with an access point, or without", MODES},
-    {"priority", PLAIN, takeNumber, number<&N::getPriority>, "the supplicant prefers higher ones", {}, LEAST, MOST},
+    {"priority", PLAIN, takeNumber, number<&N::getPriority>, "the supplicant prefers higher ones", {}, 0, MOST},
     {"key_mgmt", PLAIN, takeWord, words<&N::getKeyManagement, KEY_MANAGEMENT>, "key management; NONE for open and WEP", KEY_MANAGEMENT},
     {"protocol", PLAIN, takeWord, words<&N::getProtocol, PROTOCOLS>, "RSN is WPA2", PROTOCOLS},
     {"encryption", PLAIN, takeWord, ciphers, "ciphers, pairwise and group", CIPHER_CODES},
     {"authentication", PLAIN, takeWord, word<&N::getAuthAlg, AUTHENTICATIONS>, "authentication algorithm", AUTHENTICATIONS},
-    {"psk", ENCIPHERED, takePsk, secret<&N::getPsk>, "passphrase of 8 to 63 characters, or 64 hexadecimal digits", {}},
-    {"key1", HIDDEN, takeWepKey, secret<wepKey<0>>, "WEP key of 5 or 13 characters, or 10 or 26 hexadecimal digits", {}},
+    {"psk", ENCIPHERED, takePsk, secret<&N::getPsk>, "key: 8 to 63 characters, or 64 hex digits", {}},
+    {"key1", HIDDEN, takeWepKey, secret<wepKey<0>>, "WEP key: 5, 13 characters or 10, 26 hex digits", {}},
     {"key2", HIDDEN, takeWepKey, secret<wepKey<1>>, "WEP key", {}},
     {"key3", HIDDEN, takeWepKey, secret<wepKey<2>>, "WEP key", {}},
     {"key4", HIDDEN, takeWepKey, secret<wepKey<3>>, "WEP key", {}},
@@ -130,20 +144,32 @@ const std::vector<Property> PROPERTIES = {
     {"eapPassword", ENCIPHERED, takeText, secret<&N::getEAPPassword>, "EAP password", {}},
     {"phase1", PLAIN, takeText, text<&N::getPhase1Step>, "parameters of the outer authentication", {}},
     {"phase2", PLAIN, takeText, text<&N::getPhase2Step>, "parameters of the inner one, such as auth=MSCHAPV2", {}},
-    {"CACertificateFile", PLAIN, takeText, text<&N::getCACertificate>, "certificate of the authority", {}},
-    {"CACertificateDir", PLAIN, takeText, text<&N::getCACertificateDir>, "folder with certificates of authorities", {}},
-    {"clientCertificate", PLAIN, takeText, text<&N::getClientCertificate>, "certificate of this device", {}},
-    {"privateKeyFile", PLAIN, takeText, text<&N::getPrivateKeyFile>, "its private key", {}},
+    {"CACertificateFile", PLAIN, takePath, text<&N::getCACertificate>, "certificate of the authority", {}},
+    {"CACertificateDir", PLAIN, takePath, text<&N::getCACertificateDir>, "folder with certificates of authorities", {}},
+    {"clientCertificate", PLAIN, takePath, text<&N::getClientCertificate>, "certificate of this device", {}},
+    {"privateKeyFile", PLAIN, takePath, text<&N::getPrivateKeyFile>, "its private key", {}},
     {"privateKeyPassword", ENCIPHERED, takeText, secret<&N::getPrivateKeyPassword>, "password of that file", {}},
-    {"CACertificateFile2", PLAIN, takeText, text<&N::getCACertificate2>, "the same for the inner authentication", {}},
-    {"CACertificateDir2", PLAIN, takeText, text<&N::getCACertificateDir2>, "", {}},
-    {"clientCertificate2", PLAIN, takeText, text<&N::getClientCertificate2>, "", {}},
-    {"privateKeyFile2", PLAIN, takeText, text<&N::getPrivateKeyFile2>, "", {}},
+    {"CACertificateFile2", PLAIN, takePath, text<&N::getCACertificate2>, "the same for the inner authentication", {}},
+    {"CACertificateDir2", PLAIN, takePath, text<&N::getCACertificateDir2>, "", {}},
+    {"clientCertificate2", PLAIN, takePath, text<&N::getClientCertificate2>, "", {}},
+    {"privateKeyFile2", PLAIN, takePath, text<&N::getPrivateKeyFile2>, "", {}},
     {"privateKeyPassword2", ENCIPHERED, takeText, secret<&N::getPrivateKeyPassword2>, "", {}},
 };
 // clang-format on
 
 } // namespace
+
+std::string shown(const Property& property, const WifiNetwork& network) {
+    const Value value = property.read(network);
+    if (const bool* const is = std::get_if<bool>(&value)) {
+        if (isSecret(property))
+            return *is ? "(set)" : "";
+        return *is ? "true" : "false";
+    }
+    if (const int* const number = std::get_if<int>(&value))
+        return std::to_string(*number);
+    return std::get<std::string>(value);
+}
 
 const std::vector<Property>& properties() {
     return PROPERTIES;

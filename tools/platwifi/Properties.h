@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <variant>
 #include <vector>
 
 class WifiNetwork;
@@ -21,6 +22,10 @@ struct Word {
     unsigned int number;
 };
 
+/// What a property is: a text or words, a number, or whether something is so. Of a secret, whether it
+/// is set.
+using Value = std::variant<std::string, int, bool>;
+
 /// One property of a network, by the name that setNetworkParameters() knows.
 struct Property {
     const char* name;
@@ -28,12 +33,20 @@ struct Property {
     /// Turns what the user has written into what the library takes. @throws WrongUse with what is
     /// allowed, and never with a hidden value; null for what is reported
     std::string (*take)(const Property& property, const std::string& written);
-    std::string (*read)(const WifiNetwork& network); ///< the value as shown
+    Value (*read)(const WifiNetwork& network);
     const char* meaning;
     std::vector<Word> words; ///< that it can be
     long lowest = 0;         ///< of a number
     long highest = 0;
 };
+
+/// Whether nobody may see it.
+inline bool isSecret(const Property& property) {
+    return property.way == Way::hidden || property.way == Way::enciphered;
+}
+
+/// The value for people; "" where there is none.
+std::string shown(const Property& property, const WifiNetwork& network);
 
 /// All of them, in the order in which they are shown.
 const std::vector<Property>& properties();

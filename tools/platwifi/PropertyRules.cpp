@@ -94,6 +94,10 @@ std::string takeText(const Property& property, const std::string& written) {
     return written;
 }
 
+std::string takePath(const Property& property, const std::string& written) {
+    return takeText(property, written);
+}
+
 std::string takeBssid(const Property& property, const std::string& written) {
     if (written != "any" && !isMacAddress(written))
         refuse(property, "a MAC address such as 02:00:00:00:01:00, or any");

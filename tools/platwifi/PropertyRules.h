@@ -12,6 +12,7 @@ std::string takeWord(const Property& property, const std::string& written);   //
 std::string takeTruth(const Property& property, const std::string& written);  ///< true or false
 std::string takeNumber(const Property& property, const std::string& written); ///< in its range
 std::string takeText(const Property& property, const std::string& written);   ///< "" clears it
+std::string takePath(const Property& property, const std::string& written);   ///< the same
 std::string takeBssid(const Property& property, const std::string& written);  ///< or "any"
 std::string takePsk(const Property& property, const std::string& written);    ///< "" clears it
 std::string takeWepKey(const Property& property, const std::string& written); ///< "" clears it

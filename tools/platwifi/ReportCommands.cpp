@@ -5,12 +5,32 @@
 #include "Host.h"
 #include "jni/ServiceFunctions.h"
 #include "platform/BufferedXWriter.h"
+#include "platform/FileDescriptor.h"
 #include "settings/WifiHostSettings.h"
 
+#include <cstdio>
+#include <fcntl.h>
 #include <iostream>
 #include <unistd.h>
 
 namespace cli {
+namespace {
+
+/// While it lives, what is written to standard error goes to standard output.
+class OutputForErrors {
+public:
+    OutputForErrors() : m_errors(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0)) {
+        dup2(STDOUT_FILENO, STDERR_FILENO);
+    }
+    ~OutputForErrors() { dup2(m_errors.number(), STDERR_FILENO); }
+    OutputForErrors(const OutputForErrors&) = delete;
+    OutputForErrors& operator=(const OutputForErrors&) = delete;
+
+private:
+    const platform::FileDescriptor m_errors;
+};
+
+} // namespace
 
 void writeXml(Context& context) {
     Host host(context);
@@ -28,10 +48,14 @@ void writeXml(Context& context) {
 void dump(Context& context) {
     Host host(context);
     WifiHostSettings& settings = host.settings();
-    std::cerr << std::flush;
-    if (dup2(STDOUT_FILENO, STDERR_FILENO) < 0)
-        throw Failure("standard output is closed; open it, then try again");
-    settings.dump();
+    bool isWritten = false;
+    {
+        const OutputForErrors instead;
+        settings.dump();
+        isWritten = std::ferror(stderr) == 0;
+    }
+    if (!isWritten)
+        std::cout.setstate(std::ios::badbit); // as if it had been printed here
 }
 
 } // namespace cli

@@ -4,6 +4,7 @@
 #include "Failure.h"
 #include "Host.h"
 #include "Json.h"
+#include "ResultFiles.h"
 #include "ScanResult.h"
 #include "Ssid.h"
 #include "Table.h"
@@ -12,6 +13,7 @@
 #include <algorithm>
 #include <iostream>
 #include <memory>
+#include <pthread.h>
 
 namespace cli {
 namespace {
@@ -32,6 +34,7 @@ Results inRange(Host& host) {
     unsigned char count = 0;
     const bool ok = discoverNetworks(nullptr, host.iface().c_str(), &list, MOST, &count) != 0;
     const std::unique_ptr<char*[]> owner(list);
+    remove(resultsOf(pthread_self())); // the library keeps the reply to the last scan
     if (!ok)
         throw Failure(host.iface() + " cannot be scanned; platwifi doctor tells more");
     Results results;

@@ -42,14 +42,32 @@ std::string readLine(int file, const std::string& from, const Interrupt& interru
     return line;
 }
 
+// Asks, where somebody can be asked; the end of the line is typed unseen, too.
+class Prompt {
+public:
+    explicit Prompt(const std::string& name) : m_isShown(isatty(STDIN_FILENO) != 0) {
+        if (m_isShown)
+            std::cerr << name << ": " << std::flush;
+    }
+    ~Prompt() {
+        if (m_isShown)
+            std::cerr << '\n';
+    }
+    Prompt(const Prompt&) = delete;
+    Prompt& operator=(const Prompt&) = delete;
+
+private:
+    const bool m_isShown;
+    const HiddenInput m_hidden; // before anything can be typed
+};
+
+std::string typedOrPiped(const std::string& name, const Interrupt& interrupt) {
+    const Prompt prompt(name);
+    return readLine(STDIN_FILENO, "standard input", interrupt);
+}
+
 std::string fromInput(const std::string& name, const Interrupt& interrupt) {
-    const bool isTyped = isatty(STDIN_FILENO) != 0;
-    const HiddenInput hidden;
-    if (isTyped)
-        std::cerr << name << ": " << std::flush;
-    const std::string line = readLine(STDIN_FILENO, "standard input", interrupt);
-    if (isTyped)
-        std::cerr << '\n';
+    const std::string line = typedOrPiped(name, interrupt);
     if (line.empty())
         throw Failure("there is no " + name +
                       " on standard input; write it there, or clear it with " + name + "=");

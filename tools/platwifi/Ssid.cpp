@@ -70,13 +70,17 @@ std::string plainSsid(const std::string& notation) {
 }
 
 bool isSameSsid(const std::string& one, const std::string& other) {
-    return one == other || bytesOfSsid(one) == bytesOfSsid(other);
+    const std::string bytes = bytesOfSsid(one);
+    const std::string otherBytes = bytesOfSsid(other);
+    return one == other || bytes == otherBytes || bytes == other || one == otherBytes;
 }
 
 void requireSsid(const std::string& ssid) {
-    if (ssid.empty() || ssid.size() > MAXIMUM_BYTES)
+    const std::size_t size = std::min(ssid.size(), bytesOfSsid(ssid).size());
+    if (size == 0 || size > MAXIMUM_BYTES)
         throw WrongUse("an SSID has 1 to " + std::to_string(MAXIMUM_BYTES) +
-                       " bytes, and this one has " + std::to_string(ssid.size()));
+                       " bytes, and this one has " + std::to_string(size) +
+                       "; platwifi networks and platwifi scan list some");
 }
 
 } // namespace cli

@@ -17,7 +17,7 @@ std::string plainSsid(const std::string& notation);
 /// Whether two notations, or plain texts, mean the same network.
 bool isSameSsid(const std::string& one, const std::string& other);
 
-/// Refuses what cannot be the SSID of a network.
+/// Refuses what cannot be the SSID of a network, in no notation.
 /// @throws WrongUse
 void requireSsid(const std::string& ssid);
 

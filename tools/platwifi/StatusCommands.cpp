@@ -45,11 +45,13 @@ Json jsonOf(const HostStatus& status) {
 
 void showAdapters(Context& context) {
     Host host(context);
+    host.iface();
     const auto& adapters = host.adapters();
     if (context.request.json)
         return print(Json(adapters));
+    const std::string marked = adapters.size() > 1 ? adapters.front() : "";
     for (const std::string& adapter : adapters)
-        std::cout << printable(adapter) << '\n';
+        std::cout << printable(adapter) << (adapter == marked ? " (the default)" : "") << '\n';
 }
 
 void showStatus(Context& context) {
@@ -58,10 +60,14 @@ void showStatus(Context& context) {
     if (context.request.json)
         return print(jsonOf(status));
     const std::string network = status.network.empty() ? "none" : shownSsid(status.network);
-    std::cout << "Adapter:   " << printable(status.iface) << '\n'
-              << "State:     " << wordForState(status.state) << '\n'
-              << "Network:   " << network << '\n'
-              << "Configured networks: " << status.networks << '\n';
+    const std::string lines[] = {
+        "Adapter:   " + printable(status.iface),
+        std::string("State:     ") + wordForState(status.state),
+        "Network:   " + network,
+        "Networks:  " + std::to_string(status.networks) + " configured",
+    };
+    for (const std::string& line : lines)
+        std::cout << cutTo(line, context.out.width) << '\n';
 }
 
 } // namespace cli

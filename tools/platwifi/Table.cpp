@@ -40,7 +40,7 @@ Table::Widths Table::widthsFor(const Console& console) const {
             widths[i] = std::max(widths[i], cellsOf(row[i]));
     }
     const unsigned int gaps = GAP * static_cast<unsigned int>(widths.size() - 1);
-    while (sum(widths) > 0 && sum(widths) + gaps > console.width)
+    while (sum(widths) > widths.size() && sum(widths) + gaps > console.width)
         --*std::max_element(widths.begin(), widths.end());
     return widths;
 }

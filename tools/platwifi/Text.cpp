@@ -9,7 +9,10 @@
 namespace cli {
 namespace {
 
+constexpr wchar_t ARABIC_LETTER_MARK = 0x061C;
 constexpr wchar_t ZERO_WIDTH_JOINER = 0x200D;
+constexpr wchar_t LEFT_TO_RIGHT_MARK = 0x200E;
+constexpr wchar_t RIGHT_TO_LEFT_MARK = 0x200F;
 constexpr wchar_t LINE_SEPARATOR = 0x2028;
 constexpr wchar_t LAST_DIRECTION = 0x202E;
 constexpr wchar_t FIRST_ISOLATE = 0x2066;
@@ -56,7 +59,8 @@ Character characterAt(const std::string& bytes, std::size_t place) {
 // Characters that turn the direction of writing would disturb the rest of the line.
 bool turnsTheLine(wchar_t code) {
     return (code >= LINE_SEPARATOR && code <= LAST_DIRECTION) ||
-           (code >= FIRST_ISOLATE && code <= LAST_ISOLATE);
+           (code >= FIRST_ISOLATE && code <= LAST_ISOLATE) || code == ARABIC_LETTER_MARK ||
+           code == LEFT_TO_RIGHT_MARK || code == RIGHT_TO_LEFT_MARK;
 }
 
 bool isPrintable(const Character& character) {

@@ -1,8 +1,11 @@
 #include "CommandLine.h"
+#include "Completion.h"
 #include "OtherProcesses.h"
 
 int main(int count, char* arguments[]) {
     if (cli::isTeller(count, arguments))
-        cli::tell();
+        cli::tell(arguments);
+    if (cli::isCompletion(count, arguments))
+        return cli::complete(count, arguments);
     return cli::runCommandLine(count, arguments);
 }

@@ -11,7 +11,11 @@ namespace platform {
 ///  1. the directory in the environment variable PLATFORM_BOOT_DIR, whatever is in it (ignored in
 ///     a program that runs with more rights than its caller),
 ///  2. the path as it stands, where it exists,
-///  3. the directory boot/ beside the folder that this library was loaded from.
+///  3. the directory boot/ beside the folder that this library is in, links to it resolved, where
+///     the program is there: the build tree,
+///  4. the directory that the boot programs are installed in, which the build knows as a path from
+///     that of the libraries: so a whole installation may be moved. The path as it stands again
+///     where the library's own file is gone.
 PLATFORM_API std::string locateProgram(const std::string& path);
 
 } // namespace platform

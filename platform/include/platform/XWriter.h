@@ -33,4 +33,7 @@ protected:
 
     /// Takes the next `length` bytes of the document.
     virtual void write(const char* bytes, std::size_t length) = 0;
+
+private:
+    void writeEscaped(const char* text);
 };

@@ -4,20 +4,43 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
+import com.quorvel.platwifi.BWifiPlatformService;
 import com.quorvel.platwifi.StandIn;
 
+import org.junit.jupiter.api.AfterEach;
+import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.params.ParameterizedTest;
-import org.junit.jupiter.params.provider.ValueSource;
+import org.junit.jupiter.params.provider.CsvSource;
 
 class SupplicantStateTest {
     private static final String BSSID = "bssid=02:00:00:00:02:00\n";
 
+    @BeforeEach
+    void loadTheNetworks() {
+        BWifiPlatformService.unloadWifiSettings0();
+        new StandIn().settings("0\tcafe\tany\t", "1\thome\tany\t",
+                "2\tCaf\\xc3\\xa9\tany\t").play();
+        BWifiPlatformService.getWifiAdapters0();
+    }
+
+    @AfterEach
+    void unload() {
+        BWifiPlatformService.unloadWifiSettings0();
+    }
+
     @ParameterizedTest
-    @ValueSource(strings = {"INACTIVE", "SCANNING", "ASSOCIATING", "4WAY_HANDSHAKE"})
-    void aStateOnTheWayHasTheSupplicantsNameForIt(String name) {
-        SupplicantState state = state(BSSID + "ssid=cafe\nwpa_state=" + name + "\n");
+    @CsvSource({
+        "DISCONNECTED, DISCONNECTED", "INACTIVE, IDLE", "SCANNING, SCANNING",
+        "ASSOCIATING, ASSOCIATING", "ASSOCIATED, ASSOCIATED", "4WAY_HANDSHAKE, 4WAY_HANDSHAKE",
+        "GROUP_HANDSHAKE, GROUP_HANDSHAKE", "SOMETHING, UNKNOWN",
+    })
+    void aStateOnTheWayIsNamed(String supplicants, String name) {
+        SupplicantState state = state(BSSID + "ssid=cafe\nwpa_state=" + supplicants + "\n");
         assertEquals(name, state.onTheWayTo("cafe"));
+        assertEquals(name, state.toString());
+        assertEquals(!name.equals("UNKNOWN"), state.isKnown());
+        assertFalse(state.isConnected());
         assertFalse(state.isConnectedTo("cafe"));
     }
 
@@ -25,6 +48,7 @@ class SupplicantStateTest {
     void completedIsConnected() {
         SupplicantState state = state(BSSID + "ssid=cafe\nid=0\nwpa_state=COMPLETED\n");
         assertEquals("COMPLETED", state.onTheWayTo("cafe"));
+        assertEquals("COMPLETED on cafe", state.toString());
         assertTrue(state.isConnectedTo("cafe"));
     }
 
@@ -32,7 +56,24 @@ class SupplicantStateTest {
     void completedOnAnotherNetworkIsNotConnected() {
         SupplicantState state = state(BSSID + "ssid=home\nid=0\nwpa_state=COMPLETED\n");
         assertEquals("COMPLETED on home", state.onTheWayTo("cafe"));
+        assertTrue(state.isConnected());
         assertFalse(state.isConnectedTo("cafe"));
+    }
+
+    @Test
+    void completedOnANetworkThatIsNotConfiguredHasNoName() {
+        SupplicantState state = state("ssid=elsewhere\nwpa_state=COMPLETED\n");
+        assertEquals("COMPLETED", state.onTheWayTo("cafe"));
+        assertFalse(state.isConnectedTo("cafe"));
+    }
+
+    /** The old network is left while it is asked for: its state is not that of the new one. */
+    @Test
+    void theStateIsThatOfTheNetworkOrALaterOne() {
+        new StandIn().when("-iwlan0", "status").print("ssid=home\nwpa_state=COMPLETED\n")
+                .then().print("ssid=cafe\nwpa_state=ASSOCIATED\n")
+                .then().print("ssid=cafe\nwpa_state=ASSOCIATING\n").play();
+        assertFalse(SupplicantState.of("wlan0").isConnected());
     }
 
     @Test

@@ -129,6 +129,26 @@ TEST_F(BadInput, NullWhereATextOrAPlaceIsNeededFailsWithoutAChild) {
     EXPECT_THAT(standIn.calls(), IsEmpty());
 }
 
+// An access point chooses its name; a client that looks for options everywhere would start programs.
+TEST_F(BadInput, AValueThatTheClientWouldTakeForAnOptionFailsWithoutAChild) {
+    standIn.on({"*"}).prints("OK\n");
+    const std::string key = "-a/tmp/x" + std::string(56, 'a');
+    EXPECT_FALSE(util.setNetworkValue("wlan0", 0, "bssid", "-v:cafe"));
+    EXPECT_FALSE(util.setNetworkValue("wlan0", 0, "bssid", "--"));
+    EXPECT_FALSE(util.setNetworkValue("wlan0", 0, "bssid", "-"));
+    EXPECT_FALSE(util.setNetworkValue("wlan0", 0, "psk", key.c_str()));
+    EXPECT_FALSE(util.setNetworkValue("wlan0", 0, "identity", "-a/tmp/x\""));
+    EXPECT_FALSE(util.executeCustom("wlan0", 0, "bssid", "-a/tmp/x"));
+    EXPECT_THAT(standIn.calls(), IsEmpty());
+}
+
+TEST_F(BadInput, ANegativeNumberAndAQuotedTextAreNoOptions) {
+    standIn.on({"*"}).prints("OK\n");
+    EXPECT_TRUE(util.setNetworkValue("wlan0", 0, "priority", "-1"));
+    EXPECT_TRUE(util.setNetworkValue("wlan0", 0, "identity", "-v"));
+    EXPECT_EQ(standIn.calls().size(), 2U);
+}
+
 TEST_F(BadInput, AThousandFailingCommandsLeaveNothingBehind) {
     struct Way {
         const char* name;

@@ -1,0 +1,48 @@
+// One command of the client.
+
+#include "BareCommand.h"
+#include "Contest.h"
+#include "Measurements.h"
+#include "Networks.h"
+#include "supplicant/WifiUtil.h"
+
+#include <stdexcept>
+
+namespace bench {
+namespace {
+
+constexpr const char* KEY = "priority"; // the first network has one
+
+const Arguments SAME_COMMAND{"-iwlan0", "get_network", "0", KEY};
+
+void askTheLibrary() {
+    char value[128] = "";
+    if (!WifiUtil::getInstance()->getNetworkValue(WLAN, 0, KEY, value, sizeof(value)))
+        throw std::runtime_error("the library cannot read a value");
+}
+
+void askDirectly() {
+    runBare(CLIENT, SAME_COMMAND);
+}
+
+void askInPauses() {
+    runBare(CLIENT, SAME_COMMAND, Wait::InPausesOf50Ms);
+}
+
+} // namespace
+
+Rows measureCommand() {
+    const Timings times = compete({{askTheLibrary}, {askDirectly}, {askInPauses}}, {15, 0.1});
+    WifiUtil::unload();
+    return {
+        timeRow("One client command through the library",
+                "the client alone: spawned, awaited, read", times[0], times[1],
+                "What the library adds to the client that it runs; 1 is nothing."),
+        timeRow("The client in plain pauses of 50 ms", "the client alone", times[2], times[1],
+                "What a command costs where the system cannot tell that a child has ended."),
+        timeRow("One client command through the library", "the client in plain pauses of 50 ms",
+                times[0], times[2], "What being told of the child's end saves."),
+    };
+}
+
+} // namespace bench

@@ -1,0 +1,55 @@
+// The libraries as files.
+
+#include "BareCommand.h"
+#include "Measurements.h"
+
+#include <filesystem>
+
+namespace bench {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Library {
+    const char* name;
+    const char* path;
+    const char* meaning;
+};
+
+constexpr Library LIBRARIES[] = {
+    {"libplatwifi.so", PLATWIFI_LIBRARY,
+     "What the library adds to an image, in units of the client."},
+    {"libplatform.so", PLATFORM_LIBRARY,
+     "What Linux needs in addition, without the cipher's library."},
+    {"libzam.so", ZAM_LIBRARY, "And the clock."},
+};
+
+double sizeOf(const fs::path& file) {
+    return static_cast<double>(fs::file_size(file));
+}
+
+double strippedSizeOf(const fs::path& file) {
+    const fs::path copy = "/tmp/bench-stripped";
+    runBare(STRIP_PROGRAM, {"-o", copy, file});
+    const double size = sizeOf(copy);
+    fs::remove(copy);
+    return size;
+}
+
+} // namespace
+
+Rows measureSize() {
+    const double client = strippedSizeOf(CLIENT);
+    Rows rows;
+    for (const Library& library : LIBRARIES) {
+        const double size = strippedSizeOf(library.path);
+        rows.push_back({std::string(library.name) + ", stripped",
+                        "the client `wpa_cli`, stripped",
+                        {size / client},
+                        medians({size}, {client}, inKibibytes),
+                        library.meaning});
+    }
+    return rows;
+}
+
+} // namespace bench

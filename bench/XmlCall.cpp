@@ -1,0 +1,80 @@
+// The call that makes the XML document, and the parts of its work.
+
+#include "Contest.h"
+#include "Measurements.h"
+#include "Networks.h"
+#include "XmlWriters.h"
+#include "platform/Crypt.h"
+#include "settings/WifiHostSettings.h"
+#include "supplicant/ReplyLines.h"
+#include "supplicant/WifiUtil.h"
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <memory>
+#include <stdexcept>
+
+namespace bench {
+namespace {
+
+constexpr const char* SECRETS[] = {"psk", "eapPassword", "privateKeyPassword",
+                                   "privateKeyPassword2"};
+
+bool isSecret(const std::string& name) {
+    return std::find(std::begin(SECRETS), std::end(SECRETS), name) != std::end(SECRETS);
+}
+
+int secretsIn(const XmlElement& element) {
+    int count = 0;
+    for (const auto& [name, value] : element.attributes)
+        count += isSecret(name) && !value.empty() ? 1 : 0;
+    for (const XmlElement& child : element.children)
+        count += secretsIn(child);
+    return count;
+}
+
+// What the supplicant tells in place of a secret is what the library enciphers.
+void encipher(int count) {
+    for (int i = 0; i < count; ++i) {
+        char* result = nullptr;
+        Crypt::encrypt(nullptr, "*", &result);
+        const std::unique_ptr<char[]> owner(result);
+        if (!result)
+            throw std::runtime_error("the library cannot encipher");
+    }
+}
+
+// The two questions of each call; every 5 s it asks for the list, too.
+void askSupplicant() {
+    WifiUtil& util = *WifiUtil::getInstance();
+    platwifi::ReplyLines status(32);
+    if (!util.isWifiEnabled(WLAN) ||
+        !util.getCurrentNetworkStatus(WLAN, status.data(), status.capacity(), &status.count))
+        throw std::runtime_error("the library cannot ask for the status");
+}
+
+} // namespace
+
+Rows measureXmlCall() {
+    const XmlElement root = parse(libraryDocument());
+    const int secrets = secretsIn(root);
+    const Timings times =
+        compete({{[] { libraryDocument(); }},
+                 {askSupplicant},
+                 {[secrets] { encipher(secrets); }},
+                 {[&root] { benchmark::DoNotOptimize(PLATFORM_WRITER.write(root)); }}},
+                {15, 0.05});
+    WifiHostSettings::unload();
+    WifiUtil::unload();
+    const char* const whole = "the whole call for the XML document";
+    return {
+        timeRow("Asking for the supplicant and its status, two children", whole, times[1], times[0],
+                "What the call does to be up to date."),
+        timeRow("Enciphering " + std::to_string(secrets) + " secrets", whole, times[2], times[0],
+                "What it costs that no secret leaves the library in plain."),
+        timeRow("Writing the document", whole, times[3], times[0],
+                "The part of it that a faster writer could save."),
+    };
+}
+
+} // namespace bench

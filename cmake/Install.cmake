@@ -1,0 +1,65 @@
+# What `cmake --install` puts where (docs/installing.md). Programs, and what belongs to one, are
+# installed by the folder that makes them.
+include(CMakePackageConfigHelpers)
+
+# Programs that are added from here on find the libraries from their own folder.
+set(CMAKE_INSTALL_RPATH $ORIGIN/${PLATWIFI_PROGRAM_TO_LIBRARY})
+
+set(LINKABLE platwifi platform zam)
+install(TARGETS ${LINKABLE} EXPORT platwifi
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  INCLUDES DESTINATION ${PLATWIFI_INCLUDE_DIR})
+install(TARGETS platwificrypt LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+
+install(TARGETS pidin RUNTIME DESTINATION ${PLATWIFI_BOOT_DIR})
+install(FILES ${PROJECT_BINARY_DIR}/boot/wpa_cli DESTINATION ${PLATWIFI_BOOT_DIR})
+
+# The flat functions and the exported classes, with the headers that these include.
+foreach(header
+    Export.h
+    jni/ServiceFunctions.h
+    model/Field.h
+    model/OwnedText.h
+    model/WifiNetwork.h
+    model/WifiNetworkList.h
+    model/WifiTypes.h
+    settings/NetworkNumbers.h
+    settings/WifiHostSettings.h
+    supplicant/WifiUtil.h
+    watchdog/LocalSignal.h
+    watchdog/WifiHostSettingsWatchdog.h)
+  cmake_path(GET header PARENT_PATH folder)
+  install(FILES ${PROJECT_SOURCE_DIR}/src/${header} DESTINATION ${PLATWIFI_INCLUDE_DIR}/${folder})
+endforeach()
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform/include/ DESTINATION ${PLATWIFI_INCLUDE_DIR}
+  FILES_MATCHING PATTERN *.h)
+
+if(PLATWIFI_JAVA)
+  install(FILES $<TARGET_PROPERTY:platwifi-jar,JAR_FILE> DESTINATION ${CMAKE_INSTALL_DATADIR}/java)
+endif()
+install(FILES ${PROJECT_SOURCE_DIR}/docs/wifiHostSettings.xsd
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/platwifi)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/examples/wpa_supplicant.conf
+  DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+# find_package(platwifi)
+foreach(target ${LINKABLE})
+  target_compile_features(${target} INTERFACE cxx_std_17)
+endforeach()
+install(EXPORT platwifi NAMESPACE platwifi:: FILE platwifi-targets.cmake
+  DESTINATION ${PLATWIFI_PACKAGE_DIR})
+configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/platwifi-config.cmake.in
+  ${PROJECT_BINARY_DIR}/platwifi-config.cmake INSTALL_DESTINATION ${PLATWIFI_PACKAGE_DIR}
+  NO_SET_AND_CHECK_MACRO)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/platwifi-config-version.cmake
+  COMPATIBILITY SameMinorVersion)
+install(FILES
+  ${PROJECT_BINARY_DIR}/platwifi-config.cmake
+  ${PROJECT_BINARY_DIR}/platwifi-config-version.cmake
+  DESTINATION ${PLATWIFI_PACKAGE_DIR})
+
+# pkg-config platwifi
+path_between(PKGCONFIG_TO_LIBRARY ${PLATWIFI_PKGCONFIG_DIR} ${CMAKE_INSTALL_LIBDIR})
+path_between(PKGCONFIG_TO_INCLUDE ${PLATWIFI_PKGCONFIG_DIR} ${PLATWIFI_INCLUDE_DIR})
+configure_file(${CMAKE_CURRENT_LIST_DIR}/platwifi.pc.in ${PROJECT_BINARY_DIR}/platwifi.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/platwifi.pc DESTINATION ${PLATWIFI_PKGCONFIG_DIR})

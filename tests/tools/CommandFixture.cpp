@@ -1,0 +1,57 @@
+#include "CommandFixture.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+namespace test {
+namespace {
+
+const Arguments QUESTIONS = {"interface", "list_networks", "scan_results",
+                             "status",    "get_network",   "scan"};
+
+std::string joined(const Arguments& call) {
+    std::string text;
+    for (std::size_t i = 2; i < call.size(); ++i)
+        text += (i == 2 ? "" : " ") + call[i];
+    return text;
+}
+
+bool isChange(const Arguments& call) {
+    return call.size() > 2 &&
+           std::find(QUESTIONS.begin(), QUESTIONS.end(), call[2]) == QUESTIONS.end();
+}
+
+} // namespace
+
+CommandFixture::CommandFixture() {
+    setenv("PLATFORM_KEY_FILE", "/tmp/crypt.key", 1);
+    setenv("TERM", "xterm", 1);
+    unsetenv("NO_COLOR");
+}
+
+void CommandFixture::serve(const std::vector<std::string>& ssids, const std::string& state) {
+    for (const char* word : {"save_config", "reconfigure", "reassociate"})
+        host.on({"-iwlan0", word}).prints("OK\n");
+    host.answers(ssids, state);
+}
+
+std::vector<std::string> CommandFixture::changes() const {
+    std::vector<std::string> changes;
+    for (const Arguments& call : host.calls()) {
+        if (isChange(call))
+            changes.push_back(joined(call));
+    }
+    return changes;
+}
+
+void CommandFixture::expectOneLine(const Ending& ending, const std::string& says) {
+    EXPECT_THAT(ending.err, StartsWith("platwifi: "));
+    EXPECT_EQ(std::count(ending.err.begin(), ending.err.end(), '\n'), 1) << ending.err;
+    EXPECT_EQ(ending.err.empty() ? '\0' : ending.err.back(), '\n');
+    EXPECT_THAT(ending.err, HasSubstr(says));
+}
+
+} // namespace test

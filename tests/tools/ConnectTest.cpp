@@ -1,0 +1,96 @@
+// A connection as it comes about, or does not.
+
+#include "CommandFixture.h"
+
+using test::Ending;
+using test::platwifi;
+using testing::AllOf;
+using testing::ContainsRegex;
+using testing::HasSubstr;
+
+namespace {
+
+std::string stateOn(const std::string& state) {
+    return "ssid=home\nid=0\nwpa_state=" + state + "\n";
+}
+
+class Connect : public test::CommandFixture {
+protected:
+    // What the supplicant does from the load on, one answer for each question; the last one repeats.
+    void serveStates(const std::vector<std::string>& answers) {
+        auto rule = host.on({"-iwlan0", "status"});
+        for (std::size_t i = 0; i < answers.size(); ++i) {
+            if (i > 0)
+                rule.then();
+            rule.prints(answers[i]);
+        }
+        serve({"home", "work"});
+    }
+
+    // Each look asks twice: for the state, and for the network.
+    static std::vector<std::string> twice(const std::vector<std::string>& answers) {
+        std::vector<std::string> all = {"wpa_state=INACTIVE\n"}; // for the load
+        for (const std::string& answer : answers)
+            all.insert(all.end(), {answer, answer});
+        return all;
+    }
+
+    static void expectFailure(const Ending& ending, const std::string& says) {
+        EXPECT_EQ(ending.status, 1);
+        expectOneLine(ending, says);
+    }
+};
+
+const std::string SCANNING = "wpa_state=SCANNING\n";
+const std::string DISCONNECTED = "wpa_state=DISCONNECTED\n";
+
+TEST_F(Connect, TellsTheStatesUntilItIsComplete) {
+    serveStates(
+        twice({SCANNING, SCANNING, stateOn("ASSOCIATING"), stateOn("ASSOCIATED"),
+               stateOn("4WAY_HANDSHAKE"), stateOn("GROUP_HANDSHAKE"), stateOn("COMPLETED")}));
+    const Ending ending = platwifi({"connect", "home"});
+    EXPECT_EQ(ending.status, 0);
+    EXPECT_EQ(ending.err, "");
+    EXPECT_THAT(ending.out, HasSubstr("Connecting to home: SCANNING ASSOCIATING ASSOCIATED "
+                                      "4WAY_HANDSHAKE GROUP_HANDSHAKE COMPLETED\n"));
+    EXPECT_THAT(ending.out, ContainsRegex("\nConnected to home after [0-9]+\\.[0-9] s\\.\n"));
+    EXPECT_EQ(host.callsOf({"-iwlan0", "select", "0"}), 1u);
+}
+
+TEST_F(Connect, DoesNotTakeTheOtherNetworkForThisOne) {
+    serveStates(twice(
+        {"ssid=work\nid=1\nwpa_state=COMPLETED\n", DISCONNECTED, SCANNING, stateOn("COMPLETED")}));
+    const Ending ending = platwifi({"connect", "home"});
+    EXPECT_EQ(ending.status, 0);
+    EXPECT_THAT(ending.out, HasSubstr("home: DISCONNECTED SCANNING COMPLETED\n"));
+}
+
+TEST_F(Connect, TellsThatTheKeyIsWrong) {
+    serveStates(twice({SCANNING, stateOn("ASSOCIATED"), stateOn("4WAY_HANDSHAKE"), DISCONNECTED}));
+    expectFailure(platwifi({"connect", "home"}),
+                  "the last state is DISCONNECTED: the key is probably wrong; correct it with "
+                  "platwifi set SSID psk=-");
+}
+
+TEST_F(Connect, TellsThatTheIdentityIsRefused) {
+    serveStates(twice({SCANNING, stateOn("ASSOCIATED"), SCANNING}));
+    expectFailure(platwifi({"connect", "home"}), "refuses the identity, password or certificate");
+}
+
+TEST_F(Connect, GivesUpAfterTheTimeoutWithTheLastState) {
+    serveStates(twice({SCANNING}));
+    const Ending ending = platwifi({"connect", "-t", "1", "home"});
+    expectFailure(ending, "home is not connected after 1.");
+    EXPECT_THAT(ending.err, AllOf(HasSubstr("the last state is SCANNING"),
+                                  HasSubstr("no access point in range")));
+    EXPECT_THAT(ending.out, HasSubstr("Connecting to home: SCANNING\n"));
+}
+
+TEST_F(Connect, PrintsNothingButTheResultForScripts) {
+    serveStates(twice({SCANNING, stateOn("4WAY_HANDSHAKE"), DISCONNECTED}));
+    const Ending ending = platwifi({"connect", "--json", "home"});
+    expectFailure(ending, "the key is probably wrong");
+    EXPECT_EQ(ending.out, "");
+}
+
+} // namespace

@@ -1,0 +1,172 @@
+// What is changed in the supplicant, in which order, and what becomes of it when it does not work.
+
+#include "CommandFixture.h"
+#include "support/Checkpoint.h"
+
+#include <fcntl.h>
+#include <fstream>
+
+using test::Arguments;
+using test::Ending;
+using test::platwifi;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+namespace {
+
+class EditCommands : public test::CommandFixture {
+protected:
+    // The supplicant gives a new network this number.
+    void acceptNew(const std::string& ssid, const std::string& number = "1") {
+        host.on({"-iwlan0", "add_network"}).prints(number + "\n");
+        host.on({"-iwlan0", "set_network", number, "ssid", '"' + ssid + '"'}).prints("OK\n");
+        host.on({"-iwlan0", "enable_network", number}).prints("OK\n");
+    }
+
+    static void expectDone(const Ending& ending, const std::string& says) {
+        EXPECT_EQ(ending.status, 0);
+        EXPECT_EQ(ending.err, "");
+        EXPECT_EQ(ending.out, says);
+    }
+};
+
+TEST_F(EditCommands, SaveOnceForSeveralEdits) {
+    serve({"home"});
+    expectDone(platwifi({"set", "home", "priority=5", "ssidBroadcasted=false", "key_mgmt=NONE"}),
+               "home is saved.\n");
+    EXPECT_THAT(changes(), ElementsAre("set_network 0 scan_ssid 1", "set_network 0 key_mgmt NONE",
+                                       "set_network 0 priority 5", "save_config", "reconfigure"));
+}
+
+TEST_F(EditCommands, GiveTheClientAPlainSecret) {
+    serve({"home"});
+    const Ending ending = platwifi({"set", "home", "psk=-"}, "correct horse\n");
+    expectDone(ending, "home is saved.\n");
+    EXPECT_THAT(changes(),
+                ElementsAre("set_network 0 psk \"correct horse\"", "save_config", "reconfigure"));
+}
+
+TEST_F(EditCommands, ReadASecretFromAFile) {
+    std::ofstream("/tmp/key") << "correct horse\r\n";
+    serve({"home"});
+    platwifi({"set", "home", "psk=@/tmp/key"});
+    EXPECT_THAT(changes(), Contains("set_network 0 psk \"correct horse\""));
+}
+
+TEST_F(EditCommands, ReadALineForEachSecret) {
+    serve({"work"});
+    platwifi({"set", "work", "eapPassword=-", "privateKeyPassword=-"}, "first one\nsecond one\n");
+    EXPECT_THAT(changes(), ElementsAre("set_network 0 password \"first one\"",
+                                       "set_network 0 private_key_passwd \"second one\"",
+                                       "save_config", "reconfigure"));
+}
+
+TEST_F(EditCommands, HaveNoSecretAmongTheirOwnArguments) {
+    const test::Streams typed{test::fileWith("correct horse\n").release()};
+
+    host.on({"-iwlan0", "set_network", "0", "psk", "\"correct horse\""}).prints("OK\n");
+    test::Checkpoint saving("/tmp/saving");
+    host.on({"-iwlan0", "save_config"}).pausesAt(saving.path()).prints("OK\n");
+    serve({"home"});
+    test::Program program({"set", "home", "psk=-"}, typed);
+    saving.awaitArrival();
+    std::ifstream own("/proc/" + std::to_string(program.id()) + "/cmdline");
+    const std::string arguments{std::istreambuf_iterator<char>(own), {}};
+    saving.letGo();
+    EXPECT_THAT(arguments, HasSubstr("psk=-"));
+    EXPECT_THAT(arguments, Not(HasSubstr("correct")));
+    EXPECT_EQ(program.end().status, 0);
+}
+
+TEST_F(EditCommands, AddANetwork) {
+    acceptNew("cafe");
+    serve({"home"});
+    expectDone(platwifi({"add", "cafe", "key_mgmt=NONE", "priority=2"}), "cafe is added.\n");
+    EXPECT_THAT(changes(),
+                ElementsAre("add_network", "set_network 1 ssid \"cafe\"", "enable_network 1",
+                            "set_network 1 ssid \"cafe\"", "set_network 1 key_mgmt NONE",
+                            "set_network 1 priority 2", "save_config", "reconfigure"));
+}
+
+TEST_F(EditCommands, AddANetworkOfAnyName) {
+    for (const char* ssid : {"-x", "two words", "café", "咖啡店", "say \"hi\"", "$(reboot);`x`"}) {
+        host.reset();
+        acceptNew(ssid);
+        serve({});
+        EXPECT_EQ(platwifi({"add", "--", ssid, "key_mgmt=NONE"}).status, 0) << ssid;
+        EXPECT_THAT(changes(), Contains("save_config"));
+    }
+}
+
+TEST_F(EditCommands, RemoveANetwork) {
+    host.on({"-iwlan0", "remove_network", "1"}).prints("OK\n");
+    serve({"home", "work"});
+    expectDone(platwifi({"remove", "work"}), "work is removed.\n");
+    EXPECT_THAT(changes(), ElementsAre("remove_network 1", "save_config", "reconfigure"));
+}
+
+// The supplicant goes back to what its file holds.
+TEST_F(EditCommands, AreUndoneWhereTheyCannotBeSaved) {
+    acceptNew("cafe");
+    host.on({"-iwlan0", "remove_network", "0"}).prints("OK\n");
+    host.on({"-iwlan0", "save_config"}).prints("FAIL\n");
+    serve({"home"});
+    const Arguments commands[] = {
+        {"set", "home", "priority=5"}, {"add", "cafe", "key_mgmt=NONE"}, {"remove", "home"}};
+    for (const Arguments& command : commands) {
+        const Ending ending = platwifi(command);
+        EXPECT_EQ(ending.status, 1);
+        EXPECT_EQ(ending.out, "");
+        expectOneLine(ending, "did not save its configuration, and nothing was changed");
+        EXPECT_THAT(ending.err, HasSubstr("update_config=1"));
+        EXPECT_EQ(changes().back(), "reconfigure");
+    }
+    EXPECT_EQ(host.callsOf({"-iwlan0", "save_config"}), 3u);
+    EXPECT_EQ(host.callsOf({"-iwlan0", "reconfigure"}), 3u);
+}
+
+TEST_F(EditCommands, AreUndoneWhereTheSupplicantRefusesANetwork) {
+    host.on({"-iwlan0", "add_network"}).prints("FAIL\n");
+    serve({"home"});
+    const Ending ending = platwifi({"add", "cafe", "key_mgmt=NONE"});
+    EXPECT_EQ(ending.status, 1);
+    expectOneLine(ending, "the supplicant did not add cafe");
+    EXPECT_THAT(changes(), ElementsAre("add_network", "reconfigure"));
+}
+
+TEST_F(EditCommands, AreUndoneWhereTheSupplicantKeepsANetwork) {
+    serve({"home"});
+    const Ending ending = platwifi({"remove", "home"});
+    EXPECT_EQ(ending.status, 1);
+    expectOneLine(ending, "the supplicant did not remove home");
+    EXPECT_THAT(changes(), ElementsAre("remove_network 0", "reconfigure"));
+}
+
+TEST_F(EditCommands, AreDoneAlsoWhereThatCannotBeTold) {
+    const platform::FileDescriptor full(open("/dev/full", O_WRONLY | O_CLOEXEC));
+    serve({"home"});
+    const Ending ending =
+        platwifi({"set", "home", "priority=5"}, test::Streams{test::CAPTURED, full.number()});
+    EXPECT_EQ(ending.status, 1);
+    expectOneLine(ending, "the result cannot be written");
+    EXPECT_THAT(changes(), Contains("save_config"));
+}
+
+TEST_F(EditCommands, EndAConnection) {
+    host.on({"-iwlan0", "status"}).prints("ssid=home\nid=0\nwpa_state=COMPLETED\n");
+    serve({"home"});
+    expectDone(platwifi({"disconnect"}), "Disconnected from home.\n");
+    EXPECT_THAT(changes(), ElementsAre("disconnect"));
+}
+
+TEST_F(EditCommands, LetTheSupplicantChoose) {
+    serve({"home"});
+    const Ending ending = platwifi({"roam"});
+    EXPECT_EQ(ending.status, 0);
+    EXPECT_THAT(ending.out, HasSubstr("the supplicant chooses among them"));
+    EXPECT_THAT(changes(), ElementsAre("disconnect", "set_network 0 disabled 0", "reassociate"));
+}
+
+} // namespace

@@ -1,0 +1,142 @@
+// What scripts read.
+
+#include "CommandFixture.h"
+
+#include <nlohmann/json.hpp>
+
+using nlohmann::json;
+using test::Ending;
+using testing::ElementsAre;
+
+namespace {
+
+class Json : public test::CommandFixture {
+protected:
+    static json of(const Ending& ending) {
+        EXPECT_EQ(ending.status, 0) << ending.err;
+        EXPECT_EQ(ending.err, "");
+        return json::parse(ending.out);
+    }
+
+    static json of(const test::Arguments& arguments, const std::string& input = "") {
+        return of(test::platwifi(arguments, input));
+    }
+};
+
+TEST_F(Json, NamesTheAdapters) {
+    host.on({"interface"}).prints("Selected\nAvailable interfaces:\nwlan0\nwlan1\n");
+    EXPECT_EQ(of({"adapters", "--json"}), json({"wlan0", "wlan1"}));
+}
+
+TEST_F(Json, TellsTheStatus) {
+    host.on({"-iwlan0", "status"}).prints("ssid=caf\\xc3\\xa9\nid=0\nwpa_state=COMPLETED\n");
+    serve({"caf\\xc3\\xa9", "home"});
+    EXPECT_EQ(
+        of({"status", "--json"}),
+        json({{"adapter", "wlan0"}, {"state", "COMPLETED"}, {"network", "café"}, {"networks", 2}}));
+}
+
+TEST_F(Json, HasNoNetworkWithoutOne) {
+    serve({});
+    EXPECT_EQ(
+        of({"status", "--json"}),
+        json({{"adapter", "wlan0"}, {"state", "INACTIVE"}, {"network", nullptr}, {"networks", 0}}));
+}
+
+TEST_F(Json, ListsTheNetworks) {
+    host.on({"-iwlan0", "get_network", "0", "key_mgmt"}).prints("WPA-PSK");
+    host.on({"-iwlan0", "get_network", "0", "priority"}).prints("-3");
+    host.on({"-iwlan0", "get_network", "1", "disabled"}).prints("1");
+    host.on({"-iwlan0", "get_network", "1", "key_mgmt"}).prints("NONE");
+    serve({"home", "\\xff"});
+    const json home = {{"ssid", "home"},
+                       {"status", "enabled"},
+                       {"key_mgmt", "WPA-PSK"},
+                       {"priority", -3},
+                       {"bssid", "any"}};
+    const json other = {{"ssid", "\\xff"},
+                        {"status", "disabled"},
+                        {"key_mgmt", "NONE"},
+                        {"priority", 0},
+                        {"bssid", "any"}};
+    EXPECT_EQ(of({"networks", "--json"}), json({other, home}));
+}
+
+TEST_F(Json, OfNoNetworkIsAnEmptyList) {
+    serve({});
+    EXPECT_EQ(of({"networks", "--json"}), json::array());
+}
+
+TEST_F(Json, ShowsANetworkWithoutItsSecrets) {
+    host.on({"-iwlan0", "get_network", "0", "psk"}).prints("*");
+    host.on({"-iwlan0", "get_network", "0", "identity"}).prints("\"me\"");
+    serve({"home"});
+    const json shown = of({"show", "home", "--json"});
+    EXPECT_EQ(shown["ssid"], "home");
+    EXPECT_EQ(shown["psk"], true);
+    EXPECT_EQ(shown["eapPassword"], false);
+    EXPECT_EQ(shown["eapIdentity"], "me");
+    EXPECT_EQ(shown["index"], 0);
+    EXPECT_EQ(shown["ssidBroadcasted"], false);
+    EXPECT_EQ(shown.size(), 34u);
+}
+
+TEST_F(Json, TellsWhatIsInRangeStrongestFirst) {
+    host.on({"-iwlan0", "scan"}).prints("OK\n");
+    host.on({"-iwlan0", "scan_results"})
+        .prints("bssid / frequency / signal level / flags / ssid\n"
+                "02:00:00:00:01:00\t2412\t-71\t[WPA2-PSK-CCMP][ESS]\tfar\\xe2\\x80\\xa6\n"
+                "02:00:00:00:02:00\t5180\t-30\t[ESS]\t\\x00\n");
+    serve({});
+    const json near = {
+        {"ssid", "\\x00"}, {"bssid", "02:00:00:00:02:00"}, {"channel", 36},   {"frequency", 5180},
+        {"signal", -30},   {"security", "open"},           {"flags", "[ESS]"}};
+    const json far = {{"ssid", "far…"},
+                      {"bssid", "02:00:00:00:01:00"},
+                      {"channel", 1},
+                      {"frequency", 2412},
+                      {"signal", -71},
+                      {"security", "WPA2-PSK"},
+                      {"flags", "[WPA2-PSK-CCMP][ESS]"}};
+    EXPECT_EQ(of(test::quickPlatwifi({"scan", "--json"})), json({near, far}));
+}
+
+TEST_F(Json, TellsWhatHasBeenDone) {
+    serve({"home"});
+    EXPECT_EQ(of({"set", "home", "priority=5", "--json"}),
+              json({{"ssid", "home"}, {"done", "saved"}}));
+    EXPECT_EQ(of({"disconnect", "home", "--json"}),
+              json({{"ssid", "home"}, {"done", "disconnected"}}));
+    EXPECT_EQ(of({"roam", "--json"}), json({{"done", "roaming"}}));
+}
+
+TEST_F(Json, TellsWhatHasBeenRemoved) {
+    host.on({"-iwlan0", "remove_network", "0"}).prints("OK\n");
+    serve({"home"});
+    EXPECT_EQ(of({"remove", "home", "--json"}), json({{"ssid", "home"}, {"done", "removed"}}));
+}
+
+TEST_F(Json, TellsWhatHasBeenAdded) {
+    host.on({"-iwlan0", "add_network"}).prints("0\n");
+    host.on({"-iwlan0", "set_network", "0", "ssid", "\"cafe\""}).prints("OK\n");
+    host.on({"-iwlan0", "enable_network", "0"}).prints("OK\n");
+    serve({});
+    EXPECT_EQ(of({"add", "cafe", "key_mgmt=NONE", "--json"}),
+              json({{"ssid", "cafe"}, {"done", "added"}}));
+}
+
+TEST_F(Json, TellsOfAConnection) {
+    host.on({"-iwlan0", "status"}).prints("ssid=home\nid=0\nwpa_state=COMPLETED\n");
+    serve({"home"});
+    EXPECT_EQ(of({"connect", "home", "--json"}), json({{"ssid", "home"}, {"state", "COMPLETED"}}));
+}
+
+TEST_F(Json, IsNotPrintedWhereSomethingFails) {
+    serve({});
+    const Ending ending = test::platwifi({"show", "home", "--json"});
+    EXPECT_EQ(ending.status, 1);
+    EXPECT_EQ(ending.out, "");
+    expectOneLine(ending, "there is no network home");
+}
+
+} // namespace

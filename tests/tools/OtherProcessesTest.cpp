@@ -1,0 +1,107 @@
+// Other processes that use the library hear of what is saved.
+
+#include "CommandFixture.h"
+#include "support/Checkpoint.h"
+#include "unit/watchdog/BlockView.h"
+#include "unit/watchdog/Peer.h"
+
+#include <csignal>
+#include <filesystem>
+#include <thread>
+
+using test::Ending;
+using test::platwifi;
+
+namespace {
+
+const std::string LIST = "list_networks";
+
+class OtherProcesses : public test::CommandFixture {
+protected:
+    static bool hasName() { return std::filesystem::exists(test::BLOCK_PATH); }
+
+    std::size_t loads() const { return host.callsOf({"-iwlan0", "list_networks"}); }
+
+    void awaitLoads(std::size_t times) const {
+        while (loads() < times)
+            std::this_thread::yield();
+    }
+
+    static void edit(const char* priority) {
+        const Ending ending = platwifi({"set", "home", std::string("priority=") + priority});
+        EXPECT_EQ(ending.status, 0);
+        EXPECT_EQ(ending.out, "home is saved.\n");
+        EXPECT_EQ(ending.err, "");
+    }
+};
+
+TEST_F(OtherProcesses, HearOfEachSave) {
+    serve({"home"});
+    test::Peer peer;
+    ASSERT_EQ(peer.ask("has home"), "yes");
+    for (const char* priority : {"5", "6"}) {
+        const std::size_t before = loads();
+        edit(priority);
+        awaitLoads(before + 3); // two are the command's own
+        EXPECT_TRUE(hasName()) << "so that they go on finding each other";
+    }
+    EXPECT_EQ(peer.ask("has home"), "yes");
+}
+
+TEST_F(OtherProcesses, GoOnFindingEachOtherAfterAReport) {
+    serve({"home"});
+    test::Peer peer;
+    ASSERT_EQ(peer.ask("has home"), "yes");
+    EXPECT_EQ(platwifi({"networks"}).status, 0);
+    EXPECT_EQ(platwifi({"set", "home", "index=9"}).status, 2);
+    EXPECT_TRUE(hasName());
+}
+
+TEST_F(OtherProcesses, HearOfASaveThatCannotBeTold) {
+    serve({"home"});
+    test::Peer peer;
+    ASSERT_EQ(peer.ask("has home"), "yes");
+    const std::size_t before = loads();
+    const Ending ending =
+        platwifi({"set", "home", "priority=5"}, test::Streams{test::CAPTURED, test::CLOSED});
+    EXPECT_EQ(ending.status, 1);
+    expectOneLine(ending, "the result cannot be written");
+    awaitLoads(before + 3);
+}
+
+TEST_F(OtherProcesses, HearOfASaveThatWasInterrupted) {
+    test::Checkpoint saving("/tmp/saving");
+    host.on({"-iwlan0", "save_config"}).pausesAt(saving.path()).prints("OK\n");
+    serve({"home"});
+    test::Peer peer;
+    ASSERT_EQ(peer.ask("has home"), "yes");
+    const std::size_t before = loads();
+    test::Program program({"set", "home", "priority=5"});
+    saving.awaitArrival();
+    program.signal(SIGINT);
+    saving.letGo();
+    EXPECT_EQ(program.end().status, -SIGINT);
+    awaitLoads(before + 3);
+}
+
+TEST_F(OtherProcesses, AreNotMadeUpWhereThereAreNone) {
+    serve({"home"});
+    edit("5");
+    EXPECT_FALSE(hasName());
+    EXPECT_EQ(platwifi({"networks"}).status, 0);
+    EXPECT_FALSE(hasName());
+}
+
+TEST_F(OtherProcesses, ThatHaveGoneLeaveNothingInTheWay) {
+    serve({"home"});
+    {
+        test::Peer peer;
+        ASSERT_EQ(peer.ask("has home"), "yes");
+        peer.kill();
+    }
+    EXPECT_TRUE(hasName());
+    edit("5");
+    EXPECT_FALSE(hasName());
+}
+
+} // namespace

@@ -1,0 +1,246 @@
+#include "Properties.h"
+
+#include "Failure.h"
+#include "Secrets.h"
+#include "jni/ServiceFunctions.h"
+#include "model/WifiNetwork.h"
+#include "settings/WifiHostSettings.h"
+#include "supplicant/WifiUtil.h"
+#include "support/LoadedHost.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <set>
+
+using cli::Property;
+using cli::propertyOf;
+using cli::Way;
+using cli::WrongUse;
+using testing::HasSubstr;
+using testing::Not;
+
+namespace {
+
+/// The library with a network of the supplicant in memory.
+class TheProperties : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        setenv("PLATFORM_KEY_FILE", "/tmp/crypt.key", 1);
+        host = std::make_unique<test::LoadedHost>();
+        host->answers({"home"});
+        WifiHostSettings::reload(nullptr);
+    }
+
+    static void TearDownTestSuite() {
+        WifiHostSettings::unload();
+        WifiUtil::unload();
+        host.reset();
+    }
+
+    static const WifiNetwork& network() {
+        return *WifiHostSettings::getInstance(nullptr)->getNetwork(nullptr, "home");
+    }
+
+    /// What is shown once this has been written.
+    static std::string shownAfter(const std::string& name, const std::string& written) {
+        const Property& property = propertyOf(name);
+        std::string value = property.take(property, written);
+        if (property.way == Way::enciphered)
+            value = cli::enciphered(value);
+        const char* const names[] = {property.name};
+        const char* const values[] = {value.c_str()};
+        EXPECT_EQ(setNetworkParameters(nullptr, "wlan0", "home", names, values, 1), 1);
+        return shown(property, network());
+    }
+
+    static std::unique_ptr<test::LoadedHost> host;
+};
+
+std::unique_ptr<test::LoadedHost> TheProperties::host;
+
+// The message of the refusal; "" where it is taken.
+std::string refusalOf(const std::string& name, const std::string& written) {
+    try {
+        propertyOf(name).take(propertyOf(name), written);
+        return "";
+    } catch (const WrongUse& refusal) {
+        return refusal.what();
+    }
+}
+
+TEST_F(TheProperties, HaveWordsThatTheLibraryKeeps) {
+    for (const Property& property : cli::properties()) {
+        for (const cli::Word& word : property.words) {
+            const std::string shown = shownAfter(property.name, word.text);
+            const bool isBoth = std::string(word.text) == "CCMP+TKIP";
+            EXPECT_THAT(shown, HasSubstr(isBoth ? "CCMP / group TKIP" : word.text))
+                << property.name;
+        }
+    }
+}
+
+TEST_F(TheProperties, TakeWordsInAnyCaseAndTheirNumbers) {
+    EXPECT_EQ(shownAfter("key_mgmt", "wpa-psk"), "WPA-PSK");
+    EXPECT_EQ(shownAfter("key_mgmt", std::to_string(KEY_MGMT_NONE)), "NONE");
+    EXPECT_EQ(shownAfter("ssidBroadcasted", "FALSE"), "false");
+    EXPECT_EQ(shownAfter("ssidBroadcasted", "1"), "true");
+}
+
+TEST_F(TheProperties, RefuseAnyOtherWordAndTellWhichThereAre) {
+    for (const Property& property : cli::properties()) {
+        if (property.words.empty())
+            continue;
+        for (const char* written : {"", "no word", "99", "CCMP TKIP", "-1"}) {
+            const std::string refusal = refusalOf(property.name, written);
+            EXPECT_THAT(refusal, HasSubstr(property.name)) << written;
+            for (const cli::Word& word : property.words)
+                EXPECT_THAT(refusal, HasSubstr(word.text));
+        }
+    }
+}
+
+struct Bound {
+    const char* name;
+    const char* inside;
+    const char* outside;
+};
+
+constexpr Bound BOUNDS[] = {
+    {"priority", "2147483647", "2147483648"},
+    {"priority", "0", "-1"},
+    {"index", "0", "-1"},
+    {"index", "3", "4"},
+};
+
+TEST_F(TheProperties, KeepTheirRanges) {
+    for (const Bound& bound : BOUNDS) {
+        EXPECT_EQ(shownAfter(bound.name, bound.inside), bound.inside);
+        EXPECT_THAT(refusalOf(bound.name, bound.outside), HasSubstr("a number from "));
+    }
+    EXPECT_EQ(shownAfter("priority", "+7"), "7");
+    EXPECT_EQ(shownAfter("priority", "007"), "7");
+}
+
+TEST_F(TheProperties, RefuseWhatIsNoNumber) {
+    for (const char* written : {"", "five", "5x", "0x5", " 5", "5 ", "+", "-", "--5", "1e3",
+                                "99999999999999999999", "5.0"})
+        EXPECT_THAT(refusalOf("priority", written), HasSubstr("priority takes a number"))
+            << written;
+}
+
+TEST_F(TheProperties, TakeAnAddressOrAnyForTheBssid) {
+    EXPECT_EQ(shownAfter("bssid", "02:00:0a:0F:01:ff"), "02:00:0a:0F:01:ff");
+    EXPECT_EQ(shownAfter("bssid", "any"), "any");
+    for (const char* written : {"", "02:00:00:00:01", "02:00:00:00:01:0", "02:00:00:00:01:00:",
+                                "02-00-00-00-01-00", "02:00:00:00:01:0g", "020000000100", "every"})
+        EXPECT_THAT(refusalOf("bssid", written), HasSubstr("a MAC address such as")) << written;
+}
+
+TEST_F(TheProperties, TakeTextsThatTheSupplicantCanHave) {
+    for (const Property& property : cli::properties()) {
+        if (property.way != Way::plain || !property.words.empty() || property.lowest != 0 ||
+            property.highest != 0 || std::string(property.name) == "bssid")
+            continue;
+        const std::string longest(255, 'x');
+        EXPECT_EQ(shownAfter(property.name, "wi-fi \"x\" café"), "wi-fi \"x\" café");
+        EXPECT_EQ(shownAfter(property.name, longest), longest);
+        EXPECT_EQ(shownAfter(property.name, ""), "") << "cleared";
+        EXPECT_THAT(refusalOf(property.name, longest + "x"), HasSubstr("255 bytes"));
+        EXPECT_THAT(refusalOf(property.name, "two\nlines"), HasSubstr("control characters"));
+        EXPECT_THAT(refusalOf(property.name, "\"quoted\""), HasSubstr("double quote"));
+    }
+}
+
+struct Secret {
+    const char* name;
+    std::string text;
+};
+
+const Secret KEPT[] = {
+    {"psk", "8 chars."},
+    {"psk", std::string(63, 'x')},
+    {"psk", std::string(64, 'a')},
+    {"key1", "5char"},
+    {"key2", "13 characters"},
+    {"key3", "0123456789"},
+    {"key4", std::string(26, 'F')},
+    {"eapPassword", "p"},
+    {"privateKeyPassword", "geheim"},
+    {"privateKeyPassword2", std::string(255, 'x')},
+};
+
+TEST_F(TheProperties, TellOfASecretOnlyThatItIsSet) {
+    for (const Secret& secret : KEPT) {
+        EXPECT_EQ(shownAfter(secret.name, secret.text), "(set)") << secret.name;
+        EXPECT_EQ(shownAfter(secret.name, ""), "") << "cleared";
+    }
+}
+
+const Secret REFUSED[] = {
+    {"psk", "seven77"},
+    {"psk", std::string(64, 'g')},
+    {"psk", std::string(65, 'a')},
+    {"psk", "\"quoted-key\""},
+    {"psk", "control\tcharacter"},
+    {"key1", "four"},
+    {"key1", "sixsix"},
+    {"key1", "tencharsss"},
+    {"key1", std::string(26, 'g')},
+    {"eapPassword", std::string(256, 'x')},
+    {"eapPassword", "two\nlines"},
+    {"privateKeyPassword", "ends with \""},
+};
+
+TEST_F(TheProperties, RefuseASecretWithoutRepeatingIt) {
+    for (const Secret& secret : REFUSED) {
+        const std::string refusal = refusalOf(secret.name, secret.text);
+        EXPECT_THAT(refusal, HasSubstr(std::string(secret.name) + " takes "));
+        EXPECT_THAT(refusal, Not(HasSubstr(secret.text)));
+    }
+}
+
+// The names that the table of the documents has, behind "key1 to key4" what is between those.
+std::set<std::string> documentedNames() {
+    std::ifstream file(NATIVE_API_DOCUMENT);
+    std::set<std::string> names = {"key2", "key3"};
+    bool isHere = false;
+    for (std::string line; std::getline(file, line);) {
+        isHere = line.rfind("## ", 0) == 0 ? line == "## Properties of a network" : isHere;
+        const std::string cell = line.substr(0, line.find('|', 1));
+        for (std::size_t at = cell.find('`'); isHere && line[0] == '|' && at != std::string::npos;
+             at = cell.find('`', cell.find('`', at + 1) + 1))
+            names.insert(cell.substr(at + 1, cell.find('`', at + 1) - at - 1));
+    }
+    return names;
+}
+
+TEST_F(TheProperties, HaveTheNamesThatTheLibraryKnows) {
+    std::set<std::string> names;
+    for (const Property& property : cli::properties())
+        EXPECT_TRUE(names.insert(property.name).second) << property.name << " twice";
+    EXPECT_EQ(names, documentedNames());
+}
+
+TEST_F(TheProperties, AreUnknownByAnyOtherName) {
+    for (const char* name : {"", "PSK", "psk ", "Priority", "ps\033k"}) {
+        try {
+            propertyOf(name);
+            FAIL() << name;
+        } catch (const WrongUse& error) {
+            EXPECT_THAT(error.what(), HasSubstr("there is no property"));
+            EXPECT_THAT(error.what(), Not(HasSubstr("\033")));
+        }
+    }
+}
+
+TEST_F(TheProperties, EachHaveAWayToBeReadAndAllButTheReportedOnesToBeSet) {
+    for (const Property& property : cli::properties()) {
+        EXPECT_NE(property.read, nullptr);
+        EXPECT_EQ(property.take == nullptr, property.way == Way::reported) << property.name;
+        EXPECT_FALSE(isSecret(property) && !property.words.empty());
+    }
+}
+
+} // namespace

@@ -1,0 +1,177 @@
+// What people read, in a file or a pipe.
+
+#include "CommandFixture.h"
+#include "support/Leftovers.h"
+
+#include <algorithm>
+#include <sstream>
+
+using test::Ending;
+using test::platwifi;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+namespace {
+
+class Reports : public test::CommandFixture {
+protected:
+    static std::string of(const test::Arguments& arguments) { return of(platwifi(arguments)); }
+
+    static std::string of(const Ending& ending) {
+        EXPECT_EQ(ending.status, 0);
+        EXPECT_EQ(ending.err, "");
+        return ending.out;
+    }
+};
+
+TEST_F(Reports, NameTheAdapters) {
+    serve({});
+    EXPECT_EQ(of({"adapters"}), "wlan0\n");
+}
+
+TEST_F(Reports, TellWhichOfTheAdaptersIsTheDefault) {
+    host.on({"interface"}).prints("Selected\nAvailable interfaces:\nwlan0\nwlan1\n");
+    EXPECT_EQ(of({"adapters"}), "wlan0 (the default)\nwlan1\n");
+}
+
+TEST_F(Reports, TellTheStatus) {
+    host.on({"-iwlan0", "status"}).prints("ssid=home\nid=0\nwpa_state=COMPLETED\n");
+    serve({"home", "work"});
+    EXPECT_EQ(of({"status"}), "Adapter:   wlan0\n"
+                              "State:     COMPLETED\n"
+                              "Network:   home\n"
+                              "Networks:  2 configured\n");
+}
+
+TEST_F(Reports, TellTheStatusWithoutANetwork) {
+    serve({});
+    EXPECT_THAT(of({"status"}), AllOf(HasSubstr("INACTIVE"), HasSubstr("Network:   none")));
+}
+
+TEST_F(Reports, ListTheNetworks) {
+    host.on({"-iwlan0", "get_network", "0", "key_mgmt"}).prints("WPA-PSK");
+    host.on({"-iwlan0", "get_network", "0", "priority"}).prints("12");
+    host.on({"-iwlan0", "get_network", "1", "key_mgmt"}).prints("NONE");
+    serve({"\\xe5\\x92\\x96\\xe5\\x95\\xa1", "home"});
+    EXPECT_EQ(of({"networks"}), "SSID  Status   Key management  Priority  BSSID\n"
+                                "home  enabled  NONE                   0  any\n"
+                                "咖啡  enabled  WPA-PSK               12  any\n");
+}
+
+TEST_F(Reports, SayWhereThereIsNothing) {
+    host.on({"-iwlan0", "scan"}).prints("OK\n");
+    serve({});
+    EXPECT_THAT(of({"networks"}), HasSubstr("platwifi add SSID psk=-"));
+    EXPECT_EQ(of(test::quickPlatwifi({"scan"})), "No access point is in range.\n");
+}
+
+TEST_F(Reports, ShowANetwork) {
+    host.on({"-iwlan0", "get_network", "0", "psk"}).prints("*");
+    serve({"home"});
+    const std::string shown = of({"show", "home"});
+    EXPECT_THAT(shown, StartsWith("Property         Value\nssid             home\n"));
+    EXPECT_THAT(shown, HasSubstr("psk              (set)\n"));
+    EXPECT_THAT(shown, Not(HasSubstr("eapPassword"))) << "it is not set";
+}
+
+TEST_F(Reports, ShowANetworkByAnyWayToWriteItsName) {
+    serve({"caf\\xc3\\xa9", "a\\\\tb"});
+    EXPECT_THAT(of({"show", "café"}), HasSubstr("café"));
+    EXPECT_THAT(of({"show", "caf\\xc3\\xa9"}), HasSubstr("café"));
+    EXPECT_THAT(of({"show", "a\\tb"}), HasSubstr("a\\tb"));
+}
+
+TEST_F(Reports, ShowANetworkThatBeginsWithADash) {
+    serve({"-x"});
+    EXPECT_THAT(of({"show", "--", "-x"}), HasSubstr("ssid             -x\n"));
+}
+
+TEST_F(Reports, ListWhatIsInRangeStrongestFirst) {
+    host.on({"-iwlan0", "scan"}).prints("OK\n");
+    host.on({"-iwlan0", "scan_results"})
+        .prints("bssid / frequency / signal level / flags / ssid\n"
+                "02:00:00:00:01:00\t2412\t-71\t[WPA2-PSK-CCMP][ESS]\tfar\n"
+                "02:00:00:00:02:00\t5180\t-30\t[ESS]\t\n");
+    serve({});
+    EXPECT_EQ(of(test::quickPlatwifi({"scan"})),
+              "SSID      BSSID              Channel   MHz  dBm  Security\n"
+              "(hidden)  02:00:00:00:02:00       36  5180  -30  open\n"
+              "far       02:00:00:00:01:00        1  2412  -71  WPA2-PSK\n");
+    EXPECT_EQ(host.callsOf({"-iwlan0", "scan"}), 1u);
+}
+
+TEST_F(Reports, ScanAnyInterfaceThatIsServed) {
+    host.on({"interface"}).prints("Selected\nAvailable interfaces:\nwlan0\nwlan1\n");
+    host.on({"-iwlan1", "status"}).prints("wpa_state=INACTIVE\n");
+    host.on({"-iwlan1", "scan"}).prints("OK\n");
+    host.on({"-iwlan1", "scan_results"}).prints("header\nb\t2412\t-7\t[ESS]\tbeside\n");
+    serve({});
+    EXPECT_THAT(of(test::quickPlatwifi({"scan", "-i", "wlan1"})), HasSubstr("beside"));
+    EXPECT_THAT(of(test::quickPlatwifi({"scan", "-iwlan0"})), HasSubstr("No access point"));
+}
+
+TEST_F(Reports, LeaveNothingBehindOfAScan) {
+    host.on({"-iwlan0", "scan"}).prints("OK\n");
+    serve({});
+    of(test::quickPlatwifi({"scan"}));
+    EXPECT_TRUE(test::resultFiles().empty());
+}
+
+TEST_F(Reports, AreADocument) {
+    serve({"home"});
+    const std::string brief = of({"xml"});
+    EXPECT_THAT(brief, HasSubstr("home"));
+    EXPECT_THAT(of({"xml", "--full"}),
+                testing::ResultOf([](const std::string& text) { return text.size(); },
+                                  testing::Gt(brief.size())));
+}
+
+TEST_F(Reports, DumpEverythingToStandardOutput) {
+    serve({"home"});
+    EXPECT_THAT(of({"dump"}), HasSubstr("home"));
+}
+
+TEST_F(Reports, HaveNoColours) {
+    serve({"home"});
+    EXPECT_THAT(of({"networks"}), Not(HasSubstr("\033")));
+}
+
+TEST_F(Reports, DoNotDependOnTheLocale) {
+    serve({"caf\\xc3\\xa9"});
+    setenv("LC_ALL", "C", 1);
+    EXPECT_THAT(of({"show", "café"}), HasSubstr("ssid             café\n"));
+    unsetenv("LC_ALL");
+}
+
+std::size_t longestLine(const std::string& text) {
+    std::size_t longest = 0;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+        longest = std::max(longest, line.size());
+    return longest;
+}
+
+TEST_F(Reports, HelpOnATerminalOf80Columns) {
+    for (const char* command :
+         {"", "adapters", "status", "scan", "networks", "show", "set", "add", "remove", "connect",
+          "disconnect", "roam", "xml", "dump", "doctor"}) {
+        test::Arguments arguments;
+        if (command[0] != '\0')
+            arguments.emplace_back(command);
+        arguments.emplace_back("--help");
+        const std::string help = of(arguments);
+        EXPECT_LE(longestLine(help), 80u) << command;
+        EXPECT_THAT(help, HasSubstr(std::string("Usage: platwifi ") + command));
+        EXPECT_THAT(help, HasSubstr("Examples:"));
+        EXPECT_THAT(help, Not(HasSubstr("REQUIRED")));
+        EXPECT_THAT(help, Not(HasSubstr("TEXT")));
+    }
+}
+
+TEST_F(Reports, TellTheVersion) {
+    EXPECT_THAT(of({"--version"}), testing::MatchesRegex("[0-9.]+\n"));
+}
+
+} // namespace

@@ -1,0 +1,73 @@
+#include "ScanResult.h"
+
+#include <gtest/gtest.h>
+
+using namespace cli;
+
+namespace {
+
+TEST(AScanResult, IsALineOfTheClient) {
+    const auto result =
+        ScanResult::of("02:00:00:00:01:00\t2412\t-30\t[WPA2-PSK-CCMP][ESS]\tupstairs");
+    ASSERT_TRUE(result);
+    EXPECT_EQ(result->bssid, "02:00:00:00:01:00");
+    EXPECT_EQ(result->frequency, 2412);
+    EXPECT_EQ(result->signal, -30);
+    EXPECT_EQ(result->flags, "[WPA2-PSK-CCMP][ESS]");
+    EXPECT_EQ(result->ssid, "upstairs");
+}
+
+TEST(AScanResult, MayHaveNoSsidAndNoFlags) {
+    const auto hidden = ScanResult::of("02:00:00:00:02:00\t5180\t-71\t\t");
+    ASSERT_TRUE(hidden);
+    EXPECT_EQ(hidden->ssid, "");
+    EXPECT_EQ(hidden->flags, "");
+}
+
+TEST(AScanResult, KeepsTabsOfTheSsid) {
+    EXPECT_EQ(ScanResult::of("b\t1\t2\tf\ta\tb")->ssid, "a\tb");
+}
+
+TEST(AScanResult, IsNoOtherLine) {
+    for (const char* line : {"", "FAIL", "bssid / frequency / signal level / flags / ssid",
+                             "02:00:00:00:01:00\t2412\t-30\t[ESS]"})
+        EXPECT_FALSE(ScanResult::of(line)) << line;
+}
+
+TEST(TheChannel, IsThatOfTheFrequency) {
+    struct {
+        int frequency;
+        int channel;
+    } const rows[] = {{2412, 1},   {2437, 6}, {2472, 13},  {2484, 14}, {5180, 36},
+                      {5885, 177}, {5955, 1}, {7115, 233}, {2400, 0},  {2477, 0},
+                      {0, 0},      {-1, 0},   {4000, 0},   {60480, 0}, {5160, 32}};
+    for (const auto& row : rows)
+        EXPECT_EQ(channelOf(row.frequency), row.channel) << row.frequency;
+}
+
+TEST(TheSecurity, IsToldInWords) {
+    struct {
+        const char* flags;
+        const char* words;
+    } const rows[] = {
+        {"[ESS]", "open"},
+        {"", "open"},
+        {"[WEP][ESS]", "WEP"},
+        {"[WPA-PSK-TKIP][ESS]", "WPA-PSK"},
+        {"[WPA2-PSK-CCMP][ESS]", "WPA2-PSK"},
+        {"[WPA-PSK-CCMP+TKIP][WPA2-PSK-CCMP+TKIP][WPS][ESS]", "WPA-PSK/WPA2-PSK"},
+        {"[WPA2-PSK-CCMP][WPA2-PSK-CCMP-preauth][ESS]", "WPA2-PSK"},
+        {"[WPA2-EAP-CCMP][ESS]", "WPA2-Enterprise"},
+        {"[WPA-EAP-TKIP][ESS]", "WPA-Enterprise"},
+        {"[WPA2-SAE-CCMP][ESS]", "WPA3-SAE"},
+        {"[WPA2-PSK+SAE-CCMP][ESS]", "WPA2-PSK/WPA3-SAE"},
+        {"[RSN-SAE-CCMP]", "WPA3-SAE"},
+        {"[WPA2-OWE-CCMP][ESS]", "OWE"},
+        {"[WPA2-PSK-CCMP", "WPA2-PSK"},
+        {"]]WEP[[", "open"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(securityOf(row.flags), row.words) << row.flags;
+}
+
+} // namespace

@@ -1,0 +1,132 @@
+#include "Completion.h"
+#include "support/LoadedHost.h"
+
+#include <fstream>
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+/// What the last word may become; "..." behind what goes on.
+Texts candidates(const Texts& words) {
+    Texts texts;
+    for (const cli::Candidate& candidate : cli::candidatesFor(words))
+        texts.push_back(candidate.word + (candidate.isWhole ? "" : "..."));
+    return texts;
+}
+
+class Candidates : public testing::Test {
+protected:
+    test::LoadedHost m_host;
+};
+
+} // namespace
+
+TEST_F(Candidates, AreCommandsFirst) {
+    EXPECT_THAT(candidates({"s"}), ElementsAre("status", "scan", "show", "set"));
+    EXPECT_THAT(candidates({"--v"}), ElementsAre("--version"));
+    EXPECT_THAT(candidates({"nonsense", ""}), IsEmpty());
+    EXPECT_THAT(candidates({}), IsEmpty());
+}
+
+TEST_F(Candidates, AreOptionsOfTheCommandBehindAHyphen) {
+    EXPECT_THAT(candidates({"xml", "--f"}), ElementsAre("--full"));
+    EXPECT_THAT(candidates({"status", "--"}), ElementsAre("--help", "--json", "--interface"));
+    EXPECT_THAT(candidates({"status", ""}), IsEmpty());
+}
+
+TEST_F(Candidates, AreConfiguredNetworksForCommandsThatTakeOne) {
+    m_host.answers({"home", "caf\\xc3\\xa9"});
+    for (const char* const command : {"show", "set", "remove", "connect", "disconnect"})
+        EXPECT_THAT(candidates({command, ""}), ElementsAre("home", "caf\u00e9")) << command;
+    EXPECT_THAT(candidates({"connect", "--timeout", "5", "h"}), ElementsAre("home"));
+    EXPECT_THAT(candidates({"add", ""}), IsEmpty());
+    EXPECT_THAT(candidates({"show", "home", ""}), IsEmpty());
+}
+
+TEST_F(Candidates, DoNotTakeAnOptionOrItsValueForTheNetwork) {
+    m_host.answers({"home", "-dash"});
+    EXPECT_THAT(candidates({"show", "--json", ""}), Contains("home"));
+    EXPECT_THAT(candidates({"show", "-i", "wlan0", ""}), Contains("home"));
+    EXPECT_THAT(candidates({"show", "-i", ""}), ElementsAre("wlan0"));
+    EXPECT_THAT(candidates({"connect", "-t", ""}), IsEmpty());
+    EXPECT_THAT(candidates({"show", "--", "-d"}), ElementsAre("-dash"));
+    EXPECT_THAT(candidates({"show", "-d"}), IsEmpty());
+    EXPECT_THAT(candidates({"show", ""}), ElementsAre("home"));
+}
+
+TEST_F(Candidates, NameANetworkAsItCanBeTyped) {
+    m_host.answers({"a\\\\nb", "bell\\x07", "bytes\\xff", "quote\\\""});
+    EXPECT_THAT(candidates({"show", ""}),
+                ElementsAre("a\\\\nb", "bell\\x07", "bytes\\xff", "quote\""));
+}
+
+TEST_F(Candidates, LeaveOutNetworksThatCannotBeNamed) {
+    m_host.answers({"", "any", "02:00:00:00:01:00", "home"});
+    EXPECT_THAT(candidates({"show", ""}), ElementsAre("home"));
+}
+
+TEST_F(Candidates, JoinANameThatArrivesInPieces) {
+    std::string notation;
+    std::string bytes;
+    for (int i = 0; i < 16; ++i) {
+        notation += "\\xc3\\xa9";
+        bytes += "\u00e9";
+    }
+    m_host.answers({"home", notation, "cafe"});
+    EXPECT_THAT(candidates({"show", ""}), ElementsAre("home", bytes, "cafe"));
+}
+
+TEST_F(Candidates, CostThreeCommandsOfTheClient) {
+    m_host.answers({"home"});
+    candidates({"show", ""});
+    EXPECT_LE(m_host.calls().size(), 3U);
+    EXPECT_EQ(m_host.callsOf({"-iwlan0", "list_networks"}), 1U);
+}
+
+TEST_F(Candidates, AreNoNetworksWithoutASupplicant) {
+    EXPECT_THAT(candidates({"show", ""}), IsEmpty());
+    EXPECT_THAT(candidates({"status", "-i", ""}), IsEmpty());
+}
+
+TEST_F(Candidates, ArePropertiesThatCanBeSetThatGoOn) {
+    EXPECT_THAT(candidates({"set", "home", "prio"}), ElementsAre("priority=..."));
+    EXPECT_THAT(candidates({"add", "new", "ps"}), ElementsAre("psk=..."));
+    EXPECT_THAT(candidates({"set", "home", "priority=5", "mo"}), ElementsAre("mode=..."));
+    EXPECT_THAT(candidates({"set", "home", "stat"}), IsEmpty());
+    EXPECT_THAT(candidates({"connect", "home", ""}), IsEmpty());
+}
+
+TEST_F(Candidates, AreTheWordsOfAProperty) {
+    EXPECT_THAT(candidates({"set", "home", "key_mgmt=WPA-"}),
+                ElementsAre("key_mgmt=WPA-PSK", "key_mgmt=WPA-EAP", "key_mgmt=WPA-NONE"));
+    EXPECT_THAT(candidates({"set", "home", "priority="}), IsEmpty());
+    EXPECT_THAT(candidates({"set", "home", "status="}), IsEmpty());
+    EXPECT_THAT(candidates({"set", "home", "nonsense="}), IsEmpty());
+}
+
+TEST_F(Candidates, AreTheTwoPlacesOfASecret) {
+    EXPECT_THAT(candidates({"set", "home", "psk="}), ElementsAre("psk=-", "psk=@..."));
+    EXPECT_THAT(candidates({"set", "home", "key1="}), ElementsAre("key1=-", "key1=@..."));
+}
+
+TEST_F(Candidates, AreFilesThatATerminalCanShow) {
+    ASSERT_EQ(mkdir("/tmp/keys", 0700), 0);
+    ASSERT_EQ(mkdir("/tmp/keys/more", 0700), 0);
+    for (const char* const name : {"home", "work", ".hidden", "be\all"})
+        std::ofstream(std::string("/tmp/keys/") + name);
+    EXPECT_THAT(
+        candidates({"set", "x", "psk=@/tmp/keys/"}),
+        ElementsAre("psk=@/tmp/keys/home", "psk=@/tmp/keys/more/...", "psk=@/tmp/keys/work"));
+    EXPECT_THAT(candidates({"set", "x", "psk=@/tmp/keys/.h"}),
+                ElementsAre("psk=@/tmp/keys/.hidden"));
+    EXPECT_THAT(candidates({"set", "x", "privateKeyFile=/tmp/ke"}),
+                ElementsAre("privateKeyFile=/tmp/keys/..."));
+    EXPECT_THAT(candidates({"set", "x", "psk=@/nowhere/"}), IsEmpty());
+}

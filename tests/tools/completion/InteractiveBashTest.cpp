@@ -1,0 +1,116 @@
+// The TAB key in a real shell on a terminal. What counts is what the command is called with then.
+
+#include "InteractiveBash.h"
+#include "ListedHost.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace {
+
+constexpr char FEWER_BREAKS[] = "COMP_WORDBREAKS=$' \\t\\n\"\\'><;|&('";
+constexpr char HELPERS[] = "/usr/share/bash-completion/bash_completion";
+
+class Tab : public testing::Test {
+protected:
+    test::ListedHost m_host;
+    test::InteractiveBash m_bash;
+};
+
+/// With "=", ":" and "@" in COMP_WORDBREAKS, and without.
+class TabBehindASign : public testing::TestWithParam<const char*> {
+protected:
+    test::ListedHost m_host;
+    test::InteractiveBash m_bash{GetParam()};
+};
+
+} // namespace
+
+TEST_F(Tab, CompletesACommandWithABlank) {
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi conn\thome"), "<connect> <home>");
+}
+
+TEST_F(Tab, CompletesNetworksThatAShellWouldTakeApart) {
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show My\t--json"), "<show> <My Net> <--json>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi set \\$\tx"), "<set> <$HOME> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi connect Bo\tx"), "<connect> <Bob's \"Net\"> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi remove back\tx"), "<remove> <back\\slash> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi disconnect C\tx"), "<disconnect> <Caf\u00e9> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show bang\tx"), "<show> <bang!all> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show \\`\tx"), "<show> <`id`;&|> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show bad\tx"), "<show> <bad\\xff> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show ti\tx"), "<show> <tilde~(x)*> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show en\tx"), "<show> <end > <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show -- -\tx"), "<show> <--> <-dash> <x>");
+}
+
+TEST_F(Tab, GoesOnInQuotesAndClosesThem) {
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show \"My N\tx"), "<show> <My Net> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show 'My N\tx"), "<show> <My Net> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show \"Bob\tx"), "<show> <Bob's \"Net\"> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show 'Bob\tx"), "<show> <Bob's \"Net\"> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show \"bang\tx"), "<show> <bang!all> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show '$\tx"), "<show> <$HOME> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show My\\ \tx"), "<show> <My Net> <x>");
+}
+
+TEST_F(Tab, ShowsWhatThereIsToChooseFrom) {
+    EXPECT_TRUE(m_bash.shows("status", "platwifi s\t"));
+    EXPECT_EQ(m_bash.argumentsAfter("can"), "<scan>");
+}
+
+TEST_F(Tab, WorksBehindAnotherCommandAndAVariable) {
+    EXPECT_EQ(m_bash.argumentsAfter("true; NO_COLOR=1 platwifi show My\tx"), "<show> <My Net> <x>");
+}
+
+TEST_F(Tab, WorksInTheMiddleOfALine) {
+    const std::string left = "\002"; // moves the cursor back
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show My x" + left + left + "\t"),
+              "<show> <My Net> <x>");
+}
+
+TEST_P(TabBehindASign, CompletesAPropertyWithoutABlankAndItsWords) {
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi set home prio\t5"), "<set> <home> <priority=5>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi set home key_m\tWPA-E\tx"),
+              "<set> <home> <key_mgmt=WPA-EAP> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi add new encryption=CCMP+\tx"),
+              "<add> <new> <encryption=CCMP+TKIP> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi set home \"key_mgmt=WPA-P\tx"),
+              "<set> <home> <key_mgmt=WPA-PSK> <x>");
+}
+
+TEST_P(TabBehindASign, CompletesNetworksWithSigns) {
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show a\tx"), "<show> <a=b@c> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show a=\tx"), "<show> <a=b@c> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi show a=b@\tx"), "<show> <a=b@c> <x>");
+}
+
+TEST_P(TabBehindASign, CompletesTheFileOfASecret) {
+    mkdir("/tmp/one file", 0700);
+    std::ofstream("/tmp/one file/a:b=c key");
+    const std::string called = "<set> <home> <psk=@/tmp/one file/a:b=c key> <x>";
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi set home psk=@/tmp/one\t\tx"), called);
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi set home psk=@/tmp/one\\ file/a:b=\tx"), called);
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi set home psk=@\"/tmp/one file/\tx"), called);
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi set home psk=\t-"), "<set> <home> <psk=->");
+}
+
+TEST_P(TabBehindASign, CompletesTheInterface) {
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi status --interface=\tx"),
+              "<status> <--interface=wlan0> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi status -i \tx"), "<status> <-i> <wlan0> <x>");
+}
+
+INSTANTIATE_TEST_SUITE_P(WordBreaks, TabBehindASign, testing::Values("", FEWER_BREAKS));
+
+TEST(TabWithHelpers, WorksBesideTheCompletionOfTheSystem) {
+    if (!std::filesystem::exists(HELPERS))
+        GTEST_SKIP() << "no " << HELPERS << " (install the package bash-completion)";
+    const test::ListedHost host;
+    test::InteractiveBash bash(std::string("sudo() { \"$@\"; }\n. ") + HELPERS);
+    EXPECT_EQ(bash.argumentsAfter("platwifi set \"My\tkey_m\tWPA-E\tx"),
+              "<set> <My Net> <key_mgmt=WPA-EAP> <x>");
+    EXPECT_EQ(bash.argumentsAfter("sudo platwifi show My\tx"), "<show> <My Net> <x>");
+}

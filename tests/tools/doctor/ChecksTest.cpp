@@ -1,0 +1,112 @@
+// Which checks are made, in which order, and what keeps the supplicant from being reached.
+
+#include "Checks.h"
+
+#include "DoctorWorld.h"
+#include "support/Leftovers.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <vector>
+
+namespace {
+
+using cli::Finding;
+using cli::Health;
+using testing::ElementsAre;
+
+class Checks : public test::DoctorWorld {};
+
+std::vector<std::string> subjectsOf(const std::vector<Finding>& findings) {
+    std::vector<std::string> subjects;
+    subjects.reserve(findings.size());
+    for (const Finding& finding : findings)
+        subjects.push_back(finding.subject);
+    return subjects;
+}
+
+std::vector<std::string> subjectsThatAre(Health health, const std::vector<Finding>& findings) {
+    std::vector<Finding> some;
+    for (const Finding& finding : findings) {
+        if (finding.health == health)
+            some.push_back(finding);
+    }
+    return subjectsOf(some);
+}
+
+TEST_F(Checks, FindAHealthyHostInOrder) {
+    const auto findings = cli::examine("");
+    EXPECT_THAT(subjectsOf(findings),
+                ElementsAre("client", "process lister", "supplicant", "control socket", "reply",
+                            "interface", "update_config", "configuration", "key file",
+                            "shared memory", "pid file"));
+    EXPECT_EQ(subjectsThatAre(Health::good, findings), subjectsOf(findings));
+    for (const Finding& finding : findings) {
+        EXPECT_NE(finding.found, "") << finding.subject;
+        EXPECT_EQ(finding.toDo, "") << finding.subject;
+    }
+}
+
+TEST_F(Checks, FindTheSameForTheInterfaceOfThatName) {
+    EXPECT_EQ(subjectsThatAre(Health::good, cli::examine("wlan0")).size(), 11U);
+}
+
+TEST_F(Checks, LeaveOutWhatCannotBeLookedAt) {
+    m_standIn.reset();
+    m_standIn.on({"*"}).prints("1 init\n");
+    const auto findings = cli::examine("");
+    EXPECT_THAT(subjectsOf(findings), ElementsAre("client", "process lister", "supplicant",
+                                                  "key file", "shared memory", "pid file"));
+    EXPECT_THAT(subjectsThatAre(Health::bad, findings), ElementsAre("supplicant"));
+}
+
+TEST_F(Checks, GoOnBehindWhatIsNoObstacle) {
+    m_standIn.reset();
+    m_standIn.on({"-iwlan0", "get", "update_config"}).prints("0");
+    answer();
+    const auto findings = cli::examine("");
+    EXPECT_THAT(subjectsThatAre(Health::bad, findings), ElementsAre("update_config"));
+    EXPECT_EQ(findings.size(), 11U);
+}
+
+TEST_F(Checks, LeaveNothingBehind) {
+    const auto before = test::Leftovers::now();
+    cli::examine("");
+    EXPECT_TRUE(test::Leftovers::now() == before);
+    for (const auto& entry : std::filesystem::directory_iterator("/tmp"))
+        EXPECT_EQ(entry.path(), m_standIn.folder()) << "the only thing there";
+    EXPECT_FALSE(std::filesystem::exists("/dev/shm/wifi_shmem"));
+}
+
+TEST_F(Checks, OnlyAskTheSupplicant) {
+    cli::examine("");
+    for (const auto& call : m_standIn.calls()) {
+        const std::string& word = call.at(call.size() > 2 ? 2 : 1);
+        EXPECT_THAT(word, testing::AnyOf("arg", "interface", "ping", "get"));
+    }
+}
+
+TEST_F(Checks, FindNoObstacleOnAHealthyHost) {
+    EXPECT_FALSE(cli::obstacle(""));
+    EXPECT_FALSE(cli::obstacle("wlan0"));
+}
+
+TEST_F(Checks, FindNoObstacleInWhatKeepsOnlyASaveFromWorking) {
+    m_standIn.reset();
+    m_standIn.on({"-iwlan0", "get", "update_config"}).prints("0");
+    answer();
+    std::ofstream("/dev/shm/wifi_shmem") << "no block";
+    EXPECT_FALSE(cli::obstacle(""));
+    std::filesystem::remove("/dev/shm/wifi_shmem");
+}
+
+TEST_F(Checks, NameTheMostBasicObstacle) {
+    std::filesystem::remove_all(FOLDER);
+    EXPECT_EQ(cli::obstacle("").value_or(Finding()).subject, "control socket");
+    std::filesystem::remove(m_standIn.folder() + "/wpa_cli");
+    EXPECT_EQ(cli::obstacle("").value_or(Finding()).subject, "client");
+}
+
+} // namespace

@@ -1,0 +1,78 @@
+// The key file of the cipher, looked at without making one.
+
+#include "CheckFunctions.h"
+#include "support/KeyWorld.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <unistd.h>
+
+namespace {
+
+using cli::Finding;
+using cli::Health;
+using testing::HasSubstr;
+using testing::Not;
+
+const std::string KEY(32, 'k');
+
+class KeyChecks : public test::KeyWorld {};
+
+TEST_F(KeyChecks, MakeNoKeyFile) {
+    const Finding finding = cli::checkKeyFile("");
+    EXPECT_EQ(finding.health, Health::good);
+    EXPECT_THAT(finding.found, HasSubstr("none yet"));
+    EXPECT_FALSE(std::filesystem::exists("/tmp/keys"));
+}
+
+TEST_F(KeyChecks, AreContentWithAWholeKeyFile) {
+    putKey(KEY);
+    const Finding finding = cli::checkKeyFile("");
+    EXPECT_EQ(finding.health, Health::good);
+    EXPECT_EQ(finding.found, "is whole, and closed to other users");
+}
+
+TEST_F(KeyChecks, AreContentWithTheFileThatTheCipherMakes) {
+    ASSERT_EQ(test::encrypted("secret").status, 0);
+    EXPECT_EQ(cli::checkKeyFile("").health, Health::good);
+}
+
+TEST_F(KeyChecks, FindAKeyFileThatOthersCanRead) {
+    putKey(KEY);
+    setKeyMode(0640);
+    const Finding finding = cli::checkKeyFile("");
+    EXPECT_EQ(finding.health, Health::bad);
+    EXPECT_EQ(finding.found, "key file " + KEY_FILE + " is open to group or others");
+    EXPECT_EQ(finding.toDo, "make sure that nobody has read it, then: chmod 600");
+}
+
+TEST_F(KeyChecks, FindAKeyFileOfAnotherSize) {
+    putKey(KEY + "k");
+    const Finding finding = cli::checkKeyFile("");
+    EXPECT_EQ(finding.health, Health::bad);
+    EXPECT_THAT(finding.found, HasSubstr("does not hold 32 bytes"));
+    EXPECT_THAT(finding.found, Not(HasSubstr("kkk")));
+    EXPECT_THAT(finding.toDo, HasSubstr("restore it"));
+}
+
+TEST_F(KeyChecks, FindALink) {
+    putKey(KEY);
+    std::filesystem::rename(KEY_FILE, "/tmp/keys/elsewhere");
+    std::filesystem::create_symlink("/tmp/keys/elsewhere", KEY_FILE);
+    const Finding finding = cli::checkKeyFile("");
+    EXPECT_EQ(finding.health, Health::bad);
+    EXPECT_THAT(finding.found, HasSubstr("is a symbolic link"));
+}
+
+TEST_F(KeyChecks, FindAKeyFileOfAnotherUser) {
+    putKey(KEY);
+    if (chown(KEY_FILE.c_str(), 65534, 65534) != 0)
+        GTEST_SKIP() << "only root can give a file away";
+    const Finding finding = cli::checkKeyFile("");
+    EXPECT_EQ(finding.health, Health::bad);
+    EXPECT_THAT(finding.found, HasSubstr("belongs to another user"));
+}
+
+} // namespace

@@ -1,0 +1,184 @@
+// The memory that processes share: what stands under its name, and who uses it.
+
+#include "CheckFunctions.h"
+#include "OtherProcesses.h"
+#include "watchdog/SharedSignalBlock.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <sched.h>
+#include <sys/mman.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+using cli::BLOCK_PATH;
+using cli::Finding;
+using cli::Health;
+using testing::HasSubstr;
+
+constexpr std::size_t SIZE = sizeof(SharedSignalBlock);
+constexpr uid_t NOBODY = 65534;
+
+void put(std::size_t size) {
+    std::ofstream(BLOCK_PATH) << std::string(size, '\0');
+}
+
+class SharedMemoryChecks : public testing::Test {
+protected:
+    void TearDown() override { std::filesystem::remove_all(BLOCK_PATH); }
+};
+
+/// A process that has the block mapped for as long as the object lives.
+class User {
+public:
+    enum class Where {
+        here,
+        elsewhere ///< where a block of its own stands under the same name
+    };
+
+    explicit User(Where where = Where::here) {
+        int ready[2];
+        EXPECT_EQ(pipe(ready), 0);
+        m_process = fork();
+        if (m_process == 0)
+            mapAndStay(where, ready[1]);
+        close(ready[1]);
+        char byte = 0;
+        m_isThere = read(ready[0], &byte, 1) == 1;
+        close(ready[0]);
+    }
+    ~User() {
+        kill(m_process, SIGKILL);
+        waitpid(m_process, nullptr, 0);
+    }
+    User(const User&) = delete;
+    User& operator=(const User&) = delete;
+
+    bool isThere() const { return m_isThere; }
+    std::string id() const { return std::to_string(m_process); }
+
+private:
+    [[noreturn]] static void mapAndStay(Where where, int ready) {
+        if (where == Where::elsewhere)
+            goElsewhere();
+        const int file = open(BLOCK_PATH, O_RDWR | O_CLOEXEC);
+        if (mmap(nullptr, SIZE, PROT_READ, MAP_SHARED, file, 0) == MAP_FAILED ||
+            write(ready, "", 1) != 1)
+            _exit(1);
+        for (;;)
+            pause();
+    }
+
+    static void goElsewhere() {
+        if (unshare(CLONE_NEWNS) != 0 || mount("private", "/dev/shm", "tmpfs", 0, nullptr) != 0)
+            _exit(1);
+        put(SIZE);
+    }
+
+    pid_t m_process = 0;
+    bool m_isThere = false;
+};
+
+void expectBad(const std::string& found, const std::string& toDo) {
+    const Finding finding = cli::checkSharedMemory("");
+    EXPECT_EQ(finding.health, Health::bad);
+    EXPECT_THAT(finding.found, HasSubstr(found));
+    EXPECT_THAT(finding.toDo, HasSubstr(toDo));
+}
+
+TEST_F(SharedMemoryChecks, AreContentWithoutIt) {
+    EXPECT_EQ(cli::checkSharedMemory("").health, Health::good);
+    EXPECT_FALSE(std::filesystem::exists(BLOCK_PATH)) << "none is made";
+}
+
+TEST_F(SharedMemoryChecks, NameWhoUsesIt) {
+    put(SIZE);
+    const User one;
+    ASSERT_TRUE(one.isThere());
+    EXPECT_EQ(cli::checkSharedMemory("").found, "used by process " + one.id());
+    const User other;
+    ASSERT_TRUE(other.isThere());
+    const Finding finding = cli::checkSharedMemory("");
+    EXPECT_EQ(finding.health, Health::good);
+    EXPECT_THAT(finding.found, HasSubstr("used by processes "));
+    EXPECT_THAT(finding.found, HasSubstr(" " + one.id()));
+    EXPECT_THAT(finding.found, HasSubstr(" " + other.id()));
+}
+
+TEST_F(SharedMemoryChecks, NoteOneThatNobodyUses) {
+    put(SIZE);
+    const Finding finding = cli::checkSharedMemory("");
+    EXPECT_EQ(finding.health, Health::note);
+    EXPECT_THAT(finding.found, HasSubstr("left behind"));
+    EXPECT_THAT(finding.toDo, HasSubstr("rm /dev/shm/wifi_shmem"));
+    EXPECT_TRUE(std::filesystem::exists(BLOCK_PATH)) << "it stays";
+}
+
+TEST_F(SharedMemoryChecks, CountNobodyWhoUsesAnotherOfThatName) {
+    put(SIZE);
+    const User stranger(User::Where::elsewhere);
+    if (!stranger.isThere())
+        GTEST_SKIP() << "this system allows no mounts of one's own";
+    EXPECT_EQ(cli::checkSharedMemory("").health, Health::note);
+}
+
+TEST_F(SharedMemoryChecks, FindOneOfAnotherSize) {
+    put(SIZE + 1);
+    expectBad("made by another build: it has " + std::to_string(SIZE + 1) + " bytes, not " +
+                  std::to_string(SIZE),
+              "rm /dev/shm/wifi_shmem");
+}
+
+TEST_F(SharedMemoryChecks, FindWhatIsNoMemory) {
+    std::filesystem::create_symlink("/dev/shm/elsewhere", BLOCK_PATH);
+    expectBad("not a regular file", "rm /dev/shm/wifi_shmem");
+    std::filesystem::remove(BLOCK_PATH);
+    ASSERT_EQ(mkfifo(BLOCK_PATH, 0600), 0);
+    expectBad("not a regular file", "rm /dev/shm/wifi_shmem");
+}
+
+TEST_F(SharedMemoryChecks, FindOneOfAnotherUser) {
+    put(SIZE);
+    if (chown(BLOCK_PATH, NOBODY, NOBODY) != 0)
+        GTEST_SKIP() << "only root can give a file away";
+    expectBad("belongs to another user", "let all of them run as one user");
+}
+
+class OfRoot : public SharedMemoryChecks {
+protected:
+    void SetUp() override {
+        put(SIZE);
+        if (seteuid(NOBODY) != 0)
+            GTEST_SKIP() << "only root can become another user";
+    }
+    void TearDown() override {
+        EXPECT_EQ(seteuid(getuid()), 0);
+        SharedMemoryChecks::TearDown();
+    }
+    static void setMode(mode_t mode) {
+        EXPECT_EQ(seteuid(0), 0);
+        chmod(BLOCK_PATH, mode);
+        EXPECT_EQ(seteuid(NOBODY), 0);
+    }
+};
+
+TEST_F(OfRoot, IsBadWhereItIsClosedToThisUser) {
+    setMode(0755);
+    expectBad("is closed to this user", "run platwifi as the user");
+}
+
+TEST_F(OfRoot, IsGoodWhereItIsOpenToThisUser) {
+    setMode(0777);
+    EXPECT_EQ(cli::checkSharedMemory("").health, Health::good);
+}
+
+} // namespace

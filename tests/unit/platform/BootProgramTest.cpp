@@ -1,0 +1,112 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <dlfcn.h>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A prefix whose libraries are in lib/multi/.
+class BootProgram : public testing::Test {
+protected:
+    void SetUp() override {
+        if (access("/proc/boot", F_OK) == 0)
+            GTEST_SKIP() << "this system has a boot image of its own";
+        unsetenv("PLATFORM_BOOT_DIR");
+        fs::remove_all("/tmp/world");
+        fs::create_directories("/tmp/world/prefix/lib/multi");
+        fs::copy_file(PROBE, LIBRARY);
+    }
+
+    static void put(const std::string& program) {
+        fs::create_directories(fs::path(program).parent_path());
+        std::ofstream(program) << "here\n";
+    }
+
+    // Asks a library that was loaded, and closes it.
+    static std::string located(const std::string& path, void* library) {
+        const auto locate =
+            reinterpret_cast<void (*)(const char*, std::string*)>(dlsym(library, "locate"));
+        std::string result;
+        locate(path.c_str(), &result);
+        dlclose(library);
+        return fs::path(result).lexically_normal();
+    }
+
+    static std::string located(const std::string& path, const std::string& library = LIBRARY) {
+        void* const handle = dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL);
+        return handle ? located(path, handle) : dlerror();
+    }
+
+    static constexpr const char* LIBRARY = "/tmp/world/prefix/lib/multi/libprobe.so";
+    static constexpr const char* INSTALLED = "/tmp/world/prefix/libexec/platwifi/boot/pidin";
+    static constexpr const char* BUILT = "/tmp/world/prefix/lib/boot/pidin";
+};
+
+TEST_F(BootProgram, IsInTheInstalledFolder) {
+    put(INSTALLED);
+    EXPECT_EQ(located("/proc/boot/pidin"), INSTALLED);
+}
+
+TEST_F(BootProgram, IsInTheFolderOfABuildWhereItIsThere) {
+    put(INSTALLED);
+    put(BUILT);
+    EXPECT_EQ(located("/proc/boot/pidin"), BUILT);
+}
+
+TEST_F(BootProgram, IsNotInAFolderThatOnlyLooksLikeTheOneOfABuild) {
+    put(INSTALLED);
+    put("/tmp/world/prefix/lib/boot/vmlinuz");
+    EXPECT_EQ(located("/proc/boot/pidin"), INSTALLED);
+}
+
+TEST_F(BootProgram, IsInTheInstalledFolderWhereItIsNowhere) {
+    EXPECT_EQ(located("/proc/boot/pidin"), INSTALLED);
+}
+
+TEST_F(BootProgram, IsFoundThroughALinkToTheLibrary) {
+    put(INSTALLED);
+    put("/tmp/world/elsewhere/deep/down/other");
+    const std::string link = "/tmp/world/elsewhere/deep/down/liblink.so";
+    fs::create_symlink(LIBRARY, link);
+    EXPECT_EQ(located("/proc/boot/pidin", link), INSTALLED);
+}
+
+TEST_F(BootProgram, IsFoundThroughALinkToTheFolderOfTheLibrary) {
+    put(INSTALLED);
+    fs::create_directory_symlink("prefix/lib/multi", "/tmp/world/libraries");
+    EXPECT_EQ(located("/proc/boot/pidin", "/tmp/world/libraries/libprobe.so"), INSTALLED);
+}
+
+TEST_F(BootProgram, MovesWithThePrefix) {
+    put(INSTALLED);
+    fs::rename("/tmp/world/prefix", "/tmp/world/moved");
+    EXPECT_EQ(located("/proc/boot/pidin", "/tmp/world/moved/lib/multi/libprobe.so"),
+              "/tmp/world/moved/libexec/platwifi/boot/pidin");
+}
+
+TEST_F(BootProgram, IsNoProgramOfTheWorkingFolderWhereTheLibraryIsGone) {
+    void* const handle = dlopen(LIBRARY, RTLD_NOW | RTLD_LOCAL);
+    ASSERT_TRUE(handle) << dlerror();
+    fs::remove_all("/tmp/world/prefix");
+    EXPECT_EQ(located("/proc/boot/pidin", handle), "/proc/boot/pidin");
+}
+
+TEST_F(BootProgram, OfAnotherFolderStaysWhereItIs) {
+    put(INSTALLED);
+    EXPECT_EQ(located("/bin/pidin"), "/bin/pidin");
+}
+
+TEST_F(BootProgram, IsInTheFolderOfTheEnvironmentWhateverIsThere) {
+    put(INSTALLED);
+    setenv("PLATFORM_BOOT_DIR", "/tmp/world/empty", 1);
+    EXPECT_EQ(located("/proc/boot/pidin"), "/tmp/world/empty/pidin");
+    unsetenv("PLATFORM_BOOT_DIR");
+}
+
+} // namespace
