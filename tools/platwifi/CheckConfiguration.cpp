@@ -61,10 +61,10 @@ Finding checkConfiguration(const std::string&) {
         return good(path + " is closed to this user");
     if ((file.st_mode & S_IROTH) == 0)
         return good(path + " is closed to other users");
-    return note(
-        path + " can be read by every user, and holds keys in plain",
-        "close it, as root: chmod 600 " + path +
-            "; start the supplicant with umask 077, as it makes the file anew at each save");
+    return note(path + " can be read by every user, and holds keys in plain",
+                "start the supplicant with umask 077, as it makes the file anew at each save; then "
+                "close it as root: chmod 600 " +
+                    path);
 }
 
 } // namespace cli

@@ -68,6 +68,10 @@ finds_configurations() {
 }
 
 test_doctor() {
+    run "doctor, after saves" 0 doctor
+    shows 'note  configuration .* can be read by every user, and holds keys in plain'
+    shows 'Nothing is wrong\.'
+    chmod 600 "$LAB_SUPPLICANT_CONF"
     run "doctor" 0 doctor
     shows 'Everything is in order\.'
     finds_files
