@@ -56,7 +56,7 @@ test_psk() {
     result "the supplicant chooses lab-psk" wait_for 20 connected_to lab-psk
 
     run "networks" 0 networks --json
-    json_has /0/ssid lab-psk /0/status connected /0/priority 5
+    json_has /0/ssid lab-psk /0/status connected /0/key_mgmt WPA-PSK /0/priority 5
     run "remove" 0 remove lab-psk --json
     json_has /ssid lab-psk /done removed
     file_holds ''

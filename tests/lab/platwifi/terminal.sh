@@ -28,7 +28,7 @@ terminal() { tmux -u -L lab -f /tmp/tmux.conf "$@"; }
 
 is_drawn() { terminal capture-pane -p | grep -qE '^\[status [0-9]+\]$'; }
 
-without_blanks_at_ends() { sed 's/ *$//'; }
+without_blanks() { sed 's/ *$//; /^$/d'; }
 
 # picture NAME WIDTH COMMAND...: in a terminal of that width.
 picture() {
@@ -41,17 +41,14 @@ picture() {
         sh -c '"$@"; echo "[status $?]"; tmux wait-for -S drawn; exec sleep 600' sh "$@"
     timeout 60 tmux -L lab wait-for drawn || true
     result "draws ${picture##*/}" wait_for 5 is_drawn
-    terminal capture-pane -p | without_blanks_at_ends | sed '/^$/d' >"$picture.txt"
-    terminal capture-pane -p -e | sed '/^$/d' >"$picture.ansi"
+    terminal capture-pane -p | without_blanks >"$picture.txt"
+    terminal capture-pane -p -e | without_blanks >"$picture.ansi"
     sed 's/^/        |/' "$picture.txt"
     result "no line is wider than the terminal" is_narrow_enough
 }
 
 # The terminal would break a line that is wider, and knows that it did.
-is_narrow_enough() {
-    diff <(terminal capture-pane -p -J | without_blanks_at_ends) \
-        <(terminal capture-pane -p | without_blanks_at_ends)
-}
+is_narrow_enough() { terminal capture-pane -p -J | without_blanks | cmp - "$picture.txt"; }
 
 # places PATTERN: the cell and the line of each place where it begins, as the terminal counts them;
 # a pattern without brackets is no pattern to it.
