@@ -77,6 +77,22 @@ TEST_F(Connect, TellsThatTheIdentityIsRefused) {
     expectFailure(platwifi({"connect", "home"}), "refuses the identity, password or certificate");
 }
 
+// Where the refusal is too quick for a state of it to be seen.
+TEST_F(Connect, TellsThatTheSupplicantAvoidsTheNetwork) {
+    const std::string head = "network id / ssid / bssid / flags\n";
+    const std::string fine = head + "0\thome\tany\t[CURRENT]\n1\twork\tany\t[TEMP-DISABLED]\n";
+    host.on({"-iwlan0", "list_networks"})
+        .prints(fine)
+        .then()
+        .prints(fine)
+        .then()
+        .prints(fine)
+        .then()
+        .prints(head + "0\thome\tany\t[TEMP-DISABLED]\n1\twork\tany\t\n");
+    serveStates(twice({SCANNING}));
+    expectFailure(platwifi({"connect", "home"}), "refuses the key, or the identity and password");
+}
+
 TEST_F(Connect, GivesUpAfterTheTimeoutWithTheLastState) {
     serveStates(twice({SCANNING}));
     const Ending ending = platwifi({"connect", "-t", "1", "home"});

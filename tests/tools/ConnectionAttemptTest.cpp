@@ -92,6 +92,25 @@ TEST(AnAttempt, DoesNotCountStatesOfTheNetworkThatIsLeft) {
     EXPECT_THAT(after(notInRange).likelyCause(), HasSubstr("no access point in range"));
 }
 
+TEST(AnAttempt, IsRefusedWhereTheSupplicantBeginsToAvoidTheNetwork) {
+    ConnectionAttempt attempt = after({{WPA_STATE_SCANNING, !WANTED}});
+    attempt.sawAvoidance(false);
+    EXPECT_FALSE(attempt.isRefused());
+    attempt.sawAvoidance(true);
+    EXPECT_TRUE(attempt.isRefused());
+    EXPECT_THAT(attempt.likelyCause(), HasSubstr("refuses the key, or the identity and password"));
+}
+
+TEST(AnAttempt, IsNotRefusedByWhatWasAvoidedBefore) {
+    ConnectionAttempt attempt = after({{WPA_STATE_SCANNING, !WANTED}});
+    attempt.sawAvoidance(true);
+    attempt.sawAvoidance(true);
+    EXPECT_FALSE(attempt.isRefused());
+    attempt.sawAvoidance(false);
+    attempt.sawAvoidance(true);
+    EXPECT_TRUE(attempt.isRefused());
+}
+
 struct Furthest {
     WpaState state;
     const char* cause;

@@ -10,7 +10,9 @@
 #include "StateLine.h"
 #include "States.h"
 #include "jni/ServiceFunctions.h"
+#include "supplicant/WifiUtil.h"
 
+#include <algorithm>
 #include <chrono>
 #include <iomanip>
 #include <iostream>
@@ -23,11 +25,26 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds PAUSE{50};
+constexpr unsigned char MOST_LINES = 64;
 
 std::string currentNetwork(const std::string& iface) {
     char* ssid = nullptr;
     getCurrentNetwork(nullptr, iface.c_str(), &ssid);
     return taken(ssid);
+}
+
+// The supplicant marks a network that has refused it, and leaves it alone for some seconds.
+bool isAvoided(const std::string& iface, const std::string& ssid) {
+    bool ok = false;
+    const auto lines =
+        linesOf(MOST_LINES, ok, [&](char** out, unsigned char max, unsigned char* count) {
+            return Host::util().getNetworkDatabaseSsids(iface.c_str(), out, max, count);
+        });
+    return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) {
+        const std::size_t start = line.find('\t') + 1;
+        const std::string name = line.substr(start, line.find('\t', start) - start);
+        return isSameSsid(name, ssid) && line.find("[TEMP-DISABLED]") != std::string::npos;
+    });
 }
 
 std::string seconds(Clock::duration time) {
@@ -64,6 +81,8 @@ private:
         const auto state = static_cast<WpaState>(getDaemonStatus(nullptr, m_iface.c_str()));
         const bool isOnNetwork = isSameSsid(currentNetwork(m_iface), m_ssid);
         m_attempt.saw(state, isOnNetwork);
+        if (state == WPA_STATE_DISCONNECTED || state == WPA_STATE_SCANNING)
+            m_attempt.sawAvoidance(isAvoided(m_iface, m_ssid));
         const bool isOnTheWay = isOnNetwork || state < WPA_STATE_ASSOCIATED;
         if (line && isOnTheWay && state != WPA_STATE_UNKNOWN) // such as AUTHENTICATING
             line->tell(wordForState(state));
@@ -106,7 +125,8 @@ void connectNetwork(Context& context) {
     if (!attempt.attempt().isComplete())
         giveUp(attempt, ssid);
     if (context.request.json)
-        print({{"ssid", plainSsid(ssid)}, {"state", wordForState(attempt.attempt().last())}});
+        printJson(
+            Record{{"ssid", plainSsid(ssid)}, {"state", wordForState(attempt.attempt().last())}});
     else
         std::cout << "Connected to " << shownSsid(ssid) << " after " << seconds(attempt.elapsed())
                   << " s.\n";
@@ -123,7 +143,7 @@ void disconnectNetwork(Context& context) {
     if (disconnectFromNetwork(nullptr, host.iface().c_str(), ssid.c_str()) == 0)
         refuse("disconnect from " + shownSsid(ssid));
     if (context.request.json)
-        print({{"ssid", plainSsid(ssid)}, {"done", "disconnected"}});
+        printJson(Record{{"ssid", plainSsid(ssid)}, {"done", "disconnected"}});
     else
         std::cout << "Disconnected from " << shownSsid(ssid) << ".\n";
 }
@@ -134,7 +154,7 @@ void roam(Context& context) {
     if (roamNetworks(nullptr, host.iface().c_str()) == 0)
         refuse("roam");
     if (context.request.json)
-        print({{"done", "roaming"}});
+        printJson(Record{{"done", "roaming"}});
     else
         std::cout << "All networks are enabled; the supplicant chooses among them.\n";
 }

@@ -42,7 +42,16 @@ void ConnectionAttempt::saw(WpaState state, bool isOnNetwork) {
         m_furthest = std::max(m_furthest, state);
 }
 
+void ConnectionAttempt::sawAvoidance(bool isAvoided) {
+    m_isRefused = m_isRefused || (m_wasTried && isAvoided);
+    m_wasTried = m_wasTried || !isAvoided;
+}
+
+// A refusal can be too quick for its states to be seen.
 std::string ConnectionAttempt::likelyCause() const {
+    if (m_isRefused && m_furthest < WPA_STATE_ASSOCIATED)
+        return "the access point refuses the key, or the identity and password; correct them with "
+               "platwifi set";
     for (const Cause& cause : CAUSES) {
         if (cause.furthest == m_furthest)
             return cause.text;

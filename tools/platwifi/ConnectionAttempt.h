@@ -14,6 +14,10 @@ public:
     ///                     association on
     void saw(WpaState state, bool isOnNetwork);
 
+    /// Whether the supplicant avoids the network for a while, as it does after a refusal. One that
+    /// was so from the beginning says nothing about this attempt.
+    void sawAvoidance(bool isAvoided);
+
     bool isComplete() const { return m_isComplete; }
 
     /// Whether the network has turned this device away: the supplicant will go on trying, in vain.
@@ -28,6 +32,7 @@ private:
     WpaState m_last = WPA_STATE_UNKNOWN;
     WpaState m_furthest = WPA_STATE_UNKNOWN; ///< of those on the way to this network
     bool m_wasAssociated = false;
+    bool m_wasTried = false; ///< the supplicant did not avoid the network
     bool m_isComplete = false;
     bool m_isRefused = false;
 };

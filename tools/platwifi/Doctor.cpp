@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <iterator>
 
 namespace cli {
 namespace {
@@ -71,18 +72,17 @@ void show(const Finding& finding, const Console& console) {
     }
 }
 
-Json jsonOf(const Finding& finding) {
+Record recordOf(const Finding& finding) {
     return {{"subject", finding.subject},
             {"health", lookOf(finding).name},
             {"found", finding.found},
             {"toDo", finding.toDo}};
 }
 
-void printJson(const std::vector<Finding>& findings) {
-    Json all = Json::array();
-    for (const Finding& finding : findings)
-        all.push_back(jsonOf(finding));
-    print(all);
+std::vector<Record> recordsOf(const std::vector<Finding>& findings) {
+    std::vector<Record> records;
+    std::transform(findings.begin(), findings.end(), std::back_inserter(records), recordOf);
+    return records;
 }
 
 std::ptrdiff_t countOf(Health health, const std::vector<Finding>& findings) {
@@ -112,7 +112,7 @@ void doctor(Context& context) {
     if (countOf(Health::bad, findings) > 0)
         context.status = FAILED;
     if (context.request.json)
-        printJson(findings);
+        printJson(recordsOf(findings));
     else
         printForPeople(findings, context.out);
 }

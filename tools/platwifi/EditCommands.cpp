@@ -56,7 +56,7 @@ private:
 
 void report(const Context& context, const std::string& ssid, const char* done) {
     if (context.request.json)
-        print({{"ssid", plainSsid(ssid)}, {"done", done}});
+        printJson(Record{{"ssid", plainSsid(ssid)}, {"done", done}});
     else
         std::cout << shownSsid(ssid) << " is " << done << ".\n";
 }

@@ -30,23 +30,20 @@ void withEach(Host& host, const Use& use) {
 
 constexpr const char* LISTED[] = {"status", "key_mgmt", "priority", "bssid"};
 
-Json valueOf(const Property& property, const WifiNetwork& network) {
-    return std::visit([](const auto& value) { return Json(value); }, property.read(network));
-}
-
-Json jsonOf(const std::string& ssid, const WifiNetwork& network) {
-    Json json = {{"ssid", plainSsid(ssid)}};
+Record listedRecord(const std::string& ssid, const WifiNetwork& network) {
+    Record record = {{"ssid", plainSsid(ssid)}};
     for (const char* const name : LISTED)
-        json[name] = valueOf(propertyOf(name), network);
-    return json;
+        record.emplace_back(name, propertyOf(name).read(network));
+    return record;
 }
 
-void showAsJson(const std::string& ssid, const WifiNetwork& network) {
-    Json json;
-    for (const Property& property : properties())
-        json[property.name] = valueOf(property, network);
-    json["ssid"] = plainSsid(ssid);
-    print(json);
+Record wholeRecord(const std::string& ssid, const WifiNetwork& network) {
+    Record record;
+    for (const Property& property : properties()) {
+        const bool isName = std::string(property.name) == "ssid";
+        record.emplace_back(property.name, isName ? plainSsid(ssid) : property.read(network));
+    }
+    return record;
 }
 
 void showAsTable(const std::string& ssid, const WifiNetwork& network, const Console& console) {
@@ -64,19 +61,19 @@ void showAsTable(const std::string& ssid, const WifiNetwork& network, const Cons
 
 void listNetworks(Context& context) {
     Host host(context);
-    Json json = Json::array();
+    std::vector<Record> records;
     Table table(
         {{"SSID"}, {"Status"}, {"Key management"}, {"Priority", Table::Align::right}, {"BSSID"}});
     withEach(host, [&](const std::string& ssid, const WifiNetwork& network) {
-        json.push_back(jsonOf(ssid, network));
+        records.push_back(listedRecord(ssid, network));
         std::vector<std::string> row = {shownSsid(ssid)};
         for (const char* const property : LISTED)
             row.push_back(shown(propertyOf(property), network));
         table.add(std::move(row));
     });
     if (context.request.json)
-        return print(json);
-    if (json.empty())
+        return printJson(records);
+    if (records.empty())
         std::cout << "No network is configured; add one with: platwifi add SSID psk=-\n";
     else
         table.print(std::cout, context.out);
@@ -90,7 +87,7 @@ void showNetwork(Context& context) {
     if (!network)
         throw Failure("the network is gone: another program has removed it");
     if (context.request.json)
-        showAsJson(ssid, *network);
+        printJson(wholeRecord(ssid, *network));
     else
         showAsTable(ssid, *network, context.out);
 }

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "Json.h"
+
 #include <string>
-#include <variant>
 #include <vector>
 
 class WifiNetwork;
@@ -22,10 +23,6 @@ struct Word {
     unsigned int number;
 };
 
-/// What a property is: a text or words, a number, or whether something is so. Of a secret, whether it
-/// is set.
-using Value = std::variant<std::string, int, bool>;
-
 /// One property of a network, by the name that setNetworkParameters() knows.
 struct Property {
     const char* name;
@@ -33,7 +30,7 @@ struct Property {
     /// Turns what the user has written into what the library takes. @throws WrongUse with what is
     /// allowed, and never with a hidden value; null for what is reported
     std::string (*take)(const Property& property, const std::string& written);
-    Value (*read)(const WifiNetwork& network);
+    Value (*read)(const WifiNetwork& network); ///< of a secret, whether it is set
     const char* meaning;
     std::vector<Word> words; ///< that it can be
     long lowest = 0;         ///< of a number

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <pthread.h>
 
@@ -45,7 +46,7 @@ Results inRange(Host& host) {
     return results;
 }
 
-Json jsonOf(const ScanResult& result) {
+Record recordOf(const ScanResult& result) {
     return {{"ssid", plainSsid(result.ssid)},
             {"bssid", result.bssid},
             {"channel", channelOf(result.frequency)},
@@ -73,10 +74,9 @@ void scan(Context& context) {
     const Results results = inRange(host);
     context.interrupt.check();
     if (context.request.json) {
-        Json json = Json::array();
-        for (const ScanResult& result : results)
-            json.push_back(jsonOf(result));
-        return print(json);
+        std::vector<Record> records;
+        std::transform(results.begin(), results.end(), std::back_inserter(records), recordOf);
+        return printJson(records);
     }
     if (results.empty())
         std::cout << "No access point is in range.\n";

@@ -33,12 +33,11 @@ HostStatus statusOf(Host& host) {
     return status;
 }
 
-Json jsonOf(const HostStatus& status) {
-    const Json network = status.network.empty() ? Json(nullptr) : Json(plainSsid(status.network));
+Record recordOf(const HostStatus& status) {
     return {{"adapter", status.iface},
             {"state", wordForState(status.state)},
-            {"network", network},
-            {"networks", status.networks}};
+            {"network", status.network.empty() ? Value() : plainSsid(status.network)},
+            {"networks", static_cast<int>(status.networks)}};
 }
 
 } // namespace
@@ -48,7 +47,7 @@ void showAdapters(Context& context) {
     host.iface();
     const auto& adapters = host.adapters();
     if (context.request.json)
-        return print(Json(adapters));
+        return printJson(adapters);
     const std::string marked = adapters.size() > 1 ? adapters.front() : "";
     for (const std::string& adapter : adapters)
         std::cout << printable(adapter) << (adapter == marked ? " (the default)" : "") << '\n';
@@ -58,7 +57,7 @@ void showStatus(Context& context) {
     Host host(context);
     const HostStatus status = statusOf(host);
     if (context.request.json)
-        return print(jsonOf(status));
+        return printJson(recordOf(status));
     const std::string network = status.network.empty() ? "none" : shownSsid(status.network);
     const std::string lines[] = {
         "Adapter:   " + printable(status.iface),

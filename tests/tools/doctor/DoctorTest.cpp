@@ -3,17 +3,17 @@
 #include "CommandLine.h"
 #include "Commands.h"
 #include "DoctorWorld.h"
-#include "Json.h"
 #include "Text.h"
 
 #include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
 
 #include <filesystem>
 #include <sstream>
 
 namespace {
 
-using cli::Json;
+using Json = nlohmann::ordered_json;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
