@@ -50,10 +50,11 @@ void addOptions(CLI::App& app, const Command& command, Request& request) {
         app.add_option("NAME=VALUE", request.assignments, "properties")->required();
     if (has(command, MAYBE_ASSIGNMENTS))
         app.add_option("NAME=VALUE", request.assignments, "properties");
-    if (has(command, PATIENCE))
+    if (has(command, PATIENCE)) {
         app.add_option("-t,--timeout", request.patience, "how long to wait (30)")
             ->type_name("SECONDS")
             ->check(problemOfPatience);
+    }
     if (has(command, FULL))
         app.add_flag("--full", request.full, "every network with its security");
     if (has(command, JSON))

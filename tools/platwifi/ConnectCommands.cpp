@@ -124,12 +124,11 @@ void connectNetwork(Context& context) {
     watch(context, attempt, ssid);
     if (!attempt.attempt().isComplete())
         giveUp(attempt, ssid);
+    const char* const state = wordForState(attempt.attempt().last());
     if (context.request.json)
-        printJson(
-            Record{{"ssid", plainSsid(ssid)}, {"state", wordForState(attempt.attempt().last())}});
-    else
-        std::cout << "Connected to " << shownSsid(ssid) << " after " << seconds(attempt.elapsed())
-                  << " s.\n";
+        return printJson(Record{{"ssid", plainSsid(ssid)}, {"state", state}});
+    std::cout << "Connected to " << shownSsid(ssid) << " after " << seconds(attempt.elapsed())
+              << " s.\n";
 }
 
 void disconnectNetwork(Context& context) {

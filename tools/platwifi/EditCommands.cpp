@@ -34,10 +34,11 @@ public:
 
     // A key that interrupts ends the client, too, and with it a change that nobody misses.
     void save() {
-        if (saveWifiHostSettings(nullptr) == 0)
+        if (saveWifiHostSettings(nullptr) == 0) {
             throw Failure(
                 "the supplicant did not save its configuration, and nothing was changed; see "
                 "that the file says update_config=1 and can be written: platwifi doctor");
+        }
         m_context.hasSaved = true;
         try {
             m_context.interrupt.check();
@@ -64,10 +65,11 @@ void report(const Context& context, const std::string& ssid, const char* done) {
 // A network without a key is open or WEP only where it says so: the supplicant would not keep it.
 void requireSecurity(const Edits& edits) {
     const std::string keyManagement = edits.valueOf("key_mgmt");
-    if (keyManagement.empty())
+    if (keyManagement.empty()) {
         throw WrongUse(
             "a new network needs a key, psk=-, or key_mgmt=NONE for none, or key_mgmt=WPA-EAP "
             "for an enterprise network");
+    }
     if (keyManagement == std::to_string(KEY_MGMT_WPA_PSK) && edits.valueOf("psk").empty())
         throw WrongUse("a network with key_mgmt=WPA-PSK needs a key: psk=- reads it from standard "
                        "input");

@@ -7,6 +7,7 @@
 #include "jni/ServiceFunctions.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace cli {
 namespace {
@@ -49,8 +50,8 @@ std::string taken(const Property& property, const std::string& written,
 
 std::vector<const char*> pointersTo(const std::vector<std::string>& texts) {
     std::vector<const char*> pointers;
-    for (const std::string& text : texts)
-        pointers.push_back(text.c_str());
+    std::transform(texts.begin(), texts.end(), std::back_inserter(pointers),
+                   [](const std::string& text) { return text.c_str(); });
     return pointers;
 }
 

@@ -18,6 +18,8 @@ namespace {
 constexpr unsigned char MOST_ADAPTERS = 16;
 constexpr unsigned char MOST_NETWORKS = 32; // that the library loads
 constexpr std::size_t LONGEST_NAME = 13;
+constexpr const char* NO_INTERFACE =
+    "the supplicant lists no interface; start it with one, such as -i wlan0";
 
 // Why nothing answers, in the words of the first check that fails.
 [[noreturn]] void tellObstacle(const std::string& iface, const std::string& otherwise) {
@@ -55,10 +57,7 @@ const std::vector<std::string>& Host::adapters() {
         });
     m_context.interrupt.check();
     if (!ok || m_adapters.empty())
-        tellObstacle(
-            m_context.request.iface,
-            "the supplicant lists no interface; start it with one: wpa_supplicant -B -i wlan0 "
-            "-c /etc/wpa_supplicant/wpa_supplicant.conf");
+        tellObstacle(m_context.request.iface, NO_INTERFACE);
     return m_adapters;
 }
 

@@ -60,10 +60,11 @@ Table tableOf(const Results& results) {
     constexpr auto RIGHT = Table::Align::right;
     Table table(
         {{"SSID"}, {"BSSID"}, {"Channel", RIGHT}, {"MHz", RIGHT}, {"dBm", RIGHT}, {"Security"}});
-    for (const ScanResult& result : results)
+    for (const ScanResult& result : results) {
         table.add({shownSsid(result.ssid), result.bssid,
                    std::to_string(channelOf(result.frequency)), std::to_string(result.frequency),
                    std::to_string(result.signal), securityOf(result.flags)});
+    }
     return table;
 }
 

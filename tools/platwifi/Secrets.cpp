@@ -67,10 +67,9 @@ std::string typedOrPiped(const std::string& name, const Interrupt& interrupt) {
 }
 
 std::string fromInput(const std::string& name, const Interrupt& interrupt) {
-    const std::string line = typedOrPiped(name, interrupt);
+    std::string line = typedOrPiped(name, interrupt);
     if (line.empty())
-        throw Failure("there is no " + name +
-                      " on standard input; write it there, or clear it with " + name + "=");
+        throw Failure("there is no " + name + " on standard input; write it there");
     return line;
 }
 
@@ -78,10 +77,9 @@ std::string fromFile(const std::string& name, const std::string& path, const Int
     const platform::FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (!file.isOpen())
         throw Failure("cannot read " + path + ": " + std::strerror(errno) + "; name another file");
-    const std::string line = readLine(file.number(), path, interrupt);
+    std::string line = readLine(file.number(), path, interrupt);
     if (line.empty())
-        throw Failure("there is no " + name + " in the first line of " + path +
-                      "; write it there, or clear it with " + name + "=");
+        throw Failure("there is no " + name + " in the first line of " + path + "; write it there");
     return line;
 }
 
@@ -105,7 +103,7 @@ std::string enciphered(const std::string& secret) {
     ErrorHandler errors;
     char* result = nullptr;
     const bool isDone = Crypt::encrypt(&errors, secret.c_str(), &result) == 0;
-    const std::string text = taken(result);
+    std::string text = taken(result);
     if (!isDone)
         throw Failure(errors.savedError() ? errors.savedError()->text()
                                           : "the secret cannot be enciphered");

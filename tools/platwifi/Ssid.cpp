@@ -77,10 +77,11 @@ bool isSameSsid(const std::string& one, const std::string& other) {
 
 void requireSsid(const std::string& ssid) {
     const std::size_t size = std::min(ssid.size(), bytesOfSsid(ssid).size());
-    if (size == 0 || size > MAXIMUM_BYTES)
-        throw WrongUse("an SSID has 1 to " + std::to_string(MAXIMUM_BYTES) +
-                       " bytes, and this one has " + std::to_string(size) +
-                       "; platwifi networks and platwifi scan list some");
+    if (size > 0 && size <= MAXIMUM_BYTES)
+        return;
+    throw WrongUse("an SSID has 1 to " + std::to_string(MAXIMUM_BYTES) +
+                   " bytes, and this one has " + std::to_string(size) +
+                   "; platwifi networks and platwifi scan list some");
 }
 
 } // namespace cli

@@ -3,7 +3,6 @@
 #include <clocale>
 #include <cstdio>
 #include <cwchar>
-#include <cwctype>
 #include <locale.h> // NOLINT(modernize-deprecated-headers): newlocale() is not of the C library
 
 namespace cli {
@@ -66,9 +65,7 @@ bool turnsTheLine(wchar_t code) {
 bool isPrintable(const Character& character) {
     if (!character.isValid || turnsTheLine(character.code))
         return false;
-    const auto code = static_cast<wint_t>(character.code);
-    return character.code == ZERO_WIDTH_JOINER ||
-           (std::iswprint(code) != 0 && wcwidth(character.code) >= 0);
+    return character.code == ZERO_WIDTH_JOINER || wcwidth(character.code) >= 0;
 }
 
 unsigned int widthOf(wchar_t code) {
