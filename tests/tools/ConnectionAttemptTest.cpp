@@ -1,4 +1,4 @@
-#include "ConnectionAttempt.h"
+#include "host/ConnectionAttempt.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

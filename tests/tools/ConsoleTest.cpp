@@ -1,4 +1,4 @@
-#include "Console.h"
+#include "display/Console.h"
 
 #include "Terminal.h"
 

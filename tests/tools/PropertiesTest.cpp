@@ -1,7 +1,7 @@
-#include "Properties.h"
+#include "edits/Properties.h"
 
 #include "Failure.h"
-#include "Secrets.h"
+#include "edits/Secrets.h"
 #include "jni/ServiceFunctions.h"
 #include "model/WifiNetwork.h"
 #include "settings/WifiHostSettings.h"

@@ -1,4 +1,4 @@
-#include "ScanResult.h"
+#include "host/ScanResult.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "Secrets.h"
+#include "edits/Secrets.h"
 
-#include "Edits.h"
 #include "Failure.h"
+#include "edits/Edits.h"
 #include "platform/FileDescriptor.h"
 #include "support/KeyWorld.h"
 

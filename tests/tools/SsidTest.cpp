@@ -1,4 +1,4 @@
-#include "Ssid.h"
+#include "host/Ssid.h"
 
 #include "Failure.h"
 

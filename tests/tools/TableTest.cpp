@@ -1,6 +1,6 @@
-#include "Table.h"
+#include "display/Table.h"
 
-#include "Text.h"
+#include "display/Text.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

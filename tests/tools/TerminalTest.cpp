@@ -2,7 +2,7 @@
 
 #include "Terminal.h"
 #include "CommandFixture.h"
-#include "Text.h"
+#include "display/Text.h"
 #include "support/Checkpoint.h"
 
 #include <sstream>

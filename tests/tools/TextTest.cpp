@@ -1,4 +1,4 @@
-#include "Text.h"
+#include "display/Text.h"
 
 #include <gtest/gtest.h>
 

@@ -2,10 +2,10 @@
 
 #include "CommandTable.h"
 #include "Failure.h"
-#include "OtherProcesses.h"
-#include "Ssid.h"
-#include "StandardStreams.h"
-#include "Text.h"
+#include "display/Text.h"
+#include "host/Ssid.h"
+#include "process/OtherProcesses.h"
+#include "process/StandardStreams.h"
 
 #include <CLI/CLI.hpp>
 #include <csignal>

@@ -1,7 +1,7 @@
 #include "CommandTable.h"
 
-#include "Commands.h"
-#include "Properties.h"
+#include "commands/Commands.h"
+#include "edits/Properties.h"
 
 #include <iomanip>
 #include <sstream>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Console.h"
 #include "Failure.h"
-#include "Interrupt.h"
 #include "Request.h"
+#include "display/Console.h"
+#include "process/Interrupt.h"
 
 namespace cli {
 

@@ -1,6 +1,6 @@
 #include "CommandLine.h"
-#include "Completion.h"
-#include "OtherProcesses.h"
+#include "completion/Completion.h"
+#include "process/OtherProcesses.h"
 
 int main(int count, char* arguments[]) {
     if (cli::isTeller(count, arguments))

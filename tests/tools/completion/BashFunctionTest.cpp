@@ -18,7 +18,7 @@ namespace {
 using Texts = std::vector<std::string>;
 
 constexpr char CALL[] = R"(
-. "$CLI_SOURCES/completion.bash"
+. "$CLI_SOURCES/completion/completion.bash"
 compopt() { printf '<%s>\n' "$*"; }
 COMP_LINE=$LEFT$REPLACED$RIGHT COMP_POINT=$((${#LEFT} + ${#REPLACED}))
 _platwifi platwifi "$REPLACED" ''

@@ -1,4 +1,4 @@
-#include "Completion.h"
+#include "completion/Completion.h"
 #include "support/LoadedHost.h"
 
 #include <fstream>

@@ -38,7 +38,7 @@ bind 'set enable-bracketed-paste off'
 
 InteractiveBash::InteractiveBash(const std::string& setUp) {
     std::ofstream(SETTINGS) << "PS1='ready> '\n"
-                            << setUp << "\n. '" << CLI_SOURCES << "/completion.bash'\n"
+                            << setUp << "\n. '" << CLI_SOURCES << "/completion/completion.bash'\n"
                             << FUNCTION;
     const winsize size{24, 250, 0, 0};
     m_shell = forkpty(&m_terminal, nullptr, nullptr, &size);

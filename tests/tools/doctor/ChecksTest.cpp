@@ -1,6 +1,6 @@
 // Which checks are made, in which order, and what keeps the supplicant from being reached.
 
-#include "Checks.h"
+#include "checks/Checks.h"
 
 #include "DoctorWorld.h"
 #include "support/Leftovers.h"

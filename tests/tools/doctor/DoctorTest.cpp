@@ -1,9 +1,9 @@
 // What the command prints, and how it ends.
 
 #include "CommandLine.h"
-#include "Commands.h"
 #include "DoctorWorld.h"
-#include "Text.h"
+#include "commands/Commands.h"
+#include "display/Text.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>

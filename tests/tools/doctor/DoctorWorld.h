@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CheckFunctions.h"
+#include "checks/CheckFunctions.h"
 #include "support/StandIn.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // The key file of the cipher, looked at without making one.
 
-#include "CheckFunctions.h"
+#include "checks/CheckFunctions.h"
 #include "support/KeyWorld.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 // The memory that processes share: what stands under its name, and who uses it.
 
-#include "CheckFunctions.h"
-#include "OtherProcesses.h"
+#include "checks/CheckFunctions.h"
+#include "process/OtherProcesses.h"
 #include "watchdog/SharedSignalBlock.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 // The control socket, real ones in a folder of this world.
 
-#include "ControlSocket.h"
 #include "DoctorWorld.h"
+#include "checks/ControlSocket.h"
 
 #include <gmock/gmock.h>
 

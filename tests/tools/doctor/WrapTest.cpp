@@ -1,6 +1,6 @@
-#include "Wrap.h"
+#include "display/Wrap.h"
 
-#include "Text.h"
+#include "display/Text.h"
 
 #include <gmock/gmock.h>
 

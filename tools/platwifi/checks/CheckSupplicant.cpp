@@ -1,0 +1,84 @@
+// What the supplicant answers.
+
+#include "checks/CheckFunctions.h"
+#include "checks/ClientReply.h"
+#include "checks/ControlSocket.h"
+#include "host/Host.h"
+#include "host/Lines.h"
+#include "supplicant/WifiUtil.h"
+
+#include <algorithm>
+
+namespace cli {
+namespace {
+
+constexpr unsigned char MOST_ADAPTERS = 16;
+
+std::vector<std::string> adapters() {
+    bool ok = false;
+    return linesOf(MOST_ADAPTERS, ok, [](char** out, unsigned char max, unsigned char* count) {
+        return Host::util().getWifiAdapters(out, max, count);
+    });
+}
+
+bool holds(const std::vector<std::string>& all, const std::string& one) {
+    return std::find(all.begin(), all.end(), one) != all.end();
+}
+
+std::string joined(const std::vector<std::string>& all) {
+    std::string text;
+    for (const std::string& one : all)
+        text += (text.empty() ? "" : ", ") + one;
+    return text;
+}
+
+std::string firstLine(const std::string& text) {
+    return text.substr(0, text.find('\n'));
+}
+
+} // namespace
+
+Finding checkReply(const std::string& iface) {
+    const std::string asked = interfaceFor(iface);
+    const std::string reply = clientReply(asked, "ping", nullptr);
+    if (reply.find("PONG") != std::string::npos)
+        return good("comes for " + asked);
+    const std::string silence = "the supplicant does not answer for " + asked;
+    if (!reply.empty())
+        return bad(silence + ": " + firstLine(reply), "mend that, or restart the supplicant");
+    return bad(silence, "it is suspended or stuck: wake it by kill -CONT and its process id, or "
+                        "restart it");
+}
+
+Finding checkInterface(const std::string& iface) {
+    const std::vector<std::string> listed = adapters();
+    if (listed.empty())
+        return bad("the supplicant lists no interface", "start it with one, such as -i wlan0");
+    const std::string& first = listed.front();
+    if (isForWifiDirect(first)) {
+        return bad("the supplicant lists " + first + " first, which is for Wi-Fi Direct only",
+                   "put p2p_disabled=1 into the supplicant's configuration, then restart it");
+    }
+    if (!iface.empty() && !holds(listed, iface))
+        return bad("the supplicant does not serve " + iface,
+                   "name one that it serves with -i: " + joined(listed));
+    if (!iface.empty() && iface != first)
+        return note("the networks are those of " + first + ", which is listed before " + iface,
+                    "leave out -i, or let the supplicant serve " + iface + " alone");
+    return good(joined(listed));
+}
+
+// A client may put the time of day before its reply.
+Finding checkSaving(const std::string& iface) {
+    const std::string reply = clientReply(interfaceFor(iface), "get", "update_config");
+    const char last = reply.empty() ? '\0' : reply.back();
+    if (last == '1')
+        return good("is on: changes can be saved");
+    if (last == '0')
+        return bad("is off: nothing can be saved",
+                   "put update_config=1 into the supplicant's configuration, then restart it");
+    return note("cannot be told: this supplicant does not say",
+                "see that update_config=1 stands in the supplicant's configuration");
+}
+
+} // namespace cli

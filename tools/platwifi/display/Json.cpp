@@ -1,0 +1,47 @@
+#include "display/Json.h"
+
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+namespace cli {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+struct ToJson {
+    Json operator()(std::monostate) const { return nullptr; }
+    template <typename T>
+    Json operator()(const T& value) const {
+        return value;
+    }
+};
+
+Json jsonOf(const Record& record) {
+    Json json = Json::object();
+    for (const auto& [name, value] : record)
+        json[name] = std::visit(ToJson(), value);
+    return json;
+}
+
+void print(const Json& json) {
+    std::cout << json.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
+} // namespace
+
+void printJson(const Record& record) {
+    print(jsonOf(record));
+}
+
+void printJson(const std::vector<Record>& records) {
+    Json json = Json::array();
+    for (const Record& record : records)
+        json.push_back(jsonOf(record));
+    print(json);
+}
+
+void printJson(const std::vector<std::string>& texts) {
+    print(Json(texts));
+}
+
+} // namespace cli

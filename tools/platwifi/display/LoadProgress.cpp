@@ -1,0 +1,54 @@
+#include "display/LoadProgress.h"
+
+#include "display/Text.h"
+
+#include <iomanip>
+#include <iostream>
+#include <sstream>
+
+namespace cli {
+namespace {
+
+constexpr std::size_t FEW = 4;
+constexpr std::chrono::milliseconds STEP{200};
+constexpr const char* CLEARED_LINE = "\r\033[K";
+
+using Clock = std::chrono::steady_clock;
+
+std::string lineFor(std::size_t networks, Clock::duration elapsed) {
+    std::ostringstream text;
+    text << "Loading " << networks << " networks: " << std::fixed << std::setprecision(1)
+         << std::chrono::duration<double>(elapsed).count() << " s";
+    return text.str();
+}
+
+} // namespace
+
+LoadProgress::LoadProgress(const Console& console, std::size_t networks)
+    : m_width(console.width), m_networks(networks) {
+    if (console.isTerminal && networks >= FEW)
+        m_thread = std::thread([this] { show(); });
+}
+
+LoadProgress::~LoadProgress() {
+    if (!m_thread.joinable())
+        return;
+    {
+        const std::lock_guard<std::mutex> guard(m_mutex);
+        m_isOver = true;
+        m_over.notify_all();
+    }
+    m_thread.join();
+    std::cerr << CLEARED_LINE << std::flush;
+}
+
+void LoadProgress::show() {
+    const auto start = Clock::now();
+    std::unique_lock<std::mutex> guard(m_mutex);
+    do {
+        std::cerr << CLEARED_LINE << cutTo(lineFor(m_networks, Clock::now() - start), m_width - 1)
+                  << std::flush;
+    } while (!m_over.wait_for(guard, STEP, [this] { return m_isOver; }));
+}
+
+} // namespace cli

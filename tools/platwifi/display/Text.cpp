@@ -1,0 +1,142 @@
+#include "display/Text.h"
+
+#include <clocale>
+#include <cstdio>
+#include <cwchar>
+#include <locale.h> // NOLINT(modernize-deprecated-headers): newlocale() is not of the C library
+
+namespace cli {
+namespace {
+
+constexpr wchar_t ARABIC_LETTER_MARK = 0x061C;
+constexpr wchar_t ZERO_WIDTH_JOINER = 0x200D;
+constexpr wchar_t LEFT_TO_RIGHT_MARK = 0x200E;
+constexpr wchar_t RIGHT_TO_LEFT_MARK = 0x200F;
+constexpr wchar_t LINE_SEPARATOR = 0x2028;
+constexpr wchar_t LAST_DIRECTION = 0x202E;
+constexpr wchar_t FIRST_ISOLATE = 0x2066;
+constexpr wchar_t LAST_ISOLATE = 0x2069;
+
+// Names of networks are UTF-8 whatever the locale of the user says. The locale is this thread's for
+// as long as the object lives.
+class Utf8Locale {
+public:
+    Utf8Locale() : m_locale(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)), m_previous(nullptr) {
+        if (m_locale)
+            m_previous = uselocale(m_locale);
+    }
+    ~Utf8Locale() {
+        if (!m_locale)
+            return;
+        uselocale(m_previous);
+        freelocale(m_locale);
+    }
+    Utf8Locale(const Utf8Locale&) = delete;
+    Utf8Locale& operator=(const Utf8Locale&) = delete;
+
+private:
+    locale_t m_locale;
+    locale_t m_previous;
+};
+
+// One character, or one byte that is none.
+struct Character {
+    std::size_t length;
+    wchar_t code;
+    bool isValid;
+};
+
+Character characterAt(const std::string& bytes, std::size_t place) {
+    wchar_t code = 0;
+    std::mbstate_t state{};
+    const std::size_t length =
+        std::mbrtowc(&code, bytes.data() + place, bytes.size() - place, &state);
+    const bool isValid = length > 0 && length <= bytes.size() - place;
+    return isValid ? Character{length, code, true} : Character{1, 0, false};
+}
+
+// Characters that turn the direction of writing would disturb the rest of the line.
+bool turnsTheLine(wchar_t code) {
+    return (code >= LINE_SEPARATOR && code <= LAST_DIRECTION) ||
+           (code >= FIRST_ISOLATE && code <= LAST_ISOLATE) || code == ARABIC_LETTER_MARK ||
+           code == LEFT_TO_RIGHT_MARK || code == RIGHT_TO_LEFT_MARK;
+}
+
+bool isPrintable(const Character& character) {
+    if (!character.isValid || turnsTheLine(character.code))
+        return false;
+    return character.code == ZERO_WIDTH_JOINER || wcwidth(character.code) >= 0;
+}
+
+unsigned int widthOf(wchar_t code) {
+    const int width = wcwidth(code);
+    return width > 0 ? static_cast<unsigned int>(width) : 0;
+}
+
+std::string escaped(const std::string& bytes) {
+    std::string text;
+    for (const char byte : bytes) {
+        char escape[5];
+        std::snprintf(escape, sizeof escape, "\\x%02x", static_cast<unsigned char>(byte));
+        text += escape;
+    }
+    return text;
+}
+
+// Calls `visit` with each character and its bytes, until it returns false.
+template <typename Visit>
+void forEach(const std::string& bytes, Visit visit) {
+    const Utf8Locale locale;
+    for (std::size_t place = 0; place < bytes.size();) {
+        const Character character = characterAt(bytes, place);
+        if (!visit(character, bytes.substr(place, character.length)))
+            return;
+        place += character.length;
+    }
+}
+
+} // namespace
+
+std::string printable(const std::string& bytes) {
+    std::string text;
+    forEach(bytes, [&](const Character& character, const std::string& own) {
+        text += isPrintable(character) ? own : escaped(own);
+        return true;
+    });
+    return text;
+}
+
+bool isUtf8(const std::string& bytes) {
+    bool isValid = true;
+    forEach(bytes, [&](const Character& character, const std::string&) {
+        isValid = character.isValid;
+        return isValid;
+    });
+    return isValid;
+}
+
+unsigned int cellsOf(const std::string& text) {
+    unsigned int cells = 0;
+    forEach(text, [&](const Character& character, const std::string&) {
+        cells += widthOf(character.code);
+        return true;
+    });
+    return cells;
+}
+
+std::string cutTo(const std::string& text, unsigned int cells) {
+    if (cellsOf(text) <= cells)
+        return text;
+    std::string beginning;
+    unsigned int taken = 1; // by the "…"
+    forEach(text, [&](const Character& character, const std::string& own) {
+        taken += widthOf(character.code);
+        if (taken > cells)
+            return false;
+        beginning += own;
+        return true;
+    });
+    return cells > 0 ? beginning + "…" : "";
+}
+
+} // namespace cli

@@ -1,0 +1,113 @@
+#include "edits/Secrets.h"
+
+#include "Failure.h"
+#include "host/Lines.h"
+#include "platform/Crypt.h"
+#include "platform/FileDescriptor.h"
+#include "process/TerminalState.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <iostream>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace cli {
+namespace {
+
+constexpr std::size_t LONGEST_LINE = 1024;
+
+// Byte by byte: what follows in the line's file is for somebody else. False at its end.
+bool readByte(int file, char& byte, const std::string& from) {
+    const ssize_t size = read(file, &byte, 1);
+    if (size < 0)
+        throw Failure("cannot read " + from + ": " + std::strerror(errno) + "; name another file");
+    return size == 1;
+}
+
+std::string readLine(int file, const std::string& from, const Interrupt& interrupt) {
+    std::string line;
+    char byte = 0;
+    for (interrupt.waitForInput(file); readByte(file, byte, from) && byte != '\n';
+         interrupt.waitForInput(file)) {
+        if (line.size() == LONGEST_LINE)
+            throw Failure("the first line of " + from + " is too long for a secret");
+        line += byte;
+    }
+    if (!line.empty() && line.back() == '\r')
+        line.pop_back();
+    if (line.find('\0') != std::string::npos)
+        throw Failure(from + " holds no text");
+    return line;
+}
+
+// Asks, where somebody can be asked; the end of the line is typed unseen, too.
+class Prompt {
+public:
+    explicit Prompt(const std::string& name) : m_isShown(isatty(STDIN_FILENO) != 0) {
+        if (m_isShown)
+            std::cerr << name << ": " << std::flush;
+    }
+    ~Prompt() {
+        if (m_isShown)
+            std::cerr << '\n';
+    }
+    Prompt(const Prompt&) = delete;
+    Prompt& operator=(const Prompt&) = delete;
+
+private:
+    const bool m_isShown;
+    const HiddenInput m_hidden; // before anything can be typed
+};
+
+std::string typedOrPiped(const std::string& name, const Interrupt& interrupt) {
+    const Prompt prompt(name);
+    return readLine(STDIN_FILENO, "standard input", interrupt);
+}
+
+std::string fromInput(const std::string& name, const Interrupt& interrupt) {
+    std::string line = typedOrPiped(name, interrupt);
+    if (line.empty())
+        throw Failure("there is no " + name + " on standard input; write it there");
+    return line;
+}
+
+std::string fromFile(const std::string& name, const std::string& path, const Interrupt& interrupt) {
+    const platform::FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file.isOpen())
+        throw Failure("cannot read " + path + ": " + std::strerror(errno) + "; name another file");
+    std::string line = readLine(file.number(), path, interrupt);
+    if (line.empty())
+        throw Failure("there is no " + name + " in the first line of " + path + "; write it there");
+    return line;
+}
+
+} // namespace
+
+std::string readSecret(const std::string& name, const std::string& source,
+                       const Interrupt& interrupt) {
+    if (source.empty())
+        return "";
+    if (source == "-")
+        return fromInput(name, interrupt);
+    if (source[0] == '@')
+        return fromFile(name, source.substr(1), interrupt);
+    throw WrongUse(name + " is a secret, and everybody can see a command line: " + name +
+                   "=- reads it from standard input, " + name + "=@FILE from a file");
+}
+
+std::string enciphered(const std::string& secret) {
+    if (secret.empty())
+        return "";
+    ErrorHandler errors;
+    char* result = nullptr;
+    const bool isDone = Crypt::encrypt(&errors, secret.c_str(), &result) == 0;
+    std::string text = taken(result);
+    if (!isDone)
+        throw Failure(errors.savedError() ? errors.savedError()->text()
+                                          : "the secret cannot be enciphered");
+    return text;
+}
+
+} // namespace cli

@@ -1,0 +1,50 @@
+#include "process/Children.h"
+
+#include "platform/FileDescriptor.h"
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace cli {
+namespace {
+
+/// The numbers of children, as the system writes them: each with a blank behind it.
+class ChildList {
+public:
+    explicit ChildList(pid_t thread) noexcept {
+        char path[64];
+        std::snprintf(path, sizeof path, "/proc/self/task/%d/children", static_cast<int>(thread));
+        const platform::FileDescriptor file(open(path, O_RDONLY | O_CLOEXEC));
+        const ssize_t size = read(file.number(), m_text, sizeof m_text - 1);
+        m_text[size > 0 ? size : 0] = '\0';
+    }
+
+    /// 0 where there are no more.
+    pid_t next() noexcept { return static_cast<pid_t>(std::strtol(m_next, &m_next, 10)); }
+
+private:
+    char m_text[1024];
+    char* m_next = m_text;
+};
+
+void end(pid_t child) noexcept {
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    char socket[64];
+    std::snprintf(socket, sizeof socket, "/tmp/wpa_ctrl_%d-1", static_cast<int>(child));
+    unlink(socket);
+}
+
+} // namespace
+
+void endChildrenOf(pid_t thread) noexcept {
+    ChildList children(thread);
+    while (const pid_t child = children.next())
+        end(child);
+}
+
+} // namespace cli

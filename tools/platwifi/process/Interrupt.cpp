@@ -1,0 +1,143 @@
+#include "process/Interrupt.h"
+
+#include "Failure.h"
+#include "process/Children.h"
+#include "process/OtherProcesses.h"
+#include "process/ResultFiles.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <iostream>
+#include <poll.h>
+#include <pthread.h>
+#include <unistd.h>
+
+namespace cli {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds PATIENCE{1000};
+constexpr int OVER = SIGUSR1; // tells the watcher that there is nothing to watch any more
+constexpr int STOP = SIGUSR2; // for the owner
+constexpr int WATCHED[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+
+sigset_t watchedSignals() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int signal : WATCHED)
+        sigaddset(&signals, signal);
+    sigaddset(&signals, OVER);
+    return signals;
+}
+
+std::atomic<bool> isStopped{false};
+
+void stayForEver(int /*signal*/) {
+    isStopped = true;
+    for (;;)
+        pause();
+}
+
+void stop(pthread_t thread) {
+    std::signal(STOP, stayForEver);
+    pthread_kill(thread, STOP);
+    while (!isStopped)
+        std::this_thread::yield();
+}
+
+} // namespace
+
+Interrupt::Interrupt() : m_signals(watchedSignals()) {
+    if (pipe2(m_pipe, O_CLOEXEC) != 0)
+        throw Failure("no pipe can be made: too many files are open; close some, then try again");
+    pthread_sigmask(SIG_BLOCK, &m_signals, nullptr);
+    m_watcher = std::thread([this] { watch(); });
+}
+
+Interrupt::~Interrupt() {
+    {
+        const std::lock_guard<std::mutex> guard(m_mutex);
+        m_isOver = true;
+        m_changed.notify_all();
+    }
+    pthread_kill(m_watcher.native_handle(), OVER);
+    m_watcher.join();
+    close(m_pipe[0]);
+    close(m_pipe[1]);
+}
+
+void Interrupt::check() const {
+    if (const int signal = m_signal)
+        throw Interrupted{signal};
+}
+
+void Interrupt::pause(milliseconds time) const {
+    check();
+    pollfd end{m_pipe[0], POLLIN, 0};
+    poll(&end, 1, static_cast<int>(time.count()));
+    check();
+}
+
+void Interrupt::waitForInput(int descriptor) const {
+    pollfd either[] = {{m_pipe[0], POLLIN, 0}, {descriptor, POLLIN, 0}};
+    while (poll(either, 2, -1) < 0 && errno == EINTR) {
+    }
+    check();
+}
+
+void Interrupt::wakeMain() const {
+    const char byte = 0;
+    while (write(m_pipe[1], &byte, 1) < 0 && errno == EINTR) {
+    }
+}
+
+void Interrupt::watch() {
+    int signal = 0;
+    sigwait(&m_signals, &signal);
+    if (signal == OVER)
+        return;
+    m_signal = signal;
+    wakeMain();
+    std::unique_lock<std::mutex> guard(m_mutex);
+    while (!m_changed.wait_for(guard, PATIENCE, [this] { return m_isOver; })) {
+        if (m_deferred == 0)
+            return endByForce(signal);
+    }
+}
+
+// The line in progress on the terminal is left before anything is said. Once its child is gone, the
+// owner would start the next one: it is stopped first, wherever it is, and nothing is done from then on
+// that could wait for a lock that it holds.
+void Interrupt::endByForce(int signal) {
+    m_terminal.restore();
+    std::cerr << (isatty(STDERR_FILENO) != 0 ? "\n" : "") << "platwifi: interrupted\n";
+    leaveSharedBlock();
+    const std::vector<std::string> results = resultsOf(m_owner);
+    stop(m_owner);
+    endChildrenOf(getpid());
+    remove(results);
+    endBy(signal);
+}
+
+void Interrupt::endBy(int signal) {
+    std::signal(signal, SIG_DFL);
+    sigset_t one;
+    sigemptyset(&one);
+    sigaddset(&one, signal);
+    pthread_sigmask(SIG_UNBLOCK, &one, nullptr);
+    raise(signal);
+    _exit(FAILED);
+}
+
+Interrupt::Deferred::Deferred(Interrupt& interrupt) : m_interrupt(interrupt) {
+    const std::lock_guard<std::mutex> guard(m_interrupt.m_mutex);
+    ++m_interrupt.m_deferred;
+}
+
+Interrupt::Deferred::~Deferred() {
+    const std::lock_guard<std::mutex> guard(m_interrupt.m_mutex);
+    --m_interrupt.m_deferred;
+}
+
+} // namespace cli
