@@ -4,9 +4,11 @@
 
 #include <csignal>
 #include <fcntl.h>
+#include <fstream>
 #include <sys/ioctl.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -48,6 +50,16 @@ void put(int stream, int descriptor) {
     _exit(127);
 }
 
+// Whether a signal is on its way to a process.
+bool isPending(pid_t process, int signal) {
+    std::ifstream status("/proc/" + std::to_string(process) + "/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.rfind("ShdPnd:", 0) == 0)
+            return (std::stoull(line.substr(7), nullptr, 16) >> (signal - 1) & 1U) != 0;
+    }
+    return false;
+}
+
 } // namespace
 
 FileDescriptor fileWith(const std::string& text) {
@@ -81,6 +93,8 @@ Program::~Program() {
 
 void Program::signal(int signal) const {
     EXPECT_EQ(kill(m_id, signal), 0);
+    while (isPending(m_id, signal))
+        std::this_thread::yield();
 }
 
 Ending Program::end() {

@@ -38,6 +38,7 @@ public:
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
+    /// Sends it, and waits until the program has taken it.
     void signal(int signal) const;
 
     /// Waits until it has ended.
