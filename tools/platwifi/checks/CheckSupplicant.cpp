@@ -3,23 +3,12 @@
 #include "checks/CheckFunctions.h"
 #include "checks/ClientReply.h"
 #include "checks/ControlSocket.h"
-#include "host/Host.h"
-#include "host/Lines.h"
-#include "supplicant/WifiUtil.h"
+#include "host/Listing.h"
 
 #include <algorithm>
 
 namespace cli {
 namespace {
-
-constexpr unsigned char MOST_ADAPTERS = 16;
-
-std::vector<std::string> adapters() {
-    bool ok = false;
-    return linesOf(MOST_ADAPTERS, ok, [](char** out, unsigned char max, unsigned char* count) {
-        return Host::util().getWifiAdapters(out, max, count);
-    });
-}
 
 bool holds(const std::vector<std::string>& all, const std::string& one) {
     return std::find(all.begin(), all.end(), one) != all.end();
@@ -51,7 +40,7 @@ Finding checkReply(const std::string& iface) {
 }
 
 Finding checkInterface(const std::string& iface) {
-    const std::vector<std::string> listed = adapters();
+    const std::vector<std::string> listed = listedAdapters();
     if (listed.empty())
         return bad("the supplicant lists no interface", "start it with one, such as -i wlan0");
     const std::string& first = listed.front();

@@ -6,13 +6,11 @@
 #include "display/StateLine.h"
 #include "host/ConnectionAttempt.h"
 #include "host/Host.h"
-#include "host/Lines.h"
+#include "host/Listing.h"
 #include "host/Ssid.h"
 #include "host/States.h"
 #include "jni/ServiceFunctions.h"
-#include "supplicant/WifiUtil.h"
 
-#include <algorithm>
 #include <chrono>
 #include <iomanip>
 #include <iostream>
@@ -25,28 +23,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds PAUSE{50};
-constexpr unsigned char MOST_LINES = 64;
-
-std::string currentNetwork(const std::string& iface) {
-    char* ssid = nullptr;
-    getCurrentNetwork(nullptr, iface.c_str(), &ssid);
-    return taken(ssid);
-}
-
-// The supplicant marks a network that has refused it, and leaves it alone for some seconds.
-bool isAvoided(const std::string& iface, const std::string& ssid) {
-    bool ok = false;
-    const auto lines =
-        linesOf(MOST_LINES, ok, [&](char** out, unsigned char max, unsigned char* count) {
-            return Host::util().getNetworkDatabaseSsids(iface.c_str(), out, max, count);
-        });
-    return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) {
-        const std::size_t start = line.find('\t') + 1;
-        const std::string name = line.substr(start, line.find('\t', start) - start);
-        return isSameSsid(name, ssid) && line.find("[TEMP-DISABLED]") != std::string::npos;
-    });
-}
-
 std::string seconds(Clock::duration time) {
     std::ostringstream text;
     text << std::fixed << std::setprecision(1) << std::chrono::duration<double>(time).count();
@@ -60,8 +36,8 @@ std::string seconds(Clock::duration time) {
 /// One try to connect, watched until it is complete, refused, or has taken too long.
 class Watch {
 public:
-    Watch(Context& context, const std::string& iface, const std::string& ssid)
-        : m_context(context), m_iface(iface), m_ssid(ssid), m_start(Clock::now()) {}
+    Watch(Context& context, Host& host, const std::string& ssid)
+        : m_context(context), m_host(host), m_ssid(ssid), m_start(Clock::now()) {}
 
     void run(StateLine* line) {
         look(line);
@@ -78,18 +54,27 @@ private:
     Clock::duration patience() const { return std::chrono::seconds(m_context.request.patience); }
 
     void look(StateLine* line) {
-        const auto state = static_cast<WpaState>(getDaemonStatus(nullptr, m_iface.c_str()));
-        const bool isOnNetwork = isSameSsid(currentNetwork(m_iface), m_ssid);
+        const auto state = static_cast<WpaState>(getDaemonStatus(nullptr, m_host.iface().c_str()));
+        const bool isOnNetwork = isSameSsid(m_host.currentNetwork(), m_ssid);
         m_attempt.saw(state, isOnNetwork);
         if (state == WPA_STATE_DISCONNECTED || state == WPA_STATE_SCANNING)
-            m_attempt.sawAvoidance(isAvoided(m_iface, m_ssid));
+            lookForRefusal();
         const bool isOnTheWay = isOnNetwork || state < WPA_STATE_ASSOCIATED;
         if (line && isOnTheWay && state != WPA_STATE_UNKNOWN) // such as AUTHENTICATING
             line->tell(wordForState(state));
     }
 
+    // The supplicant marks a network that has refused it, and leaves it alone for some seconds.
+    void lookForRefusal() {
+        bool ok = false;
+        for (const ListedNetwork& network : listedNetworks(m_host.iface(), ok)) {
+            if (isSameSsid(network.ssid, m_ssid))
+                m_attempt.sawAvoidance(network.isAvoided);
+        }
+    }
+
     Context& m_context;
-    const std::string m_iface;
+    Host& m_host;
     const std::string m_ssid;
     const Clock::time_point m_start;
     ConnectionAttempt m_attempt;
@@ -120,7 +105,7 @@ void connectNetwork(Context& context) {
     const std::string ssid = host.network();
     if (connectToNetwork(nullptr, host.iface().c_str(), ssid.c_str()) == 0)
         refuse("connect to " + shownSsid(ssid));
-    Watch attempt(context, host.iface(), ssid);
+    Watch attempt(context, host, ssid);
     watch(context, attempt, ssid);
     if (!attempt.attempt().isComplete())
         giveUp(attempt, ssid);
@@ -135,7 +120,7 @@ void disconnectNetwork(Context& context) {
     Host host(context);
     host.settings();
     const bool isNamed = !context.request.ssid.empty();
-    const std::string ssid = isNamed ? host.network() : currentNetwork(host.iface());
+    const std::string ssid = isNamed ? host.network() : host.currentNetwork();
     if (ssid.empty())
         throw Failure(
             "there is no connection to end; platwifi status tells what the supplicant does");

@@ -107,7 +107,7 @@ void addNetwork(Context& context) {
     Edits edits(context);
     completeSecurity(edits);
     Host host(context);
-    if (host.isKnown())
+    if (host.known())
         throw Failure(shownSsid(ssid) + " is configured already; change it with: platwifi set");
     context.interrupt.check();
     {

@@ -5,7 +5,6 @@
 #include "display/Table.h"
 #include "display/Text.h"
 #include "host/Host.h"
-#include "host/Lines.h"
 #include "host/Ssid.h"
 #include "host/States.h"
 #include "jni/ServiceFunctions.h"
@@ -27,9 +26,7 @@ HostStatus statusOf(Host& host) {
     status.networks = host.networks().size();
     status.iface = host.iface();
     status.state = static_cast<unsigned int>(getDaemonStatus(nullptr, status.iface.c_str()));
-    char* ssid = nullptr;
-    getCurrentNetwork(nullptr, status.iface.c_str(), &ssid);
-    status.network = taken(ssid);
+    status.network = host.currentNetwork();
     return status;
 }
 

@@ -6,9 +6,11 @@
 #include "CommandTable.h"
 #include "Failure.h"
 #include "completion/FileNames.h"
+#include "display/Text.h"
 #include "edits/Properties.h"
 #include "edits/PropertyRules.h"
-#include "host/ListedNames.h"
+#include "host/Listing.h"
+#include "host/Ssid.h"
 #include "process/Interrupt.h"
 
 #include <algorithm>
@@ -122,14 +124,30 @@ Candidates assignments(const std::string& word) {
     return {};
 }
 
-// One that would be taken for an option is left out.
+// What the library takes for a network without a name cannot be asked for by this one.
+bool isName(const std::string& ssid) {
+    return !ssid.empty() && ssid != "any" && ssid.find(':') == std::string::npos;
+}
+
+// As it is, where a terminal can show it and nothing in it looks like an escape.
+std::string typed(const std::string& notation) {
+    const std::string bytes = bytesOfSsid(notation);
+    return printable(bytes) == bytes && bytesOfSsid(bytes) == bytes ? bytes : notation;
+}
+
+// Those of the first adapter. One that would be taken for an option is left out.
 Candidates networks(bool hasOptions) {
-    auto ssids = listedSsids();
-    ssids.erase(std::remove_if(
-                    ssids.begin(), ssids.end(),
-                    [&](const std::string& ssid) { return hasOptions && beginsWith(ssid, "-"); }),
-                ssids.end());
-    return whole(ssids);
+    Candidates candidates;
+    const auto adapters = listedAdapters();
+    if (adapters.empty())
+        return candidates;
+    bool ok = false;
+    for (const ListedNetwork& network : listedNetworks(adapters.front(), ok)) {
+        const std::string ssid = typed(network.ssid);
+        if (isName(network.ssid) && !(hasOptions && beginsWith(ssid, "-")))
+            candidates.push_back({ssid});
+    }
+    return candidates;
 }
 
 Candidates operandsOf(const Command& command, const Before& before, const std::string& word) {

@@ -5,7 +5,9 @@
 #include "display/LoadProgress.h"
 #include "display/Text.h"
 #include "host/Lines.h"
+#include "host/Listing.h"
 #include "host/Ssid.h"
+#include "jni/ServiceFunctions.h"
 #include "process/OtherProcesses.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/WifiUtil.h"
@@ -15,7 +17,6 @@
 namespace cli {
 namespace {
 
-constexpr unsigned char MOST_ADAPTERS = 16;
 constexpr unsigned char MOST_NETWORKS = 32; // that the library loads
 constexpr std::size_t LONGEST_NAME = 13;
 constexpr const char* NO_INTERFACE =
@@ -50,13 +51,9 @@ WifiUtil& Host::util() {
 const std::vector<std::string>& Host::adapters() {
     if (!m_adapters.empty())
         return m_adapters;
-    bool ok = false;
-    m_adapters =
-        linesOf(MOST_ADAPTERS, ok, [](char** out, unsigned char max, unsigned char* count) {
-            return util().getWifiAdapters(out, max, count);
-        });
+    m_adapters = listedAdapters();
     m_context.interrupt.check();
-    if (!ok || m_adapters.empty())
+    if (m_adapters.empty())
         tellObstacle(m_context.request.iface, NO_INTERFACE);
     return m_adapters;
 }
@@ -85,19 +82,16 @@ void Host::load() {
         throw Failure("the networks are those of " + adapters().front() +
                       ", the first interface that the supplicant lists; leave out -i");
     bool ok = false;
-    const auto listed =
-        linesOf(MOST_NETWORKS, ok, [this](char** out, unsigned char max, unsigned char* count) {
-            return util().getNetworkDatabaseSsids(m_iface.c_str(), out, max, count);
-        });
+    const std::size_t listed = listedNetworks(m_iface, ok).size();
     if (!ok)
         tellObstacle(m_iface, "the supplicant does not answer for " + m_iface +
                                   "; platwifi doctor tells more");
     {
-        const LoadProgress progress(m_context.err, listed.size());
+        const LoadProgress progress(m_context.err, std::min<std::size_t>(listed, MOST_NETWORKS));
         m_settings = WifiHostSettings::getInstance(nullptr);
     }
     m_context.interrupt.check();
-    if (!m_settings || (!listed.empty() && networks().empty()))
+    if (!m_settings || (listed > 0 && networks().empty()))
         tellObstacle(m_iface, "the networks could not be loaded; platwifi doctor tells more");
 }
 
@@ -109,20 +103,25 @@ std::vector<std::string> Host::networks() {
     });
 }
 
-bool Host::isKnown() {
-    const auto known = networks();
-    return std::any_of(known.begin(), known.end(), [this](const std::string& ssid) {
-        return isSameSsid(ssid, m_context.request.ssid);
-    });
-}
-
-std::string Host::network() {
+std::optional<std::string> Host::known() {
     for (const std::string& ssid : networks()) {
         if (isSameSsid(ssid, m_context.request.ssid))
             return ssid;
     }
+    return std::nullopt;
+}
+
+std::string Host::network() {
+    if (const auto ssid = known())
+        return *ssid;
     throw Failure("there is no network " + shownSsid(m_context.request.ssid) +
                   "; platwifi networks lists what there is");
+}
+
+std::string Host::currentNetwork() {
+    char* ssid = nullptr;
+    getCurrentNetwork(nullptr, iface().c_str(), &ssid);
+    return taken(ssid);
 }
 
 } // namespace cli

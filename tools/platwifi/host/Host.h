@@ -2,6 +2,7 @@
 
 #include "Context.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -41,8 +42,11 @@ public:
     /// What the library calls the network that the user has named. @throws Failure for an unknown one
     std::string network();
 
-    /// Whether it knows the network that the user has named.
-    bool isKnown();
+    /// The same, or nothing.
+    std::optional<std::string> known();
+
+    /// The network that the interface is on now; "" for none.
+    std::string currentNetwork();
 
 private:
     void load();

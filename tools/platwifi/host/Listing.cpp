@@ -1,8 +1,7 @@
-#include "host/ListedNames.h"
+#include "host/Listing.h"
 
-#include "display/Text.h"
+#include "host/Host.h"
 #include "host/Lines.h"
-#include "host/Ssid.h"
 #include "supplicant/WifiUtil.h"
 
 #include <algorithm>
@@ -31,46 +30,29 @@ std::vector<std::string> joined(const std::vector<std::string>& pieces) {
     return lines;
 }
 
-// What the library takes for a network without a name cannot be asked for by this one.
-bool isName(const std::string& ssid) {
-    return !ssid.empty() && ssid != "any" && ssid.find(':') == std::string::npos;
-}
-
-std::string typed(const std::string& notation) {
-    const std::string bytes = bytesOfSsid(notation);
-    return printable(bytes) == bytes && bytesOfSsid(bytes) == bytes ? bytes : notation;
-}
-
 } // namespace
 
 std::vector<std::string> listedAdapters() {
-    WifiUtil* const util = WifiUtil::getInstance();
-    bool ok = util != nullptr;
-    if (!ok)
-        return {};
-    return linesOf(MOST_ADAPTERS, ok, [util](char** out, unsigned char max, unsigned char* count) {
-        return util->getWifiAdapters(out, max, count);
+    bool ok = false;
+    return linesOf(MOST_ADAPTERS, ok, [](char** out, unsigned char max, unsigned char* count) {
+        return Host::util().getWifiAdapters(out, max, count);
     });
 }
 
-std::vector<std::string> listedSsids() {
-    const auto adapters = listedAdapters();
-    if (adapters.empty())
-        return {};
-    bool ok = false;
+std::vector<ListedNetwork> listedNetworks(const std::string& iface, bool& ok) {
     const auto pieces =
         linesOf(MOST_LINES, ok, [&](char** out, unsigned char max, unsigned char* count) {
-            return WifiUtil::getInstance()->getNetworkDatabaseSsids(adapters.front().c_str(), out,
-                                                                    max, count);
+            return Host::util().getNetworkDatabaseSsids(iface.c_str(), out, max, count);
         });
-    std::vector<std::string> ssids;
+    std::vector<ListedNetwork> networks;
     for (const std::string& line : joined(pieces)) {
         const std::size_t start = line.find('\t') + 1;
+        if (start == 0)
+            continue;
         const std::string ssid = line.substr(start, line.find('\t', start) - start);
-        if (start > 0 && isName(ssid))
-            ssids.push_back(typed(ssid));
+        networks.push_back({ssid, line.find("[TEMP-DISABLED]") != std::string::npos});
     }
-    return ssids;
+    return networks;
 }
 
 } // namespace cli
