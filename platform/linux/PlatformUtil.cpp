@@ -65,6 +65,19 @@ int initSharedMutex(PlatformMutex& mutex, int type, int robustness) noexcept {
     return result;
 }
 
+// The reading of the monotonic clock in so many milliseconds.
+timespec monotonicTimeIn(int milliseconds) noexcept {
+    timespec time{};
+    clock_gettime(CLOCK_MONOTONIC, &time);
+    time.tv_sec += milliseconds / 1000;
+    time.tv_nsec += (milliseconds % 1000) * 1000000L;
+    if (time.tv_nsec >= 1000000000L) {
+        time.tv_sec += 1;
+        time.tv_nsec -= 1000000000L;
+    }
+    return time;
+}
+
 bool heldByCaller(const PlatformMutex& mutex) noexcept {
     return mutex.__data.__owner == PlatformUtil::threadId();
 }
@@ -96,6 +109,13 @@ int PlatformUtil::makeMutexConsistent(PlatformMutex* mutex) noexcept {
 
 int PlatformUtil::lockMutex(PlatformMutex* mutex) noexcept {
     return mutex ? pthread_mutex_lock(mutex) : EINVAL;
+}
+
+int PlatformUtil::lockMutexFor(PlatformMutex* mutex, int milliseconds) noexcept {
+    if (!mutex)
+        return EINVAL;
+    const timespec deadline = monotonicTimeIn(milliseconds);
+    return pthread_mutex_clocklock(mutex, CLOCK_MONOTONIC, &deadline);
 }
 
 int PlatformUtil::tryLockMutex(PlatformMutex* mutex) noexcept {
@@ -144,14 +164,7 @@ int PlatformUtil::threadId() noexcept {
 void PlatformUtil::sleep(int milliseconds) noexcept {
     if (milliseconds <= 0)
         return;
-    timespec deadline{};
-    clock_gettime(CLOCK_MONOTONIC, &deadline);
-    deadline.tv_sec += milliseconds / 1000;
-    deadline.tv_nsec += (milliseconds % 1000) * 1000000L;
-    if (deadline.tv_nsec >= 1000000000L) {
-        deadline.tv_sec += 1;
-        deadline.tv_nsec -= 1000000000L;
-    }
+    const timespec deadline = monotonicTimeIn(milliseconds);
     while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &deadline, nullptr) == EINTR) {
     }
 }

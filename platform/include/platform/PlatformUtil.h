@@ -34,6 +34,10 @@ public:
     /// pthread_mutex_lock() says (EOWNERDEAD included).
     static int lockMutex(PlatformMutex* mutex) noexcept;
 
+    /// Waits for the mutex like lockMutex(), at most for the given time on the monotonic clock.
+    /// @return what lockMutex() returns, or ETIMEDOUT: the mutex is then not held
+    static int lockMutexFor(PlatformMutex* mutex, int milliseconds) noexcept;
+
     /// Takes the mutex when that needs no waiting; EBUSY otherwise.
     static int tryLockMutex(PlatformMutex* mutex) noexcept;
 

@@ -80,6 +80,32 @@ TEST(PlatformMutex, IsLeftAloneByAReleaseOfAnotherThread) {
     PlatformUtil::destroyMutex(&mutex);
 }
 
+TEST(PlatformMutex, IsWaitedForNoLongerThanAsked) {
+    PlatformMutex mutex;
+    ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
+    EXPECT_EQ(PlatformUtil::lockMutexFor(&mutex, 0), 0);
+    EXPECT_EQ(PlatformUtil::lockMutexFor(&mutex, 0), 0) << "its holder may lock it again";
+    std::thread([&mutex] {
+        EXPECT_EQ(PlatformUtil::lockMutexFor(&mutex, 1), ETIMEDOUT);
+    }).join();
+    PlatformUtil::releaseMutex(&mutex);
+    EXPECT_EQ(PlatformUtil::lockMutexFor(nullptr, 0), EINVAL);
+    PlatformUtil::destroyMutex(&mutex);
+}
+
+TEST(PlatformMutex, IsTakenWithinTheTimeWhenItIsReleased) {
+    PlatformMutex mutex;
+    ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
+    PlatformUtil::lockMutex(&mutex);
+    std::thread waiting([&mutex] {
+        EXPECT_EQ(PlatformUtil::lockMutexFor(&mutex, 100'000), 0);
+        PlatformUtil::unlockMutex(&mutex);
+    });
+    PlatformUtil::unlockMutex(&mutex);
+    waiting.join();
+    PlatformUtil::destroyMutex(&mutex);
+}
+
 class SharedPlatformMutex : public testing::TestWithParam<bool> {
 protected:
     void SetUp() override { ASSERT_EQ(PlatformUtil::createSharedMutex(&mutex, GetParam()), 0); }
