@@ -1,5 +1,7 @@
 #include "platform/PlatformUtil.h"
 
+#include "MonotonicTime.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -65,19 +67,6 @@ int initSharedMutex(PlatformMutex& mutex, int type, int robustness) noexcept {
     return result;
 }
 
-// The reading of the monotonic clock in so many milliseconds.
-timespec monotonicTimeIn(int milliseconds) noexcept {
-    timespec time{};
-    clock_gettime(CLOCK_MONOTONIC, &time);
-    time.tv_sec += milliseconds / 1000;
-    time.tv_nsec += (milliseconds % 1000) * 1000000L;
-    if (time.tv_nsec >= 1000000000L) {
-        time.tv_sec += 1;
-        time.tv_nsec -= 1000000000L;
-    }
-    return time;
-}
-
 bool heldByCaller(const PlatformMutex& mutex) noexcept {
     return mutex.__data.__owner == PlatformUtil::threadId();
 }
@@ -111,11 +100,12 @@ int PlatformUtil::lockMutex(PlatformMutex* mutex) noexcept {
     return mutex ? pthread_mutex_lock(mutex) : EINVAL;
 }
 
-int PlatformUtil::lockMutexFor(PlatformMutex* mutex, int milliseconds) noexcept {
+int PlatformUtil::lockMutexUntil(PlatformMutex* mutex,
+                                 std::chrono::steady_clock::time_point deadline) noexcept {
     if (!mutex)
         return EINVAL;
-    const timespec deadline = monotonicTimeIn(milliseconds);
-    return pthread_mutex_clocklock(mutex, CLOCK_MONOTONIC, &deadline);
+    const timespec time = platform::toTimespec(deadline);
+    return pthread_mutex_clocklock(mutex, CLOCK_MONOTONIC, &time);
 }
 
 int PlatformUtil::tryLockMutex(PlatformMutex* mutex) noexcept {
@@ -164,7 +154,8 @@ int PlatformUtil::threadId() noexcept {
 void PlatformUtil::sleep(int milliseconds) noexcept {
     if (milliseconds <= 0)
         return;
-    const timespec deadline = monotonicTimeIn(milliseconds);
+    const timespec deadline = platform::toTimespec(std::chrono::steady_clock::now() +
+                                                   std::chrono::milliseconds(milliseconds));
     while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &deadline, nullptr) == EINTR) {
     }
 }

@@ -1,5 +1,7 @@
 #include "platform/SharedCondition.h"
 
+#include "MonotonicTime.h"
+
 #include <cerrno>
 #include <climits>
 #include <ctime>
@@ -20,16 +22,6 @@ constexpr long FUTEX = sizeof(time_t) > sizeof(long) ? SYS_futex_time64 : SYS_fu
 #else
 constexpr long FUTEX = SYS_futex;
 #endif
-
-timespec toTimespec(Clock::time_point time) noexcept {
-    using namespace std::chrono;
-    const auto whole = duration_cast<seconds>(time.time_since_epoch());
-    const nanoseconds rest = time.time_since_epoch() - whole;
-    timespec result{};
-    result.tv_sec = static_cast<time_t>(whole.count());
-    result.tv_nsec = static_cast<long>(rest.count());
-    return result;
-}
 
 // Without the private flag, so that it reaches other processes.
 int waitWhile(std::uint32_t* word, std::uint32_t value, const timespec& deadline) noexcept {
@@ -61,7 +53,9 @@ int SharedCondition::wait(PlatformMutex& mutex, Clock::time_point deadline) noex
     if (const int error = PlatformUtil::unlockMutex(&mutex))
         return error;
     const int result = waitWhile(&sequence, seen, toTimespec(deadline));
-    const int error = PlatformUtil::lockMutex(&mutex);
+    const int error = PlatformUtil::lockMutexUntil(&mutex, Clock::now() + RELOCK_LIMIT);
+    if (error == ETIMEDOUT)
+        return EBUSY;
     return error != 0 ? error : result;
 }
 

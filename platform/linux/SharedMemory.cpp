@@ -1,6 +1,7 @@
 #include "platform/SharedMemory.h"
 
 #include "platform/FileDescriptor.h"
+#include "platform/OnceWarning.h"
 #include "platform/PlatformUtil.h"
 
 #include <cerrno>
@@ -10,6 +11,7 @@
 #include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace platform {
@@ -43,10 +45,36 @@ Standing look(const char* name) {
     return found;
 }
 
+bool looksLikeOne(const struct stat& status, std::size_t size) noexcept {
+    return S_ISREG(status.st_mode) && status.st_size == static_cast<off_t>(size);
+}
+
+bool isTrusted(const struct stat& status) noexcept {
+    return status.st_uid == 0 || status.st_uid == geteuid();
+}
+
 bool mayBeOurs(const Standing& found, std::size_t size) noexcept {
-    const auto owner = found.status.st_uid;
-    return found.file.isOpen() && S_ISREG(found.status.st_mode) &&
-           found.status.st_size == static_cast<off_t>(size) && (owner == 0 || owner == geteuid());
+    return found.file.isOpen() && looksLikeOne(found.status, size) && isTrusted(found.status);
+}
+
+// An object of another user is not joined, since that user could cut it short under this process. Its
+// processes do not notice that it has lost its name.
+void warnOfReplacement(const char* name, const struct stat& status, std::size_t size) {
+    static OnceWarning warning;
+    if (looksLikeOne(status, size) && !isTrusted(status))
+        warning.print(
+            std::string("the shared memory object ") + name + " of user " +
+            std::to_string(status.st_uid) +
+            " is replaced; running processes of that user and this one do not notice each "
+            "other's saves; run all of them as one user");
+}
+
+void warnOfFailure(const char* name, int error) {
+    static OnceWarning warning;
+    warning.print(std::string("the shared memory object ") + (name ? name : "") +
+                  " cannot be used (" + std::system_category().message(error) +
+                  "); this process and others do not notice each other's saves; look at it and at "
+                  "the rights of /dev/shm");
 }
 
 // Takes the name away from what was found under it, and from nothing that came later: whoever does
@@ -136,12 +164,12 @@ bool SharedMemory::map(int file, std::size_t size) noexcept {
     return true;
 }
 
-bool SharedMemory::make(int file, std::size_t size, Check setUp) noexcept {
+bool SharedMemory::make(int file, std::size_t size, SetUp setUp) noexcept {
     return ftruncate(file, static_cast<off_t>(size)) == 0 && map(file, size) && setUp(m_data);
 }
 
 // Returns an error number: EEXIST where somebody was faster.
-int SharedMemory::publish(const char* name, std::size_t size, Check setUp) noexcept {
+int SharedMemory::publish(const char* name, std::size_t size, SetUp setUp) noexcept {
     const Unnamed nameless;
     if (make(nameless.file(), size, setUp)) {
         const int error = nameless.giveName(name);
@@ -152,20 +180,36 @@ int SharedMemory::publish(const char* name, std::size_t size, Check setUp) noexc
     return make(temporary.file(), size, setUp) ? temporary.giveName(name) : ENOTSUP;
 }
 
-SharedMemory::Result SharedMemory::attach(const char* name, std::size_t size, Check setUp,
-                                          Check join) noexcept {
+SharedMemory::Result SharedMemory::attach(const char* name, std::size_t size, SetUp setUp,
+                                          Join join) noexcept {
     detach();
     int error = name && *name == '/' ? 0 : EINVAL;
     for (int attempt = 0; attempt < ATTEMPTS && mayPass(error); ++attempt) {
         if (error == EWOULDBLOCK)
             PlatformUtil::sleep(PAUSE_MILLISECONDS);
         const Standing found = look(name);
-        if (mayBeOurs(found, size) && map(found.file.number(), size) && join(m_data))
-            return Result::joined;
-        error = found.exists ? retire(name, found.status) : publish(name, size, setUp);
-        if (!found.exists && error == 0)
-            return Result::created;
+        if (mayBeOurs(found, size) && map(found.file.number(), size)) {
+            const Joining joining = join(m_data);
+            if (joining == Joining::JOINED)
+                return Result::joined;
+            if (joining == Joining::BUSY)
+                return giveUp();
+        }
+        if (!found.exists) {
+            error = publish(name, size, setUp);
+            if (error == 0)
+                return Result::created;
+            continue;
+        }
+        error = retire(name, found.status);
+        if (error == 0)
+            warnOfReplacement(name, found.status, size);
     }
+    warnOfFailure(name, error);
+    return giveUp();
+}
+
+SharedMemory::Result SharedMemory::giveUp() noexcept {
     detach();
     return Result::failed;
 }

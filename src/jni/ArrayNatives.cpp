@@ -40,8 +40,12 @@ bool discover(ErrorHandler* /*errors*/, ReplyLines& found, const char* iface) {
 
 bool listSsids(ErrorHandler* errors, ReplyLines& ssids, const char* iface) {
     WifiHostSettings* const settings = WifiHostSettings::getInstance(errors);
-    return settings &&
-           settings->getNetworkDatabaseSsids(iface, ssids.data(), ssids.capacity(), &ssids.count);
+    if (!settings)
+        return false;
+    if (settings->getNetworkDatabaseSsids(iface, ssids.data(), ssids.capacity(), &ssids.count))
+        return true;
+    settings->unlockNetworks(); // kept, since a network has no SSID; other threads wait for it
+    return false;
 }
 
 bool setWepKeys(JNIEnv* environment, jobjectArray array, const WifiNetwork& network) {

@@ -3,6 +3,7 @@
 #include "settings/WifiHostSettings.h"
 
 #include "model/WifiNetworkList.h"
+#include "platform/Deadline.h"
 #include "platform/MutexGuard.h"
 #include "settings/NullExceptionHandler.h"
 #include "settings/SettingsLock.h"
@@ -15,79 +16,101 @@ using namespace platwifi;
 
 namespace {
 
-// Held while the instance is made, ended or reloaded by the refresh thread. Whoever waits for it holds
-// no lock of the instance; the refresh thread does not wait for it.
-std::mutex& lifecycleMutex() {
-    static std::mutex mutex;
-    return mutex;
-}
+// How long the refresh thread waits for the settings. It must not wait without limit: a thread that
+// unloads holds the gate and waits for the refresh thread to end. Without any wait, a busy program would
+// keep the thread from ever reloading.
+constexpr unsigned int REFRESH_WAIT_SECONDS = 1;
+
+constexpr std::uint64_t REFRESH_PAUSE_MS = 5000; // between two refreshes of the status
 
 } // namespace
 
-std::atomic<WifiHostSettings*> WifiHostSettings::INSTANCE{nullptr};
-
-WifiHostSettings* WifiHostSettings::make(ErrorHandler* errors) {
-    if (errors)
-        return new WifiHostSettings(errors);
-    const std::unique_ptr<ErrorHandler> nobody = std::make_unique<NullExceptionHandler>();
-    return new WifiHostSettings(nobody.get());
-}
-
-void WifiHostSettings::end() noexcept {
-    delete INSTANCE.exchange(nullptr);
+// Never deleted, so that a thread may use it whatever other threads do.
+WifiHostSettings& WifiHostSettings::instance() noexcept {
+    static WifiHostSettings* const settings = new WifiHostSettings(Unloaded{});
+    return *settings;
 }
 
 WifiHostSettings* WifiHostSettings::getInstance(ErrorHandler* errors) noexcept {
-    if (WifiHostSettings* const settings = INSTANCE)
-        return settings;
-    const std::lock_guard<std::mutex> guard(lifecycleMutex());
-    if (!INSTANCE)
-        INSTANCE = make(errors);
-    return INSTANCE;
+    WifiHostSettings& settings = instance();
+    if (!settings.isActive) {
+        const MutexGuard guard(settings.gate);
+        settings.activate(errors);
+    }
+    return &settings;
 }
 
 WifiHostSettings* WifiHostSettings::reload(ErrorHandler* errors) noexcept {
-    const std::lock_guard<std::mutex> guard(lifecycleMutex());
-    end();
-    INSTANCE = make(errors);
-    return INSTANCE;
+    WifiHostSettings& settings = instance();
+    const MutexGuard guard(settings.gate);
+    settings.deactivate();
+    settings.activate(errors);
+    return &settings;
 }
 
 void WifiHostSettings::unload() noexcept {
-    const std::lock_guard<std::mutex> guard(lifecycleMutex());
-    end();
+    WifiHostSettings& settings = instance();
+    const MutexGuard guard(settings.gate);
+    settings.deactivate();
 }
 
-// Nothing is reported: an instance that could not be loaded tells so by having no networks.
-WifiHostSettings::WifiHostSettings(ErrorHandler* /*errors*/)
-    : lastStatusRefresh(Zam::getInstance()->milliseconds()), currentNetwork(nullptr),
-      supplicantState(WPA_STATE_UNKNOWN), numbersAreStale(false) {
-    PlatformUtil::createMutex(&entrance);
-    startWatchdog();
+WifiHostSettings::WifiHostSettings(Unloaded /*tag*/) noexcept
+    : lastStatusRefresh(0), currentNetwork(nullptr), ownList(std::make_unique<WifiNetworkList>()),
+      networkList(nullptr), supplicantState(WPA_STATE_UNKNOWN), numbersAreStale(false) {
+    PlatformUtil::createMutex(&gate);
     PlatformUtil::createMutex(&_sync);
-    networkList = std::make_unique<WifiNetworkList>();
-    if (!initializeSettings())
-        giveUp();
 }
 
-// The entrance is enough: nobody gets past it to the other locks. It ends while it is held.
+WifiHostSettings::WifiHostSettings(ErrorHandler* errors) : WifiHostSettings(Unloaded{}) {
+    const MutexGuard guard(gate);
+    activate(errors);
+}
+
+// The gate is enough: without it no thread reaches the other locks. It is destroyed while locked, so that
+// no thread can take it in between.
 WifiHostSettings::~WifiHostSettings() {
-    PlatformUtil::lockMutex(&entrance);
-    giveUp();
+    PlatformUtil::lockMutex(&gate);
+    discardState();
     PlatformUtil::destroyMutex(&_sync);
-    PlatformUtil::destroyMutex(&entrance);
+    PlatformUtil::destroyMutex(&gate);
+}
+
+void WifiHostSettings::activate(ErrorHandler* errors) {
+    if (isActive)
+        return;
+    if (errors) {
+        load(errors);
+    } else {
+        NullExceptionHandler none;
+        load(&none);
+    }
+    isActive = true;
+}
+
+void WifiHostSettings::deactivate() noexcept {
+    isActive = false;
+    discardState();
+}
+
+// Nothing is reported: an instance that could not be loaded has no networks. The time counts from before
+// the load.
+void WifiHostSettings::load(ErrorHandler* /*errors*/) {
+    stampStatusRefresh(Zam::getInstance()->milliseconds());
+    startWatchdog();
+    networkList = ownList.get();
+    if (!initializeSettings())
+        discardState();
 }
 
 void WifiHostSettings::lockNetworks() noexcept {
-    PlatformUtil::lockMutex(&entrance);
-    if (networkList)
-        networkList->lock();
+    PlatformUtil::lockMutex(&gate);
+    activate(nullptr); // another thread may have unloaded since the caller got the instance
+    ownList->lock();
 }
 
 void WifiHostSettings::unlockNetworks() noexcept {
-    if (networkList)
-        networkList->unlock();
-    PlatformUtil::unlockMutex(&entrance);
+    ownList->unlock();
+    PlatformUtil::unlockMutex(&gate);
 }
 
 bool WifiHostSettings::lockSettings() noexcept {
@@ -103,36 +126,30 @@ bool WifiHostSettings::unlockSettings() noexcept {
 }
 
 bool WifiHostSettings::refreshAllSettings() noexcept {
-    const MutexGuard guard(entrance);
-    if (!loadAgain())
-        giveUp();
+    const MutexGuard guard(gate);
+    if (!isActive)
+        activate(nullptr);
+    else if (!loadAgain())
+        discardState();
     return true;
 }
 
 bool WifiHostSettings::loadAgain() {
     const SettingsLock lock(*this);
-    if (networkList)
-        networkList->removeAllFromList();
+    ownList->removeAllFromList();
     releaseAdapterNames();
     forgetState();
     return initializeSettings();
 }
 
-bool WifiHostSettings::tryRefresh() noexcept {
-    if (PlatformUtil::tryLockMutex(&entrance) != 0)
-        return false;
-    refreshAllSettings();
-    PlatformUtil::unlockMutex(&entrance);
-    return true;
-}
-
 bool platwifi::refreshSettings() noexcept {
-    const std::unique_lock<std::mutex> lifecycle(lifecycleMutex(), std::try_to_lock);
-    if (!lifecycle)
+    WifiHostSettings& settings = WifiHostSettings::instance();
+    const auto deadline = platform::deadlineAfter(REFRESH_WAIT_SECONDS);
+    if (PlatformUtil::lockMutexUntil(&settings.gate, deadline) != 0)
         return false;
-    if (!WifiHostSettings::INSTANCE)
-        WifiHostSettings::INSTANCE = WifiHostSettings::make(nullptr);
-    return WifiHostSettings::INSTANCE.load()->tryRefresh();
+    settings.refreshAllSettings();
+    PlatformUtil::unlockMutex(&settings.gate);
+    return true;
 }
 
 void WifiHostSettings::startWatchdog() {
@@ -157,17 +174,27 @@ void WifiHostSettings::releaseAdapterNames() noexcept {
 void WifiHostSettings::forgetState() noexcept {
     supplicantState = WPA_STATE_UNKNOWN;
     currentNetwork = nullptr;
-    lastStatusRefresh = 0;
+    stampStatusRefresh(0);
     numbersAreStale = false;
     knownSsids.clear();
 }
 
-// What is left is an instance without networks, adapters and refresh thread. The caller holds the
-// entrance and none of the locks behind it, which the refresh thread may still be holding: stopping
-// it waits for that.
-void WifiHostSettings::giveUp() noexcept {
+bool WifiHostSettings::statusRefreshIsDue(std::uint64_t now) const noexcept {
+    const std::lock_guard<std::mutex> guard(refreshTimeMutex);
+    return now - lastStatusRefresh >= REFRESH_PAUSE_MS;
+}
+
+void WifiHostSettings::stampStatusRefresh(std::uint64_t time) noexcept {
+    const std::lock_guard<std::mutex> guard(refreshTimeMutex);
+    lastStatusRefresh = time;
+}
+
+// What is left is an instance without networks, adapters and refresh thread. The refresh thread takes the
+// gate before any other lock of the settings, so it holds none that this thread would need to wait for.
+void WifiHostSettings::discardState() noexcept {
     stopWatchdog();
-    networkList.reset();
+    ownList->removeAllFromList();
+    networkList = nullptr;
     releaseAdapterNames();
     forgetState();
 }

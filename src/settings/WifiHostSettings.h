@@ -26,27 +26,33 @@ bool refreshSettings() noexcept;
 /// The Wi-Fi state of the host: the adapters that the supplicant serves, the networks it is
 /// configured with, the one it is on, and its state, loaded from the supplicant and held in memory.
 ///
-/// There is one instance in a process. It is made and loaded by the first call that asks for it, which
-/// runs some 28 client commands a network, and it reloads itself when another process has saved. An
-/// instance that could not be loaded has no networks and stays so until reload().
+/// There is one instance in a process. It stays at its address until the process ends; unload() empties
+/// it. It is loaded by the first call that needs it, which runs some 28 client commands a network, and
+/// it reloads itself when another process has saved. An instance that could not be loaded has no
+/// networks and stays so until reload().
 ///
-/// Any thread may call. Operations take the lock they need; who looks at networks takes
-/// lockSettings() around that, from the lookup to the last use. Adapter names and SSIDs are
-/// NUL-terminated texts and stay the caller's; SSIDs are compared byte for byte. Failure is told by
-/// the result alone; nothing is thrown, and where memory has run out the process ends.
+/// Any thread may call anything at any time, unload() and reload() included. Operations take the lock
+/// they need; a caller that looks at networks holds lockSettings() from the lookup to the last use.
+/// Adapter names and SSIDs are NUL-terminated texts and stay the caller's; SSIDs are compared byte for
+/// byte. The result alone reports a failure; nothing is thrown, and where memory has run out the process
+/// ends.
 class PLATWIFI_API WifiHostSettings {
 public:
-    /// The one instance, made and loaded by the first call; other threads that come meanwhile wait
-    /// for that.
-    /// @param errors  for the time of the construction; may be null
+    /// The one instance, loaded by the first call and by the first one after unload(); other threads
+    /// that call meanwhile wait for that.
+    /// @param errors  for the time of the load; may be null
     static WifiHostSettings* getInstance(ErrorHandler* errors) noexcept;
 
-    /// Ends the instance, if there is one, and makes a new one: the way back after a failure. As
-    /// with unload(), no other thread may use the old one any more.
+    /// Empties the instance as unload() does, and loads it: the way back after a failure.
+    /// @param errors  for the time of the load; may be null
     static WifiHostSettings* reload(ErrorHandler* errors) noexcept;
 
-    /// Ends the instance, if there is one. A reload in progress on the refresh thread is waited for.
-    /// No other thread may use the instance any more, nor may the caller hold lockSettings().
+    /// Ends the refresh thread, leaves the memory that processes share, and frees all networks and
+    /// names; pointers to them are dangling afterwards. The next call that needs the settings loads
+    /// them again. Nothing where they are not loaded.
+    ///
+    /// Waits for the operations of other threads, and for a reload in progress on the refresh thread.
+    /// The calling thread may hold lockSettings(), and keeps it then.
     static void unload() noexcept;
 
     /// Starts the refresh thread and loads everything. For getInstance().
@@ -58,8 +64,8 @@ public:
     WifiHostSettings(const WifiHostSettings&) = delete;
     WifiHostSettings& operator=(const WifiHostSettings&) = delete;
 
-    /// Takes the lock of the networks and of the state, as often as the thread likes. An instance
-    /// without networks is locked all the same.
+    /// Takes the lock of the networks and of the state, as often as the thread likes, and loads the
+    /// settings where they are unloaded. An instance without networks is locked all the same.
     /// @return true
     bool lockSettings() noexcept;
 
@@ -84,8 +90,9 @@ public:
     /// @return a WpaState; WPA_STATE_UNKNOWN when the supplicant did not answer
     unsigned int getCurrentStatus(const char* iface) noexcept;
 
-    /// Brings the status of all networks, and how they were last received, up to date. Does nothing
-    /// within 5000 ms of the last time, whether or not that succeeded, and of a first load.
+    /// Brings the status of all networks, and how they were last received, up to date. Within 5000 ms
+    /// of the last time, whether or not that succeeded, and of a first load it returns at once: it
+    /// does nothing and waits for no lock.
     /// @return false when the networks could not be listed
     bool refreshDatabaseNetworksStatus() noexcept;
 
@@ -120,12 +127,17 @@ public:
     // Copies for the caller, who frees each entry with delete[]. `*count` tells how many there are.
 
     /// The SSIDs of the networks, the last one added first, `capacity` at most.
-    /// @return true; false when a network without SSID was met, after which the calling thread still
-    ///         holds the lock of the networks
+    /// @return true; false for a null `out` or `count`, and when a network without SSID was met, after
+    ///         which the calling thread still holds the lock of the networks: unlockNetworks() gives
+    ///         it back
     bool getNetworkDatabaseSsids(const char* iface, char** out, unsigned char capacity,
                                  unsigned char* count) noexcept;
 
-    /// The names of the adapters, two at most, whatever `capacity` says. Does not wait for a reload.
+    /// Gives back the lock that a getNetworkDatabaseSsids() of the calling thread has kept.
+    void unlockNetworks() noexcept;
+
+    /// The names of the adapters, two at most, whatever `capacity` says. Waits for no lock while the
+    /// settings are loaded; a reload in progress has no names.
     /// @return true
     bool getWifiAdapters(char** out, unsigned char capacity, unsigned char* count) const noexcept;
 
@@ -154,20 +166,26 @@ public:
 private:
     friend bool platwifi::refreshSettings() noexcept;
 
-    static WifiHostSettings* make(ErrorHandler* errors);
-    static void end() noexcept;
-    bool tryRefresh() noexcept;
+    struct Unloaded {};
+    explicit WifiHostSettings(Unloaded) noexcept;
+    static WifiHostSettings& instance() noexcept;
+
+    // Between unloaded and loaded. The caller holds the gate.
+    void activate(ErrorHandler* errors);
+    void deactivate() noexcept;
+    void load(ErrorHandler* errors);
     bool loadAgain();
 
     // The lock of the networks alone, the first half of lockSettings().
     void lockNetworks() noexcept;
-    void unlockNetworks() noexcept;
 
     void startWatchdog();
     void stopWatchdog() noexcept;
     void releaseAdapterNames() noexcept;
     void forgetState() noexcept;
-    void giveUp() noexcept;
+    void discardState() noexcept;
+    bool statusRefreshIsDue(std::uint64_t now) const noexcept;
+    void stampStatusRefresh(std::uint64_t time) noexcept;
 
     // Loading. False when the supplicant did not answer; what was loaded until then stays. The caller
     // holds lockSettings(), or is the constructor.
@@ -209,18 +227,21 @@ private:
     /// Whether the number of this one can be used.
     bool confirmNumber(WifiUtil& util, const WifiNetwork& network);
 
-    static std::atomic<WifiHostSettings*> INSTANCE;
+    /// Taken before the other locks, and for loading and unloading. A thread that holds it may use
+    /// everything below: no other thread loads, unloads or reloads meanwhile.
+    PlatformMutex gate;
 
-    /// Taken before the lock of the list by whoever wants it, so that nobody waits for the lock of a
-    /// list that is being destroyed.
-    PlatformMutex entrance;
+    /// From the end of a load, failed or not, to the next unload. Changed under the gate.
+    std::atomic<bool> isActive{false};
 
     PlatformMutex _sync;                                ///< guards currentNetwork, supplicantState
     mutable std::mutex adapterNamesMutex;               ///< guards the pointer below for readers
     std::unique_ptr<platwifi::ReplyLines> adapterNames; ///< null when not loaded
-    std::uint64_t lastStatusRefresh;                    ///< reading of the runtime's clock
-    WifiNetwork* currentNetwork;                        ///< of the list, or null
-    std::unique_ptr<WifiNetworkList> networkList;
+    mutable std::mutex refreshTimeMutex; ///< guards the next; nothing else is done under it
+    std::uint64_t lastStatusRefresh;     ///< reading of the runtime's clock
+    WifiNetwork* currentNetwork;         ///< of the list, or null
+    const std::unique_ptr<WifiNetworkList> ownList; ///< kept, with its lock, also when not loaded
+    WifiNetworkList* networkList;                   ///< that one, or null when not loaded
     WpaState supplicantState;
     std::unique_ptr<WifiHostSettingsWatchdog> watchdog; ///< null after a failure
 

@@ -131,6 +131,8 @@ bool WifiHostSettings::getWifiAdapters(char** out, unsigned char /*capacity*/,
     if (!out || !count)
         return false;
     *count = 0;
+    if (!isActive) // another thread may have unloaded since the caller got the instance
+        getInstance(nullptr);
     const std::lock_guard<std::mutex> guard(adapterNamesMutex);
     while (adapterNames && *count < adapterNames->count && *count < ADAPTER_LINES) {
         out[*count] = copyOf(adapterNames->data()[*count]);

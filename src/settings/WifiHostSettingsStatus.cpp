@@ -25,7 +25,6 @@ using namespace platwifi;
 
 namespace {
 
-constexpr std::uint64_t REFRESH_PAUSE_MS = 5000;
 constexpr const char* CURRENT_SSID = "ssid="; // at the beginning: there is "bssid=", too
 
 const char* currentSsidIn(const ReplyLines& status) {
@@ -39,13 +38,16 @@ const char* currentSsidIn(const ReplyLines& status) {
 
 } // namespace
 
-// The time is noted first, so that a failure is not tried again at once.
+// Looked at again under the lock, since another thread may have refreshed meanwhile. The time is noted
+// first, so that a failure is not tried again at once.
 bool WifiHostSettings::refreshDatabaseNetworksStatus() noexcept {
+    if (!statusRefreshIsDue(Zam::getInstance()->milliseconds()))
+        return true;
     const SettingsLock lock(*this);
     const std::uint64_t now = Zam::getInstance()->milliseconds();
-    if (now - lastStatusRefresh < REFRESH_PAUSE_MS)
+    if (!statusRefreshIsDue(now))
         return true;
-    lastStatusRefresh = now;
+    stampStatusRefresh(now);
     WifiUtil* const util = WifiUtil::getInstance();
     ReplyLines lines(NETWORK_LINES);
     if (!util || !adapterNames ||

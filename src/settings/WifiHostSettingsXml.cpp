@@ -60,7 +60,7 @@ bool WifiHostSettings::getWifiHostSettingsXML(BufferedXWriter* out, ErrorHandler
     const unsigned int state = adapter ? getCurrentStatus(adapter) : supplicantState;
     AttributeWriter writer(*out, errors);
     writeHost(writer, {adapter, isEnabled, state, currentNetwork}); // which the state may change
-    writeDatabase(writer, networkList.get(), full);
+    writeDatabase(writer, networkList, full);
     writer.raw("</wifiHostSettings>\n");
     return true;
 }

@@ -3,6 +3,7 @@
 #include "Export.h"
 #include "platform/PlatformUtil.h"
 
+#include <atomic>
 #include <cstdint>
 
 /// Drives the supplicant: the only part of the library that talks to it.
@@ -21,13 +22,14 @@
 /// longer line arrives in pieces), made with new[] and freed by the caller with delete[].
 class PLATWIFI_API WifiUtil {
 public:
-    /// The one instance. The first call makes it and finds out, by one client command, whether the
-    /// client stamps its replies with the time of day; threads that come meanwhile wait for that.
-    /// Null only where memory has run out.
+    /// The one instance, which stays at its address until the process ends. The first call, and the
+    /// first one after unload(), finds out by one client command whether the client stamps its replies
+    /// with the time of day; other threads that call meanwhile wait for that. Null only where memory
+    /// has run out.
     static WifiUtil* getInstance();
 
-    /// Ends the instance, if there is one, after the command in progress. The next getInstance()
-    /// makes a new one. No other thread may use the old one any more.
+    /// Waits for the command in progress and makes the next getInstance() ask the client again. Any
+    /// thread may call it at any time: other threads may go on using the instance.
     static void unload();
 
     WifiUtil();
@@ -133,6 +135,7 @@ public:
 private:
     static WifiUtil* INSTANCE;
 
-    std::int32_t timestampedOutput; ///< 1 when the client stamps its replies, else 0
-    PlatformMutex launchMutex;      ///< held from opening a result file until the child is reaped
+    std::atomic<std::int32_t> timestampedOutput; ///< 1 when the client stamps its replies, else 0
+    bool isProbed = false;                       ///< whether that was found out since unload()
+    PlatformMutex launchMutex; ///< held from opening a result file until the child is reaped
 };

@@ -24,16 +24,18 @@ constexpr const char* SUPPLICANT = "wpa_supplicant";
 constexpr const char* SUPPLICANT_PID_FILE = "/var/run/wpa_supplicant.pid";
 constexpr int PROCESS_LINE_SIZE = 512;
 
-// Makes two threads that come first at the same time get one instance, probed once.
+// Guards the instance and whether it is probed: threads that call at the same time get one, probed once.
 std::mutex& instanceMutex() {
     static std::mutex mutex;
     return mutex;
 }
 
-// Whether the first adapter that the client lists comes behind a time of day.
-bool answersWithTimestamps(WifiUtil& util) {
+// Whether the first adapter that the client lists comes behind a time of day. Asked by a driver that
+// expects none: the one that other threads use may still expect them from an earlier probe.
+bool answersWithTimestamps() {
+    WifiUtil probe;
     ReplyLines adapters(1);
-    if (!util.getWifiAdapters(adapters.data(), adapters.capacity(), &adapters.count) ||
+    if (!probe.getWifiAdapters(adapters.data(), adapters.capacity(), &adapters.count) ||
         adapters.count == 0)
         return false;
     int number = 0;
@@ -61,18 +63,22 @@ WifiUtil* WifiUtil::INSTANCE = nullptr;
 
 WifiUtil* WifiUtil::getInstance() {
     const std::lock_guard<std::mutex> guard(instanceMutex());
-    if (!INSTANCE) {
-        INSTANCE = new (std::nothrow) WifiUtil;
-        if (INSTANCE)
-            INSTANCE->timestampedOutput = answersWithTimestamps(*INSTANCE) ? 1 : 0;
+    if (!INSTANCE)
+        INSTANCE = new (std::nothrow) WifiUtil; // never deleted: other threads may be using it
+    if (INSTANCE && !INSTANCE->isProbed) {
+        const MutexGuard alone(INSTANCE->launchMutex); // children run one at a time
+        INSTANCE->timestampedOutput = answersWithTimestamps() ? 1 : 0;
+        INSTANCE->isProbed = true;
     }
     return INSTANCE;
 }
 
 void WifiUtil::unload() {
     const std::lock_guard<std::mutex> guard(instanceMutex());
-    delete INSTANCE;
-    INSTANCE = nullptr;
+    if (!INSTANCE)
+        return;
+    const MutexGuard idle(INSTANCE->launchMutex);
+    INSTANCE->isProbed = false;
 }
 
 WifiUtil::WifiUtil() : timestampedOutput(0) {

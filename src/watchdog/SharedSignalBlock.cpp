@@ -1,5 +1,7 @@
 #include "watchdog/SharedSignalBlock.h"
 
+#include "platform/OnceWarning.h"
+
 #include <cerrno>
 #include <cstddef>
 #include <type_traits>
@@ -7,7 +9,25 @@
 static_assert(std::is_standard_layout_v<SharedSignalBlock>);
 static_assert(sizeof(platform::SharedCondition) <= sizeof(pthread_cond_t));
 
+using Joining = platform::SharedMemory::Joining;
+
 namespace {
+
+constexpr std::chrono::seconds LOCK_LIMIT(1);
+
+// The holder of a shared lock needs it for microseconds, but its process may be stopped meanwhile, or its
+// memory damaged. A caller must not wait with it.
+int lockInTime(PlatformMutex& mutex) noexcept {
+    static platform::OnceWarning warning;
+    const int error =
+        PlatformUtil::lockMutexUntil(&mutex, std::chrono::steady_clock::now() + LOCK_LIMIT);
+    if (error == ETIMEDOUT)
+        warning.print(
+            "a lock in the shared memory object /wifi_shmem has been held for more than a "
+            "second; until it is free, this process and others do not notice each other's "
+            "saves; continue or end the process that is stopped");
+    return error;
+}
 
 // One that cannot be mended is not held any more, by anybody.
 int usable(PlatformMutex& mutex) noexcept {
@@ -31,15 +51,17 @@ bool SharedSignalBlock::setUp(void* memory) noexcept {
     return true;
 }
 
-bool SharedSignalBlock::join(void* memory) noexcept {
+Joining SharedSignalBlock::join(void* memory) noexcept {
     auto* const block = static_cast<SharedSignalBlock*>(memory);
-    if (!block->refreshCondition.isSetUp() || block->lock() != 0)
-        return false;
+    if (!block->refreshCondition.isSetUp())
+        return Joining::REFUSED;
+    if (const int error = block->lock())
+        return error == ETIMEDOUT ? Joining::BUSY : Joining::REFUSED;
     const bool inUse = block->attachCount != 0;
     if (inUse)
         ++block->attachCount;
     block->unlock();
-    return inUse;
+    return inUse ? Joining::JOINED : Joining::REFUSED;
 }
 
 void SharedSignalBlock::addUser() noexcept {
@@ -71,7 +93,7 @@ void SharedSignalBlock::end() noexcept {
 }
 
 int SharedSignalBlock::lock() noexcept {
-    return mended(PlatformUtil::lockMutex(&blockMutex));
+    return mended(lockInTime(blockMutex));
 }
 
 int SharedSignalBlock::unlock() noexcept {
@@ -79,20 +101,21 @@ int SharedSignalBlock::unlock() noexcept {
 }
 
 int SharedSignalBlock::lockSignal() noexcept {
-    return signalMended(PlatformUtil::lockMutex(&signalMutex));
+    return signalMended(lockInTime(signalMutex));
 }
 
 int SharedSignalBlock::unlockSignal() noexcept {
     return PlatformUtil::unlockMutex(&signalMutex);
 }
 
-void SharedSignalBlock::raise(std::uint32_t sender) noexcept {
-    if (lock() != 0)
-        return;
+int SharedSignalBlock::raise(std::uint32_t sender) noexcept {
+    if (const int error = lock())
+        return error;
     refreshPending = 1;
     refreshSender = sender;
     unlock();
     refreshCondition.broadcast();
+    return 0;
 }
 
 int SharedSignalBlock::wait(std::chrono::steady_clock::time_point deadline) noexcept {

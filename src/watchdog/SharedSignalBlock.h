@@ -2,6 +2,7 @@
 
 #include "platform/PlatformUtil.h"
 #include "platform/SharedCondition.h"
+#include "platform/SharedMemory.h"
 
 #include <chrono>
 #include <cstdint>
@@ -13,7 +14,9 @@
 /// Two locks, always in this order: the signal mutex, held around raising and taking the signal, then
 /// the block mutex, which guards the three numbers. Both outlive a process that dies holding them: the
 /// next one to lock them raises a signal without a sender first, because the dead one may have been
-/// raising or taking one, and a reload too many does no harm.
+/// raising or taking one, and a reload too many does no harm. A holder that does not release them,
+/// because its process is stopped, is waited for for a second: then ETIMEDOUT, and the first time in a
+/// process a line on standard error.
 ///
 /// An operation that locks gives 0, or an error number when the lock is not held.
 struct SharedSignalBlock {
@@ -32,9 +35,9 @@ struct SharedSignalBlock {
     /// Makes zeroed memory, which nobody else sees, a block with one user. For SharedMemory.
     static bool setUp(void* memory) noexcept;
 
-    /// Becomes one more user of what may be a block. False when it is none, or has been left by its
-    /// last user. For SharedMemory.
-    static bool join(void* memory) noexcept;
+    /// Becomes one more user of what may be a block. REFUSED when it is none, or has been left by its
+    /// last user; BUSY when its lock cannot be had. For SharedMemory.
+    static platform::SharedMemory::Joining join(void* memory) noexcept;
 
     /// Becomes one more user of a block that is in use.
     void addUser() noexcept;
@@ -52,11 +55,12 @@ struct SharedSignalBlock {
     int lockSignal() noexcept;
     int unlockSignal() noexcept;
 
-    /// Raises the signal and wakes everyone. The caller holds the signal mutex.
-    void raise(std::uint32_t sender) noexcept;
+    /// Raises the signal and wakes every waiting thread. The caller holds the signal mutex.
+    /// @return 0, or the error number of lock(): nothing was raised
+    int raise(std::uint32_t sender) noexcept;
 
     /// Waits for raise(). The caller holds the signal mutex, and holds it again afterwards, unless an
-    /// error number is returned. A deadline that passes is none.
+    /// error number is returned. A deadline that passes is no error.
     int wait(std::chrono::steady_clock::time_point deadline) noexcept;
 
     /// Takes the signal, when there is one that somebody else has raised. The caller holds the signal

@@ -73,10 +73,17 @@ void WifiHostSettingsWatchdog::sendStopRefreshThreadSignal() noexcept {
 }
 
 void WifiHostSettingsWatchdog::sendRefreshSettingsSignal() noexcept {
-    if (!block || block->lockSignal() != 0)
-        return;
-    block->raise(ownId());
+    notifyPeers();
+}
+
+bool WifiHostSettingsWatchdog::notifyPeers() noexcept {
+    if (!block)
+        return true;
+    if (block->lockSignal() != 0)
+        return false;
+    const bool raised = block->raise(ownId()) == 0;
     block->unlockSignal();
+    return raised;
 }
 
 int WifiHostSettingsWatchdog::checkForStopSignal(unsigned int seconds) noexcept {
@@ -96,15 +103,17 @@ int WifiHostSettingsWatchdog::checkForRefreshSignal(unsigned int seconds) noexce
     return seen ? -1 : 0;
 }
 
-// A reload that is not possible right now is owed until it is.
+// A reload, or a signal to other processes, that is not possible right now is owed until it is.
 void WifiHostSettingsWatchdog::run() noexcept {
     bool isDestroyed = false;
+    bool notifyOwed = false;
     bool refreshOwed = false;
     beginRun(&isDestroyed);
     while (checkForStopSignal(1) == 0) {
-        if (checkForSaveSignal(1) != 0)
-            sendRefreshSettingsSignal();
-        else if (checkForRefreshSignal(1) != 0 || refreshOwed)
+        const bool hasSaved = checkForSaveSignal(1) != 0;
+        if (hasSaved || notifyOwed)
+            notifyOwed = !notifyPeers();
+        if (!hasSaved && (checkForRefreshSignal(1) != 0 || refreshOwed))
             refreshOwed = !refreshSettings();
         if (isDestroyed)
             return;

@@ -17,8 +17,11 @@ struct SharedSignalBlock;
 ///
 /// Order of use: construct, initialize(), start(), any signals, stop(), destroy. Construction,
 /// initialize(), start() and destruction belong to one thread at a time; signals may be sent by any
-/// thread in between. Nothing is reported and nothing is thrown: where the block cannot be had, the
-/// thread runs without it, and neither tells other processes nor hears of them.
+/// thread in between. Nothing is thrown: where the block cannot be had, the thread runs without it, and
+/// this process and others do not notice each other's saves; one line on standard error says so.
+///
+/// The locks of the block are waited for for a second at most. What could not be done without them is
+/// tried again in the thread's next round.
 ///
 /// The thread may destroy its own watchdog from within platwifi::refreshSettings(), when start() has
 /// returned.
@@ -99,6 +102,9 @@ public:
 
 private:
     static constexpr int NO_THREAD = -1;
+
+    /// sendRefreshSettingsSignal(). False when another process holds a lock of the block for too long.
+    bool notifyPeers() noexcept;
 
     void beginRun(bool* destroyedFlag) noexcept;
     void endRun() noexcept;

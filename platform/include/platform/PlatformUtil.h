@@ -2,6 +2,7 @@
 
 #include "platform/Export.h"
 
+#include <chrono>
 #include <pthread.h>
 
 /// The mutex of the platform. It stays the plain POSIX type, so that one can also live in memory
@@ -34,9 +35,10 @@ public:
     /// pthread_mutex_lock() says (EOWNERDEAD included).
     static int lockMutex(PlatformMutex* mutex) noexcept;
 
-    /// Waits for the mutex like lockMutex(), at most for the given time on the monotonic clock.
+    /// Waits for the mutex like lockMutex(), at the longest until `deadline` on the monotonic clock.
     /// @return what lockMutex() returns, or ETIMEDOUT: the mutex is then not held
-    static int lockMutexFor(PlatformMutex* mutex, int milliseconds) noexcept;
+    static int lockMutexUntil(PlatformMutex* mutex,
+                              std::chrono::steady_clock::time_point deadline) noexcept;
 
     /// Takes the mutex when that needs no waiting; EBUSY otherwise.
     static int tryLockMutex(PlatformMutex* mutex) noexcept;

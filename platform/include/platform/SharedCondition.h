@@ -16,6 +16,9 @@ namespace platform {
 ///
 /// Nothing throws.
 struct PLATFORM_API SharedCondition {
+    /// How long wait() waits for the mutex: its holder may be a process that is stopped.
+    static constexpr std::chrono::seconds RELOCK_LIMIT{1};
+
     std::uint32_t sequence; ///< changes with every broadcast
     std::uint32_t mark;     ///< tells what setUp() has made from any other memory
 
@@ -32,8 +35,9 @@ struct PLATFORM_API SharedCondition {
     /// the mutex again. May end early without either.
     /// @param mutex     held by the calling thread, once
     /// @param deadline  on the monotonic clock
-    /// @return 0; ETIMEDOUT; or, where the mutex could not simply be locked again, what lockMutex()
-    ///         says of it: the caller holds the mutex after EOWNERDEAD, and does not after any other
+    /// @return 0; ETIMEDOUT; or, where the mutex could not simply be locked again, EBUSY after
+    ///         RELOCK_LIMIT or what lockMutex() says of it: the caller holds the mutex after
+    ///         EOWNERDEAD, and does not after any other
     int wait(PlatformMutex& mutex, std::chrono::steady_clock::time_point deadline) noexcept;
 
     /// Wakes everyone who waits, in every process. Whoever is to see a change of the data behind it

@@ -80,16 +80,32 @@ TEST(PlatformMutex, IsLeftAloneByAReleaseOfAnotherThread) {
     PlatformUtil::destroyMutex(&mutex);
 }
 
+std::chrono::steady_clock::time_point now() {
+    return std::chrono::steady_clock::now();
+}
+
+TEST(PlatformMutex, IsNotWaitedForUntilATimeBeforeTheClocksStart) {
+    PlatformMutex mutex;
+    ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
+    PlatformUtil::lockMutex(&mutex);
+    std::thread([&mutex] {
+        const std::chrono::steady_clock::time_point never(std::chrono::hours(-1));
+        EXPECT_EQ(PlatformUtil::lockMutexUntil(&mutex, never), ETIMEDOUT);
+    }).join();
+    PlatformUtil::destroyMutex(&mutex);
+}
+
 TEST(PlatformMutex, IsWaitedForNoLongerThanAsked) {
     PlatformMutex mutex;
     ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
-    EXPECT_EQ(PlatformUtil::lockMutexFor(&mutex, 0), 0);
-    EXPECT_EQ(PlatformUtil::lockMutexFor(&mutex, 0), 0) << "its holder may lock it again";
+    EXPECT_EQ(PlatformUtil::lockMutexUntil(&mutex, now()), 0);
+    EXPECT_EQ(PlatformUtil::lockMutexUntil(&mutex, now()), 0) << "its holder may lock it again";
     std::thread([&mutex] {
-        EXPECT_EQ(PlatformUtil::lockMutexFor(&mutex, 1), ETIMEDOUT);
+        EXPECT_EQ(PlatformUtil::lockMutexUntil(&mutex, now() + std::chrono::milliseconds(1)),
+                  ETIMEDOUT);
     }).join();
     PlatformUtil::releaseMutex(&mutex);
-    EXPECT_EQ(PlatformUtil::lockMutexFor(nullptr, 0), EINVAL);
+    EXPECT_EQ(PlatformUtil::lockMutexUntil(nullptr, now()), EINVAL);
     PlatformUtil::destroyMutex(&mutex);
 }
 
@@ -98,7 +114,7 @@ TEST(PlatformMutex, IsTakenWithinTheTimeWhenItIsReleased) {
     ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
     PlatformUtil::lockMutex(&mutex);
     std::thread waiting([&mutex] {
-        EXPECT_EQ(PlatformUtil::lockMutexFor(&mutex, 100'000), 0);
+        EXPECT_EQ(PlatformUtil::lockMutexUntil(&mutex, now() + std::chrono::hours(1)), 0);
         PlatformUtil::unlockMutex(&mutex);
     });
     PlatformUtil::unlockMutex(&mutex);

@@ -35,8 +35,9 @@ bool setUp(void* memory) {
     return PlatformUtil::createSharedMutex(&shared->mutex, false) == 0;
 }
 
-bool join(void* memory) {
-    return static_cast<Shared*>(memory)->condition.isSetUp();
+SharedMemory::Joining join(void* memory) {
+    return static_cast<Shared*>(memory)->condition.isSetUp() ? SharedMemory::Joining::JOINED
+                                                             : SharedMemory::Joining::REFUSED;
 }
 
 /// The same memory at two addresses, as two processes see it.

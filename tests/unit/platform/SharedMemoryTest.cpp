@@ -18,6 +18,7 @@ namespace {
 
 using platform::FileDescriptor;
 using platform::SharedMemory;
+using Joining = SharedMemory::Joining;
 using Result = SharedMemory::Result;
 
 constexpr const char* NAME = "/shared_memory_test";
@@ -36,8 +37,12 @@ bool fill(void* memory) {
     return wasZero;
 }
 
-bool isFilled(void* memory) {
+bool isFilled(const void* memory) {
     return *static_cast<const char*>(memory) == FILLED;
+}
+
+Joining joinFilled(void* memory) {
+    return isFilled(memory) ? Joining::JOINED : Joining::REFUSED;
 }
 
 bool never(void*) {
@@ -45,7 +50,7 @@ bool never(void*) {
 }
 
 Result attach(SharedMemory& memory) {
-    return memory.attach(NAME, SIZE, fill, isFilled);
+    return memory.attach(NAME, SIZE, fill, joinFilled);
 }
 
 void put(const std::string& bytes) {
@@ -133,7 +138,7 @@ TEST_F(SharedMemoryOfAName, IsReplacedWhenItsSizeDiffers) {
 
 TEST_F(SharedMemoryOfAName, NeverShowsWhatCouldNotBeSetUp) {
     SharedMemory memory;
-    EXPECT_EQ(memory.attach(NAME, SIZE, never, isFilled), Result::failed);
+    EXPECT_EQ(memory.attach(NAME, SIZE, never, joinFilled), Result::failed);
     EXPECT_EQ(memory.data(), nullptr);
     EXPECT_TRUE(names().empty());
 }
@@ -146,10 +151,20 @@ TEST_F(SharedMemoryOfAName, FailsWhenTheNameCannotBeHad) {
     EXPECT_TRUE(std::filesystem::remove(PATH)) << "it was left alone";
 }
 
+TEST_F(SharedMemoryOfAName, KeepsTheNameOfAnObjectThatIsBusy) {
+    put(std::string(SIZE, FILLED));
+    SharedMemory memory;
+    const auto busy = [](void*) { return Joining::BUSY; };
+    EXPECT_EQ(memory.attach(NAME, SIZE, fill, busy), Result::failed);
+    EXPECT_EQ(memory.data(), nullptr);
+    EXPECT_EQ(names(), std::vector<std::string>{NAME});
+    EXPECT_EQ(attach(memory), Result::joined) << "once it is free";
+}
+
 TEST_F(SharedMemoryOfAName, FailsForNoName) {
     SharedMemory memory;
-    EXPECT_EQ(memory.attach(nullptr, SIZE, fill, isFilled), Result::failed);
-    EXPECT_EQ(memory.attach("", SIZE, fill, isFilled), Result::failed);
+    EXPECT_EQ(memory.attach(nullptr, SIZE, fill, joinFilled), Result::failed);
+    EXPECT_EQ(memory.attach("", SIZE, fill, joinFilled), Result::failed);
     EXPECT_TRUE(names().empty());
     SharedMemory::unlink(nullptr);
 }
@@ -161,10 +176,10 @@ TEST_F(SharedMemoryOfAName, IsJoinedWhenSomebodyElseWasFasterToReplaceIt) {
     SharedMemory memory;
     const auto join = [](void* found) {
         if (isFilled(found))
-            return true;
+            return Joining::JOINED;
         SharedMemory::unlink(NAME);
         EXPECT_EQ(attach(faster), Result::created);
-        return false;
+        return Joining::REFUSED;
     };
     EXPECT_EQ(memory.attach(NAME, SIZE, fill, join), Result::joined);
     faster.detach();
@@ -177,7 +192,7 @@ TEST_F(SharedMemoryOfAName, IsJoinedWhenSomebodyElseWasFasterToMakeIt) {
         EXPECT_EQ(attach(faster), Result::created);
         return fill(own);
     };
-    EXPECT_EQ(memory.attach(NAME, SIZE, setUp, isFilled), Result::joined);
+    EXPECT_EQ(memory.attach(NAME, SIZE, setUp, joinFilled), Result::joined);
     EXPECT_EQ(names(), std::vector<std::string>{NAME});
     faster.detach();
 }

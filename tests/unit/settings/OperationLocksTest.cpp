@@ -126,7 +126,7 @@ TEST_F(OtherLocks, AreLeftHeldByTheSsidsWhenANetworkHasNone) {
     ReplyLines again(32);
     EXPECT_TRUE(settings.getNetworkDatabaseSsids("wlan0", again.data(), 1, &again.count))
         << "its holder still gets in";
-    locks.unlockNetworks();
+    settings.unlockNetworks();
     EXPECT_TRUE(isFree(locks.all[0]) && isFree(locks.all[1])) << "held once";
 }
 

@@ -5,11 +5,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
+#include <cerrno>
 #include <iterator>
 #include <pthread.h>
 #include <thread>
 
 namespace {
+
+std::atomic<int> timeouts{0};
 
 // Of one thread only, and only while it wants them.
 thread_local test::LockEvents* recorder = nullptr;
@@ -24,6 +28,18 @@ void note(bool isLock, PlatformMutex* mutex) {
 int PlatformUtil::lockMutex(PlatformMutex* mutex) noexcept {
     const int result = pthread_mutex_lock(mutex);
     note(true, mutex);
+    return result;
+}
+
+int PlatformUtil::lockMutexUntil(PlatformMutex* mutex,
+                                 std::chrono::steady_clock::time_point deadline) noexcept {
+    const auto time = deadline.time_since_epoch();
+    const auto whole = std::chrono::duration_cast<std::chrono::seconds>(time);
+    const timespec until{static_cast<time_t>(whole.count()),
+                         static_cast<long>(std::chrono::nanoseconds(time - whole).count())};
+    const int result = pthread_mutex_clocklock(mutex, CLOCK_MONOTONIC, &until);
+    if (result == ETIMEDOUT)
+        ++timeouts;
     return result;
 }
 
@@ -42,6 +58,12 @@ LockEvents eventsOf(const std::function<void()>& work) {
     return events;
 }
 
+void awaitLockTimeout() {
+    const int before = timeouts;
+    while (timeouts == before)
+        std::this_thread::yield();
+}
+
 SettingsMutexes::SettingsMutexes(WifiHostSettings& settings) {
     const LockEvents events = eventsOf([&] { settings.lockSettings(); });
     settings.unlockSettings();
@@ -57,11 +79,6 @@ LockEvents SettingsMutexes::among(const LockEvents& events) const {
                      return std::find(all.begin(), all.end(), event.mutex) != all.end();
                  });
     return found;
-}
-
-void SettingsMutexes::unlockNetworks() const {
-    PlatformUtil::unlockMutex(all[1]);
-    PlatformUtil::unlockMutex(all[0]);
 }
 
 bool isFree(PlatformMutex* mutex) {

@@ -34,11 +34,11 @@ struct SettingsMutexes {
     /// What was asked of these mutexes, without that of any other.
     LockEvents among(const LockEvents& events) const;
 
-    /// Gives back one lock of the networks alone, for which the settings offer no way.
-    void unlockNetworks() const;
-
     std::array<PlatformMutex*, 3> all{}; ///< entrance, list, settings
 };
+
+/// Returns when a thread has waited for a lock until its deadline, from now on.
+void awaitLockTimeout();
 
 /// Whether another thread could take it.
 bool isFree(PlatformMutex* mutex);

@@ -30,7 +30,7 @@ struct SupplicantState {
 template struct Exposed<SupplicantState, &WifiHostSettings::supplicantState>;
 
 struct Networks {
-    using Member = std::unique_ptr<WifiNetworkList> WifiHostSettings::*;
+    using Member = WifiNetworkList* WifiHostSettings::*;
     friend Member memberOf(Networks);
 };
 template struct Exposed<Networks, &WifiHostSettings::networkList>;
@@ -51,7 +51,7 @@ inline WpaState supplicantStateOf(const WifiHostSettings& settings) {
 
 /// Null after a failure.
 inline const WifiNetworkList* networksOf(const WifiHostSettings& settings) {
-    return (settings.*memberOf(Networks{})).get();
+    return settings.*memberOf(Networks{});
 }
 
 /// Null when they are not loaded.

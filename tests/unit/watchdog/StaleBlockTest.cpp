@@ -150,6 +150,16 @@ TEST_F(Start, DoesNotTrustTheBlockOfAnotherUser) {
     put(finishedBlock());
     if (chown(BLOCK_PATH, 65534, 65534) != 0)
         GTEST_SKIP() << "only root can give a file away";
+    const auto start = [] {
+        for (int time = 0; time < 2; ++time) {
+            WifiHostSettingsWatchdog watchdog;
+            watchdog.initialize();
+        }
+        std::exit(0);
+    };
+    EXPECT_EXIT(start(), testing::ExitedWithCode(0),
+                "^platwifi: the shared memory object /wifi_shmem of user 65534 is replaced;"
+                "[^\n]*\n$");
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     EXPECT_TRUE(watchdog.isCreator());
@@ -174,6 +184,13 @@ TEST_F(Start, DoesWithoutABlockThatItMayNeitherWriteNorRemove) {
         const OrdinaryUser user;
         if (!user)
             GTEST_SKIP() << "only root can become another user";
+        const auto start = [] {
+            WifiHostSettingsWatchdog watchdog;
+            watchdog.initialize();
+            std::exit(0);
+        };
+        EXPECT_EXIT(start(), testing::ExitedWithCode(0),
+                    "^platwifi: the shared memory object /wifi_shmem cannot be used [^\n]*\n$");
         WifiHostSettingsWatchdog watchdog;
         EXPECT_TRUE(watchdog.initialize());
         EXPECT_FALSE(watchdog.isCreator());

@@ -51,6 +51,7 @@ const std::map<std::string, Command> COMMANDS{
     {"lock", tells([](Watchdog& w, unsigned int) { return w.wifiShmemLock(); })},
     {"unlock", tells([](Watchdog& w, unsigned int) { return w.wifiShmemUnlock(); })},
     {"lock-signal", tells([](Watchdog&, unsigned int) { return seenBlock().lockSignal(); })},
+    {"unlock-signal", tells([](Watchdog&, unsigned int) { return seenBlock().unlockSignal(); })},
     {"destroy", does([](Watchdog& w) { w.wifiShmemDestroy(); })},
     {"id", tells([](Watchdog&, unsigned int) { return PlatformUtil::threadId(); })},
     {"reloads", tells([](Watchdog&, unsigned int) { return test::Door::calls(); })},

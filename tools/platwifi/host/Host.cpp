@@ -99,7 +99,10 @@ std::vector<std::string> Host::networks() {
     WifiHostSettings& all = settings();
     bool ok = false;
     return linesOf(MOST_NETWORKS, ok, [&](char** out, unsigned char max, unsigned char* count) {
-        return all.getNetworkDatabaseSsids(m_iface.c_str(), out, max, count);
+        const bool listed = all.getNetworkDatabaseSsids(m_iface.c_str(), out, max, count);
+        if (!listed)
+            all.unlockNetworks(); // kept, since a network has no SSID; the refresh thread waits for it
+        return listed;
     });
 }
 

@@ -1,0 +1,138 @@
+// A lock of the block is not released: its holder is stopped, or the memory names a holder that does not
+// exist.
+
+#include "Peer.h"
+#include "RefreshThread.h"
+#include "support/ShortLocks.h"
+
+#include <cstring>
+#include <gmock/gmock.h>
+
+namespace {
+
+using test::BlockView;
+using test::Door;
+using test::Peer;
+using test::RefreshThread;
+using test::ShortLocks;
+
+using namespace std::chrono_literals;
+
+class HeldLock : public RefreshThread {
+protected:
+    void SetUp() override {
+        RefreshThread::SetUp();
+        ShortLocks::reset();
+        EXPECT_EQ(holder.ask("initialize"), "1");
+    }
+
+    void expectWaitsOfASecond() const {
+        EXPECT_GT(ShortLocks::timeouts(), 0);
+        EXPECT_GT(ShortLocks::longest(), 900ms);
+        EXPECT_LE(ShortLocks::longest(), 1s);
+    }
+
+    Peer holder; // does nothing more, like a process that is stopped
+};
+
+TEST_F(HeldLock, OfTheBlockKeepsAProcessFromJoiningButNotFromStarting) {
+    holder.ask("lock");
+    WifiHostSettingsWatchdog late;
+    EXPECT_TRUE(late.initialize());
+    expectWaitsOfASecond();
+    EXPECT_FALSE(late.isCreator());
+    EXPECT_EQ(late.wifiShmemLock(), EINVAL) << "it has no block";
+    EXPECT_TRUE(test::blockHasName()) << "the others go on sharing it";
+    late.start();
+    late.sendSaveSettingsSignal();
+    late.stop();
+    holder.ask("unlock");
+    EXPECT_EQ(BlockView().numbers(), "0 none 2");
+}
+
+TEST_F(HeldLock, OfTheSignalKeepsNoProcessFromJoining) {
+    holder.ask("lock-signal");
+    WifiHostSettingsWatchdog late;
+    EXPECT_TRUE(late.initialize());
+    EXPECT_EQ(late.wifiShmemLock(), 0);
+    EXPECT_EQ(late.wifiShmemUnlock(), 0);
+    EXPECT_EQ(late.checkForRefreshSignal(0), 0);
+    expectWaitsOfASecond();
+    holder.ask("unlock-signal");
+}
+
+TEST_F(HeldLock, OfTheBlockIsWaitedForInVain) {
+    holder.ask("lock");
+    watchdog->sendRefreshSettingsSignal();
+    EXPECT_EQ(watchdog->checkForRefreshSignal(0), 0);
+    EXPECT_EQ(watchdog->wifiShmemLock(), ETIMEDOUT);
+    expectWaitsOfASecond();
+    holder.ask("unlock");
+    EXPECT_FALSE(BlockView().isPending()) << "nothing was raised without the lock";
+}
+
+TEST_F(HeldLock, OfTheSignalIsWaitedForInVain) {
+    holder.ask("lock-signal");
+    watchdog->sendRefreshSettingsSignal();
+    EXPECT_EQ(watchdog->checkForRefreshSignal(0), 0);
+    expectWaitsOfASecond();
+    EXPECT_FALSE(BlockView().isPending());
+    holder.ask("unlock-signal");
+}
+
+TEST_F(HeldLock, DoesNotKeepAProcessFromLeaving) {
+    holder.ask("lock");
+    watchdog->start();
+    watchdog->stop();
+    watchdog->wifiShmemDestroy();
+    EXPECT_EQ(watchdog->wifiShmemLock(), EINVAL);
+    EXPECT_FALSE(test::blockHasName());
+}
+
+TEST_F(HeldLock, KeepsASaveForTheOthersUntilItIsFree) {
+    Peer other;
+    other.ask("initialize");
+    for (const char* lock : {"lock", "lock-signal"}) {
+        SCOPED_TRACE(lock);
+        holder.ask(lock);
+        watchdog->start();
+        watchdog->sendSaveSettingsSignal();
+        ShortLocks::reset();
+        ShortLocks::awaitTimeouts(3); // of raising the signal, and of looking for one
+        holder.ask(lock == std::string("lock") ? "unlock" : "unlock-signal");
+        EXPECT_EQ(other.ask("wait", 100), "waiting");
+        EXPECT_EQ(other.answer(), "-1");
+        watchdog->stop();
+    }
+}
+
+TEST_F(HeldLock, OfAHolderThatDoesNotExistIsNotWaitedForEither) {
+    const BlockView block;
+    constexpr int NOBODYS_ID = 0x3ffffff0; // larger than any thread's
+    std::memcpy(static_cast<void*>(&block->blockMutex), &NOBODYS_ID, sizeof(NOBODYS_ID));
+    WifiHostSettingsWatchdog late;
+    EXPECT_TRUE(late.initialize());
+    expectWaitsOfASecond();
+    watchdog->sendRefreshSettingsSignal();
+    watchdog->wifiShmemDestroy();
+    constexpr int FREE = 0;
+    std::memcpy(static_cast<void*>(&block->blockMutex), &FREE, sizeof(FREE));
+}
+
+// By another process, since this one may have reported it before.
+TEST_F(HeldLock, IsReportedOnce) {
+    testing::internal::CaptureStderr();
+    {
+        Peer reporter;
+        EXPECT_EQ(reporter.ask("initialize"), "1");
+        holder.ask("lock");
+        reporter.ask("refresh");
+        reporter.ask("refresh");
+    }
+    EXPECT_THAT(
+        testing::internal::GetCapturedStderr(),
+        testing::MatchesRegex("platwifi: a lock in the shared memory object /wifi_shmem has "
+                              "been held for more than a second;[^\n]*\n"));
+}
+
+} // namespace
