@@ -115,7 +115,7 @@ PLATWIFI_API int getWifiHostSettingsXML(BufferedXWriter* out, ErrorHandler* erro
                                         bool full) noexcept;
 
 /// Ends the settings, if there are any; what was not saved is lost. The next function that needs
-/// them loads them again. No other thread may be in a function of the settings.
+/// them loads them again. Other threads may go on calling; it waits for what they are in.
 /// @return 1; `errors` is not used
 PLATWIFI_API int stopWifiService(ErrorHandler* errors) noexcept;
 }
