@@ -1,5 +1,6 @@
 #include "platform/PlatformUtil.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -65,10 +66,12 @@ int initSharedMutex(PlatformMutex& mutex, int type, int robustness) noexcept {
     return result;
 }
 
-// The reading of the monotonic clock in so many milliseconds.
+// The reading of the monotonic clock in so many milliseconds; now for a negative number, which would
+// make a time that the system refuses.
 timespec monotonicTimeIn(int milliseconds) noexcept {
     timespec time{};
     clock_gettime(CLOCK_MONOTONIC, &time);
+    milliseconds = std::max(milliseconds, 0);
     time.tv_sec += milliseconds / 1000;
     time.tv_nsec += (milliseconds % 1000) * 1000000L;
     if (time.tv_nsec >= 1000000000L) {

@@ -1,5 +1,6 @@
 #include "platform/SharedCondition.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <ctime>
@@ -21,10 +22,13 @@ constexpr long FUTEX = sizeof(time_t) > sizeof(long) ? SYS_futex_time64 : SYS_fu
 constexpr long FUTEX = SYS_futex;
 #endif
 
+// The kernel refuses a time before the start of the clock, such as an hour ago on a host that was
+// started since.
 timespec toTimespec(Clock::time_point time) noexcept {
     using namespace std::chrono;
-    const auto whole = duration_cast<seconds>(time.time_since_epoch());
-    const nanoseconds rest = time.time_since_epoch() - whole;
+    const nanoseconds sinceStart = std::max(time, Clock::time_point()).time_since_epoch();
+    const auto whole = duration_cast<seconds>(sinceStart);
+    const nanoseconds rest = sinceStart - whole;
     timespec result{};
     result.tv_sec = static_cast<time_t>(whole.count());
     result.tv_nsec = static_cast<long>(rest.count());

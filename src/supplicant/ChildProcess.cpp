@@ -86,7 +86,7 @@ bool waitWithPatience(int child, const char* command) {
             continue;
         }
         killImpatiently(child, command);
-        PlatformUtil::sleep(AFTER_KILL_MS);
+        untilNextLook.pause(AFTER_KILL_MS);
     }
 }
 

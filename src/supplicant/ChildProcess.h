@@ -27,7 +27,8 @@ int startChild(const char* path, const ArgumentVector& arguments,
                const platform::FileDescriptor& output);
 
 /// Waits for the child and reaps it. One that is still there at the 100th look, 50 ms apart, is
-/// killed with a message on standard error that names `command`, and killed again every 2000 ms.
+/// killed with a message on standard error that names `command`, and killed again every 2000 ms. The
+/// pause between two looks, after a kill too, ends early when the child does.
 /// @return true when it exited with status 0
 bool waitWithPatience(int child, const char* command);
 

@@ -87,6 +87,7 @@ TEST(PlatformMutex, IsWaitedForNoLongerThanAsked) {
     EXPECT_EQ(PlatformUtil::lockMutexFor(&mutex, 0), 0) << "its holder may lock it again";
     std::thread([&mutex] {
         EXPECT_EQ(PlatformUtil::lockMutexFor(&mutex, 1), ETIMEDOUT);
+        EXPECT_EQ(PlatformUtil::lockMutexFor(&mutex, -999), ETIMEDOUT);
     }).join();
     PlatformUtil::releaseMutex(&mutex);
     EXPECT_EQ(PlatformUtil::lockMutexFor(nullptr, 0), EINVAL);
