@@ -1,6 +1,8 @@
 #include "platform/SharedMemory.h"
 
+#include "FileSizeLimit.h"
 #include "platform/FileDescriptor.h"
+#include "platform/OnceWarning.h"
 #include "platform/PlatformUtil.h"
 
 #include <cerrno>
@@ -122,6 +124,18 @@ bool reserve(int file, std::size_t size) noexcept {
     return true;
 }
 
+bool fitsLimit(std::size_t size) {
+    static OnceWarning warning;
+    if (mayGrowTo(size))
+        return true;
+    warning.print(
+        "no shared memory: its " + std::to_string(size) +
+        " bytes are more than this process's limit on the size of a file; other processes "
+        "do not notice what this one saves, nor this one what they save; raise the limit "
+        "(ulimit -f, RLIMIT_FSIZE)");
+    return false;
+}
+
 } // namespace
 
 bool SharedMemory::map(int file, std::size_t size) noexcept {
@@ -137,7 +151,8 @@ bool SharedMemory::map(int file, std::size_t size) noexcept {
 }
 
 bool SharedMemory::make(int file, std::size_t size, Check setUp) noexcept {
-    return ftruncate(file, static_cast<off_t>(size)) == 0 && map(file, size) && setUp(m_data);
+    return fitsLimit(size) && ftruncate(file, static_cast<off_t>(size)) == 0 && map(file, size) &&
+           setUp(m_data);
 }
 
 // Returns an error number: EEXIST where somebody was faster.

@@ -1,13 +1,16 @@
 #include "platform/Spawn.h"
 
 #include "platform/BootProgram.h"
+#include "platform/OnceWarning.h"
 
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <spawn.h>
 #include <string>
+#include <system_error>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -59,11 +62,35 @@ private:
     posix_spawnattr_t m_attributes;
 };
 
+// Whether the program, and neither its arguments nor the system's resources, is the cause.
+bool isOfProgram(int error) {
+    return error == ENOENT || error == ENOTDIR || error == ELOOP || error == EACCES ||
+           error == ENOEXEC;
+}
+
+std::string joined(const std::vector<std::string>& words) {
+    std::string text;
+    for (const std::string& word : words)
+        text += (text.empty() ? "" : ", ") + word;
+    return text;
+}
+
+// All that a caller of the library learns of a missing program is that each call fails.
+void warnOfProgram(const std::string& path, int error) {
+    static platform::OnceWarning warning;
+    if (platform::isBootProgram(path) && isOfProgram(error))
+        warning.print("cannot start " + path.substr(path.rfind('/') + 1) + ": " +
+                      std::generic_category().message(error) + "; looked for " +
+                      joined(platform::programPlaces(path)) +
+                      "; install the boot directory (wpa_cli, pidin) with the libraries, or set "
+                      "PLATFORM_BOOT_DIR to its path");
+}
+
 bool isOpen(int descriptor) {
     return fcntl(descriptor, F_GETFD) != -1;
 }
 
-int spawn(const std::string& program, const char* const arguments[], int output) {
+int spawn(const std::string& path, const char* const arguments[], int output) {
     FileActions actions;
     // Mapped onto itself, a descriptor loses its close-on-exec mark and reaches the child. Where the
     // caller has no standard input, the output may have got its number.
@@ -76,10 +103,12 @@ int spawn(const std::string& program, const char* const arguments[], int output)
         errno = actions.error();
         return -1;
     }
+    const std::string program = platform::locateProgram(path);
     pid_t child = -1;
     const int error = posix_spawn(&child, program.c_str(), actions.get(), CleanSignals().get(),
                                   const_cast<char* const*>(arguments), environ);
     if (error != 0) {
+        warnOfProgram(path, error);
         errno = error;
         return -1;
     }
@@ -94,7 +123,7 @@ int Spawn::start(const char* path, const char* const arguments[], int output) no
         return -1;
     }
     try {
-        return spawn(platform::locateProgram(path), arguments, output);
+        return spawn(path, arguments, output);
     } catch (const std::exception&) {
         errno = ENOMEM;
         return -1;
