@@ -5,6 +5,8 @@
 #include "platform/MutexGuard.h"
 #include "supplicant/Arguments.h"
 #include "supplicant/ChildProcess.h"
+#include "supplicant/ClientCommand.h"
+#include "supplicant/LeftoverFiles.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/ResultFile.h"
 
@@ -19,7 +21,6 @@ using namespace platwifi;
 namespace {
 
 constexpr const char* PROCESS_LISTER = "/proc/boot/pidin";
-constexpr const char* PROCESS_TABLE_PREFIX = "/tmp/process_table_result_";
 constexpr const char* SUPPLICANT = "wpa_supplicant";
 constexpr const char* SUPPLICANT_PID_FILE = "/var/run/wpa_supplicant.pid";
 constexpr int PROCESS_LINE_SIZE = 512;
@@ -62,6 +63,7 @@ WifiUtil* WifiUtil::INSTANCE = nullptr;
 WifiUtil* WifiUtil::getInstance() {
     const std::lock_guard<std::mutex> guard(instanceMutex());
     if (!INSTANCE) {
+        removeLeftoverFilesOnce();
         INSTANCE = new (std::nothrow) WifiUtil;
         if (INSTANCE)
             INSTANCE->timestampedOutput = answersWithTimestamps(*INSTANCE) ? 1 : 0;
@@ -122,7 +124,7 @@ bool WifiUtil::isWifiEnabled(const char* iface) {
     if (!iface)
         return pidFileExists();
     const InterfaceOption interface(iface);
-    ResultFile result(PROCESS_TABLE_PREFIX);
+    ResultFile result(command::PROCESS_TABLE_PREFIX);
     // The one child whose interface option says nothing to it.
     return interface.isValid() &&
            launchProcess(PROCESS_LISTER, "arg", interface.text(), nullptr, nullptr, nullptr,
