@@ -102,9 +102,9 @@ bool WifiUtil::launchProcess(const char* path, const char* command, const char* 
     platform::FileDescriptor output = createResultFile(resultFile);
     if (!output.isOpen())
         return false;
-    const int child = startChild(path, arguments, output);
+    platform::SpawnedChild child = startChild(path, arguments, output);
     output.close();
-    return child != -1 && waitWithPatience(child, command);
+    return child.isStarted() && waitWithPatience(child, command);
 }
 
 bool WifiUtil::ignoreTimestamp(char* line) {
