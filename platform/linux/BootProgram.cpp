@@ -1,5 +1,6 @@
 #include "platform/BootProgram.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <dlfcn.h>
 #include <filesystem>
@@ -22,26 +23,37 @@ std::string libraryFolder() {
     return std::filesystem::canonical(library.dli_fname, error).parent_path();
 }
 
-// Looks for the program itself: beside an installed library "../boot" may be a folder of the system.
-std::string besideLibrary(const std::string& name) {
-    const std::string folder = libraryFolder();
-    if (folder.empty())
-        return BOOT_IMAGE + name;
-    const std::string built = folder + "/../boot/" + name;
-    return access(built.c_str(), F_OK) == 0 ? built : folder + "/" INSTALLED_BOOT_DIR "/" + name;
+std::string inFolder(const std::string& folder, const std::string& name) {
+    return std::filesystem::path(folder + "/" + name).lexically_normal();
+}
+
+bool exists(const std::string& path) {
+    return access(path.c_str(), F_OK) == 0;
 }
 
 } // namespace
 
-std::string locateProgram(const std::string& path) {
-    if (path.compare(0, BOOT_IMAGE_LENGTH, BOOT_IMAGE) != 0)
-        return path;
+bool isBootProgram(const std::string& path) {
+    return path.compare(0, BOOT_IMAGE_LENGTH, BOOT_IMAGE) == 0;
+}
+
+std::vector<std::string> programPlaces(const std::string& path) {
+    if (!isBootProgram(path))
+        return {path};
     const std::string name = path.substr(BOOT_IMAGE_LENGTH);
     if (const char* directory = secure_getenv("PLATFORM_BOOT_DIR"))
-        return std::string(directory) + "/" + name;
-    if (access(path.c_str(), F_OK) == 0)
-        return path;
-    return besideLibrary(name);
+        return {std::string(directory) + "/" + name};
+    const std::string folder = libraryFolder();
+    if (folder.empty())
+        return {path};
+    return {path, inFolder(folder + "/../boot", name),
+            inFolder(folder + "/" INSTALLED_BOOT_DIR, name)};
+}
+
+// Looks for the program itself: beside an installed library "../boot" may be a folder of the system.
+std::string locateProgram(const std::string& path) {
+    const std::vector<std::string> places = programPlaces(path);
+    return *std::find_if(places.begin(), places.end() - 1, exists);
 }
 
 } // namespace platform

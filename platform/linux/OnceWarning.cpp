@@ -1,9 +1,13 @@
 #include "platform/OnceWarning.h"
 
+#include "FileSizeLimit.h"
+
 #include <cstdio>
 
-// One call prints the whole line, so that lines of several threads and processes do not mix.
+// One call prints the whole line, so that lines of several threads and processes do not mix. A line that
+// a log file has no more room for must not end the process.
 void platform::OnceWarning::print(const std::string& text) noexcept {
-    if (!m_printed.exchange(true))
+    constexpr std::size_t FRAME = sizeof("platwifi: \n");
+    if (!m_printed.exchange(true) && mayWrite(STDERR_FILENO, FRAME + text.size()))
         std::fprintf(stderr, "platwifi: %s\n", text.c_str());
 }

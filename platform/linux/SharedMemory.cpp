@@ -1,5 +1,6 @@
 #include "platform/SharedMemory.h"
 
+#include "FileSizeLimit.h"
 #include "platform/FileDescriptor.h"
 #include "platform/OnceWarning.h"
 #include "platform/PlatformUtil.h"
@@ -73,8 +74,8 @@ void warnOfFailure(const char* name, int error) {
     static OnceWarning warning;
     warning.print(std::string("the shared memory object ") + (name ? name : "") +
                   " cannot be used (" + std::system_category().message(error) +
-                  "); this process and others do not notice each other's saves; look at it and at "
-                  "the rights of /dev/shm");
+                  "); this process and others do not notice each other's saves; look at it, at "
+                  "the rights of /dev/shm and at the limit on the size of a file (ulimit -f)");
 }
 
 // Takes the name away from what was found under it, and from nothing that came later: whoever does
@@ -170,6 +171,8 @@ bool SharedMemory::make(int file, std::size_t size, SetUp setUp) noexcept {
 
 // Returns an error number: EEXIST where somebody was faster.
 int SharedMemory::publish(const char* name, std::size_t size, SetUp setUp) noexcept {
+    if (!mayGrowTo(size))
+        return EFBIG;
     const Unnamed nameless;
     if (make(nameless.file(), size, setUp)) {
         const int error = nameless.giveName(name);

@@ -1,8 +1,8 @@
 #include "supplicant/ChildProcess.h"
 
 #include "platform/ChildPause.h"
+#include "platform/OnceWarning.h"
 #include "platform/PlatformUtil.h"
-#include "platform/Spawn.h"
 #include "supplicant/PriorityBoost.h"
 
 #include <cstdio>
@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 using platform::FileDescriptor;
+using platform::SpawnedChild;
 
 namespace platwifi {
 namespace {
@@ -47,6 +48,15 @@ bool judge(int child, int status) {
     return succeeded(status);
 }
 
+// A status that is lost says nothing, so the command counts as failed.
+void warnOfLostStatus() {
+    static platform::OnceWarning warning;
+    warning.print(
+        "the exit status of a client was lost, so its command counts as failed: another part "
+        "of this program waits for every child, or has the system drop them (SIGCHLD); "
+        "let it wait for its own children alone, each by its process id");
+}
+
 } // namespace
 
 ArgumentVector::ArgumentVector(const char* path, const char* interfaceArg, const char* command,
@@ -68,25 +78,27 @@ void ArgumentVector::add(const char* entry) noexcept {
         m_entries[m_count++] = entry;
 }
 
-int startChild(const char* path, const ArgumentVector& arguments, const FileDescriptor& output) {
+SpawnedChild startChild(const char* path, const ArgumentVector& arguments,
+                        const FileDescriptor& output) {
     const PriorityBoost boost(SPAWN_BOOST);
-    return Spawn::start(path, arguments.get(), output.number());
+    return SpawnedChild(path, arguments.get(), output.number());
 }
 
-bool waitWithPatience(int child, const char* command) {
-    ChildPause untilNextLook(child);
+bool waitWithPatience(SpawnedChild& child, const char* command) {
+    ChildPause untilNextLook(child.endingId());
     int patience = PATIENCE;
-    int status = 0;
     for (;;) {
-        const pid_t reaped = waitpid(child, &status, WNOHANG);
-        if (reaped != 0)
-            return reaped > 0 && judge(child, status);
+        const SpawnedChild::Look look = child.look();
+        if (look == SpawnedChild::Look::LOST)
+            warnOfLostStatus();
+        if (look != SpawnedChild::Look::RUNNING)
+            return look == SpawnedChild::Look::ENDED && judge(child.id(), child.status());
         if (--patience > 0) {
             untilNextLook.pause(POLL_PAUSE_MS);
             continue;
         }
-        killImpatiently(child, command);
-        PlatformUtil::sleep(AFTER_KILL_MS);
+        killImpatiently(child.id(), command);
+        untilNextLook.pause(AFTER_KILL_MS);
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileDescriptor.h"
+#include "platform/SpawnedChild.h"
 
 namespace platwifi {
 
@@ -22,13 +23,14 @@ private:
 };
 
 /// Starts a child at raised priority, its output going to `output`.
-/// @return its process id, or -1
-int startChild(const char* path, const ArgumentVector& arguments,
-               const platform::FileDescriptor& output);
+platform::SpawnedChild startChild(const char* path, const ArgumentVector& arguments,
+                                  const platform::FileDescriptor& output);
 
 /// Waits for the child and reaps it. One that is still there at the 100th look, 50 ms apart, is
-/// killed with a message on standard error that names `command`, and killed again every 2000 ms.
-/// @return true when it exited with status 0
-bool waitWithPatience(int child, const char* command);
+/// killed with a message on standard error that names `command`, and killed again every 2000 ms. The
+/// pause between two looks, after a kill too, ends early when the child does.
+/// @return true when it exited with status 0; false, with one line on standard error in a process, where
+///         its status was lost
+bool waitWithPatience(platform::SpawnedChild& child, const char* command);
 
 } // namespace platwifi

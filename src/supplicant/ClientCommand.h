@@ -34,6 +34,19 @@ constexpr ClientCommand REASSOCIATE{"reassociate", "/tmp/wpa_cli_reassociate_res
 /// A command whose word the caller chooses. Its files are named without the client.
 constexpr const char* CUSTOM_RESULT_PREFIX = "/tmp/wpa_custom_result_";
 
+/// The process lister's.
+constexpr const char* PROCESS_TABLE_PREFIX = "/tmp/process_table_result_";
+
+/// Every path of a result file up to the thread's id.
+constexpr const char* RESULT_PREFIXES[] = {
+    INTERFACE.resultPrefix,   LIST_NETWORKS.resultPrefix,  SCAN_RESULTS.resultPrefix,
+    STATUS.resultPrefix,      SCAN.resultPrefix,           ADD_NETWORK.resultPrefix,
+    SET_NETWORK.resultPrefix, ENABLE_NETWORK.resultPrefix, GET_NETWORK.resultPrefix,
+    SELECT.resultPrefix,      DISCONNECT.resultPrefix,     REMOVE_NETWORK.resultPrefix,
+    SAVE_CONFIG.resultPrefix, RECONFIGURE.resultPrefix,    REASSOCIATE.resultPrefix,
+    CUSTOM_RESULT_PREFIX,     PROCESS_TABLE_PREFIX,
+};
+
 } // namespace command
 
 /// Runs a command for one interface. False where the interface does not do, too.

@@ -3,7 +3,6 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <pthread.h>
 #include <sys/stat.h>
 
 using platform::FileDescriptor;
@@ -15,16 +14,6 @@ namespace {
 constexpr int SAFELY = O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
 constexpr int FOR_OUTPUT = O_WRONLY | O_CREAT | SAFELY;
 constexpr mode_t OUTPUT_MODE = S_IRUSR | S_IRGRP;
-
-struct ThreadTag {
-    char text[32] = "";
-
-    ThreadTag() noexcept {
-        const auto id = static_cast<long long>(pthread_self());
-        if (std::snprintf(text, sizeof(text), "%lld", id) <= 0)
-            text[0] = '\0';
-    }
-};
 
 bool isRegular(const FileDescriptor& file, struct stat& facts) {
     return file.isOpen() && fstat(file.number(), &facts) == 0 && S_ISREG(facts.st_mode);
@@ -53,8 +42,8 @@ FileDescriptor createResultFile(const char* path) {
     return file;
 }
 
-ResultFile::ResultFile(const char* prefix) noexcept {
-    std::snprintf(m_path, sizeof(m_path), "%s%s", prefix, ThreadTag().text);
+ResultFile::ResultFile(const char* prefix) noexcept : m_claim(ResultTag()) {
+    std::snprintf(m_path, sizeof(m_path), "%s%s", prefix, ResultTag().text());
 }
 
 ResultFile::~ResultFile() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileDescriptor.h"
+#include "supplicant/ResultTag.h"
 
 #include <cstddef>
 #include <cstdio>
@@ -14,7 +15,8 @@ namespace platwifi {
 platform::FileDescriptor createResultFile(const char* path);
 
 /// The file between a command and its reply. The name carries the calling thread's id, so two
-/// threads of a process never share one; the file is removed when the command is over.
+/// threads of a process never share one; the file is removed when the command is over. Until then the
+/// id is claimed, so that no process that starts takes the file for a leftover.
 class ResultFile {
 public:
     /// @param prefix  path without the thread's id; cut together with it to 127 characters
@@ -37,6 +39,7 @@ public:
     bool readLine(char* line, int size) noexcept;
 
 private:
+    ResultClaim m_claim;
     char m_path[128];
     std::FILE* m_file = nullptr;
     bool m_kept = false;

@@ -49,7 +49,8 @@ public:
     /// option, a null `arg1` drops `arg2` and `arg3`; a null `arg2` drops only itself.
     ///
     /// A child that still runs at the 100th look, 50 ms apart, is killed, and killed again every
-    /// 2000 ms until it is gone, each time with a message on standard error.
+    /// 2000 ms until it is gone, each time with a message on standard error. A pause between two looks
+    /// ends early when the child does.
     ///
     /// @return true only when the child exited with status 0; false for a null `path` or
     ///         `resultFile`. The caller removes the result file.

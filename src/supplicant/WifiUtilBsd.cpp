@@ -5,6 +5,8 @@
 #include "platform/MutexGuard.h"
 #include "supplicant/Arguments.h"
 #include "supplicant/ChildProcess.h"
+#include "supplicant/ClientCommand.h"
+#include "supplicant/LeftoverFiles.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/ResultFile.h"
 
@@ -19,7 +21,6 @@ using namespace platwifi;
 namespace {
 
 constexpr const char* PROCESS_LISTER = "/proc/boot/pidin";
-constexpr const char* PROCESS_TABLE_PREFIX = "/tmp/process_table_result_";
 constexpr const char* SUPPLICANT = "wpa_supplicant";
 constexpr const char* SUPPLICANT_PID_FILE = "/var/run/wpa_supplicant.pid";
 constexpr int PROCESS_LINE_SIZE = 512;
@@ -63,8 +64,10 @@ WifiUtil* WifiUtil::INSTANCE = nullptr;
 
 WifiUtil* WifiUtil::getInstance() {
     const std::lock_guard<std::mutex> guard(instanceMutex());
-    if (!INSTANCE)
+    if (!INSTANCE) {
+        removeLeftoverFilesOnce();
         INSTANCE = new (std::nothrow) WifiUtil; // never deleted: other threads may be using it
+    }
     if (INSTANCE && !INSTANCE->isProbed) {
         const MutexGuard alone(INSTANCE->launchMutex); // children run one at a time
         INSTANCE->timestampedOutput = answersWithTimestamps() ? 1 : 0;
@@ -106,9 +109,9 @@ bool WifiUtil::launchProcess(const char* path, const char* command, const char* 
     platform::FileDescriptor output = createResultFile(resultFile);
     if (!output.isOpen())
         return false;
-    const int child = startChild(path, arguments, output);
+    platform::SpawnedChild child = startChild(path, arguments, output);
     output.close();
-    return child != -1 && waitWithPatience(child, command);
+    return child.isStarted() && waitWithPatience(child, command);
 }
 
 bool WifiUtil::ignoreTimestamp(char* line) {
@@ -128,7 +131,7 @@ bool WifiUtil::isWifiEnabled(const char* iface) {
     if (!iface)
         return pidFileExists();
     const InterfaceOption interface(iface);
-    ResultFile result(PROCESS_TABLE_PREFIX);
+    ResultFile result(command::PROCESS_TABLE_PREFIX);
     // The one child whose interface option says nothing to it.
     return interface.isValid() &&
            launchProcess(PROCESS_LISTER, "arg", interface.text(), nullptr, nullptr, nullptr,

@@ -58,6 +58,18 @@ expect_the_installed_boot_programs() {
     mv "$work/pidin" "$prefix/$boot/pidin"
 }
 
+# expect_word_of_missing_programs RUN: one line, which names the program and the places.
+expect_word_of_missing_programs() {
+    local lines
+    mv "$prefix/$boot" "$work/away"
+    expect 1 $'supplicant runs: no\nfirst adapter: none' "$1"
+    mapfile -t lines < <(grep '^platwifi: ' "$work/log")
+    if [ ${#lines[@]} != 1 ] || [[ ${lines[0]} != *'cannot start '*"$prefix/$boot/"*install* ]]; then
+        fail "$1 said without the boot directory: ${lines[*]}"
+    fi
+    mv "$work/away" "$prefix/$boot"
+}
+
 expect_an_adapter_of_the_stand_in() {
     export PLATFORM_BOOT_DIR=$work/boot
     mkdir "$PLATFORM_BOOT_DIR"

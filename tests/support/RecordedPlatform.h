@@ -7,7 +7,7 @@
 namespace test {
 
 /// What the library asked of the platform's clock and of its kill, in order: "pause 50" between two
-/// looks at a child, "sleep 2000", "kill". A test program that links RecordedSleep.cpp takes the
+/// looks at a child, "sleep 1000", "kill". A test program that links RecordedSleep.cpp takes the
 /// place of PlatformUtil::sleep(): a second and more passes at once. One that links
 /// RecordedChild.cpp as well takes the place of the pause and of the kill too: no time passes.
 class RecordedPlatform {

@@ -3,8 +3,12 @@
 #include "platform/Export.h"
 
 #include <string>
+#include <vector>
 
 namespace platform {
+
+/// Whether the path names a program of the boot image: one under /proc/boot/.
+PLATFORM_API bool isBootProgram(const std::string& path);
 
 /// Where the program with this fixed path is on this system. A path outside /proc/boot/ is its own
 /// answer. For a program of the boot image it is, first match:
@@ -17,5 +21,9 @@ namespace platform {
 ///     that of the libraries: so a whole installation may be moved. The path as it stands again
 ///     where the library's own file is gone.
 PLATFORM_API std::string locateProgram(const std::string& path);
+
+/// The places where locateProgram() looks for the program, at least one; where none has it, the last is
+/// its answer.
+PLATFORM_API std::vector<std::string> programPlaces(const std::string& path);
 
 } // namespace platform

@@ -19,6 +19,7 @@ public:
     /// @param arguments  argument vector with its closing null pointer; null fails with EINVAL
     /// @param output     an open descriptor
     /// @return the child's process id, to be reaped by the caller, or -1 with errno set; then
-    ///         there is no child.
+    ///         there is no child. The first time in a process that a program of the boot image is
+    ///         missing or cannot be run, a line on standard error says so, and where it was looked for.
     static int start(const char* path, const char* const arguments[], int output) noexcept;
 };

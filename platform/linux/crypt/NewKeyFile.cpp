@@ -1,5 +1,6 @@
 #include "NewKeyFile.h"
 
+#include "../FileSizeLimit.h"
 #include "Cipher.h"
 #include "CryptError.h"
 #include "SecretBytes.h"
@@ -50,6 +51,7 @@ public:
 
     bool fill(const SecretBytes& bytes) {
         return m_file.isOpen() && fchmod(m_file.number(), S_IRUSR | S_IWUSR) == 0 &&
+               mayGrowTo(bytes.size()) &&
                write(m_file.number(), bytes.data(), bytes.size()) ==
                    static_cast<ssize_t>(bytes.size()) &&
                fsync(m_file.number()) == 0;

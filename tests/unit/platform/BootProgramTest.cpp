@@ -29,13 +29,22 @@ protected:
     }
 
     // Asks a library that was loaded, and closes it.
-    static std::string located(const std::string& path, void* library) {
-        const auto locate =
-            reinterpret_cast<void (*)(const char*, std::string*)>(dlsym(library, "locate"));
+    static std::string answer(const char* function, const std::string& path, void* library) {
+        const auto ask =
+            reinterpret_cast<void (*)(const char*, std::string*)>(dlsym(library, function));
         std::string result;
-        locate(path.c_str(), &result);
+        ask(path.c_str(), &result);
         dlclose(library);
-        return fs::path(result).lexically_normal();
+        return result;
+    }
+
+    static std::string located(const std::string& path, void* library) {
+        return answer("locate", path, library);
+    }
+
+    static std::string placesOf(const std::string& path) {
+        void* const handle = dlopen(LIBRARY, RTLD_NOW | RTLD_LOCAL);
+        return handle ? answer("places", path, handle) : dlerror();
     }
 
     static std::string located(const std::string& path, const std::string& library = LIBRARY) {
@@ -100,6 +109,15 @@ TEST_F(BootProgram, IsNoProgramOfTheWorkingFolderWhereTheLibraryIsGone) {
 TEST_F(BootProgram, OfAnotherFolderStaysWhereItIs) {
     put(INSTALLED);
     EXPECT_EQ(located("/bin/pidin"), "/bin/pidin");
+}
+
+TEST_F(BootProgram, IsLookedForInThreePlaces) {
+    EXPECT_EQ(placesOf("/proc/boot/pidin"),
+              std::string("/proc/boot/pidin ") + BUILT + " " + INSTALLED + " ");
+    EXPECT_EQ(placesOf("/bin/pidin"), "/bin/pidin ");
+    setenv("PLATFORM_BOOT_DIR", "/tmp/world/empty", 1);
+    EXPECT_EQ(placesOf("/proc/boot/pidin"), "/tmp/world/empty/pidin ");
+    unsetenv("PLATFORM_BOOT_DIR");
 }
 
 TEST_F(BootProgram, IsInTheFolderOfTheEnvironmentWhateverIsThere) {

@@ -13,6 +13,7 @@
 #include <mutex>
 #include <sstream>
 #include <sys/mount.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
@@ -268,6 +269,15 @@ TEST_F(CryptKeyFile, IsOneForAllProcessesThatUseItFirst) {
         for (const std::string& line : lines)
             EXPECT_EQ(decrypted(line).text, "a secret");
     }
+}
+
+TEST_F(CryptKeyFile, IsNoReasonToEndAProcessThatMayMakeNoFileSoLarge) {
+    const auto encryptUnderLimit = [] {
+        const rlimit none{0, RLIM_INFINITY};
+        setrlimit(RLIMIT_FSIZE, &none);
+        std::_Exit(encrypted("a secret").status == 0 ? 1 : 0);
+    };
+    EXPECT_EXIT(encryptUnderLimit(), testing::ExitedWithCode(0), testing::IsEmpty());
 }
 
 } // namespace

@@ -1,7 +1,10 @@
 #include "platform/OnceWarning.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <sys/resource.h>
 #include <thread>
 #include <vector>
 
@@ -27,6 +30,18 @@ TEST(OnceWarning, IsOneLineFromManyThreads) {
     for (std::thread& thread : threads)
         thread.join();
     EXPECT_EQ(GetCapturedStderr(), "platwifi: once\n");
+}
+
+TEST(OnceWarning, DoesNotEndAProcessWhoseLogMayNotGrow) {
+    const auto warn = [](rlim_t limit) {
+        const rlimit limits{limit, RLIM_INFINITY};
+        setrlimit(RLIMIT_FSIZE, &limits);
+        platform::OnceWarning warning;
+        warning.print("a line");
+        std::_Exit(0);
+    };
+    EXPECT_EXIT(warn(10), testing::ExitedWithCode(0), testing::IsEmpty());
+    EXPECT_EXIT(warn(1000), testing::ExitedWithCode(0), testing::Eq("platwifi: a line\n"));
 }
 
 } // namespace

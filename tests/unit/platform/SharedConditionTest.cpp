@@ -106,6 +106,17 @@ TEST_F(SharedConditionTest, DoesNotWaitForADeadlineThatHasPassed) {
     EXPECT_EQ(waitFor(own(), -hours(1)), ETIMEDOUT);
 }
 
+TEST_F(SharedConditionTest, DoesNotWaitForADeadlineBeforeTheStartOfTheClock) {
+    const MutexGuard guard(own().mutex);
+    for (const std::chrono::nanoseconds time :
+         {std::chrono::nanoseconds(0), std::chrono::nanoseconds(-1),
+          std::chrono::nanoseconds(hours(-1))}) {
+        const steady_clock::time_point deadline{
+            std::chrono::duration_cast<steady_clock::duration>(time)};
+        EXPECT_EQ(own().condition.wait(own().mutex, deadline), ETIMEDOUT) << time.count();
+    }
+}
+
 TEST_F(SharedConditionTest, WakesEveryoneWhoWaitsWhereverItIsMapped) {
     std::vector<std::unique_ptr<Sleeper<int>>> sleepers;
     for (int i = 0; i < 4; ++i) {

@@ -2,9 +2,11 @@
 
 #include "platform/FileDescriptor.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
@@ -12,6 +14,7 @@
 #include <string>
 #include <sys/file.h>
 #include <sys/mount.h>
+#include <sys/resource.h>
 #include <vector>
 
 namespace {
@@ -232,6 +235,47 @@ TEST_F(SharedMemoryOfAName, IsNotTouchedWhereThereIsNoRoomForIt) {
     std::filesystem::resize_file(PATH, SIZE); // a hole, for which there is no room either
     EXPECT_EQ(attach(memory), Result::failed);
     EXPECT_EQ(memory.data(), nullptr);
+}
+
+// The limit stays with the process: each try is one of its own.
+[[noreturn]] void attachTwice(rlim_t limit, std::size_t size, Result expected) {
+    const auto accept = [](void*) { return true; };
+    const auto join = [](void*) { return Joining::JOINED; };
+    const rlimit limits{limit, RLIM_INFINITY};
+    setrlimit(RLIMIT_FSIZE, &limits);
+    bool asExpected = true;
+    for (int i = 0; i < 2; ++i) {
+        asExpected = SharedMemory().attach(NAME, size, accept, join) == expected && asExpected;
+        SharedMemory::unlink(NAME);
+    }
+    std::_Exit(asExpected ? 0 : 1);
+}
+
+TEST(SharedMemoryLimit, IsSaidOnceInsteadOfEndingTheProcess) {
+    constexpr std::size_t LARGE = 100000; // the test's standard error is a file, too
+    EXPECT_EXIT(
+        attachTwice(LARGE - 1, LARGE, Result::failed), testing::ExitedWithCode(0),
+        testing::MatchesRegex("platwifi: the shared memory object /shared_memory_test cannot be "
+                              "used .File too large.;[^\n]*\n"));
+    EXPECT_EXIT(attachTwice(0, SIZE, Result::failed), testing::ExitedWithCode(0),
+                testing::IsEmpty())
+        << "where not even the line may be written";
+    EXPECT_EXIT(attachTwice(LARGE, LARGE, Result::created), testing::ExitedWithCode(0),
+                testing::IsEmpty());
+    EXPECT_TRUE(names().empty());
+}
+
+TEST(SharedMemoryLimit, DoesNotKeepAProcessFromJoining) {
+    SharedMemory other;
+    ASSERT_EQ(attach(other), Result::created);
+    const auto join = [] {
+        const rlimit none{0, RLIM_INFINITY};
+        setrlimit(RLIMIT_FSIZE, &none);
+        SharedMemory memory;
+        std::_Exit(attach(memory) == Result::joined ? 0 : 1);
+    };
+    EXPECT_EXIT(join(), testing::ExitedWithCode(0), testing::IsEmpty());
+    SharedMemory::unlink(NAME);
 }
 
 } // namespace

@@ -14,6 +14,7 @@
 #include <sched.h>
 #include <string>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -155,16 +156,87 @@ TEST_F(Launch, FailsWhenTheClientCannotBeStarted) {
     std::thread([this] { EXPECT_FALSE(run()) << "from another thread too"; }).join();
 }
 
-TEST_F(Launch, FailsWhereTheSystemReapsItsChildren) {
+/// What this process asks the system to do with its children, for as long as this object lives.
+class ChildSignal {
+public:
+    ChildSignal(void (*handler)(int), int flags) {
+        struct sigaction action {};
+        action.sa_handler = handler;
+        action.sa_flags = flags;
+        sigaction(SIGCHLD, &action, &m_before);
+    }
+    ~ChildSignal() { sigaction(SIGCHLD, &m_before, nullptr); }
+    ChildSignal(const ChildSignal&) = delete;
+    ChildSignal& operator=(const ChildSignal&) = delete;
+
+    static bool isIgnored() {
+        struct sigaction action {};
+        sigaction(SIGCHLD, nullptr, &action);
+        return action.sa_handler == SIG_IGN;
+    }
+
+private:
+    struct sigaction m_before {};
+};
+
+void ignoreSignal(int) {}
+
+TEST_F(Launch, TellsSuccessFromFailureWhereTheSystemReapsItsChildren) {
+    struct Row {
+        void (*handler)(int);
+        int flags;
+    };
+    for (const Row& row :
+         {Row{SIG_IGN, 0}, Row{SIG_DFL, SA_NOCLDWAIT}, Row{ignoreSignal, SA_NOCLDWAIT}}) {
+        const ChildSignal signal(row.handler, row.flags);
+        const test::Leftovers before = test::Leftovers::now();
+        standIn.reset();
+        standIn.on({"*"}).printsFacts().then().exits(3).then().diesBy(SIGKILL);
+        testing::internal::CaptureStderr();
+        EXPECT_TRUE(run());
+        EXPECT_THAT(resultText(), HasSubstr("descriptors 0 1 2\n"));
+        EXPECT_FALSE(run()) << "exit status 3";
+        EXPECT_FALSE(run()) << "killed";
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+        std::remove(RESULT);
+        test::Leftovers after = test::Leftovers::now();
+        while (after.children > before.children) // the process in between is about to end
+            after = test::Leftovers::now();
+        EXPECT_TRUE(after == before);
+        EXPECT_EQ(ChildSignal::isIgnored(), row.handler == SIG_IGN) << "left as it is";
+    }
+}
+
+TEST_F(Launch, FailsWhereTheSystemReapsItsChildrenAndThereIsNoClient) {
+    const ChildSignal signal(SIG_IGN, 0);
+    std::filesystem::remove(standIn.folder() + "/wpa_cli");
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(run());
+    testing::internal::GetCapturedStderr();
+}
+
+TEST_F(Launch, RemovesTheSocketOfAClientWhereTheSystemReapsItsChildren) {
+    const ChildSignal signal(SIG_IGN, 0);
+    standIn.on({"*"}).leaves("/tmp/wpa_ctrl_%d-1").diesBy(SIGKILL);
+    EXPECT_FALSE(run());
+    EXPECT_EQ(clientSockets(), 0U);
+}
+
+// Reaps every child of the process, as a program may do in a handler.
+void reapAll(int) {
+    while (waitpid(-1, nullptr, 0) > 0) {
+    }
+}
+
+TEST_F(Launch, SaysOnceThatAStatusWasTakenAway) {
     standIn.on({"*"}).prints("OK\n");
-    struct sigaction ignore {};
-    struct sigaction before {};
-    ignore.sa_handler = SIG_IGN;
-    sigaction(SIGCHLD, &ignore, &before);
-    EXPECT_FALSE(run()) << "nobody can tell how the client ended";
-    sigaction(SIGCHLD, &before, nullptr);
-    EXPECT_EQ(standIn.calls().size(), 1U);
-    EXPECT_TRUE(run());
+    const auto runTwice = [this] {
+        const ChildSignal signal(reapAll, 0);
+        const bool succeeded = run() || run();
+        std::_Exit(succeeded ? 1 : 0);
+    };
+    EXPECT_EXIT(runTwice(), testing::ExitedWithCode(0),
+                testing::MatchesRegex("platwifi: the exit status of a client was lost, [^\n]*\n"));
 }
 
 TEST_F(Launch, TakesAnArgumentThatTheSystemRefuses) {

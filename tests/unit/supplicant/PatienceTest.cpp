@@ -47,7 +47,8 @@ TEST_F(Patience, EndsAtThe100thLookAfter99Pauses) {
     testing::internal::CaptureStderr();
     EXPECT_FALSE(run());
     testing::internal::GetCapturedStderr();
-    EXPECT_EQ(RecordedPlatform::events(), pausesAndThen({"kill", "sleep 2000"}));
+    EXPECT_EQ(RecordedPlatform::events(), pausesAndThen({"kill", "pause 2000"}))
+        << "a pause, not a sleep: it ends with the child";
 }
 
 TEST_F(Patience, KillsAgainAfterEvery2000MillisecondsUntilTheChildIsGone) {
@@ -56,7 +57,7 @@ TEST_F(Patience, KillsAgainAfterEvery2000MillisecondsUntilTheChildIsGone) {
     EXPECT_FALSE(run());
     const std::string messages = testing::internal::GetCapturedStderr();
     EXPECT_EQ(RecordedPlatform::events(),
-              pausesAndThen({"kill", "sleep 2000", "kill", "sleep 2000", "kill", "sleep 2000"}));
+              pausesAndThen({"kill", "pause 2000", "kill", "pause 2000", "kill", "pause 2000"}));
     EXPECT_EQ(std::count(messages.begin(), messages.end(), '\n'), 3) << messages;
 }
 

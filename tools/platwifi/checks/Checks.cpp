@@ -66,4 +66,11 @@ std::optional<Finding> obstacle(const std::string& iface) {
     return std::nullopt;
 }
 
+std::optional<Finding> missingClient() {
+    const Finding finding = checkClient("");
+    if (finding.health != Health::bad)
+        return std::nullopt;
+    return finding;
+}
+
 } // namespace cli

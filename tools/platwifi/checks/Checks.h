@@ -32,4 +32,7 @@ std::vector<Finding> examine(const std::string& iface);
 /// be understood without the subject.
 std::optional<Finding> obstacle(const std::string& iface);
 
+/// That the client is missing, if it is: the one obstacle that is found without running anything.
+std::optional<Finding> missingClient();
+
 } // namespace cli

@@ -22,10 +22,14 @@ constexpr std::size_t LONGEST_NAME = 13;
 constexpr const char* NO_INTERFACE =
     "the supplicant lists no interface; start it with one, such as -i wlan0";
 
+void failFor(const std::optional<Finding>& finding) {
+    if (finding)
+        throw Failure(finding->found + "; " + finding->toDo);
+}
+
 // Why nothing answers, in the words of the first check that fails.
 [[noreturn]] void tellObstacle(const std::string& iface, const std::string& otherwise) {
-    if (const auto finding = obstacle(iface))
-        throw Failure(finding->found + "; " + finding->toDo);
+    failFor(obstacle(iface));
     throw Failure(otherwise);
 }
 
@@ -51,6 +55,7 @@ WifiUtil& Host::util() {
 const std::vector<std::string>& Host::adapters() {
     if (!m_adapters.empty())
         return m_adapters;
+    failFor(missingClient()); // in this program's words: the library has others for it
     m_adapters = listedAdapters();
     m_context.interrupt.check();
     if (m_adapters.empty())
