@@ -58,6 +58,7 @@ struct FakeJni::Machine : JNIEnv_ {
     std::map<Call, int> successesBeforeFailure;
     std::optional<Exception> pending;
     std::vector<std::string> stringsMade;
+    std::function<void()> atEveryString;
     const std::thread::id thread = std::this_thread::get_id();
 
     // The calls, as the function table holds them.
@@ -246,6 +247,8 @@ jstring Machine::newStringUtf(JNIEnv* environment, const char* text) {
         return nullptr;
     if (!isModifiedUtf8(text))
         die("NewStringUTF", "the text is not modified UTF-8");
+    if (machine.atEveryString)
+        machine.atEveryString();
     if (machine.fails(Call::NewStringUTF)) {
         machine.raise("java/lang/OutOfMemoryError", "NewStringUTF");
         return nullptr;
@@ -383,6 +386,10 @@ void FakeJni::catchException() {
 
 const std::vector<std::string>& FakeJni::stringsMade() const {
     return m_machine->stringsMade;
+}
+
+void FakeJni::atEveryString(std::function<void()> action) {
+    m_machine->atEveryString = std::move(action);
 }
 
 std::size_t FakeJni::heldCharacters() const {

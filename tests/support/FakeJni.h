@@ -3,6 +3,7 @@
 #include <jni.h>
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -66,6 +67,9 @@ public:
 
     /// The texts of all NewStringUTF() calls that succeeded, in order.
     const std::vector<std::string>& stringsMade() const;
+
+    /// Runs this whenever NewStringUTF() is called, on the calling thread, before the string is made.
+    void atEveryString(std::function<void()> action);
 
     /// How many results of GetStringUTFChars() have not been released.
     std::size_t heldCharacters() const;

@@ -55,31 +55,31 @@ struct Number {
 
 // clang-format off
 const Number NUMBERS[] = {
-    {"getAuthentication0", NATIVE(getAuthentication0), 11},
-    {"getEAPMethod0", NATIVE(getEAPMethod0), 12},
-    {"getProtocol0", NATIVE(getProtocol0), 13},
-    {"getKeyManagement0", NATIVE(getKeyManagement0), 14},
+    {"getAuthentication0", NATIVE(getAuthentication0), 0x01020311},
+    {"getEAPMethod0", NATIVE(getEAPMethod0), 0x01020312},
+    {"getProtocol0", NATIVE(getProtocol0), 0x01020313},
+    {"getKeyManagement0", NATIVE(getKeyManagement0), 0x01020314},
     {"getPriority0", NATIVE(getPriority0), -1},
     {"getNetworkMode0", NATIVE(getNetworkMode0), 200},
-    {"getChannel0", NATIVE(getChannel0), 17},
-    {"getStrength0", NATIVE(getStrength0), 18},
+    {"getChannel0", NATIVE(getChannel0), 0x01020317},
+    {"getStrength0", NATIVE(getStrength0), 0x01020318},
     {"getWepIndex0", NATIVE(getWepIndex0), 3},
-    {"getSupportedEncrytptionMethods0", NATIVE(getSupportedEncrytptionMethods0), 0x77},
+    {"getSupportedEncrytptionMethods0", NATIVE(getSupportedEncrytptionMethods0), 0x76543277},
 };
 // clang-format on
 
 void fillNumbers(WifiNetwork& network) {
-    network.setAuthAlg(11);
-    network.setEapModes(12);
-    network.setProtocol(13);
-    network.setKeyManagement(14);
+    network.setAuthAlg(0x01020311);
+    network.setEapModes(0x01020312);
+    network.setProtocol(0x01020313);
+    network.setKeyManagement(0x01020314);
     network.setPriority(4294967295U);
     network.setNetworkMode(200);
-    network.setChannel(17);
-    network.setStrength(18);
+    network.setChannel(0x01020317);
+    network.setStrength(0x01020318);
     network.setWepIndex(3);
-    network.setPairwiseCiphers(0x16);
-    network.setGroupCiphers(0x65);
+    network.setPairwiseCiphers(0x70501016);
+    network.setGroupCiphers(0x26042265);
 }
 
 TEST_F(FieldGetters, ReadNumbersBitForBit) {

@@ -37,6 +37,7 @@ public:
     OneNetwork(const OneNetwork&) = delete;
     OneNetwork& operator=(const OneNetwork&) = delete;
 
+    WifiHostSettings& settings() { return *m_settings; }
     WifiNetwork& network() { return *m_settings->getNetwork("wlan0", "home"); }
 
     /// Calls a native for the network with this SSID.

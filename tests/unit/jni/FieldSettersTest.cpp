@@ -185,12 +185,12 @@ TEST_F(FieldSetters, KeepEightBitsOfPriorityAndMode) {
 }
 
 TEST_F(FieldSetters, ChangeFactsWithoutMarkingThem) {
-    for (int times = 0; times < 2; ++times) {
-        EXPECT_EQ(set(NATIVE(setNetworkStatus0), 5), JNI_TRUE);
-        EXPECT_EQ(set(NATIVE(setSignalStrength0), 60), JNI_TRUE);
+    for (const jint value : {5, 5, 0x12345678, -1}) {
+        EXPECT_EQ(set(NATIVE(setNetworkStatus0), value), JNI_TRUE);
+        EXPECT_EQ(set(NATIVE(setSignalStrength0), value), JNI_TRUE);
+        EXPECT_EQ(world.network().getNetworkStatus(), static_cast<unsigned int>(value));
+        EXPECT_EQ(world.network().getStrength(), static_cast<unsigned int>(value));
     }
-    EXPECT_EQ(world.network().getNetworkStatus(), 5U);
-    EXPECT_EQ(world.network().getStrength(), 60U);
     EXPECT_THAT(dirty(), IsEmpty());
 }
 
@@ -255,7 +255,7 @@ TEST_F(FieldSetters, AlwaysSucceedForTheWepIndex) {
     EXPECT_EQ(set(NATIVE(setWepIndex0), 2), JNI_TRUE);
     EXPECT_EQ(world.network().getWepIndex(), 2U);
     EXPECT_EQ(set(NATIVE(setWepIndex0), 2), JNI_TRUE) << "no change";
-    for (const jint refused : {4, -1})
+    for (const jint refused : {4, 0x101, 0x10001, -1})
         EXPECT_EQ(set(NATIVE(setWepIndex0), refused), JNI_TRUE);
     EXPECT_EQ(world.network().getWepIndex(), 2U);
     EXPECT_EQ(set(NATIVE(setWepIndex0), 3, "other"), JNI_TRUE) << "no such network";
@@ -273,7 +273,7 @@ TEST_F(FieldSetters, AlwaysSucceedForAWepKey) {
     }
     EXPECT_EQ(setKey(1, nullptr), JNI_TRUE);
     EXPECT_EQ(world.network().getWepKey(1), nullptr);
-    for (const jint refused : {4, -1})
+    for (const jint refused : {4, 0x100, 0x10000, -1})
         EXPECT_EQ(setKey(refused, "x"), JNI_TRUE);
     EXPECT_EQ(setKey(0, "x", "other"), JNI_TRUE) << "no such network";
     EXPECT_STREQ(world.network().getWepKey(0), "key 0");

@@ -3,6 +3,7 @@
 #include "support/FakeJni.h"
 #include "support/Leftovers.h"
 #include "support/StandIn.h"
+#include "unit/settings/MissingWifiUtil.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -68,6 +69,16 @@ TEST_F(Natives, HashCertificates) {
     EXPECT_EQ(Java_com_quorvel_platwifi_BWifiPlatformService_hashCACertificates0(java.environment(),
                                                                                  nullptr),
               JNI_TRUE);
+}
+
+TEST_F(Natives, FailWithoutADriver) {
+    const test::MissingWifiUtil missing;
+    EXPECT_EQ(isWifiEnabled("wlan0"), JNI_FALSE);
+    EXPECT_EQ(isWifiEnabled(nullptr), JNI_FALSE);
+    EXPECT_EQ(Java_com_quorvel_platwifi_BWifiPlatformService_hashCACertificates0(java.environment(),
+                                                                                 nullptr),
+              JNI_FALSE);
+    EXPECT_EQ(discoverNetworks(java.javaString("wlan0")), nullptr);
 }
 
 class NativeDiscovery : public Natives {

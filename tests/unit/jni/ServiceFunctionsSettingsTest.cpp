@@ -7,6 +7,7 @@
 #include "settings/SettingsLock.h"
 
 #include "unit/settings/LoadedSettings.h"
+#include "unit/settings/MissingWifiUtil.h"
 #include "unit/settings/RecordedLocks.h"
 
 #include <gmock/gmock.h>
@@ -273,6 +274,17 @@ TEST_F(SettingsFunctions, WriteADocumentAlsoWithoutNetworks) {
     EXPECT_EQ(written.result, 1);
     EXPECT_FALSE(written.text.empty());
     EXPECT_EQ(getWifiHostSettingsXML(nullptr, nullptr, true), 0);
+}
+
+// The result tells of the settings, not of the document.
+TEST_F(SettingsFunctions, SucceedWithoutADocumentWhereThereIsNoDriver) {
+    loaded.load(NETWORKS);
+    const test::MissingWifiUtil missing;
+    for (const bool full : {true, false}) {
+        const Document written = document(full);
+        EXPECT_EQ(written.result, 1);
+        EXPECT_EQ(written.text, "");
+    }
 }
 
 // The first adapter.

@@ -3,6 +3,7 @@
 #include "supplicant/WifiUtil.h"
 #include "support/Leftovers.h"
 #include "support/StandIn.h"
+#include "unit/settings/MissingWifiUtil.h"
 
 #include <gtest/gtest.h>
 
@@ -81,6 +82,16 @@ TEST_F(ServiceFunctions, TakeTheListBackWhenItsContentCannotBeRead) {
     EXPECT_EQ(discoverNetworks(nullptr, "wlan0", &list, 5, &count), 0);
     EXPECT_EQ(list, nullptr);
     EXPECT_EQ(count, 0);
+}
+
+TEST_F(ServiceFunctions, FailWithoutADriver) {
+    const test::MissingWifiUtil missing;
+    EXPECT_EQ(hashCACertificates(nullptr), 0);
+    EXPECT_EQ(isWifiEnabled(nullptr, "wlan0"), 0);
+    EXPECT_EQ(isWifiEnabled(nullptr, nullptr), 0);
+    EXPECT_EQ(discoverNetworks(nullptr, "wlan0", &list, 5, &count), 0);
+    EXPECT_EQ(list, &none);
+    EXPECT_EQ(count, 77);
 }
 
 TEST_F(ServiceFunctions, NeedAPlaceForTheList) {

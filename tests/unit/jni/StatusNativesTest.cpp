@@ -154,6 +154,34 @@ TEST_F(StatusNatives, HoldTheLock) {
     }
 }
 
+// Both refresh the status, which is due.
+TEST_F(StatusNatives, HoldTheLockAlsoWhileTheyAskTheSupplicant) {
+    const SettingsMutexes mutexes(loaded.load(NETWORKS));
+    statusPrints("ssid=home\nwpa_state=COMPLETED\n");
+    loaded.standIn.on({"-iwlan0", "list_networks"}).prints("header\n0\thome\tany\t[CURRENT]\n");
+    const std::function<void()> asks[] = {[this] { status("home"); }, [this] { daemonStatus(); },
+                                          [this] { current(); }};
+    for (const auto& ask : asks) {
+        const std::size_t commands = loaded.commands().size();
+        now += 5000;
+        EXPECT_TRUE(mutexes.pairIsHeldThroughout(eventsOf(ask)));
+        EXPECT_GT(loaded.commands().size(), commands);
+    }
+}
+
+// Another thread could free the SSID once the locks are given back.
+TEST_F(StatusNatives, HoldTheLockWhileTheStringOfTheCurrentNetworkIsMade) {
+    const SettingsMutexes mutexes(loaded.load(NETWORKS));
+    statusPrints("ssid=home\nwpa_state=COMPLETED\n");
+    int strings = 0;
+    java.atEveryString([&] {
+        ++strings;
+        EXPECT_TRUE(mutexes.pairIsHeld());
+    });
+    EXPECT_EQ(current(), "home");
+    EXPECT_EQ(strings, 1);
+}
+
 // WEP keys.
 
 class WepKeys : public testing::Test {

@@ -10,9 +10,25 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <functional>
 #include <future>
 #include <thread>
+#include <utility>
 #include <vector>
+
+namespace {
+
+thread_local std::function<void()> afterNextUnlock;
+
+} // namespace
+
+// Takes the place of the platform's in this program.
+int PlatformUtil::unlockMutex(PlatformMutex* mutex) noexcept {
+    const int result = pthread_mutex_unlock(mutex);
+    if (const auto action = std::exchange(afterNextUnlock, nullptr))
+        action();
+    return result;
+}
 
 namespace {
 
@@ -128,6 +144,13 @@ TEST_F(SharedConditionTest, WakesEveryoneWhoWaitsWhereverItIsMapped) {
     others().condition.broadcast();
     for (const auto& sleeper : sleepers)
         EXPECT_EQ(sleeper->result.get(), 0);
+}
+
+// From there on another process may change the data and broadcast that.
+TEST_F(SharedConditionTest, HearsABroadcastRightAfterItHasUnlockedTheMutex) {
+    const MutexGuard guard(own().mutex);
+    afterNextUnlock = [this] { others().condition.broadcast(); };
+    EXPECT_EQ(waitFor(own(), std::chrono::seconds(1)), 0);
 }
 
 // A wake-up that got lost would leave one of the two waiting for an hour.

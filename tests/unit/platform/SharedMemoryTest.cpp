@@ -237,7 +237,8 @@ TEST_F(SharedMemoryOfAName, IsNotTouchedWhereThereIsNoRoomForIt) {
     EXPECT_EQ(memory.data(), nullptr);
 }
 
-// The limit stays with the process: each try is one of its own.
+// The limit stays with the process, and so does what was printed: each try is one of its own, and these
+// tests come before all others, as the name of their suite makes them.
 [[noreturn]] void attachTwice(rlim_t limit, std::size_t size, Result expected) {
     const auto accept = [](void*) { return true; };
     const auto join = [](void*) { return Joining::JOINED; };
@@ -251,7 +252,7 @@ TEST_F(SharedMemoryOfAName, IsNotTouchedWhereThereIsNoRoomForIt) {
     std::_Exit(asExpected ? 0 : 1);
 }
 
-TEST(SharedMemoryLimit, IsSaidOnceInsteadOfEndingTheProcess) {
+TEST(SharedMemoryLimitDeathTest, IsSaidOnceInsteadOfEndingTheProcess) {
     constexpr std::size_t LARGE = 100000; // the test's standard error is a file, too
     EXPECT_EXIT(
         attachTwice(LARGE - 1, LARGE, Result::failed), testing::ExitedWithCode(0),
@@ -265,7 +266,7 @@ TEST(SharedMemoryLimit, IsSaidOnceInsteadOfEndingTheProcess) {
     EXPECT_TRUE(names().empty());
 }
 
-TEST(SharedMemoryLimit, DoesNotKeepAProcessFromJoining) {
+TEST(SharedMemoryLimitDeathTest, DoesNotKeepAProcessFromJoining) {
     SharedMemory other;
     ASSERT_EQ(attach(other), Result::created);
     const auto join = [] {

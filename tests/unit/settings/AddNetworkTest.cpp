@@ -3,6 +3,7 @@
 #include "LoadedSettings.h"
 #include "model/WifiNetwork.h"
 #include "settings/SettingsLock.h"
+#include "unit/model/NetworkRows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -41,7 +42,7 @@ TEST_F(AddNetwork, CreatesItInTheSupplicantAndPutsItInFront) {
     const SettingsLock lock(settings);
     const WifiNetwork* const network = settings.getNetwork("wlan0", "new");
     EXPECT_EQ(network->getNetworkId(), 7);
-    EXPECT_TRUE(network->getSsidDirty());
+    EXPECT_THAT(test::dirtyOf(*network), ElementsAre("ssid"));
     EXPECT_TRUE(network->getNetworkDirty());
     EXPECT_EQ(network->getNetworkStatus(), static_cast<unsigned int>(NETWORK_STATUS_UNKNOWN));
 }

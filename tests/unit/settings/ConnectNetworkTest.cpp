@@ -1,6 +1,7 @@
 #include "settings/WifiHostSettings.h"
 
 #include "LoadedSettings.h"
+#include "SettingsState.h"
 #include "model/WifiNetwork.h"
 #include "settings/SettingsLock.h"
 
@@ -84,6 +85,23 @@ TEST_F(ConnectNetwork, LeavesTheStatusOfTheCurrentOneAsItWas) {
     setStatus(settings, "home", NETWORK_STATUS_DISABLED);
     EXPECT_TRUE(settings.connectNetwork("wlan0", "home"));
     EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_DISABLED);
+}
+
+// The record that is found first is not the current one; it bears the same SSID all the same.
+TEST_F(ConnectNetwork, KnowsTheCurrentOneByItsSsid) {
+    WifiHostSettings& settings = loaded.load("0\thome\tany\t\n3\twork\tany\t\n", AT_HOME);
+    const WifiNetwork* const home = settings.getNetwork("wlan0", "home");
+    WifiNetwork* const work = settings.getNetwork("wlan0", "work");
+    work->setSsid("home");
+    ASSERT_EQ(settings.getNetwork("wlan0", "home"), work);
+    loaded.answer("OK\n");
+    EXPECT_TRUE(settings.connectNetwork("wlan0", "home"));
+    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 select 3"));
+    EXPECT_EQ(work->getNetworkStatus(), NETWORK_STATUS_ENABLED);
+    EXPECT_EQ(home->getNetworkStatus(), NETWORK_STATUS_CONNECTED);
+    EXPECT_EQ(test::currentNetworkOf(settings), home);
+    EXPECT_TRUE(settings.disconnectNetwork("wlan0", "home"));
+    EXPECT_EQ(test::currentNetworkOf(settings), nullptr);
 }
 
 TEST_F(ConnectNetwork, ConnectsOneThatIsDisabled) {
@@ -195,6 +213,9 @@ TEST_F(DisconnectNetwork, LeavesAnotherCurrentOneCurrent) {
     EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_CONNECTED);
     EXPECT_TRUE(settings.connectNetwork("wlan0", "work"));
     EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_ENABLED) << "it was the current one";
+    EXPECT_THAT(loaded.commands(),
+                ElementsAre("-iwlan0 disconnect", "-iwlan0 reassociate", "-iwlan0 select 3"))
+        << "the supplicant is disconnected all the same";
 }
 
 TEST_F(DisconnectNetwork, SucceedsWithoutACommandWhenThereIsNoneLikeIt) {

@@ -7,11 +7,13 @@
 #include "supplicant/WifiUtil.h"
 #include "support/Doing.h"
 #include "support/LoadedHost.h"
+#include "support/ThreadState.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <atomic>
+#include <filesystem>
 #include <memory>
 #include <type_traits>
 
@@ -121,6 +123,13 @@ TEST_F(Lifecycle, AFailedLoadLeavesAnInstanceThatAnswersItsFailureValues) {
     EXPECT_TRUE(settings->getNetworkDatabaseSsids("wlan0", ssids.data(), 2, &count));
     EXPECT_EQ(count, 0U);
     EXPECT_EQ(WifiHostSettings::getInstance(nullptr), settings) << "nothing tries again by itself";
+}
+
+TEST_F(Lifecycle, AFailedLoadEndsTheRefreshThread) {
+    host.on({"*"}).exits(255);
+    WifiHostSettings::getInstance(nullptr);
+    ASSERT_FALSE(std::filesystem::exists("/dev/shm/wifi_shmem")) << "its watchdog is still there";
+    test::awaitNoThreadNamed("tWifiRefreshWat"); // as much as the system keeps
 }
 
 TEST_F(Lifecycle, ReloadRecoversOnceTheSupplicantIsBack) {

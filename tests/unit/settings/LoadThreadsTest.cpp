@@ -1,5 +1,8 @@
 #include "LoadFixture.h"
 
+#include "support/Checkpoint.h"
+#include "support/Doing.h"
+
 #include <atomic>
 
 namespace {
@@ -26,6 +29,28 @@ TEST_F(LoadThreads, AreKeptApartFromARefresh) {
         load();
     done = true;
     reader.join();
+}
+
+TEST_F(LoadThreads, FindNoAdaptersUntilARefreshHasReadThem) {
+    const WifiHostSettings& settings = load("0\thome\tany\t\n");
+    const auto adapters = [&settings] {
+        platwifi::ReplyLines names(2);
+        EXPECT_TRUE(settings.getWifiAdapters(names.data(), 2, &names.count));
+        return static_cast<int>(names.count);
+    };
+    EXPECT_EQ(adapters(), 1);
+    test::Checkpoint checkpoint("/tmp/checkpoint");
+    standIn.on({"interface"})
+        .pausesAt(checkpoint.path())
+        .prints(test::ADAPTER_HEADER + "wlan0\nwlan1\n");
+    script("0\thome\tany\t\n");
+    {
+        const test::Doing refreshing([this] { load(); });
+        checkpoint.awaitArrival();
+        EXPECT_EQ(adapters(), 0);
+        checkpoint.letGo();
+    }
+    EXPECT_EQ(adapters(), 2);
 }
 
 } // namespace

@@ -18,6 +18,19 @@ std::atomic<int> timeouts{0};
 // Of one thread only, and only while it wants them.
 thread_local test::LockEvents* recorder = nullptr;
 
+// Whether the mutex is free at the beginning and the end and nowhere in between.
+bool isHeldThroughout(const test::LockEvents& events, const PlatformMutex* mutex) {
+    int depth = 0;
+    int timesFree = 0;
+    for (const test::LockEvent& event : events) {
+        if (event.mutex != mutex)
+            continue;
+        depth += event.isLock ? 1 : -1;
+        timesFree += depth == 0 ? 1 : 0;
+    }
+    return depth == 0 && timesFree == 1;
+}
+
 void note(bool isLock, PlatformMutex* mutex) {
     if (recorder)
         recorder->push_back({isLock, mutex});
@@ -79,6 +92,23 @@ LockEvents SettingsMutexes::among(const LockEvents& events) const {
                      return std::find(all.begin(), all.end(), event.mutex) != all.end();
                  });
     return found;
+}
+
+bool SettingsMutexes::pairIsHeldThroughout(const LockEvents& events) const {
+    LockEvents found;
+    std::copy_if(
+        events.begin(), events.end(), std::back_inserter(found),
+        [this](const auto& event) { return event.mutex == all[1] || event.mutex == all[2]; });
+    const LockEvent beginning[] = {{true, all[1]}, {true, all[2]}};
+    const LockEvent end[] = {{false, all[2]}, {false, all[1]}};
+    return found.size() >= 4 &&
+           std::equal(std::begin(beginning), std::end(beginning), found.begin()) &&
+           std::equal(std::begin(end), std::end(end), found.end() - 2) &&
+           isHeldThroughout(found, all[1]) && isHeldThroughout(found, all[2]);
+}
+
+bool SettingsMutexes::pairIsHeld() const {
+    return !isFree(all[1]) && !isFree(all[2]);
 }
 
 bool isFree(PlatformMutex* mutex) {

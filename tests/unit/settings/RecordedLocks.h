@@ -34,6 +34,13 @@ struct SettingsMutexes {
     /// What was asked of these mutexes, without that of any other.
     LockEvents among(const LockEvents& events) const;
 
+    /// Whether the lock of the list and then that of the settings are taken, held without a gap and
+    /// given back in reverse order.
+    bool pairIsHeldThroughout(const LockEvents& events) const;
+
+    /// Whether a thread holds both locks of the pair.
+    bool pairIsHeld() const;
+
     std::array<PlatformMutex*, 3> all{}; ///< entrance, list, settings
 };
 

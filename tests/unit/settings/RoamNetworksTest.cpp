@@ -46,6 +46,14 @@ TEST_F(RoamNetworks, ChangesNothingInMemory) {
     EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_ENABLED) << "it was the current one";
 }
 
+TEST_F(RoamNetworks, AsksTheAdapterThatItIsGiven) {
+    WifiHostSettings& settings = loaded.load(NETWORKS);
+    loaded.answer("OK\n");
+    EXPECT_TRUE(settings.roamNetworks("wlan1"));
+    EXPECT_EQ(loaded.commands().size(), ROAMING.size());
+    EXPECT_THAT(loaded.commands(), testing::Each(testing::StartsWith("-iwlan1 ")));
+}
+
 TEST_F(RoamNetworks, GoesOnWhenANetworkCannotBeEnabled) {
     WifiHostSettings& settings = loaded.load(NETWORKS);
     loaded.standIn.on({"-iwlan0", "set_network", "3", "disabled", "0"}).prints("FAIL\n").exits(1);

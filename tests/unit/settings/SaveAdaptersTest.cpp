@@ -53,6 +53,16 @@ TEST_F(SaveTwoAdapters, SucceedsWhenTheSecondIsSaved) {
     EXPECT_EQ(FakeWatchdog::signals, 1);
 }
 
+TEST_F(SaveTwoAdapters, ReadsTheSecondAgainWhenTheFirstRefuses) {
+    script("OK\n", "OK\n");
+    standIn.reset();
+    standIn.on({"-iwlan0", "reconfigure"}).prints("FAIL\n").exits(1);
+    standIn.on({"*"}).prints("OK\n");
+    EXPECT_THAT(saveGiving(1), ElementsAre(priority("0", "5"), SAVE, wlan1({"save_config"}), REREAD,
+                                           wlan1({"reconfigure"})));
+    EXPECT_EQ(FakeWatchdog::signals, 1);
+}
+
 TEST_F(SaveTwoAdapters, FailsWhenTheSecondIsNotSaved) {
     script("OK\n", "FAIL\n");
     EXPECT_THAT(saveGiving(0), ElementsAre(priority("0", "5"), SAVE, wlan1({"save_config"})));

@@ -48,6 +48,23 @@ TEST_F(StatusPause, BeginsWithTheFirstLoad) {
     expectRun(refreshAfter(1));
 }
 
+TEST_F(StatusPause, BeginsBeforeTheFirstLoadAsksAnything) {
+    test::Checkpoint checkpoint("/tmp/checkpoint");
+    standIn.on({"-iwlan0", "list_networks"})
+        .pausesAt(checkpoint.path())
+        .prints(test::LIST_HEADER + HOME);
+    script(HOME);
+    {
+        const test::Doing loading([this] { load(); });
+        checkpoint.awaitArrival();
+        SettableClock::advance(4000);
+        checkpoint.letGo();
+    }
+    replies(HOME);
+    expectSkipped(refreshAfter(999));
+    expectRun(refreshAfter(1));
+}
+
 TEST_F(StatusPause, BeginsAnewWithEveryRefreshThatWasNotSkipped) {
     load(HOME);
     replies(HOME);

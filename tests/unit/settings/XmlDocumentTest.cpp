@@ -1,5 +1,6 @@
 // The document as a whole: the host, the list, and what becomes of it when things are missing.
 
+#include "MissingWifiUtil.h"
 #include "ReportedSettings.h"
 #include "SettingsState.h"
 #include "platform/BufferedXWriter.h"
@@ -11,6 +12,7 @@
 #include <fstream>
 #include <unistd.h>
 
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -20,24 +22,8 @@ namespace {
 constexpr bool FULL = true;
 constexpr bool SHORT = false;
 
-bool hasDriver = true;
-
-} // namespace
-
-// The linker puts this in the place of WifiUtil::getInstance().
-WifiUtil* getDriver() __asm__("__wrap__ZN8WifiUtil11getInstanceEv");
-WifiUtil* getRealDriver() __asm__("__real__ZN8WifiUtil11getInstanceEv");
-
-WifiUtil* getDriver() {
-    return hasDriver ? getRealDriver() : nullptr;
-}
-
-namespace {
-
 class XmlDocument : public testing::Test {
 protected:
-    ~XmlDocument() override { hasDriver = true; }
-
     ReportedSettings reported;
 };
 
@@ -202,6 +188,11 @@ TEST_F(XmlDocument, BringsTheStatusOfTheNetworksUpToDateFirst) {
     EXPECT_THAT(reported.xml(SHORT), HasSubstr(R"(ssid="home" strength="100" status="5"/>)"));
 }
 
+TEST_F(XmlDocument, AsksWhetherTheSupplicantRunsBeforeItAsksForTheStatus) {
+    reported.xml(FULL);
+    EXPECT_THAT(reported.loaded.commands(), ElementsAre("-iwlan0 arg", "-iwlan0 status"));
+}
+
 TEST_F(XmlDocument, IsWrittenAlsoWhenTheStatusCannotBeBroughtUpToDate) {
     reported.loadForRefresh("0\thome\tany\t\n");
     EXPECT_THAT(reported.xml(SHORT), HasSubstr(R"(ssid="home" strength="0" status="1"/>)"));
@@ -220,7 +211,7 @@ TEST_F(XmlDocument, IsNotWrittenWithoutAWriter) {
 }
 
 TEST_F(XmlDocument, IsNotWrittenWithoutADriver) {
-    hasDriver = false;
+    const MissingWifiUtil missing;
     BufferedXWriter out;
     EXPECT_FALSE(reported.settings->getWifiHostSettingsXML(&out, &reported.errors, FULL));
     EXPECT_STREQ(out.text(), "");

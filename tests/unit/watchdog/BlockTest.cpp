@@ -43,14 +43,27 @@ TEST(SignalBlock, IsZeroWhereNothingWasSet) {
 }
 
 TEST(SignalBlock, IsAnObjectOfItsSizeWithTheModeThatTheUmaskLeaves) {
-    const mode_t before = umask(027);
+    for (const mode_t mask : {0U, 0027U, 0170U}) {
+        const mode_t before = umask(mask);
+        WifiHostSettingsWatchdog watchdog;
+        watchdog.initialize();
+        umask(before);
+        struct stat status {};
+        ASSERT_EQ(stat(test::BLOCK_PATH, &status), 0);
+        EXPECT_EQ(status.st_size, static_cast<off_t>(sizeof(SharedSignalBlock)));
+        EXPECT_EQ(status.st_mode & 07777U, 0777U & ~mask);
+    }
+}
+
+TEST(SignalBlock, HasTheSenderOfTheLastSignal) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
-    umask(before);
-    struct stat status {};
-    ASSERT_EQ(stat(test::BLOCK_PATH, &status), 0);
-    EXPECT_EQ(status.st_size, static_cast<off_t>(sizeof(SharedSignalBlock)));
-    EXPECT_EQ(status.st_mode & 0777U, 0750U);
+    const BlockView block;
+    block.raise(5);
+    block.raise(7);
+    EXPECT_EQ(block.numbers(), "1 7 1");
+    EXPECT_EQ(watchdog.checkForRefreshSignal(0), -1);
+    EXPECT_EQ(block.numbers(), "0 7 1") << "not taken back with the signal";
 }
 
 TEST(SignalBlock, HasMutexesAsTheyAreMeant) {

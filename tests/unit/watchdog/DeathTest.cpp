@@ -54,6 +54,16 @@ TEST_P(DeathOfAHolder, LeavesASignalWithoutSenderToTheOthers) {
     EXPECT_EQ(BlockView().numbers(), "0 none 2") << "the dead process stays counted";
 }
 
+// The sender of the last signal would leave one in its own name to the others.
+TEST_P(DeathOfAHolder, LeavesASignalAlsoToTheSenderOfTheLastOne) {
+    Peer other;
+    other.ask("initialize");
+    watchdog.sendRefreshSettingsSignal();
+    EXPECT_EQ(other.ask("check"), "-1");
+    dieHolding(GetParam().locks);
+    EXPECT_EQ(watchdog.checkForRefreshSignal(0), -1);
+}
+
 TEST_P(DeathOfAHolder, LetsOthersRaiseASignal) {
     Peer other;
     other.ask("initialize");

@@ -1,4 +1,4 @@
-// What the refresh thread makes of signals. Each of its cycles takes up to three seconds.
+// What the refresh thread makes of signals.
 
 #include "Peer.h"
 #include "RefreshThread.h"

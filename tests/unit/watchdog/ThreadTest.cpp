@@ -1,7 +1,8 @@
-// The life of the refresh thread. Each of its cycles takes up to three seconds.
+// The life of the refresh thread.
 
 #include "RefreshThread.h"
 
+#include "support/Doing.h"
 #include "support/ThreadState.h"
 
 #include <future>
@@ -79,6 +80,24 @@ TEST_F(RefreshThread, MayStopItself) {
     watchdog->start();
     Door::awaitCalls(1);
     watchdog.reset(); // waits for it nevertheless
+}
+
+TEST_F(RefreshThread, IsWaitedForByTheDestructorAlsoWhenItHasStoppedItself) {
+    auto* const self = watchdog.get();
+    std::promise<void> stopped;
+    std::promise<void> letGo;
+    Door::during([&] {
+        self->stop();
+        stopped.set_value();
+        letGo.get_future().wait();
+    });
+    raiseFromElsewhere();
+    watchdog->start();
+    stopped.get_future().wait();
+    const test::Doing destroying([this] { watchdog.reset(); });
+    destroying.awaitRest();
+    EXPECT_FALSE(destroying.isDone());
+    letGo.set_value();
 }
 
 TEST_F(RefreshThread, MayDestroyItsOwnWatchdog) {

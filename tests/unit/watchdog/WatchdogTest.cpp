@@ -8,7 +8,22 @@
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
+#include <functional>
+#include <string>
 #include <sys/stat.h>
+
+namespace {
+
+std::function<void()> atUnlink;
+
+} // namespace
+
+// Takes the place of the C library's.
+extern "C" __attribute__((visibility("default"))) int shm_unlink(const char* name) {
+    if (atUnlink)
+        atUnlink();
+    return unlink((std::string("/dev/shm") + name).c_str());
+}
 
 namespace {
 
@@ -60,6 +75,17 @@ TEST(Watchdog, TakesTheNameWithItAndEndsTheBlockAsItsLastUser) {
     EXPECT_EQ(block.numbers(), "0 none 0");
     EXPECT_FALSE(block->refreshCondition.isSetUp());
     EXPECT_EQ(watchdog.checkForRefreshSignal(100), 0);
+}
+
+// Once the block is left, the name may already be that of a new one.
+TEST(Watchdog, TakesTheNameFromTheBlockBeforeItLeavesIt) {
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    std::string numbers;
+    atUnlink = [&] { numbers = BlockView().numbers(); };
+    watchdog.wifiShmemDestroy();
+    atUnlink = nullptr;
+    EXPECT_EQ(numbers, "0 none 1");
 }
 
 TEST(Watchdog, MakesABlockAgainAfterItHasLeftOne) {
