@@ -36,6 +36,7 @@
 #ifndef FOREIGN
 #define FOREIGN 0       /* saves by a process whose inside is not modelled */
 #endif
+/* FOREIGN_LOCKS: that process also holds the block mutex from time to time */
 #ifndef TIMEOUTS
 #define TIMEOUTS 1      /* 1: a shared lock may time out whoever holds it; 0: when its holder is stopped */
 #endif
@@ -136,7 +137,7 @@ byte toLoad[PROCESSES];                           /* announced by a signal that 
 #else
 #define TIMES_OUT(owner) (HELD_BY_STOPPED(owner) && owner != me)
 #endif
-#define HELD_BY_STOPPED(t) (t != 0 && state[PROCESS_OF(t)] == STOPPED)
+#define HELD_BY_STOPPED(t) (t != 0 && t != FOREIGN_SENDER && state[PROCESS_OF(t)] == STOPPED)
 #define FREE(b) (B[b].signalMutex == 0 && B[b].blockMutex == 0)
 
 /* Each sets `got`. The next holder after one that died raises a signal without a sender. */
@@ -598,6 +599,11 @@ end_foreign:
        for (i : 0 .. PROCESSES - 1) {
          if :: USES(i, name) -> toTake[i] = toTake[i] | (1 << (PROCESSES * SAVES + left)) :: else fi };
        i = 0 }
+#ifdef FOREIGN_LOCKS
+  :: atomic { name != 0 && B[name].mark && B[name].blockMutex == 0 && !B[name].blockDied && !ALL_DONE ->
+       i = name; B[i].blockMutex = FOREIGN_SENDER };
+     atomic { B[i].blockMutex = 0; i = 0 }
+#endif
   :: left == 0 || ALL_DONE -> break
   od
 }
@@ -628,6 +634,9 @@ init {
       for (k : 0 .. CALLERS - 1) { run Caller(q, k) } }
     for (q : 0 .. BLOCKS - 1) { B[q].sender = NO_SENDER }
     if :: DEATHS + STOPS > 0 -> run Failures() :: else fi;
+#ifdef FOREIGN_LOCKS
+    run Foreign();
+#endif
     if :: FOREIGN > 0 -> run Foreign() :: else fi;
     run Quiet();
     q = 0; k = 0
