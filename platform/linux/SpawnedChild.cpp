@@ -67,8 +67,8 @@ struct Start {
     dup2(pipe, STDIN_FILENO);
     closefrom(STDIN_FILENO + 1);
     int status = 0;
-    const bool isTold = write(STDIN_FILENO, &start, sizeof(start)) == sizeof(start);
-    if (isTold && start.error == 0 && waitpid(start.child, &status, 0) == start.child)
+    const bool isSent = write(STDIN_FILENO, &start, sizeof(start)) == sizeof(start);
+    if (isSent && start.error == 0 && waitpid(start.child, &status, 0) == start.child)
         static_cast<void>(!write(STDIN_FILENO, &status, sizeof(status)));
     _exit(0);
 }
