@@ -1,11 +1,13 @@
 #include "supplicant/WifiUtil.h"
 
+#include "support/Checkpoint.h"
 #include "support/Leftovers.h"
 #include "support/StandIn.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
@@ -220,6 +222,36 @@ TEST_F(Launch, RemovesTheSocketOfAClientWhereTheSystemReapsItsChildren) {
     standIn.on({"*"}).leaves("/tmp/wpa_ctrl_%d-1").diesBy(SIGKILL);
     EXPECT_FALSE(run());
     EXPECT_EQ(clientSockets(), 0U);
+}
+
+std::vector<std::string> namesIn(const std::string& folder) {
+    std::vector<std::string> names;
+    std::error_code gone;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, gone))
+        names.push_back(entry.path().filename());
+    return names;
+}
+
+// It may outlive the program, and must not keep its sockets and pipes open then. It ends with the client.
+TEST_F(Launch, LeavesTheProcessInBetweenNothingButItsPipe) {
+    const ChildSignal signal(SIG_IGN, 0);
+    test::Checkpoint checkpoint("/tmp/checkpoint");
+    standIn.on({"*"}).pausesAt(checkpoint.path());
+    std::atomic<int> threadId{0};
+    std::thread running([&] {
+        threadId = PlatformUtil::threadId();
+        EXPECT_TRUE(run());
+    });
+    checkpoint.awaitArrival();
+    int between = 0;
+    std::ifstream("/proc/self/task/" + std::to_string(threadId) + "/children") >> between;
+    const std::string folder = "/proc/" + std::to_string(between) + "/fd";
+    std::vector<std::string> open = namesIn(folder);
+    while (open.size() > 1)
+        open = namesIn(folder);
+    EXPECT_THAT(open, ElementsAre("0"));
+    checkpoint.letGo();
+    running.join();
 }
 
 // Reaps every child of the process, as a program may do in a handler.
