@@ -10,7 +10,9 @@ import java.time.Duration;
 
 /** Shows on a terminal what the library can do with one adapter, step by step. */
 public final class WifiDemo {
-    private static final Duration PATIENCE = Duration.ofSeconds(30);
+    /** Half a minute, unless a slow machine's owner says otherwise: -Ddemo.patience=SECONDS. */
+    private static final Duration PATIENCE =
+            Duration.ofSeconds(Long.getLong("demo.patience", 30));
     private static final int SHOWN = 0;
     private static final int NOTHING_TO_SHOW = 1;
 

@@ -114,12 +114,13 @@ int SpawnPlan::run(pid_t& child) const noexcept {
 // All that a caller of the library learns of a missing program is that each call fails.
 void SpawnPlan::warn(int error) const {
     static OnceWarning warning;
-    if (isBootProgram(m_path) && isOfProgram(error))
-        warning.print("cannot start " + m_path.substr(m_path.rfind('/') + 1) + ": " +
-                      std::generic_category().message(error) + "; looked for " +
-                      joined(programPlaces(m_path)) +
-                      "; install the boot directory (wpa_cli, pidin) with the libraries, or set "
-                      "PLATFORM_BOOT_DIR to its path");
+    if (!isBootProgram(m_path) || !isOfProgram(error))
+        return;
+    warning.print("cannot start " + m_path.substr(m_path.rfind('/') + 1) + ": " +
+                  std::generic_category().message(error) + "; looked for " +
+                  joined(programPlaces(m_path)) +
+                  "; install the boot directory (wpa_cli, pidin) with the libraries, or set "
+                  "PLATFORM_BOOT_DIR to its path");
 }
 
 } // namespace platform

@@ -67,8 +67,8 @@ struct Start {
     dup2(pipe, STDIN_FILENO);
     closefrom(STDIN_FILENO + 1);
     int status = 0;
-    const bool isTold = write(STDIN_FILENO, &start, sizeof(start)) == sizeof(start);
-    if (isTold && start.error == 0 && waitpid(start.child, &status, 0) == start.child)
+    const bool isSent = write(STDIN_FILENO, &start, sizeof(start)) == sizeof(start);
+    if (isSent && start.error == 0 && waitpid(start.child, &status, 0) == start.child)
         static_cast<void>(!write(STDIN_FILENO, &status, sizeof(status)));
     _exit(0);
 }
@@ -81,6 +81,13 @@ ssize_t readValue(int pipe, Value& value) noexcept {
         got = read(pipe, &value, sizeof(value));
     while (got == -1 && errno == EINTR);
     return got;
+}
+
+// For a process that is about to end. The program may have come to keep the status of its children
+// meanwhile; then something of it would be left.
+void reap(pid_t child) noexcept {
+    while (waitpid(child, nullptr, 0) == -1 && errno == EINTR) {
+    }
 }
 
 } // namespace
@@ -115,6 +122,7 @@ void SpawnedChild::startReported(const char* path, const char* const arguments[]
     Start start{ECHILD, -1};
     readValue(pipe.reader.number(), start);
     if (start.error != 0) {
+        reap(m_endingId);
         plan.warn(start.error);
         errno = start.error;
         return;
@@ -132,6 +140,7 @@ SpawnedChild::Look SpawnedChild::look() noexcept {
     const ssize_t got = readValue(m_report.number(), m_status);
     if (got == -1 && errno == EAGAIN)
         return Look::RUNNING;
+    reap(m_endingId);
     return got == sizeof(m_status) ? Look::ENDED : Look::LOST;
 }
 

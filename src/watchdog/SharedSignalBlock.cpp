@@ -149,9 +149,9 @@ int SharedSignalBlock::mended(int error) noexcept {
 int SharedSignalBlock::signalMended(int error) noexcept {
     if (error != EOWNERDEAD)
         return error;
-    if (lock() == 0) {
-        raiseForTheDead();
+    const bool isLocked = lock() == 0;
+    raiseForTheDead(); // without the lock, too: what its holder changes meanwhile is lost, not this
+    if (isLocked)
         unlock();
-    }
     return usable(signalMutex);
 }

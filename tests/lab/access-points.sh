@@ -65,5 +65,5 @@ start_access_points() {
         conf+=("/run/lab/wlan$radio.conf")
     done < <(access_point_rows)
     hostapd -B -t -P /run/lab/hostapd.pid -f "$LAB_OUT/hostapd.log" "${conf[@]}" >/dev/null &&
-        wait_for 20 access_points_ready
+        wait_for access_points_ready
 }

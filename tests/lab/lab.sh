@@ -9,12 +9,24 @@ export LAB_SUPPLICANT_CONF=/run/lab/wpa_supplicant.conf
 export LAB_SUPPLICANT_LOG=$LAB_OUT/supplicant.log
 LAB_SUPPLICANT_PID=/var/run/wpa_supplicant.pid
 
-# wait_for SECONDS COMMAND...: until the command succeeds; fails when it never did.
+# What grows while something still happens; a job adds the files that its own programs write.
+LAB_WATCHED=("$LAB_SUPPLICANT_LOG")
+LAB_LONGEST_SILENCE=120
+
+progress() { stat -c %s "${LAB_WATCHED[@]}" 2>/dev/null | tr '\n' ' ' || true; }
+
+# wait_for COMMAND...: until the command succeeds. Fails where it has not, and nothing that is watched has
+# grown for two minutes: how fast the machine is plays no part.
 wait_for() {
-    local end=$((SECONDS + $1))
-    shift
+    local seen now start=$SECONDS end=$((SECONDS + LAB_LONGEST_SILENCE))
+    seen=$(progress)
     until "$@"; do
-        if [ "$SECONDS" -gt "$end" ]; then return 1; fi
+        if [ "$SECONDS" -gt "$end" ]; then
+            now=$(progress)
+            if [ "$now" = "$seen" ]; then return 1; fi
+            echo "        waits for $((SECONDS - start)) s: $*" >&2
+            seen=$now end=$((SECONDS + LAB_LONGEST_SILENCE))
+        fi
         sleep 0.05
     done
 }
@@ -29,8 +41,8 @@ supplicant_state() { client status 2>/dev/null | sed -n 's/^wpa_state=//p'; }
 # in_state STATE: STATE may be a pattern such as INACTIVE|DISCONNECTED.
 in_state() { [[ $(supplicant_state) =~ ^($1)$ ]]; }
 
-# wait_state STATE [SECONDS]
-wait_state() { wait_for "${2:-20}" in_state "$1"; }
+# wait_state STATE
+wait_state() { wait_for in_state "$1"; }
 
 # A list of the frequencies in use makes a full scan ten times shorter.
 frequencies() { cut -f 3 "$LAB_AP_TABLE" | sort -u | tr '\n' ' '; }
@@ -50,12 +62,12 @@ supplicant_answers() { [ "$(client ping 2>/dev/null)" = PONG ]; }
 start_supplicant() {
     local conf=${1:-$LAB_SUPPLICANT_CONF}
     wpa_supplicant -B -t -Dnl80211 -iwlan0 -c "$conf" -P "$LAB_SUPPLICANT_PID" \
-        -f "$LAB_SUPPLICANT_LOG" >/dev/null && wait_for 20 supplicant_answers
+        -f "$LAB_SUPPLICANT_LOG" >/dev/null && wait_for supplicant_answers
 }
 
 supplicant_gone() { [ ! -e "$LAB_SUPPLICANT_PID" ] && ! kill -0 "$1" 2>/dev/null; }
 
 stop_supplicant() {
     local pid
-    pid=$(cat "$LAB_SUPPLICANT_PID") && kill "$pid" && wait_for 20 supplicant_gone "$pid"
+    pid=$(cat "$LAB_SUPPLICANT_PID") && kill "$pid" && wait_for supplicant_gone "$pid"
 }

@@ -31,7 +31,7 @@ namespace {
 constexpr const char* WLAN = "wlan0";
 
 // The last resort against waiting for ever.
-constexpr std::chrono::seconds LONG_ENOUGH{30};
+constexpr std::chrono::seconds LONG_ENOUGH{300};
 constexpr std::chrono::milliseconds BETWEEN_LOOKS{200}; // a look takes the guest half of that
 
 std::string variable(const char* name) {

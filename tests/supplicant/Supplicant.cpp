@@ -29,7 +29,7 @@ std::string joined(const Lines& lines) {
 }
 
 // The last resort against waiting for ever; in good order it plays no part.
-constexpr std::chrono::seconds LONG_ENOUGH{20};
+constexpr std::chrono::seconds LONG_ENOUGH{300};
 constexpr std::chrono::milliseconds BETWEEN_LOOKS{5};
 
 void await(const std::string& what, const std::function<bool()>& happened) {

@@ -16,7 +16,7 @@ using test::WLAN;
 namespace {
 
 // The last resort against waiting for ever; a signal takes some seconds.
-constexpr std::chrono::seconds LONG_ENOUGH{30};
+constexpr std::chrono::seconds LONG_ENOUGH{300};
 constexpr std::chrono::milliseconds BETWEEN_LOOKS{20};
 
 testing::AssertionResult comesAbout(const std::function<bool()>& condition) {

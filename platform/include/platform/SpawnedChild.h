@@ -7,8 +7,8 @@ namespace platform {
 
 /// A program that runs as a child process, from its start until its status is known.
 ///
-/// A program may ignore SIGCHLD, or ask not to be told of its children; the system then drops their
-/// status. The child is then started by a process in between, a copy of this one that waits for it and
+/// A program may ignore SIGCHLD, or handle it with SA_NOCLDWAIT; the system then drops the status of its
+/// children. The child is then started by a process in between, a copy of this one that waits for it and
 /// hands its status over. No signal's disposition is changed in this process.
 ///
 /// An object belongs to one thread at a time. Nothing throws.

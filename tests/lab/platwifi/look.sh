@@ -42,7 +42,7 @@ test_look() {
     shows wlan0
     run "adapters" 0 adapters --json
     json_has "" '["wlan0"]'
-    result "scan shows each access point" wait_for 20 scan_shows_all
+    result "scan shows each access point" wait_for scan_shows_all
     note scan
     scan_as_json
     run "networks" 0 networks

@@ -20,10 +20,10 @@ test_others() {
     result "another process does not have lab-open" peer_lacks lab-open
     inode=$(stat -c %i $block)
     run "add an open network" 0 add lab-open key_mgmt=NONE
-    result "the other process comes to have it" wait_for 10 peer_has lab-open
+    result "the other process comes to have it" wait_for peer_has lab-open
     run "remove" 0 remove lab-open
     shows 'lab-open is removed\.'
-    result "the other process comes to lose it" wait_for 10 peer_lacks lab-open
+    result "the other process comes to lose it" wait_for peer_lacks lab-open
     result "the shared memory keeps its name" [ "$(stat -c %i $block)" = "$inode" ]
     kill "$pid"
     wait "$pid" 2>/dev/null || true

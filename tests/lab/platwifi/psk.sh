@@ -53,7 +53,7 @@ test_psk() {
     file_has priority=5
     run "roam" 0 roam --json
     json_has /done roaming
-    result "the supplicant chooses lab-psk" wait_for 20 connected_to lab-psk
+    result "the supplicant chooses lab-psk" wait_for connected_to lab-psk
 
     run "networks" 0 networks --json
     json_has /0/ssid lab-psk /0/status connected /0/key_mgmt WPA-PSK /0/priority 5

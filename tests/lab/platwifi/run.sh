@@ -13,6 +13,8 @@ OUT=/tmp/out
 ERR=/tmp/err
 TRANSCRIPT=/tmp/transcript
 failures=0
+LONG_ENOUGH=3600 # for a connection, however slow the machine is
+LAB_WATCHED+=("$OUT" "$ERR")
 
 require_programs() {
     local program
@@ -91,7 +93,7 @@ connected_to() {
 
 # connects SSID: the supplicant says so, too.
 connects() {
-    run "connect" 0 connect "$1"
+    run "connect" 0 connect --timeout $LONG_ENOUGH "$1"
     shows "Connecting to $1: .*COMPLETED"
     shows "Connected to $1 after [0-9]+\.[0-9] s\."
     result "the supplicant is on $1" connected_to "$1"
@@ -99,11 +101,11 @@ connects() {
 
 # gives_up SSID CAUSE: it is sure before the time is over.
 gives_up() {
-    local patience=60 line
-    run "connect" 1 connect --timeout $patience "$1"
+    local line
+    run "connect" 1 connect --timeout $LONG_ENOUGH "$1"
     complains "$1 is not connected after .* s, the last state is [A-Z0-9_]+: $2.*"
     line=$(sed -nE 's/.* after ([0-9]+)\..*/\1/p' "$ERR")
-    result "is sure before the time is over" [ "${line:-$patience}" -lt "$patience" ]
+    result "is sure before the time is over" [ "${line:-$LONG_ENOUGH}" -lt $LONG_ENOUGH ]
     forget_refusal
 }
 

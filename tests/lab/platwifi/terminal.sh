@@ -39,8 +39,8 @@ picture() {
     # shellcheck disable=SC2016 # the terminal's shell expands it
     terminal new-session -d -s lab -x "$width" -y 40 \
         sh -c '"$@"; echo "[status $?]"; tmux wait-for -S drawn; exec sleep 600' sh "$@"
-    timeout 60 tmux -L lab wait-for drawn || true
-    result "draws ${picture##*/}" wait_for 5 is_drawn
+    timeout 600 tmux -L lab wait-for drawn || true
+    result "draws ${picture##*/}" wait_for is_drawn
     terminal capture-pane -p | without_blanks >"$picture.txt"
     terminal capture-pane -p -e | without_blanks >"$picture.ansi"
     sed 's/^/        |/' "$picture.txt"
@@ -118,7 +118,7 @@ test_terminal() {
     rename lab-open "$european"
     rename lab-wpa1-tkip "$other"
     client_ok bss_flush 0
-    wait_for 20 has_heard_all
+    wait_for has_heard_all
     picture scan 80 "$PLATWIFI" scan
     has_table '(BSSID|02:00:00)'
     shows_the_name

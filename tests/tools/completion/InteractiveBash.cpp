@@ -13,7 +13,7 @@
 namespace test {
 namespace {
 
-constexpr int LONGEST_SILENCE = 20000; // ms
+constexpr int LONGEST_SILENCE = 300000; // ms
 constexpr const char* SETTINGS = "/tmp/interactive-bash";
 
 // The function stands in the program's place on a command line; the completion finds the program.

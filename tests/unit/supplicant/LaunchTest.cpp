@@ -1,11 +1,13 @@
 #include "supplicant/WifiUtil.h"
 
+#include "support/Checkpoint.h"
 #include "support/Leftovers.h"
 #include "support/StandIn.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
@@ -199,10 +201,7 @@ TEST_F(Launch, TellsSuccessFromFailureWhereTheSystemReapsItsChildren) {
         EXPECT_FALSE(run()) << "killed";
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
         std::remove(RESULT);
-        test::Leftovers after = test::Leftovers::now();
-        while (after.children > before.children) // the process in between is about to end
-            after = test::Leftovers::now();
-        EXPECT_TRUE(after == before);
+        EXPECT_TRUE(test::Leftovers::now() == before);
         EXPECT_EQ(ChildSignal::isIgnored(), row.handler == SIG_IGN) << "left as it is";
     }
 }
@@ -222,17 +221,48 @@ TEST_F(Launch, RemovesTheSocketOfAClientWhereTheSystemReapsItsChildren) {
     EXPECT_EQ(clientSockets(), 0U);
 }
 
-// Reaps every child of the process, as a program may do in a handler.
-void reapAll(int) {
-    while (waitpid(-1, nullptr, 0) > 0) {
-    }
+std::vector<std::string> namesIn(const std::string& folder) {
+    std::vector<std::string> names;
+    std::error_code gone;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, gone))
+        names.push_back(entry.path().filename());
+    return names;
+}
+
+// It may outlive the program, and must not keep its sockets and pipes open then. It ends with the client.
+TEST_F(Launch, LeavesTheProcessInBetweenNothingButItsPipe) {
+    const ChildSignal signal(SIG_IGN, 0);
+    test::Checkpoint checkpoint("/tmp/checkpoint");
+    standIn.on({"*"}).pausesAt(checkpoint.path());
+    std::atomic<int> threadId{0};
+    std::thread running([&] {
+        threadId = PlatformUtil::threadId();
+        EXPECT_TRUE(run());
+    });
+    checkpoint.awaitArrival();
+    int between = 0;
+    std::ifstream("/proc/self/task/" + std::to_string(threadId) + "/children") >> between;
+    const std::string folder = "/proc/" + std::to_string(between) + "/fd";
+    std::vector<std::string> open = namesIn(folder);
+    while (open.size() > 1)
+        open = namesIn(folder);
+    EXPECT_THAT(open, ElementsAre("0"));
+    checkpoint.letGo();
+    running.join();
 }
 
 TEST_F(Launch, SaysOnceThatAStatusWasTakenAway) {
-    standIn.on({"*"}).prints("OK\n");
-    const auto runTwice = [this] {
-        const ChildSignal signal(reapAll, 0);
-        const bool succeeded = run() || run();
+    test::Checkpoint checkpoint("/tmp/checkpoint");
+    standIn.on({"*"}).pausesAt(checkpoint.path());
+    const auto runTwice = [&] {
+        bool succeeded = false;
+        for (int i = 0; i < 2; ++i) {
+            std::thread running([&] { succeeded = run() || succeeded; });
+            checkpoint.awaitArrival();
+            const ChildSignal signal(SIG_IGN, 0); // too late for a process in between
+            checkpoint.letGo();
+            running.join();
+        }
         std::_Exit(succeeded ? 1 : 0);
     };
     EXPECT_EXIT(runTwice(), testing::ExitedWithCode(0),

@@ -5,7 +5,7 @@ import java.util.function.BooleanSupplier;
 
 /** Waits for what comes soon; the limit is only against waiting for ever. */
 final class Wait {
-    private static final double LONG_ENOUGH = 30;
+    private static final double LONG_ENOUGH = 300;
     private static final long BETWEEN_LOOKS_MS = 100;
 
     private Wait() {}

@@ -85,7 +85,7 @@ class StatusTest {
 
     /** Asked of the supplicant at most every five seconds: so long this goes on. */
     @Test
-    @Timeout(60)
+    @Timeout(600)
     void theStatusOfANetworkIsBroughtUpToDate() throws InterruptedException {
         new StandIn()
                 .when("-iwlan0", "list_networks").print("header\n0\thome\tany\t[CURRENT]\n")
