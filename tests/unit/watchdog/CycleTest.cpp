@@ -39,7 +39,7 @@ TEST_F(RefreshCycle, HasNoWaitForAnotherProcessAfterASave) {
     RecordedWaits::at(3, [] { raiseFromElsewhere(); });
     Door::during([&] { waitsBeforeReload = RecordedWaits::count(); });
     watchdog->start();
-    Door::awaitCalls(1);
+    RecordedWaits::await(9);
     watchdog->stop();
     EXPECT_EQ(waitsBeforeReload, 5U);
 }
