@@ -61,7 +61,7 @@ void WifiHostSettings::unload() noexcept {
 // Nothing is reported: an instance that could not be loaded tells so by having no networks.
 WifiHostSettings::WifiHostSettings(ErrorHandler* /*errors*/)
     : lastStatusRefresh(Zam::getInstance()->milliseconds()), currentNetwork(nullptr),
-      supplicantState(WPA_STATE_UNKNOWN), numbersAreStale(false) {
+      supplicantState(WPA_STATE_UNKNOWN) {
     PlatformUtil::createMutex(&entrance);
     startWatchdog();
     PlatformUtil::createMutex(&_sync);
@@ -158,8 +158,7 @@ void WifiHostSettings::forgetState() noexcept {
     supplicantState = WPA_STATE_UNKNOWN;
     currentNetwork = nullptr;
     lastStatusRefresh = 0;
-    numbersAreStale = false;
-    knownSsids.clear();
+    networkIds.forget();
 }
 
 // What is left is an instance without networks, adapters and refresh thread. The caller holds the

@@ -4,7 +4,8 @@
 #include "model/WifiTypes.h"
 #include "platform/ErrorHandler.h"
 #include "platform/PlatformUtil.h"
-#include "settings/NetworkNumbers.h"
+#include "settings/NetworkIds.h"
+#include "settings/WholeLines.h"
 
 #include <atomic>
 #include <cstdint>
@@ -173,7 +174,7 @@ private:
     // holds lockSettings(), or is the constructor.
     bool initializeSettings();
     bool loadAdapterNames(WifiUtil& util);
-    void loadNetworks(WifiUtil& util, const platwifi::ReplyLines& lines);
+    void loadNetworks(WifiUtil& util, const platwifi::Lines& lines);
     void loadNetwork(WifiUtil& util, const char* line);
     bool loadScan(WifiUtil& util);
     bool loadStatus(WifiUtil& util);
@@ -185,29 +186,21 @@ private:
     void followStatusLine(const char* line) noexcept;
     void followStatusSsid(const char* ssid) noexcept;
     void settleStatus() noexcept;
-    bool followList(const platwifi::ReplyLines& lines);
-    bool followListLines(const platwifi::ReplyLines& lines, WifiNetwork& network,
-                         bool isNumbered) noexcept;
+    bool followList(const platwifi::Lines& list);
+    bool followListLines(const platwifi::Lines& lines, WifiNetwork& network) noexcept;
     void followMark(platwifi::ListMark mark, WifiNetwork& network) noexcept;
     bool moveTo(WifiNetwork* network) noexcept;
     void leaveNetwork(const char* ssid) noexcept;
     void leaveIdleNetwork() noexcept;
 
-    // Saving. False when the supplicant did not answer, or could not save.
-    bool writeChanges(WifiUtil& util, bool& wrote);
+    // Saving. False when the supplicant could not save.
+    bool saveChanges(WifiUtil& util);
+    bool writeNetwork(WifiUtil& util, WifiNetwork& network);
     bool saveConfiguration(WifiUtil& util);
 
-    // To be asked, with lockSettings(), before a command that names a network by its number. Costs a
-    // command only when the numbers are stale.
-
-    /// @param unnumbered  gets the networks whose number must not be used
-    /// @return false when the supplicant did not answer: no number must be used
-    bool confirmNumbers(WifiUtil& util, platwifi::UnnumberedNetworks& unnumbered);
-
-    void endStaleness(const platwifi::UnnumberedNetworks& unnumbered) noexcept;
-
-    /// Whether the number of this one can be used.
-    bool confirmNumber(WifiUtil& util, const WifiNetwork& network);
+    /// Whether the id of this network can be used, to be asked with lockSettings() before a command that
+    /// names a network. Costs a command only when ids are stale.
+    bool confirmId(WifiUtil& util, const WifiNetwork& network);
 
     static std::atomic<WifiHostSettings*> INSTANCE;
 
@@ -223,8 +216,5 @@ private:
     std::unique_ptr<WifiNetworkList> networkList;
     WpaState supplicantState;
     std::unique_ptr<WifiHostSettingsWatchdog> watchdog; ///< null after a failure
-
-    /// Whether the supplicant may have numbered its networks anew since their numbers were read.
-    bool numbersAreStale;
-    platwifi::KnownSsids knownSsids; ///< while they are stale: the supplicant's names for networks
+    platwifi::NetworkIds networkIds;                    ///< of the networks of the list
 };
