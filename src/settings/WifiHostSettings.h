@@ -132,7 +132,8 @@ public:
 
     /// Writes every changed field to the supplicant, makes it save its configuration and read it
     /// again, and lets other processes know. Nothing is done when nothing has changed.
-    /// @return 1, or 0 when the configuration could not be saved
+    /// @return 1, or 0 when the configuration could not be saved, or a changed network was left out
+    ///         because the supplicant has it no more; that one keeps its changes
     int saveNetworkSettings() noexcept;
 
     // Reports of the whole state. Each brings the status of the networks up to date first, as often as

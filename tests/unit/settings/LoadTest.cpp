@@ -239,7 +239,7 @@ TEST_F(Load, TakesALongSsidWholeAndNoRestForANetwork) {
         ASSERT_EQ(ssid.size(), 128U);
         load("0\thome\tany\t\n7\t" + ssid + "\tany\t[CURRENT]\n8\twork\tany\t\n",
              "ssid=" + ssid + "\nid=7\nwpa_state=COMPLETED\n");
-        EXPECT_THAT(ssids(), ElementsAre("work", ssid, "home"));
+        ASSERT_THAT(ssids(), ElementsAre("work", ssid, "home"));
         EXPECT_EQ(network(ssid.c_str())->getNetworkId(), 7);
         EXPECT_EQ(statusOf(ssid.c_str()), NETWORK_STATUS_CONNECTED);
         EXPECT_EQ(current(), ssid);

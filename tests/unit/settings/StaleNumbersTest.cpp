@@ -262,7 +262,7 @@ TEST_F(StaleNumbers, AreNotThoseOfALongSsid) {
     const std::string ssid = platwifi::printedSsid(std::string(32, '\xd0'));
     WifiHostSettings& settings = loaded.load("0\thome\tany\t\n1\t" + ssid + "\tany\t\n");
     loaded.answer("OK\n");
-    EXPECT_THAT(ssidsOf(settings), ElementsAre(ssid, "home"));
+    ASSERT_THAT(ssidsOf(settings), ElementsAre(ssid, "home"));
     {
         const SettingsLock lock(settings);
         settings.getNetwork("wlan0", ssid.c_str())->setPriority(3);

@@ -74,6 +74,7 @@ TEST_F(StatusNumbers, EndTheRefreshAtALineWithoutAnyFieldAllTheSame) {
 TEST_F(StatusNumbers, AreThoseOfWholeLines) {
     const std::string ssid = platwifi::printedSsid(std::string(32, '\xd0'));
     load("0\thome\tany\t\n1\t" + ssid + "\tany\t\n");
+    ASSERT_NE(network(ssid.c_str()), nullptr);
     EXPECT_TRUE(refresh("0\thome\tany\t\n1\t" + ssid + "\tany\t[CURRENT]\n",
                         "02:00:00:00:01:00\t2412\t185\t[ESS]\t" + ssid + "\n"));
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
