@@ -1,4 +1,4 @@
-// What wpa_supplicant 2.10 keeps in its file, and what not: tests/supplicant/FileTest.cpp asks it.
+// What wpa_supplicant 2.10 keeps in its file, and what not: tests/supplicant/RenumberingTest.cpp asks it.
 
 #include "settings/KeyState.h"
 

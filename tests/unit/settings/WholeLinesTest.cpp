@@ -44,7 +44,7 @@ Lines joinedList(const Lines& lines) {
     return joined(platwifi::wholeListLines, lines);
 }
 
-// An SSID of which `characters` are printed, `digits` hexadecimal ones at its end.
+// A line of the list; `rest` is what stands behind the SSID.
 std::string line(const std::string& id, const std::string& ssid, const std::string& rest) {
     return id + "\t" + ssid + "\t" + rest;
 }
