@@ -103,7 +103,8 @@ PLATWIFI_API int setHostParameters(ErrorHandler* errors, const char* iface,
 
 /// Writes every changed field to the supplicant, makes it save its configuration and read it again,
 /// and lets other processes know. Nothing is done when nothing has changed.
-/// @return 1, or 0 when the configuration could not be saved
+/// @return 1, or 0 when the configuration could not be saved, or a changed network was left out
+///         because the supplicant has it no more; that one keeps its changes
 PLATWIFI_API int saveWifiHostSettings(ErrorHandler* errors) noexcept;
 
 /// Writes the state as an XML document: see WifiHostSettings::getWifiHostSettingsXML().

@@ -1,8 +1,5 @@
 #include "settings/ListedSsid.h"
 
-#include "settings/Placeholders.h"
-#include "supplicant/ReplyLines.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <cstdlib>
@@ -11,36 +8,16 @@ using namespace platwifi;
 
 namespace {
 
-constexpr std::size_t LONGEST_PIECE = 127;
-constexpr std::ptrdiff_t TABS = 3; // number, SSID, BSSID, flags
-constexpr int LARGEST_NUMBER = 255;
+constexpr std::ptrdiff_t TABS = 3; // id, SSID, BSSID, flags
+constexpr std::size_t MOST_DIGITS = 3;
+constexpr int LARGEST_ID = 255;
 
-std::ptrdiff_t tabsIn(const std::string& line) {
-    return std::count(line.begin(), line.end(), '\t');
-}
-
-// A long line arrives in pieces. One that is cut behind its last tab has lost flags only.
-bool goesOn(const std::string& line) {
-    return line.size() == LONGEST_PIECE && tabsIn(line) < TABS;
-}
-
-std::vector<std::string> wholeLines(const ReplyLines& reply) {
-    std::vector<std::string> lines;
-    for (int i = 0; i < reply.count; ++i) {
-        if (!lines.empty() && goesOn(lines.back()))
-            lines.back() += reply.data()[i];
-        else
-            lines.emplace_back(reply.data()[i]);
-    }
-    return lines;
-}
-
-// -1 for what is no number, or too large.
-int numberFrom(const std::string& text) {
-    const bool isNumber = !text.empty() && text.size() <= 3 &&
-                          text.find_first_not_of("0123456789") == std::string::npos;
-    const int number = isNumber ? std::atoi(text.c_str()) : -1;
-    return number <= LARGEST_NUMBER ? number : -1;
+std::optional<unsigned char> idFrom(const std::string& text) {
+    if (text.empty() || text.size() > MOST_DIGITS ||
+        text.find_first_not_of("0123456789") != std::string::npos)
+        return {};
+    const int id = std::atoi(text.c_str());
+    return id <= LARGEST_ID ? std::optional(static_cast<unsigned char>(id)) : std::nullopt;
 }
 
 bool standsForNoSsid(const std::string& column) {
@@ -84,22 +61,13 @@ std::string platwifi::printedSsid(const std::string& ssid) {
     return printed;
 }
 
-bool ListedSsid::isOf(const std::string& ssid) const {
-    return printed == ssid || printed == printedSsid(ssid) || (isUnnamed && ssid == NO_SSID);
-}
-
-std::vector<ListedSsid> platwifi::listedSsids(const ReplyLines& reply) {
-    std::vector<ListedSsid> listed;
-    for (const std::string& line : wholeLines(reply)) {
-        const std::size_t tab = line.find('\t');
-        const int number = numberFrom(line.substr(0, tab));
-        if (tab == std::string::npos || number < 0)
-            continue;
-        const std::string column = line.substr(tab + 1, line.find('\t', tab + 1) - tab - 1);
-        const bool isUnnamed = standsForNoSsid(column);
-        // Without a column for it, the SSID's place is taken by the BSSID.
-        const bool isSsid = !isUnnamed || tabsIn(line) >= TABS;
-        listed.push_back({static_cast<unsigned char>(number), isSsid ? column : "", isUnnamed});
-    }
-    return listed;
+std::optional<ListedSsid> platwifi::listedSsid(const std::string& line) {
+    const std::size_t tab = line.find('\t');
+    if (tab == std::string::npos)
+        return {};
+    const std::string column = line.substr(tab + 1, line.find('\t', tab + 1) - tab - 1);
+    // Without a column for it, the SSID's place is taken by the BSSID.
+    const bool isSsid =
+        !standsForNoSsid(column) || std::count(line.begin(), line.end(), '\t') >= TABS;
+    return ListedSsid{idFrom(line.substr(0, tab)), isSsid ? column : ""};
 }

@@ -190,30 +190,46 @@ constexpr SavedField FIELDS[] = {
 
 #undef DIRTY
 
-// Whether the supplicant takes a value is not looked at, deliberately: saving the configuration alone
-// decides.
-void write(WifiUtil& util, const char* iface, unsigned char id, const SavedField& field,
-           const char* value) {
-    util.setNetworkValue(iface, id, field.key, value);
-    if (field.command)
-        util.executeCustom(iface, id, field.command, value);
-}
+// Whether the supplicant takes a value does not change what is sent, deliberately: saving the
+// configuration alone decides.
+class FieldWriter {
+public:
+    FieldWriter(WifiUtil& util, const char* iface, WifiNetwork& network, const FieldObserver& sent)
+        : m_util(util), m_iface(iface), m_network(network), m_sent(sent) {}
 
-void save(WifiUtil& util, const char* iface, WifiNetwork& network, const SavedField& field) {
-    const Value value = field.value(network);
-    if (value.stays)
-        return;
-    if (value.text)
-        write(util, iface, network.getNetworkId(), field, value.text->c_str());
-    field.dirty.clear(network);
-}
+    void save(const SavedField& field) const {
+        const Value value = field.value(m_network);
+        if (value.stays)
+            return;
+        if (value.text)
+            write(field, value.text->c_str());
+        field.dirty.clear(m_network);
+    }
+
+private:
+    void write(const SavedField& field, const char* value) const {
+        const unsigned char id = m_network.getNetworkId();
+        const bool accepted = m_util.setNetworkValue(m_iface, id, field.key, value);
+        if (m_sent)
+            m_sent(field.key, value, accepted);
+        if (field.command)
+            m_util.executeCustom(m_iface, id, field.command, value);
+    }
+
+    WifiUtil& m_util;
+    const char* m_iface;
+    WifiNetwork& m_network;
+    const FieldObserver& m_sent;
+};
 
 } // namespace
 
-void saveDirtyFields(WifiUtil& util, const char* iface, WifiNetwork& network) noexcept {
+void saveDirtyFields(WifiUtil& util, const char* iface, WifiNetwork& network,
+                     const FieldObserver& sent) noexcept {
+    const FieldWriter writer(util, iface, network, sent);
     for (const SavedField& field : FIELDS) {
         if (field.dirty.isSet(network))
-            save(util, iface, network, field);
+            writer.save(field);
     }
 }
 

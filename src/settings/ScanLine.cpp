@@ -3,7 +3,6 @@
 #include "model/WifiNetwork.h"
 #include "settings/Decimal.h"
 #include "settings/LineFields.h"
-#include "supplicant/ReplyLines.h"
 
 #include <algorithm>
 #include <cstring>
@@ -95,11 +94,9 @@ bool isInLine(const char* line, const char* ssid) {
     return std::strstr(line, ssid) != nullptr;
 }
 
-void mergeScan(const ReplyLines& lines, WifiNetwork* head, ScanMatch matches) {
-    for (unsigned int i = 0; i < lines.count; ++i) {
-        if (const char* const line = lines.data()[i])
-            mergeLine(line, head, matches);
-    }
+void mergeScan(const Lines& lines, WifiNetwork* head, ScanMatch matches) {
+    for (const std::string& line : lines)
+        mergeLine(line.c_str(), head, matches);
 }
 
 } // namespace platwifi

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "settings/WholeLines.h"
+
 class WifiNetwork;
 
 namespace platwifi {
-
-class ReplyLines;
 
 /// The radio channel of a frequency in MHz, given as text. Channels 1 to 11 are known; anything else
 /// counts as channel 6.
@@ -30,6 +30,6 @@ bool isInLine(const char* line, const char* ssid);
 
 /// Reads every line into every network that it matches, from `head` on. The caller holds the lock of
 /// the list.
-void mergeScan(const ReplyLines& lines, WifiNetwork* head, ScanMatch matches);
+void mergeScan(const Lines& lines, WifiNetwork* head, ScanMatch matches);
 
 } // namespace platwifi

@@ -52,11 +52,12 @@ void WifiHostSettings::unload() noexcept {
     WifiHostSettings& settings = instance();
     const MutexGuard guard(settings.gate);
     settings.deactivate();
+    settings.networkIds = NetworkIds(); // a reload remembers changes that are not saved
 }
 
 WifiHostSettings::WifiHostSettings(Unloaded /*tag*/) noexcept
     : lastStatusRefresh(0), currentNetwork(nullptr), ownList(std::make_unique<WifiNetworkList>()),
-      networkList(nullptr), supplicantState(WPA_STATE_UNKNOWN), numbersAreStale(false) {
+      networkList(nullptr), supplicantState(WPA_STATE_UNKNOWN) {
     PlatformUtil::createMutex(&gate);
     PlatformUtil::createMutex(&_sync);
 }
@@ -175,8 +176,7 @@ void WifiHostSettings::forgetState() noexcept {
     supplicantState = WPA_STATE_UNKNOWN;
     currentNetwork = nullptr;
     stampStatusRefresh(0);
-    numbersAreStale = false;
-    knownSsids.clear();
+    networkIds.forget();
 }
 
 bool WifiHostSettings::statusRefreshIsDue(std::uint64_t now) const noexcept {

@@ -4,7 +4,8 @@
 #include "model/WifiTypes.h"
 #include "platform/ErrorHandler.h"
 #include "platform/PlatformUtil.h"
-#include "settings/NetworkNumbers.h"
+#include "settings/NetworkIds.h"
+#include "settings/WholeLines.h"
 
 #include <atomic>
 #include <cstdint>
@@ -143,7 +144,8 @@ public:
 
     /// Writes every changed field to the supplicant, makes it save its configuration and read it
     /// again, and lets other processes know. Nothing is done when nothing has changed.
-    /// @return 1, or 0 when the configuration could not be saved
+    /// @return 1, or 0 when the configuration could not be saved, or a changed network was left out
+    ///         because the supplicant has it no more; that one keeps its changes
     int saveNetworkSettings() noexcept;
 
     // Reports of the whole state. Each brings the status of the networks up to date first, as often as
@@ -191,7 +193,7 @@ private:
     // holds lockSettings(), or is the constructor.
     bool initializeSettings();
     bool loadAdapterNames(WifiUtil& util);
-    void loadNetworks(WifiUtil& util, const platwifi::ReplyLines& lines);
+    void loadNetworks(WifiUtil& util, const platwifi::Lines& lines);
     void loadNetwork(WifiUtil& util, const char* line);
     bool loadScan(WifiUtil& util);
     bool loadStatus(WifiUtil& util);
@@ -203,29 +205,21 @@ private:
     void followStatusLine(const char* line) noexcept;
     void followStatusSsid(const char* ssid) noexcept;
     void settleStatus() noexcept;
-    bool followList(const platwifi::ReplyLines& lines);
-    bool followListLines(const platwifi::ReplyLines& lines, WifiNetwork& network,
-                         bool isNumbered) noexcept;
+    bool followList(const platwifi::Lines& list);
+    bool followListLines(const platwifi::Lines& lines, WifiNetwork& network) noexcept;
     void followMark(platwifi::ListMark mark, WifiNetwork& network) noexcept;
     bool moveTo(WifiNetwork* network) noexcept;
     void leaveNetwork(const char* ssid) noexcept;
     void leaveIdleNetwork() noexcept;
 
-    // Saving. False when the supplicant did not answer, or could not save.
-    bool writeChanges(WifiUtil& util, bool& wrote);
+    // Saving. False when the supplicant could not save.
+    bool saveChanges(WifiUtil& util);
+    bool writeNetwork(WifiUtil& util, WifiNetwork& network);
     bool saveConfiguration(WifiUtil& util);
 
-    // To be asked, with lockSettings(), before a command that names a network by its number. Costs a
-    // command only when the numbers are stale.
-
-    /// @param unnumbered  gets the networks whose number must not be used
-    /// @return false when the supplicant did not answer: no number must be used
-    bool confirmNumbers(WifiUtil& util, platwifi::UnnumberedNetworks& unnumbered);
-
-    void endStaleness(const platwifi::UnnumberedNetworks& unnumbered) noexcept;
-
-    /// Whether the number of this one can be used.
-    bool confirmNumber(WifiUtil& util, const WifiNetwork& network);
+    /// Whether the id of this network can be used, to be asked with lockSettings() before a command that
+    /// names a network. Costs a command only when ids are stale.
+    bool confirmId(WifiUtil& util, const WifiNetwork& network);
 
     /// Taken before the other locks, and for loading and unloading. A thread that holds it may use
     /// everything below: no other thread loads, unloads or reloads meanwhile.
@@ -244,8 +238,5 @@ private:
     WifiNetworkList* networkList;                   ///< that one, or null when not loaded
     WpaState supplicantState;
     std::unique_ptr<WifiHostSettingsWatchdog> watchdog; ///< null after a failure
-
-    /// Whether the supplicant may have numbered its networks anew since their numbers were read.
-    bool numbersAreStale;
-    platwifi::KnownSsids knownSsids; ///< while they are stale: the supplicant's names for networks
+    platwifi::NetworkIds networkIds;                    ///< of the networks of the list
 };

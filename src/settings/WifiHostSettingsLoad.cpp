@@ -3,9 +3,12 @@
 #include "model/WifiNetwork.h"
 #include "model/WifiNetworkList.h"
 #include "settings/Capacities.h"
+#include "settings/KeyState.h"
 #include "settings/ListLine.h"
+#include "settings/ListedSsid.h"
 #include "settings/NetworkKeys.h"
 #include "settings/ScanLine.h"
+#include "settings/WholeLines.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
@@ -17,12 +20,17 @@ namespace {
 
 constexpr unsigned int VALUE_CHARACTERS = 128;
 
-void readValues(WifiUtil& util, const char* adapter, WifiNetwork& network) {
-    char value[VALUE_CHARACTERS + 1] = {}; // one that fills its room comes without a NUL
+KeyState readValues(WifiUtil& util, const char* adapter, WifiNetwork& network) {
+    char buffer[VALUE_CHARACTERS + 1] = {}; // a value that fills its room comes without a NUL
+    KeyState keyState = KeyState::beforeLoad();
     readNetworkKeys(network, [&](const char* key) {
         const unsigned char id = network.getNetworkId();
-        return util.getNetworkValue(adapter, id, key, value, VALUE_CHARACTERS) ? value : nullptr;
+        const bool isSet = util.getNetworkValue(adapter, id, key, buffer, VALUE_CHARACTERS);
+        const char* const value = isSet ? buffer : nullptr;
+        keyState.read(key, value);
+        return value;
     });
+    return keyState;
 }
 
 } // namespace
@@ -31,13 +39,13 @@ bool WifiHostSettings::initializeSettings() {
     WifiUtil* const util = WifiUtil::getInstance();
     if (!util || !loadAdapterNames(*util))
         return false;
-    ReplyLines lines(NETWORK_LINES);
-    if (!util->getNetworkDatabaseSsids(adapterName(), lines.data(), lines.capacity(), &lines.count))
+    Lines lines;
+    if (!queryList(*util, adapterName(), lines))
         return false;
     if (!networkList) // an earlier failure took it
         return false;
     loadNetworks(*util, lines);
-    return (lines.count == 0 || loadScan(*util)) && loadStatus(*util);
+    return (lines.empty() || loadScan(*util)) && loadStatus(*util);
 }
 
 bool WifiHostSettings::loadAdapterNames(WifiUtil& util) {
@@ -53,10 +61,13 @@ const char* WifiHostSettings::adapterName() const noexcept {
     return adapterNames ? adapterNames->data()[0] : nullptr;
 }
 
-void WifiHostSettings::loadNetworks(WifiUtil& util, const ReplyLines& lines) {
-    for (unsigned int i = 0; i < lines.count; ++i) {
-        if (const char* const line = lines.data()[i])
-            loadNetwork(util, line);
+// The lines beyond the limit count for the ids alone: a network in memory may have a namesake there.
+void WifiHostSettings::loadNetworks(WifiUtil& util, const Lines& lines) {
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (const auto listed = listedSsid(lines[i]))
+            networkIds.listed(*listed);
+        if (i < NETWORK_LINES)
+            loadNetwork(util, lines[i].c_str());
     }
     networkList->validateDatabase();
 }
@@ -69,17 +80,17 @@ void WifiHostSettings::loadNetwork(WifiUtil& util, const char* line) {
     setMarkedStatus(*network, mark);
     if (mark == ListMark::CURRENT)
         setCurrentNetwork(network.get());
-    readValues(util, adapterName(), *network);
+    const KeyState keyState = readValues(util, adapterName(), *network);
     network->cleanDirtyFields();
     if (networkList->addNetworkToList(network.get()))
-        static_cast<void>(network.release()); // the list's own now
+        networkIds.loaded(*network.release(), keyState); // the list's own now
     else if (mark == ListMark::CURRENT)
         setCurrentNetwork(nullptr); // there is one with this SSID, and this one goes
 }
 
 bool WifiHostSettings::loadScan(WifiUtil& util) {
-    ReplyLines lines(NETWORK_LINES);
-    if (!util.discoverNetworks(adapterName(), lines.data(), lines.capacity(), &lines.count))
+    Lines lines;
+    if (!queryScan(util, adapterName(), lines))
         return false;
     const std::lock_guard<WifiNetworkList> guard(*networkList);
     mergeScan(lines, networkList->getHead(), isWholeLine);
@@ -87,13 +98,11 @@ bool WifiHostSettings::loadScan(WifiUtil& util) {
 }
 
 bool WifiHostSettings::loadStatus(WifiUtil& util) {
-    ReplyLines lines(STATUS_LINES);
-    if (!util.getCurrentNetworkStatus(adapterName(), lines.data(), lines.capacity(), &lines.count))
+    Lines lines;
+    if (!queryStatus(util, adapterName(), lines))
         return false;
-    for (unsigned int i = 0; i < lines.count; ++i) {
-        if (const char* const line = lines.data()[i])
-            followStatusLine(line);
-    }
+    for (const std::string& line : lines)
+        followStatusLine(line.c_str());
     settleStatus();
     return true;
 }

@@ -6,7 +6,7 @@
 #include "platform/MutexGuard.h"
 #include "settings/Capacities.h"
 #include "settings/LeftNetwork.h"
-#include "settings/NetworkNumbers.h"
+#include "settings/NetworkIds.h"
 #include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/ReplyLines.h"
@@ -17,13 +17,7 @@ using namespace platwifi;
 
 namespace {
 
-constexpr unsigned char NO_NUMBER = 0; // for commands that name no network
-
-// Not added when the list has a network like it; it is freed then.
-void addTo(WifiNetworkList& list, std::unique_ptr<WifiNetwork> network) {
-    if (list.addNetworkToList(network.get()))
-        static_cast<void>(network.release());
-}
+constexpr unsigned char NO_ID = 0; // for commands that name no network
 
 } // namespace
 
@@ -39,14 +33,14 @@ bool WifiHostSettings::addNetwork(const char* iface, const char* ssid) noexcept 
     if (getNetwork(iface, ssid))
         return false;
     WifiUtil* const util = WifiUtil::getInstance();
-    unsigned char number = NO_NUMBER;
-    if (!util || !util->createNetwork(iface, ssid, &number))
+    unsigned char id = NO_ID;
+    if (!util || !util->createNetwork(iface, ssid, &id))
         return false;
     auto network = std::make_unique<WifiNetwork>();
     network->setSsid(ssid);
-    network->setNetworkId(number);
-    if (networkList)
-        addTo(*networkList, std::move(network));
+    network->setNetworkId(id);
+    if (networkList && networkList->addNetworkToList(network.get()))
+        networkIds.added(*network.release(), ssid); // the list's own now
     return true;
 }
 
@@ -56,11 +50,11 @@ bool WifiHostSettings::removeNetwork(const char* iface, const char* ssid) noexce
     if (!network)
         return true;
     WifiUtil* const util = WifiUtil::getInstance();
-    if (!util || !confirmNumber(*util, *network) ||
+    if (!util || !confirmId(*util, *network) ||
         !util->removeNetwork(iface, network->getNetworkId()))
         return false;
     leaveNetwork(ssid);
-    knownSsids.erase(network);
+    networkIds.removed(*network);
     networkList->removeNetworkFromList(ssid);
     return true;
 }
@@ -69,7 +63,7 @@ bool WifiHostSettings::connectNetwork(const char* iface, const char* ssid) noexc
     const SettingsLock lock(*this);
     WifiNetwork* const network = getNetwork(iface, ssid);
     WifiUtil* const util = network ? WifiUtil::getInstance() : nullptr;
-    if (!util || !confirmNumber(*util, *network))
+    if (!util || !confirmId(*util, *network))
         return false;
     if (supplicantState == WPA_STATE_DISCONNECTED && !util->forceReassociation(iface))
         return false;
@@ -97,13 +91,12 @@ bool WifiHostSettings::disconnectNetwork(const char* iface, const char* ssid) no
 bool WifiHostSettings::roamNetworks(const char* iface) noexcept {
     const SettingsLock lock(*this);
     WifiUtil* const util = WifiUtil::getInstance();
-    UnnumberedNetworks unnumbered;
-    if (!util || !confirmNumbers(*util, unnumbered) ||
-        !util->disconnectFromNetwork(iface, NO_NUMBER))
+    if (!util || !networkIds.confirm(*util, adapterName()) ||
+        !util->disconnectFromNetwork(iface, NO_ID))
         return false;
     const WifiNetwork* network = networkList ? networkList->getHead() : nullptr;
     for (; network; network = network->getNext()) {
-        if (unnumbered.count(network) == 0)
+        if (networkIds.isKnown(*network))
             util->setNetworkValue(iface, network->getNetworkId(), "disabled", "0");
     }
     return util->forceReassociation(iface);
@@ -147,24 +140,7 @@ void WifiHostSettings::leaveNetwork(const char* ssid) noexcept {
         currentNetwork = nullptr;
 }
 
-// Numbers are those of the adapter that the networks were loaded from, whichever a command is for.
-bool WifiHostSettings::confirmNumbers(WifiUtil& util, UnnumberedNetworks& unnumbered) {
-    if (!numbersAreStale || !networkList || !networkList->getHead())
-        return true;
-    if (!platwifi::confirmNumbers(util, adapterName(), *networkList, knownSsids, unnumbered))
-        return false;
-    endStaleness(unnumbered);
-    return true;
-}
-
-// Numbers stay stale until every network has been found.
-void WifiHostSettings::endStaleness(const UnnumberedNetworks& unnumbered) noexcept {
-    numbersAreStale = !unnumbered.empty();
-    if (!numbersAreStale)
-        knownSsids.clear();
-}
-
-bool WifiHostSettings::confirmNumber(WifiUtil& util, const WifiNetwork& network) {
-    UnnumberedNetworks unnumbered;
-    return confirmNumbers(util, unnumbered) && unnumbered.count(&network) == 0;
+// Ids are those of the adapter that the networks were loaded from, whichever a command is for.
+bool WifiHostSettings::confirmId(WifiUtil& util, const WifiNetwork& network) {
+    return networkIds.confirm(util, adapterName()) && networkIds.isKnown(network);
 }

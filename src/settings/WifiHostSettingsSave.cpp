@@ -2,7 +2,7 @@
 
 #include "model/WifiNetwork.h"
 #include "model/WifiNetworkList.h"
-#include "settings/NetworkNumbers.h"
+#include "settings/NetworkIds.h"
 #include "settings/SavedFields.h"
 #include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
@@ -38,24 +38,17 @@ Networks changedOf(const WifiNetworkList& list) {
     return changed;
 }
 
-// Whether any was written: one without a number keeps its changes for another time.
-bool saveNetworks(WifiUtil& util, const char* iface, const Networks& changed,
-                  const UnnumberedNetworks& unnumbered) {
-    bool wrote = false;
-    for (WifiNetwork* const network : changed) {
-        if (unnumbered.count(network) != 0)
-            continue;
-        saveDirtyFields(util, iface, *network);
-        wrote = true;
-    }
-    return wrote;
-}
+struct Saved {
+    bool last = false; // the last adapter decides, deliberately
+    bool all = true;
+};
 
-// The last adapter decides, deliberately.
-bool saveConfigurations(WifiUtil& util, const Names& names) {
-    bool saved = false;
-    for (const char* const name : names)
-        saved = util.saveConfiguration(name);
+Saved saveConfigurations(WifiUtil& util, const Names& names) {
+    Saved saved;
+    for (const char* const name : names) {
+        saved.last = util.saveConfiguration(name);
+        saved.all = saved.all && saved.last;
+    }
     return saved;
 }
 
@@ -71,34 +64,39 @@ int WifiHostSettings::saveNetworkSettings() noexcept {
     WifiUtil* const util = WifiUtil::getInstance();
     if (!util)
         return 0;
-    if (!networkList)
-        return 1;
-    bool wrote = false;
-    if (!writeChanges(*util, wrote))
-        return 0;
-    if (!wrote && networkList->isValid())
-        return 1;
-    return saveConfiguration(*util) ? 1 : 0;
+    return !networkList || saveChanges(*util) ? 1 : 0;
 }
 
-bool WifiHostSettings::writeChanges(WifiUtil& util, bool& wrote) {
+// A network whose id is not known keeps its changes for another time; the others are saved, and the
+// save as a whole fails.
+bool WifiHostSettings::saveChanges(WifiUtil& util) {
     const Networks changed = changedOf(*networkList);
-    UnnumberedNetworks unnumbered;
-    if (!changed.empty() && !confirmNumbers(util, unnumbered))
+    if (!changed.empty() && !networkIds.confirm(util, adapterName()))
         return false;
-    wrote = saveNetworks(util, adapterName(), changed, unnumbered);
+    std::size_t written = 0;
+    for (WifiNetwork* const network : changed)
+        written += writeNetwork(util, *network) ? 1 : 0;
+    const bool isSaved = (written == 0 && networkList->isValid()) || saveConfiguration(util);
+    return isSaved && written == changed.size();
+}
+
+bool WifiHostSettings::writeNetwork(WifiUtil& util, WifiNetwork& network) {
+    if (!networkIds.isKnown(network))
+        return false;
+    saveDirtyFields(util, adapterName(), network,
+                    [&](const char* key, const char* value, bool accepted) {
+                        networkIds.written(network, key, value, accepted);
+                    });
     return true;
 }
 
-// A list that has got or lost networks is counted anew by the supplicant when it reads its file.
 bool WifiHostSettings::saveConfiguration(WifiUtil& util) {
     const Names names = namesOf(adapterNames.get());
-    if (!saveConfigurations(util, names))
+    const Saved saved = saveConfigurations(util, names);
+    if (!saved.last)
         return false;
     reloadConfigurations(util, names);
-    numbersAreStale = numbersAreStale || !networkList->isValid();
-    if (numbersAreStale)
-        knownSsids = knownAfterSave(*networkList, knownSsids);
+    networkIds.saved(saved.all);
     if (watchdog)
         watchdog->sendSaveSettingsSignal();
     networkList->validateDatabase();

@@ -8,10 +8,11 @@
 #include "settings/LeftNetwork.h"
 #include "settings/LineFields.h"
 #include "settings/ListLine.h"
-#include "settings/NetworkNumbers.h"
+#include "settings/NetworkIds.h"
 #include "settings/ScanLine.h"
 #include "settings/SettingsLock.h"
 #include "settings/StatusLine.h"
+#include "settings/WholeLines.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/StatusReply.h"
@@ -19,6 +20,7 @@
 #include "watchdog/WifiHostSettingsWatchdog.h"
 #include "zam/Zam.h"
 
+#include <algorithm>
 #include <cstring>
 
 using namespace platwifi;
@@ -27,11 +29,10 @@ namespace {
 
 constexpr const char* CURRENT_SSID = "ssid="; // at the beginning: there is "bssid=", too
 
-const char* currentSsidIn(const ReplyLines& status) {
-    for (unsigned int i = 0; i < status.count; ++i) {
-        const char* const line = status.data()[i];
-        if (line && std::strncmp(line, CURRENT_SSID, std::strlen(CURRENT_SSID)) == 0)
-            return statusValue(line);
+const char* currentSsidIn(const Lines& status) {
+    for (const std::string& line : status) {
+        if (line.compare(0, std::strlen(CURRENT_SSID), CURRENT_SSID) == 0)
+            return statusValue(line.c_str());
     }
     return nullptr;
 }
@@ -49,46 +50,42 @@ bool WifiHostSettings::refreshDatabaseNetworksStatus() noexcept {
         return true;
     stampStatusRefresh(now);
     WifiUtil* const util = WifiUtil::getInstance();
-    ReplyLines lines(NETWORK_LINES);
-    if (!util || !adapterNames ||
-        !util->getNetworkDatabaseSsids(adapterName(), lines.data(), lines.capacity(), &lines.count))
+    Lines list;
+    if (!util || !adapterNames || !queryList(*util, adapterName(), list))
         return false;
     if (!networkList)
         return true;
-    if (!followList(lines))
+    if (!followList(list))
         return false;
-    ReplyLines found(NETWORK_LINES);
-    if (util->discoverNetworks(adapterName(), found.data(), found.capacity(), &found.count))
+    Lines found;
+    if (queryScan(*util, adapterName(), found))
         mergeScan(found, networkList->getHead(), isInLine);
     leaveIdleNetwork();
     return true;
 }
 
-// After a save the numbers in memory may be old ones: this list tells the new ones as well.
-bool WifiHostSettings::followList(const ReplyLines& lines) {
-    UnnumberedNetworks unnumbered;
-    if (numbersAreStale) {
-        takeNumbers(lines, *networkList, knownSsids, unnumbered);
-        endStaleness(unnumbered);
-    }
+// After a save the ids in memory may be old ones: this list has the new ones as well.
+bool WifiHostSettings::followList(const Lines& list) {
+    networkIds.confirm(list);
+    const std::size_t count = std::min<std::size_t>(list.size(), NETWORK_LINES);
+    const Lines lines(list.begin(), list.begin() + static_cast<std::ptrdiff_t>(count));
     for (WifiNetwork* network = networkList->getHead(); network; network = network->getNext()) {
-        if (!followListLines(lines, *network, unnumbered.count(network) == 0))
+        if (!followListLines(lines, *network))
             return false;
     }
     return true;
 }
 
-// No line is that of a network without a number, yet each has to have a first field.
-bool WifiHostSettings::followListLines(const ReplyLines& lines, WifiNetwork& network,
-                                       bool isNumbered) noexcept {
-    for (unsigned int i = 0; i < lines.count; ++i) {
-        const char* const line = lines.data()[i];
-        LineFields fields(line, "\t ");
-        const char* const number = fields.next();
-        if (!number)
+// No line is that of a network without a known id, yet each has to have a first field.
+bool WifiHostSettings::followListLines(const Lines& lines, WifiNetwork& network) noexcept {
+    const bool isKnown = networkIds.isKnown(network);
+    for (const std::string& line : lines) {
+        LineFields fields(line.c_str(), "\t ");
+        const char* const id = fields.next();
+        if (!id)
             return false;
-        if (isNumbered && decimalOf(number) == network.getNetworkId())
-            followMark(markIn(line), network);
+        if (isKnown && decimalOf(id) == network.getNetworkId())
+            followMark(markIn(line.c_str()), network);
     }
     return true;
 }
@@ -103,9 +100,8 @@ WifiNetwork* WifiHostSettings::getCurrentNetwork(const char* iface) noexcept {
     if (!iface)
         return nullptr;
     WifiUtil* const util = WifiUtil::getInstance();
-    ReplyLines lines(STATUS_LINES);
-    if (!util ||
-        !util->getCurrentNetworkStatus(iface, lines.data(), lines.capacity(), &lines.count))
+    Lines lines;
+    if (!util || !queryStatus(*util, iface, lines))
         moveTo(nullptr);
     else if (const char* const ssid = currentSsidIn(lines))
         moveTo(getNetwork(iface, ssid));
@@ -117,16 +113,14 @@ unsigned int WifiHostSettings::getCurrentStatus(const char* iface) noexcept {
     if (!iface)
         return WPA_STATE_UNKNOWN;
     WifiUtil* const util = WifiUtil::getInstance();
-    ReplyLines lines(STATUS_LINES);
-    if (!util ||
-        !util->getCurrentNetworkStatus(adapterName(), lines.data(), lines.capacity(), &lines.count))
+    Lines lines;
+    if (!util || !queryStatus(*util, adapterName(), lines))
         setSupplicantState(WPA_STATE_UNKNOWN);
-    for (unsigned int i = 0; i < lines.count; ++i) {
-        const char* const line = lines.data()[i];
-        if (std::strstr(line, "wpa_state="))
-            setSupplicantState(stateIn(line));
-        else if (std::strstr(line, CURRENT_SSID))
-            followStatusSsid(statusValue(line));
+    for (const std::string& line : lines) {
+        if (line.find("wpa_state=") != std::string::npos)
+            setSupplicantState(stateIn(line.c_str()));
+        else if (line.find(CURRENT_SSID) != std::string::npos)
+            followStatusSsid(statusValue(line.c_str()));
     }
     settleStatus();
     return supplicantState;

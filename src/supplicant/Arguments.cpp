@@ -15,7 +15,8 @@ NetworkIdArgument::NetworkIdArgument(unsigned char id) noexcept {
 }
 
 bool isClientOption(const char* text) noexcept {
-    return text[0] == '-' && (text[1] < '0' || text[1] > '9');
+    const char second = text[0] == '-' ? text[1] : '\0';
+    return second != '\0' && (second < '0' || second > '9');
 }
 
 } // namespace platwifi

@@ -32,7 +32,8 @@ private:
 };
 
 /// Whether the client would take this text for one of its options, wherever it stands: one of them
-/// starts programs, and some texts come from access points. A negative number is none.
+/// starts programs, and some texts come from access points. Neither a negative number nor a lone "-" is
+/// one.
 bool isClientOption(const char* text) noexcept;
 
 } // namespace platwifi

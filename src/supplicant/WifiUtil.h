@@ -95,8 +95,9 @@ public:
 
     // Configuration. `id` is the supplicant's number of a network.
 
-    /// Creates a network with this SSID and enables it; its number goes to `*id`. When a later step
-    /// fails the new network stays in the supplicant, and `*id` is valid.
+    /// Creates a network with this SSID and enables it; its network id goes to `*id`. When a later step
+    /// fails the new network stays in the supplicant, and `*id` is valid. A reply that is no number
+    /// from 0 to 255 fails without another command, and leaves `*id` alone.
     bool createNetwork(const char* iface, const char* ssid, unsigned char* id);
 
     /// Sets one field of a network. Texts are put into double quotes where the client wants them,

@@ -6,23 +6,26 @@
 #include "supplicant/ValueQuoting.h"
 #include "supplicant/WifiUtil.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <string>
 
 using namespace platwifi;
 
 namespace {
 
-// A new network's number as the client printed it; it goes back to the client as this text.
-struct NewNetworkId {
-    char text[8 + 1]; // eight characters count
-
-    explicit NewNetworkId(const char* line) { std::snprintf(text, sizeof(text), "%.8s", line); }
-
-    unsigned char number() const { return static_cast<unsigned char>(std::atoi(text)); }
-};
+// The id of a new network as the client printed it, or nothing: any other text, or an id that a network
+// cannot hold, would make the next commands change another network.
+std::optional<unsigned char> newNetworkId(const char* text) {
+    constexpr std::size_t MOST_DIGITS = 8;
+    constexpr unsigned long LARGEST_ID = 255;
+    const std::size_t digits = std::strspn(text, "0123456789");
+    if (digits == 0 || digits > MOST_DIGITS || text[digits] != '\0')
+        return {};
+    const unsigned long id = std::strtoul(text, nullptr, 10);
+    return id <= LARGEST_ID ? std::optional(static_cast<unsigned char>(id)) : std::nullopt;
+}
 
 // Reads the reply's first line, which alone decides.
 bool readAccepted(ResultFile& result, ReplyLine& line) {
@@ -64,11 +67,13 @@ bool WifiUtil::createNetwork(const char* iface, const char* ssid, unsigned char*
         return false;
     if (timestampedOutput == 1)
         ignoreTimestamp(line.text);
-    const NewNetworkId created(line.text);
-    *id = created.number();
-    return runAccepted(*this, command::SET_NETWORK, iface, created.text, "ssid",
+    const std::optional<unsigned char> created = newNetworkId(line.text);
+    if (!created)
+        return false;
+    *id = *created; // the commands have the client's own text
+    return runAccepted(*this, command::SET_NETWORK, iface, line.text, "ssid",
                        quoted(ssid).c_str()) &&
-           runAccepted(*this, command::ENABLE_NETWORK, iface, created.text);
+           runAccepted(*this, command::ENABLE_NETWORK, iface, line.text);
 }
 
 bool WifiUtil::setNetworkValue(const char* iface, unsigned char id, const char* key,

@@ -20,17 +20,14 @@ std::uint32_t ownId() noexcept {
 } // namespace
 
 WifiHostSettingsWatchdog::WifiHostSettingsWatchdog() noexcept
-    : block(nullptr), shmCreator(false), threadId(NO_THREAD), hasBegun(false), destroyed(nullptr) {
-    PlatformUtil::createMutex(&runMutex);
-}
+    : block(nullptr), shmCreator(false), threadId(NO_THREAD), hasBegun(false), runner(NO_THREAD),
+      destroyed(nullptr) {}
 
-// Waits once more for the run mutex: a thread that has stopped itself may still be in run(). It ends
-// while it is held.
+// Waits once more for the end of the run: a thread that has stopped itself may still be in it.
 WifiHostSettingsWatchdog::~WifiHostSettingsWatchdog() {
     stop();
-    PlatformUtil::lockMutex(&runMutex);
+    awaitEndOfRun();
     wifiShmemDestroy();
-    PlatformUtil::destroyMutex(&runMutex);
     if (destroyed)
         *destroyed = true;
 }
@@ -42,25 +39,24 @@ bool WifiHostSettingsWatchdog::initialize() noexcept {
     return true;
 }
 
-// The thread has to hold the run mutex before somebody may want to wait for it by that mutex.
+// The run has to have begun before another thread may want to wait for its end.
 void WifiHostSettingsWatchdog::start() noexcept {
     if (threadId != NO_THREAD)
         return;
     stopSignal.reset();
     saveSignal.reset();
-    std::unique_lock<std::mutex> guard(startMutex);
+    std::unique_lock<std::mutex> guard(runMutex);
     hasBegun = false;
     threadId = PlatformUtil::createThread(refreshWatchdogEntry, this, THREAD_NAME);
     if (threadId != NO_THREAD)
-        startCondition.wait(guard, [this] { return hasBegun; });
+        runChanged.wait(guard, [this] { return hasBegun; });
 }
 
 void WifiHostSettingsWatchdog::stop() noexcept {
     if (threadId == NO_THREAD)
         return;
     sendStopRefreshThreadSignal();
-    PlatformUtil::lockMutex(&runMutex);
-    PlatformUtil::unlockMutex(&runMutex);
+    awaitEndOfRun();
     threadId = NO_THREAD;
 }
 
@@ -122,17 +118,27 @@ void WifiHostSettingsWatchdog::run() noexcept {
 }
 
 void WifiHostSettingsWatchdog::beginRun(bool* destroyedFlag) noexcept {
-    PlatformUtil::lockMutex(&runMutex);
+    std::unique_lock<std::mutex> guard(runMutex);
+    runChanged.wait(guard, [this] { return runner == NO_THREAD; });
     destroyed = destroyedFlag;
-    const std::lock_guard<std::mutex> guard(startMutex);
+    runner = PlatformUtil::threadId();
     hasBegun = true;
-    startCondition.notify_one();
+    runChanged.notify_all();
 }
 
-// Whoever gets the run mutex next may destroy the object.
+// A thread that waits for this may destroy the object as soon as it gets the mutex.
 void WifiHostSettingsWatchdog::endRun() noexcept {
+    const std::lock_guard<std::mutex> guard(runMutex);
     destroyed = nullptr;
-    PlatformUtil::unlockMutex(&runMutex);
+    runner = NO_THREAD;
+    runChanged.notify_all();
+}
+
+// The refresh thread itself does not wait: it stops its own watchdog when a reload fails.
+void WifiHostSettingsWatchdog::awaitEndOfRun() noexcept {
+    std::unique_lock<std::mutex> guard(runMutex);
+    if (runner != PlatformUtil::threadId())
+        runChanged.wait(guard, [this] { return runner == NO_THREAD; });
 }
 
 void* WifiHostSettingsWatchdog::refreshWatchdogEntry(void* watchdog) noexcept {

@@ -72,7 +72,7 @@ public:
     /// @return -1 when it was raised, and takes it back; else 0, without a block at once
     int checkForRefreshSignal(unsigned int seconds) noexcept;
 
-    /// The thread: tells and reloads until it is told to stop. Holds the run mutex all the time.
+    /// The thread: tells and reloads until it is told to stop. One thread at a time: another one waits.
     void run() noexcept;
 
     /// run() for PlatformUtil::createThread().
@@ -108,18 +108,20 @@ private:
 
     void beginRun(bool* destroyedFlag) noexcept;
     void endRun() noexcept;
+    void awaitEndOfRun() noexcept;
 
     platform::SharedMemory memory;
     SharedSignalBlock* block; ///< in the memory, or null
-    PlatformMutex runMutex;   ///< held by the thread for its whole run
     platwifi::LocalSignal stopSignal;
     platwifi::LocalSignal saveSignal;
     bool shmCreator;
     std::atomic<int> threadId; ///< of the running thread, or NO_THREAD
 
-    std::mutex startMutex; ///< guards the next two
-    std::condition_variable startCondition;
-    bool hasBegun; ///< whether the thread has got the run mutex
-
+    // Not a mutex that the thread holds for its whole run: a thread that unloads the settings waits for
+    // the end of the run with their locks, which the run takes, too.
+    std::mutex runMutex; ///< guards the rest
+    std::condition_variable runChanged;
+    bool hasBegun;   ///< whether the thread that was started last has come to run()
+    int runner;      ///< id of the thread that is in run(), or NO_THREAD
     bool* destroyed; ///< on the stack of run(), while that is on; set by the destructor
 };

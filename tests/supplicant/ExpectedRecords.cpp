@@ -16,7 +16,7 @@ namespace {
 
 using Value = std::optional<std::string>;
 
-constexpr std::size_t LONGEST_LINE = 127; // a longer one arrives in pieces
+constexpr std::size_t LONGEST_VALUE = 127; // of a longer one this is left
 constexpr std::size_t MOST_LINES = 32;
 
 const char* const CLIENT = "wpa_cli -iwlan0 ";
@@ -73,7 +73,7 @@ Value withoutQuotes(std::string value) {
 Value valueIn(const std::string& reply) {
     if (reply.empty() || contains(reply, "FAIL") || contains(reply, "Invalid"))
         return {};
-    return withoutQuotes(reply.substr(0, LONGEST_LINE));
+    return withoutQuotes(reply.substr(0, LONGEST_VALUE));
 }
 
 // In its conversation the client repeats a question behind its prompt; the answer is the next line.
@@ -145,14 +145,11 @@ std::optional<Listed> listedIn(const std::string& line) {
 }
 
 Lines listedLines() {
-    Lines pieces;
-    const Lines lines = HostCommand(std::string(CLIENT) + "list_networks").lines;
-    for (std::size_t i = 1; i < lines.size(); ++i) { // behind the header
-        for (std::size_t at = 0; at < lines[i].size(); at += LONGEST_LINE)
-            pieces.push_back(lines[i].substr(at, LONGEST_LINE));
-    }
-    pieces.resize(std::min(pieces.size(), MOST_LINES));
-    return pieces;
+    Lines lines = HostCommand(std::string(CLIENT) + "list_networks").lines;
+    if (!lines.empty())
+        lines.erase(lines.begin()); // the header
+    lines.resize(std::min(lines.size(), MOST_LINES));
+    return lines;
 }
 
 unsigned int networkStatus(bool isDisabled, bool isCurrent, const std::string& state) {

@@ -138,14 +138,19 @@ TEST_F(Loading, TakesANameWithAColonForAnAddress) {
     EXPECT_EQ(loaded("SSID N/A", "number"), "1");
 }
 
-// Its line is longer than a line may be, and its second piece looks like one without SSID.
-TEST_F(Loading, TakesTheEndOfALineThatIsTooLongForANetwork) {
+// Its line arrives in two pieces, and the second one looks like one without SSID.
+TEST_F(Loading, TakesTheLongestSsidWhole) {
     std::string ssid;
-    for (int i = 0; i < 32; ++i)
+    std::string printed;
+    for (int i = 0; i < 32; ++i) {
         ssid += "ff";
-    load(openNetworks({"open"}) + network("ssid=" + ssid + "\n key_mgmt=NONE"));
+        printed += "\\xff";
+    }
+    load(openNetworks({"open"}) + network("ssid=" + ssid + "\n key_mgmt=NONE") +
+         openNetworks({"last"}));
     expectAllAsConfigured();
-    EXPECT_THAT(loadedSsids(), ElementsAre("SSID N/A", "open"));
+    EXPECT_THAT(loadedSsids(), ElementsAre("last", printed, "open"));
+    EXPECT_EQ(loaded(printed, "number"), "1");
 }
 
 TEST_F(Loading, NamesANetworkWithoutSsid) {

@@ -1,5 +1,6 @@
 #include "LoadFixture.h"
 
+#include "settings/ListedSsid.h"
 #include "support/Lines.h"
 #include "unit/model/NetworkRows.h"
 
@@ -223,6 +224,37 @@ TEST_F(Load, TakesTheFirst32LinesOfTheList) {
     load();
     EXPECT_THAT(ssids(), ElementsAre("last"));
     EXPECT_THAT(commands(), SizeIs(2 + 27 + 2));
+}
+
+// What the client prints for 8 emoji, or for 16 Cyrillic letters: more than one piece of a line holds.
+const std::string LONG_SSIDS[] = {
+    platwifi::printedSsid("\xf0\x9f\x98\x80\xf0\x9f\x98\x81\xf0\x9f\x98\x82\xf0\x9f\x98\x83"
+                          "\xf0\x9f\x98\x84\xf0\x9f\x98\x85\xf0\x9f\x98\x86\xf0\x9f\x98\x87"),
+    platwifi::printedSsid("\xd0\xb0\xd0\xb1\xd0\xb2\xd0\xb3\xd0\xb4\xd0\xb5\xd0\xb6\xd0\xb7"
+                          "\xd0\xb8\xd0\xb9\xd0\xba\xd0\xbb\xd0\xbc\xd0\xbd\xd0\xbe\xd0\xbf"),
+};
+
+TEST_F(Load, TakesALongSsidWholeAndNoRestForANetwork) {
+    for (const std::string& ssid : LONG_SSIDS) {
+        ASSERT_EQ(ssid.size(), 128U);
+        load("0\thome\tany\t\n7\t" + ssid + "\tany\t[CURRENT]\n8\twork\tany\t\n",
+             "ssid=" + ssid + "\nid=7\nwpa_state=COMPLETED\n");
+        ASSERT_THAT(ssids(), ElementsAre("work", ssid, "home"));
+        EXPECT_EQ(network(ssid.c_str())->getNetworkId(), 7);
+        EXPECT_EQ(statusOf(ssid.c_str()), NETWORK_STATUS_CONNECTED);
+        EXPECT_EQ(current(), ssid);
+        EXPECT_EQ(network("work")->getNetworkId(), 8);
+    }
+}
+
+TEST_F(Load, TakesTheFirst32LinesWhateverTheirLength) {
+    std::string list;
+    for (int i = 10; i < 41; ++i)
+        list += std::to_string(i) + "\n";
+    for (const std::string& ssid : LONG_SSIDS)
+        list += std::to_string(ssid == LONG_SSIDS[0] ? 41 : 42) + "\t" + ssid + "\tany\t\n";
+    load(list);
+    EXPECT_THAT(ssids(), ElementsAre(LONG_SSIDS[0])) << "the second one is in line 33";
 }
 
 // SSIDs of the list hold no tabs: there is nothing to read in a line that is one.

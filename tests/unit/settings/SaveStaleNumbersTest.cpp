@@ -59,13 +59,25 @@ TEST_F(SaveWithStaleNumbers, SkipsANetworkThatTheSupplicantDoesNotName) {
     scriptList({"train"});
     network("train").setPriority(5);
     network("work").setPriority(5);
-    EXPECT_THAT(saveGiving(1), ElementsAre(LIST, priority("0"), SAVE, REREAD));
+    EXPECT_THAT(saveGiving(0), ElementsAre(LIST, priority("0"), SAVE, REREAD));
+    EXPECT_EQ(FakeWatchdog::signals, 2) << "what was written is saved";
+    EXPECT_FALSE(network("train").getPriorityDirty());
     EXPECT_TRUE(network("work").getPriorityDirty());
-    EXPECT_THAT(saveGiving(1), ElementsAre(LIST)) << "nothing else to write";
+    EXPECT_THAT(saveGiving(0), ElementsAre(LIST)) << "nothing else to write";
     EXPECT_TRUE(network("work").getPriorityDirty());
     scriptList({"train", "work"});
     EXPECT_THAT(saveGiving(1), ElementsAre(LIST, priority("1"), SAVE, REREAD));
     EXPECT_FALSE(network("work").getPriorityDirty());
+}
+
+TEST_F(SaveWithStaleNumbers, SavesARemovalBesideANetworkThatItSkips) {
+    makeStale();
+    scriptList({"train"});
+    ASSERT_TRUE(settings->removeNetwork("wlan0", "train"));
+    network("work").setPriority(5);
+    EXPECT_THAT(saveGiving(0), ElementsAre(LIST, SAVE, REREAD));
+    EXPECT_TRUE(network("work").getPriorityDirty());
+    EXPECT_THAT(saveGiving(0), ElementsAre(LIST)) << "the removal is saved";
 }
 
 TEST_F(SaveWithStaleNumbers, FailsAndWritesNothingWhenTheSupplicantDoesNotAnswer) {

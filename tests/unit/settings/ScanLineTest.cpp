@@ -2,7 +2,6 @@
 
 #include "model/WifiNetwork.h"
 #include "model/WifiNetworkList.h"
-#include "supplicant/ReplyLines.h"
 
 #include <gtest/gtest.h>
 
@@ -108,10 +107,6 @@ TEST_F(ScanLine, IsSplitAtTabsAlone) {
     expect("a:b 2412 160", 99, 98, 97);
 }
 
-char* copyOf(const char* text) {
-    return std::strcpy(new char[std::strlen(text) + 1], text);
-}
-
 class ScanMerge : public testing::Test {
 protected:
     ScanMerge() {
@@ -126,11 +121,7 @@ protected:
     }
 
     void merge(const char* line, ScanMatch matches = isWholeLine) {
-        ReplyLines lines(3); // the slot in the middle stays empty
-        lines.data()[0] = copyOf("lab-other");
-        lines.data()[2] = copyOf(line);
-        lines.count = 3;
-        mergeScan(lines, list.getHead(), matches);
+        mergeScan({"lab-other", line}, list.getHead(), matches);
     }
 
     const WifiNetwork& withSsid(const char* ssid) {

@@ -2,6 +2,7 @@
 
 #include "LoadedSettings.h"
 #include "model/WifiNetwork.h"
+#include "settings/ListedSsid.h"
 #include "settings/SettingsLock.h"
 
 #include <gmock/gmock.h>
@@ -172,6 +173,126 @@ TEST_F(StaleNumbers, ComeOfAnAdditionToo) {
     EXPECT_TRUE(settings.removeNetwork("wlan0", "work"));
     EXPECT_THAT(loaded.commands(),
                 ElementsAre(LIST, "-iwlan0 select 2", "-iwlan0 remove_network 1"));
+}
+
+// A network that needs a key and has none is left out of the file.
+TEST_F(StaleNumbers, ComeOfAKeyManagementWithoutItsKey) {
+    WifiHostSettings& settings = loaded.load("0\thome\tany\t\n1\twork\tany\t\n2\tcafe\tany\t\n");
+    loaded.answer("OK\n");
+    {
+        const SettingsLock lock(settings);
+        settings.getNetwork("wlan0", "home")->setKeyManagement(KEY_MGMT_WPA_PSK);
+    }
+    EXPECT_EQ(settings.saveNetworkSettings(), 1);
+    nowListed("0\twork\tany\t\n1\tcafe\tany\t\n");
+    EXPECT_TRUE(settings.connectNetwork("wlan0", "work"));
+    {
+        const SettingsLock lock(settings);
+        settings.getNetwork("wlan0", "work")->setEAPIdentity("me");
+        settings.getNetwork("wlan0", "home")->setPriority(3);
+    }
+    EXPECT_EQ(settings.saveNetworkSettings(), 0) << "home is gone";
+    EXPECT_FALSE(settings.connectNetwork("wlan0", "home"));
+    EXPECT_THAT(loaded.commands(),
+                ElementsAre(LIST, "-iwlan0 select 0", LIST, "-iwlan0 set_network 0 identity \"me\"",
+                            "-iwlan0 save_config", "-iwlan0 reconfigure", LIST));
+    const SettingsLock lock(settings);
+    EXPECT_TRUE(settings.getNetwork("wlan0", "home")->getPriorityDirty());
+}
+
+TEST_F(StaleNumbers, ComeOfAKeyThatTheSupplicantRefuses) {
+    WifiHostSettings& settings = loaded.load("0\thome\tany\t\n1\twork\tany\t\n");
+    loaded.standIn.on({"-iwlan0", "set_network", "0", "psk", "\"short\""}).prints("FAIL\n");
+    loaded.answer("OK\n");
+    for (const char* const ssid : {"home", "work"}) {
+        const SettingsLock lock(settings);
+        settings.getNetwork("wlan0", ssid)->setKeyManagement(KEY_MGMT_WPA_PSK);
+        settings.getNetwork("wlan0", ssid)
+            ->setPsk(std::string(ssid) == "home" ? "short" : "long enough");
+    }
+    EXPECT_EQ(settings.saveNetworkSettings(), 1);
+    nowListed("0\twork\tany\t\n");
+    EXPECT_TRUE(settings.connectNetwork("wlan0", "work"));
+    EXPECT_THAT(loaded.commands(), ElementsAre(LIST, "-iwlan0 select 0"));
+}
+
+TEST_F(StaleNumbers, DoNotComeOfAKeyManagementWithItsKey) {
+    WifiHostSettings& settings = loaded.load("0\thome\tany\t\n1\twork\tany\t\n");
+    loaded.answer("OK\n");
+    {
+        const SettingsLock lock(settings);
+        settings.getNetwork("wlan0", "home")->setKeyManagement(KEY_MGMT_WPA_PSK);
+        settings.getNetwork("wlan0", "home")->setPsk("long enough");
+    }
+    EXPECT_EQ(settings.saveNetworkSettings(), 1);
+    loaded.standIn.reset();
+    loaded.answer("OK\n");
+    EXPECT_TRUE(settings.connectNetwork("wlan0", "work"));
+    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 select 1"));
+}
+
+// The gap that a removal left is there after a reload; the file still has what was removed.
+TEST_F(StaleNumbers, ComeOfARemovalBeforeAReload) {
+    for (const char* const gone : {"home", "cafe"}) {
+        SCOPED_TRACE(gone);
+        const bool isFirst = std::string(gone) == "home";
+        WifiHostSettings& settings =
+            loaded.load("0\thome\tany\t\n1\twork\tany\t\n2\tcafe\tany\t\n");
+        loaded.answer("OK\n");
+        EXPECT_TRUE(settings.removeNetwork("wlan0", gone));
+        loaded.scriptLoad(isFirst ? "1\twork\tany\t\n2\tcafe\tany\t\n"
+                                  : "0\thome\tany\t\n1\twork\tany\t\n");
+        EXPECT_TRUE(settings.refreshAllSettings());
+        loaded.standIn.reset();
+        loaded.answer("OK\n");
+        {
+            const SettingsLock lock(settings);
+            settings.getNetwork("wlan0", isFirst ? "cafe" : "home")->setPriority(3);
+        }
+        EXPECT_EQ(settings.saveNetworkSettings(), 1);
+        nowListed(isFirst ? "0\twork\tany\t\n1\tcafe\tany\t\n"
+                          : "0\thome\tany\t\n1\twork\tany\t\n");
+        EXPECT_TRUE(settings.connectNetwork("wlan0", "work"));
+        EXPECT_THAT(loaded.commands(),
+                    ElementsAre(LIST, isFirst ? "-iwlan0 select 0" : "-iwlan0 select 1"));
+    }
+}
+
+TEST_F(StaleNumbers, AreNotThoseOfALongSsid) {
+    const std::string ssid = platwifi::printedSsid(std::string(32, '\xd0'));
+    WifiHostSettings& settings = loaded.load("0\thome\tany\t\n1\t" + ssid + "\tany\t\n");
+    loaded.answer("OK\n");
+    ASSERT_THAT(ssidsOf(settings), ElementsAre(ssid, "home"));
+    {
+        const SettingsLock lock(settings);
+        settings.getNetwork("wlan0", ssid.c_str())->setPriority(3);
+    }
+    EXPECT_EQ(settings.saveNetworkSettings(), 1);
+    EXPECT_TRUE(settings.connectNetwork("wlan0", ssid.c_str()));
+    EXPECT_TRUE(settings.removeNetwork("wlan0", ssid.c_str()));
+    EXPECT_THAT(loaded.commands(),
+                ElementsAre("-iwlan0 set_network 1 priority 3", "-iwlan0 save_config",
+                            "-iwlan0 reconfigure", "-iwlan0 select 1", "-iwlan0 remove_network 1"));
+}
+
+// An id that does not fit would be that of another network; what is no number, that of network 0.
+TEST_F(StaleNumbers, AreThoseThatALoadCannotHold) {
+    for (const char* const id : {"256", "300", "x", "-1"}) {
+        SCOPED_TRACE(id);
+        const std::string lines = std::string("0\thome\tany\t\n") + id + "\twork\tany\t\n";
+        WifiHostSettings& settings = loaded.load(lines);
+        nowListed(lines);
+        {
+            const SettingsLock lock(settings);
+            settings.getNetwork("wlan0", "work")->setPriority(3);
+        }
+        EXPECT_FALSE(settings.connectNetwork("wlan0", "work"));
+        EXPECT_FALSE(settings.removeNetwork("wlan0", "work"));
+        EXPECT_EQ(settings.saveNetworkSettings(), 0);
+        EXPECT_THAT(loaded.commands(), ElementsAre(LIST, LIST, LIST));
+        EXPECT_TRUE(settings.connectNetwork("wlan0", "home"));
+        EXPECT_EQ(loaded.commands().back(), "-iwlan0 select 0");
+    }
 }
 
 TEST_F(StaleNumbers, DoNotComeOfAnEditAlone) {

@@ -2,6 +2,7 @@
 // networks since a save.
 
 #include "StatusFixture.h"
+#include "settings/ListedSsid.h"
 
 using testing::ElementsAre;
 
@@ -67,6 +68,24 @@ TEST_F(StatusNumbers, StayStaleWhenTheListCannotBeRead) {
 TEST_F(StatusNumbers, EndTheRefreshAtALineWithoutAnyFieldAllTheSame) {
     loadAndSave();
     EXPECT_FALSE(refresh(" \n")) << "no network is listed";
+}
+
+// The rest of a long line would be the mark of network 0.
+TEST_F(StatusNumbers, AreThoseOfWholeLines) {
+    const std::string ssid = platwifi::printedSsid(std::string(32, '\xd0'));
+    load("0\thome\tany\t\n1\t" + ssid + "\tany\t\n");
+    ASSERT_NE(network(ssid.c_str()), nullptr);
+    EXPECT_TRUE(refresh("0\thome\tany\t\n1\t" + ssid + "\tany\t[CURRENT]\n",
+                        "02:00:00:00:01:00\t2412\t185\t[ESS]\t" + ssid + "\n"));
+    EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
+    EXPECT_EQ(statusOf(ssid.c_str()), NETWORK_STATUS_CONNECTING);
+    EXPECT_EQ(current(), ssid);
+    EXPECT_STREQ(network(ssid.c_str())->getBssid(), "02:00:00:00:01:00");
+    EXPECT_EQ(network(ssid.c_str())->getChannel(), 1U);
+    replies("", "ssid=" + ssid + "\nid=1\nwpa_state=COMPLETED\n");
+    EXPECT_EQ(settings().getCurrentNetwork("wlan0"), network(ssid.c_str()));
+    EXPECT_EQ(settings().getCurrentStatus("wlan0"), static_cast<unsigned int>(WPA_STATE_COMPLETED));
+    EXPECT_EQ(statusOf(ssid.c_str()), NETWORK_STATUS_CONNECTED);
 }
 
 // Nothing tells of other numbers: a network keeps the one it has.

@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+using testing::_;
+using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -135,18 +137,23 @@ TEST_F(BadInput, AValueThatTheClientWouldTakeForAnOptionFailsWithoutAChild) {
     const std::string key = "-a/tmp/x" + std::string(56, 'a');
     EXPECT_FALSE(util.setNetworkValue("wlan0", 0, "bssid", "-v:cafe"));
     EXPECT_FALSE(util.setNetworkValue("wlan0", 0, "bssid", "--"));
-    EXPECT_FALSE(util.setNetworkValue("wlan0", 0, "bssid", "-"));
     EXPECT_FALSE(util.setNetworkValue("wlan0", 0, "psk", key.c_str()));
     EXPECT_FALSE(util.setNetworkValue("wlan0", 0, "identity", "-a/tmp/x\""));
     EXPECT_FALSE(util.executeCustom("wlan0", 0, "bssid", "-a/tmp/x"));
     EXPECT_THAT(standIn.calls(), IsEmpty());
 }
 
-TEST_F(BadInput, ANegativeNumberAndAQuotedTextAreNoOptions) {
+TEST_F(BadInput, ANegativeNumberALoneDashAndAQuotedTextAreNoOptions) {
     standIn.on({"*"}).prints("OK\n");
+    EXPECT_TRUE(util.setNetworkValue("wlan0", 0, "bssid", "-"));
+    EXPECT_TRUE(util.executeCustom("wlan0", 0, "bssid", "-"));
     EXPECT_TRUE(util.setNetworkValue("wlan0", 0, "priority", "-1"));
     EXPECT_TRUE(util.setNetworkValue("wlan0", 0, "identity", "-v"));
-    EXPECT_EQ(standIn.calls().size(), 2U);
+    EXPECT_THAT(standIn.calls(),
+                ElementsAre(ElementsAre(_, _, "set_network", "0", "bssid", "-"),
+                            ElementsAre(_, _, "bssid", "0", "-"),
+                            ElementsAre(_, _, "set_network", "0", "priority", "-1"),
+                            ElementsAre(_, _, "set_network", "0", "identity", "\"-v\"")));
 }
 
 TEST_F(BadInput, AThousandFailingCommandsLeaveNothingBehind) {

@@ -30,6 +30,7 @@ struct Command {
     const char* resultPrefix;
     Success success;
     std::function<bool(WifiUtil&)> run;
+    std::string accepted = "OK"; // a reply that is no refusal
 };
 
 const Command COMMANDS[] = {
@@ -93,7 +94,8 @@ const Command COMMANDS[] = {
      [](WifiUtil& util) {
          unsigned char id = 0;
          return util.createNetwork("wlan0", "home", &id);
-     }},
+     },
+     "3"},
 };
 
 class ConfigurationCommand : public testing::TestWithParam<Command> {
@@ -127,22 +129,24 @@ TEST_P(ConfigurationCommand, RunsItsCommandLine) {
 
 TEST_P(ConfigurationCommand, DecidesByItsReplyOrByTheExitStatusAlone) {
     const bool byStatus = GetParam().success == Success::ByExitStatus;
-    EXPECT_TRUE(runWith("OK\n"));
-    EXPECT_TRUE(runWith("OK")) << "without a line feed";
+    const std::string& accepted = GetParam().accepted;
+    EXPECT_TRUE(runWith(accepted + "\n"));
+    EXPECT_TRUE(runWith(accepted)) << "without a line feed";
     EXPECT_EQ(runWith("FAIL\n"), byStatus);
     EXPECT_EQ(runWith("FAIL-BUSY\n"), byStatus);
     EXPECT_EQ(runWith("some FAIL text\n"), byStatus);
     EXPECT_EQ(runWith("Invalid command\n"), byStatus);
     EXPECT_EQ(runWith(""), byStatus) << "an empty file";
-    EXPECT_EQ(runWith("\nOK\n"), byStatus) << "an empty first line";
-    EXPECT_TRUE(runWith("OK\nFAIL\n")) << "the first line alone decides";
-    EXPECT_FALSE(runWith("OK\n", 1));
-    EXPECT_FALSE(runWith("OK\n", 255));
+    EXPECT_EQ(runWith("\n" + accepted + "\n"), byStatus) << "an empty first line";
+    EXPECT_TRUE(runWith(accepted + "\nFAIL\n")) << "the first line alone decides";
+    EXPECT_FALSE(runWith(accepted + "\n", 1));
+    EXPECT_FALSE(runWith(accepted + "\n", 255));
 }
 
 TEST_P(ConfigurationCommand, ChecksNoMoreThan127CharactersOfTheReply) {
     const bool byStatus = GetParam().success == Success::ByExitStatus;
-    EXPECT_TRUE(runWith(std::string(127, 'x') + "FAIL\n"));
+    const bool takesAnyText = GetParam().accepted == "OK";
+    EXPECT_EQ(runWith(std::string(127, 'x') + "FAIL\n"), takesAnyText);
     EXPECT_EQ(runWith(std::string(123, 'x') + "FAIL\n"), byStatus);
 }
 
@@ -265,8 +269,8 @@ TEST_F(Commands, CheckAReplyBeforeItsStampIsRemoved) {
     standIn.on({"-iwlan0", "add_network"}).prints(STAMP);
     standIn.on({"*"}).prints("OK\n");
     unsigned char id = 99;
-    EXPECT_TRUE(stamping.createNetwork("wlan0", "home", &id));
-    EXPECT_EQ(id, 0);
+    EXPECT_FALSE(stamping.createNetwork("wlan0", "home", &id)) << "no refusal, but no id";
+    EXPECT_EQ(id, 99);
 }
 
 TEST_F(Commands, ReadStampedValues) {
@@ -330,25 +334,16 @@ TEST_F(Commands, CreateAlwaysQuotesTheSsid) {
     EXPECT_EQ(standIn.calls()[7].back(), "\"" + longSsid + "\"");
 }
 
-TEST_F(Commands, CreateReadsTheIdFromEightCharacters) {
+TEST_F(Commands, CreateSendsTheIdBackAsItWasPrinted) {
     struct Row {
         const char* reply;
         const char* text;
         int id;
     };
     const Row rows[] = {
-        {"3\n", "3", 3},
-        {"255\n", "255", 255},
-        {"256\n", "256", 0},
-        {"300\n", "300", 44},
-        {"007\n", "007", 7},
-        {"010\n", "010", 10},
-        {"0x10\n", "0x10", 0},
-        {"1:2:3: 4\n", "1:2:3: 4", 1},
-        {"5 networks\n", "5 networ", 5},
-        {"x\n", "x", 0},
-        {"12345678\n", "12345678", 12345678 & 255},
-        {"123456789\n", "12345678", 12345678 & 255},
+        {"0\n", "0", 0},     {"3\n", "3", 3},      {"255\n", "255", 255},
+        {"007\n", "007", 7}, {"010\n", "010", 10}, {"00000255\n", "00000255", 255},
+        {"4", "4", 4},
     };
     for (const Row& row : rows) {
         standIn.reset();
@@ -359,6 +354,23 @@ TEST_F(Commands, CreateReadsTheIdFromEightCharacters) {
         EXPECT_EQ(id, row.id) << row.reply;
         EXPECT_EQ(standIn.calls()[1], setSsid(row.text, "\"s\"")) << row.reply;
         EXPECT_EQ(standIn.calls()[2], enable(row.text)) << row.reply;
+    }
+}
+
+// Its first characters would be the id of another network.
+TEST_F(Commands, CreateFailsWithoutAnotherCommandWhereTheReplyIsNoNetworkId) {
+    for (const char* const reply :
+         {"256\n", "300\n", "4294967296\n", "000000001\n", "12345678\n", "-1\n", "+1\n", "0x10\n",
+          "1:2:3: 4\n", "5 networks\n", "5 \n", " 5\n", "5\t\n", "x\n", "OK\n",
+          "Selected interface 'wlan0'\n5\n"}) {
+        standIn.reset();
+        standIn.on({"-iwlan0", "add_network"}).prints(reply);
+        standIn.on({"*"}).prints("OK\n");
+        unsigned char id = 99;
+        EXPECT_FALSE(util.createNetwork("wlan0", "s", &id)) << reply;
+        EXPECT_EQ(id, 99) << reply;
+        EXPECT_THAT(standIn.calls(), ElementsAre(ADD)) << reply;
+        EXPECT_THAT(test::resultFiles(), IsEmpty());
     }
 }
 

@@ -1,0 +1,126 @@
+#include "settings/WholeLines.h"
+
+#include "settings/Capacities.h"
+#include "supplicant/ReplyLines.h"
+#include "supplicant/WifiUtil.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace platwifi {
+namespace {
+
+constexpr std::size_t FULL_PIECE = 127;
+constexpr unsigned char MOST_PIECES = 255;
+constexpr const char* DIGITS = "0123456789";
+constexpr const char* HEX_DIGITS = "0123456789abcdefABCDEF";
+constexpr std::size_t BSSID_LENGTH = 17;
+
+/// Whether `next`, which stands behind a full piece that ends `line`, is a line of its own.
+using BeginsLine = bool (*)(const std::string& line, const std::string& next);
+
+Lines join(const ReplyLines& pieces, BeginsLine beginsLine) {
+    Lines lines;
+    std::size_t lastPiece = 0;
+    for (unsigned int i = 0; i < pieces.count; ++i) {
+        const char* const piece = pieces.data()[i];
+        if (!piece)
+            continue;
+        if (lastPiece == FULL_PIECE && !beginsLine(lines.back(), piece))
+            lines.back() += piece;
+        else
+            lines.emplace_back(piece);
+        lastPiece = std::strlen(piece);
+    }
+    return lines;
+}
+
+bool beginsWithId(const std::string& text) {
+    const std::size_t end = text.find_first_not_of(DIGITS);
+    return end != 0 && end != std::string::npos && text[end] == '\t';
+}
+
+bool isWholeBssidColumn(const std::string& column) {
+    return column == "any" || column.size() == BSSID_LENGTH;
+}
+
+// The columns are id, SSID, BSSID and flags. A rest of an SSID or of a BSSID may look like the
+// beginning of a line ("\x9" and "0\tany"); a rest of the flags never does.
+bool hasBssid(const std::string& line) {
+    const auto tabs = std::count(line.begin(), line.end(), '\t');
+    return tabs > 2 || (tabs == 2 && isWholeBssidColumn(line.substr(line.rfind('\t') + 1)));
+}
+
+bool beginsListLine(const std::string& line, const std::string& next) {
+    return hasBssid(line) && beginsWithId(next);
+}
+
+// An SSID that holds such a text is no hazard: the client prints a tab in it as "\t".
+bool beginsScanLine(const std::string& /*line*/, const std::string& next) {
+    if (next.size() <= BSSID_LENGTH || next[BSSID_LENGTH] != '\t')
+        return false;
+    for (std::size_t i = 0; i < BSSID_LENGTH; ++i) {
+        const bool fits = i % 3 == 2 ? next[i] == ':' : std::strchr(HEX_DIGITS, next[i]) != nullptr;
+        if (!fits)
+            return false;
+    }
+    return true;
+}
+
+// The rest of "ssid=" and an SSID of 32 bytes has six characters at most. It holds an equals sign only
+// behind the two digits of an escape that was cut.
+bool beginsStatusLine(const std::string& /*line*/, const std::string& next) {
+    const std::string key = next.substr(0, next.find('='));
+    return key.size() < next.size() && key.find('\\') == std::string::npos &&
+           key.find_first_not_of(HEX_DIGITS) != std::string::npos;
+}
+
+using Query = bool (WifiUtil::*)(const char*, char**, unsigned char, unsigned char*);
+
+bool run(WifiUtil& util, Query query, const char* iface, Lines (*whole)(const ReplyLines&),
+         Lines& lines) {
+    ReplyLines pieces(MOST_PIECES);
+    if (!(util.*query)(iface, pieces.data(), pieces.capacity(), &pieces.count))
+        return false;
+    lines = whole(pieces);
+    return true;
+}
+
+void limit(Lines& lines, std::size_t count) {
+    if (lines.size() > count)
+        lines.resize(count);
+}
+
+} // namespace
+
+Lines wholeListLines(const ReplyLines& pieces) {
+    return join(pieces, beginsListLine);
+}
+
+Lines wholeScanLines(const ReplyLines& pieces) {
+    return join(pieces, beginsScanLine);
+}
+
+Lines wholeStatusLines(const ReplyLines& pieces) {
+    return join(pieces, beginsStatusLine);
+}
+
+bool queryList(WifiUtil& util, const char* iface, Lines& lines) {
+    return run(util, &WifiUtil::getNetworkDatabaseSsids, iface, wholeListLines, lines);
+}
+
+bool queryScan(WifiUtil& util, const char* iface, Lines& lines) {
+    if (!run(util, &WifiUtil::discoverNetworks, iface, wholeScanLines, lines))
+        return false;
+    limit(lines, NETWORK_LINES);
+    return true;
+}
+
+bool queryStatus(WifiUtil& util, const char* iface, Lines& lines) {
+    if (!run(util, &WifiUtil::getCurrentNetworkStatus, iface, wholeStatusLines, lines))
+        return false;
+    limit(lines, STATUS_LINES);
+    return true;
+}
+
+} // namespace platwifi
