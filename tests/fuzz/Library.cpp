@@ -29,6 +29,7 @@ using Command = ModelSupplicant::Command;
 
 namespace {
 
+constexpr const char* KEY_FILE = "/tmp/fuzz-library.key"; // in the private world
 constexpr const char* ADAPTER = "wlan0";
 constexpr const char* NO_SSID = "SSID N/A";
 constexpr unsigned char CAPACITY = 255;
@@ -371,12 +372,12 @@ void native(Input& input, WifiHostSettings& settings) {
         return; // or a network without a name keeps the lock
     test::FakeJni java;
     test::NativeArguments with;
-    with.iface = modified(ifaceFrom(input));
-    with.ssid = modified(ssidFrom(input, &settings));
-    with.text = modified(input.text(40));
+    with.iface = java.javaString(modified(ifaceFrom(input)));
+    with.ssid = java.javaString(modified(ssidFrom(input, &settings)));
+    with.text = java.javaString(modified(input.text(40)));
     with.number = static_cast<int>(input.byte()) - 8;
     with.flag = input.flag();
-    one.call(java, with);
+    one.call(java.environment(), with);
     REQUIRE(java.heldCharacters() == 0);
 }
 
@@ -430,6 +431,8 @@ void end() {
 } // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const int keyFile = setenv("PLATFORM_KEY_FILE", KEY_FILE, 1);
+    REQUIRE(keyFile == 0);
     Input input(data, size);
     begin(input);
     followLoad(loaded());

@@ -2,8 +2,6 @@
 
 #include "support/AllNatives.h"
 
-#include "support/FakeJni.h"
-
 #define NATIVE(method) Java_com_quorvel_platwifi_BWifiPlatformService_##method
 
 #define PLAIN(Result, method) Result NATIVE(method)(JNIEnv*, jclass);
@@ -93,50 +91,45 @@ TAKES(jstring, setSsid0) // under its C++ name
 namespace test {
 namespace {
 
-// A Java string; the environment keeps it.
-jstring stringOf(FakeJni& java, const std::optional<std::string>& text) {
-    return text ? java.javaString(*text) : nullptr;
+template <typename Result>
+void run(Result (*native)(JNIEnv*, jclass), JNIEnv* environment, const NativeArguments& /*with*/) {
+    native(environment, nullptr);
 }
 
 template <typename Result>
-void run(Result (*native)(JNIEnv*, jclass), FakeJni& java, const NativeArguments& /*with*/) {
-    native(java.environment(), nullptr);
-}
-
-template <typename Result>
-void run(Result (*native)(JNIEnv*, jclass, jstring), FakeJni& java, const NativeArguments& with) {
-    native(java.environment(), nullptr, stringOf(java, with.iface));
+void run(Result (*native)(JNIEnv*, jclass, jstring), JNIEnv* environment,
+         const NativeArguments& with) {
+    native(environment, nullptr, with.iface);
 }
 
 // The value that a native takes behind interface and SSID.
 template <typename Value>
-Value valueOf(FakeJni& java, const NativeArguments& with);
+Value valueOf(const NativeArguments& with);
 
 template <>
-jstring valueOf(FakeJni& java, const NativeArguments& with) {
-    return stringOf(java, with.text);
+jstring valueOf(const NativeArguments& with) {
+    return with.text;
 }
 
 template <>
-jint valueOf(FakeJni& /*java*/, const NativeArguments& with) {
+jint valueOf(const NativeArguments& with) {
     return with.number;
 }
 
 template <>
-jboolean valueOf(FakeJni& /*java*/, const NativeArguments& with) {
+jboolean valueOf(const NativeArguments& with) {
     return with.flag ? JNI_TRUE : JNI_FALSE;
 }
 
 template <typename Result, typename... Values>
-void run(Result (*native)(JNIEnv*, jclass, jstring, jstring, Values...), FakeJni& java,
+void run(Result (*native)(JNIEnv*, jclass, jstring, jstring, Values...), JNIEnv* environment,
          const NativeArguments& with) {
-    native(java.environment(), nullptr, stringOf(java, with.iface), stringOf(java, with.ssid),
-           valueOf<Values>(java, with)...);
+    native(environment, nullptr, with.iface, with.ssid, valueOf<Values>(with)...);
 }
 
 template <auto Function>
-void call(FakeJni& java, const NativeArguments& with) {
-    run(Function, java, with);
+void call(JNIEnv* environment, const NativeArguments& with) {
+    run(Function, environment, with);
 }
 
 } // namespace
