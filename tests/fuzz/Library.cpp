@@ -12,11 +12,13 @@
 #include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/Arguments.h"
+#include "supplicant/Reply.h"
 #include "supplicant/WifiUtil.h"
 #include "support/AllNatives.h"
 #include "support/FakeJni.h"
 #include "support/SettableClock.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -26,6 +28,36 @@ using fuzz::Input;
 using fuzz::ModelSupplicant;
 using Fault = ModelSupplicant::Fault;
 using Command = ModelSupplicant::Command;
+
+// Most of a load is reading values one by one. All but some runs do so without a result file.
+bool realValue(WifiUtil*, const char*, unsigned char, const char*, char*,
+               unsigned int) __asm__("__real__ZN8WifiUtil15getNetworkValueEPKchS1_Pcj");
+bool quickValue(WifiUtil*, const char*, unsigned char, const char*, char*,
+                unsigned int) __asm__("__wrap__ZN8WifiUtil15getNetworkValueEPKchS1_Pcj");
+
+namespace {
+
+bool readsFiles = true; // else values come straight from the model
+
+std::string firstLine(const std::string& text) {
+    return text.substr(0, std::min<std::size_t>(text.find('\n'), 127));
+}
+
+} // namespace
+
+bool quickValue(WifiUtil* util, const char* iface, unsigned char id, const char* key, char* out,
+                unsigned int outSize) {
+    if (readsFiles)
+        return realValue(util, iface, id, key, out, outSize);
+    const auto answer =
+        ModelSupplicant::instance().run(iface, {"get_network", std::to_string(id), key});
+    std::string value = firstLine(answer.output);
+    if (!answer.hasExited || !platwifi::isAccepted(value.c_str()))
+        return false;
+    platwifi::stripQuotes(value.data());
+    std::strncpy(out, value.c_str(), outSize);
+    return true;
+}
 
 namespace {
 
@@ -69,6 +101,7 @@ struct Watch {
     bool isPlausible = true;     ///< no reply was garbage: ids must be right
     std::map<int, Fault> faults; ///< by the number of the command
     Marks marks;
+    std::map<unsigned int, std::optional<std::string>> ssids; ///< of marks, as they were last seen
     std::set<unsigned int> added; ///< marks of networks that the call in progress has made
     int edits = 0;
 };
@@ -84,12 +117,21 @@ unsigned int markOf(const std::string& ssid) {
     return found == watch.marks.end() ? 0 : found->second;
 }
 
-bool isMarked(unsigned int mark) {
-    for (const auto& entry : watch.marks) {
-        if (entry.second == mark)
-            return true;
-    }
-    return false;
+void noteSsids() {
+    for (const ModelSupplicant::Network& network : model().networks())
+        watch.ssids[network.mark] = network.ssid;
+}
+
+// Of several networks with one SSID, which only other programs make, any will do: the library tells
+// networks apart by that.
+bool isMeant(const ModelSupplicant::Network& network, unsigned int mark) {
+    const auto seen = watch.ssids.find(mark);
+    return network.mark == mark || (seen != watch.ssids.end() && seen->second == network.ssid);
+}
+
+bool isInMemory(const ModelSupplicant::Network& network) {
+    return std::any_of(watch.marks.begin(), watch.marks.end(),
+                       [&](const auto& entry) { return isMeant(network, entry.second); });
 }
 
 std::string lineOf(const Command& command) {
@@ -103,7 +145,8 @@ std::string lineOf(const Command& command) {
 void requireOwnValue(const Command& command, const ModelSupplicant::Network& network) {
     if (command.size() != 4 || command[3].rfind("\"mark ", 0) != 0)
         return;
-    REQUIRE_FOR(std::strtoul(command[3].c_str() + 6, nullptr, 10) == network.mark, lineOf(command));
+    const auto mark = static_cast<unsigned int>(std::strtoul(command[3].c_str() + 6, nullptr, 10));
+    REQUIRE_FOR(isMeant(network, mark), lineOf(command));
 }
 
 // A number that the supplicant does not know is refused by it and does no harm.
@@ -119,11 +162,11 @@ void requireRightNetwork(const Command& command) {
         return;
     case Call::REMOVE:
     case Call::CONNECT:
-        REQUIRE_FOR(network->mark == markOf(watch.ssid), lineOf(command));
+        REQUIRE_FOR(isMeant(*network, markOf(watch.ssid)), lineOf(command));
         return;
     case Call::ROAM:
     case Call::SAVE:
-        REQUIRE_FOR(isMarked(network->mark), lineOf(command));
+        REQUIRE_FOR(isInMemory(*network), lineOf(command));
         requireOwnValue(command, *network);
         return;
     case Call::NONE:
@@ -146,6 +189,7 @@ Fault beforeCommand(const Command& command) {
     const auto planned = watch.faults.find(model().commands);
     const Fault fault = planned == watch.faults.end() ? Fault::NONE : planned->second;
     watch.isPlausible = watch.isPlausible && fault != Fault::GARBAGE;
+    noteSsids();
     if (watch.isPlausible && command.size() > 1 && namesNetwork(command[0]))
         requireRightNetwork(command);
     if (command[0] == "add_network")
@@ -417,7 +461,9 @@ void begin(Input& input) {
     model().reset();
     watch = Watch();
     model().before = beforeCommand;
-    model().hasStamps = input.below(16) == 1;
+    const unsigned int how = input.below(16);
+    model().hasStamps = how == 1;
+    readsFiles = how <= 2;
     configure(input);
     planFaults(input);
 }
