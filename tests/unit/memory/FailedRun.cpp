@@ -8,12 +8,14 @@
 #include "support/FailingAllocator.h"
 #include "support/FakeJni.h"
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <future>
+#include <iterator>
 #include <memory>
 #include <new>
 #include <sys/wait.h>
@@ -27,6 +29,7 @@ namespace {
 
 constexpr unsigned int PATIENCE_S = 30; // a hang ends by a signal; it is no failure to be slow
 constexpr const char* ADAPTER = "wlan0";
+constexpr const char* LONG_TEXT = "a text that has to be allocated wherever it is copied to";
 constexpr const char* CALLED = "home"; // the network that natives are called for
 constexpr const char* OTHER = "work";  // is there whatever they do
 
@@ -87,7 +90,7 @@ FakeJni& java() {
 // Made before the failure, like the environment.
 const NativeArguments* javaArguments() {
     static const NativeArguments arguments{java().javaString(ADAPTER), java().javaString(CALLED),
-                                           java().javaString("another text"), 2, true};
+                                           java().javaString(LONG_TEXT), 2, true};
     return &arguments;
 }
 
@@ -212,9 +215,15 @@ void loaded() {
 
 void edited() {
     loaded();
-    const char* const names[] = {"phase1", "key_mgmt", "bssid"};
-    const char* const values[] = {"peapver=0", "1", "02:00:00:00:01:00"};
-    setNetworkParameters(nullptr, ADAPTER, CALLED, names, values, 3);
+    static constexpr const char* NAMES[] = {
+        "bssid",           "eapIdentity",        "CACertificateFile",    "CACertificateDir",
+        "phase1",          "clientCertificate",  "privateKeyFile",       "key1",
+        "phase2",          "CACertificateFile2", "CACertificateDir2",    "key2",
+        "privateKeyFile2", "clientCertificate2", "eapAnonymousIdentity",
+    };
+    const char* values[sizeof(NAMES) / sizeof(NAMES[0])];
+    std::fill(std::begin(values), std::end(values), LONG_TEXT);
+    setNetworkParameters(nullptr, ADAPTER, CALLED, NAMES, values, sizeof(NAMES) / sizeof(NAMES[0]));
 }
 
 void load(std::size_t /*which*/) {
