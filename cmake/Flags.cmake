@@ -11,3 +11,7 @@ if(PLATWIFI_SANITIZE)
     target_compile_options(platwifi_flags INTERFACE -fno-sanitize=function)
   endif()
 endif()
+
+if(PLATWIFI_FUZZ) # counts what an input reaches
+  target_compile_options(platwifi_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()

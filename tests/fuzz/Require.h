@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+namespace fuzz {
+
+/// Ends the program: the input that did it is the finding.
+[[noreturn]] inline void failed(const char* file, int line, const char* condition,
+                                const std::string& detail) {
+    std::fprintf(stderr, "%s:%d: not so: %s%s%s\n", file, line, condition,
+                 detail.empty() ? "" : ": ", detail.c_str());
+    std::abort();
+}
+
+} // namespace fuzz
+
+/// What must hold for every input.
+#define REQUIRE(condition)                                                                         \
+    ((condition) ? static_cast<void>(0) : fuzz::failed(__FILE__, __LINE__, #condition, ""))
+
+/// The same, with a text that is made only where it does not hold.
+#define REQUIRE_FOR(condition, detail)                                                             \
+    ((condition) ? static_cast<void>(0) : fuzz::failed(__FILE__, __LINE__, #condition, detail))
