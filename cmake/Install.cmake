@@ -23,7 +23,6 @@ foreach(header
     model/WifiNetwork.h
     model/WifiNetworkList.h
     model/WifiTypes.h
-    settings/NetworkNumbers.h
     settings/WifiHostSettings.h
     supplicant/WifiUtil.h
     watchdog/LocalSignal.h

@@ -5,6 +5,7 @@
 #include "model/WifiNetworkList.h"
 #include "platform/Deadline.h"
 #include "platform/MutexGuard.h"
+#include "settings/NetworkIds.h"
 #include "settings/NullExceptionHandler.h"
 #include "settings/SettingsLock.h"
 #include "supplicant/ReplyLines.h"
@@ -52,12 +53,13 @@ void WifiHostSettings::unload() noexcept {
     WifiHostSettings& settings = instance();
     const MutexGuard guard(settings.gate);
     settings.deactivate();
-    settings.networkIds = NetworkIds(); // a reload remembers changes that are not saved
+    *settings.networkIds = NetworkIds(); // a reload remembers changes that are not saved
 }
 
 WifiHostSettings::WifiHostSettings(Unloaded /*tag*/) noexcept
     : lastStatusRefresh(0), currentNetwork(nullptr), ownList(std::make_unique<WifiNetworkList>()),
-      networkList(nullptr), supplicantState(WPA_STATE_UNKNOWN) {
+      networkList(nullptr), supplicantState(WPA_STATE_UNKNOWN),
+      networkIds(std::make_unique<NetworkIds>()) {
     PlatformUtil::createMutex(&gate);
     PlatformUtil::createMutex(&_sync);
 }
@@ -176,7 +178,7 @@ void WifiHostSettings::forgetState() noexcept {
     supplicantState = WPA_STATE_UNKNOWN;
     currentNetwork = nullptr;
     stampStatusRefresh(0);
-    networkIds.forget();
+    networkIds->forget();
 }
 
 bool WifiHostSettings::statusRefreshIsDue(std::uint64_t now) const noexcept {

@@ -4,13 +4,13 @@
 #include "model/WifiTypes.h"
 #include "platform/ErrorHandler.h"
 #include "platform/PlatformUtil.h"
-#include "settings/NetworkIds.h"
-#include "settings/WholeLines.h"
 
 #include <atomic>
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <string>
+#include <vector>
 
 class BufferedXWriter;
 class WifiHostSettingsWatchdog;
@@ -19,6 +19,7 @@ class WifiNetworkList;
 class WifiUtil;
 
 namespace platwifi {
+class NetworkIds;
 class ReplyLines;
 enum class ListMark;
 bool refreshSettings() noexcept;
@@ -193,7 +194,7 @@ private:
     // holds lockSettings(), or is the constructor.
     bool initializeSettings();
     bool loadAdapterNames(WifiUtil& util);
-    void loadNetworks(WifiUtil& util, const platwifi::Lines& lines);
+    void loadNetworks(WifiUtil& util, const std::vector<std::string>& lines);
     void loadNetwork(WifiUtil& util, const char* line);
     bool loadScan(WifiUtil& util);
     bool loadStatus(WifiUtil& util);
@@ -205,8 +206,8 @@ private:
     void followStatusLine(const char* line) noexcept;
     void followStatusSsid(const char* ssid) noexcept;
     void settleStatus() noexcept;
-    bool followList(const platwifi::Lines& list);
-    bool followListLines(const platwifi::Lines& lines, WifiNetwork& network) noexcept;
+    bool followList(const std::vector<std::string>& list);
+    bool followListLines(const std::vector<std::string>& lines, WifiNetwork& network) noexcept;
     void followMark(platwifi::ListMark mark, WifiNetwork& network) noexcept;
     bool moveTo(WifiNetwork* network) noexcept;
     void leaveNetwork(const char* ssid) noexcept;
@@ -238,5 +239,5 @@ private:
     WifiNetworkList* networkList;                   ///< that one, or null when not loaded
     WpaState supplicantState;
     std::unique_ptr<WifiHostSettingsWatchdog> watchdog; ///< null after a failure
-    platwifi::NetworkIds networkIds;                    ///< of the networks of the list
+    std::unique_ptr<platwifi::NetworkIds> networkIds;   ///< of the networks of the list
 };

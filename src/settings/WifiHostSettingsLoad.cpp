@@ -6,6 +6,7 @@
 #include "settings/KeyState.h"
 #include "settings/ListLine.h"
 #include "settings/ListedSsid.h"
+#include "settings/NetworkIds.h"
 #include "settings/NetworkKeys.h"
 #include "settings/ScanLine.h"
 #include "settings/WholeLines.h"
@@ -65,7 +66,7 @@ const char* WifiHostSettings::adapterName() const noexcept {
 void WifiHostSettings::loadNetworks(WifiUtil& util, const Lines& lines) {
     for (std::size_t i = 0; i < lines.size(); ++i) {
         if (const auto listed = listedSsid(lines[i]))
-            networkIds.listed(*listed);
+            networkIds->listed(*listed);
         if (i < NETWORK_LINES)
             loadNetwork(util, lines[i].c_str());
     }
@@ -83,7 +84,7 @@ void WifiHostSettings::loadNetwork(WifiUtil& util, const char* line) {
     const KeyState keyState = readValues(util, adapterName(), *network);
     network->cleanDirtyFields();
     if (networkList->addNetworkToList(network.get()))
-        networkIds.loaded(*network.release(), keyState); // the list's own now
+        networkIds->loaded(*network.release(), keyState); // the list's own now
     else if (mark == ListMark::CURRENT)
         setCurrentNetwork(nullptr); // there is one with this SSID, and this one goes
 }

@@ -40,7 +40,7 @@ bool WifiHostSettings::addNetwork(const char* iface, const char* ssid) noexcept 
     network->setSsid(ssid);
     network->setNetworkId(id);
     if (networkList && networkList->addNetworkToList(network.get()))
-        networkIds.added(*network.release(), ssid); // the list's own now
+        networkIds->added(*network.release(), ssid); // the list's own now
     return true;
 }
 
@@ -54,7 +54,7 @@ bool WifiHostSettings::removeNetwork(const char* iface, const char* ssid) noexce
         !util->removeNetwork(iface, network->getNetworkId()))
         return false;
     leaveNetwork(ssid);
-    networkIds.removed(*network);
+    networkIds->removed(*network);
     networkList->removeNetworkFromList(ssid);
     return true;
 }
@@ -91,12 +91,12 @@ bool WifiHostSettings::disconnectNetwork(const char* iface, const char* ssid) no
 bool WifiHostSettings::roamNetworks(const char* iface) noexcept {
     const SettingsLock lock(*this);
     WifiUtil* const util = WifiUtil::getInstance();
-    if (!util || !networkIds.confirm(*util, adapterName()) ||
+    if (!util || !networkIds->confirm(*util, adapterName()) ||
         !util->disconnectFromNetwork(iface, NO_ID))
         return false;
     const WifiNetwork* network = networkList ? networkList->getHead() : nullptr;
     for (; network; network = network->getNext()) {
-        if (networkIds.isKnown(*network))
+        if (networkIds->isKnown(*network))
             util->setNetworkValue(iface, network->getNetworkId(), "disabled", "0");
     }
     return util->forceReassociation(iface);
@@ -142,5 +142,5 @@ void WifiHostSettings::leaveNetwork(const char* ssid) noexcept {
 
 // Ids are those of the adapter that the networks were loaded from, whichever a command is for.
 bool WifiHostSettings::confirmId(WifiUtil& util, const WifiNetwork& network) {
-    return networkIds.confirm(util, adapterName()) && networkIds.isKnown(network);
+    return networkIds->confirm(util, adapterName()) && networkIds->isKnown(network);
 }

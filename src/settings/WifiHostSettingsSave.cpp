@@ -71,7 +71,7 @@ int WifiHostSettings::saveNetworkSettings() noexcept {
 // save as a whole fails.
 bool WifiHostSettings::saveChanges(WifiUtil& util) {
     const Networks changed = changedOf(*networkList);
-    if (!changed.empty() && !networkIds.confirm(util, adapterName()))
+    if (!changed.empty() && !networkIds->confirm(util, adapterName()))
         return false;
     std::size_t written = 0;
     for (WifiNetwork* const network : changed)
@@ -81,11 +81,11 @@ bool WifiHostSettings::saveChanges(WifiUtil& util) {
 }
 
 bool WifiHostSettings::writeNetwork(WifiUtil& util, WifiNetwork& network) {
-    if (!networkIds.isKnown(network))
+    if (!networkIds->isKnown(network))
         return false;
     saveDirtyFields(util, adapterName(), network,
                     [&](const char* key, const char* value, bool accepted) {
-                        networkIds.written(network, key, value, accepted);
+                        networkIds->written(network, key, value, accepted);
                     });
     return true;
 }
@@ -96,7 +96,7 @@ bool WifiHostSettings::saveConfiguration(WifiUtil& util) {
     if (!saved.last)
         return false;
     reloadConfigurations(util, names);
-    networkIds.saved(saved.all);
+    networkIds->saved(saved.all);
     if (watchdog)
         watchdog->sendSaveSettingsSignal();
     networkList->validateDatabase();

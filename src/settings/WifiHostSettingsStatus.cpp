@@ -66,7 +66,7 @@ bool WifiHostSettings::refreshDatabaseNetworksStatus() noexcept {
 
 // After a save the ids in memory may be old ones: this list has the new ones as well.
 bool WifiHostSettings::followList(const Lines& list) {
-    networkIds.confirm(list);
+    networkIds->confirm(list);
     const std::size_t count = std::min<std::size_t>(list.size(), NETWORK_LINES);
     const Lines lines(list.begin(), list.begin() + static_cast<std::ptrdiff_t>(count));
     for (WifiNetwork* network = networkList->getHead(); network; network = network->getNext()) {
@@ -78,7 +78,7 @@ bool WifiHostSettings::followList(const Lines& list) {
 
 // No line is that of a network without a known id, yet each has to have a first field.
 bool WifiHostSettings::followListLines(const Lines& lines, WifiNetwork& network) noexcept {
-    const bool isKnown = networkIds.isKnown(network);
+    const bool isKnown = networkIds->isKnown(network);
     for (const std::string& line : lines) {
         LineFields fields(line.c_str(), "\t ");
         const char* const id = fields.next();
