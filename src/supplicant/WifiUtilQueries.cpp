@@ -107,7 +107,8 @@ bool WifiUtil::getWifiAdapters(char** out, unsigned char max, unsigned char* cou
     if (!sink.isUsable())
         return false;
     ResultFile result(ADAPTERS.command.resultPrefix);
-    return runClient(*this, ADAPTERS.command, result) && readReply(result, ADAPTERS, timestampedOutput == 1, sink);
+    return runClient(*this, ADAPTERS.command, result) &&
+           readReply(result, ADAPTERS, timestampedOutput == 1, sink);
 }
 
 bool WifiUtil::getNetworkDatabaseSsids(const char* iface, char** out, unsigned char max,

@@ -200,7 +200,8 @@ TEST_F(SettingsNatives, ListNoSsidsWhenANetworkHasNone) {
     EXPECT_EQ(NATIVE(getNetworkDatabaseSsids0)(java.environment(), nullptr, text("wlan0")),
               nullptr);
     for (PlatformMutex* const mutex : mutexes.all)
-        EXPECT_TRUE(test::isFree(mutex)) << "another thread of the virtual machine would wait for it";
+        EXPECT_TRUE(test::isFree(mutex))
+            << "another thread of the virtual machine would wait for it";
 }
 
 TEST_F(SettingsNatives, UnloadTheSettingsWithoutMakingThem) {

@@ -135,6 +135,8 @@ TEST_F(CryptKeyFile, IsRefusedAsASymbolicLink) {
     std::filesystem::rename(KEY_FILE, FOLDER + "/elsewhere");
     std::filesystem::create_symlink("elsewhere", KEY_FILE);
     expectRefused("crypt.key-type", "symbolic link");
+    EXPECT_THAT(encrypted("a secret").message,
+                HasSubstr(std::string(KEY_FILE) + " is a symbolic link"));
     std::filesystem::remove(FOLDER + "/elsewhere");
     expectRefused("crypt.key-type", "symbolic link");
 }

@@ -112,6 +112,20 @@ TEST_F(SharedMemoryOfAName, StaysWithItsUsersWhenItLosesItsName) {
     EXPECT_EQ(*static_cast<char*>(second.data()), FILLED);
 }
 
+TEST_F(SharedMemoryOfAName, IsNotMappedAnyMoreWhenItIsDetached) {
+    const auto isMapped = [] {
+        std::ifstream maps("/proc/self/maps");
+        const std::string text(std::istreambuf_iterator<char>(maps), {});
+        return text.find(PATH) != std::string::npos;
+    };
+    put(std::string(SIZE, FILLED));
+    SharedMemory memory;
+    EXPECT_EQ(attach(memory), Result::joined);
+    EXPECT_TRUE(isMapped());
+    memory.detach();
+    EXPECT_FALSE(isMapped());
+}
+
 TEST_F(SharedMemoryOfAName, KeepsItsNameWhenItIsDetached) {
     SharedMemory memory;
     attach(memory);

@@ -34,6 +34,7 @@ TEST(KeyState, OfALoadedNetwork) {
         {"WPA-PSK SAE", true, true},
         {"FT-SAE", true, true},
         {"WPS", true, true},
+        {"WPA-PSK WPS", true, true},
         {"NONE", false, false},
         {"WPA-EAP", false, false},
         {"WPA-EAP IEEE8021X", false, false},

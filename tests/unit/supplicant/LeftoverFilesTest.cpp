@@ -5,6 +5,7 @@
 #include "platform/FolderClaim.h"
 #include "supplicant/ClientCommand.h"
 #include "supplicant/ResultFile.h"
+#include "supplicant/ResultTag.h"
 #include "supplicant/WifiUtil.h"
 
 #include "support/Checkpoint.h"
@@ -21,6 +22,7 @@
 #include <fstream>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -70,6 +72,14 @@ TEST_F(LeftoverFiles, GoWhateverCommandTheyAreOf) {
     }
     removeLeftoverFiles();
     EXPECT_THAT(test::resultFiles(), IsEmpty());
+}
+
+TEST(ResultTag, HasClaimsOfItsOwn) {
+    const ResultTag first(A_TAG);
+    const ResultTag second("17");
+    const std::set<std::uint32_t> claims{first.useClaim(), first.removalClaim(), second.useClaim(),
+                                         second.removalClaim()};
+    EXPECT_THAT(claims, SizeIs(4));
 }
 
 TEST_F(LeftoverFiles, AreKnownByTheirWholeName) {

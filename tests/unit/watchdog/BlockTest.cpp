@@ -93,6 +93,17 @@ TEST(SignalBlock, IsMadeByTheFirstAndJoinedByTheOthers) {
     EXPECT_TRUE(first.isCreator());
 }
 
+TEST(SignalBlock, IsLeftUnlockedByAWatchdogThatBecomesAUserOnceMore) {
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    watchdog.initialize();
+    Peer peer;
+    EXPECT_EQ(peer.ask("initialize"), "1");
+    EXPECT_EQ(peer.ask("lock"), "0");
+    EXPECT_EQ(peer.ask("unlock"), "0");
+    EXPECT_EQ(BlockView().numbers(), "0 none 3");
+}
+
 TEST(SignalBlock, WakesAnotherProcess) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
