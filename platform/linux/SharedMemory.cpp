@@ -62,12 +62,12 @@ bool mayBeOurs(const Standing& found, std::size_t size) noexcept {
 // processes do not notice that it has lost its name.
 void warnOfReplacement(const char* name, const struct stat& status, std::size_t size) {
     static OnceWarning warning;
-    if (looksLikeOne(status, size) && !isTrusted(status))
-        warning.print(
-            std::string("the shared memory object ") + name + " of user " +
-            std::to_string(status.st_uid) +
-            " is replaced; running processes of that user and this one do not notice each "
-            "other's saves; run all of them as one user");
+    if (!looksLikeOne(status, size) || isTrusted(status))
+        return;
+    warning.print(std::string("the shared memory object ") + name + " of user " +
+                  std::to_string(status.st_uid) +
+                  " is replaced; running processes of that user and this one do not notice each "
+                  "other's saves; run all of them as one user");
 }
 
 void warnOfFailure(const char* name, int error) {
@@ -142,6 +142,14 @@ bool mayPass(int error) noexcept {
     return error == 0 || error == EEXIST || error == EWOULDBLOCK;
 }
 
+// Takes the name from what was found under it, as retire() does.
+int replace(const char* name, const struct stat& stale, std::size_t size) {
+    const int error = retire(name, stale);
+    if (error == 0)
+        warnOfReplacement(name, stale, size);
+    return error;
+}
+
 // Touching memory that a full file system has no place for would end the process.
 bool reserve(int file, std::size_t size) noexcept {
     while (fallocate(file, 0, 0, static_cast<off_t>(size)) != 0) {
@@ -183,6 +191,15 @@ int SharedMemory::publish(const char* name, std::size_t size, SetUp setUp) noexc
     return make(temporary.file(), size, setUp) ? temporary.giveName(name) : ENOTSUP;
 }
 
+// Returns no value where the object is to be made, or made anew.
+std::optional<SharedMemory::Joining> SharedMemory::tryJoin(int file, std::size_t size,
+                                                           Join join) noexcept {
+    if (!map(file, size))
+        return std::nullopt;
+    const Joining joining = join(m_data);
+    return joining == Joining::REFUSED ? std::nullopt : std::optional(joining);
+}
+
 SharedMemory::Result SharedMemory::attach(const char* name, std::size_t size, SetUp setUp,
                                           Join join) noexcept {
     detach();
@@ -191,22 +208,13 @@ SharedMemory::Result SharedMemory::attach(const char* name, std::size_t size, Se
         if (error == EWOULDBLOCK)
             PlatformUtil::sleep(PAUSE_MILLISECONDS);
         const Standing found = look(name);
-        if (mayBeOurs(found, size) && map(found.file.number(), size)) {
-            const Joining joining = join(m_data);
-            if (joining == Joining::JOINED)
-                return Result::joined;
-            if (joining == Joining::BUSY)
-                return giveUp();
+        if (mayBeOurs(found, size)) {
+            if (const auto joining = tryJoin(found.file.number(), size, join))
+                return *joining == Joining::JOINED ? Result::joined : giveUp();
         }
-        if (!found.exists) {
-            error = publish(name, size, setUp);
-            if (error == 0)
-                return Result::created;
-            continue;
-        }
-        error = retire(name, found.status);
-        if (error == 0)
-            warnOfReplacement(name, found.status, size);
+        error = found.exists ? replace(name, found.status, size) : publish(name, size, setUp);
+        if (!found.exists && error == 0)
+            return Result::created;
     }
     warnOfFailure(name, error);
     return giveUp();

@@ -27,7 +27,7 @@ constexpr std::uint64_t REFRESH_PAUSE_MS = 5000; // between two refreshes of the
 } // namespace
 
 // Never deleted, so that a thread may use it whatever other threads do.
-WifiHostSettings& WifiHostSettings::instance() noexcept {
+WifiHostSettings& WifiHostSettings::instance() {
     static WifiHostSettings* const settings = new WifiHostSettings(Unloaded{});
     return *settings;
 }

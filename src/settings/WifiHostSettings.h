@@ -171,7 +171,7 @@ private:
 
     struct Unloaded {};
     explicit WifiHostSettings(Unloaded) noexcept;
-    static WifiHostSettings& instance() noexcept;
+    static WifiHostSettings& instance();
 
     // Between unloaded and loaded. The caller holds the gate.
     void activate(ErrorHandler* errors);

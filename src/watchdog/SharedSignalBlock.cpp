@@ -21,11 +21,12 @@ int lockInTime(PlatformMutex& mutex) noexcept {
     static platform::OnceWarning warning;
     const int error =
         PlatformUtil::lockMutexUntil(&mutex, std::chrono::steady_clock::now() + LOCK_LIMIT);
-    if (error == ETIMEDOUT)
+    if (error == ETIMEDOUT) {
         warning.print(
             "a lock in the shared memory object /wifi_shmem has been held for more than a "
             "second; until it is free, this process and others do not notice each other's "
             "saves; continue or end the process that is stopped");
+    }
     return error;
 }
 

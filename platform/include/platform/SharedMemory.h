@@ -3,6 +3,7 @@
 #include "platform/Export.h"
 
 #include <cstddef>
+#include <optional>
 
 namespace platform {
 
@@ -61,6 +62,7 @@ public:
 private:
     bool map(int file, std::size_t size) noexcept;
     bool make(int file, std::size_t size, SetUp setUp) noexcept;
+    std::optional<Joining> tryJoin(int file, std::size_t size, Join join) noexcept;
     Result giveUp() noexcept;
     int publish(const char* name, std::size_t size, SetUp setUp) noexcept;
 
