@@ -67,9 +67,10 @@ class Saver {
 public:
     Saver(Slots& slots, std::size_t index) : m_slots(slots), m_index(index) {}
 
-    void start(std::uint32_t seed) {
+    void start(std::uint32_t seed, bool staysLoaded = false) {
         new (&slot()) Slot{};
         slot().beats = 1;
+        slot().staysLoaded = staysLoaded;
         m_process = std::make_unique<OtherProcess>(std::vector<std::string>{
             "--slot", m_slots.descriptor(), std::to_string(m_index), std::to_string(seed)});
         m_isStopped = false;
@@ -168,8 +169,8 @@ public:
         }
         Saver& first = m_savers[0];
         Saver& second = m_savers[1];
-        replace(first);
-        replace(second);
+        for (Saver* const saver : {&first, &second}) // each unload would take the block's name away
+            saver->start(m_job.seed + ++m_started, true);
         awaitRefresh(first);
         awaitRefresh(second);
         end(first);

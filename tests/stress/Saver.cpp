@@ -85,7 +85,7 @@ void loadAndSave(Slot& slot, Random& random) {
         WifiHostSettings::getInstance(nullptr);
     }
     const std::uint32_t saves = 1 + random.below(SAVES_A_LOAD);
-    for (std::uint32_t i = 0; i < saves && slot.isToEnd == 0; ++i) {
+    for (std::uint32_t i = 0; (i < saves || slot.staysLoaded != 0) && slot.isToEnd == 0; ++i) {
         {
             const Doing saving(slot, SAVE);
             save(++slot.saves);

@@ -36,6 +36,7 @@ struct Slot {
     std::atomic<std::uint32_t> refreshes;   ///< reloads that another process has caused
     std::atomic<std::uint32_t> holdsShared; ///< whether it holds a lock of the shared block
     std::atomic<std::uint32_t> isToEnd;     ///< set by the other side
+    std::atomic<std::uint32_t> staysLoaded; ///< set by the other side: it unloads at its end alone
 };
 static_assert(std::atomic<std::uint32_t>::is_always_lock_free);
 
