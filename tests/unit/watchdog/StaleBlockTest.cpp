@@ -155,7 +155,7 @@ TEST_F(Start, DoesNotTrustTheBlockOfAnotherUser) {
             WifiHostSettingsWatchdog watchdog;
             watchdog.initialize();
         }
-        std::exit(0);
+        std::_Exit(0);
     };
     EXPECT_EXIT(start(), testing::ExitedWithCode(0),
                 "^platwifi: the shared memory object /wifi_shmem of user 65534 is replaced;"
@@ -187,7 +187,7 @@ TEST_F(Start, DoesWithoutABlockThatItMayNeitherWriteNorRemove) {
         const auto start = [] {
             WifiHostSettingsWatchdog watchdog;
             watchdog.initialize();
-            std::exit(0);
+            std::_Exit(0);
         };
         EXPECT_EXIT(start(), testing::ExitedWithCode(0),
                     "^platwifi: the shared memory object /wifi_shmem cannot be used [^\n]*\n$");
