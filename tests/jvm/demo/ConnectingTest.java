@@ -70,6 +70,7 @@ class ConnectingTest {
     @Test
     void aNetworkThatIsNotSavedIsExplainedAndRemoved() {
         supplicant("").scan(CAFE).when("-iwlan0", "save_config").print("FAIL\n")
+                .when("-iwlan0", "add_network").print("0\n")
                 .when("*").print("OK\n").play();
         assertEquals(1, demo.run("--connect", "cafe"));
         demo.assertErrors("wifi-demo: the supplicant did not save cafe; .*update_config=1.*");
@@ -86,7 +87,9 @@ class ConnectingTest {
 
     @Test
     void aConnectionThatDoesNotCompleteEndsWithTheLastStateAndPutsEverythingBack() {
-        supplicant("", "0\tcafe\tany\t\n").scan(CAFE).when("*").print("OK\n").play();
+        supplicant("", "0\tcafe\tany\t\n").scan(CAFE)
+                .when("-iwlan0", "add_network").print("0\n")
+                .when("*").print("OK\n").play();
         assertEquals(1, demo.run(Duration.ZERO, "--connect", "cafe"));
         demo.assertErrors("wifi-demo: cafe is not connected after 0 s, the last state was"
                 + " IDLE; see .*");
@@ -120,7 +123,9 @@ class ConnectingTest {
 
     @Test
     void anInterruptionPutsEverythingBack() {
-        supplicant("", "0\tcafe\tany\t\n").scan(CAFE).when("*").print("OK\n").play();
+        supplicant("", "0\tcafe\tany\t\n").scan(CAFE)
+                .when("-iwlan0", "add_network").print("0\n")
+                .when("*").print("OK\n").play();
         Thread.currentThread().interrupt();
         assertEquals(1, demo.run("--connect", "cafe"));
         demo.assertErrors("wifi-demo: it was interrupted; .*");

@@ -116,7 +116,9 @@ class ProtectedNetworkTest {
         Files.createDirectories(cipherKey.getParent());
         Files.deleteIfExists(cipherKey);
         Files.writeString(cipherKey, "damaged");
-        supplicant("").scan(WORK).when("*").print("OK\n").play();
+        supplicant("").scan(WORK)
+                .when("-iwlan0", "add_network").print("0\n")
+                .when("*").print("OK\n").play();
         try {
             assertEquals(1, demo.run("--connect", "work", "--key-file", keyFile));
         } finally {
