@@ -38,7 +38,7 @@
 #endif
 /* FOREIGN_LOCKS: that process also holds the block mutex from time to time */
 #ifndef TIMEOUTS
-#define TIMEOUTS 1      /* 1: a shared lock may time out whoever holds it; 0: when its holder is stopped */
+#define TIMEOUTS 1      /* 1: a shared lock may time out at any time; 0: only while its holder is stopped */
 #endif
 #ifndef IDLE
 #define IDLE 1          /* rounds without work of each refresh thread */

@@ -30,7 +30,7 @@ int lockInTime(PlatformMutex& mutex) noexcept {
     return error;
 }
 
-// One that cannot be mended is not held any more, by anybody.
+// One that cannot be recovered is not held any more.
 int usable(PlatformMutex& mutex) noexcept {
     const int error = PlatformUtil::makeMutexConsistent(&mutex);
     if (error != 0)
@@ -94,7 +94,7 @@ void SharedSignalBlock::end() noexcept {
 }
 
 int SharedSignalBlock::lock() noexcept {
-    return mended(lockInTime(blockMutex));
+    return recovered(lockInTime(blockMutex));
 }
 
 int SharedSignalBlock::unlock() noexcept {
@@ -102,7 +102,7 @@ int SharedSignalBlock::unlock() noexcept {
 }
 
 int SharedSignalBlock::lockSignal() noexcept {
-    return signalMended(lockInTime(signalMutex));
+    return signalRecovered(lockInTime(signalMutex));
 }
 
 int SharedSignalBlock::unlockSignal() noexcept {
@@ -121,7 +121,7 @@ int SharedSignalBlock::raise(std::uint32_t sender) noexcept {
 
 int SharedSignalBlock::wait(std::chrono::steady_clock::time_point deadline) noexcept {
     const int error = refreshCondition.wait(signalMutex, deadline);
-    return error == ETIMEDOUT ? 0 : signalMended(error);
+    return error == ETIMEDOUT ? 0 : signalRecovered(error);
 }
 
 bool SharedSignalBlock::take(std::uint32_t ownId) noexcept {
@@ -140,14 +140,14 @@ void SharedSignalBlock::raiseForTheDead() noexcept {
     refreshSender = NO_SENDER;
 }
 
-int SharedSignalBlock::mended(int error) noexcept {
+int SharedSignalBlock::recovered(int error) noexcept {
     if (error != EOWNERDEAD)
         return error;
     raiseForTheDead();
     return usable(blockMutex);
 }
 
-int SharedSignalBlock::signalMended(int error) noexcept {
+int SharedSignalBlock::signalRecovered(int error) noexcept {
     if (error != EOWNERDEAD)
         return error;
     const bool isLocked = lock() == 0;

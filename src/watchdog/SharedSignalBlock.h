@@ -69,8 +69,8 @@ struct SharedSignalBlock {
     bool take(std::uint32_t ownId) noexcept;
 
 private:
-    int mended(int error) noexcept;
-    int signalMended(int error) noexcept;
+    int recovered(int error) noexcept;
+    int signalRecovered(int error) noexcept;
     void raiseForTheDead() noexcept;
     void end() noexcept;
 };
