@@ -165,35 +165,6 @@ TEST(ConfiguredNetworks, AreLoadedAsTheyAreAndConnectedTo) {
     }
 }
 
-// Networks that no access point here has: what matters is how they are named and configured.
-std::string networksWithoutAccessPoint() {
-    const std::string noKey = "key_mgmt=NONE\n";
-    return network("disabled", noKey) + network("same", noKey) + network("same", "priority=9\n") +
-           "network={\ndisabled=1\n" + noKey + "}\n" + //
-           "network={\nssid=P\"a\\ttab\"\ndisabled=1\n" + noKey + "}\n" +
-           "network={\nssid=P\"\\\"quoted\\\"\"\ndisabled=1\n" + noKey + "}\n" +
-           "network={\nssid=P\"back\\\\slash\"\ndisabled=1\n" + noKey + "}\n" +
-           network("\xe7\xbd\x91\xe7\xbb\x9c", noKey) +
-           network("tunnel", "key_mgmt=WPA-EAP\neap=TTLS\nidentity=\"bob\"\n"
-                             "anonymous_identity=\"anybody\"\nca_cert=\"/etc/ca.pem\"\n"
-                             "ca_path=\"/etc/ca\"\nclient_cert=\"/etc/client.pem\"\n"
-                             "private_key=\"/etc/client.key\"\nprivate_key_passwd=\"one\"\n"
-                             "phase1=\"include_tls_length=1\"\nphase2=\"autheap=TLS\"\n"
-                             "ca_cert2=\"/etc/ca2.pem\"\nca_path2=\"/etc/ca2\"\n"
-                             "client_cert2=\"/etc/client2.pem\"\n"
-                             "private_key2=\"/etc/client2.key\"\nprivate_key2_passwd=\"two\"\n");
-}
-
-TEST(FortyNetworks, AreLoadedAsFarAsTheFirst32LinesGo) {
-    std::string networks = networksWithoutAccessPoint(); // 9 of them
-    for (int number = 10; number <= 40; ++number)
-        networks += network("number " + std::to_string(number), "key_mgmt=NONE\n");
-    load(networks);
-    EXPECT_THAT(loadedSsids(), testing::SizeIs(31)) << "two have the same name";
-    EXPECT_EQ(loadedSsids().front(), "number 32");
-    expectAllAsConfigured();
-}
-
 // There is one access point for all methods, and one network with its SSID at a time.
 struct Method {
     const char* name;

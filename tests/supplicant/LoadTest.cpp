@@ -178,6 +178,16 @@ TEST_F(Loading, TakesThe32NetworksListedFirstAndPutsTheLastOfThemInFront) {
     expectAllAsConfigured();
 }
 
+TEST_F(Loading, CountsTheSecondOfTwoNetworksWithOneSsidAmongThe32) {
+    test::Lines ssids{"twin", "twin"};
+    for (int i = 2; i < 40; ++i)
+        ssids.push_back("net " + std::to_string(i));
+    load(openNetworks(ssids), "ssid=twin");
+    EXPECT_THAT(loadedSsids(), SizeIs(31));
+    EXPECT_EQ(loadedSsids().front(), "net 31");
+    expectAllAsConfigured();
+}
+
 TEST_F(Loading, OfNoNetworkIsNoFailure) {
     load("", "wpa_state=INACTIVE");
     EXPECT_THAT(loadedSsids(), IsEmpty());
