@@ -7,10 +7,16 @@
 #include <unistd.h>
 
 #ifdef STRESS_SANITIZED
+// The sanitizer looks for this name.
+#pragma GCC diagnostic push
+#if defined(__clang__)
+#pragma GCC diagnostic ignored "-Wreserved-identifier"
+#endif
 extern "C" const char* __tsan_default_options();
 const char* __tsan_default_options() {
     return "halt_on_error=1:second_deadlock_stack=1";
 }
+#pragma GCC diagnostic pop
 #endif
 
 namespace stress {
