@@ -1,15 +1,17 @@
 // Lists the processes of this system, each with its arguments: what the library asks when it wants
 // to know whether the supplicant runs. One process a line, "pid argument argument ...".
 
+#include "platform/FileDescriptor.h"
+
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
 #include <dirent.h>
-#include <fstream>
+#include <fcntl.h>
 #include <iostream>
-#include <iterator>
 #include <memory>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -27,10 +29,20 @@ std::vector<long> processIds() {
     return ids;
 }
 
+// What can be read of a file. Reading fails where the process ends meanwhile: a stream would throw then.
+std::string contentOf(const std::string& path) {
+    const platform::FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    std::string text;
+    char part[4096];
+    ssize_t size = 0;
+    while ((size = read(file.number(), part, sizeof(part))) > 0)
+        text.append(part, static_cast<std::size_t>(size));
+    return text;
+}
+
 // Arguments end in NULs and may hold line feeds; a line of the list holds one process.
 std::string argumentsOf(long id) {
-    std::ifstream file("/proc/" + std::to_string(id) + "/cmdline", std::ios::binary);
-    std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    std::string text = contentOf("/proc/" + std::to_string(id) + "/cmdline");
     while (!text.empty() && text.back() == '\0')
         text.pop_back();
     std::replace(text.begin(), text.end(), '\0', ' ');

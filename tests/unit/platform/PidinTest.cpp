@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <fcntl.h>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -31,19 +34,25 @@ std::vector<std::string> linesOf(const std::string& path) {
     return lines;
 }
 
-Listing pidin(const std::vector<const char*>& arguments) {
-    std::vector<const char*> command{"env", TEST_EMULATOR PIDIN};
-    command.insert(command.end(), arguments.begin(), arguments.end());
+Listing run(std::vector<const char*> command) {
     command.push_back(nullptr);
     const int output = open("/tmp/list", O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
     const int child = Spawn::start("/usr/bin/env", command.data(), output);
+    EXPECT_NE(child, -1) << std::strerror(errno);
     close(output);
     int status = 0;
+    EXPECT_EQ(waitpid(child, &status, 0), child) << std::strerror(errno);
+    EXPECT_TRUE(WIFEXITED(status)) << status;
     Listing listing;
-    if (waitpid(child, &status, 0) == child && WIFEXITED(status))
-        listing.status = WEXITSTATUS(status);
+    listing.status = WEXITSTATUS(status);
     listing.lines = linesOf("/tmp/list");
     return listing;
+}
+
+Listing pidin(const std::vector<const char*>& arguments) {
+    std::vector<const char*> command{"env", TEST_EMULATOR PIDIN};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    return run(command);
 }
 
 // The line of the process with this id, without the id; "" where there is none.
@@ -111,6 +120,18 @@ TEST(Pidin, KeepsAProcessOnOneLine) {
     waitpid(child, nullptr, 0);
     EXPECT_EQ(lineOf(listing, child), "cat - two lines  9999999 forged");
     EXPECT_EQ(lineOf(listing, 9999999), "");
+}
+
+// As where the process ends while it is read: what cannot be read here is a folder.
+TEST(Pidin, ListsAProcessWhoseArgumentsCannotBeRead) {
+    std::filesystem::create_directories("/tmp/processes/1/cmdline");
+    std::filesystem::create_directories("/tmp/processes/2");
+    std::ofstream("/tmp/processes/2/cmdline") << "cat" << '\0' << "-" << '\0';
+    const Listing listing =
+        run({"env", "unshare", "--mount", "sh", "-c",
+             "mount --bind /tmp/processes /proc && exec \"$@\"", "sh", TEST_EMULATOR PIDIN});
+    EXPECT_EQ(listing.status, 0);
+    EXPECT_EQ(listing.lines, (std::vector<std::string>{"1 ", "2 cat -"}));
 }
 
 TEST(Pidin, RefusesWhatItDoesNotKnow) {
