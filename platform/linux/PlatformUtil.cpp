@@ -1,6 +1,6 @@
 #include "platform/PlatformUtil.h"
 
-#include "MonotonicTime.h"
+#include "common/MonotonicTime.h"
 
 #include <cerrno>
 #include <csignal>

@@ -1,6 +1,6 @@
 #include "platform/SharedCondition.h"
 
-#include "MonotonicTime.h"
+#include "common/MonotonicTime.h"
 
 #include <cerrno>
 #include <climits>

@@ -1,6 +1,6 @@
 #include "platform/SharedMemory.h"
 
-#include "FileSizeLimit.h"
+#include "common/FileSizeLimit.h"
 #include "platform/FileDescriptor.h"
 #include "platform/OnceWarning.h"
 #include "platform/PlatformUtil.h"

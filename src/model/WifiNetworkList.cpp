@@ -1,6 +1,6 @@
 #include "model/WifiNetworkList.h"
 
-#include "model/HasSsid.h"
+#include "model/NetworkFunctions.h"
 #include "platform/MutexGuard.h"
 
 using namespace platwifi;

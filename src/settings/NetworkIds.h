@@ -1,8 +1,8 @@
 #pragma once
 
 #include "settings/KeyState.h"
-#include "settings/ListedSsid.h"
-#include "settings/WholeLines.h"
+#include "settings/replies/ListedSsid.h"
+#include "settings/replies/WholeLines.h"
 
 #include <optional>
 #include <string>

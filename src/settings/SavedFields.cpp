@@ -1,8 +1,7 @@
 #include "settings/SavedFields.h"
 
+#include "model/NetworkFunctions.h"
 #include "model/WifiNetwork.h"
-#include "settings/Placeholders.h"
-#include "settings/WepKey.h"
 #include "supplicant/WifiUtil.h"
 
 #include <cstring>

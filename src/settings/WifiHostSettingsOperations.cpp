@@ -1,11 +1,9 @@
 // What is done with one network, or with all, at the supplicant and in memory at once.
 
 #include "TextCopy.h"
-#include "model/HasSsid.h"
+#include "model/NetworkFunctions.h"
 #include "model/WifiNetworkList.h"
 #include "platform/MutexGuard.h"
-#include "settings/Capacities.h"
-#include "settings/LeftNetwork.h"
 #include "settings/NetworkIds.h"
 #include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"

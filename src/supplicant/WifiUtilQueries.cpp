@@ -4,8 +4,8 @@
 #include "model/WifiTypes.h"
 #include "platform/PlatformUtil.h"
 #include "supplicant/ClientCommand.h"
+#include "supplicant/Reply.h"
 #include "supplicant/ReplyLines.h"
-#include "supplicant/StatusReply.h"
 #include "supplicant/WifiUtil.h"
 
 using namespace platwifi;

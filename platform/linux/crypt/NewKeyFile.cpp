@@ -1,6 +1,6 @@
 #include "NewKeyFile.h"
 
-#include "../FileSizeLimit.h"
+#include "common/FileSizeLimit.h"
 #include "Cipher.h"
 #include "CryptError.h"
 #include "SecretBytes.h"

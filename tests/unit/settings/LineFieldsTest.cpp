@@ -1,5 +1,5 @@
-#include "settings/LineFields.h"
-#include "settings/Decimal.h"
+#include "settings/replies/LineFields.h"
+#include "settings/replies/Decimal.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "settings/ListLine.h"
+#include "settings/replies/ListLine.h"
 
 #include "model/WifiNetwork.h"
 

@@ -1,4 +1,4 @@
-#include "settings/NetworkKeys.h"
+#include "settings/replies/NetworkKeys.h"
 
 #include "model/WifiNetwork.h"
 #include "unit/model/NetworkRows.h"

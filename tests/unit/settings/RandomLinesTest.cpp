@@ -1,12 +1,12 @@
 // Whatever a client prints is read without harm; what it comes to stays within its bounds.
 
 #include "model/WifiNetwork.h"
-#include "settings/Decimal.h"
-#include "settings/ListLine.h"
-#include "settings/NetworkKeys.h"
-#include "settings/ScanLine.h"
-#include "settings/StatusLine.h"
-#include "settings/ValueWords.h"
+#include "settings/replies/Decimal.h"
+#include "settings/replies/ListLine.h"
+#include "settings/replies/NetworkKeys.h"
+#include "settings/replies/ScanLine.h"
+#include "settings/replies/StatusLine.h"
+#include "settings/replies/ValueWords.h"
 #include "support/RandomText.h"
 
 #include <gtest/gtest.h>

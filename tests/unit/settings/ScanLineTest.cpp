@@ -1,4 +1,4 @@
-#include "settings/ScanLine.h"
+#include "settings/replies/ScanLine.h"
 
 #include "model/WifiNetwork.h"
 #include "model/WifiNetworkList.h"

@@ -2,8 +2,8 @@
 
 #include "LoadedSettings.h"
 #include "model/WifiNetwork.h"
-#include "settings/ListedSsid.h"
 #include "settings/SettingsLock.h"
+#include "settings/replies/ListedSsid.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "settings/StatusLine.h"
+#include "settings/replies/StatusLine.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // networks since a save.
 
 #include "StatusFixture.h"
-#include "settings/ListedSsid.h"
+#include "settings/replies/ListedSsid.h"
 
 using testing::ElementsAre;
 

@@ -1,6 +1,6 @@
-#include "settings/WholeLines.h"
+#include "settings/replies/WholeLines.h"
 
-#include "settings/ListedSsid.h"
+#include "settings/replies/ListedSsid.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
 

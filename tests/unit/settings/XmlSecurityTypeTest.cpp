@@ -1,7 +1,7 @@
 // The kind of security that a network's fields amount to.
 
 #include "model/WifiNetwork.h"
-#include "settings/SecurityType.h"
+#include "settings/report/SecurityType.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "supplicant/StatusReply.h"
+#include "supplicant/Reply.h"
 
 #include <gtest/gtest.h>
 

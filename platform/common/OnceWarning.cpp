@@ -1,6 +1,6 @@
 #include "platform/OnceWarning.h"
 
-#include "FileSizeLimit.h"
+#include "common/FileSizeLimit.h"
 
 #include <cstdio>
 

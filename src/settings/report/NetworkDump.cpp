@@ -1,7 +1,7 @@
-#include "settings/NetworkDump.h"
+#include "settings/report/NetworkDump.h"
 
-#include "settings/DumpWords.h"
-#include "settings/WepKey.h"
+#include "model/NetworkFunctions.h"
+#include "settings/report/DumpWords.h"
 
 #include <functional>
 #include <string>

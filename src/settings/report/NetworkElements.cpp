@@ -1,7 +1,7 @@
-#include "settings/NetworkElements.h"
+#include "settings/report/NetworkElements.h"
 
-#include "settings/NetworkAttributes.h"
-#include "settings/SecurityType.h"
+#include "settings/report/NetworkAttributes.h"
+#include "settings/report/SecurityType.h"
 
 namespace platwifi {
 namespace {

@@ -1,6 +1,6 @@
 #include "platform/JavaText.h"
 
-#include "Utf8.h"
+#include "common/Utf8.h"
 
 #include <cstdint>
 

@@ -1,9 +1,9 @@
-#include "settings/NetworkKeys.h"
+#include "settings/replies/NetworkKeys.h"
 
+#include "model/NetworkFunctions.h"
 #include "model/WifiNetwork.h"
-#include "settings/Decimal.h"
-#include "settings/Placeholders.h"
-#include "settings/ValueWords.h"
+#include "settings/replies/Decimal.h"
+#include "settings/replies/ValueWords.h"
 
 #include <cstring>
 

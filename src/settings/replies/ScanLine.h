@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/WholeLines.h"
+#include "settings/replies/WholeLines.h"
 
 class WifiNetwork;
 

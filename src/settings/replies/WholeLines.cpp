@@ -1,6 +1,5 @@
-#include "settings/WholeLines.h"
+#include "settings/replies/WholeLines.h"
 
-#include "settings/Capacities.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
 

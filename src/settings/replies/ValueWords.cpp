@@ -1,4 +1,4 @@
-#include "settings/ValueWords.h"
+#include "settings/replies/ValueWords.h"
 
 #include "model/WifiTypes.h"
 

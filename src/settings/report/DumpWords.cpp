@@ -1,4 +1,4 @@
-#include "settings/DumpWords.h"
+#include "settings/report/DumpWords.h"
 
 #include "model/WifiTypes.h"
 

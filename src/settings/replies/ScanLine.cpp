@@ -1,8 +1,8 @@
-#include "settings/ScanLine.h"
+#include "settings/replies/ScanLine.h"
 
 #include "model/WifiNetwork.h"
-#include "settings/Decimal.h"
-#include "settings/LineFields.h"
+#include "settings/replies/Decimal.h"
+#include "settings/replies/LineFields.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "settings/AttributeWriter.h"
+#include "settings/report/AttributeWriter.h"
 
 #include "platform/Crypt.h"
 #include "platform/XWriter.h"

@@ -1,4 +1,4 @@
-#include "settings/SecurityType.h"
+#include "settings/report/SecurityType.h"
 
 #include "model/WifiNetwork.h"
 

@@ -1,4 +1,4 @@
-#include "settings/ListedSsid.h"
+#include "settings/replies/ListedSsid.h"
 
 #include <algorithm>
 #include <cstddef>

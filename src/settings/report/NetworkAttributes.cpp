@@ -1,7 +1,7 @@
-#include "settings/NetworkAttributes.h"
+#include "settings/report/NetworkAttributes.h"
 
-#include "settings/SecurityType.h"
-#include "settings/WepKey.h"
+#include "model/NetworkFunctions.h"
+#include "settings/report/SecurityType.h"
 
 #include <cstddef>
 #include <functional>

@@ -1,6 +1,6 @@
 #include "platform/XWriter.h"
 
-#include "Utf8.h"
+#include "common/Utf8.h"
 
 #include <algorithm>
 #include <cstdarg>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/AttributeWriter.h"
+#include "settings/report/AttributeWriter.h"
 
 class WifiNetwork;
 

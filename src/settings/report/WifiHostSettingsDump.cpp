@@ -3,9 +3,9 @@
 #include "model/WifiNetwork.h"
 #include "model/WifiNetworkList.h"
 #include "platform/MutexGuard.h"
-#include "settings/DumpWords.h"
-#include "settings/NetworkDump.h"
 #include "settings/WifiHostSettings.h"
+#include "settings/report/DumpWords.h"
+#include "settings/report/NetworkDump.h"
 #include "supplicant/ReplyLines.h"
 #include "watchdog/WifiHostSettingsWatchdog.h"
 

@@ -1,9 +1,9 @@
-#include "settings/ListLine.h"
+#include "settings/replies/ListLine.h"
 
+#include "model/NetworkFunctions.h"
 #include "model/WifiNetwork.h"
-#include "settings/Decimal.h"
-#include "settings/LineFields.h"
-#include "settings/Placeholders.h"
+#include "settings/replies/Decimal.h"
+#include "settings/replies/LineFields.h"
 
 #include <cstring>
 

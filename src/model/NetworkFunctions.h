@@ -1,0 +1,33 @@
+#pragma once
+
+#include "model/WifiNetwork.h"
+
+#include <cstring>
+
+// What more than one place does with, or asks of, a single network.
+
+namespace platwifi {
+
+/// What a network is given where the supplicant has no SSID or no access point for it.
+constexpr const char* NO_SSID = "SSID N/A";
+constexpr const char* NO_BSSID = "00:00:00:00:00:00";
+
+/// Whether there is a network and it has this SSID, byte for byte. An unset SSID equals no other.
+inline bool hasSsid(const WifiNetwork* network, const char* ssid) {
+    const char* const own = network ? network->getSsid() : nullptr;
+    return own && ssid && std::strcmp(own, ssid) == 0;
+}
+
+/// The key of one slot, as a getter for tables of fields.
+template <unsigned int Slot>
+const char* wepKey(const WifiNetwork& network) {
+    return network.getWepKey(Slot);
+}
+
+/// The status of a network that is no longer the current one: enabled, unless it is disabled.
+inline void enableUnlessDisabled(WifiNetwork& network) {
+    if (network.getNetworkStatus() != NETWORK_STATUS_DISABLED)
+        network.setNetworkStatus(NETWORK_STATUS_ENABLED);
+}
+
+} // namespace platwifi
