@@ -7,7 +7,7 @@ import java.util.concurrent.TimeUnit;
 import java.util.function.Consumer;
 
 /**
- * Shows that something long is going on: its name at once, then a dot every half second, and
+ * Shows that something long is going on: its name and a dot at once, a dot every half second, and
  * between the dots what the work tells of itself.
  */
 final class Progress {
@@ -42,7 +42,8 @@ final class Progress {
 
     private void begin(String name) {
         print(name);
-        dots.scheduleAtFixedRate(this::dot, 0, 500, TimeUnit.MILLISECONDS);
+        dot();
+        dots.scheduleAtFixedRate(this::dot, 500, 500, TimeUnit.MILLISECONDS);
     }
 
     private synchronized void dot() {

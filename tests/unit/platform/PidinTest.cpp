@@ -1,12 +1,12 @@
 #include "platform/Spawn.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -122,16 +122,15 @@ TEST(Pidin, KeepsAProcessOnOneLine) {
     EXPECT_EQ(lineOf(listing, 9999999), "");
 }
 
-// As where the process ends while it is read: what cannot be read here is a folder.
+// As where a process ends while it is read: memory at the address 0 cannot be read, either.
 TEST(Pidin, ListsAProcessWhoseArgumentsCannotBeRead) {
-    std::filesystem::create_directories("/tmp/processes/1/cmdline");
-    std::filesystem::create_directories("/tmp/processes/2");
-    std::ofstream("/tmp/processes/2/cmdline") << "cat" << '\0' << "-" << '\0';
+    const std::string own = "/proc/" + std::to_string(getpid());
+    const std::string covered = "mount --bind " + own + "/mem " + own + "/cmdline && exec \"$@\"";
     const Listing listing =
-        run({"env", "unshare", "--mount", "sh", "-c",
-             "mount --bind /tmp/processes /proc && exec \"$@\"", "sh", TEST_EMULATOR PIDIN});
+        run({"env", "unshare", "--mount", "sh", "-c", covered.c_str(), "sh", TEST_EMULATOR PIDIN});
     EXPECT_EQ(listing.status, 0);
-    EXPECT_EQ(listing.lines, (std::vector<std::string>{"1 ", "2 cat -"}));
+    EXPECT_THAT(listing.lines, testing::Contains(std::to_string(getpid()) + " "));
+    EXPECT_GT(listing.lines.size(), 1U);
 }
 
 TEST(Pidin, RefusesWhatItDoesNotKnow) {
