@@ -115,6 +115,7 @@ TEST(SignalBlock, WakesAnotherProcess) {
     EXPECT_FALSE(BlockView().isPending());
 }
 
+// PEER-2
 TEST(SignalBlock, GivesASignalToOneProcessAlone) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
@@ -130,6 +131,7 @@ TEST(SignalBlock, GivesASignalToOneProcessAlone) {
     EXPECT_EQ(seen, 1);
 }
 
+// PEER-3
 TEST(SignalBlock, LeavesASignalAloneForAThreadWithTheSendersId) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
@@ -142,6 +144,7 @@ TEST(SignalBlock, LeavesASignalAloneForAThreadWithTheSendersId) {
 }
 
 // Either side of the first to leave.
+// PEER-6
 TEST(SignalBlock, LosesItsNameWithTheFirstToLeaveAndLivesOnForTheRest) {
     for (const bool creatorLeaves : {true, false}) {
         SCOPED_TRACE(creatorLeaves);
