@@ -116,6 +116,7 @@ TEST_F(StandStill, EndsTheClientsPatienceUntilTheSupplicantGoesOn) {
 TEST_F(StandStill, LeavesTheCommandOfAKilledClientInTheSocket) {
     supplicant.start(openNetworks({"home"}));
     supplicant.awaitStatus("wpa_state=COMPLETED");
+    EXPECT_TRUE(util().setNetworkValue(WLAN, 0, "priority", "1"));
     supplicant.suspend();
     testing::internal::CaptureStderr();
     EXPECT_FALSE(util().setNetworkValue(WLAN, 0, "priority", "7"));
