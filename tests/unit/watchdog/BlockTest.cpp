@@ -66,6 +66,18 @@ TEST(SignalBlock, HasTheSenderOfTheLastSignal) {
     EXPECT_EQ(block.numbers(), "0 7 1") << "not taken back with the signal";
 }
 
+// PEER-11
+TEST(SignalBlock, LosesAPendingSignalToTheNextOne) {
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    Peer peer;
+    peer.ask("initialize");
+    peer.ask("refresh");
+    watchdog.sendRefreshSettingsSignal();
+    EXPECT_EQ(watchdog.checkForRefreshSignal(0), 0) << "the sender misses the earlier save";
+    EXPECT_EQ(peer.ask("check"), "-1");
+}
+
 TEST(SignalBlock, HasMutexesAsTheyAreMeant) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
