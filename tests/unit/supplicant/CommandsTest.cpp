@@ -179,6 +179,7 @@ protected:
     WifiUtil util;
 };
 
+// VALUE-6
 TEST_F(Commands, SendQuotedAndBareValues) {
     struct Row {
         const char* key;
