@@ -35,13 +35,13 @@ Rows measureCommand() {
     const Timings times = compete({{askTheLibrary}, {askDirectly}, {askInPauses}}, {15, 0.1});
     WifiUtil::unload();
     return {
-        timeRow("One client command through the library",
-                "the client alone: spawned, awaited, read", times[0], times[1],
-                "What the library adds to the client that it runs; 1 is nothing."),
-        timeRow("The client in plain pauses of 50 ms", "the client alone", times[2], times[1],
-                "What a command costs where the system cannot tell that a child has ended."),
-        timeRow("One client command through the library", "the client in plain pauses of 50 ms",
-                times[0], times[2], "What being told of the child's end saves."),
+        timeRow("One client command through the library", "the client alone: start, wait, read",
+                times[0], times[1],
+                "What the library adds to the client's own time; 1 means nothing."),
+        timeRow("The client, checked every 50 ms", "the client alone", times[2], times[1],
+                "What a command costs on a system that cannot report the end of a child."),
+        timeRow("One client command through the library", "the client, checked every 50 ms",
+                times[0], times[2], "What the report of the child's end saves."),
     };
 }
 

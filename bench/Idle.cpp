@@ -76,10 +76,10 @@ Rows measureIdle() {
         {"Wake-ups of an idle process with the settings", other,
          ratios(used.switches, least.switches),
          medians(used.switches, least.switches, timesASecond),
-         "How often the refresh thread keeps a device from sleeping deeply."},
+         "How often the refresh thread interrupts deep sleep of the processor."},
         {"Processor time of an idle process with the settings", other,
          ratios(used.time, least.time), medians(used.time, least.time, timeASecond),
-         "What having the library loaded costs while nobody calls it."},
+         "What the library costs while it is loaded and not called."},
     };
 }
 

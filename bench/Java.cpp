@@ -50,8 +50,8 @@ Rows measureJava() {
         timeRow("`getBssid0` from Java, the 16th of 32 networks",
                 "an empty native: a lock, and a string of the same length", calls.getter,
                 calls.empty,
-                "What two texts on their way in, the locks, the search and one text on its way out "
-                "cost over the crossing itself."),
+                "The cost of converting two texts to C++ and one to Java, of the locks and of the "
+                "search, over that of a native call itself."),
     };
 }
 

@@ -83,13 +83,13 @@ Rows measureLoad() {
     std::filesystem::remove(SCRIPT);
     const std::string number = std::to_string(commands.size()) + " commands";
     return {
-        timeRow(
-            "Loading 32 networks from nothing, " + number, "the same commands spawned bare",
-            times[0], times[1],
-            "A load takes as long as the client needs to be asked that often; the first call that "
-            "needs the settings waits for it, later ones do not."),
+        timeRow("Loading 32 networks from nothing, " + number,
+                "the same commands without the library", times[0], times[1],
+                "A load takes as long as its commands need; the first call that needs the settings "
+                "waits "
+                "for it, later ones do not."),
         timeRow("Loading 32 networks from nothing, " + number, "a bash script of the same commands",
-                times[0], times[2], "What is gained over a script that collects the same values."),
+                times[0], times[2], "What a script needs that reads the same values."),
     };
 }
 

@@ -17,10 +17,11 @@ struct Account {
 };
 
 constexpr Account ACCOUNTS[] = {
-    {"Private_Dirty", "Memory of its own of a process with 32 networks loaded",
-     "What no other process shares: the networks, the heap and the stack of one thread."},
+    {"Private_Dirty", "Private memory of a process with 32 networks loaded",
+     "The memory that no other process shares: the networks, the heap and the stack of one "
+     "thread."},
     {"Rss", "Memory in use by a process with 32 networks loaded",
-     "The same with all pages of code and libraries in it, which processes share."},
+     "The same with the pages of code and libraries, which processes share."},
 };
 
 struct BeforeAndAfter {

@@ -18,10 +18,10 @@ struct Library {
 
 constexpr Library LIBRARIES[] = {
     {"libplatwifi.so", PLATWIFI_LIBRARY,
-     "What the library adds to an image, in units of the client."},
+     "What the library adds to an image, compared with the client."},
     {"libplatform.so", PLATFORM_LIBRARY,
-     "What Linux needs in addition, without the cipher's library."},
-    {"libzam.so", ZAM_LIBRARY, "And the clock."},
+     "The platform library for Linux, without the cipher's library."},
+    {"libzam.so", ZAM_LIBRARY, "The clock."},
 };
 
 double sizeOf(const fs::path& file) {

@@ -19,11 +19,11 @@ struct Entry {
 
 const Entry OTHERS[] = {
     {STRING_WRITER,
-     "What it costs to make every text fit to be XML, over the least that can be done."},
+     "What it costs to make every text valid in XML, over the least that is possible."},
     {TINYXML2_WRITER,
-     "Above 1, this one would be faster; the parts of the call, below, say what that is worth."},
-    {PUGIXML_WRITER, "The same, of one that builds a tree first."},
-    {LIBXML2_WRITER, "The same, of the one that most systems have."},
+     "Above 1, this writer would be faster; the parts of the call, below, show by how much."},
+    {PUGIXML_WRITER, "The same for a writer that builds a tree first."},
+    {LIBXML2_WRITER, "The same for the writer that most systems have."},
 };
 
 XmlElement documentInMemory() {

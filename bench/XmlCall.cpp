@@ -68,12 +68,12 @@ Rows measureXmlCall() {
     WifiUtil::unload();
     const char* const whole = "the whole call for the XML document";
     return {
-        timeRow("Asking for the supplicant and its status, two children", whole, times[1], times[0],
-                "What the call does to be up to date."),
+        timeRow("The queries for the supplicant and its status, two children", whole, times[1],
+                times[0], "The part of the call that makes its data current."),
         timeRow("Enciphering " + std::to_string(secrets) + " secrets", whole, times[2], times[0],
-                "What it costs that no secret leaves the library in plain."),
+                "The part of the call that enciphers secrets."),
         timeRow("Writing the document", whole, times[3], times[0],
-                "The part of it that a faster writer could save."),
+                "The part that a faster writer could save."),
     };
 }
 

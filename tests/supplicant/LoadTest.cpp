@@ -80,6 +80,7 @@ TEST_F(Loading, TakesEveryFieldOfEveryKindOfNetwork) {
 }
 
 // What the client itself was told, so that no common mistake of the two readings is overlooked.
+// LOAD-5
 TEST_F(Loading, TakesWhatIsConfigured) {
     load(
         openNetworks({"open"}) +
@@ -131,6 +132,7 @@ TEST_F(Loading, TakesOddSsidsAsTheClientPrintsThem) {
                             "plain"));
 }
 
+// LOAD-8
 TEST_F(Loading, TakesANameWithAColonForAnAddress) {
     load(openNetworks({"open", "a:b"}));
     expectAllAsConfigured();

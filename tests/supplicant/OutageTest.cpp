@@ -112,4 +112,17 @@ TEST_F(StandStill, EndsTheClientsPatienceUntilTheSupplicantGoesOn) {
     EXPECT_EQ(list(&WifiUtil::getCurrentNetworkStatus), supplicant.ask("status"));
 }
 
+// CMD-12
+TEST_F(StandStill, LeavesTheCommandOfAKilledClientInTheSocket) {
+    supplicant.start(openNetworks({"home"}));
+    supplicant.awaitStatus("wpa_state=COMPLETED");
+    EXPECT_TRUE(util().setNetworkValue(WLAN, 0, "priority", "1"));
+    supplicant.suspend();
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(util().setNetworkValue(WLAN, 0, "priority", "7"));
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("patience exhausted, killing: "));
+    supplicant.resume();
+    EXPECT_THAT(supplicant.ask("get_network 0 priority"), testing::ElementsAre("7"));
+}
+
 } // namespace

@@ -26,11 +26,13 @@ TEST_F(Presence, IsToldByTheProcessList) {
     EXPECT_FALSE(util().isWifiEnabled(WLAN));
 }
 
+// RUNS-2
 TEST_F(Presence, OfAnyInterfaceCountsInTheProcessList) {
     supplicant.start();
     EXPECT_TRUE(util().isWifiEnabled("wlan7"));
 }
 
+// RUNS-3
 TEST_F(Presence, IsStillClaimedByThePidFileAfterACrash) {
     supplicant.start();
     supplicant.crash();

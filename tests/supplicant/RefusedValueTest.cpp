@@ -29,6 +29,7 @@ const Refused REFUSED[] = {
     {"BssidThatIsNone", 0, "bssid", "home"},
     {"WordInPlaceOfANumber", 0, "priority", "high"},
     {"UnknownKey", 0, "no_such_key", "1"},
+    // LOAD-15
     {"KeyThatThisSupplicantLacks", 0, "private_key_passwd2", "keypass"},
     {"EmptyKey", 0, "", "1"},
     {"UnknownNetwork", 7, "ssid", "home"},
@@ -91,6 +92,7 @@ TEST_F(ReadValue, FillsSmallRoomWithoutAnEnd) {
 }
 
 // The reply is searched for the words of a refusal, wherever they stand in it.
+// REPLY-4
 TEST_F(ReadValue, FailsForAValueThatReadsLikeARefusal) {
     for (const std::string ssid : {"FAILSAFE", "Invalid"}) {
         EXPECT_TRUE(util().setNetworkValue(WLAN, 0, "ssid", ssid.c_str()));
@@ -101,6 +103,7 @@ TEST_F(ReadValue, FailsForAValueThatReadsLikeARefusal) {
 
 // A reply line holds 127 characters. A longer text is cut before its closing quote, and then cut
 // again at the opening one.
+// REPLY-9
 TEST_F(ReadValue, IsEmptyForATextThatDoesNotFitALine) {
     EXPECT_TRUE(util().setNetworkValue(WLAN, 0, "identity", std::string(125, 'x').c_str()));
     EXPECT_TRUE(read("identity"));

@@ -158,6 +158,7 @@ const Configured CONFIGURED[] = {
 
 class RenumberingBy : public Renumbering, public testing::WithParamInterface<Configured> {};
 
+// ID-2
 TEST_P(RenumberingBy, ANetworkThatIsLeftOutOfTheFileDoesNotLeadToAnotherOne) {
     supplicant.start(std::string("network={\nssid=\"first\"\n") + GetParam().fields + "\n}\n" +
                      openNetworks({"second", "third"}));

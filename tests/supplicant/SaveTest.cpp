@@ -73,6 +73,7 @@ TEST_F(Saving, WritesNothingThatWasNotChanged) {
 
 // It is for WPA as long as nobody says otherwise, and the supplicant saves no such network without a
 // key. What is left in memory must not be taken for another network.
+// ID-2, ID-3
 TEST_F(Saving, LosesANewNetworkWithoutAnySecurityInTheSupplicant) {
     load(openNetworks({"home", "work"}));
     ASSERT_TRUE(settings().removeNetwork(WLAN, "home"));

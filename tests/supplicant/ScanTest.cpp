@@ -44,6 +44,7 @@ TEST_F(Scan, IsStartedWhileConnected) {
 }
 
 // The supplicant has no time for a scan while it waits for its partner.
+// SCAN-3
 TEST_F(Scan, CountsAsDoneWhereTheSupplicantRefusesIt) {
     supplicant.start("network={\n\tssid=\"home\"\n\tpsk=\"12345678\"\n}\n");
     supplicant.awaitStatus("wpa_state=ASSOCIATED");

@@ -40,6 +40,7 @@ TEST_F(EditCommands, SaveOnceForSeveralEdits) {
                                        "set_network 0 priority 5", "save_config", "reconfigure"));
 }
 
+// TEXT-4
 TEST_F(EditCommands, GiveTheClientAPlainSecret) {
     serve({"home"});
     const Ending ending = platwifi({"set", "home", "psk=-"}, "correct horse\n");

@@ -1,9 +1,9 @@
 #include "NewKeyFile.h"
 
-#include "common/FileSizeLimit.h"
 #include "Cipher.h"
 #include "CryptError.h"
 #include "SecretBytes.h"
+#include "common/FileSizeLimit.h"
 #include "platform/FileDescriptor.h"
 
 #include <cerrno>

@@ -120,6 +120,7 @@ const Text TEXTS[] = {
 };
 // clang-format on
 
+// API-1
 TEST_F(FieldGetters, ReadTexts) {
     for (const TextRow& row : textRows()) {
         if (row.set != &WifiNetwork::setSsid)

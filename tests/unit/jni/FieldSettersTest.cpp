@@ -168,6 +168,7 @@ TEST_F(FieldSetters, ChangeANumberAndTellWhetherItChanged) {
     }
 }
 
+// API-4
 TEST_F(FieldSetters, KeepEightBitsOfPriorityAndMode) {
     const struct {
         jint given;
@@ -233,6 +234,7 @@ TEST_F(FieldSetters, SplitTheEncryptionIntoCiphers) {
     }
 }
 
+// API-5
 TEST_F(FieldSetters, LeaveTheGroupCiphersWhereThePairwiseOnesDoNotChange) {
     for (const jint code : {6, 4}) {
         world.network().setPairwiseCiphers(4);
@@ -251,6 +253,7 @@ TEST_F(FieldSetters, TellOfTheGroupCiphersWhereThePairwiseOnesChange) {
 
 // WEP.
 
+// API-6
 TEST_F(FieldSetters, AlwaysSucceedForTheWepIndex) {
     EXPECT_EQ(set(NATIVE(setWepIndex0), 2), JNI_TRUE);
     EXPECT_EQ(world.network().getWepIndex(), 2U);
@@ -262,6 +265,7 @@ TEST_F(FieldSetters, AlwaysSucceedForTheWepIndex) {
     EXPECT_EQ(world.network().getWepIndex(), 2U);
 }
 
+// API-6
 TEST_F(FieldSetters, AlwaysSucceedForAWepKey) {
     const auto setKey = [this](jint slot, const char* key, const char* ssid = "home") {
         return world.call(NATIVE(setWepKey0), ssid, slot, world.javaText(key));

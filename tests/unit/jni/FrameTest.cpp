@@ -98,6 +98,7 @@ TEST(NativeFrame, WorksWithoutStrings) {
     EXPECT_EQ(callNative(java.environment(), [](ErrorHandler*) { return 7; }), 7);
 }
 
+// API-10
 TEST(NativeFrame, MakesReportedErrorsPendingInJava) {
     test::FakeJni java;
     callNative(java.environment(), [](ErrorHandler* errors) {

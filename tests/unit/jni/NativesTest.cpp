@@ -50,6 +50,7 @@ protected:
     test::StandIn standIn;
 };
 
+// RUNS-4
 TEST_F(Natives, AskAboutAnInterface) {
     standIn.on({"interface"});
     standIn.on({"-iwlan0", "arg"}).prints("7 wpa_supplicant\n").then().prints("1 init\n");
@@ -58,6 +59,7 @@ TEST_F(Natives, AskAboutAnInterface) {
     EXPECT_EQ(isWifiEnabled("fourteen-chars"), JNI_FALSE);
 }
 
+// RUNS-4
 TEST_F(Natives, AskAboutTheDefaultInterfaceForNull) {
     EXPECT_EQ(isWifiEnabled(nullptr), JNI_FALSE);
     std::ofstream("/var/run/wpa_supplicant.pid") << "1\n";
@@ -65,6 +67,7 @@ TEST_F(Natives, AskAboutTheDefaultInterfaceForNull) {
     std::remove("/var/run/wpa_supplicant.pid");
 }
 
+// API-7
 TEST_F(Natives, HashCertificates) {
     EXPECT_EQ(Java_com_quorvel_platwifi_BWifiPlatformService_hashCACertificates0(java.environment(),
                                                                                  nullptr),

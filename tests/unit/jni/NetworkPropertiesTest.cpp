@@ -142,6 +142,7 @@ TEST_F(NetworkProperties, TakeTheNumberThatAValueBeginsWith) {
     }
 }
 
+// API-4
 TEST_F(NetworkProperties, KeepEightBitsOfTheMode) {
     EXPECT_THAT(changesBy("mode", "300"), ElementsAre("networkMode=44"));
     EXPECT_THAT(changesBy("mode", "256"), ElementsAre("networkMode=0"));
@@ -248,6 +249,7 @@ TEST_F(NetworkProperties, SplitTheEncryptionIntoCiphers) {
     }
 }
 
+// API-5
 TEST_F(NetworkProperties, SetTheGroupCiphersAlsoWhereThePairwiseOnesStay) {
     network.setPairwiseCiphers(4);
     EXPECT_THAT(changesBy("encryption", "4"), ElementsAre("groupCiphers=4"));
@@ -265,6 +267,7 @@ TEST_F(NetworkProperties, TakeNothingButTrueForABroadcastSsid) {
     }
 }
 
+// API-9
 TEST_F(NetworkProperties, NeverRenameTheNetwork) {
     for (const char* const value : {"villa", "", static_cast<const char*>(nullptr)})
         EXPECT_THAT(changesBy("ssid", value), IsEmpty());

@@ -88,6 +88,7 @@ TEST_F(SecretNatives, ReadNullWithTheCausePendingWithoutACipher) {
     }
 }
 
+// NET-6
 TEST_F(SecretNatives, StoreThePlainText) {
     for (const Secret& secret : SECRETS) {
         SCOPED_TRACE(secret.name);

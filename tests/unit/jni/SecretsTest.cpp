@@ -29,6 +29,7 @@ protected:
     std::vector<std::string> taken;
 };
 
+// TEXT-2
 TEST_F(Secrets, ReachJavaEncipheredOnly) {
     JavaExceptionHandler errors(java.environment());
     jstring const given = newEncipheredString(java.environment(), &errors, "correct horse battery");
@@ -76,6 +77,7 @@ TEST_F(Secrets, ThatAreEmptyAreHandedOnWithoutTheCipher) {
     EXPECT_FALSE(java.pendingException());
 }
 
+// TEXT-3
 TEST_F(Secrets, ThatDoNotDecipherAreNotTaken) {
     EXPECT_FALSE(set("no enciphered text"));
     EXPECT_TRUE(taken.empty());

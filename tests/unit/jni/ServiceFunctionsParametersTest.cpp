@@ -111,6 +111,7 @@ TEST_F(ServiceParameters, FailWithoutTheNetwork) {
     EXPECT_EQ(set({"priority"}, {"5"}), 0);
 }
 
+// API-8
 TEST_F(ServiceParameters, HoldOneLockFromTheLookupToTheLastProperty) {
     const test::SettingsMutexes mutexes(*settings);
     test::LockEvents expected = mutexes.taking();
@@ -127,6 +128,7 @@ TEST_F(ServiceParameters, HoldOneLockFromTheLookupToTheLastProperty) {
         EXPECT_TRUE(test::isFree(mutex));
 }
 
+// API-8
 TEST_F(ServiceParameters, OfTheHostChangeNothing) {
     const char* const names[] = {"wifiEnabled", "WifiEnabled", nullptr, "priority"};
     const char* const values[] = {"false", "true", nullptr, "5"};

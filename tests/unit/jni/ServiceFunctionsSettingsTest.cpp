@@ -212,6 +212,7 @@ TEST_F(SettingsFunctions, TellTheState) {
     EXPECT_EQ(getDaemonStatus(nullptr, "wlan0"), 0) << "no answer";
 }
 
+// STATUS-3
 TEST_F(SettingsFunctions, AskUnderTheLock) {
     WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
     const test::SettingsMutexes mutexes(settings);
@@ -253,6 +254,7 @@ TEST_F(SettingsFunctions, WriteTheDocumentOfTheSettings) {
     EXPECT_NE(document(false).text, document(true).text) << "the flag is passed on";
 }
 
+// API-11
 TEST_F(SettingsFunctions, ReportIntoTheSinkOfTheCallerWhatTheDocumentLacks) {
     WifiHostSettings& settings = loaded.load("0\thome\tany\t\n");
     loaded.answer("FAIL\n", 1);

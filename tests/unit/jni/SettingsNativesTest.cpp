@@ -190,6 +190,7 @@ TEST_F(SettingsNatives, ListNoMoreThan32Ssids) {
     EXPECT_EQ(listed.back(), "n1");
 }
 
+// OP-7
 TEST_F(SettingsNatives, ListNoSsidsWhenANetworkHasNone) {
     WifiHostSettings& settings = loaded.load(NETWORKS);
     const test::SettingsMutexes mutexes(settings);

@@ -155,6 +155,7 @@ TEST_F(StatusNatives, HoldTheLock) {
 }
 
 // Both refresh the status, which is due.
+// STATUS-3
 TEST_F(StatusNatives, HoldTheLockAlsoWhileTheyAskTheSupplicant) {
     const SettingsMutexes mutexes(loaded.load(NETWORKS));
     statusPrints("ssid=home\nwpa_state=COMPLETED\n");
@@ -170,6 +171,7 @@ TEST_F(StatusNatives, HoldTheLockAlsoWhileTheyAskTheSupplicant) {
 }
 
 // Another thread could free the SSID once the locks are given back.
+// STATUS-3
 TEST_F(StatusNatives, HoldTheLockWhileTheStringOfTheCurrentNetworkIsMade) {
     const SettingsMutexes mutexes(loaded.load(NETWORKS));
     statusPrints("ssid=home\nwpa_state=COMPLETED\n");
@@ -193,6 +195,7 @@ protected:
     OneNetwork world;
 };
 
+// TEXT-2
 TEST_F(WepKeys, ComeInPlainByTheirSlots) {
     world.network().setWepKey(1, "second");
     world.network().setWepKey(3, "caf\xe9");

@@ -145,6 +145,7 @@ TEST_F(ModelMemory, IsLeftAloneByARefusal) {
     EXPECT_EQ(arrays, 1);
 }
 
+// NET-9
 TEST(ModelMemoryDeathTest, EndsTheProcessWhenItHasRunOut) {
     EXPECT_EXIT(
         {

@@ -69,6 +69,7 @@ TEST(NetworkDirtyFlags, LeaveTheValuesWhenTheyAreCleared) {
     EXPECT_EQ(valuesOf(network), before);
 }
 
+// NET-8
 TEST(NetworkDirtyFlags, DoNotCountAnAnonymousIdentityAlone) {
     WifiNetwork network;
     network.setSsid("abc");

@@ -56,6 +56,7 @@ TEST_F(NetworkList, StartsEmptyAndValid) {
     EXPECT_FALSE(list.containsNetwork("A"));
 }
 
+// NET-10
 TEST_F(NetworkList, HoldsTheLastAddedFirst) {
     for (const char* ssid : {"A", "B", "C"})
         EXPECT_TRUE(add(list, ssid));
@@ -75,6 +76,7 @@ TEST_F(NetworkList, HoldsTheVeryNetworkAndEndsItsChain) {
     EXPECT_EQ(added->getNext(), nullptr);
 }
 
+// NET-10
 TEST_F(NetworkList, RefusesAnSsidThatItHas) {
     fill(list, {"A", "B"});
     for (const char* ssid : {"A", "B"}) {
@@ -129,6 +131,7 @@ TEST_F(NetworkList, TakesSsidsOfAnyLength) {
     EXPECT_EQ(list.getCount(), 0U);
 }
 
+// NET-11
 TEST_F(NetworkList, TakesAnEmptySsidOnceAndNeverFindsIt) {
     EXPECT_TRUE(add(list, ""));
     EXPECT_FALSE(add(list, ""));
@@ -137,6 +140,7 @@ TEST_F(NetworkList, TakesAnEmptySsidOnceAndNeverFindsIt) {
     EXPECT_THAT(ssidsOf(list), ElementsAre(""));
 }
 
+// NET-10
 TEST_F(NetworkList, TakesAnUnsetSsidForNoOther) {
     EXPECT_TRUE(add(list, nullptr));
     EXPECT_TRUE(add(list, "A"));
@@ -181,6 +185,7 @@ TEST_F(NetworkList, RemovesTheFirstOfTwoThatCameToTheSameName) {
     EXPECT_THAT(ssidsOf(list), ElementsAre("B", "A"));
 }
 
+// NET-12
 TEST_F(NetworkList, ReportsAnUnknownSsidAsRemoved) {
     fill(list, {"A"});
     EXPECT_TRUE(list.removeNetworkFromList("B"));
@@ -188,6 +193,7 @@ TEST_F(NetworkList, ReportsAnUnknownSsidAsRemoved) {
     EXPECT_FALSE(list.isValid());
 }
 
+// NET-11
 TEST_F(NetworkList, RemovesNothingForNoName) {
     fill(list, {"A"});
     EXPECT_FALSE(list.removeNetworkFromList(""));
@@ -211,6 +217,7 @@ TEST_F(NetworkList, RemovesAll) {
     EXPECT_FALSE(list.isValid());
 }
 
+// NET-12
 TEST_F(NetworkList, IsInvalidAfterRemovingAllOfNothing) {
     EXPECT_TRUE(list.removeAllFromList());
     EXPECT_FALSE(list.isValid());

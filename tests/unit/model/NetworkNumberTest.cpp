@@ -47,6 +47,7 @@ TEST_P(NetworkNumber, IsStoredAndMarkedWhenItChanges) {
     EXPECT_EQ(valuesOf(network), expected) << "no field but this one";
 }
 
+// NET-1
 TEST_P(NetworkNumber, ReportsNoChangeForTheSameNumber) {
     EXPECT_TRUE(set(5));
     EXPECT_FALSE(set(5));
@@ -56,6 +57,7 @@ TEST_P(NetworkNumber, ReportsNoChangeForTheSameNumber) {
     EXPECT_THAT(dirtyOf(network), IsEmpty());
 }
 
+// NET-5
 TEST_P(NetworkNumber, TakesAnyNumberAsItIs) {
     for (const unsigned int number : {LARGEST, LARGEST - 1, 0x80000000U, 0x100U, 1U, 0U}) {
         network.cleanDirtyFields();
@@ -101,6 +103,7 @@ TEST(NetworkWepIndex, NamesOneOfFourSlots) {
     }
 }
 
+// NET-5
 TEST(NetworkWepIndex, RefusesWhatIsNoSlot) {
     WifiNetwork network;
     network.setWepIndex(3);
@@ -112,6 +115,7 @@ TEST(NetworkWepIndex, RefusesWhatIsNoSlot) {
     }
 }
 
+// NET-3
 TEST(NetworkSsidBroadcasted, IsMarkedEachTimeItIsSet) {
     WifiNetwork network;
     EXPECT_EQ(network.getSsidBroadcasted(), 0U);
@@ -124,6 +128,7 @@ TEST(NetworkSsidBroadcasted, IsMarkedEachTimeItIsSet) {
     }
 }
 
+// NET-7
 TEST(NetworkFacts, AreStoredEachTimeAndNeverMarked) {
     WifiNetwork network;
     for (const unsigned int number : {7U, 7U, LARGEST, 0U, 0U}) {

@@ -49,6 +49,7 @@ TEST_P(NetworkText, IsACopyOfWhatWasGiven) {
     EXPECT_STREQ(get(), "abc");
 }
 
+// NET-1
 TEST_P(NetworkText, ReportsNoChangeForTheSameText) {
     startWith("abc");
     const char* const before = get();
@@ -73,6 +74,7 @@ TEST_P(NetworkText, ComparesByteForByte) {
     }
 }
 
+// NET-2
 TEST_P(NetworkText, TakesNullAndEmptyByWhatWasThere) {
     struct Row {
         const char* before;
@@ -127,6 +129,7 @@ TEST_P(NetworkText, TakesAnyLength) {
 INSTANTIATE_TEST_SUITE_P(Fields, NetworkText, testing::ValuesIn(test::textRows()),
                          [](const auto& row) { return row.param.name; });
 
+// NET-7
 TEST(NetworkIpAddress, FollowsTheRuleOfTextsWithoutAFlag) {
     WifiNetwork network;
     EXPECT_EQ(network.getIpAddress(), nullptr);

@@ -36,6 +36,7 @@ TEST_P(NetworkWepKey, IsStoredInItsSlotAndMarked) {
         EXPECT_EQ(network.getWepKey(slot) != nullptr, slot == GetParam());
 }
 
+// NET-4
 TEST_P(NetworkWepKey, FollowsRulesOfItsOwn) {
     struct Row {
         const char* before;
@@ -80,6 +81,7 @@ TEST_P(NetworkWepKey, KeepsItsMarkWhenNothingOrAnEmptyKeyFollows) {
 
 INSTANTIATE_TEST_SUITE_P(Slots, NetworkWepKey, testing::Values(0U, 1U, 2U, 3U));
 
+// NET-5
 TEST(NetworkWepKeys, RefuseWhatIsNoSlot) {
     WifiNetwork network;
     for (unsigned int slot = 0; slot < 4; ++slot)

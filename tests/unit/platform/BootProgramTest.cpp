@@ -111,6 +111,7 @@ TEST_F(BootProgram, OfAnotherFolderStaysWhereItIs) {
     EXPECT_EQ(located("/bin/pidin"), "/bin/pidin");
 }
 
+// CMD-3
 TEST_F(BootProgram, IsLookedForInThreePlaces) {
     EXPECT_EQ(placesOf("/proc/boot/pidin"),
               std::string("/proc/boot/pidin ") + BUILT + " " + INSTALLED + " ");

@@ -39,6 +39,7 @@ TEST(JavaExceptionHandler, TurnsTheTextIntoWhatJavaTakes) {
     EXPECT_EQ(jni.pendingException()->message, "\xED\xA0\xBD\xED\xB8\x80 \xED\xB3\xBF");
 }
 
+// API-10
 TEST(JavaExceptionHandler, KeepsTheExceptionThatIsPendingAlready) {
     FakeJni jni;
     JavaExceptionHandler handler(jni.environment());

@@ -44,11 +44,13 @@ TEST(JavaText, SplitsWhatIsBeyondTheFirstPlane) {
     EXPECT_EQ(fromModifiedUtf8("\xED\xAF\xBF\xED\xBF\xBF"), "\xF4\x8F\xBF\xBF");
 }
 
+// TEXT-1
 TEST(JavaText, PutsStrayBytesIntoLowSurrogates) {
     EXPECT_EQ(toModifiedUtf8("a\x80\xFF"), "a\xED\xB2\x80\xED\xB3\xBF"); // U+DC80, U+DCFF
     EXPECT_EQ(fromModifiedUtf8("a\xED\xB2\x80\xED\xB3\xBF"), "a\x80\xFF");
 }
 
+// TEXT-1
 TEST(JavaText, BringsEveryByteBack) {
     std::string all;
     for (int byte = 1; byte < 256; ++byte) {

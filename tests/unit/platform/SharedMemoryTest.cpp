@@ -266,6 +266,7 @@ TEST_F(SharedMemoryOfAName, IsNotTouchedWhereThereIsNoRoomForIt) {
     std::_Exit(asExpected ? 0 : 1);
 }
 
+// PEER-9
 TEST(SharedMemoryLimitDeathTest, IsSaidOnceInsteadOfEndingTheProcess) {
     constexpr std::size_t LARGE = 100000; // the test's standard error is a file, too
     EXPECT_EXIT(
@@ -280,6 +281,7 @@ TEST(SharedMemoryLimitDeathTest, IsSaidOnceInsteadOfEndingTheProcess) {
     EXPECT_TRUE(names().empty());
 }
 
+// PEER-9
 TEST(SharedMemoryLimitDeathTest, DoesNotKeepAProcessFromJoining) {
     SharedMemory other;
     ASSERT_EQ(attach(other), Result::created);

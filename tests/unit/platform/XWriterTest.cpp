@@ -87,6 +87,7 @@ TEST(XWriter, BringsTextOfEveryLengthBack) {
     EXPECT_EQ(readBack(longText), longText);
 }
 
+// XML-19
 TEST(XWriter, ReplacesWhatXmlCannotHold) {
     for (const char* one :
          {"\x01", "\x0B", "\x1F", "\xFF", "\xC3", "\x80", "\xEF\xBF\xBE", "\xEF\xBF\xBF"})

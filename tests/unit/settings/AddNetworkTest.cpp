@@ -33,6 +33,7 @@ protected:
     test::LoadedSettings loaded;
 };
 
+// OP-2
 TEST_F(AddNetwork, CreatesItInTheSupplicantAndPutsItInFront) {
     WifiHostSettings& settings = loaded.load("0\thome\tany\t\n1\twork\tany\t\n");
     creates("7");
@@ -47,6 +48,7 @@ TEST_F(AddNetwork, CreatesItInTheSupplicantAndPutsItInFront) {
     EXPECT_EQ(network->getNetworkStatus(), static_cast<unsigned int>(NETWORK_STATUS_UNKNOWN));
 }
 
+// OP-3
 TEST_F(AddNetwork, RefusesAnSsidThatIsThereWithoutACommand) {
     WifiHostSettings& settings = loaded.load("0\thome\tany\t\n");
     creates("7");
@@ -57,6 +59,7 @@ TEST_F(AddNetwork, RefusesAnSsidThatIsThereWithoutACommand) {
     EXPECT_EQ(loaded.commands(), creation("7", "Home"));
 }
 
+// OP-1
 TEST_F(AddNetwork, AddsNothingWhenAStepFails) {
     WifiHostSettings& settings = loaded.load("0\thome\tany\t\n");
     loaded.answer("FAIL\n");

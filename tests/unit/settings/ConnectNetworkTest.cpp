@@ -76,6 +76,7 @@ TEST_F(ConnectNetwork, LeavesTheOneThatWasCurrentDisabled) {
     EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_DISABLED);
 }
 
+// OP-5
 TEST_F(ConnectNetwork, LeavesTheStatusOfTheCurrentOneAsItWas) {
     WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
     loaded.answer("OK\n");
@@ -135,6 +136,7 @@ TEST_F(ConnectNetwork, ChangesNothingWhenTheClientFails) {
     EXPECT_EQ(statusOf(settings, "work"), NETWORK_STATUS_ENABLED);
 }
 
+// OP-4
 TEST_F(ConnectNetwork, ReassociatesFirstWhenDisconnected) {
     WifiHostSettings& settings = loaded.load(NETWORKS, DISCONNECTED);
     loaded.answer("OK\n");
@@ -184,6 +186,7 @@ TEST_F(DisconnectNetwork, LeavesItDisabled) {
     EXPECT_EQ(statusOf(settings, "cafe"), NETWORK_STATUS_DISABLED);
 }
 
+// OP-4
 TEST_F(DisconnectNetwork, MakesTheNextConnectReassociate) {
     WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
     loaded.answer("OK\n");
@@ -218,6 +221,7 @@ TEST_F(DisconnectNetwork, LeavesAnotherCurrentOneCurrent) {
         << "the supplicant is disconnected all the same";
 }
 
+// OP-3
 TEST_F(DisconnectNetwork, SucceedsWithoutACommandWhenThereIsNoneLikeIt) {
     WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
     loaded.answer("OK\n", 1);

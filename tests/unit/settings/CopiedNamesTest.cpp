@@ -98,6 +98,7 @@ protected:
     test::LoadedSettings loaded;
 };
 
+// OP-8
 TEST_F(CopiedAdapters, AreTwoAtMostWhateverTheRoom) {
     loaded.adapters = "wlan0\nwlan1\nwlan2\n";
     WifiHostSettings& settings = loaded.load(THREE);
@@ -137,6 +138,7 @@ TEST_F(CopiedAdapters, NeedSomewhereToGo) {
 }
 
 // The client stands still while everything is loaded anew, with the settings locked.
+// OP-8
 TEST_F(CopiedAdapters, AreToldWhileAReloadGoesOn) {
     WifiHostSettings& settings = loaded.load(THREE);
     test::Checkpoint checkpoint("/tmp/reload");

@@ -27,6 +27,7 @@ protected:
     }
 };
 
+// LOAD-3
 TEST_F(CurrentNetwork, IsAskedOfTheAdapterThatIsNamed) {
     standIn.on({"-iwlan0", "status"}).prints("ssid=home\n");
     standIn.on({"-iwlan1", "status"}).prints("ssid=work\n");
@@ -72,6 +73,7 @@ TEST_F(CurrentNetwork, HasTheTextBehindTheFirstEqualsSign) {
     EXPECT_EQ(askWith("ssid=a=b\n"), "a=b");
 }
 
+// STATUS-10
 TEST_F(CurrentNetwork, StaysWithoutAnSsid) {
     setStatus("home", NETWORK_STATUS_CONNECTED);
     for (const char* const report :
@@ -94,6 +96,7 @@ TEST_F(CurrentNetwork, IsLookedForInTheFirst16Lines) {
 }
 
 // Only the network that is left gets another status.
+// STATUS-11
 TEST_F(CurrentNetwork, LeavesTheOneBeforeEnabledUnlessItIsDisabled) {
     struct Row {
         const char* report;
@@ -130,6 +133,7 @@ TEST_F(CurrentNetwork, StaysWhenAnotherNetworkHasItsName) {
     EXPECT_EQ(test::currentNetworkOf(settings()), home);
 }
 
+// STATUS-10
 TEST_F(CurrentNetwork, IsNoneWhenTheSupplicantDoesNotAnswer) {
     standIn.on({"*"}).prints("ssid=home\n").exits(255);
     EXPECT_EQ(ask(), "none") << "there was none before";

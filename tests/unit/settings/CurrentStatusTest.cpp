@@ -37,6 +37,7 @@ TEST_F(CurrentStatus, IsUnknownAndStaysForNoAdapter) {
     EXPECT_THAT(commands(), IsEmpty());
 }
 
+// LOAD-3
 TEST_F(CurrentStatus, IsThatOfTheFirstAdapterWhicheverIsNamed) {
     standIn.on({"-iwlan0", "status"}).prints("wpa_state=SCANNING\n");
     for (const char* const adapter : {"wlan0", "wlan1", "", "fourteen-chars"})
@@ -92,6 +93,7 @@ TEST_F(CurrentStatus, IsLookedForInTheFirst16Lines) {
     EXPECT_EQ(askWith(report + "wpa_state=COMPLETED\n"), WPA_STATE_COMPLETED);
 }
 
+// STATUS-12
 TEST_F(CurrentStatus, SettlesTheCurrentNetwork) {
     struct Row {
         const char* state;
@@ -124,6 +126,7 @@ TEST_F(CurrentStatus, SettlesTheCurrentNetwork) {
 }
 
 // Unlike getCurrentNetwork(), the network that is left is enabled even if it was disabled.
+// STATUS-11
 TEST_F(CurrentStatus, FollowsTheSsidAndEnablesTheNetworkThatIsLeft) {
     for (const unsigned int before : {NETWORK_STATUS_CONNECTED, NETWORK_STATUS_DISABLED}) {
         setStatus("home", before);
@@ -147,6 +150,7 @@ TEST_F(CurrentStatus, KeepsTheCurrentNetworkThatTheReportNames) {
 }
 
 // Unlike loading, which passes over it.
+// STATUS-9
 TEST_F(CurrentStatus, TakesABssidForAnSsid) {
     setStatus("home", NETWORK_STATUS_CONNECTED);
     setCurrent("home");
@@ -158,6 +162,7 @@ TEST_F(CurrentStatus, TakesABssidForAnSsid) {
     EXPECT_EQ(current(), "02:00:00:00:01:00");
 }
 
+// STATUS-9
 TEST_F(CurrentStatus, FindsTheNetworkAgainBehindABssid) {
     setStatus("home", NETWORK_STATUS_CONNECTED);
     setCurrent("home");

@@ -22,6 +22,7 @@ TEST_F(Dump, AfterAFailureHasNoNetworks) {
     EXPECT_THAT(reported.loaded.commands(), IsEmpty());
 }
 
+// DUMP-1
 TEST_F(Dump, HasALineForEveryField) {
     WifiNetwork& network = reported.add("home");
     fill(network);
@@ -97,6 +98,7 @@ TEST_F(Dump, HasTextOfAnyLength) {
     EXPECT_EQ(reported.dump(), HEADER + with("Key  : ", "Key  : " + longText) + IDLE);
 }
 
+// DUMP-3
 TEST_F(Dump, HasSignedNumbers) {
     WifiNetwork& network = reported.add("home");
     network.setChannel(UINT_MAX);
@@ -108,6 +110,7 @@ TEST_F(Dump, HasSignedNumbers) {
                                            "\tPriority        : -2147483648\n"));
 }
 
+// DUMP-6
 TEST_F(Dump, HasWepKeysOnlyBesideTheFirst) {
     struct Row {
         const char* keys[4];
@@ -163,6 +166,7 @@ TEST_F(Dump, HasTheCurrentNetwork) {
     EXPECT_EQ(reported.dump(), HEADER + with("home", "") + "Currently associated with: \n" + end);
 }
 
+// DUMP-2
 TEST_F(Dump, BringsTheNetworksUpToDateFirst) {
     reported.loadForRefresh("0\thome\tany\t\n");
     reported.loaded.standIn.on({"-iwlan0", "list_networks"}).prints("h\n0\thome\tany\t[CURRENT]\n");

@@ -41,6 +41,7 @@ TEST_F(DumpWords, HasTheWordOfTheMode) {
     expectWords(reported, "Network Mode    :", set, rows);
 }
 
+// DUMP-4
 TEST_F(DumpWords, HasTheWordsOfTheProtocols) {
     const WordRow rows[] = {
         {0, " UNKNOWN"},
@@ -53,6 +54,7 @@ TEST_F(DumpWords, HasTheWordsOfTheProtocols) {
     expectWords(reported, "Protocol        :", std::mem_fn(&WifiNetwork::setProtocol), rows);
 }
 
+// DUMP-5
 TEST_F(DumpWords, HasTheWordsOfTheKeyManagement) {
     const WordRow rows[] = {
         {0, " UNKNOWN"},
@@ -69,6 +71,7 @@ TEST_F(DumpWords, HasTheWordsOfTheKeyManagement) {
     expectWords(reported, "KeyManagement   :", std::mem_fn(&WifiNetwork::setKeyManagement), rows);
 }
 
+// DUMP-4, DUMP-5
 TEST_F(DumpWords, HasTheWordsOfThePairwiseCiphers) {
     const WordRow rows[] = {
         {0, " UNKNOWN"},
@@ -94,6 +97,7 @@ TEST_F(DumpWords, HasTheWordsOfTheGroupCiphers) {
     expectWords(reported, "Group           :", std::mem_fn(&WifiNetwork::setGroupCiphers), rows);
 }
 
+// DUMP-5
 TEST_F(DumpWords, HasTheWordsOfTheEapModes) {
     const WordRow rows[] = {
         {0, " UNKNOWN"},

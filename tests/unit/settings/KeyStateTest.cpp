@@ -17,6 +17,7 @@ KeyState loaded(const char* methods, const char* psk) {
     return state;
 }
 
+// ID-2
 TEST(KeyState, OfALoadedNetwork) {
     struct Row {
         const char* methods;

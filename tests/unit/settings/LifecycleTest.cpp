@@ -69,6 +69,7 @@ TEST_F(Lifecycle, ThereIsOneInstanceLoadedOnce) {
     EXPECT_EQ(reports, 0);
 }
 
+// API-11
 TEST_F(Lifecycle, AHandlerIsNeitherUsedNorKept) {
     host.on({"*"}).exits(255);
     int reports = 0;
@@ -152,6 +153,7 @@ TEST_F(Lifecycle, AHostWithoutAdapterHasAnInstanceWithoutNetworks) {
     EXPECT_TRUE(settings->refreshAllSettings());
 }
 
+// LOAD-25
 TEST_F(Lifecycle, ARefreshDiscardsEverythingAndLoadsItAgain) {
     host.answers({"home", "office"});
     WifiHostSettings* const settings = WifiHostSettings::getInstance(nullptr);
@@ -169,6 +171,7 @@ TEST_F(Lifecycle, ARefreshDiscardsEverythingAndLoadsItAgain) {
     EXPECT_EQ(adapters(*settings), 1U);
 }
 
+// LOAD-24
 TEST_F(Lifecycle, AFailedRefreshSucceedsAndLeavesNothing) {
     host.answers({"home"});
     WifiHostSettings* const settings = WifiHostSettings::getInstance(nullptr);

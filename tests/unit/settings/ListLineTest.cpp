@@ -76,6 +76,7 @@ TEST(ListLine, IsMarkedAnywhere) {
     EXPECT_EQ(markIn(""), ListMark::NONE);
 }
 
+// LOAD-22
 TEST(ListLine, ItsMarkGivesTheStatus) {
     struct Row {
         ListMark mark;

@@ -47,6 +47,7 @@ protected:
     }
 };
 
+// LOAD-23
 TEST_F(LoadFailure, OfAnyQueryLeavesNothingUntilAReload) {
     const test::Arguments queries[] = {{"interface"},
                                        {"-iwlan0", "list_networks"},
@@ -99,6 +100,7 @@ TEST_F(LoadFailure, WithoutAClient) {
     EXPECT_THAT(test::resultFiles(), IsEmpty());
 }
 
+// LOAD-23
 TEST_F(LoadFailure, WithoutAnAdapter) {
     for (const std::string& reply : {std::string(), test::ADAPTER_HEADER, std::string("one\n")}) {
         standIn.on({"interface"}).prints(reply);

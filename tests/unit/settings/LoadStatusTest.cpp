@@ -7,6 +7,7 @@ const std::string LIST = HOME + "1\twork\tany\t\n";
 
 class LoadStatus : public test::LoadFixture {};
 
+// LOAD-22
 TEST_F(LoadStatus, SettlesTheCurrentNetworkByTheState) {
     struct Row {
         const char* state;
@@ -35,6 +36,7 @@ TEST_F(LoadStatus, SettlesTheCurrentNetworkByTheState) {
 }
 
 // A network can be disabled by its value and current by the list.
+// LOAD-11
 TEST_F(LoadStatus, KeepsADisabledNetworkDisabledUnlessTheSupplicantIsOnIt) {
     struct Row {
         const char* state;
@@ -101,6 +103,7 @@ TEST_F(LoadStatus, LetsTheLastSsidAndTheLastStateCount) {
 }
 
 // Known to the supplicant as disabled, yet left as one that it may choose.
+// STATUS-11
 TEST_F(LoadStatus, EnablesTheNetworkThatIsLeftEvenIfItWasDisabled) {
     value("0", "disabled", "1");
     load(LIST + "2\toff\tany\t[DISABLED]\n", "ssid=work\nwpa_state=COMPLETED\n");
@@ -108,6 +111,7 @@ TEST_F(LoadStatus, EnablesTheNetworkThatIsLeftEvenIfItWasDisabled) {
     EXPECT_EQ(statusOf("off"), NETWORK_STATUS_DISABLED) << "it was not the current one";
 }
 
+// STATUS-9
 TEST_F(LoadStatus, PassesOverAccessPointsAndOtherLinesThatHoldAKey) {
     load(HOME, "bssid=work\nkey_mgmt=wpa_state=INACTIVE\nwpa_state=COMPLETED\n");
     EXPECT_EQ(current(), "home");
@@ -119,6 +123,7 @@ TEST_F(LoadStatus, TakesTheTextBehindTheFirstEqualsSign) {
     EXPECT_EQ(current(), "a=b");
 }
 
+// LOAD-1
 TEST_F(LoadStatus, TakesTheFirst16Lines) {
     std::string report;
     for (int i = 0; i < 15; ++i)
@@ -137,6 +142,7 @@ TEST_F(LoadStatus, LetsTheLastNetworkThatIsMarkedBeCurrent) {
     EXPECT_EQ(statusOf("c"), NETWORK_STATUS_DISABLED);
 }
 
+// LOAD-12
 TEST_F(LoadStatus, TakesANetworkThatIsDisabledForAWhileForAnEnabledOne) {
     load("0\thome\tany\t[TEMP-DISABLED]\n", "wpa_state=SCANNING\n");
     EXPECT_EQ(current(), "none");

@@ -93,6 +93,7 @@ TEST_F(Load, GivesANetworkWithoutValuesWhatTheSupplicantTakesThen) {
     EXPECT_EQ(network("home")->getNetworkMode(), NETWORK_MODE_UNKNOWN);
 }
 
+// LOAD-7
 TEST_F(Load, TakesTheBssidOfTheListOnlyUntilItsValueIsRead) {
     load("0\thome\t02:11:22:33:44:55\t\n");
     EXPECT_STREQ(network("home")->getBssid(), "00:00:00:00:00:00");
@@ -124,6 +125,7 @@ TEST_F(Load, TakesValuesOf127Characters) {
     EXPECT_EQ(network("home")->getPhase1Step(), nullptr) << "its last quote is cut off";
 }
 
+// LOAD-1
 TEST_F(Load, HoldsCleanNetworksInAValidListTheLastOneFirst) {
     value("1", "priority", "3");
     load("0\ta\tany\t\n1\tb\tany\t\n2\tc\tany\t\n");
@@ -141,6 +143,7 @@ TEST_F(Load, HoldsWhatIsThereNowAfterARefresh) {
     EXPECT_EQ(test::supplicantStateOf(settings), WPA_STATE_UNKNOWN);
 }
 
+// LOAD-14
 TEST_F(Load, OfAnEmptyListAsksForNoScanButForTheStatus) {
     script("", "ssid=home\nwpa_state=SCANNING\n");
     const WifiHostSettings& settings = load();
@@ -159,6 +162,7 @@ TEST_F(Load, AsksForTheScanOnceThereIsALineEvenOfNoNetwork) {
     EXPECT_EQ(test::networksOf(settings)->getCount(), 0U);
 }
 
+// LOAD-8
 TEST_F(Load, NamesANetworkWithoutSsidAndTakesItForCurrent) {
     load("0\tany\t[CURRENT]\n", "wpa_state=SCANNING\n");
     EXPECT_THAT(ssids(), ElementsAre("SSID N/A"));
@@ -169,16 +173,19 @@ TEST_F(Load, NamesANetworkWithoutSsidAndTakesItForCurrent) {
     EXPECT_THAT(ssids(), ElementsAre("SSID N/A")) << "once, as any other";
 }
 
+// LOAD-4
 TEST_F(Load, KeepsSsidsAsTheClientPrintsThem) {
     load("0\t\\xe4\\\\ \\\"x\\\"\tany\t\n");
     EXPECT_THAT(ssids(), ElementsAre("\\xe4\\\\ \\\"x\\\""));
 }
 
+// LOAD-9
 TEST_F(Load, DropsLinesOfNoNetworkAlone) {
     load("0\ta\tany\t\n1\n2\tlonely\n\n3\tb\tany\t\n");
     EXPECT_THAT(ssids(), ElementsAre("b", "a"));
 }
 
+// LOAD-9
 TEST_F(Load, TakesTheFirstOfTwoNetworksWithOneSsid) {
     value("0", "priority", "1");
     value("1", "priority", "2");
@@ -204,6 +211,7 @@ TEST_F(Load, FindsTheNetworkThatStaysByTheStatus) {
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_CONNECTED);
 }
 
+// LOAD-6
 TEST_F(Load, AsksForANumberAbove255ByItsLast8Bits) {
     script("300\thome\tany\t\n");
     load();
@@ -212,6 +220,7 @@ TEST_F(Load, AsksForANumberAbove255ByItsLast8Bits) {
 }
 
 // Lines that tell of no network count as well, and cost no commands here.
+// LOAD-1
 TEST_F(Load, TakesTheFirst32LinesOfTheList) {
     std::string list;
     for (int i = 0; i < 31; ++i)
@@ -234,6 +243,7 @@ const std::string LONG_SSIDS[] = {
                           "\xd0\xb8\xd0\xb9\xd0\xba\xd0\xbb\xd0\xbc\xd0\xbd\xd0\xbe\xd0\xbf"),
 };
 
+// LOAD-2
 TEST_F(Load, TakesALongSsidWholeAndNoRestForANetwork) {
     for (const std::string& ssid : LONG_SSIDS) {
         ASSERT_EQ(ssid.size(), 128U);
@@ -247,6 +257,7 @@ TEST_F(Load, TakesALongSsidWholeAndNoRestForANetwork) {
     }
 }
 
+// LOAD-1
 TEST_F(Load, TakesTheFirst32LinesWhateverTheirLength) {
     std::string list;
     for (int i = 10; i < 41; ++i)
@@ -258,6 +269,7 @@ TEST_F(Load, TakesTheFirst32LinesWhateverTheirLength) {
 }
 
 // SSIDs of the list hold no tabs: there is nothing to read in a line that is one.
+// LOAD-21
 TEST_F(Load, ReadsNothingFromScanLinesThatAreNotTheSsidAsAWhole) {
     load("0\tlab\tany\t\n", "", "02:00:00:00:01:00\t2412\t185\t[IBSS]\tlab\nlab\nlab\t2412\t185\n");
     EXPECT_STREQ(network("lab")->getBssid(), "00:00:00:00:00:00");
@@ -266,6 +278,7 @@ TEST_F(Load, ReadsNothingFromScanLinesThatAreNotTheSsidAsAWhole) {
     EXPECT_EQ(network("lab")->getNetworkMode(), NETWORK_MODE_UNKNOWN);
 }
 
+// LOAD-3
 TEST_F(Load, KeepsTwoAdaptersAndUsesTheFirst) {
     standIn.on({"interface"}).prints(test::ADAPTER_HEADER + "wlan7\nwlan0\nwlan1\n");
     standIn.on({"*"}).prints("");

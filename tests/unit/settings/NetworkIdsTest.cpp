@@ -100,12 +100,14 @@ protected:
 
 using StaleNetworkIds = NetworkIds;
 
+// ID-1
 TEST_F(StaleNetworkIds, AreNoneThatCountingGives) {
     load(0, "home");
     load(1, "work");
     EXPECT_FALSE(areStaleAfterASave());
 }
 
+// ID-1
 TEST_F(StaleNetworkIds, HadGaps) {
     load(0, "home");
     load(2, "work");
@@ -131,6 +133,7 @@ TEST_F(StaleNetworkIds, FollowANetworkThatIsNotInMemory) {
     EXPECT_TRUE(areStaleAfterASave());
 }
 
+// ID-1
 TEST_F(StaleNetworkIds, ComeOfAnAddition) {
     load(0, "home");
     WifiNetwork* const work = add(1, "work");
@@ -139,6 +142,7 @@ TEST_F(StaleNetworkIds, ComeOfAnAddition) {
     EXPECT_TRUE(areStaleAfterASave());
 }
 
+// ID-1
 TEST_F(StaleNetworkIds, ComeOfARemoval) {
     load(0, "home");
     const WifiNetwork* const work = load(1, "work");
@@ -147,6 +151,7 @@ TEST_F(StaleNetworkIds, ComeOfARemoval) {
     EXPECT_TRUE(areStaleAfterASave());
 }
 
+// ID-1
 TEST_F(StaleNetworkIds, ComeOfAChangeBeforeALoad) {
     ids.removed(*load(1, "work"));
     ids.forget();
@@ -157,6 +162,7 @@ TEST_F(StaleNetworkIds, ComeOfAChangeBeforeALoad) {
     EXPECT_FALSE(areStaleAfterASave()) << "saved by then";
 }
 
+// ID-1
 TEST_F(StaleNetworkIds, ComeOfANetworkThatTheFileMayNotHold) {
     WifiNetwork* const home = load(0, "home", KeyState());
     load(1, "work");
@@ -169,6 +175,7 @@ TEST_F(StaleNetworkIds, ComeOfANetworkThatTheFileMayNotHold) {
     EXPECT_FALSE(areStaleAfterASave()) << "it has a key";
 }
 
+// ID-1
 TEST_F(StaleNetworkIds, ComeOfAnAdapterThatCouldNotSave) {
     load(0, "home");
     EXPECT_TRUE(areStaleAfterASave(false));
@@ -184,6 +191,7 @@ TEST_F(StaleNetworkIds, AreFreshAfterALoad) {
     EXPECT_THAT(standIn.calls(), IsEmpty());
 }
 
+// ID-5
 TEST_F(StaleNetworkIds, ShowInAnAdditionThatGetsOneOfThem) {
     const WifiNetwork* const home = load(0, "home");
     const WifiNetwork* const work = load(1, "work");
@@ -299,6 +307,7 @@ TEST_F(NetworkIds, AreFoundBehindTheLinesThatLoadingReads) {
     EXPECT_EQ(idOf(last), 254);
 }
 
+// ID-4
 TEST_F(NetworkIds, AreFoundByTheSsidThatTheSupplicantKnows) {
     WifiNetwork* const edited = load(1, "home");
     edited->setSsid("new home");
@@ -353,6 +362,7 @@ TEST_F(NetworkIds, TellNetworksWithoutAnSsidFromThoseThatLookLikeIt) {
     EXPECT_EQ(idOf(nameless), 1);
 }
 
+// ID-4
 TEST_F(NetworkIds, GoByTheirPlaceAmongNetworksWithOneSsid) {
     const WifiNetwork* const first = load(1, "home");
     list(3, "home");
@@ -366,6 +376,7 @@ TEST_F(NetworkIds, GoByTheirPlaceAmongNetworksWithOneSsid) {
 }
 
 // Any of them may be the one that is gone.
+// ID-4
 TEST_F(NetworkIds, AreUnknownWhereOneOfSeveralWithTheSsidIsGone) {
     const WifiNetwork* const home = load(0, "home");
     list(1, "home");

@@ -96,11 +96,13 @@ Texts keysWith(const Texts& wepKeys) {
     return keys;
 }
 
+// LOAD-15
 TEST(NetworkKeys, AreAskedForInOrder) {
     EXPECT_THAT(keysAskedFor({}), ElementsAreArray(KEYS));
     EXPECT_THAT(keysAskedFor({{"key_mgmt", "WPA-PSK"}}), ElementsAreArray(KEYS));
 }
 
+// LOAD-17
 TEST(NetworkKeys, OfWepAreAskedForWhereTheKeyManagementKnowsThem) {
     const Texts index = {"wep_tx_keyidx"};
     const Texts all = {"wep_tx_keyidx", "wep_key0", "wep_key1", "wep_key2", "wep_key3"};
@@ -118,6 +120,7 @@ TEST(NetworkKeys, OfWepAreAskedForWhereTheKeyManagementKnowsThem) {
     }
 }
 
+// LOAD-10
 TEST(NetworkKeys, WithoutValuesLeaveWhatTheSupplicantTakesThen) {
     WifiNetwork untouched;
     WifiNetwork network;
@@ -131,6 +134,7 @@ TEST(NetworkKeys, WithoutValuesLeaveWhatTheSupplicantTakesThen) {
 }
 
 // What was there before stays where there is no value, but for the four sets and the BSSID.
+// LOAD-10
 TEST(NetworkKeys, WithoutValuesChangeNothingElse) {
     WifiNetwork network;
     for (const test::TextRow& row : test::textRows())
@@ -160,6 +164,7 @@ struct Row {
     Texts fields;
 };
 
+// LOAD-13
 TEST(NetworkKeys, FillOneFieldEach) {
     const std::string longest(127, 'v');
     const Row rows[] = {

@@ -104,6 +104,7 @@ TEST_F(OtherLocks, AreNoneForALookupAndForTheAdapters) {
     EXPECT_THAT(test::eventsOf([&] { settings.getNetwork("wlan0", "home"); }), IsEmpty());
 }
 
+// OP-7
 TEST_F(OtherLocks, AreLeftHeldByTheSsidsWhenANetworkHasNone) {
     WifiHostSettings& settings = loaded.load("0\thome\tany\t\n1\twork\tany\t\n");
     const SettingsMutexes locks(settings);

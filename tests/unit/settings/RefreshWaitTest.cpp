@@ -25,6 +25,7 @@ protected:
 };
 
 // A thread that only tried the lock now and then would never find it free in a busy program.
+// PEER-1
 TEST_F(RefreshWait, GoesOnForAWhileAndLeavesTheReloadOwed) {
     WifiHostSettings& settings = loaded.load("0\thome\tany\t\n");
     settings.lockSettings();

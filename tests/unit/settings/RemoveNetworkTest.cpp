@@ -39,6 +39,7 @@ TEST_F(RemoveNetwork, RemovesItFromTheSupplicantAndFromMemory) {
     EXPECT_THAT(ssidsOf(settings), IsEmpty());
 }
 
+// OP-3
 TEST_F(RemoveNetwork, SucceedsWithoutACommandWhenThereIsNoneLikeIt) {
     WifiHostSettings& settings = loaded.load(NETWORKS);
     loaded.answer("FAIL\n", 1);

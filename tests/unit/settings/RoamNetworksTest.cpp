@@ -25,6 +25,7 @@ protected:
     test::LoadedSettings loaded;
 };
 
+// OP-6
 TEST_F(RoamNetworks, DisconnectsEnablesEveryNetworkAndReassociates) {
     WifiHostSettings& settings = loaded.load(NETWORKS, "ssid=home\nwpa_state=COMPLETED\n");
     loaded.answer("OK\n");
@@ -46,6 +47,7 @@ TEST_F(RoamNetworks, ChangesNothingInMemory) {
     EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_ENABLED) << "it was the current one";
 }
 
+// LOAD-3
 TEST_F(RoamNetworks, AsksTheAdapterThatItIsGiven) {
     WifiHostSettings& settings = loaded.load(NETWORKS);
     loaded.answer("OK\n");
@@ -82,6 +84,7 @@ TEST_F(RoamNetworks, TellsWhetherItCouldReassociate) {
     EXPECT_EQ(loaded.commands(), ROAMING);
 }
 
+// OP-6
 TEST_F(RoamNetworks, DisconnectsAndReassociatesWithoutNetworks) {
     WifiHostSettings& empty = loaded.load("");
     loaded.answer("OK\n");

@@ -39,6 +39,7 @@ protected:
     }
 };
 
+// SAVE-3
 TEST_F(SaveTwoAdapters, WritesToTheFirstSavesAndReadsBothAgain) {
     script("OK\n", "OK\n");
     EXPECT_THAT(saveGiving(1), ElementsAre(priority("0", "5"), SAVE, wlan1({"save_config"}), REREAD,
@@ -46,6 +47,7 @@ TEST_F(SaveTwoAdapters, WritesToTheFirstSavesAndReadsBothAgain) {
     EXPECT_EQ(FakeWatchdog::signals, 1);
 }
 
+// SAVE-2
 TEST_F(SaveTwoAdapters, SucceedsWhenTheSecondIsSaved) {
     script("FAIL\n", "OK\n");
     EXPECT_THAT(saveGiving(1), ElementsAre(priority("0", "5"), SAVE, wlan1({"save_config"}), REREAD,
@@ -63,6 +65,7 @@ TEST_F(SaveTwoAdapters, ReadsTheSecondAgainWhenTheFirstRefuses) {
     EXPECT_EQ(FakeWatchdog::signals, 1);
 }
 
+// SAVE-2
 TEST_F(SaveTwoAdapters, FailsWhenTheSecondIsNotSaved) {
     script("OK\n", "FAIL\n");
     EXPECT_THAT(saveGiving(0), ElementsAre(priority("0", "5"), SAVE, wlan1({"save_config"})));

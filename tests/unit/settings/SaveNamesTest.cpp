@@ -22,6 +22,7 @@ TEST_F(SaveFields, WritesAnEmptySsid) {
     EXPECT_THAT(dirty(), IsEmpty());
 }
 
+// SAVE-6
 TEST_F(SaveFields, LeavesAnUnsetSsidDirty) {
     network.setSsid("home");
     EXPECT_THAT(saveAfter([](WifiNetwork& edited) { edited.setSsid(nullptr); }), IsEmpty());
@@ -36,6 +37,7 @@ TEST_F(SaveFields, WritesNoSsidAndNoBssidThatIsClean) {
     EXPECT_THAT(saveAfter([](WifiNetwork&) {}), IsEmpty());
 }
 
+// SAVE-10
 TEST_F(SaveFields, WritesTheBssidAndTellsTheSupplicantsOwnCommand) {
     const struct {
         const char* bssid;

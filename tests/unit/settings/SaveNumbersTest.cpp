@@ -32,6 +32,7 @@ const Number MODE = {"networkMode", "mode", [](WifiNetwork& n, unsigned int valu
 const Number WEP_INDEX = {"wepIndex", "wep_tx_keyidx",
                           [](WifiNetwork& n, unsigned int value) { n.setWepIndex(value); }};
 
+// SAVE-11
 TEST_F(SaveFields, WritesNumbersInDecimal) {
     const struct {
         const Number& field;
@@ -70,6 +71,7 @@ TEST_F(SaveFields, WritesNoNumberThatIsClean) {
     EXPECT_THAT(saveAfter([](WifiNetwork&) {}), IsEmpty());
 }
 
+// SAVE-6
 TEST_F(SaveFields, LeavesTheChannelAlone) {
     EXPECT_THAT(saveAfter([](WifiNetwork& edited) { edited.setChannel(11); }), IsEmpty());
     EXPECT_THAT(dirty(), ElementsAre("channel"));

@@ -82,6 +82,7 @@ TEST_F(SaveAllFields, WritesEverythingInOneOrder) {
     EXPECT_THAT(save(), IsEmpty()) << "once";
 }
 
+// SAVE-2
 TEST_F(SaveAllFields, GoesOnAfterRefusalsAndClearsTheFlagsAllTheSame) {
     EXPECT_EQ(save("FAIL\n"), everything());
     EXPECT_THAT(dirty(), ElementsAre("channel"));

@@ -57,6 +57,7 @@ const Set SETS[] = {
     {"protocol", "proto", &N::setProtocol, {{1, "WPA"}, {2, "RSN"}}, {3, 4}},
 };
 
+// SAVE-5
 TEST_F(SaveFields, WriteTheOneWordOfASet) {
     for (const Set& set : SETS) {
         for (const Named& named : set.words) {
@@ -71,6 +72,7 @@ TEST_F(SaveFields, WriteTheOneWordOfASet) {
     }
 }
 
+// SAVE-5, SAVE-7
 TEST_F(SaveFields, WriteNothingForASetWithoutAWordButClearItsFlag) {
     for (const Set& set : SETS) {
         for (const unsigned int number : set.wordless) {
@@ -82,6 +84,7 @@ TEST_F(SaveFields, WriteNothingForASetWithoutAWordButClearItsFlag) {
     }
 }
 
+// SAVE-6
 TEST_F(SaveFields, LeaveASetDirtyThatWasEmptied) {
     for (const Set& set : SETS) {
         SCOPED_TRACE(set.key);

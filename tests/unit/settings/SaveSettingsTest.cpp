@@ -12,6 +12,7 @@ Arguments priority(const std::string& id, const std::string& value) {
     return {"/proc/boot/wpa_cli", "-iwlan0", "set_network", id, "priority", value};
 }
 
+// SAVE-1
 TEST_F(SaveSettings, RunsNothingWhenNothingHasChanged) {
     load({"home", "work"});
     EXPECT_THAT(saveGiving(1), IsEmpty());
@@ -37,6 +38,7 @@ TEST_F(SaveSettings, WritesTheNetworkAddedLastFirst) {
                             priority("0", "5"), SAVE, REREAD));
 }
 
+// NET-8
 TEST_F(SaveSettings, SkipsANetworkWhoseAnonymousIdentityAloneHasChanged) {
     load({"home"});
     network("home").setEAPAnonymousIdentity("nobody");
@@ -51,6 +53,7 @@ TEST_F(SaveSettings, SkipsANetworkWhoseAnonymousIdentityAloneHasChanged) {
 }
 
 // Such a network counts as written each time.
+// SAVE-6
 TEST_F(SaveSettings, SavesAgainWhileAFieldStaysDirtyThatCannotBeWritten) {
     load({"home"});
     network("home").setChannel(11);
@@ -84,6 +87,7 @@ TEST_F(SaveSettings, SavesAfterAnAddition) {
     EXPECT_THAT(saveGiving(1), IsEmpty()) << "valid again";
 }
 
+// SAVE-2
 TEST_F(SaveSettings, WhoseFieldsAreRefusedSucceedsAllTheSame) {
     load({"home"});
     standIn.reset();
@@ -117,6 +121,7 @@ TEST_F(SaveSettings, ThatFailsLeavesAnInvalidListInvalid) {
     EXPECT_THAT(saveGiving(1), IsEmpty());
 }
 
+// SAVE-4
 TEST_F(SaveSettings, WhoseReReadingIsRefusedSucceedsAllTheSame) {
     load({"home", "work"});
     ASSERT_TRUE(settings->removeNetwork("wlan0", "home"));
@@ -136,6 +141,7 @@ TEST_F(SaveSettings, RunsWithoutAWatchdog) {
     EXPECT_EQ(FakeWatchdog::signals, 0);
 }
 
+// SAVE-1
 TEST_F(SaveSettings, WithoutNetworksSucceedsAndRunsNothing) {
     load({}, ""); // no adapter: loading fails
     EXPECT_THAT(saveGiving(1), IsEmpty());

@@ -54,6 +54,7 @@ TEST_F(SaveWithStaleNumbers, DoesNotAskWithoutAFieldToWrite) {
     EXPECT_THAT(saveGiving(1), IsEmpty());
 }
 
+// ID-3, SAVE-13
 TEST_F(SaveWithStaleNumbers, SkipsANetworkThatTheSupplicantDoesNotName) {
     makeStale();
     scriptList({"train"});
@@ -80,6 +81,7 @@ TEST_F(SaveWithStaleNumbers, SavesARemovalBesideANetworkThatItSkips) {
     EXPECT_THAT(saveGiving(0), ElementsAre(LIST)) << "the removal is saved";
 }
 
+// SAVE-12
 TEST_F(SaveWithStaleNumbers, FailsAndWritesNothingWhenTheSupplicantDoesNotAnswer) {
     makeStale();
     standIn.reset();

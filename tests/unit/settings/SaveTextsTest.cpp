@@ -63,6 +63,7 @@ std::vector<Text> allTexts() {
     return texts;
 }
 
+// TEXT-4
 TEST_F(SaveFields, WritesATextAndClearsItsFlag) {
     for (const Text& text : allTexts()) {
         SCOPED_TRACE(text.name);
@@ -75,6 +76,7 @@ TEST_F(SaveFields, WritesATextAndClearsItsFlag) {
     }
 }
 
+// SAVE-8
 TEST_F(SaveFields, WritesATextThatWasUnsetAsAnEmptyOne) {
     for (const Text& text : allTexts()) {
         SCOPED_TRACE(text.name);
@@ -88,6 +90,7 @@ TEST_F(SaveFields, WritesATextThatWasUnsetAsAnEmptyOne) {
     }
 }
 
+// SAVE-8
 TEST_F(SaveFields, WritesAnEmptyTextAsAnEmptyOne) {
     for (const Text& text : allTexts()) {
         SCOPED_TRACE(text.name);
@@ -107,6 +110,7 @@ TEST_F(SaveFields, WritesNoTextThatIsClean) {
     EXPECT_THAT(saveAfter([](WifiNetwork&) {}), IsEmpty());
 }
 
+// SAVE-9
 TEST_F(SaveFields, WritesNoMaskButClearsTheFlag) {
     for (const Text& secret : SECRETS) {
         SCOPED_TRACE(secret.name);

@@ -17,6 +17,7 @@ struct Conversion {
     unsigned int number;
 };
 
+// LOAD-19
 TEST(ScanChannel, IsThatOfTheFrequency) {
     const Conversion rows[] = {
         {"2412", 1}, {"2417", 2}, {"2422", 3}, {"2427", 4},  {"2432", 5},  {"2437", 6},
@@ -26,6 +27,7 @@ TEST(ScanChannel, IsThatOfTheFrequency) {
         EXPECT_EQ(channelAt(row.text), row.number) << row.text;
 }
 
+// LOAD-19
 TEST(ScanChannel, IsSixForAnyOtherFrequency) {
     for (const char* text :
          {"2467", "2472", "2484", "5180", "5825", "2407", "2411", "2413", "2416", "2461", "2463",
@@ -33,6 +35,7 @@ TEST(ScanChannel, IsSixForAnyOtherFrequency) {
         EXPECT_EQ(channelAt(text), 6U) << text;
 }
 
+// LOAD-20
 TEST(ScanStrength, IsZeroToHundredFrom160To210) {
     const Conversion rows[] = {
         {"160", 0},  {"161", 2},  {"165", 10}, {"170", 20}, {"173", 26}, {"180", 40}, {"184", 48},
@@ -50,6 +53,7 @@ TEST(ScanStrength, RisesByTwoAStep) {
     }
 }
 
+// LOAD-20
 TEST(ScanStrength, IsFullAboveAndBelowTheScale) {
     for (const char* text : {"211", "255", "2147483647", "99999999999", "159", "120", "1", "0",
                              "-30", "-95", "-2147483648", "-99999999999", "garbage", ""})

@@ -68,6 +68,7 @@ const Operation OPERATIONS[] = {
 class OperationOnStaleNumbers : public StaleNumbers,
                                 public testing::WithParamInterface<Operation> {};
 
+// ID-1
 TEST_P(OperationOnStaleNumbers, ConfirmsThemOnce) {
     WifiHostSettings& settings = saved();
     EXPECT_TRUE(GetParam().run(settings));
@@ -92,6 +93,7 @@ TEST_P(OperationOnStaleNumbers, FailsWithoutItsCommandWhenTheSupplicantDoesNotAn
 INSTANTIATE_TEST_SUITE_P(Every, OperationOnStaleNumbers, testing::ValuesIn(OPERATIONS),
                          [](const auto& test) { return std::string(test.param.name); });
 
+// ID-3
 TEST_F(StaleNumbers, AreNotUsedForANetworkThatIsNotListed) {
     WifiHostSettings& settings = saved();
     nowListed("0\tcafe\tany\t\n");
@@ -107,6 +109,7 @@ TEST_F(StaleNumbers, AreNotUsedForANetworkThatIsNotListed) {
                 ElementsAre(LIST, "-iwlan0 select 4", "-iwlan0 remove_network 4"));
 }
 
+// ID-6
 TEST_F(StaleNumbers, LetRoamingEnableTheNetworksThatAreListed) {
     WifiHostSettings& settings = saved();
     nowListed("0\tcafe\tany\t\n");
@@ -176,6 +179,7 @@ TEST_F(StaleNumbers, ComeOfAnAdditionToo) {
 }
 
 // A network that needs a key and has none is left out of the file.
+// ID-2
 TEST_F(StaleNumbers, ComeOfAKeyManagementWithoutItsKey) {
     WifiHostSettings& settings = loaded.load("0\thome\tany\t\n1\twork\tany\t\n2\tcafe\tany\t\n");
     loaded.answer("OK\n");
@@ -200,6 +204,7 @@ TEST_F(StaleNumbers, ComeOfAKeyManagementWithoutItsKey) {
     EXPECT_TRUE(settings.getNetwork("wlan0", "home")->getPriorityDirty());
 }
 
+// ID-2
 TEST_F(StaleNumbers, ComeOfAKeyThatTheSupplicantRefuses) {
     WifiHostSettings& settings = loaded.load("0\thome\tany\t\n1\twork\tany\t\n");
     loaded.standIn.on({"-iwlan0", "set_network", "0", "psk", "\"short\""}).prints("FAIL\n");
@@ -276,6 +281,7 @@ TEST_F(StaleNumbers, AreNotThoseOfALongSsid) {
 }
 
 // An id that does not fit would be that of another network; what is no number, that of network 0.
+// LOAD-6
 TEST_F(StaleNumbers, AreThoseThatALoadCannotHold) {
     for (const char* const id : {"256", "300", "x", "-1"}) {
         SCOPED_TRACE(id);

@@ -89,6 +89,7 @@ TEST_F(StatusNumbers, AreThoseOfWholeLines) {
 }
 
 // Nothing tells of other numbers: a network keeps the one it has.
+// ID-7
 TEST_F(StatusNumbers, AreNotTakenWithoutASave) {
     loadBoth();
     EXPECT_TRUE(refresh("0\twork\tany\t[DISABLED]\n1\thome\tany\t\n"));

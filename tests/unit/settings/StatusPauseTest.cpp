@@ -40,6 +40,7 @@ protected:
     }
 };
 
+// STATUS-1
 TEST_F(StatusPause, BeginsWithTheFirstLoad) {
     load(HOME);
     replies(HOME);
@@ -76,6 +77,7 @@ TEST_F(StatusPause, BeginsAnewWithEveryRefreshThatWasNotSkipped) {
     expectRun(refreshAfter(60000));
 }
 
+// STATUS-1
 TEST_F(StatusPause, IsOverAfterAReloadOfEverything) {
     load(HOME);
     load(HOME);
@@ -94,6 +96,7 @@ TEST_F(StatusPause, CountsFromTheZeroOfTheClockAfterAReloadOfEverything) {
     expectRun(refreshNow());
 }
 
+// STATUS-1
 TEST_F(StatusPause, FollowsAFailureToo) {
     load(HOME);
     standIn.on({"*"}).exits(255);
@@ -105,6 +108,7 @@ TEST_F(StatusPause, FollowsAFailureToo) {
     EXPECT_THAT(commands(), ElementsAre(LIST, LIST));
 }
 
+// STATUS-1
 TEST_F(StatusPause, CountsFromBeforeTheQueries) {
     load(HOME);
     test::Checkpoint checkpoint("/tmp/checkpoint");

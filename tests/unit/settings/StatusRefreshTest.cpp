@@ -90,6 +90,7 @@ TEST_F(StatusRefresh, FindsANetworkByItsNumber) {
     }
 }
 
+// STATUS-8
 TEST_F(StatusRefresh, TakesWhatIsNoNumberForTheFirstNetwork) {
     loadBoth();
     setStatus("home", NETWORK_STATUS_CONNECTED);
@@ -103,6 +104,7 @@ TEST_F(StatusRefresh, LetsTheLastLineOfANetworkCount) {
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
 }
 
+// STATUS-6
 TEST_F(StatusRefresh, TakesTheFirst32Lines) {
     std::string list;
     for (int i = 0; i < 31; ++i)
@@ -217,6 +219,7 @@ TEST_F(StatusRefresh, DoesWithoutAScan) {
 }
 
 // What has been read until then stays; nothing more is asked, and no current network released.
+// STATUS-7
 TEST_F(StatusRefresh, EndsAtALineWithoutAnyField) {
     for (const char* const line : {" ", "\t", "\t \t "}) {
         SCOPED_TRACE(line);

@@ -46,6 +46,7 @@ TEST_F(StatusScan, UpdatesTheNetworkWhoseSsidALineHolds) {
 }
 
 // Unlike loading, which takes a line for a network's only when it is the SSID and nothing else.
+// STATUS-4
 TEST_F(StatusScan, FindsTheSsidAnywhereInTheLine) {
     for (const char* const line :
          {"a:b\t2412\t160\t[ESS]\thome", "a:b\t2412\t160\t[ESS]\tmy home is here",
@@ -71,6 +72,7 @@ TEST_F(StatusScan, IsNotWhatALoadFinds) {
     expect("home", "a:b", 1, 0, NETWORK_MODE_MANAGED);
 }
 
+// STATUS-4
 TEST_F(StatusScan, UpdatesAShortNameThatIsPartOfALongerOneToo) {
     record("work")->setSsid("home-2");
     const std::string line = "a:b\t2412\t160\t[ESS]\thome-2\n";
@@ -108,6 +110,7 @@ TEST_F(StatusScan, LeavesNetworksThatWereNotReceived) {
     expectOld("home");
 }
 
+// STATUS-6
 TEST_F(StatusScan, TakesTheFirst32Lines) {
     std::string lines;
     for (int i = 0; i < 31; ++i)
@@ -135,6 +138,7 @@ TEST_F(StatusScan, DoesNotTouchStatuses) {
 }
 
 // They are set like any other change, so the next save writes them.
+// STATUS-5
 TEST_F(StatusScan, LeavesChangesToBeSaved) {
     record("home")->cleanDirtyFields();
     record("work")->cleanDirtyFields();

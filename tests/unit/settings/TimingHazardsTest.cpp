@@ -140,6 +140,7 @@ TEST_F(TimingHazards, UnloadEndsThoughTheReloadOfTheRefreshThreadFails) {
     checkpoint.letGo();
 }
 
+// OP-10
 TEST_F(TimingHazards, UnloadEndsThoughARefreshIsDue) {
     host.answers({"home"});
     WifiHostSettings::getInstance(nullptr);

@@ -36,6 +36,7 @@ protected:
     test::LoadedHost host;
 };
 
+// OP-9
 TEST_F(Unload, LeavesTheInstanceAtItsAddress) {
     WifiHostSettings* const settings = WifiHostSettings::getInstance(nullptr);
     WifiHostSettings::unload();
@@ -91,6 +92,7 @@ const Call CALLS[] = {
 class CallAfterUnload : public Unload, public testing::WithParamInterface<Call> {};
 
 // As for a thread that got the instance just before another one unloaded it.
+// OP-9
 TEST_P(CallAfterUnload, FindsTheSettingsLoadedAgainOnce) {
     WifiHostSettings& settings = *WifiHostSettings::getInstance(nullptr);
     WifiHostSettings::unload();
@@ -115,6 +117,7 @@ TEST_F(Unload, WaitsForTheHolderOfTheLocks) {
     EXPECT_TRUE(settings.connectNetwork("wlan0", "home")) << "loaded again";
 }
 
+// OP-9
 TEST_F(Unload, MayBeCalledByTheHolderOfTheLocksWhileAnotherThreadUnloads) {
     WifiHostSettings& settings = *WifiHostSettings::getInstance(nullptr);
     settings.lockSettings();
@@ -175,6 +178,7 @@ TEST_F(Unload, OfTheDriverIsForgottenByNoCallThatFollows) {
     EXPECT_THAT(test::toStrings(lines), ElementsAre("wpa_state=COMPLETED")) << "probed again";
 }
 
+// STATUS-2
 TEST_F(Unload, DoesNotKeepAStatusThatWasJustRefreshedWaitingForALock) {
     WifiHostSettings& settings = *WifiHostSettings::getInstance(nullptr);
     std::promise<void> asked;

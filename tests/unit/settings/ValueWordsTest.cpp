@@ -19,6 +19,7 @@ void expectRows(unsigned int (*meaningOf)(const char*), const Rows& rows) {
         EXPECT_EQ(meaningOf(row.value), row.meaning) << row.value;
 }
 
+// LOAD-16
 TEST(KeyManagementWord, IsTheFirstInOrder) {
     const Row rows[] = {
         {"WPA-NONE", KEY_MGMT_WPA_NONE},
@@ -40,6 +41,7 @@ TEST(KeyManagementWord, IsTheFirstInOrder) {
     expectRows(keyManagementIn, rows);
 }
 
+// LOAD-16
 TEST(EapModeWord, IsTheFirstInOrder) {
     const Row rows[] = {
         {"TTLS", EAP_TTLS},
@@ -71,6 +73,7 @@ TEST(EapModeWord, IsTheFirstInOrder) {
     expectRows(eapModeIn, rows);
 }
 
+// LOAD-18
 TEST(AuthAlgWord, IsTheFirstInOrderOrElseAuto) {
     const Row rows[] = {
         {"OPEN", AUTH_ALG_OPEN},          {"SHARED", AUTH_ALG_SHARED},
@@ -81,6 +84,7 @@ TEST(AuthAlgWord, IsTheFirstInOrderOrElseAuto) {
     expectRows(authAlgIn, rows);
 }
 
+// LOAD-16
 TEST(PairwiseWords, AllCount) {
     const Row rows[] = {
         {"TKIP", PAIRWISE_TKIP},
@@ -94,6 +98,7 @@ TEST(PairwiseWords, AllCount) {
     expectRows(pairwiseCiphersIn, rows);
 }
 
+// LOAD-16
 TEST(GroupWords, AllCount) {
     const Row rows[] = {
         {"TKIP", GROUP_TKIP},
@@ -109,6 +114,7 @@ TEST(GroupWords, AllCount) {
     expectRows(groupCiphersIn, rows);
 }
 
+// LOAD-16
 TEST(ProtocolWords, AllCount) {
     const Row rows[] = {
         {"WPA", PROTOCOL_WPA},  {"RSN", PROTOCOL_RSN}, {"WPA RSN", PROTOCOL_WPA | PROTOCOL_RSN},

@@ -50,6 +50,7 @@ std::string line(const std::string& id, const std::string& ssid, const std::stri
 }
 
 // Every length that a line can have, and more, with every column and every escape cut somewhere.
+// LOAD-2
 TEST(WholeLines, OfAListAreThoseThatTheClientPrinted) {
     const std::string flags[] = {"", "[CURRENT]", "[DISABLED]", "[TEMP-DISABLED][P2P-PERSISTENT]"};
     const std::string bssids[] = {"any", "02:00:00:00:01:00", "12:34:56:78:90:12"};
@@ -105,6 +106,7 @@ TEST(WholeLines, PassOverNullEntries) {
     EXPECT_THAT(platwifi::wholeListLines(ReplyLines(3)), IsEmpty());
 }
 
+// LOAD-2
 TEST(WholeLines, OfAScanBeginWithABssid) {
     const std::string start = "02:00:00:00:01:00\t2412\t-30\t[WPA2-PSK-CCMP][ESS]\t";
     const std::string other = "aa:BB:00:00:01:0f\t2412\t-30\t\tx";
@@ -121,6 +123,7 @@ TEST(WholeLines, OfAScanBeginWithABssid) {
     }
 }
 
+// LOAD-2
 TEST(WholeLines, OfAStatusBeginWithAKey) {
     // 32 bytes: up to 128 characters, and whatever escape is cut.
     for (std::size_t plain = 0; plain <= 32; ++plain)

@@ -53,6 +53,7 @@ TEST_F(XmlDocument, AfterAFailureTellsOfNoAdapterAndNoNetworks) {
     EXPECT_THAT(reported.loaded.commands(), IsEmpty());
 }
 
+// XML-3
 TEST_F(XmlDocument, WithoutAnAdapterAsksForTheSupplicantOfAny) {
     reported.fail();
     const char* const pidFile = "/var/run/wpa_supplicant.pid";
@@ -62,6 +63,7 @@ TEST_F(XmlDocument, WithoutAnAdapterAsksForTheSupplicantOfAny) {
     EXPECT_THAT(reported.xml(FULL), HasSubstr(R"( adapter="Unknown" wifiEnabled="false" )"));
 }
 
+// XML-4
 TEST_F(XmlDocument, WithoutAnAdapterTellsTheStateInMemory) {
     reported.fail();
     reported.settings->*memberOf(SupplicantState{}) = WPA_STATE_ASSOCIATED;
@@ -74,11 +76,13 @@ TEST_F(XmlDocument, WithoutAnAdapterTellsTheStateInMemory) {
 )");
 }
 
+// XML-3
 TEST_F(XmlDocument, TellsThatTheSupplicantDoesNotRun) {
     reported.answerStatus("wpa_state=INACTIVE\n", "1 init\n");
     EXPECT_THAT(reported.xml(FULL), HasSubstr(R"( wifiEnabled="false" currentDaemonState="2" )"));
 }
 
+// XML-2
 TEST_F(XmlDocument, TellsTheStateOfTheMoment) {
     const char* const states[] = {
         "ODD",        "DISCONNECTED",   "INACTIVE",        "SCANNING", "ASSOCIATING",
@@ -98,6 +102,7 @@ TEST_F(XmlDocument, TellsTheStateUnknownWhenTheSupplicantDoesNotAnswer) {
     EXPECT_THAT(reported.xml(FULL), HasSubstr(R"( wifiEnabled="false" currentDaemonState="0" )"));
 }
 
+// XML-2
 TEST_F(XmlDocument, TellsTheNetworkThatTheSupplicantIsOnByNow) {
     reported.add("home");
     reported.add("work");
@@ -133,6 +138,7 @@ TEST_F(XmlDocument, TellsACurrentNetworkWithoutSsid) {
 )");
 }
 
+// XML-5
 TEST_F(XmlDocument, ListsTheNetworkAddedLastFirst) {
     for (const char* const ssid : {"home", "work", "train"})
         reported.add(ssid);
@@ -160,6 +166,7 @@ TEST_F(XmlDocument, ListsTheNetworkAddedLastFirst) {
 )");
 }
 
+// XML-5
 TEST_F(XmlDocument, InShortHasAllNetworksOnOneLine) {
     WifiNetwork& home = reported.add("home");
     home.setStrength(83);
@@ -179,6 +186,7 @@ TEST_F(XmlDocument, InShortHasAllNetworksOnOneLine) {
 )");
 }
 
+// XML-1
 TEST_F(XmlDocument, BringsTheStatusOfTheNetworksUpToDateFirst) {
     reported.loadForRefresh("0\thome\tany\t\n");
     reported.loaded.standIn.on({"-iwlan0", "list_networks"})
@@ -193,6 +201,7 @@ TEST_F(XmlDocument, AsksWhetherTheSupplicantRunsBeforeItAsksForTheStatus) {
     EXPECT_THAT(reported.loaded.commands(), ElementsAre("-iwlan0 arg", "-iwlan0 status"));
 }
 
+// XML-1
 TEST_F(XmlDocument, IsWrittenAlsoWhenTheStatusCannotBeBroughtUpToDate) {
     reported.loadForRefresh("0\thome\tany\t\n");
     EXPECT_THAT(reported.xml(SHORT), HasSubstr(R"(ssid="home" strength="0" status="1"/>)"));

@@ -53,6 +53,7 @@ TEST_F(XmlNetwork, IsDescribed) {
 )"));
 }
 
+// XML-14
 TEST_F(XmlNetwork, HasUnsignedNumbers) {
     network.setNetworkMode(UCHAR_MAX);
     network.setChannel(UINT_MAX);
@@ -70,6 +71,7 @@ TEST_F(XmlNetwork, HasUnsignedNumbers) {
 )"));
 }
 
+// XML-10
 TEST_F(XmlNetwork, WithoutEncryptionIsOfferedOpenWithNothingToConfigure) {
     fill(network);
     network.setProtocol(PROTOCOL_WPA | PROTOCOL_RSN);
@@ -85,6 +87,7 @@ TEST_F(XmlNetwork, WithoutEncryptionIsOfferedOpenWithNothingToConfigure) {
 )"));
 }
 
+// XML-15
 TEST_F(XmlNetwork, WithWepTellsItsKeysInPlain) {
     fill(network);
     network.setProtocol(PROTOCOL_WPA | PROTOCOL_RSN);
@@ -106,6 +109,7 @@ TEST_F(XmlNetwork, WithWepTellsItsKeysInPlain) {
 )"));
 }
 
+// XML-13
 TEST_F(XmlNetwork, WithWepAndNothingSetCountsItsKeysFromOne) {
     network.setProtocol(PROTOCOL_WPA | PROTOCOL_RSN);
     setCiphers(0, GROUP_WEP104);
@@ -160,6 +164,7 @@ struct Enterprise {
 
 const Enterprise ENTERPRISE[] = {{PROTOCOL_WPA, "wpa", "1"}, {PROTOCOL_RSN, "wpa2", "2"}};
 
+// XML-12
 TEST_F(XmlNetwork, WithWpaAndNothingSetHasEmptyAttributes) {
     network.setKeyManagement(KEY_MGMT_WPA_EAP);
     setCiphers(PAIRWISE_TKIP, GROUP_TKIP | GROUP_CCMP);
@@ -188,6 +193,7 @@ TEST_F(XmlNetwork, WithWpaAndNothingSetHasEmptyAttributes) {
     }
 }
 
+// XML-18
 TEST_F(XmlNetwork, WithAPreSharedKeyThatIsNotSetHasAnEmptyOne) {
     network.setKeyManagement(KEY_MGMT_WPA_PSK);
     network.setProtocol(PROTOCOL_WPA);
@@ -205,6 +211,7 @@ TEST_F(XmlNetwork, WithAPreSharedKeyThatIsNotSetHasAnEmptyOne) {
 )"));
 }
 
+// XML-11
 TEST_F(XmlNetwork, WithAPreSharedKeyForWpa2DoesNotTellItsKeyManagement) {
     network.setKeyManagement(KEY_MGMT_WPA_PSK);
     network.setProtocol(PROTOCOL_RSN);
@@ -222,6 +229,7 @@ TEST_F(XmlNetwork, WithAPreSharedKeyForWpa2DoesNotTellItsKeyManagement) {
 )"));
 }
 
+// XML-19
 TEST_F(XmlNetwork, HasAnyTextInItsAttributes) {
     network.setSsid("<caf\xC3\xA9> & \"\xF0\x9F\x98\x80\"\t'\n");
     network.setBssid("\xFF\x01\xC3 any");

@@ -125,6 +125,7 @@ TEST_F(XmlSecrets, AreEncipheredForEveryType) {
     EXPECT_EQ(errorId(), "");
 }
 
+// XML-15
 TEST_F(XmlSecrets, AreEncipheredAnewEachTime) {
     network->setProtocol(PROTOCOL_RSN);
     network->setKeyManagement(KEY_MGMT_WPA_PSK);
@@ -134,10 +135,11 @@ TEST_F(XmlSecrets, AreEncipheredAnewEachTime) {
     EXPECT_EQ(deciphered(first), deciphered(second));
 }
 
+// XML-16, XML-18
 TEST_F(XmlSecrets, MayBeAnything) {
     network->setProtocol(PROTOCOL_RSN);
     network->setKeyManagement(KEY_MGMT_WPA_PSK);
-    for (const std::string secret : {"", "<&\">", "caf\xC3\xA9", "\xFF\x01"}) {
+    for (const std::string secret : {"", "*", "<&\">", "caf\xC3\xA9", "\xFF\x01"}) {
         network->setPsk("another");
         network->setPsk(secret.c_str());
         EXPECT_EQ(deciphered(reported->xml(FULL)),
@@ -147,6 +149,7 @@ TEST_F(XmlSecrets, MayBeAnything) {
     }
 }
 
+// XML-17
 TEST_F(XmlSecrets, ThatCannotBeEncipheredAreEmptyAndReported) {
     network->setProtocol(PROTOCOL_WPA);
     network->setKeyManagement(KEY_MGMT_WPA_EAP);

@@ -80,6 +80,7 @@ std::string typeOf(const Row& row) {
     return type ? type->name : "";
 }
 
+// XML-6, XML-7, XML-8, XML-9
 TEST(XmlSecurityType, FollowsFromTheFieldsAsAWhole) {
     for (const Row& row : ROWS) {
         EXPECT_EQ(typeOf(row), row.type)

@@ -43,6 +43,7 @@ std::vector<std::string> vectorOf(const char* interfaceArg, const char* command,
 
 using Entries = std::vector<std::string>;
 
+// CMD-7
 TEST(ArgumentVector, DropsArgumentsByItsUnevenRules) {
     EXPECT_EQ(vectorOf("-i", "c", "1", "2", "3"), (Entries{"path", "-i", "c", "1", "2", "3"}));
     EXPECT_EQ(vectorOf(nullptr, "c", "1", "2", "3"), (Entries{"path", "c", "1", "2", "3"}));

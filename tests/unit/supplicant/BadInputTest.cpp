@@ -89,6 +89,7 @@ protected:
     WifiUtil util;
 };
 
+// CMD-15
 TEST_F(BadInput, AnInterfaceNameThatDoesNotDoFailsEveryCommandWithoutAChild) {
     standIn.on({"*"}).prints("header\n0\n");
     const std::string endless(100000, 'w');
@@ -132,6 +133,7 @@ TEST_F(BadInput, NullWhereATextOrAPlaceIsNeededFailsWithoutAChild) {
 }
 
 // An access point chooses its name; a client that looks for options everywhere would start programs.
+// VALUE-5
 TEST_F(BadInput, AValueThatTheClientWouldTakeForAnOptionFailsWithoutAChild) {
     standIn.on({"*"}).prints("OK\n");
     const std::string key = "-a/tmp/x" + std::string(56, 'a');
@@ -143,6 +145,7 @@ TEST_F(BadInput, AValueThatTheClientWouldTakeForAnOptionFailsWithoutAChild) {
     EXPECT_THAT(standIn.calls(), IsEmpty());
 }
 
+// VALUE-5
 TEST_F(BadInput, ANegativeNumberALoneDashAndAQuotedTextAreNoOptions) {
     standIn.on({"*"}).prints("OK\n");
     EXPECT_TRUE(util.setNetworkValue("wlan0", 0, "bssid", "-"));

@@ -127,6 +127,7 @@ TEST_P(ConfigurationCommand, RunsItsCommandLine) {
     EXPECT_EQ(standIn.calls()[0], call);
 }
 
+// REPLY-3
 TEST_P(ConfigurationCommand, DecidesByItsReplyOrByTheExitStatusAlone) {
     const bool byStatus = GetParam().success == Success::ByExitStatus;
     const std::string& accepted = GetParam().accepted;
@@ -178,6 +179,7 @@ protected:
     WifiUtil util;
 };
 
+// VALUE-6
 TEST_F(Commands, SendQuotedAndBareValues) {
     struct Row {
         const char* key;
@@ -236,6 +238,7 @@ TEST_F(Commands, ReadValuesWithoutTheirQuotes) {
     }
 }
 
+// REPLY-13
 TEST_F(Commands, CopyAValueAsFarAsThereIsRoom) {
     standIn.on({"*"}).prints("\"abcdef\"");
     char value[8];
@@ -260,6 +263,7 @@ TEST_F(Commands, FillTheRestOfTheRoomWithZeros) {
     EXPECT_EQ(std::string(value, 8), std::string("ab\0\0\0\0##", 8));
 }
 
+// REPLY-5
 TEST_F(Commands, CheckAReplyBeforeItsStampIsRemoved) {
     WifiUtil& stamping = stampingUtil();
     standIn.on({"-iwlan0", "get_network", "0", "ssid"}).prints(STAMP);
@@ -311,6 +315,7 @@ Arguments enable(const char* id) {
     return {CLIENT, "-iwlan0", "enable_network", id};
 }
 
+// OP-2
 TEST_F(Commands, CreateANetworkInThreeSteps) {
     standIn.on({"-iwlan0", "add_network"}).prints("3\n");
     standIn.on({"*"}).prints("OK\n");
@@ -321,6 +326,7 @@ TEST_F(Commands, CreateANetworkInThreeSteps) {
     EXPECT_THAT(test::resultFiles(), IsEmpty());
 }
 
+// VALUE-4
 TEST_F(Commands, CreateAlwaysQuotesTheSsid) {
     standIn.on({"-iwlan0", "add_network"}).prints("0\n");
     standIn.on({"*"}).prints("OK\n");
@@ -334,6 +340,7 @@ TEST_F(Commands, CreateAlwaysQuotesTheSsid) {
     EXPECT_EQ(standIn.calls()[7].back(), "\"" + longSsid + "\"");
 }
 
+// REPLY-2
 TEST_F(Commands, CreateSendsTheIdBackAsItWasPrinted) {
     struct Row {
         const char* reply;
@@ -358,6 +365,7 @@ TEST_F(Commands, CreateSendsTheIdBackAsItWasPrinted) {
 }
 
 // Its first characters would be the id of another network.
+// REPLY-2
 TEST_F(Commands, CreateFailsWithoutAnotherCommandWhereTheReplyIsNoNetworkId) {
     for (const char* const reply :
          {"256\n", "300\n", "4294967296\n", "000000001\n", "12345678\n", "-1\n", "+1\n", "0x10\n",
@@ -384,6 +392,7 @@ TEST_F(Commands, CreateReadsAStampedId) {
     EXPECT_EQ(standIn.calls()[1], setSsid("4", "\"home\""));
 }
 
+// OP-1
 TEST_F(Commands, CreateStopsAtTheFirstStepThatFails) {
     unsigned char id = 99;
     standIn.on({"-iwlan0", "add_network"}).prints("FAIL\n");

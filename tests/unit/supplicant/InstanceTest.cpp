@@ -57,6 +57,7 @@ TEST_F(Instance, IsMadeAnewAfterItWasUnloaded) {
     EXPECT_THAT(standIn.calls(), ElementsAre(PROBE, PROBE));
 }
 
+// REPLY-10
 TEST_F(Instance, ExpectsStampsAfterAStampedAdapter) {
     standIn.on({"interface"}).prints(HEADER + STAMPED + "wlan0\n");
     answerStatus();
@@ -90,6 +91,7 @@ TEST_F(Instance, ExpectsNoStampsOtherwise) {
     }
 }
 
+// REPLY-10
 TEST_F(Instance, LooksAtTheFirstAdapterOnly) {
     standIn.on({"interface"}).prints(HEADER + "wlan0\n" + STAMPED + "wlan1\n");
     answerStatus();

@@ -54,6 +54,7 @@ TEST_F(Launch, PutsTheInterfaceOptionBeforeTheCommand) {
                 ElementsAre(Arguments{CLIENT, "-iwlan0", "set_network", "3", "ssid", "\"home\""}));
 }
 
+// CMD-7
 TEST_F(Launch, DropsArgumentsByItsUnevenRules) {
     standIn.on({"*"});
     EXPECT_TRUE(run("c", nullptr, "1", "2", "3"));
@@ -73,6 +74,7 @@ TEST_F(Launch, HandsArgumentsOverAsTheyAre) {
     EXPECT_EQ(standIn.calls()[0].back(), odd);
 }
 
+// CMD-11
 TEST_F(Launch, CollectsBothOutputs) {
     standIn.on({"*"}).prints("one\n").printsError("two\n").prints("three\n");
     EXPECT_TRUE(run());
@@ -118,6 +120,7 @@ std::size_t clientSockets() {
     return count;
 }
 
+// CMD-10
 TEST_F(Launch, RemovesTheSocketOfAClientThatCouldNot) {
     standIn.on({"*"})
         .leaves("/tmp/wpa_ctrl_%d-1")
@@ -136,6 +139,7 @@ TEST_F(Launch, FailsWithoutAPathAtOnce) {
     EXPECT_FALSE(std::filesystem::exists(RESULT)) << "the result file is not made";
 }
 
+// CMD-9
 TEST_F(Launch, FailsWithoutAResultFileAndStaysUsable) {
     standIn.on({"*"});
     EXPECT_FALSE(util.launchProcess(CLIENT, "c", nullptr, nullptr, nullptr, nullptr, nullptr));
@@ -183,6 +187,7 @@ private:
 
 void ignoreSignal(int) {}
 
+// CMD-4
 TEST_F(Launch, TellsSuccessFromFailureWhereTheSystemReapsItsChildren) {
     struct Row {
         void (*handler)(int);
@@ -251,6 +256,7 @@ TEST_F(Launch, LeavesTheProcessInBetweenNothingButItsPipe) {
     running.join();
 }
 
+// CMD-5
 TEST_F(Launch, SaysOnceThatAStatusWasTakenAway) {
     test::Checkpoint checkpoint("/tmp/checkpoint");
     standIn.on({"*"}).pausesAt(checkpoint.path());
@@ -342,6 +348,7 @@ int ownPriority() {
     return parameters.sched_priority;
 }
 
+// CMD-16
 TEST_F(Launch, RaisesItsPriorityForTheSpawnAsFarAsThePolicyGoes) {
     struct Row {
         int before;

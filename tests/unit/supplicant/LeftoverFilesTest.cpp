@@ -117,6 +117,7 @@ TEST_F(LeftoverFiles, AreThisUsersOwn) {
     EXPECT_THAT(test::resultFiles(), ElementsAre(foreign));
 }
 
+// CMD-14
 TEST_F(LeftoverFiles, AreNotThoseInUse) {
     const ResultFile status(command::STATUS.resultPrefix);
     put(status.path());
@@ -169,6 +170,7 @@ void askStatus(WifiUtil& util) {
     util.getCurrentNetworkStatus(WLAN, lines, 1, &count);
 }
 
+// CMD-14
 TEST_F(LeftoverFiles, OfKilledProcessesGoAndThoseOfLivingOnesStay) {
     test::StandIn standIn;
     test::Checkpoint status("/tmp/status-checkpoint");

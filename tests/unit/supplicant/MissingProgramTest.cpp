@@ -51,6 +51,7 @@ protected:
     }
 };
 
+// CMD-3
 TEST_F(MissingProgram, IsNamedOnceWithTheOnlyPlaceThatTheEnvironmentLeaves) {
     EXPECT_EXIT(callsFail(3), ExitedWithCode(0),
                 Eq("platwifi: cannot start pidin: No such file or directory; looked for "
@@ -58,6 +59,7 @@ TEST_F(MissingProgram, IsNamedOnceWithTheOnlyPlaceThatTheEnvironmentLeaves) {
                    "libraries, or set PLATFORM_BOOT_DIR to its path\n"));
 }
 
+// CMD-3
 TEST_F(MissingProgram, IsSaidOfOneThatCannotBeRun) {
     std::ofstream(std::string(EMPTY) + "/pidin") << "no program";
     EXPECT_EXIT(callsFail(1), ExitedWithCode(0),

@@ -56,6 +56,7 @@ private:
     int m_gate = -1;
 };
 
+// CMD-1
 TEST_F(OneAtATime, ASecondLaunchDoesNotTouchItsResultFileBeforeTheFirstIsOver) {
     const test::Doing first([this] { EXPECT_TRUE(launch(util, FIRST)); });
     awaitClient();

@@ -42,6 +42,7 @@ std::vector<std::string> pausesAndThen(const std::vector<std::string>& rest) {
     return events;
 }
 
+// CMD-2
 TEST_F(Patience, EndsAtThe100thLookAfter99Pauses) {
     RecordedPlatform::begin();
     testing::internal::CaptureStderr();
@@ -51,6 +52,7 @@ TEST_F(Patience, EndsAtThe100thLookAfter99Pauses) {
         << "a pause, not a sleep: it ends with the child";
 }
 
+// CMD-2
 TEST_F(Patience, KillsAgainAfterEvery2000MillisecondsUntilTheChildIsGone) {
     RecordedPlatform::begin(2);
     testing::internal::CaptureStderr();
@@ -61,6 +63,7 @@ TEST_F(Patience, KillsAgainAfterEvery2000MillisecondsUntilTheChildIsGone) {
     EXPECT_EQ(std::count(messages.begin(), messages.end(), '\n'), 3) << messages;
 }
 
+// CMD-6
 TEST_F(Patience, SaysWhoKilledWhat) {
     RecordedPlatform::begin();
     testing::internal::CaptureStderr();
@@ -98,6 +101,7 @@ TEST_F(Patience, LeavesNothingBehind) {
     EXPECT_TRUE(test::Leftovers::now() == before);
 }
 
+// CMD-16
 TEST_F(Patience, RaisesItsPriorityForTheKillAsFarAsThePolicyGoes) {
     struct Row {
         int before;

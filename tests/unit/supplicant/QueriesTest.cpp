@@ -135,6 +135,7 @@ TEST_P(ListQuery, SkipsItsHeaderWhateverThatHolds) {
     EXPECT_THAT(toStrings(lines), ElementsAre("entry"));
 }
 
+// REPLY-7
 TEST_P(ListQuery, HandsAFailureMessageBackAsAnEntry) {
     WifiUtil& instance = util();
     answer("FAIL\n");
@@ -178,6 +179,7 @@ TEST_P(ListQuery, TakesAFullArrayOf255) {
     EXPECT_EQ(lines.count, 255);
 }
 
+// REPLY-8
 TEST_P(ListQuery, CutsLongLinesIntoPieces) {
     WifiUtil& instance = util();
     const std::string text127(127, 'a');
@@ -257,6 +259,7 @@ TEST_P(ListQuery, ResetsOrKeepsTheCount) {
     lines.count = GetParam().resetsCount ? 1 : 0;
 }
 
+// REPLY-11
 TEST_P(ListQuery, RemovesTheStampFromItsFirstEntryAlone) {
     WifiUtil& instance = util(true);
     answer("\n" + STAMP + "bssid=00:11:22:33:44:55\n" + STAMP + "second\n");
@@ -306,6 +309,7 @@ protected:
     test::StandIn standIn;
 };
 
+// REPLY-12
 TEST_F(Adapters, AreAppendedAndNeverStrippedBehindAnEarlierEntry) {
     standIn.on({"interface"}).prints(ADAPTER_HEADER + STAMP + "wlan0\n");
     WifiUtil* const util = WifiUtil::getInstance();
@@ -333,6 +337,7 @@ protected:
     WifiUtil util;
 };
 
+// RUNS-1
 TEST_F(SupplicantRuns, ByItsPidFileWhenNoInterfaceIsNamed) {
     const std::string result = test::resultPath("/tmp/process_table_result_");
     std::ofstream(result) << "somebody's";
@@ -347,6 +352,7 @@ TEST_F(SupplicantRuns, ByItsPidFileWhenNoInterfaceIsNamed) {
     EXPECT_FALSE(util.isWifiEnabled(nullptr));
 }
 
+// RUNS-1
 TEST_F(SupplicantRuns, ByTheProcessTableWhenAnInterfaceIsNamed) {
     standIn.on({"-iwlan0", "arg"})
         .prints("1 /sbin/init\n77 /sbin/wpa_supplicant -iwlan0\n78 sh\n")
@@ -373,6 +379,7 @@ TEST_F(SupplicantRuns, WhateverThePidFileSaysOnceAnInterfaceIsNamed) {
     std::remove("/var/run/wpa_supplicant.pid");
 }
 
+// RUNS-2
 TEST_F(SupplicantRuns, FoundAnywhereInLinesOfUpTo511Characters) {
     standIn.on({"-iwlan0", "arg"})
         .prints(std::string(497, 'x') + "wpa_supplicant\n")

@@ -9,6 +9,7 @@ using namespace platwifi;
 
 namespace {
 
+// REPLY-1
 TEST(ReplyCheck, DecidesByTheFirstLine) {
     struct Row {
         const char* line;

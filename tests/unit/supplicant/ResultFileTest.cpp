@@ -40,6 +40,7 @@ struct stat factsOf(const std::string& path) {
     return facts;
 }
 
+// CMD-8
 TEST(ResultFileName, CarriesTheThreadsId) {
     const ResultFile file(PREFIX);
     EXPECT_EQ(file.path(), ownPath());
@@ -54,6 +55,7 @@ TEST(ResultFileName, IsCutAt127Characters) {
     EXPECT_EQ(file.path(), prefix.substr(0, 127));
 }
 
+// CMD-8
 TEST(ResultFileEnd, RemovesTheFileUnlessItIsKept) {
     write(ownPath(), "x");
     { const ResultFile file(PREFIX); }
@@ -108,6 +110,7 @@ TEST(ResultFileReading, NeedsARegularFile) {
     EXPECT_FALSE(ResultFile(PREFIX).open()) << "a pipe";
 }
 
+// CMD-8
 TEST(ResultFileCreation, MakesAFileThatNobodyMayWrite) {
     const std::string path = ownPath();
     {
@@ -127,6 +130,7 @@ TEST(ResultFileCreation, EmptiesAFileThatIsThere) {
     std::remove(ownPath().c_str());
 }
 
+// CMD-9
 TEST(ResultFileCreation, RefusesWhatIsNotARegularFile) {
     write("/tmp/precious", "keep me");
     const std::string path = ownPath();

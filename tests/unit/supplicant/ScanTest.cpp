@@ -48,6 +48,7 @@ protected:
     WifiUtil util;
 };
 
+// SCAN-1
 TEST_F(Scan, IsStartedInEveryStateButTheUnknownAndTheScanning) {
     struct Row {
         const char* state;
@@ -79,6 +80,7 @@ TEST_F(Scan, IsStartedInEveryStateButTheUnknownAndTheScanning) {
     }
 }
 
+// SCAN-1
 TEST_F(Scan, IsNotStartedWhereOneRuns) {
     onStatus("SCANNING")
         .then()
@@ -92,6 +94,7 @@ TEST_F(Scan, IsNotStartedWhereOneRuns) {
     EXPECT_EQ(secondsSlept(), 3U) << "after every read of the wait, the last one too";
 }
 
+// SCAN-2
 TEST_F(Scan, IsWaitedForThrough16ReadsAtMost) {
     onStatus("SCANNING");
     EXPECT_TRUE(util.scanNetworks("wlan0"));
@@ -136,12 +139,14 @@ TEST_F(Scan, FailsWhenTheCommandFails) {
     EXPECT_THAT(test::resultFiles(), IsEmpty());
 }
 
+// SCAN-3
 TEST_F(Scan, SucceedsThoughTheClientRefusedIt) {
     onStatus("COMPLETED");
     standIn.on({"-iwlan0", "scan"}).prints("FAIL-BUSY\n");
     EXPECT_TRUE(util.scanNetworks("wlan0")) << "the reply is not read";
 }
 
+// SCAN-2
 TEST_F(Scan, SucceedsWhateverBecomesOfTheWait) {
     onStatus("COMPLETED").then().exits(255);
     standIn.on({"-iwlan0", "scan"}).prints("OK\n");
@@ -173,6 +178,7 @@ TEST_F(Scan, LooksAt16StatusLinesOnly) {
     EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, STATUS, STATUS, SCAN, STATUS));
 }
 
+// CMD-13
 TEST_F(Scan, LeavesItsResultFileForTheNextScanOfTheThread) {
     onStatus("COMPLETED");
     standIn.on({"-iwlan0", "scan"}).prints("OK\n");

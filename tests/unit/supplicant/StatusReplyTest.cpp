@@ -10,6 +10,7 @@ WpaState stateOfLine(const char* line) {
     return stateOf(&line, 1);
 }
 
+// REPLY-6
 TEST(StatusReply, NamesEveryState) {
     struct Row {
         const char* line;
@@ -33,6 +34,7 @@ TEST(StatusReply, NamesEveryState) {
         EXPECT_EQ(stateOfLine(row.line), row.state) << row.line;
 }
 
+// REPLY-6
 TEST(StatusReply, LooksForTheNamesInAFixedOrder) {
     EXPECT_EQ(stateOfLine("wpa_state=SCANNING INACTIVE"), WPA_STATE_IDLE);
     EXPECT_EQ(stateOfLine("wpa_state=COMPLETED SCANNING"), WPA_STATE_SCANNING);

@@ -8,6 +8,7 @@ using namespace platwifi;
 
 namespace {
 
+// VALUE-1
 TEST(ValueQuoting, QuotesTextsAndLeavesTheRest) {
     const char* const texts[] = {
         "wep_key0",
@@ -58,6 +59,7 @@ TEST(ValueQuoting, QuotesTextsAndLeavesTheRest) {
         EXPECT_EQ(quotedFor(key, "WPA-PSK"), "WPA-PSK") << key;
 }
 
+// VALUE-2
 TEST(ValueQuoting, LeavesAValueThatIsQuotedOnEitherSide) {
     const char* const values[] = {"\"home\"", "\"ab", "ab\"", "\"", "\"\""};
     for (const char* value : values)
@@ -70,6 +72,7 @@ TEST(ValueQuoting, QuotesAnEmptyText) {
     EXPECT_EQ(quotedFor("key_mgmt", ""), "");
 }
 
+// VALUE-3
 TEST(ValueQuoting, SendsKeysInHexadecimalBareByTheirLengthAlone) {
     struct Row {
         const char* key;
@@ -91,6 +94,7 @@ TEST(ValueQuoting, SendsKeysInHexadecimalBareByTheirLengthAlone) {
     }
 }
 
+// VALUE-4
 TEST(ValueQuoting, QuotesASsidWhateverItHolds) {
     EXPECT_EQ(quoted("a\"b c"), "\"a\"b c\"");
     EXPECT_EQ(quoted("\"x\""), "\"\"x\"\"");

@@ -66,6 +66,18 @@ TEST(SignalBlock, HasTheSenderOfTheLastSignal) {
     EXPECT_EQ(block.numbers(), "0 7 1") << "not taken back with the signal";
 }
 
+// PEER-11
+TEST(SignalBlock, LosesAPendingSignalToTheNextOne) {
+    WifiHostSettingsWatchdog watchdog;
+    watchdog.initialize();
+    Peer peer;
+    peer.ask("initialize");
+    peer.ask("refresh");
+    watchdog.sendRefreshSettingsSignal();
+    EXPECT_EQ(watchdog.checkForRefreshSignal(0), 0) << "the sender misses the earlier save";
+    EXPECT_EQ(peer.ask("check"), "-1");
+}
+
 TEST(SignalBlock, HasMutexesAsTheyAreMeant) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
@@ -115,6 +127,7 @@ TEST(SignalBlock, WakesAnotherProcess) {
     EXPECT_FALSE(BlockView().isPending());
 }
 
+// PEER-2
 TEST(SignalBlock, GivesASignalToOneProcessAlone) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
@@ -130,6 +143,7 @@ TEST(SignalBlock, GivesASignalToOneProcessAlone) {
     EXPECT_EQ(seen, 1);
 }
 
+// PEER-3
 TEST(SignalBlock, LeavesASignalAloneForAThreadWithTheSendersId) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
@@ -142,6 +156,7 @@ TEST(SignalBlock, LeavesASignalAloneForAThreadWithTheSendersId) {
 }
 
 // Either side of the first to leave.
+// PEER-6
 TEST(SignalBlock, LosesItsNameWithTheFirstToLeaveAndLivesOnForTheRest) {
     for (const bool creatorLeaves : {true, false}) {
         SCOPED_TRACE(creatorLeaves);

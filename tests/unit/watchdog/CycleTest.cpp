@@ -24,6 +24,7 @@ protected:
     }
 };
 
+// OP-10, PEER-1
 TEST_F(RefreshCycle, WaitsForEachSignalForASecond) {
     watchdog->start();
     RecordedWaits::await(9);

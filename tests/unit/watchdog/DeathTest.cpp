@@ -47,6 +47,7 @@ protected:
     WifiHostSettingsWatchdog watchdog;
 };
 
+// PEER-4, PEER-7
 TEST_P(DeathOfAHolder, LeavesASignalWithoutSenderToTheOthers) {
     dieHolding(GetParam().locks);
     EXPECT_EQ(watchdog.checkForRefreshSignal(0), -1);
@@ -73,6 +74,7 @@ TEST_P(DeathOfAHolder, LetsOthersRaiseASignal) {
     EXPECT_EQ(other.ask("check"), "0");
 }
 
+// PEER-4
 TEST_P(DeathOfAHolder, LetsOthersJoinAndLeave) {
     dieHolding(GetParam().locks);
     {
@@ -111,6 +113,7 @@ TEST_P(DeathOfAHolder, ReachesAProcessThatWaits) {
 INSTANTIATE_TEST_SUITE_P(Locks, DeathOfAHolder, testing::ValuesIn(DEATHS),
                          [](const auto& row) { return std::string(row.param.name); });
 
+// PEER-7
 TEST(DeathOfAWaiter, LeavesNoTrace) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();

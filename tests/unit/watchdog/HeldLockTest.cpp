@@ -35,6 +35,7 @@ protected:
     Peer holder; // does nothing more, like a process that is stopped
 };
 
+// PEER-8
 TEST_F(HeldLock, OfTheBlockKeepsAProcessFromJoiningButNotFromStarting) {
     holder.ask("lock");
     WifiHostSettingsWatchdog late;
@@ -89,6 +90,7 @@ TEST_F(HeldLock, DoesNotKeepAProcessFromLeaving) {
     EXPECT_FALSE(test::blockHasName());
 }
 
+// PEER-8
 TEST_F(HeldLock, KeepsASaveForTheOthersUntilItIsFree) {
     Peer other;
     other.ask("initialize");
@@ -120,6 +122,7 @@ TEST_F(HeldLock, OfAHolderThatDoesNotExistIsNotWaitedForEither) {
 }
 
 // By another process, since this one may have reported it before.
+// PEER-8
 TEST_F(HeldLock, IsReportedOnce) {
     testing::internal::CaptureStderr();
     {

@@ -47,6 +47,7 @@ TEST_F(RefreshThread, PicksUpASaveThatComesWhileItReloads) {
     EXPECT_EQ(Door::calls(), 1);
 }
 
+// PEER-1
 TEST_F(RefreshThread, OfAnotherProcessReloadsAfterASave) {
     Peer other;
     other.ask("initialize");
@@ -61,6 +62,7 @@ TEST_F(RefreshThread, OfAnotherProcessReloadsAfterASave) {
     EXPECT_EQ(Door::calls(), 0) << "its own signal";
 }
 
+// PEER-1
 TEST_F(RefreshThread, AsksAgainForAReloadThatWasNotPossible) {
     Door::refuse(1);
     raiseFromElsewhere();

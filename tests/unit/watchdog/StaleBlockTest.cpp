@@ -93,6 +93,7 @@ protected:
     }
 };
 
+// PEER-10
 TEST_P(StaleThing, IsReplacedByANewBlock) {
     WifiHostSettingsWatchdog watchdog;
     EXPECT_TRUE(watchdog.initialize());
@@ -146,6 +147,7 @@ TEST_F(Start, JoinsAFinishedBlock) {
     EXPECT_EQ(BlockView().numbers(), "0 none 8");
 }
 
+// PEER-10
 TEST_F(Start, DoesNotTrustTheBlockOfAnotherUser) {
     put(finishedBlock());
     if (chown(BLOCK_PATH, 65534, 65534) != 0)
@@ -178,6 +180,7 @@ TEST_F(Start, ReplacesWhatItMayRemoveButNotOpen) {
     EXPECT_EQ(BlockView().numbers(), "0 none 1");
 }
 
+// PEER-10
 TEST_F(Start, DoesWithoutABlockThatItMayNeitherWriteNorRemove) {
     put(finishedBlock());
     {

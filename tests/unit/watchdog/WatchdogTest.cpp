@@ -138,6 +138,7 @@ TEST(Watchdog, TakesTheSignalOfAnotherThreadOnce) {
     }
 }
 
+// PEER-5
 TEST(Watchdog, SeesASignalToReloadRaisedBeforeOnlyWhenTheWaitIsOver) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();

@@ -88,6 +88,7 @@ class EveryNativeTest {
     }
 
     /** The library has it under a C++ name: only native code could bind it. */
+    // API-2
     @Test
     void setSsidIsNotBound() {
         load();

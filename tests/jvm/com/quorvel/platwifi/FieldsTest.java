@@ -82,6 +82,7 @@ class FieldsTest {
         assertFalse(set(setter, (String) null));
     }
 
+    // API-1
     @Test
     void theAnonymousIdentityIsWrittenAndReadAsTheIdentity() {
         assertTrue(set("setEAPIdentity0", "me"));

@@ -8,6 +8,7 @@ import org.junit.jupiter.api.Test;
 import java.util.List;
 
 class HashCACertificatesTest {
+    // API-7
     @Test
     void isTrueAndStartsNoProgram() {
         new StandIn().play();

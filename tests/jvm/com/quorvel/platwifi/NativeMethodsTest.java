@@ -90,6 +90,7 @@ class NativeMethodsTest {
         "String[] getNetworkDatabaseSsids0(String)",
         "String[] getWepKeys0(String, String)");
 
+    // API-3
     @Test
     void areExactlyThese() throws ClassNotFoundException {
         assertEquals(new TreeSet<>(METHODS), methods().map(NativeMethodsTest::signature)
