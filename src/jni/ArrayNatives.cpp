@@ -24,8 +24,8 @@ bool discover(const char* iface, ReplyLines& found) {
 bool listSsids(WifiHostSettings& settings, const char* iface, ReplyLines& ssids) {
     if (settings.getNetworkDatabaseSsids(iface, ssids.data(), ssids.capacity(), &ssids.count))
         return true;
-    settings
-        .unlockNetworks(); // a network has no SSID: the lock was kept, and would block all others
+    // A network has no SSID. The call has kept the lock, which other threads need.
+    settings.unlockNetworks();
     return false;
 }
 

@@ -58,6 +58,11 @@ namespace {
 const std::string LOCK = " +gate +list +state";
 const std::string UNLOCK = " -state -list -gate";
 
+// The steps of a native for this network, with these in the middle.
+std::string around(const std::string& ssid, const std::string& steps) {
+    return "+errors +wlan0 +" + ssid + steps + " -" + ssid + " -wlan0 -errors";
+}
+
 class NativeOrder : public testing::Test {
 protected:
     NativeOrder() {
@@ -135,9 +140,8 @@ const Kind KINDS[] = {
 // clang-format on
 
 std::string stepsOf(const Kind& kind, const std::string& ssid, const std::string& under) {
-    const std::string begin = "+errors +wlan0 +" + ssid + (kind.hasValue ? " +value" : "");
-    const std::string end = (kind.hasValue ? " -value -" : " -") + ssid + " -wlan0 -errors";
-    return begin + LOCK + under + UNLOCK + end;
+    const std::string locked = LOCK + under + UNLOCK;
+    return around(ssid, kind.hasValue ? " +value" + locked + " -value" : locked);
 }
 
 TEST_F(NativeOrder, IsConvertLockAndReleaseInReverseForAField) {
@@ -154,18 +158,16 @@ TEST_F(NativeOrder, IsConvertLockAndReleaseInReverseForAField) {
 
 // The array of empty strings is also the result if there is no such network.
 TEST_F(NativeOrder, MakesTheArrayOfWepKeysBeforeTheLock) {
-    EXPECT_EQ(steps(NATIVE(getWepKeys0), "other"),
-              "+errors +wlan0 +other string" + LOCK + UNLOCK + " -other -wlan0 -errors");
+    EXPECT_EQ(steps(NATIVE(getWepKeys0), "other"), around("other", " string" + LOCK + UNLOCK));
     world.network().setWepKey(0, "key");
     EXPECT_EQ(steps(NATIVE(getWepKeys0), "home"),
-              "+errors +wlan0 +home string" + LOCK + " string" + UNLOCK + " -home -wlan0 -errors");
+              around("home", " string" + LOCK + " string" + UNLOCK));
 }
 
 // Natives for the state.
 
 TEST_F(NativeOrder, HoldsTheLockForTheState) {
-    EXPECT_EQ(steps(NATIVE(getNetworkStatus0), "home"),
-              "+errors +wlan0 +home" + LOCK + UNLOCK + " -home -wlan0 -errors");
+    EXPECT_EQ(steps(NATIVE(getNetworkStatus0), "home"), around("home", LOCK + UNLOCK));
     EXPECT_EQ(RecordedCall::stepsOf([&] {
                   NATIVE(getDaemonStatus0)(world.java.environment(), nullptr, nullptr);
               }),
@@ -192,9 +194,7 @@ TEST_F(NativeOrder, LeavesTheLockOfAnOperationToTheOperation) {
     };
     for (const auto& operation : operations) {
         SCOPED_TRACE(operation.name);
-        const std::string ssid = operation.ssid;
-        EXPECT_EQ(steps(operation.native, operation.ssid),
-                  "+errors +wlan0 +" + ssid + LOCK + UNLOCK + " -" + ssid + " -wlan0 -errors");
+        EXPECT_EQ(steps(operation.native, operation.ssid), around(operation.ssid, LOCK + UNLOCK));
     }
     EXPECT_EQ(stepsWith(NATIVE(roamNetworks0), "wlan0"),
               "+errors +wlan0" + LOCK + UNLOCK + " -wlan0 -errors");
@@ -247,7 +247,10 @@ TEST_F(NativeOrder, ConvertsBeforeTheSettingsAreLoaded) {
 
 TEST_F(NativeOrder, IsTheSameIfAnotherThreadUnloadsMeanwhile) {
     world.scriptLoad();
-    RecordedCall::at("+home", [] { std::thread(WifiHostSettings::unload).join(); });
+    RecordedCall::at("+home", [] {
+        ASSERT_EQ(RecordedCall::steps(), "+errors +wlan0") << "another thread could not unload";
+        std::thread(WifiHostSettings::unload).join();
+    });
     jboolean changed = JNI_FALSE;
     const std::string steps =
         RecordedCall::stepsOf([&] { changed = world.call(NATIVE(setProtocol0), "home", jint{2}); });
@@ -277,12 +280,11 @@ TEST_F(PassedThrough, ReleasesWhatWasConverted) {
 }
 
 TEST_F(PassedThrough, ReleasesTheLock) {
-    const std::string begin = "+errors +wlan0 +home" + LOCK;
-    const std::string end = UNLOCK + " -home -wlan0 -errors";
     const auto read = [this] { world.call(NATIVE(getBssid0), "home"); };
-    EXPECT_EQ(stepsWithoutMemoryAt("string", read), begin + end);
+    EXPECT_EQ(stepsWithoutMemoryAt("string", read), around("home", LOCK + UNLOCK));
     const auto readSecret = [this] { world.call(NATIVE(getPreSharedKey0), "home"); };
-    EXPECT_EQ(stepsWithoutMemoryAt("string", readSecret), begin + " encipher" + end);
+    EXPECT_EQ(stepsWithoutMemoryAt("string", readSecret),
+              around("home", LOCK + " encipher" + UNLOCK));
 }
 
 } // namespace

@@ -10,15 +10,19 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <pthread.h>
 #include <utility>
-#include <vector>
 
 namespace {
 
 thread_local bool isRecorded = false;
 
-std::vector<const PlatformMutex*> mutexes; // in the order in which lockSettings() takes them
+// In the order in which lockSettings() takes them.
+std::array<const PlatformMutex*, 3> mutexes{};
+constexpr std::array<const char*, 3> NAMES = {"gate", "list", "state"};
+
+std::size_t taken = 0; // while their order is found out
 bool isLearning = false;
 
 std::string recorded;
@@ -26,11 +30,10 @@ std::string actionStep;
 std::function<void()> pendingAction;
 
 void noteMutex(const char* sign, const PlatformMutex* mutex) {
-    constexpr const char* NAMES[] = {"gate", "list", "state"};
     if (!isRecorded)
         return;
-    if (isLearning)
-        mutexes.push_back(mutex);
+    if (isLearning && taken++ < mutexes.size())
+        mutexes[taken - 1] = mutex;
     for (std::size_t i = 0; i < mutexes.size() && !isLearning; ++i) {
         if (mutexes[i] == mutex)
             test::RecordedCall::note(std::string(sign) + NAMES[i]);
@@ -48,15 +51,16 @@ int copyText(const char* step, const char* text, char** result) {
 namespace test {
 
 RecordedCall::RecordedCall(WifiHostSettings& settings) {
+    taken = 0;
     isRecorded = isLearning = true;
     settings.lockSettings();
     isRecorded = isLearning = false;
     settings.unlockSettings();
-    EXPECT_EQ(mutexes.size(), 3U);
+    EXPECT_EQ(taken, mutexes.size());
 }
 
 RecordedCall::~RecordedCall() {
-    mutexes.clear();
+    mutexes = {};
     pendingAction = nullptr;
 }
 
