@@ -253,7 +253,7 @@ TEST_F(SettingsFunctions, WriteTheDocumentOfTheSettings) {
     EXPECT_NE(document(false).text, document(true).text) << "the flag is passed on";
 }
 
-TEST_F(SettingsFunctions, ReportIntoTheSinkOfTheCallerWhatTheDocumentLacks) {
+TEST_F(SettingsFunctions, ReportIntoTheErrorHandlerOfTheCallerWhatTheDocumentLacks) {
     WifiHostSettings& settings = loaded.load("0\thome\tany\t\n");
     loaded.answer("FAIL\n", 1);
     WifiNetwork& network = *settings.getNetwork("wlan0", "home");
