@@ -59,6 +59,7 @@ TEST(NativeCall, NeedsNoStrings) {
     EXPECT_EQ(textsOf(call), (Texts{"(null)", "(null)", "(null)"}));
 }
 
+// API-10
 TEST(NativeCall, MakesReportedErrorsPendingInJava) {
     FakeJni java;
     {

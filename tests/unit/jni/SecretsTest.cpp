@@ -27,6 +27,7 @@ protected:
     test::FakeJni java;
 };
 
+// TEXT-2
 TEST_F(Secrets, ReachJavaEncipheredOnly) {
     JavaExceptionHandler errors(java.environment());
     jstring const given = newEncipheredString(java.environment(), &errors, "correct horse battery");
@@ -66,6 +67,7 @@ TEST_F(Secrets, ThatAreEmptyStandForThemselvesWithoutTheCipher) {
     EXPECT_FALSE(java.pendingException());
 }
 
+// TEXT-3
 TEST_F(Secrets, ThatDoNotDecipherAreInvalid) {
     EXPECT_EQ(deciphered("no enciphered text"), "(invalid)");
     ASSERT_TRUE(java.pendingException()) << "with the cause pending in Java";

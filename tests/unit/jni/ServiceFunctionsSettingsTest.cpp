@@ -253,6 +253,7 @@ TEST_F(SettingsFunctions, WriteTheDocumentOfTheSettings) {
     EXPECT_NE(document(false).text, document(true).text) << "the flag is passed on";
 }
 
+// API-11
 TEST_F(SettingsFunctions, ReportIntoTheErrorHandlerOfTheCallerWhatTheDocumentLacks) {
     WifiHostSettings& settings = loaded.load("0\thome\tany\t\n");
     loaded.answer("FAIL\n", 1);
