@@ -5,7 +5,7 @@
 
 namespace platwifi {
 
-/// A copy for a caller, who frees it with delete[].
+/// A copy of a NUL-terminated text, made with new[]: the caller frees it with delete[].
 inline char* copyOf(const char* text) {
     const std::size_t size = std::strlen(text) + 1;
     char* const copy = new char[size];

@@ -1,8 +1,7 @@
 // Natives that return an array of strings.
 
 #include "jni/JavaArray.h"
-#include "jni/NetworkFrame.h"
-#include "model/WifiNetwork.h"
+#include "jni/NativeCall.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
 
@@ -10,48 +9,34 @@ using namespace platwifi;
 
 namespace {
 
-constexpr unsigned char ADAPTERS = 2;
-constexpr unsigned char NETWORKS = 32;
 constexpr unsigned char WEP_KEYS = 4;
 
-// The array of what `list(ErrorHandler*, ReplyLines&, const char*...)` lists, `capacity` at most; null
-// when it fails.
-template <typename List, typename... Strings>
-jobjectArray callForArray(JNIEnv* environment, const List& list, unsigned char capacity,
-                          Strings... strings) {
-    const auto call = [&](ErrorHandler* errors, auto... texts) -> jobjectArray {
-        ReplyLines lines(capacity);
-        return list(errors, lines, texts...) ? newJavaArray(environment, lines.data(), lines.count)
-                                             : nullptr;
-    };
-    return callNative(environment, call, strings...);
+bool listAdapters(const WifiHostSettings& settings, ReplyLines& names) {
+    return settings.getWifiAdapters(names.data(), names.capacity(), &names.count);
 }
 
-bool listAdapters(ErrorHandler* errors, ReplyLines& names) {
-    const WifiHostSettings* const settings = WifiHostSettings::getInstance(errors);
-    return settings && settings->getWifiAdapters(names.data(), names.capacity(), &names.count);
-}
-
-bool discover(ErrorHandler* /*errors*/, ReplyLines& found, const char* iface) {
+bool discover(const char* iface, ReplyLines& found) {
     WifiUtil* const util = WifiUtil::getInstance();
     return util && util->scanNetworks(iface) &&
            util->discoverNetworks(iface, found.data(), found.capacity(), &found.count);
 }
 
-bool listSsids(ErrorHandler* errors, ReplyLines& ssids, const char* iface) {
-    WifiHostSettings* const settings = WifiHostSettings::getInstance(errors);
-    if (!settings)
-        return false;
-    if (settings->getNetworkDatabaseSsids(iface, ssids.data(), ssids.capacity(), &ssids.count))
+bool listSsids(WifiHostSettings& settings, const char* iface, ReplyLines& ssids) {
+    if (settings.getNetworkDatabaseSsids(iface, ssids.data(), ssids.capacity(), &ssids.count))
         return true;
-    settings->unlockNetworks(); // kept, since a network has no SSID; other threads wait for it
+    // A network has no SSID. The call has kept the lock, which other threads need.
+    settings.unlockNetworks();
     return false;
 }
 
-bool setWepKeys(JNIEnv* environment, jobjectArray array, const WifiNetwork& network) {
-    for (unsigned char i = 0; i < WEP_KEYS; ++i) {
-        const char* const key = network.getWepKey(i);
-        if (key && !setElement(environment, array, i, key))
+jobjectArray toJava(JNIEnv* env, const ReplyLines& lines) {
+    return newJavaArray(env, lines.data(), lines.count);
+}
+
+bool fillIn(JNIEnv* env, jobjectArray keys, const WifiNetwork& network) {
+    for (unsigned char slot = 0; slot < WEP_KEYS; ++slot) {
+        const char* const key = network.getWepKey(slot);
+        if (key && !setElement(env, keys, slot, key))
             return false;
     }
     return true;
@@ -59,32 +44,31 @@ bool setWepKeys(JNIEnv* environment, jobjectArray array, const WifiNetwork& netw
 
 } // namespace
 
-PLATWIFI_NATIVE(jobjectArray, getWifiAdapters0)(JNIEnv* environment, jclass) {
-    return callForArray(environment, listAdapters, ADAPTERS);
+PLATWIFI_NATIVE(jobjectArray, getWifiAdapters0)(JNIEnv* env, jclass) {
+    NativeCall call(env);
+    ReplyLines names(ADAPTER_LINES);
+    return listAdapters(call.settings(), names) ? toJava(env, names) : nullptr;
 }
 
-PLATWIFI_NATIVE(jobjectArray, discoverNetworks0)(JNIEnv* environment, jclass, jstring iface) {
-    return callForArray(environment, discover, NETWORKS, iface);
+PLATWIFI_NATIVE(jobjectArray, discoverNetworks0)(JNIEnv* env, jclass, jstring iface) {
+    const NativeCall call(env, iface);
+    ReplyLines found(NETWORK_LINES);
+    return discover(call.iface(), found) ? toJava(env, found) : nullptr;
 }
 
-PLATWIFI_NATIVE(jobjectArray, getNetworkDatabaseSsids0)
-(JNIEnv* environment, jclass, jstring iface) {
-    return callForArray(environment, listSsids, NETWORKS, iface);
+PLATWIFI_NATIVE(jobjectArray, getNetworkDatabaseSsids0)(JNIEnv* env, jclass, jstring iface) {
+    NativeCall call(env, iface);
+    ReplyLines ssids(NETWORK_LINES);
+    return listSsids(call.settings(), call.iface(), ssids) ? toJava(env, ssids) : nullptr;
 }
 
-// The array comes first: it is the answer also where there is no such network.
-PLATWIFI_NATIVE(jobjectArray, getWepKeys0)
-(JNIEnv* environment, jclass, jstring iface, jstring ssid) {
-    const auto read = [=](ErrorHandler* errors, const char* name,
-                          const char* wanted) -> jobjectArray {
-        jobjectArray const keys = newArrayOfEmptyTexts(environment, WEP_KEYS);
-        if (!keys)
-            return nullptr;
-        const bool failed =
-            withNetwork(errors, name, wanted, false, [=](const WifiNetwork& network) {
-                return !setWepKeys(environment, keys, network);
-            });
-        return failed ? nullptr : keys;
-    };
-    return callNative(environment, read, iface, ssid);
+// The array comes before the settings: it is also the result if there is no such network.
+PLATWIFI_NATIVE(jobjectArray, getWepKeys0)(JNIEnv* env, jclass, jstring iface, jstring ssid) {
+    NativeCall call(env, iface, ssid);
+    jobjectArray const keys = newArrayOfEmptyTexts(env, WEP_KEYS);
+    if (!keys)
+        return nullptr;
+    const SettingsLock lock(call.settings());
+    const WifiNetwork* const network = call.settings().getNetwork(call.iface(), call.ssid());
+    return !network || fillIn(env, keys, *network) ? keys : nullptr;
 }

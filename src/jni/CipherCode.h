@@ -4,15 +4,15 @@
 
 namespace platwifi {
 
-/// What one number that names both kinds of ciphers stands for: a set of PairwiseCipher and a set of
-/// GroupCipher. One without value is left as it is.
+/// The meaning of one number for both kinds of ciphers: a set of PairwiseCipher and a set of
+/// GroupCipher. One without a value does not change.
 struct CipherSets {
     std::optional<unsigned int> pairwise;
     std::optional<unsigned int> group;
 };
 
-/// A cipher that only one kind has sets that kind alone; TKIP and CCMP together are TKIP for the
-/// group and CCMP for each station; any other number sets both.
+/// A cipher that exists for one kind only sets that kind; TKIP and CCMP together mean TKIP for the
+/// group and CCMP for each station; any other number sets both kinds.
 CipherSets cipherSetsOf(unsigned int code);
 
 } // namespace platwifi

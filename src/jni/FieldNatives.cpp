@@ -1,218 +1,182 @@
 // Natives that read or change one field of one network, one a line.
 
 #include "jni/CipherCode.h"
-#include "jni/NetworkFrame.h"
+#include "jni/NativeCall.h"
 #include "jni/Secrets.h"
-#include "model/WifiNetwork.h"
 #include "platform/JavaText.h"
 
-#include <functional>
-
 using namespace platwifi;
+using platform::newJavaString;
 
 namespace {
 
-using N = WifiNetwork;
-
-jboolean toJava(bool value) {
-    return value ? JNI_TRUE : JNI_FALSE;
-}
-
-// Reading. `Get` is a getter of WifiNetwork, or a function that takes a network.
-
-template <auto Get>
-jint readNumber(JNIEnv* environment, jstring iface, jstring ssid) {
-    const auto read = [](const N& network, ErrorHandler*) {
-        return static_cast<jint>(std::invoke(Get, network)); // bit for bit
-    };
-    return callOnNetwork(environment, read, iface, ssid);
-}
-
-template <auto Get>
-jboolean readFlag(JNIEnv* environment, jstring iface, jstring ssid) {
-    const auto read = [](const N& network, ErrorHandler*) {
-        return toJava(std::invoke(Get, network) != 0);
-    };
-    return callOnNetwork(environment, read, iface, ssid);
-}
-
-template <auto Get>
-jstring readText(JNIEnv* environment, jstring iface, jstring ssid) {
-    const auto read = [=](const N& network, ErrorHandler*) {
-        return platform::newJavaString(environment, std::invoke(Get, network));
-    };
-    return callOnNetwork(environment, read, iface, ssid);
-}
-
-template <auto Get>
-jstring readSecret(JNIEnv* environment, jstring iface, jstring ssid) {
-    const auto read = [=](const N& network, ErrorHandler* errors) {
-        return newEncipheredString(environment, errors, std::invoke(Get, network));
-    };
-    return callOnNetwork(environment, read, iface, ssid);
-}
-
-unsigned int allCiphers(const N& network) {
-    return network.getPairwiseCiphers() | network.getGroupCiphers();
-}
-
-// Changing. `Set` is a setter of WifiNetwork, or a function that takes a network and the value.
-
-template <auto Set>
-jboolean writeText(JNIEnv* environment, jstring iface, jstring ssid, jstring value) {
-    const auto write = [](N& network, ErrorHandler*, const char* text) {
-        return toJava(std::invoke(Set, network, text));
-    };
-    return callOnNetwork(environment, write, iface, ssid, value);
-}
-
-template <auto Set>
-jboolean writeSecret(JNIEnv* environment, jstring iface, jstring ssid, jstring value) {
-    const auto write = [](N& network, ErrorHandler* errors, const char* text) {
-        return toJava(setDeciphered(
-            errors, text, [&](const char* plain) { return std::invoke(Set, network, plain); }));
-    };
-    return callOnNetwork(environment, write, iface, ssid, value);
-}
-
-template <auto Set, typename Value>
-jboolean writeValue(JNIEnv* environment, jstring iface, jstring ssid, Value value) {
-    const auto write = [=](N& network, ErrorHandler*) {
-        return toJava(std::invoke(Set, network, value));
-    };
-    return callOnNetwork(environment, write, iface, ssid);
-}
-
-template <auto Set>
-jboolean writeNumber(JNIEnv* environment, jstring iface, jstring ssid, jint value) {
-    return writeValue<Set>(environment, iface, ssid, static_cast<unsigned int>(value));
-}
-
-template <auto Set>
-jboolean writeByte(JNIEnv* environment, jstring iface, jstring ssid, jint value) {
-    return writeValue<Set>(environment, iface, ssid, static_cast<unsigned char>(value));
-}
-
-template <auto Set>
-jboolean writeFlag(JNIEnv* environment, jstring iface, jstring ssid, jboolean value) {
-    return writeValue<Set>(environment, iface, ssid, value == JNI_TRUE);
-}
-
-// Where the first change is none, the second is not made.
-bool setCiphers(N& network, unsigned int code) {
+// False as soon as a change is none: the group ciphers then stay as they are.
+bool setCiphers(WifiNetwork& network, unsigned int code) {
     const CipherSets sets = cipherSetsOf(code);
     return (!sets.pairwise || network.setPairwiseCiphers(*sets.pairwise)) &&
            (!sets.group || network.setGroupCiphers(*sets.group));
 }
 
-// True without a change too, and without such a network.
-template <typename Write, typename... Strings>
-jboolean writeUntold(JNIEnv* environment, const Write& write, jstring iface, jstring ssid,
-                     Strings... strings) {
-    const auto find = [&](ErrorHandler* errors, const char* name, const char* wanted,
-                          auto... texts) {
-        const auto run = [&](N& network) {
-            write(network, texts...);
-            return jboolean{JNI_TRUE};
-        };
-        return withNetwork(errors, name, wanted, jboolean{JNI_TRUE}, run);
-    };
-    return callNative(environment, find, iface, ssid, strings...);
-}
-
 } // namespace
-
-#define GETTER(Result, method, read)                                                               \
-    PLATWIFI_NATIVE(Result, method)                                                                \
-    (JNIEnv * environment, jclass, jstring iface, jstring ssid) {                                  \
-        return read(environment, iface, ssid);                                                     \
-    }
-
-#define SETTER(Value, method, write)                                                               \
-    PLATWIFI_NATIVE(jboolean, method)                                                              \
-    (JNIEnv * environment, jclass, jstring iface, jstring ssid, Value value) {                     \
-        return write(environment, iface, ssid, value);                                             \
-    }
 
 // clang-format off
 
-GETTER(jint, getAuthentication0, readNumber<&N::getAuthAlg>)
-GETTER(jboolean, getSsidBroadcasted0, readFlag<&N::getSsidBroadcasted>)
-GETTER(jint, getEAPMethod0, readNumber<&N::getEapModes>)
-GETTER(jint, getProtocol0, readNumber<&N::getProtocol>)
-GETTER(jint, getKeyManagement0, readNumber<&N::getKeyManagement>)
-GETTER(jint, getPriority0, readNumber<&N::getPriority>)
-GETTER(jint, getNetworkMode0, readNumber<&N::getNetworkMode>)
-GETTER(jint, getChannel0, readNumber<&N::getChannel>)
-GETTER(jint, getStrength0, readNumber<&N::getStrength>)
-GETTER(jint, getWepIndex0, readNumber<&N::getWepIndex>)
-GETTER(jint, getSupportedEncrytptionMethods0, readNumber<allCiphers>)
-GETTER(jstring, getBssid0, readText<&N::getBssid>)
-GETTER(jstring, getEAPIdentity0, readText<&N::getEAPIdentity>)
-GETTER(jstring, getEAPAnonymousIdentity0, readText<&N::getEAPIdentity>) // deliberately the same
-GETTER(jstring, getTunnelPhase10, readText<&N::getPhase1Step>)
-GETTER(jstring, getTunnelPhase20, readText<&N::getPhase2Step>)
-GETTER(jstring, getCACertificate0, readText<&N::getCACertificate>)
-GETTER(jstring, getCACertificateDir0, readText<&N::getCACertificateDir>)
-GETTER(jstring, getClientCertificate0, readText<&N::getClientCertificate>)
-GETTER(jstring, getPrivateKeyFile0, readText<&N::getPrivateKeyFile>)
-GETTER(jstring, getCACertificate20, readText<&N::getCACertificate2>)
-GETTER(jstring, getCACertificateDir20, readText<&N::getCACertificateDir2>)
-GETTER(jstring, getClientCertificate20, readText<&N::getClientCertificate2>)
-GETTER(jstring, getPrivateKeyFile20, readText<&N::getPrivateKeyFile2>)
+#define READER(Result, method)                                                                     \
+    PLATWIFI_NATIVE(Result, method)(JNIEnv* env, jclass, jstring iface, jstring ssid)
 
-GETTER(jstring, getPreSharedKey0, readSecret<&N::getPsk>)
-GETTER(jstring, getEAPPassword0, readSecret<&N::getEAPPassword>)
-GETTER(jstring, getPrivateKeyPassword0, readSecret<&N::getPrivateKeyPassword>)
-GETTER(jstring, getPrivateKeyPassword20, readSecret<&N::getPrivateKeyPassword2>)
+#define WRITER(Value, method)                                                                      \
+    PLATWIFI_NATIVE(jboolean, method)(JNIEnv* env, jclass, jstring iface, jstring ssid, Value value)
 
-SETTER(jstring, setPreferredBssid0, writeText<&N::setBssid>)
-SETTER(jstring, setEAPIdentity0, writeText<&N::setEAPIdentity>)
-SETTER(jstring, setEAPAnonymousIdentity0, writeText<&N::setEAPAnonymousIdentity>)
-SETTER(jstring, setTunnelPhase10, writeText<&N::setPhase1Step>)
-SETTER(jstring, setTunnelPhase20, writeText<&N::setPhase2Step>)
-SETTER(jstring, setCACertificate0, writeText<&N::setCACertificate>)
-SETTER(jstring, setCACertificateDir0, writeText<&N::setCACertificateDir>)
-SETTER(jstring, setClientCertificate0, writeText<&N::setClientCertificate>)
-SETTER(jstring, setPrivateKeyFile0, writeText<&N::setPrivateKeyFile>)
-SETTER(jstring, setCACertificate20, writeText<&N::setCACertificate2>)
-SETTER(jstring, setCACertificateDir20, writeText<&N::setCACertificateDir2>)
-SETTER(jstring, setClientCertificate20, writeText<&N::setClientCertificate2>)
-SETTER(jstring, setPrivateKeyFile20, writeText<&N::setPrivateKeyFile2>)
-SETTER(jint, setAuthentication0, writeNumber<&N::setAuthAlg>)
-SETTER(jint, setKeyManagement0, writeNumber<&N::setKeyManagement>)
-SETTER(jint, setProtocol0, writeNumber<&N::setProtocol>)
-SETTER(jint, setEAPMethod0, writeNumber<&N::setEapModes>)
-SETTER(jint, setNetworkStatus0, writeNumber<&N::setNetworkStatus>)
-SETTER(jint, setSignalStrength0, writeNumber<&N::setStrength>)
-SETTER(jint, setPriority0, writeByte<&N::setPriority>)
-SETTER(jint, setNetworkMode0, writeByte<&N::setNetworkMode>)
-SETTER(jboolean, setSsidBroadcasted0, writeFlag<&N::setSsidBroadcasted>)
-SETTER(jint, setEncryption0, writeNumber<setCiphers>)
+// The kinds of natives. Unsigned numbers cross to Java and back bit for bit.
 
-SETTER(jstring, setPreSharedKey0, writeSecret<&N::setPsk>)
-SETTER(jstring, setEAPPassword0, writeSecret<&N::setEAPPassword>)
-SETTER(jstring, setPrivateKeyPassword0, writeSecret<&N::setPrivateKeyPassword>)
-SETTER(jstring, setPrivateKeyPassword20, writeSecret<&N::setPrivateKeyPassword2>)
+#define READS_NUMBER(method, getter)                                                               \
+    READER(jint, method) {                                                                         \
+        NetworkCall call(env, iface, ssid);                                                        \
+        return call ? static_cast<jint>(call->getter()) : 0;                                       \
+    }
+
+#define READS_FLAG(method, getter)                                                                 \
+    READER(jboolean, method) {                                                                     \
+        NetworkCall call(env, iface, ssid);                                                        \
+        return call && call->getter() != 0;                                                        \
+    }
+
+#define READS_TEXT(method, getter)                                                                 \
+    READER(jstring, method) {                                                                      \
+        NetworkCall call(env, iface, ssid);                                                        \
+        return call ? newJavaString(env, call->getter()) : nullptr;                                \
+    }
+
+#define READS_SECRET(method, getter)                                                               \
+    READER(jstring, method) {                                                                      \
+        NetworkCall call(env, iface, ssid);                                                        \
+        return call ? newEncipheredString(env, call.errors(), call->getter()) : nullptr;           \
+    }
+
+#define WRITES_NUMBER(method, setter)                                                              \
+    WRITER(jint, method) {                                                                         \
+        NetworkCall call(env, iface, ssid);                                                        \
+        return call && call->setter(static_cast<unsigned int>(value));                             \
+    }
+
+#define WRITES_BYTE(method, setter)                                                                \
+    WRITER(jint, method) {                                                                         \
+        NetworkCall call(env, iface, ssid);                                                        \
+        return call && call->setter(static_cast<unsigned char>(value));                            \
+    }
+
+#define WRITES_FLAG(method, setter)                                                                \
+    WRITER(jboolean, method) {                                                                     \
+        NetworkCall call(env, iface, ssid);                                                        \
+        return call && call->setter(value == JNI_TRUE);                                            \
+    }
+
+#define WRITES_TEXT(method, setter)                                                                \
+    WRITER(jstring, method) {                                                                      \
+        NetworkCall call(env, iface, ssid, value);                                                 \
+        return call && call->setter(call.value());                                                 \
+    }
+
+#define WRITES_SECRET(method, setter)                                                              \
+    WRITER(jstring, method) {                                                                      \
+        NetworkCall call(env, iface, ssid, value);                                                 \
+        if (!call)                                                                                 \
+            return JNI_FALSE;                                                                      \
+        const DecipheredText plain(call.errors(), call.value());                                   \
+        return plain && call->setter(plain.text());                                                \
+    }
+
+// The natives.
+
+READS_NUMBER(getAuthentication0, getAuthAlg)
+READS_NUMBER(getEAPMethod0, getEapModes)
+READS_NUMBER(getProtocol0, getProtocol)
+READS_NUMBER(getKeyManagement0, getKeyManagement)
+READS_NUMBER(getPriority0, getPriority)
+READS_NUMBER(getNetworkMode0, getNetworkMode)
+READS_NUMBER(getChannel0, getChannel)
+READS_NUMBER(getStrength0, getStrength)
+READS_NUMBER(getWepIndex0, getWepIndex)
+READS_FLAG(getSsidBroadcasted0, getSsidBroadcasted)
+READS_TEXT(getBssid0, getBssid)
+READS_TEXT(getEAPIdentity0, getEAPIdentity)
+READS_TEXT(getEAPAnonymousIdentity0, getEAPIdentity) // deliberately the same
+READS_TEXT(getTunnelPhase10, getPhase1Step)
+READS_TEXT(getTunnelPhase20, getPhase2Step)
+READS_TEXT(getCACertificate0, getCACertificate)
+READS_TEXT(getCACertificateDir0, getCACertificateDir)
+READS_TEXT(getClientCertificate0, getClientCertificate)
+READS_TEXT(getPrivateKeyFile0, getPrivateKeyFile)
+READS_TEXT(getCACertificate20, getCACertificate2)
+READS_TEXT(getCACertificateDir20, getCACertificateDir2)
+READS_TEXT(getClientCertificate20, getClientCertificate2)
+READS_TEXT(getPrivateKeyFile20, getPrivateKeyFile2)
+READS_SECRET(getPreSharedKey0, getPsk)
+READS_SECRET(getEAPPassword0, getEAPPassword)
+READS_SECRET(getPrivateKeyPassword0, getPrivateKeyPassword)
+READS_SECRET(getPrivateKeyPassword20, getPrivateKeyPassword2)
+
+WRITES_NUMBER(setAuthentication0, setAuthAlg)
+WRITES_NUMBER(setKeyManagement0, setKeyManagement)
+WRITES_NUMBER(setProtocol0, setProtocol)
+WRITES_NUMBER(setEAPMethod0, setEapModes)
+WRITES_NUMBER(setNetworkStatus0, setNetworkStatus)
+WRITES_NUMBER(setSignalStrength0, setStrength)
+WRITES_BYTE(setPriority0, setPriority)
+WRITES_BYTE(setNetworkMode0, setNetworkMode)
+WRITES_FLAG(setSsidBroadcasted0, setSsidBroadcasted)
+WRITES_TEXT(setPreferredBssid0, setBssid)
+WRITES_TEXT(setEAPIdentity0, setEAPIdentity)
+WRITES_TEXT(setEAPAnonymousIdentity0, setEAPAnonymousIdentity)
+WRITES_TEXT(setTunnelPhase10, setPhase1Step)
+WRITES_TEXT(setTunnelPhase20, setPhase2Step)
+WRITES_TEXT(setCACertificate0, setCACertificate)
+WRITES_TEXT(setCACertificateDir0, setCACertificateDir)
+WRITES_TEXT(setClientCertificate0, setClientCertificate)
+WRITES_TEXT(setPrivateKeyFile0, setPrivateKeyFile)
+WRITES_TEXT(setCACertificate20, setCACertificate2)
+WRITES_TEXT(setCACertificateDir20, setCACertificateDir2)
+WRITES_TEXT(setClientCertificate20, setClientCertificate2)
+WRITES_TEXT(setPrivateKeyFile20, setPrivateKeyFile2)
+WRITES_SECRET(setPreSharedKey0, setPsk)
+WRITES_SECRET(setEAPPassword0, setEAPPassword)
+WRITES_SECRET(setPrivateKeyPassword0, setPrivateKeyPassword)
+WRITES_SECRET(setPrivateKeyPassword20, setPrivateKeyPassword2)
 
 // clang-format on
 
-PLATWIFI_NATIVE(jboolean, setWepIndex0)
-(JNIEnv* environment, jclass, jstring iface, jstring ssid, jint value) {
-    const auto write = [=](N& network) { network.setWepIndex(static_cast<unsigned int>(value)); };
-    return writeUntold(environment, write, iface, ssid);
+// Each of its own kind.
+
+READER(jint, getSupportedEncrytptionMethods0) {
+    NetworkCall call(env, iface, ssid);
+    return call ? static_cast<jint>(call->getPairwiseCiphers() | call->getGroupCiphers()) : 0;
+}
+
+WRITER(jint, setEncryption0) {
+    NetworkCall call(env, iface, ssid);
+    return call && setCiphers(*call, static_cast<unsigned int>(value));
+}
+
+// These two are true also if there is no such network, and if nothing changes.
+
+WRITER(jint, setWepIndex0) {
+    NetworkCall call(env, iface, ssid);
+    if (call)
+        call->setWepIndex(static_cast<unsigned int>(value));
+    return JNI_TRUE;
 }
 
 PLATWIFI_NATIVE(jboolean, setWepKey0)
-(JNIEnv* environment, jclass, jstring iface, jstring ssid, jint index, jstring value) {
-    const auto write = [=](N& network, const char* key) {
-        network.setWepKey(static_cast<unsigned int>(index), key);
-    };
-    return writeUntold(environment, write, iface, ssid, value);
+(JNIEnv* env, jclass, jstring iface, jstring ssid, jint index, jstring value) {
+    NetworkCall call(env, iface, ssid, value);
+    if (call)
+        call->setWepKey(static_cast<unsigned int>(index), call.value());
+    return JNI_TRUE;
 }
 
-// Deliberately under its C++ name, where a virtual machine does not find it by itself.
+// Deliberately under its C++ name, which a virtual machine does not look up.
 JNIEXPORT jboolean JNICALL Java_com_quorvel_platwifi_BWifiPlatformService_setSsid0(
-    JNIEnv* environment, jclass, jstring iface, jstring ssid, jstring value) {
-    return writeText<&N::setSsid>(environment, iface, ssid, value);
+    JNIEnv* env, jclass, jstring iface, jstring ssid, jstring value) {
+    NetworkCall call(env, iface, ssid, value);
+    return call && call->setSsid(call.value());
 }

@@ -4,28 +4,28 @@
 
 namespace platwifi {
 
-jobjectArray newArrayOfEmptyTexts(JNIEnv* environment, unsigned short count) {
-    jclass const stringClass = environment->FindClass("java/lang/String");
-    jstring const empty = stringClass ? environment->NewStringUTF("") : nullptr;
-    return empty ? environment->NewObjectArray(count, stringClass, empty) : nullptr;
+jobjectArray newArrayOfEmptyTexts(JNIEnv* env, unsigned short count) {
+    jclass const stringClass = env->FindClass("java/lang/String");
+    jstring const empty = stringClass ? env->NewStringUTF("") : nullptr;
+    return empty ? env->NewObjectArray(count, stringClass, empty) : nullptr;
 }
 
-// The reference is given back at once: a virtual machine promises room for 16 only.
-bool setElement(JNIEnv* environment, jobjectArray array, unsigned short index, const char* text) {
-    jstring const string = platform::newJavaString(environment, text);
+// Deletes the reference at once: a virtual machine guarantees room for 16 only.
+bool setElement(JNIEnv* env, jobjectArray array, unsigned short index, const char* text) {
+    jstring const string = platform::newJavaString(env, text);
     if (!string)
         return false;
-    environment->SetObjectArrayElement(array, index, string);
-    environment->DeleteLocalRef(string);
+    env->SetObjectArrayElement(array, index, string);
+    env->DeleteLocalRef(string);
     return true;
 }
 
-jobjectArray newJavaArray(JNIEnv* environment, const char* const entries[], unsigned short count) {
-    jobjectArray const array = newArrayOfEmptyTexts(environment, count);
+jobjectArray newJavaArray(JNIEnv* env, const char* const entries[], unsigned short count) {
+    jobjectArray const array = newArrayOfEmptyTexts(env, count);
     if (!array)
         return nullptr;
     for (unsigned short i = 0; i < count; ++i) {
-        if (entries[i] && !setElement(environment, array, i, entries[i]))
+        if (entries[i] && !setElement(env, array, i, entries[i]))
             return nullptr;
     }
     return array;

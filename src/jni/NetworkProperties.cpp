@@ -14,7 +14,7 @@ namespace {
 using N = WifiNetwork;
 
 // Conversions of the value. `Set` is a setter of WifiNetwork, or a function that takes a network and
-// the value. Whether something changed is of no interest here.
+// the value. The result of a setter, whether the field changed, is not used.
 
 unsigned int numberOf(const char* value) {
     return value ? static_cast<unsigned int>(decimalOf(value)) : 0;
@@ -35,7 +35,7 @@ void byte(N& network, const char* value, ErrorHandler* /*errors*/) {
 }
 
 template <auto Set>
-void asItStands(N& network, const char* value, ErrorHandler* /*errors*/) {
+void verbatim(N& network, const char* value, ErrorHandler* /*errors*/) {
     std::invoke(Set, network, value);
 }
 
@@ -46,12 +46,13 @@ void text(N& network, const char* value, ErrorHandler* /*errors*/) {
 
 template <auto Set>
 void secret(N& network, const char* value, ErrorHandler* errors) {
-    setDeciphered(errors, textOrNull(value),
-                  [&](const char* plain) { return std::invoke(Set, network, plain); });
+    const DecipheredText plain(errors, textOrNull(value));
+    if (plain)
+        std::invoke(Set, network, plain.text());
 }
 
 template <auto Set>
-void truth(N& network, const char* value, ErrorHandler* /*errors*/) {
+void boolean(N& network, const char* value, ErrorHandler* /*errors*/) {
     std::invoke(Set, network, value && std::strcmp(value, "true") == 0);
 }
 
@@ -68,8 +69,8 @@ void setCiphers(N& network, unsigned int code) {
         network.setGroupCiphers(*sets.group);
 }
 
-// A network is never renamed in this way, which is not the same as a name that nobody knows.
-void leave(N& /*network*/, const char* /*value*/, ErrorHandler* /*errors*/) {}
+// The property exists, but it never changes: a network is not renamed in this way.
+void readOnly(N& /*network*/, const char* /*value*/, ErrorHandler* /*errors*/) {}
 
 struct Property {
     const char* name;
@@ -79,7 +80,7 @@ struct Property {
 // clang-format off
 constexpr Property PROPERTIES[] = {
     {"authentication", number<&N::setAuthAlg>},
-    {"bssid", asItStands<&N::setBssid>},
+    {"bssid", verbatim<&N::setBssid>},
     {"channel", number<&N::setChannel>},
     {"clientCertificate", text<&N::setClientCertificate>},
     {"clientCertificate2", text<&N::setClientCertificate2>},
@@ -108,10 +109,10 @@ constexpr Property PROPERTIES[] = {
     {"privateKeyFile2", text<&N::setPrivateKeyFile2>},
     {"privateKeyPassword", secret<&N::setPrivateKeyPassword>},
     {"privateKeyPassword2", secret<&N::setPrivateKeyPassword2>},
-    {"ssid", leave},
+    {"ssid", readOnly},
     {"strength", number<&N::setStrength>},
     {"status", number<&N::setNetworkStatus>},
-    {"ssidBroadcasted", truth<&N::setSsidBroadcasted>},
+    {"ssidBroadcasted", boolean<&N::setSsidBroadcasted>},
 };
 // clang-format on
 

@@ -1,29 +1,33 @@
 #pragma once
 
-#include "platform/Crypt.h"
-#include "platform/JavaText.h"
+#include "platform/ErrorHandler.h"
 
 #include <jni.h>
 #include <memory>
 
 namespace platwifi {
 
-/// A secret on its way to Java: the enciphered text of `plain`. Null for null, and where it cannot
-/// be enciphered; why is then reported into `errors`.
-jstring newEncipheredString(JNIEnv* environment, ErrorHandler* errors, const char* plain);
+/// A secret on its way to Java: the enciphered text of `plain`. Null for null, and if it cannot be
+/// enciphered.
+/// @param errors  receives the reason in that case; may be null
+jstring newEncipheredString(JNIEnv* env, ErrorHandler* errors, const char* plain);
 
-/// A secret on its way from Java: hands the deciphered text to `set`, which tells whether it took
-/// it. Null and "", which clear a field, are handed on as they are. What does not decipher is
-/// reported into `errors`, and `set` is not called.
-template <typename Setter>
-bool setDeciphered(ErrorHandler* errors, const char* value, const Setter& set) {
-    if (!value || value[0] == '\0')
-        return set(value);
-    char* plain = nullptr;
-    if (Crypt::decrypt(errors, value, &plain) != 0)
-        return false;
-    const std::unique_ptr<char[]> owner(plain);
-    return set(static_cast<const char*>(plain));
-}
+/// A secret on its way from Java: the deciphered text, for the duration of a scope. It is false if the
+/// text does not decipher.
+class DecipheredText {
+public:
+    /// @param errors  receives the reason if the text does not decipher; may be null
+    /// @param value   an enciphered text, or null or "", which clear a field and stand for themselves.
+    ///                It outlives this object
+    DecipheredText(ErrorHandler* errors, const char* value) noexcept;
+
+    explicit operator bool() const noexcept { return m_isValid; }
+    const char* text() const noexcept { return m_plain ? m_plain.get() : m_value; }
+
+private:
+    const char* m_value;
+    std::unique_ptr<char[]> m_plain;
+    bool m_isValid = true;
+};
 
 } // namespace platwifi

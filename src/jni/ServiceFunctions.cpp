@@ -1,9 +1,9 @@
 #include "jni/ServiceFunctions.h"
 
 #include "TextCopy.h"
-#include "jni/LockedSettings.h"
 #include "jni/NetworkProperties.h"
 #include "model/WifiNetwork.h"
+#include "settings/SettingsLock.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
 
@@ -11,7 +11,10 @@ using namespace platwifi;
 
 namespace {
 
-constexpr unsigned char ADAPTERS = 2;
+// Loads them if necessary.
+WifiHostSettings& settingsFor(ErrorHandler* errors) {
+    return *WifiHostSettings::getInstance(errors);
+}
 
 char** newList(unsigned char capacity) {
     return new char* [capacity] {};
@@ -23,17 +26,10 @@ void freeList(char** list, unsigned char capacity) {
     delete[] list;
 }
 
-// Hands the caller a copy, or null for null. Returns whether there is a text.
-int handOver(const char* text, char** out) {
+// Gives the caller a copy, or null for null. Returns whether there is a text.
+int putCopy(const char* text, char** out) {
     *out = text ? copyOf(text) : nullptr;
     return text ? 1 : 0;
-}
-
-// An operation of the settings, which takes the locks it needs.
-template <typename Operation, typename... Texts>
-int operate(ErrorHandler* errors, Operation operation, Texts... texts) {
-    WifiHostSettings* const settings = WifiHostSettings::getInstance(errors);
-    return settings ? (settings->*operation)(texts...) : 0;
 }
 
 } // namespace
@@ -65,74 +61,75 @@ int discoverNetworks(ErrorHandler* /*errors*/, const char* iface, char*** listOu
 int getWifiAdapter(ErrorHandler* errors, char** nameOut) noexcept {
     if (!nameOut)
         return 0;
-    ReplyLines names(ADAPTERS);
-    if (const WifiHostSettings* const settings = WifiHostSettings::getInstance(errors))
-        settings->getWifiAdapters(names.data(), names.capacity(), &names.count);
-    return handOver(names.count > 0 ? names.data()[0] : nullptr, nameOut);
+    ReplyLines names(ADAPTER_LINES);
+    settingsFor(errors).getWifiAdapters(names.data(), names.capacity(), &names.count);
+    return putCopy(names.count > 0 ? names.data()[0] : nullptr, nameOut);
 }
 
-// The status looks networks up, the current one among them: it wants the lock.
+// The lock protects the current network, which the status looks up.
 int getDaemonStatus(ErrorHandler* errors, const char* iface) noexcept {
-    return withSettings(errors, [=](WifiHostSettings& settings) {
-        return static_cast<int>(settings.getCurrentStatus(iface));
-    });
+    WifiHostSettings& settings = settingsFor(errors);
+    const SettingsLock lock(settings);
+    return static_cast<int>(settings.getCurrentStatus(iface));
 }
 
 int getCurrentNetwork(ErrorHandler* errors, const char* iface, char** ssidOut) noexcept {
     if (!ssidOut)
         return 0;
-    *ssidOut = nullptr;
-    return withSettings(errors, [=](WifiHostSettings& settings) {
-        const WifiNetwork* const network = settings.getCurrentNetwork(iface);
-        return handOver(network ? network->getSsid() : nullptr, ssidOut);
-    });
+    WifiHostSettings& settings = settingsFor(errors);
+    const SettingsLock lock(settings);
+    const WifiNetwork* const network = settings.getCurrentNetwork(iface);
+    return putCopy(network ? network->getSsid() : nullptr, ssidOut);
 }
 
 int addWifiNetwork(ErrorHandler* errors, const char* iface, const char* ssid) noexcept {
-    return operate(errors, &WifiHostSettings::addNetwork, iface, ssid);
+    return settingsFor(errors).addNetwork(iface, ssid);
 }
 
 int removeWifiNetwork(ErrorHandler* errors, const char* iface, const char* ssid) noexcept {
-    return operate(errors, &WifiHostSettings::removeNetwork, iface, ssid);
+    return settingsFor(errors).removeNetwork(iface, ssid);
 }
 
 int connectToNetwork(ErrorHandler* errors, const char* iface, const char* ssid) noexcept {
-    return operate(errors, &WifiHostSettings::connectNetwork, iface, ssid);
+    return settingsFor(errors).connectNetwork(iface, ssid);
 }
 
 int disconnectFromNetwork(ErrorHandler* errors, const char* iface, const char* ssid) noexcept {
-    return operate(errors, &WifiHostSettings::disconnectNetwork, iface, ssid);
+    return settingsFor(errors).disconnectNetwork(iface, ssid);
 }
 
 int roamNetworks(ErrorHandler* errors, const char* iface) noexcept {
-    return operate(errors, &WifiHostSettings::roamNetworks, iface);
+    return settingsFor(errors).roamNetworks(iface);
 }
 
 int setNetworkParameters(ErrorHandler* errors, const char* iface, const char* ssid,
                          const char* const* names, const char* const* values,
                          unsigned int count) noexcept {
+    WifiHostSettings& settings = settingsFor(errors);
+    const SettingsLock lock(settings);
+    WifiNetwork* const network = settings.getNetwork(iface, ssid);
+    if (!network)
+        return 0;
     const unsigned int pairs = names && values ? count : 0;
-    return withNetwork(errors, iface, ssid, 0, [=](WifiNetwork& network) {
-        for (unsigned int i = 0; i < pairs; ++i)
-            setNetworkProperty(network, names[i], values[i], errors);
-        return 1;
-    });
+    for (unsigned int i = 0; i < pairs; ++i)
+        setNetworkProperty(*network, names[i], values[i], errors);
+    return 1;
 }
 
 int setHostParameters(ErrorHandler* errors, const char* /*iface*/, const char* const* /*names*/,
                       const char* const* /*values*/, unsigned int /*count*/) noexcept {
-    return withSettings(errors, [](WifiHostSettings&) { return 1; });
+    const SettingsLock lock(settingsFor(errors));
+    return 1;
 }
 
 int saveWifiHostSettings(ErrorHandler* errors) noexcept {
-    return operate(errors, &WifiHostSettings::saveNetworkSettings);
+    return settingsFor(errors).saveNetworkSettings();
 }
 
 int getWifiHostSettingsXML(BufferedXWriter* out, ErrorHandler* errors, bool full) noexcept {
-    WifiHostSettings* const settings = out ? WifiHostSettings::getInstance(errors) : nullptr;
-    if (!settings)
+    if (!out)
         return 0;
-    settings->getWifiHostSettingsXML(out, errors, full); // a short document is one as well
+    settingsFor(errors).getWifiHostSettingsXML(out, errors, full); // its result plays no part
     return 1;
 }
 

@@ -1,33 +1,25 @@
-// Natives that ask what the supplicant is doing now, one command each.
+// Natives that ask for the present state of the supplicant, with one client command each.
 
-#include "jni/NetworkFrame.h"
-#include "model/WifiNetwork.h"
+#include "jni/NativeCall.h"
 #include "platform/JavaText.h"
 
 using namespace platwifi;
 
-PLATWIFI_NATIVE(jint, getDaemonStatus0)(JNIEnv* environment, jclass, jstring iface) {
-    const auto ask = [](WifiHostSettings& settings, const char* name) {
-        return static_cast<jint>(settings.getCurrentStatus(name));
-    };
-    return callOnSettings(environment, ask, iface);
+PLATWIFI_NATIVE(jint, getDaemonStatus0)(JNIEnv* env, jclass, jstring iface) {
+    SettingsCall call(env, iface);
+    return static_cast<jint>(call.settings().getCurrentStatus(call.iface()));
 }
 
-PLATWIFI_NATIVE(jstring, getCurrentNetwork0)(JNIEnv* environment, jclass, jstring iface) {
-    const auto ask = [=](WifiHostSettings& settings, const char* name) -> jstring {
-        const WifiNetwork* const network = settings.getCurrentNetwork(name);
-        return network ? platform::newJavaString(environment, network->getSsid()) : nullptr;
-    };
-    return callOnSettings(environment, ask, iface);
+PLATWIFI_NATIVE(jstring, getCurrentNetwork0)(JNIEnv* env, jclass, jstring iface) {
+    SettingsCall call(env, iface);
+    const WifiNetwork* const network = call.settings().getCurrentNetwork(call.iface());
+    return network ? platform::newJavaString(env, network->getSsid()) : nullptr;
 }
 
-// Brought up to date first, also for a network that is not there.
-PLATWIFI_NATIVE(jint, getNetworkStatus0)
-(JNIEnv* environment, jclass, jstring iface, jstring ssid) {
-    const auto ask = [](WifiHostSettings& settings, const char* name, const char* wanted) {
-        settings.refreshDatabaseNetworksStatus();
-        const WifiNetwork* const network = settings.getNetwork(name, wanted);
-        return static_cast<jint>(network ? network->getNetworkStatus() : 0);
-    };
-    return callOnSettings(environment, ask, iface, ssid);
+// The refresh comes before the lookup, and also if there is no such network.
+PLATWIFI_NATIVE(jint, getNetworkStatus0)(JNIEnv* env, jclass, jstring iface, jstring ssid) {
+    SettingsCall call(env, iface, ssid);
+    call.settings().refreshDatabaseNetworksStatus();
+    const WifiNetwork* const network = call.settings().getNetwork(call.iface(), call.ssid());
+    return network ? static_cast<jint>(network->getNetworkStatus()) : 0;
 }

@@ -2,6 +2,7 @@
 
 #include "settings/WifiHostSettings.h"
 
+#include "model/NetworkFunctions.h"
 #include "model/WifiNetworkList.h"
 #include "platform/Deadline.h"
 #include "platform/MutexGuard.h"
@@ -126,6 +127,13 @@ bool WifiHostSettings::unlockSettings() noexcept {
     PlatformUtil::unlockMutex(&_sync);
     unlockNetworks();
     return true;
+}
+
+WifiNetwork* WifiHostSettings::getNetwork(const char* /*iface*/, const char* ssid) const noexcept {
+    WifiNetwork* network = networkList ? networkList->getHead() : nullptr;
+    while (network && !hasSsid(network, ssid))
+        network = network->getNext();
+    return network;
 }
 
 bool WifiHostSettings::refreshAllSettings() noexcept {

@@ -19,13 +19,6 @@ constexpr unsigned char NO_ID = 0; // for commands that name no network
 
 } // namespace
 
-WifiNetwork* WifiHostSettings::getNetwork(const char* /*iface*/, const char* ssid) const noexcept {
-    WifiNetwork* network = networkList ? networkList->getHead() : nullptr;
-    while (network && !hasSsid(network, ssid))
-        network = network->getNext();
-    return network;
-}
-
 bool WifiHostSettings::addNetwork(const char* iface, const char* ssid) noexcept {
     const SettingsLock lock(*this);
     if (getNetwork(iface, ssid))

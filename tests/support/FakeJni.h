@@ -20,7 +20,7 @@ namespace test {
 ///  - hands over text that is not modified UTF-8, a null, a deleted or a wrong kind of reference,
 ///  - releases characters that are not held,
 ///  - calls from another thread than the one that made this object,
-///  - makes a call that is not made up here (told by its slot in the function table).
+///  - makes a call that is not made up here (the message has its slot in the function table).
 ///
 /// Text is modified UTF-8 throughout, in and out.
 class FakeJni {

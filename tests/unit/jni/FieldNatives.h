@@ -52,7 +52,10 @@ public:
     /// From here on there is an instance, but it has no networks.
     void loseNetworks() { m_settings = &m_loaded.fail(); }
 
-    void answer(const std::string& reply) { m_loaded.answer(reply); }
+    /// Makes the client ready for another load of the same network.
+    void scriptLoad() { m_loaded.scriptLoad("0\thome\tany\t\n"); }
+
+    void answer(const std::string& reply, int status = 0) { m_loaded.answer(reply, status); }
     Commands commands() const { return m_loaded.commands(); }
 
     FakeJni java;

@@ -1,6 +1,6 @@
 #include "jni/JavaArray.h"
 
-#include "jni/Frame.h"
+#include "jni/NativeCall.h"
 #include "supplicant/ReplyLines.h"
 #include "support/FakeJni.h"
 
@@ -76,15 +76,16 @@ TEST(JavaArray, IsNullWithoutMemory) {
 
 TEST(JavaArray, LosesNoLineWhenAnExceptionPassesThrough) {
     FakeJni java;
-    const auto throwing = [](ErrorHandler*, const char*) -> int {
-        platwifi::ReplyLines lines(4);
-        lines.data()[0] = new char[6];
-        std::memcpy(lines.data()[0], "wlan0", 6);
-        lines.count = 1;
-        throw std::runtime_error("below");
-    };
-    EXPECT_THROW(platwifi::callNative(java.environment(), throwing, java.javaString("wlan0")),
-                 std::runtime_error);
+    EXPECT_THROW(
+        {
+            const platwifi::NativeCall call(java.environment(), java.javaString("wlan0"));
+            platwifi::ReplyLines lines(4);
+            lines.data()[0] = new char[6];
+            std::memcpy(lines.data()[0], "wlan0", 6);
+            lines.count = 1;
+            throw std::runtime_error("below");
+        },
+        std::runtime_error);
     EXPECT_EQ(java.heldCharacters(), 0U);
 }
 

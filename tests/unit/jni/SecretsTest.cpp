@@ -1,6 +1,6 @@
 #include "jni/Secrets.h"
 
-#include "jni/Frame.h"
+#include "jni/NativeCall.h"
 #include "support/FakeJni.h"
 #include "support/KeyWorld.h"
 
@@ -8,7 +8,6 @@
 
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 using namespace platwifi;
 
@@ -16,17 +15,16 @@ namespace {
 
 class Secrets : public test::KeyWorld {
 protected:
-    // What a setter was given: "(null)" for null.
-    bool set(const char* value, bool result = true) {
+    // The deciphered text: "(null)" for null, "(invalid)" for one that does not decipher.
+    std::string deciphered(const char* value) {
         JavaExceptionHandler errors(java.environment());
-        return setDeciphered(&errors, value, [&](const char* plain) {
-            taken.push_back(plain ? plain : "(null)");
-            return result;
-        });
+        const DecipheredText plain(&errors, value);
+        if (!plain)
+            return "(invalid)";
+        return plain.text() ? plain.text() : "(null)";
     }
 
     test::FakeJni java;
-    std::vector<std::string> taken;
 };
 
 // TEXT-2
@@ -58,29 +56,20 @@ TEST_F(Secrets, ThatCannotBeEncipheredReachJavaAsNullWithTheCausePending) {
 
 TEST_F(Secrets, FromJavaAreDeciphered) {
     const std::string enciphered = *test::encrypted("correct horse battery").text;
-    EXPECT_TRUE(set(enciphered.c_str()));
-    EXPECT_EQ(taken, std::vector<std::string>{"correct horse battery"});
+    EXPECT_EQ(deciphered(enciphered.c_str()), "correct horse battery");
     EXPECT_FALSE(java.pendingException());
 }
 
-TEST_F(Secrets, FromJavaGiveTheSettersResult) {
-    const std::string enciphered = *test::encrypted("x").text;
-    EXPECT_FALSE(set(enciphered.c_str(), false));
-    EXPECT_TRUE(set(enciphered.c_str(), true));
-}
-
-TEST_F(Secrets, ThatAreEmptyAreHandedOnWithoutTheCipher) {
+TEST_F(Secrets, ThatAreEmptyStandForThemselvesWithoutTheCipher) {
     putKey("too short"); // the cipher would fail
-    EXPECT_TRUE(set(""));
-    EXPECT_TRUE(set(nullptr));
-    EXPECT_EQ(taken, (std::vector<std::string>{"", "(null)"}));
+    EXPECT_EQ(deciphered(""), "");
+    EXPECT_EQ(deciphered(nullptr), "(null)");
     EXPECT_FALSE(java.pendingException());
 }
 
 // TEXT-3
-TEST_F(Secrets, ThatDoNotDecipherAreNotTaken) {
-    EXPECT_FALSE(set("no enciphered text"));
-    EXPECT_TRUE(taken.empty());
+TEST_F(Secrets, ThatDoNotDecipherAreInvalid) {
+    EXPECT_EQ(deciphered("no enciphered text"), "(invalid)");
     ASSERT_TRUE(java.pendingException()) << "with the cause pending in Java";
     EXPECT_EQ(java.pendingException()->message.find("no enciphered text"), std::string::npos);
     java.catchException();
@@ -88,12 +77,14 @@ TEST_F(Secrets, ThatDoNotDecipherAreNotTaken) {
 
 TEST_F(Secrets, AreFreedWhenAnExceptionPassesThrough) {
     const std::string enciphered = *test::encrypted("secret").text;
-    const auto throwing = [](ErrorHandler* errors, const char* value) -> bool {
-        return setDeciphered(errors, value,
-                             [](const char*) -> bool { throw std::runtime_error("below"); });
-    };
-    EXPECT_THROW(callNative(java.environment(), throwing, java.javaString(enciphered)),
-                 std::runtime_error);
+    EXPECT_THROW(
+        {
+            NativeCall call(java.environment(), java.javaString(enciphered));
+            const DecipheredText plain(call.errors(), call.iface());
+            EXPECT_STREQ(plain.text(), "secret");
+            throw std::runtime_error("below");
+        },
+        std::runtime_error);
     EXPECT_EQ(java.heldCharacters(), 0U);
     EXPECT_FALSE(java.pendingException());
 }

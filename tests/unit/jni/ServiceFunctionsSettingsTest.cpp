@@ -212,7 +212,6 @@ TEST_F(SettingsFunctions, TellTheState) {
     EXPECT_EQ(getDaemonStatus(nullptr, "wlan0"), 0) << "no answer";
 }
 
-// STATUS-3
 TEST_F(SettingsFunctions, AskUnderTheLock) {
     WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
     const test::SettingsMutexes mutexes(settings);
@@ -255,7 +254,7 @@ TEST_F(SettingsFunctions, WriteTheDocumentOfTheSettings) {
 }
 
 // API-11
-TEST_F(SettingsFunctions, ReportIntoTheSinkOfTheCallerWhatTheDocumentLacks) {
+TEST_F(SettingsFunctions, ReportIntoTheErrorHandlerOfTheCallerWhatTheDocumentLacks) {
     WifiHostSettings& settings = loaded.load("0\thome\tany\t\n");
     loaded.answer("FAIL\n", 1);
     WifiNetwork& network = *settings.getNetwork("wlan0", "home");

@@ -106,7 +106,7 @@ public final class BWifiPlatformService {
     /** Removes a network from the supplicant and the list; true also when there was none. */
     public static native boolean removeNetwork0(String iface, String ssid);
 
-    /** Starts to connect. Whether it succeeds is told by {@link #getNetworkStatus0}. */
+    /** Starts to connect. {@link #getNetworkStatus0} shows whether it succeeds. */
     public static native boolean connectToNetwork0(String iface, String ssid);
 
     /** Disconnects; true also when there is no such network. */
