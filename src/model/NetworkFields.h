@@ -13,7 +13,7 @@ namespace platwifi {
 /// Tables reach every field through this by its name in `Field`. The rules of WifiNetwork hold for
 /// access, locking and memory.
 ///
-/// A text must be asked for by the name of a text, a number by that of a number.
+/// text() and setText() take the name of a text, number() and setNumber() that of a number.
 class NetworkFields {
 public:
     /// The fields of a network, which stay the network's own.

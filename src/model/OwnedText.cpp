@@ -22,7 +22,7 @@ std::unique_ptr<char[]> copyOf(const char* text) {
 bool OwnedText::assign(const char* value) noexcept {
     if (sameText(m_text.get(), value))
         return false;
-    m_text = value ? copyOf(value) : nullptr; // the copy is made before the old text is freed
+    m_text = value ? copyOf(value) : nullptr; // copied before the old text goes
     return true;
 }
 

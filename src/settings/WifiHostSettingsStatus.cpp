@@ -130,12 +130,12 @@ void WifiHostSettings::applyStatus(const Lines& status, StatusReader reader) noe
 // In the states unknown, disconnected and idle the supplicant is on no network.
 void WifiHostSettings::applyWpaState() noexcept {
     const MutexGuard guard(_sync);
+    const bool isConnected = supplicantState == WPA_STATE_COMPLETED;
+    const auto status = isConnected ? NETWORK_STATUS_CONNECTED : NETWORK_STATUS_CONNECTING;
     if (supplicantState <= WPA_STATE_IDLE)
         setCurrent(nullptr);
     else if (currentNetwork)
-        currentNetwork->setNetworkStatus(supplicantState == WPA_STATE_COMPLETED
-                                             ? NETWORK_STATUS_CONNECTED
-                                             : NETWORK_STATUS_CONNECTING);
+        currentNetwork->setNetworkStatus(status);
 }
 
 bool WifiHostSettings::setCurrent(WifiNetwork* network, Previous previous) noexcept {
