@@ -18,8 +18,6 @@ install(FILES ${PROJECT_BINARY_DIR}/boot/wpa_cli DESTINATION ${PLATWIFI_BOOT_DIR
 foreach(header
     Export.h
     jni/ServiceFunctions.h
-    model/Field.h
-    model/OwnedText.h
     model/WifiNetwork.h
     model/WifiNetworkList.h
     model/WifiTypes.h

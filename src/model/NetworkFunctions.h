@@ -4,11 +4,11 @@
 
 #include <cstring>
 
-// What more than one place does with, or asks of, a single network.
+// Functions on one network that several folders use.
 
 namespace platwifi {
 
-/// What a network is given where the supplicant has no SSID or no access point for it.
+/// The SSID and the BSSID in memory of a network that has none in the supplicant.
 constexpr const char* NO_SSID = "SSID N/A";
 constexpr const char* NO_BSSID = "00:00:00:00:00:00";
 
@@ -18,13 +18,13 @@ inline bool hasSsid(const WifiNetwork* network, const char* ssid) {
     return own && ssid && std::strcmp(own, ssid) == 0;
 }
 
-/// The key of one slot, as a getter for tables of fields.
+/// The WEP key in one slot, as a getter for tables of fields.
 template <unsigned int Slot>
 const char* wepKey(const WifiNetwork& network) {
     return network.getWepKey(Slot);
 }
 
-/// The status of a network that is no longer the current one: enabled, unless it is disabled.
+/// Gives a network that is no longer the current one its status: enabled, unless it is disabled.
 inline void enableUnlessDisabled(WifiNetwork& network) {
     if (network.getNetworkStatus() != NETWORK_STATUS_DISABLED)
         network.setNetworkStatus(NETWORK_STATUS_ENABLED);

@@ -1,41 +1,45 @@
 #pragma once
 
 #include "Export.h"
-#include "model/Field.h"
 #include "model/WifiTypes.h"
 
-#include <array>
+#include <memory>
 
-/// One network of the supplicant's configuration as it is held in memory: what it is called, how it
-/// is secured, how it was last seen, and which of its fields were changed since the supplicant was
-/// told (a dirty flag for each field that can be written back).
+namespace platwifi {
+class NetworkFields;
+} // namespace platwifi
+
+/// One network of the supplicant's configuration in memory: its SSID, its security, what the last scan
+/// showed of it, and its status. Each field that can be written back to the supplicant has a dirty flag,
+/// which says that the field was changed and not written back yet.
 ///
-/// It has no lock: every call, getters too, needs the lock of the list that holds the network
-/// (WifiNetworkList::lock()), once there is one. A network belongs to who made it, then to its
-/// list; `next` is not owned.
+/// A network has no lock of its own. As long as it is in a list, every call, getters included, needs the
+/// lock of that list (WifiNetworkList::lock()). The program that creates a network owns it until a list
+/// takes it over; `next` is not owned.
 ///
-/// Texts are NUL-terminated bytes. A setter copies what it is given; a getter returns the network's
-/// own copy, which stays valid until the field changes, or null when the field is not set. Secrets
-/// are held in plain. Numbers are stored as given, without a range check, except the WEP index; the
-/// names of sets and values are in model/WifiTypes.h.
+/// Texts are NUL-terminated bytes. A setter copies its argument. A getter returns the network's own copy,
+/// which stays valid until the field changes, or null when the field is not set. Secrets are held in
+/// plain text. Numbers are stored without a range check, except the WEP index; model/WifiTypes.h has the
+/// names of sets and values.
 ///
-/// Setters return true when the field changed, except where noted. Nothing is thrown; where memory
-/// for a copy has run out, the process ends.
+/// Setters return true when the field changed, except where noted. Nothing is thrown; where memory has
+/// run out, the process ends.
 class PLATWIFI_API WifiNetwork {
 public:
-    /// Everything is unset, unknown, 0 or false, and clean.
+    /// Every field is unset, unknown, 0 or false, and no field is dirty.
     WifiNetwork();
 
-    /// Frees the texts, and leaves the next network alone.
+    /// Frees the fields; the next network is not touched.
     ~WifiNetwork();
 
     WifiNetwork(const WifiNetwork&) = delete;
     WifiNetwork& operator=(const WifiNetwork&) = delete;
 
-    // Texts that are written back. A change marks the field dirty: any other text, or null over a
-    // text. An empty text over a text is stored; over null it is no change.
+    // Texts that are written back. A change marks the field dirty. Null clears a text. An empty text
+    // counts as unset in a comparison: "" over null and null over "" are no change; "" over another
+    // text is stored.
 
-    bool setSsid(const char* text); ///< name of the network
+    bool setSsid(const char* text);
     const char* getSsid() const;
     bool setBssid(const char* text); ///< MAC address of the access point
     const char* getBssid() const;
@@ -43,11 +47,14 @@ public:
     const char* getPsk() const;
     bool setEAPIdentity(const char* text);
     const char* getEAPIdentity() const;
-    bool setEAPAnonymousIdentity(const char* text); ///< identity shown outside of the tunnel
+    bool setEAPAnonymousIdentity(const char* text); ///< identity that is sent outside of the tunnel
     const char* getEAPAnonymousIdentity() const;
     bool setEAPPassword(const char* text); ///< a secret
     const char* getEAPPassword() const;
-    bool setCACertificate(const char* text); ///< file; from here on for the outer phase
+
+    // Of phase 1, the outer authentication.
+
+    bool setCACertificate(const char* text); ///< file
     const char* getCACertificate() const;
     bool setCACertificateDir(const char* text);
     const char* getCACertificateDir() const;
@@ -57,11 +64,14 @@ public:
     const char* getPrivateKeyFile() const;
     bool setPrivateKeyPassword(const char* text); ///< a secret
     const char* getPrivateKeyPassword() const;
-    bool setPhase1Step(const char* text); ///< parameters of the outer authentication
+    bool setPhase1Step(const char* text); ///< parameters of phase 1
     const char* getPhase1Step() const;
-    bool setPhase2Step(const char* text); ///< parameters of the inner authentication
+
+    // Of phase 2, the inner authentication.
+
+    bool setPhase2Step(const char* text); ///< parameters of phase 2
     const char* getPhase2Step() const;
-    bool setCACertificate2(const char* text); ///< file; from here on for the inner phase
+    bool setCACertificate2(const char* text); ///< file
     const char* getCACertificate2() const;
     bool setCACertificateDir2(const char* text);
     const char* getCACertificateDir2() const;
@@ -72,21 +82,21 @@ public:
     bool setPrivateKeyPassword2(const char* text); ///< a secret
     const char* getPrivateKeyPassword2() const;
 
-    /// Copies a WEP key (a secret) into slot `index`, 0 to 3, or clears the slot. A new key, and
-    /// null over a key, mark the slot dirty; an empty key clears the slot without marking it.
-    /// @return true for every slot there is, changed or not
+    /// Copies a WEP key (a secret) into slot `index`, 0 to 3; null clears the slot. A change marks the
+    /// slot dirty. An empty key clears the slot without marking it, since no empty WEP key can be written.
+    /// @return true for index 0 to 3, whether or not the key changed; false for any other index
     bool setWepKey(unsigned int index, const char* key);
 
-    /// The key in slot `index`; null when there is none, and for an index above 3.
+    /// The key in slot `index`; null when the slot is empty, and for an index above 3.
     const char* getWepKey(unsigned int index) const;
 
-    // Numbers that are written back. Another value marks the field dirty; the same is no change.
+    // Numbers that are written back. A change marks the field dirty; the same value is no change.
 
     bool setNetworkMode(unsigned char value); ///< a NetworkMode
     unsigned char getNetworkMode() const;
-    bool setChannel(unsigned int value); ///< radio channel
+    bool setChannel(unsigned int value); ///< channel number
     unsigned int getChannel() const;
-    bool setPriority(unsigned int value); ///< the supplicant prefers higher ones
+    bool setPriority(unsigned int value); ///< the supplicant prefers networks with a higher one
     unsigned int getPriority() const;
     bool setProtocol(unsigned int value); ///< a set of Protocol
     unsigned int getProtocol() const;
@@ -101,32 +111,35 @@ public:
     bool setEapModes(unsigned int value); ///< a set of EapMode
     unsigned int getEapModes() const;
 
-    /// Slot of the WEP key to send with. An index above 3 is refused: false, and nothing changes.
+    /// The slot of the WEP key to transmit with, 0 to 3.
+    /// @return false for an index above 3, which changes nothing, and where the index is the same
     bool setWepIndex(unsigned int index);
     unsigned int getWepIndex() const;
 
-    /// Whether the network tells its name to everybody. Marks the field dirty and returns true,
-    /// also when it was so already.
+    /// Whether the network broadcasts its SSID. Each call marks the field dirty, also with the value that
+    /// the field has: a new network starts with false here and with true in the supplicant.
+    /// @return true
     bool setSsidBroadcasted(bool value);
     unsigned int getSsidBroadcasted() const; ///< 1 or 0
 
-    // Facts that come from the supplicant and are never written back: no dirty flag. The setters of
-    // the numbers always return true.
+    // What the supplicant reports. It is never written back and has no dirty flag. The setters of the
+    // numbers always return true.
 
-    bool setNetworkId(unsigned char value); ///< the supplicant's number of the network
+    bool setNetworkId(unsigned char value); ///< by which the supplicant's commands name the network
     unsigned char getNetworkId() const;
     bool setNetworkStatus(unsigned int value); ///< a NetworkStatus
     unsigned int getNetworkStatus() const;
-    bool setStrength(unsigned int value); ///< signal at the last scan, 0 to 100
+    bool setStrength(unsigned int value); ///< of the signal at the last scan, 0 to 100
     unsigned int getStrength() const;
-    bool setIpAddress(const char* text); ///< address obtained on this network
+    bool setIpAddress(const char* text); ///< address of the adapter on this network
     const char* getIpAddress() const;
 
-    /// The next network of the list. The list keeps this link; always returns true.
+    /// The next network of the list, which alone sets it.
+    /// @return true
     bool setNext(WifiNetwork* network);
     WifiNetwork* getNext() const;
 
-    // Dirty flags, one by one. The setters store the flag and return true.
+    // The dirty flag of each field. The setters return true.
 
     bool setSsidDirty(bool on);
     bool getSsidDirty() const;
@@ -187,96 +200,21 @@ public:
     bool setPrivateKeyPassword2Dirty(bool on);
     bool getPrivateKeyPassword2Dirty() const;
 
-    /// The flag of one WEP key; false for an index above 3, which stores nothing.
+    /// The dirty flag of one WEP key. Both return false for an index above 3, and the setter stores
+    /// nothing then.
     bool setWepKeyDirty(bool on, unsigned char index);
     bool getWepKeyDirty(unsigned char index) const;
 
-    /// Whether the network has a change to write back. A change of the anonymous identity alone
-    /// does not count: it goes along with the next other change.
+    /// Whether a save has to write the network back. A change of the anonymous identity alone does not
+    /// count: it is written with the next other change.
     bool getNetworkDirty() const;
 
-    /// Clears every dirty flag, the one of the anonymous identity too.
+    /// Clears every dirty flag, that of the anonymous identity included.
     void cleanDirtyFields();
 
 private:
-    using Text = platwifi::TextField;
-    using Number = platwifi::NumberField<unsigned int>;
-    using Byte = platwifi::NumberField<unsigned char>;
+    friend class platwifi::NetworkFields;
 
-    static constexpr unsigned int WEP_KEYS = 4;
-
-    enum DirtyFlag : unsigned int {
-        ssidDirty,
-        bssidDirty,
-        ssidBroadcastedDirty,
-        networkModeDirty,
-        channelDirty,
-        priorityDirty,
-        protocolDirty,
-        keyManagementDirty,
-        authAlgDirty,
-        groupCiphersDirty,
-        pairwiseCiphersDirty,
-        wepIndexDirty,
-        wepKeyDirty, ///< of slot 0; the other slots follow
-        pskDirty = wepKeyDirty + WEP_KEYS,
-        eapModesDirty,
-        EAPIdentityDirty,
-        EAPAnonymousIdentityDirty,
-        EAPPasswordDirty,
-        CACertificateDirty,
-        CACertificateDirDirty,
-        ClientCertificateDirty,
-        PrivateKeyFileDirty,
-        PrivateKeyPasswordDirty,
-        Phase1StepDirty,
-        Phase2StepDirty,
-        CACertificate2Dirty,
-        CACertificateDir2Dirty,
-        ClientCertificate2Dirty,
-        PrivateKeyFile2Dirty,
-        PrivateKeyPassword2Dirty,
-        DIRTY_FLAGS,
-    };
-
-    std::array<bool, DIRTY_FLAGS> dirtyFlags{};
-
-    // Each field with its dirty flag; those without one are never written back.
-
-    Text ssid{dirtyFlags[ssidDirty]};
-    Text bssid{dirtyFlags[bssidDirty]};
-    unsigned char networkId = 0;
-    Number ssidBroadcasted{dirtyFlags[ssidBroadcastedDirty]};
-    unsigned int networkStatus = NETWORK_STATUS_UNKNOWN;
-    Number priority{dirtyFlags[priorityDirty]};
-    unsigned int strength = 0;
-    Number channel{dirtyFlags[channelDirty]};
-    Byte networkMode{dirtyFlags[networkModeDirty], NETWORK_MODE_UNKNOWN};
-    Number protocol{dirtyFlags[protocolDirty]};
-    Number keyManagement{dirtyFlags[keyManagementDirty]};
-    Number authAlg{dirtyFlags[authAlgDirty]};
-    Number groupCiphers{dirtyFlags[groupCiphersDirty]};
-    Number pairwiseCiphers{dirtyFlags[pairwiseCiphersDirty]};
-    Text psk{dirtyFlags[pskDirty]};
-    Text wepKey[WEP_KEYS] = {Text{dirtyFlags[wepKeyDirty]}, Text{dirtyFlags[wepKeyDirty + 1]},
-                             Text{dirtyFlags[wepKeyDirty + 2]}, Text{dirtyFlags[wepKeyDirty + 3]}};
-    Number wepIndex{dirtyFlags[wepIndexDirty]};
-    Number eapModes{dirtyFlags[eapModesDirty]};
-    Text EAPIdentity{dirtyFlags[EAPIdentityDirty]};
-    Text EAPAnonymousIdentity{dirtyFlags[EAPAnonymousIdentityDirty]};
-    Text EAPPassword{dirtyFlags[EAPPasswordDirty]};
-    Text CACertificate{dirtyFlags[CACertificateDirty]};
-    Text CACertificateDir{dirtyFlags[CACertificateDirDirty]};
-    Text ClientCertificate{dirtyFlags[ClientCertificateDirty]};
-    Text PrivateKeyFile{dirtyFlags[PrivateKeyFileDirty]};
-    Text PrivateKeyPassword{dirtyFlags[PrivateKeyPasswordDirty]};
-    Text Phase1Step{dirtyFlags[Phase1StepDirty]};
-    Text Phase2Step{dirtyFlags[Phase2StepDirty]};
-    Text CACertificate2{dirtyFlags[CACertificate2Dirty]};
-    Text CACertificateDir2{dirtyFlags[CACertificateDir2Dirty]};
-    Text ClientCertificate2{dirtyFlags[ClientCertificate2Dirty]};
-    Text PrivateKeyFile2{dirtyFlags[PrivateKeyFile2Dirty]};
-    Text PrivateKeyPassword2{dirtyFlags[PrivateKeyPassword2Dirty]};
-    platwifi::OwnedText ipAddress;
-    WifiNetwork* next = nullptr; ///< not owned
+    const std::unique_ptr<platwifi::NetworkFields> m_fields; ///< never null
+    WifiNetwork* m_next = nullptr;                           ///< not owned
 };

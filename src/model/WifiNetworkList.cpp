@@ -48,7 +48,7 @@ WifiNetworkList::WifiNetworkList() {
     PlatformUtil::createMutex(&mutex);
 }
 
-// The lock is never given back: it ends while it is held, so that nobody finds a list without one.
+// The lock is destroyed while locked, so that no thread can take it in between.
 WifiNetworkList::~WifiNetworkList() {
     lock();
     removeAll(head);
@@ -81,7 +81,7 @@ bool WifiNetworkList::containsNetwork(const char* ssid) const {
     return !isEmpty(ssid) && holds(head, ssid);
 }
 
-// Does not ask containsNetwork(), which never finds an empty SSID: that one, too, is there once.
+// containsNetwork() would not do: it never finds an empty SSID, of which there may be only one, too.
 bool WifiNetworkList::addNetworkToList(WifiNetwork* network) {
     const MutexGuard guard(mutex);
     if (!network || holds(head, network->getSsid()))
@@ -97,7 +97,7 @@ bool WifiNetworkList::removeNetworkFromList(const char* ssid) {
     if (isEmpty(ssid))
         return false;
     removeFirst(head, ssid);
-    invalidateDatabase(); // also when there was none: the caller's picture was another one
+    invalidateDatabase(); // also when there was none: memory did not agree with what the caller expected
     return true;
 }
 

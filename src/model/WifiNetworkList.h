@@ -7,65 +7,64 @@
 
 class WifiNetwork;
 
-/// The networks of the supplicant's configuration in memory, the last one added first, each SSID
-/// once (compared byte for byte).
+/// The networks of the supplicant's configuration in memory. A network is added in front. No two networks
+/// have the same SSID, compared byte for byte.
 ///
-/// The list owns its networks and deletes them. A flag tells whether networks were added or removed
-/// since the list was last declared valid, that is, since it agreed with the saved configuration;
-/// changes inside a network do not touch it.
+/// The list owns its networks and deletes them. It is valid as long as it has the networks of the saved
+/// configuration: adding and removing a network makes it invalid, a changed field does not.
 ///
-/// Any thread may call; every operation but getHead() takes the lock, which a thread may hold
-/// already, however often. A network of the list, and its fields, may only be touched while holding
-/// the lock. Nothing is thrown. SSIDs are NUL-terminated texts and stay the caller's.
+/// Any thread may call. Every operation but getHead() takes the list's lock, which is recursive. A network
+/// of the list, and its fields, may only be used while holding that lock. Nothing is thrown. SSIDs are
+/// NUL-terminated texts, which the caller owns.
 class PLATWIFI_API WifiNetworkList {
 public:
     /// An empty, valid list.
     WifiNetworkList();
 
-    /// Waits for the lock and ends it together with all networks. Only the calling thread may hold
-    /// it, however often; nobody may wait for it or come after.
+    /// Deletes all networks and the lock. The calling thread may hold the lock; no other thread may use the
+    /// list any more.
     ~WifiNetworkList();
 
     WifiNetworkList(const WifiNetworkList&) = delete;
     WifiNetworkList& operator=(const WifiNetworkList&) = delete;
 
-    /// Takes the lock, for a walk over the networks or for several operations in one.
+    /// Takes the lock: for a walk over the networks, or to make several operations one.
     void lock();
 
-    /// Gives back one lock() of the calling thread.
+    /// Releases one lock() of the calling thread.
     void unlock();
 
-    /// The first network, null when there is none; the others by WifiNetwork::getNext(). The caller
-    /// holds the lock, from this call to the end of the walk.
+    /// The first network; null when there is none. WifiNetwork::getNext() gives the others. The caller holds
+    /// the lock from this call to the end of the walk.
     WifiNetwork* getHead() const;
 
     /// How many networks there are.
     unsigned int getCount() const;
 
-    /// Whether a network has this SSID. Never so for a null or an empty one.
+    /// Whether a network has this SSID. False for a null or an empty SSID.
     bool containsNetwork(const char* ssid) const;
 
-    /// Puts `network` in front and takes it over; the list is no longer valid.
-    /// @return false for null and for an SSID that the list has: nothing changes, and the network
-    ///         stays the caller's. An unset SSID is like no other.
+    /// Adds `network` in front, and owns it from then on. The list becomes invalid.
+    /// @return true; false for null, and where the list has a network with this SSID: nothing changes then,
+    ///         and the caller still owns the network. An unset SSID equals no other.
     bool addNetworkToList(WifiNetwork* network);
 
-    /// Deletes the network with this SSID, which may be that network's own text. The list is no
-    /// longer valid, even when there was no such network.
-    /// @return true, or false for a null or an empty SSID: nothing changes
+    /// Deletes the network with this SSID; `ssid` may be that network's own text. The list becomes invalid,
+    /// also when there is no such network.
+    /// @return true; false for a null or an empty SSID, which changes nothing
     bool removeNetworkFromList(const char* ssid);
 
-    /// Deletes all networks, if any; the list is no longer valid.
+    /// Deletes all networks. The list becomes invalid, also when it was empty.
     /// @return true
     bool removeAllFromList();
 
-    /// Whether nothing was added or removed since validateDatabase(), or since the beginning.
+    /// Whether the list is valid: it was not invalidated since validateDatabase(), or since it was made.
     bool isValid() const;
 
-    /// Declares the list valid: it is as the supplicant's saved configuration.
+    /// Makes the list valid: it has the networks of the supplicant's saved configuration.
     void validateDatabase();
 
-    /// Declares the list changed.
+    /// Makes the list invalid.
     void invalidateDatabase();
 
 private:

@@ -1,7 +1,7 @@
 #pragma once
 
-// The numbers that networks and the supplicant's state carry, in memory and toward callers. A set
-// is the sum of its flags, and 0 where nothing is known; the others hold one value.
+// The numbers for the properties of a network and for the supplicant's state, in memory and for callers. A set
+// is the sum of its flags, and 0 where nothing is known; the others are one value.
 
 /// Security protocols of a network (a set).
 enum Protocol : unsigned int {
@@ -9,7 +9,7 @@ enum Protocol : unsigned int {
     PROTOCOL_RSN = 0x2,
 };
 
-/// How keys are agreed on (a set).
+/// Key management (a set).
 enum KeyManagement : unsigned int {
     KEY_MGMT_NONE = 0x1,
     KEY_MGMT_WPA_PSK = 0x2,
@@ -18,15 +18,15 @@ enum KeyManagement : unsigned int {
     KEY_MGMT_WPA_NONE = 0x10,
 };
 
-/// Ciphers for traffic with one station (a set).
+/// Ciphers for unicast traffic (a set).
 enum PairwiseCipher : unsigned int {
     PAIRWISE_NONE = 0x1,
     PAIRWISE_TKIP = 0x2,
     PAIRWISE_CCMP = 0x4,
 };
 
-/// Ciphers for traffic to all stations (a set). TKIP and CCMP have the numbers of the pairwise
-/// ciphers, so that one number can name both; that is why 0x1 is free.
+/// Ciphers for broadcast and multicast traffic (a set). TKIP and CCMP have the numbers of the pairwise
+/// ciphers, so that one number can stand for both kinds; 0x1 is PAIRWISE_NONE and not in use here.
 enum GroupCipher : unsigned int {
     GROUP_TKIP = 0x2,
     GROUP_CCMP = 0x4,
@@ -49,7 +49,7 @@ enum EapMode : unsigned int {
     EAP_FAST = 0x400,
 };
 
-/// The 802.11 authentication algorithm (one value).
+/// The IEEE 802.11 authentication algorithm (one value).
 enum AuthAlg : unsigned int {
     AUTH_ALG_UNKNOWN = 0,
     AUTH_ALG_OPEN = 1,
@@ -58,23 +58,23 @@ enum AuthAlg : unsigned int {
     AUTH_ALG_AUTO = 4,
 };
 
-/// Who else is on the network (one value): an access point, or stations only.
+/// The kind of network (one value): with an access point, or of stations only (IBSS).
 enum NetworkMode : unsigned char {
     NETWORK_MODE_MANAGED = 0,
     NETWORK_MODE_ADHOC = 1,
     NETWORK_MODE_UNKNOWN = 2,
 };
 
-/// What a configured network is to the supplicant right now (one value; 2 is not in use).
+/// The status of a configured network (one value; 2 is not in use).
 enum NetworkStatus : unsigned int {
     NETWORK_STATUS_UNKNOWN = 0,
-    NETWORK_STATUS_ENABLED = 1, ///< configured, and not the current one
+    NETWORK_STATUS_ENABLED = 1, ///< the supplicant may select it
     NETWORK_STATUS_CONNECTED = 3,
-    NETWORK_STATUS_CONNECTING = 4, ///< the current one, not connected yet
+    NETWORK_STATUS_CONNECTING = 4, ///< the current network, not connected yet
     NETWORK_STATUS_DISABLED = 5,
 };
 
-/// What the supplicant is doing, in the order in which a connection comes about.
+/// The supplicant's state, in the order of the steps to a connection.
 enum WpaState : unsigned int {
     WPA_STATE_UNKNOWN = 0,
     WPA_STATE_DISCONNECTED = 1,

@@ -16,23 +16,23 @@ bool is(const char* key, const char* name) {
 
 KeyState KeyState::beforeLoad() {
     KeyState state;
-    state.m_need = Need::NOT_TOLD;
+    state.m_need = Need::UNKNOWN;
     return state;
 }
 
-// SAE has passwords of its own, which are not read, and takes no key in hexadecimal.
+// SAE has a password of its own, and takes no key in hexadecimal: "psk" says nothing about it.
 KeyState::Need KeyState::needOf(const char* methods) {
     if (std::strstr(methods, "SAE") || std::strstr(methods, "WPS"))
-        return Need::ANOTHER;
-    return std::strstr(methods, "PSK") ? Need::KEY : Need::NONE;
+        return Need::SECRET;
+    return std::strstr(methods, "PSK") ? Need::KEY : Need::NOTHING;
 }
 
-// A network with other values and no key management had one refused. The file does not hold any then, and
-// the supplicant takes the default when it reads that.
+// A network that has other values, but no key management, had a key management that the supplicant refused.
+// Its file holds none, and it takes the default, WPA-PSK, when it reads the file.
 void KeyState::read(const char* key, const char* value) {
     if (!value)
         return;
-    if (m_need == Need::NOT_TOLD)
+    if (m_need == Need::UNKNOWN)
         m_need = Need::KEY;
     if (is(key, METHODS))
         m_need = needOf(value);
@@ -40,7 +40,8 @@ void KeyState::read(const char* key, const char* value) {
         m_hasKey = true;
 }
 
-// A refused key management leaves none, with the same end; a refused key leaves the one there is.
+// After a refused key management the supplicant has none, and takes the default at the next reading of its
+// file. After a refused key it keeps the one that it has.
 void KeyState::written(const char* key, const char* value, bool accepted) {
     if (is(key, METHODS))
         m_need = accepted ? needOf(value) : Need::KEY;
@@ -49,7 +50,7 @@ void KeyState::written(const char* key, const char* value, bool accepted) {
 }
 
 bool KeyState::mayBeLeftOut() const {
-    return m_need == Need::ANOTHER || (m_need == Need::KEY && !m_hasKey);
+    return m_need == Need::SECRET || (m_need == Need::KEY && !m_hasKey);
 }
 
 } // namespace platwifi

@@ -4,30 +4,39 @@ namespace platwifi {
 
 /// Whether the supplicant keeps a network when it writes its configuration file.
 ///
-/// wpa_supplicant 2.10 leaves a network out whose key management has WPA-PSK in any of its variants, the
-/// default included, without a pre-shared key, or SAE without a passphrase, or WPS. It does so without
-/// an error, and gives the networks behind it lower ids when it reads the file again. The key
-/// management and the key that are held in memory do not tell this: of several methods one is kept, a
-/// value that the supplicant refused is held all the same, and a key "*" is never sent.
+/// wpa_supplicant 2.10 leaves out, without an error, a network whose key management is
+/// - WPA-PSK in any of its variants, the default included, without a pre-shared key,
+/// - SAE without a passphrase,
+/// - WPS.
+/// The networks behind it get lower ids when the file is read again. The key management and the key in
+/// memory cannot answer the question: memory holds one of several methods, it holds values that the
+/// supplicant refused, and it may hold a key "*", which is never sent.
 class KeyState {
 public:
-    /// That of a network which the supplicant has just made: by default, WPA-PSK is one of its methods.
+    /// The state of a network that the supplicant has just created: by default, WPA-PSK is one of its
+    /// methods.
     KeyState() = default;
 
-    /// That of a network which is being loaded. Until the supplicant has given any value, nothing is
-    /// known of it, and it counts as one that stays.
+    /// The state of a network before its values are loaded. It counts as one that is kept until read() gets
+    /// a value.
     static KeyState beforeLoad();
 
-    /// A field's value as the supplicant has it; null when it has none.
+    /// Notes a field's value as the supplicant has it; null for none.
     void read(const char* key, const char* value);
 
-    /// A field was sent to the supplicant.
+    /// Notes that a field was sent to the supplicant, and whether the supplicant took it.
     void written(const char* key, const char* value, bool accepted);
 
     bool mayBeLeftOut() const;
 
 private:
-    enum class Need { NOT_TOLD, NONE, KEY, ANOTHER };
+    /// What a network must have to be kept.
+    enum class Need {
+        UNKNOWN, ///< nothing was loaded yet
+        NOTHING,
+        KEY,    ///< a pre-shared key
+        SECRET, ///< one that cannot be read: an SAE password, a WPS PIN
+    };
 
     static Need needOf(const char* methods);
 

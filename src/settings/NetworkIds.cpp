@@ -9,7 +9,7 @@
 namespace platwifi {
 namespace {
 
-// The bytes that the supplicant takes for an SSID: what stands between the quotes that are sent.
+// The bytes that the supplicant takes as the SSID: what is sent, without the quotes around it.
 std::string sentSsid(const char* value) {
     const std::string sent = quotedFor("ssid", value);
     const bool isQuoted = sent.size() >= 2 && sent.front() == '"' && sent.back() == '"';
@@ -34,7 +34,8 @@ void NetworkIds::loaded(WifiNetwork& network, const KeyState& key) {
     m_isStale = m_isStale || !entry.id;
 }
 
-// An id that is in use already shows that the supplicant has read its file meanwhile.
+// Where a network in memory has the new id already, the supplicant has read its file again and renumbered its
+// networks: the ids in memory are old.
 void NetworkIds::added(WifiNetwork& network, const char* ssid) {
     const unsigned char id = network.getNetworkId();
     m_isChanged = true;
@@ -65,8 +66,9 @@ void NetworkIds::saved(bool everywhere) {
     m_isChanged = false;
 }
 
-// Whether the networks in memory have the ids that counting them gives, and all stay in the file. One
-// that is not in memory may be left out: where it stands before one that is, the count shows it.
+// Whether the networks in memory have the ids 0 to n-1 in order, and the supplicant keeps all of them in its
+// file. Networks that are not in memory need no check of their own: one that stands before a network in
+// memory makes that network's id differ from the count, and one behind all of them changes no id.
 bool NetworkIds::keepsIds() const {
     unsigned int count = 0;
     return std::all_of(m_entries.begin(), m_entries.end(), [&](const Entry& entry) {
@@ -103,7 +105,7 @@ NetworkIds::Entries NetworkIds::entriesOf(const Lines& list) {
     return entries;
 }
 
-// Ids stay stale until every network in memory has one.
+// The ids stay stale until every network in memory has one.
 void NetworkIds::take(Entries listed) {
     Entries lost;
     m_isStale = false;
@@ -126,7 +128,7 @@ void NetworkIds::take(Entries listed) {
     m_entries = std::move(listed);
 }
 
-// The one at the same place among those with this SSID, where there are as many as before.
+// The network at the same place among those with this SSID; null where their number has changed.
 NetworkIds::Entry* NetworkIds::counterpart(const Entry& entry, Entries& listed) const {
     std::vector<const Entry*> before;
     std::vector<Entry*> now;

@@ -20,62 +20,64 @@ namespace platwifi {
 /// holds the same networks. After any other save they are stale: they are confirmed by one list_networks
 /// before the next command that needs one.
 ///
-/// A network is found again by its SSID as the supplicant prints it, which may be another one than that
-/// in memory: an escaped one, one that was edited but not saved, none at all. Of several networks
-/// with one SSID each is known by its place among them. Where their number has changed, none of them is
+/// Confirming finds each network by its SSID as the supplicant prints it. That may differ from the SSID in
+/// memory: it may be escaped, be an older one because an edit was not saved, or be missing. Several
+/// networks with one SSID are distinguished by their order. When their number has changed, none of them is
 /// known until the next load.
 ///
-/// The caller holds the lock of the list whose networks these are, and removes them here before they
-/// are deleted.
+/// The caller holds the lock of the list that has these networks, and calls removed() before it deletes
+/// one.
 class NetworkIds {
 public:
-    /// Forgets all networks, before a load, and with them what became stale. That the supplicant got or
-    /// lost networks since its last save is remembered: loading does not write its file.
+    /// Forgets all networks before a load; no id is stale then. It still knows whether networks were added
+    /// or removed since the supplicant's last save, because a load does not write the supplicant's file.
     void forget() noexcept;
 
-    // A load tells of every network that the supplicant lists, in its order.
+    // Called by a load, for each network in the order of the supplicant's list.
 
     void listed(const ListedSsid& line);
 
-    /// The line before was this network's. Without a usable id there is none that may be used.
+    /// The network was loaded from the line of the last listed(). Where that line has no usable id, the
+    /// network's id may not be used.
     void loaded(WifiNetwork& network, const KeyState& key);
 
-    // What is done with a network in the supplicant.
+    // Called after each command that changed the supplicant's networks.
 
-    /// It was created with the id that it has in memory.
-    /// @param ssid  not null; where it is empty the network in memory has none
+    /// The network was created with the id that it has in memory.
+    /// @param ssid  not null; where it is empty, the network in memory has no SSID
     void added(WifiNetwork& network, const char* ssid);
 
     void removed(const WifiNetwork& network);
 
-    /// A field was sent.
+    /// A field was sent to the supplicant, which took it or not.
     void written(const WifiNetwork& network, const char* key, const char* value, bool accepted);
 
     /// The supplicant wrote its file and read it again.
-    /// @param everywhere  false when one of several adapters could not write its own
+    /// @param everywhere  false when one of several adapters could not write its file
     void saved(bool everywhere);
 
-    /// Asks the supplicant for its list when ids are stale; to be called before a command that needs one.
+    /// When ids are stale, asks the supplicant for its list and takes the new ids from it. To be called
+    /// before a command that needs an id.
     /// @param iface  the adapter whose networks these are
-    /// @return false when it did not answer: no id may be used
+    /// @return false when the supplicant did not answer: no id may be used
     bool confirm(WifiUtil& util, const char* iface);
 
-    /// Does the same with a list that is there already.
+    /// Does the same with a list that was read already.
     void confirm(const Lines& list);
 
-    /// Whether the id that the network has in memory may be used. False for a network that the
-    /// supplicant does not list, or that cannot be told from another.
+    /// Whether the id that the network has in memory may be used. False for a network that the supplicant
+    /// does not list, and for one of several with the same SSID that cannot be distinguished.
     bool isKnown(const WifiNetwork& network) const;
 
 private:
     struct Entry {
         std::string printed;             ///< its SSID in the supplicant
-        std::optional<unsigned char> id; ///< none where it is not known, or above 255
-        WifiNetwork* network = nullptr;  ///< null for one that is not in memory
+        std::optional<unsigned char> id; ///< none where it is not known or above 255
+        WifiNetwork* network = nullptr;  ///< null for a network that is not in memory
         KeyState key = {};
     };
 
-    // The networks of the supplicant in its order; behind them those that it has lost.
+    // The supplicant's networks in its order, then those in memory that it does not list any more.
     using Entries = std::vector<Entry>;
 
     static Entries entriesOf(const Lines& list);
@@ -86,7 +88,7 @@ private:
 
     Entries m_entries;
     bool m_isStale = false;
-    bool m_isChanged = false; ///< whether networks came or went since the last save
+    bool m_isChanged = false; ///< whether networks were added or removed since the last save
 };
 
 } // namespace platwifi

@@ -2,8 +2,7 @@
 
 #include "platform/ErrorHandler.h"
 
-/// An error handler that raises nothing and only saves the error: for work that no caller has asked
-/// for.
+/// An error handler that saves the error and raises nothing, for calls that have no error handler.
 class NullExceptionHandler : public virtual ErrorHandler {
 public:
     using ErrorHandler::error;

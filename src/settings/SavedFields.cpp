@@ -1,19 +1,20 @@
 #include "settings/SavedFields.h"
 
+#include "model/NetworkFields.h"
 #include "model/NetworkFunctions.h"
 #include "model/WifiNetwork.h"
 #include "supplicant/WifiUtil.h"
 
 #include <cstring>
-#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace platwifi {
 namespace {
 
-// The one word that the supplicant has for a set or a value. Sets are compared as a whole: one of
-// several flags has no word, and the supplicant keeps what it has.
+// The supplicant's word for a set or a value. A set is compared as a whole: there is no word for a set of
+// several flags, so that the supplicant keeps its value.
 struct Word {
     unsigned int number;
     const char* text;
@@ -27,7 +28,7 @@ constexpr Word KEY_MANAGEMENT[] = {
     {KEY_MGMT_WPA_NONE, "WPA-NONE"},   //
 };
 
-// AUTH_ALG_AUTO has no word: it is what the supplicant does when it is told nothing.
+// AUTH_ALG_AUTO has no word: it is the supplicant's behaviour without an auth_alg.
 constexpr Word AUTH_ALG[] = {
     {AUTH_ALG_OPEN, "OPEN"},
     {AUTH_ALG_SHARED, "SHARED"},
@@ -66,158 +67,150 @@ constexpr Word PROTOCOL[] = {
     {PROTOCOL_RSN, "RSN"},
 };
 
-constexpr const char* EMPTY = "\"\""; // what the supplicant reads as an empty text
-constexpr const char* MASK = "*";     // stands for a secret that was not changed
+constexpr const char* EMPTY = "\"\""; // the supplicant's notation of an empty text
+constexpr const char* MASK = "*";     // what the supplicant answers in place of a secret
 
+// What a save does with a dirty field.
 struct Value {
-    bool stays = false;              // dirty: there is nothing to write yet
-    std::optional<std::string> text; // without one the supplicant keeps what it has
+    bool staysDirty;                 // there is nothing to write yet
+    std::optional<std::string> text; // without one the supplicant keeps its value
 };
 
-constexpr bool STAYS = true;
-
-// How a field's value is told to the supplicant. `Get` is a getter of WifiNetwork, or a function that
-// takes a network.
-
-template <auto Get>
-Value required(const WifiNetwork& network) {
-    const char* const text = std::invoke(Get, network);
-    return text ? Value{!STAYS, text} : Value{STAYS, {}};
+Value send(std::string text) {
+    return {false, std::move(text)};
 }
 
-template <auto Get>
-Value orEmpty(const WifiNetwork& network) {
-    const char* const text = std::invoke(Get, network);
-    return {!STAYS, text ? text : EMPTY};
+Value skip() {
+    return {false, {}};
 }
 
-template <auto Get>
-Value masked(const WifiNetwork& network) {
-    const char* const text = std::invoke(Get, network);
-    return text && std::strcmp(text, MASK) == 0 ? Value{} : orEmpty<Get>(network);
+Value postpone() {
+    return {true, {}};
 }
 
-// Signed, as the supplicant's numbers are: the highest unsigned ones come out negative.
-template <auto Get>
-Value decimal(const WifiNetwork& network) {
-    return {!STAYS, std::to_string(static_cast<int>(std::invoke(Get, network)))};
+// How a field's value is written. Each function takes the field of its row.
+
+Value required(const NetworkFields& fields, Field field) {
+    const char* const text = fields.text(field);
+    return text ? send(text) : postpone();
 }
 
-template <auto Get, const auto& Words>
-Value oneWord(const WifiNetwork& network) {
-    const unsigned int number = std::invoke(Get, network);
-    for (const Word& word : Words) {
+Value orEmpty(const NetworkFields& fields, Field field) {
+    const char* const text = fields.text(field);
+    return send(text ? text : EMPTY);
+}
+
+// A secret that was loaded is the mask; it was not changed.
+Value masked(const NetworkFields& fields, Field field) {
+    const char* const text = fields.text(field);
+    return text && std::strcmp(text, MASK) == 0 ? skip() : orEmpty(fields, field);
+}
+
+// Signed, as the supplicant's numbers are: those above INT_MAX become negative.
+Value decimal(const NetworkFields& fields, Field field) {
+    return send(std::to_string(static_cast<int>(fields.number(field))));
+}
+
+template <const auto& WORDS>
+Value oneWord(const NetworkFields& fields, Field field) {
+    const unsigned int number = fields.number(field);
+    for (const Word& word : WORDS) {
         if (word.number == number)
-            return {!STAYS, word.text};
+            return send(word.text);
     }
-    return {number == 0, {}};
+    return number == 0 ? postpone() : skip();
 }
 
 bool isAnyBssid(const char* bssid) {
     return !bssid || std::strcmp(bssid, "any") == 0;
 }
 
-Value bssid(const WifiNetwork& network) {
-    const char* const text = network.getBssid();
-    return {!STAYS, isAnyBssid(text) ? NO_BSSID : text};
+Value bssid(const NetworkFields& fields, Field field) {
+    const char* const text = fields.text(field);
+    return send(isAnyBssid(text) ? NO_BSSID : text);
 }
 
-// Asked by name only, a network that hides its name answers.
-Value scanByName(const WifiNetwork& network) {
-    return {!STAYS, network.getSsidBroadcasted() ? "0" : "1"};
+// scan_ssid is the opposite of the broadcast flag: a network that hides its SSID answers only to a probe
+// request that names it.
+Value scanSsid(const NetworkFields& fields, Field field) {
+    return send(fields.number(field) != 0 ? "0" : "1");
 }
-
-struct Flag {
-    bool (*isSet)(const WifiNetwork&);
-    void (*clear)(WifiNetwork&);
-};
-
-template <auto Get, auto Set>
-constexpr Flag FLAG{[](const WifiNetwork& network) { return (network.*Get)(); },
-                    [](WifiNetwork& network) { (network.*Set)(false); }};
-
-template <unsigned char Slot>
-constexpr Flag WEP_KEY{[](const WifiNetwork& network) { return network.getWepKeyDirty(Slot); },
-                       [](WifiNetwork& network) { network.setWepKeyDirty(false, Slot); }};
-
-#define DIRTY(Field) FLAG<&WifiNetwork::get##Field##Dirty, &WifiNetwork::set##Field##Dirty>
 
 struct SavedField {
-    Flag dirty;
+    Field field;
     const char* key;
-    Value (*value)(const WifiNetwork&);
-    const char* command = nullptr; // of the client, which is given the value right after
+    Value (*value)(const NetworkFields&, Field);
+    const char* command = nullptr; // of the client, sent with the value after the field itself
 };
-
-using N = WifiNetwork;
 
 // In the order in which they are written.
-constexpr SavedField FIELDS[] = {
-    {DIRTY(Ssid), "ssid", required<&N::getSsid>},
-    {DIRTY(Bssid), "bssid", bssid, "bssid"},
-    {DIRTY(SsidBroadcasted), "scan_ssid", scanByName},
-    {DIRTY(KeyManagement), "key_mgmt", oneWord<&N::getKeyManagement, KEY_MANAGEMENT>},
-    {DIRTY(Priority), "priority", decimal<&N::getPriority>},
-    {DIRTY(NetworkMode), "mode", decimal<&N::getNetworkMode>},
-    {DIRTY(AuthAlg), "auth_alg", oneWord<&N::getAuthAlg, AUTH_ALG>},
-    {DIRTY(PairwiseCiphers), "pairwise", oneWord<&N::getPairwiseCiphers, PAIRWISE_CIPHERS>},
-    {DIRTY(GroupCiphers), "group", oneWord<&N::getGroupCiphers, GROUP_CIPHERS>},
-    {DIRTY(EapModes), "eap", oneWord<&N::getEapModes, EAP_MODES>},
-    {DIRTY(Protocol), "proto", oneWord<&N::getProtocol, PROTOCOL>},
-    {DIRTY(WepIndex), "wep_tx_keyidx", decimal<&N::getWepIndex>},
-    {WEP_KEY<0>, "wep_key0", masked<wepKey<0>>},
-    {WEP_KEY<1>, "wep_key1", masked<wepKey<1>>},
-    {WEP_KEY<2>, "wep_key2", masked<wepKey<2>>},
-    {WEP_KEY<3>, "wep_key3", masked<wepKey<3>>},
-    {DIRTY(EAPIdentity), "identity", orEmpty<&N::getEAPIdentity>},
-    {DIRTY(EAPAnonymousIdentity), "anonymous_identity", orEmpty<&N::getEAPAnonymousIdentity>},
-    {DIRTY(EAPPassword), "password", masked<&N::getEAPPassword>},
-    {DIRTY(Psk), "psk", masked<&N::getPsk>},
-    {DIRTY(CACertificate), "ca_cert", orEmpty<&N::getCACertificate>},
-    {DIRTY(CACertificateDir), "ca_path", orEmpty<&N::getCACertificateDir>},
-    {DIRTY(ClientCertificate), "client_cert", orEmpty<&N::getClientCertificate>},
-    {DIRTY(PrivateKeyFile), "private_key", orEmpty<&N::getPrivateKeyFile>},
-    {DIRTY(PrivateKeyPassword), "private_key_passwd", masked<&N::getPrivateKeyPassword>},
-    {DIRTY(Phase1Step), "phase1", orEmpty<&N::getPhase1Step>},
-    {DIRTY(Phase2Step), "phase2", orEmpty<&N::getPhase2Step>},
-    {DIRTY(CACertificate2), "ca_cert2", orEmpty<&N::getCACertificate2>},
-    {DIRTY(CACertificateDir2), "ca_path2", orEmpty<&N::getCACertificateDir2>},
-    {DIRTY(ClientCertificate2), "client_cert2", orEmpty<&N::getClientCertificate2>},
-    {DIRTY(PrivateKeyFile2), "private_key2", orEmpty<&N::getPrivateKeyFile2>},
-    {DIRTY(PrivateKeyPassword2), "private_key_passwd2", masked<&N::getPrivateKeyPassword2>},
+constexpr SavedField SAVED_FIELDS[] = {
+    {Field::SSID, "ssid", required},
+    {Field::BSSID, "bssid", bssid, "bssid"},
+    {Field::SSID_BROADCASTED, "scan_ssid", scanSsid},
+    {Field::KEY_MANAGEMENT, "key_mgmt", oneWord<KEY_MANAGEMENT>},
+    {Field::PRIORITY, "priority", decimal},
+    {Field::NETWORK_MODE, "mode", decimal},
+    {Field::AUTH_ALG, "auth_alg", oneWord<AUTH_ALG>},
+    {Field::PAIRWISE_CIPHERS, "pairwise", oneWord<PAIRWISE_CIPHERS>},
+    {Field::GROUP_CIPHERS, "group", oneWord<GROUP_CIPHERS>},
+    {Field::EAP_MODES, "eap", oneWord<EAP_MODES>},
+    {Field::PROTOCOL, "proto", oneWord<PROTOCOL>},
+    {Field::WEP_INDEX, "wep_tx_keyidx", decimal},
+    {Field::WEP_KEY0, "wep_key0", masked},
+    {Field::WEP_KEY1, "wep_key1", masked},
+    {Field::WEP_KEY2, "wep_key2", masked},
+    {Field::WEP_KEY3, "wep_key3", masked},
+    {Field::EAP_IDENTITY, "identity", orEmpty},
+    {Field::EAP_ANONYMOUS_IDENTITY, "anonymous_identity", orEmpty},
+    {Field::EAP_PASSWORD, "password", masked},
+    {Field::PSK, "psk", masked},
+    {Field::CA_CERTIFICATE, "ca_cert", orEmpty},
+    {Field::CA_CERTIFICATE_DIR, "ca_path", orEmpty},
+    {Field::CLIENT_CERTIFICATE, "client_cert", orEmpty},
+    {Field::PRIVATE_KEY_FILE, "private_key", orEmpty},
+    {Field::PRIVATE_KEY_PASSWORD, "private_key_passwd", masked},
+    {Field::PHASE1_STEP, "phase1", orEmpty},
+    {Field::PHASE2_STEP, "phase2", orEmpty},
+    {Field::CA_CERTIFICATE2, "ca_cert2", orEmpty},
+    {Field::CA_CERTIFICATE_DIR2, "ca_path2", orEmpty},
+    {Field::CLIENT_CERTIFICATE2, "client_cert2", orEmpty},
+    {Field::PRIVATE_KEY_FILE2, "private_key2", orEmpty},
+    {Field::PRIVATE_KEY_PASSWORD2, "private_key_passwd2", masked},
 };
 
-#undef DIRTY
-
-// Whether the supplicant takes a value does not change what is sent, deliberately: saving the
-// configuration alone decides.
+// Writes fields of one network. A value that the supplicant refuses changes nothing for the others: the
+// result of a save is that of saving the configuration alone.
 class FieldWriter {
 public:
     FieldWriter(WifiUtil& util, const char* iface, WifiNetwork& network, const FieldObserver& sent)
-        : m_util(util), m_iface(iface), m_network(network), m_sent(sent) {}
+        : m_util(util), m_iface(iface), m_id(network.getNetworkId()),
+          m_fields(NetworkFields::of(network)), m_sent(sent) {}
 
-    void save(const SavedField& field) const {
-        const Value value = field.value(m_network);
-        if (value.stays)
+    void saveIfDirty(const SavedField& row) const {
+        if (!m_fields.isDirty(row.field))
+            return;
+        const Value value = row.value(m_fields, row.field);
+        if (value.staysDirty)
             return;
         if (value.text)
-            write(field, value.text->c_str());
-        field.dirty.clear(m_network);
+            write(row, value.text->c_str());
+        m_fields.setDirty(row.field, false);
     }
 
 private:
-    void write(const SavedField& field, const char* value) const {
-        const unsigned char id = m_network.getNetworkId();
-        const bool accepted = m_util.setNetworkValue(m_iface, id, field.key, value);
+    void write(const SavedField& row, const char* value) const {
+        const bool accepted = m_util.setNetworkValue(m_iface, m_id, row.key, value);
         if (m_sent)
-            m_sent(field.key, value, accepted);
-        if (field.command)
-            m_util.executeCustom(m_iface, id, field.command, value);
+            m_sent(row.key, value, accepted);
+        if (row.command)
+            m_util.executeCustom(m_iface, m_id, row.command, value);
     }
 
     WifiUtil& m_util;
     const char* m_iface;
-    WifiNetwork& m_network;
+    unsigned char m_id;
+    NetworkFields& m_fields;
     const FieldObserver& m_sent;
 };
 
@@ -226,10 +219,8 @@ private:
 void saveDirtyFields(WifiUtil& util, const char* iface, WifiNetwork& network,
                      const FieldObserver& sent) noexcept {
     const FieldWriter writer(util, iface, network, sent);
-    for (const SavedField& field : FIELDS) {
-        if (field.dirty.isSet(network))
-            writer.save(field);
-    }
+    for (const SavedField& row : SAVED_FIELDS)
+        writer.saveIfDirty(row);
 }
 
 } // namespace platwifi

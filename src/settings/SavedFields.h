@@ -7,19 +7,19 @@ class WifiUtil;
 
 namespace platwifi {
 
-/// Hears of every field that was sent to the supplicant, and whether it took the value.
+/// Is called after each field that was sent to the supplicant.
+/// @param accepted  whether the supplicant took the value
 using FieldObserver = std::function<void(const char* key, const char* value, bool accepted)>;
 
 /// Writes the dirty fields of a network to the supplicant, one client command a field (two for the
 /// BSSID), and clears their flags, whether or not the supplicant takes the values. A field that has
-/// nothing to write yet (no SSID, an empty set) stays dirty; so does the channel, which the
-/// supplicant chooses.
+/// nothing to write yet (an unset SSID, an empty set) stays dirty. So does the channel, which is never
+/// written: the supplicant chooses it.
 ///
 /// Nothing is thrown; where memory has run out, the process ends.
-/// @param iface    the adapter that commands are for
-/// @param network  its id must be the one that the supplicant knows it by; the caller holds the lock of
-///                 its list
-/// @param sent     is called after each command; may be empty
+/// @param iface    the adapter that the commands are for
+/// @param network  must hold the id that the supplicant has for it; the caller holds the lock of the list
+/// @param sent     may be empty
 void saveDirtyFields(WifiUtil& util, const char* iface, WifiNetwork& network,
                      const FieldObserver& sent = {}) noexcept;
 

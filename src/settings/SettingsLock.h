@@ -4,7 +4,7 @@
 
 namespace platwifi {
 
-/// Holds the lock of the networks and of the state for the duration of a scope.
+/// Holds lockSettings() for the duration of a scope.
 class SettingsLock {
 public:
     explicit SettingsLock(WifiHostSettings& settings) noexcept : m_settings(settings) {

@@ -1,4 +1,4 @@
-// The instance, its locks, and the reload of everything.
+// The instance, its locks, loading and unloading.
 
 #include "settings/WifiHostSettings.h"
 
@@ -18,16 +18,16 @@ using namespace platwifi;
 
 namespace {
 
-// How long the refresh thread waits for the settings. It must not wait without limit: a thread that
-// unloads holds the gate and waits for the refresh thread to end. Without any wait, a busy program would
-// keep the thread from ever reloading.
+// How long the refresh thread waits for the gate. It must not wait without limit: a thread that unloads
+// holds the gate and waits for the refresh thread to end. If it did not wait at all, it would hardly ever
+// get the gate in a program that uses the settings most of the time.
 constexpr unsigned int REFRESH_WAIT_SECONDS = 1;
 
-constexpr std::uint64_t REFRESH_PAUSE_MS = 5000; // between two refreshes of the status
+constexpr std::uint64_t REFRESH_PAUSE_MS = 5000; // between two updates of the networks' status
 
 } // namespace
 
-// Never deleted, so that a thread may use it whatever other threads do.
+// Never deleted, so that a thread may use it while another one unloads.
 WifiHostSettings& WifiHostSettings::instance() {
     static WifiHostSettings* const settings = new WifiHostSettings(Unloaded{});
     return *settings;
@@ -54,7 +54,8 @@ void WifiHostSettings::unload() noexcept {
     WifiHostSettings& settings = instance();
     const MutexGuard guard(settings.gate);
     settings.deactivate();
-    *settings.networkIds = NetworkIds(); // a reload remembers changes that are not saved
+    *settings.networkIds =
+        NetworkIds(); // with it the note of unsaved changes, which a reload keeps
 }
 
 WifiHostSettings::WifiHostSettings(Unloaded /*tag*/) noexcept
@@ -70,8 +71,8 @@ WifiHostSettings::WifiHostSettings(ErrorHandler* errors) : WifiHostSettings(Unlo
     activate(errors);
 }
 
-// The gate is enough: without it no thread reaches the other locks. It is destroyed while locked, so that
-// no thread can take it in between.
+// Every thread takes the gate before any other lock, so locking the gate keeps all of them out. It is
+// destroyed while locked, so that no thread can take it in between.
 WifiHostSettings::~WifiHostSettings() {
     PlatformUtil::lockMutex(&gate);
     discardState();
@@ -96,8 +97,8 @@ void WifiHostSettings::deactivate() noexcept {
     discardState();
 }
 
-// Nothing is reported: an instance that could not be loaded has no networks. The time counts from before
-// the load.
+// No error is reported: an instance that could not be loaded has no networks. The time of the last status
+// update is taken before the load.
 void WifiHostSettings::load(ErrorHandler* /*errors*/) {
     stampStatusRefresh(Zam::getInstance()->milliseconds());
     startWatchdog();
@@ -199,8 +200,9 @@ void WifiHostSettings::stampStatusRefresh(std::uint64_t time) noexcept {
     lastStatusRefresh = time;
 }
 
-// What is left is an instance without networks, adapters and refresh thread. The refresh thread takes the
-// gate before any other lock of the settings, so it holds none that this thread would need to wait for.
+// The result is an instance without networks, adapters and refresh thread. No deadlock is possible: the refresh
+// thread takes the gate, which this thread holds, before any other lock of the settings, and does not wait
+// for the gate without limit.
 void WifiHostSettings::discardState() noexcept {
     stopWatchdog();
     ownList->removeAllFromList();

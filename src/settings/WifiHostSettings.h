@@ -21,12 +21,13 @@ class WifiUtil;
 namespace platwifi {
 class NetworkIds;
 class ReplyLines;
-enum class ListMark;
+enum class ListFlag;
+enum class StatusReader;
 bool refreshSettings() noexcept;
 } // namespace platwifi
 
-/// The Wi-Fi state of the host: the adapters that the supplicant serves, the networks it is
-/// configured with, the one it is on, and its state, loaded from the supplicant and held in memory.
+/// The Wi-Fi state of the host: the supplicant's adapters, its configured networks, the current network
+/// and the supplicant's state, loaded from the supplicant and held in memory.
 ///
 /// There is one instance in a process. It stays at its address until the process ends; unload() empties
 /// it. It is loaded by the first call that needs it, which runs some 28 client commands a network, and
@@ -35,29 +36,29 @@ bool refreshSettings() noexcept;
 ///
 /// Any thread may call anything at any time, unload() and reload() included. Operations take the lock
 /// they need; a caller that looks at networks holds lockSettings() from the lookup to the last use.
-/// Adapter names and SSIDs are NUL-terminated texts and stay the caller's; SSIDs are compared byte for
-/// byte. The result alone reports a failure; nothing is thrown, and where memory has run out the process
-/// ends.
+/// Adapter names and SSIDs are NUL-terminated texts, which the caller owns; SSIDs are compared byte for
+/// byte. The result alone reports a failure. Nothing is thrown; where memory has run out, the process ends.
 class PLATWIFI_API WifiHostSettings {
 public:
-    /// The one instance, loaded by the first call and by the first one after unload(); other threads
-    /// that call meanwhile wait for that.
-    /// @param errors  for the time of the load; may be null
+    /// The one instance. The first call, and the first one after unload(), loads it; other threads that
+    /// call meanwhile wait for the load.
+    /// @param errors  used during the load only; may be null
     static WifiHostSettings* getInstance(ErrorHandler* errors) noexcept;
 
-    /// Empties the instance as unload() does, and loads it: the way back after a failure.
-    /// @param errors  for the time of the load; may be null
+    /// Empties the instance as unload() does, and loads it again. After a failed load this is the only way
+    /// to load anew, apart from unload().
+    /// @param errors  used during the load only; may be null
     static WifiHostSettings* reload(ErrorHandler* errors) noexcept;
 
-    /// Ends the refresh thread, leaves the memory that processes share, and frees all networks and
-    /// names; pointers to them are dangling afterwards. The next call that needs the settings loads
-    /// them again. Nothing where they are not loaded.
+    /// Ends the refresh thread, detaches from the memory that processes share, and frees all networks and
+    /// names; pointers to them are invalid afterwards. The next call that needs the settings loads them
+    /// again. Does nothing where they are not loaded.
     ///
     /// Waits for the operations of other threads, and for a reload in progress on the refresh thread.
-    /// The calling thread may hold lockSettings(), and keeps it then.
+    /// The calling thread may hold lockSettings(); it still holds it afterwards.
     static void unload() noexcept;
 
-    /// Starts the refresh thread and loads everything. For getInstance().
+    /// Starts the refresh thread and loads everything. Programs call getInstance() instead.
     explicit WifiHostSettings(ErrorHandler* errors);
 
     /// Ends the refresh thread and frees everything, networks included.
@@ -66,104 +67,104 @@ public:
     WifiHostSettings(const WifiHostSettings&) = delete;
     WifiHostSettings& operator=(const WifiHostSettings&) = delete;
 
-    /// Takes the lock of the networks and of the state, as often as the thread likes, and loads the
-    /// settings where they are unloaded. An instance without networks is locked all the same.
+    /// Takes the lock of the networks and of the state, and loads the settings where they are unloaded. The
+    /// lock is recursive. An instance that could not be loaded is locked as well.
     /// @return true
     bool lockSettings() noexcept;
 
-    /// Gives back one lockSettings() of the calling thread.
+    /// Releases one lockSettings() of the calling thread.
     /// @return true
     bool unlockSettings() noexcept;
 
-    /// Discards everything and loads it again. When that fails there are no networks any more, and
-    /// no refresh thread.
+    /// Discards everything and loads it again. When that fails, the instance is left without networks and
+    /// without a refresh thread.
     /// @return true, also when loading failed
     bool refreshAllSettings() noexcept;
 
-    // What the supplicant is doing now. The caller holds lockSettings() for the first two as long as it
-    // uses their result.
+    // The supplicant's status. For the first two the caller holds lockSettings(), from the call until it has
+    // used the result.
 
-    /// Asks which network an adapter is on.
-    /// @return the network, or null: not connected, not known, or the supplicant did not answer
+    /// Asks the supplicant for the current network of an adapter.
+    /// @return the network; null where there is none, where it is not in memory, and where the supplicant
+    ///         did not answer. A status without an SSID gives the current network that is known so far.
     WifiNetwork* getCurrentNetwork(const char* iface) noexcept;
 
-    /// Asks for the supplicant's state, and brings the current network up to date.
-    /// @param iface  null for no question at all; which adapter it is plays no part
+    /// Asks the supplicant for its state, and updates the current network.
+    /// @param iface  null asks nothing; any other value asks the first adapter
     /// @return a WpaState; WPA_STATE_UNKNOWN when the supplicant did not answer
     unsigned int getCurrentStatus(const char* iface) noexcept;
 
-    /// Brings the status of all networks, and how they were last received, up to date. Within 5000 ms
-    /// of the last time, whether or not that succeeded, and of a first load it returns at once: it
-    /// does nothing and waits for no lock.
-    /// @return false when the networks could not be listed
+    /// Updates the status of all networks, and what the last scan showed of them. Within 5000 ms of the
+    /// last update, successful or not, and of the first load it does nothing: it returns at once and waits
+    /// for no lock.
+    /// @return false when the supplicant did not list the networks
     bool refreshDatabaseNetworksStatus() noexcept;
 
-    // One network. The caller's SSID chooses it, the first one of the list that has it.
+    // Operations on one network: the first one of the list that has the SSID.
 
     /// The network with this SSID, or null. The caller holds lockSettings().
-    /// @param iface  plays no part
+    /// @param iface  not used
     WifiNetwork* getNetwork(const char* iface, const char* ssid) const noexcept;
 
     /// Creates a network in the supplicant and in memory. Nothing is saved.
-    /// @return true when it was added; false when there is one with this SSID, or the supplicant
-    ///         refused
+    /// @return true when it was added; false when there is a network with this SSID already, or the
+    ///         supplicant refused
     bool addNetwork(const char* iface, const char* ssid) noexcept;
 
     /// Removes a network from the supplicant and from memory. Nothing is saved.
-    /// @return true when it is not there any more, or never was
+    /// @return true when there is no such network any more, also where there was none
     bool removeNetwork(const char* iface, const char* ssid) noexcept;
 
     /// Selects a network. Returns before the supplicant is connected.
-    /// @return true when the supplicant was told to; false for an unknown SSID
+    /// @return true when the supplicant's client carried out the command; false for an unknown SSID
     bool connectNetwork(const char* iface, const char* ssid) noexcept;
 
-    /// Disconnects the interface, when the network is known. The next connectNetwork()
+    /// Disconnects the adapter, when there is a network with this SSID. The next connectNetwork()
     /// reassociates first.
-    /// @return true when the supplicant was told to, or there is no such network
+    /// @return true when the client carried out the command, or there is no such network
     bool disconnectNetwork(const char* iface, const char* ssid) noexcept;
 
-    /// Disconnects, enables every network in the supplicant again and lets it choose.
-    /// @return whether the supplicant was told to
+    /// Disconnects, enables every network in the supplicant, and lets the supplicant choose among them.
+    /// @return whether the client carried out the commands to disconnect and to reassociate
     bool roamNetworks(const char* iface) noexcept;
 
-    // Copies for the caller, who frees each entry with delete[]. `*count` tells how many there are.
+    // Copies, each of which the caller frees with delete[]. `*count` is set to their number.
 
-    /// The SSIDs of the networks, the last one added first, `capacity` at most.
-    /// @return true; false for a null `out` or `count`, and when a network without SSID was met, after
-    ///         which the calling thread still holds the lock of the networks: unlockNetworks() gives
-    ///         it back
+    /// The SSIDs of the networks, `capacity` at most, beginning with the network that was added last.
+    /// @return true; false for a null `out` or `count`, and where a network has no SSID. In that second
+    ///         case the calling thread still holds the lock of the networks, and must call unlockNetworks().
     bool getNetworkDatabaseSsids(const char* iface, char** out, unsigned char capacity,
                                  unsigned char* count) noexcept;
 
-    /// Gives back the lock that a getNetworkDatabaseSsids() of the calling thread has kept.
+    /// Releases the lock that a getNetworkDatabaseSsids() of the calling thread left held.
     void unlockNetworks() noexcept;
 
-    /// The names of the adapters, two at most, whatever `capacity` says. Waits for no lock while the
-    /// settings are loaded; a reload in progress has no names.
+    /// The names of the adapters, two at most; `capacity` is not used. Does not wait for other operations
+    /// while the settings are loaded; during a reload there are no names.
     /// @return true
     bool getWifiAdapters(char** out, unsigned char capacity, unsigned char* count) const noexcept;
 
-    /// Writes every changed field to the supplicant, makes it save its configuration and read it
-    /// again, and lets other processes know. Nothing is done when nothing has changed.
-    /// @return 1, or 0 when the configuration could not be saved, or a changed network was left out
-    ///         because the supplicant has it no more; that one keeps its changes
+    /// Writes every dirty field to the supplicant, makes it save its configuration and read it again, and
+    /// raises the refresh signal for other processes. Does nothing when there is no change.
+    /// @return 1; 0 when the supplicant could not save its configuration, or has no network for one with
+    ///         changes, which keeps them
     int saveNetworkSettings() noexcept;
 
-    // Reports of the whole state. Each brings the status of the networks up to date first, as often as
-    // refreshDatabaseNetworksStatus() does, and holds the lock of the networks to the end.
+    // Reports of the whole state. Each calls refreshDatabaseNetworksStatus() first, and holds the lock of
+    // the networks to the end.
 
     /// Writes the state as an XML document (docs/wifiHostSettings.xsd). Asks the supplicant for its
     /// state. Secrets are enciphered; WEP keys are not.
-    /// @param out     gets the document behind what it holds already; stays the caller's
-    /// @param errors  told why a secret could not be enciphered, which leaves its attribute empty; may
+    /// @param out     the document is appended to it; the caller owns it
+    /// @param errors  gets the error when a secret cannot be enciphered, whose attribute is empty then; may
     ///                be null
-    /// @param full    every network with its security; else SSID, strength and status alone
-    /// @return true; false, with nothing written, without `out` and where the supplicant cannot be
-    ///         driven
+    /// @param full    true: every network with its security; false: SSID, strength and status alone
+    /// @return true; false, with nothing written, for a null `out` and where the supplicant's client cannot
+    ///         be run
     bool getWifiHostSettingsXML(BufferedXWriter* out, ErrorHandler* errors, bool full) noexcept;
 
-    /// Prints the networks, all their secrets in plain, and the state to standard error. For a
-    /// developer's eyes only.
+    /// Prints the networks, with all their secrets in plain text, and the state to standard error. For
+    /// debugging only.
     void dump() noexcept;
 
 private:
@@ -173,7 +174,7 @@ private:
     explicit WifiHostSettings(Unloaded) noexcept;
     static WifiHostSettings& instance();
 
-    // Between unloaded and loaded. The caller holds the gate.
+    // Loading and unloading. The caller holds the gate.
     void activate(ErrorHandler* errors);
     void deactivate() noexcept;
     void load(ErrorHandler* errors);
@@ -191,52 +192,62 @@ private:
     void stampStatusRefresh(std::uint64_t time) noexcept;
 
     // Loading. False when the supplicant did not answer; what was loaded until then stays. The caller
-    // holds lockSettings(), or is the constructor.
+    // holds lockSettings(), or the gate where the settings are not loaded yet.
     bool initializeSettings();
     bool loadAdapterNames(WifiUtil& util);
     void loadNetworks(WifiUtil& util, const std::vector<std::string>& lines);
     void loadNetwork(WifiUtil& util, const char* line);
     bool loadScan(WifiUtil& util);
     bool loadStatus(WifiUtil& util);
-    const char* adapterName() const noexcept; ///< the one that commands are for; null for none
+    const char* adapterName() const noexcept; ///< the first adapter; null for none
 
-    // The state of the supplicant and the network that it is on. Each takes the settings lock.
-    void setCurrentNetwork(WifiNetwork* network) noexcept;
+    // The supplicant's state and the current network. Each function that changes one of them takes _sync.
+
+    /// The status of a network that is replaced as the current one.
+    enum class Previous { ENABLED_UNLESS_DISABLED, ENABLED };
+
+    /// Makes a network of the list the current one; null for none. A network with the same SSID stays the
+    /// current one.
+    /// @return whether the current network was replaced
+    bool setCurrent(WifiNetwork* network,
+                    Previous previous = Previous::ENABLED_UNLESS_DISABLED) noexcept;
+
+    void storeCurrent(WifiNetwork* network) noexcept; ///< changes no network's status
+    void clearCurrent(const char* ssid) noexcept;     ///< where it has this SSID; changes no status
+    void clearIdleCurrent() noexcept;                 ///< where its status is enabled or disabled
     void setSupplicantState(WpaState state) noexcept;
-    void followStatusLine(const char* line) noexcept;
-    void followStatusSsid(const char* ssid) noexcept;
-    void settleStatus() noexcept;
-    bool followList(const std::vector<std::string>& list);
-    bool followListLines(const std::vector<std::string>& lines, WifiNetwork& network) noexcept;
-    void followMark(platwifi::ListMark mark, WifiNetwork& network) noexcept;
-    bool moveTo(WifiNetwork* network) noexcept;
-    void leaveNetwork(const char* ssid) noexcept;
-    void leaveIdleNetwork() noexcept;
+
+    void applyStatus(const std::vector<std::string>& status,
+                     platwifi::StatusReader reader) noexcept;
+    void applyWpaState() noexcept;
+    bool applyList(const std::vector<std::string>& list);
+    bool applyListTo(WifiNetwork& network, const std::vector<std::string>& lines) noexcept;
+    void applyListFlag(WifiNetwork& network, platwifi::ListFlag flag) noexcept;
 
     // Saving. False when the supplicant could not save.
     bool saveChanges(WifiUtil& util);
     bool writeNetwork(WifiUtil& util, WifiNetwork& network);
     bool saveConfiguration(WifiUtil& util);
 
-    /// Whether the id of this network can be used, to be asked with lockSettings() before a command that
-    /// names a network. Costs a command only when ids are stale.
+    /// Whether the id of this network may be used. To be called, with lockSettings(), before a command that
+    /// names a network. Runs a command only when ids are stale.
     bool confirmId(WifiUtil& util, const WifiNetwork& network);
 
-    /// Taken before the other locks, and for loading and unloading. A thread that holds it may use
-    /// everything below: no other thread loads, unloads or reloads meanwhile.
+    /// Taken before the other locks, and for loading and unloading. While a thread holds it, no other thread
+    /// loads, unloads or reloads.
     PlatformMutex gate;
 
-    /// From the end of a load, failed or not, to the next unload. Changed under the gate.
+    /// True from the end of a load, failed or not, to the next unload. Changed under the gate.
     std::atomic<bool> isActive{false};
 
     PlatformMutex _sync;                                ///< guards currentNetwork, supplicantState
-    mutable std::mutex adapterNamesMutex;               ///< guards the pointer below for readers
+    mutable std::mutex adapterNamesMutex;               ///< guards adapterNames
     std::unique_ptr<platwifi::ReplyLines> adapterNames; ///< null when not loaded
-    mutable std::mutex refreshTimeMutex; ///< guards the next; nothing else is done under it
-    std::uint64_t lastStatusRefresh;     ///< reading of the runtime's clock
-    WifiNetwork* currentNetwork;         ///< of the list, or null
-    const std::unique_ptr<WifiNetworkList> ownList; ///< kept, with its lock, also when not loaded
-    WifiNetworkList* networkList;                   ///< that one, or null when not loaded
+    mutable std::mutex refreshTimeMutex;                ///< guards lastStatusRefresh
+    std::uint64_t lastStatusRefresh;                    ///< in milliseconds of Zam's clock
+    WifiNetwork* currentNetwork;                        ///< of the list, or null
+    const std::unique_ptr<WifiNetworkList> ownList; ///< exists also when not loaded, for its lock
+    WifiNetworkList* networkList;                   ///< ownList, or null when not loaded
     WpaState supplicantState;
     std::unique_ptr<WifiHostSettingsWatchdog> watchdog; ///< null after a failure
     std::unique_ptr<platwifi::NetworkIds> networkIds;   ///< of the networks of the list

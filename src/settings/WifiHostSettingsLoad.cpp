@@ -9,6 +9,7 @@
 #include "settings/replies/ListedSsid.h"
 #include "settings/replies/NetworkKeys.h"
 #include "settings/replies/ScanLine.h"
+#include "settings/replies/StatusLine.h"
 #include "settings/replies/WholeLines.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
@@ -21,7 +22,7 @@ namespace {
 constexpr unsigned int VALUE_CHARACTERS = 128;
 
 KeyState readValues(WifiUtil& util, const char* adapter, WifiNetwork& network) {
-    char buffer[VALUE_CHARACTERS + 1] = {}; // a value that fills its room comes without a NUL
+    char buffer[VALUE_CHARACTERS + 1] = {}; // a value of that length is stored without a NUL
     KeyState keyState = KeyState::beforeLoad();
     readNetworkKeys(network, [&](const char* key) {
         const unsigned char id = network.getNetworkId();
@@ -42,7 +43,7 @@ bool WifiHostSettings::initializeSettings() {
     Lines lines;
     if (!queryList(*util, adapterName(), lines))
         return false;
-    if (!networkList) // an earlier failure took it
+    if (!networkList) // null after an earlier failure, until a reload
         return false;
     loadNetworks(*util, lines);
     return (lines.empty() || loadScan(*util)) && loadStatus(*util);
@@ -61,7 +62,8 @@ const char* WifiHostSettings::adapterName() const noexcept {
     return adapterNames ? adapterNames->data()[0] : nullptr;
 }
 
-// The lines beyond the limit count for the ids alone: a network in memory may have a namesake there.
+// The lines beyond the limit are noted for the ids alone: one of them may have the SSID of a network in
+// memory.
 void WifiHostSettings::loadNetworks(WifiUtil& util, const Lines& lines) {
     for (std::size_t i = 0; i < lines.size(); ++i) {
         if (const auto listed = listedSsid(lines[i]))
@@ -76,16 +78,16 @@ void WifiHostSettings::loadNetwork(WifiUtil& util, const char* line) {
     auto network = std::make_unique<WifiNetwork>();
     if (!readListLine(line, *network))
         return;
-    const ListMark mark = markIn(line);
-    setMarkedStatus(*network, mark);
-    if (mark == ListMark::CURRENT)
-        setCurrentNetwork(network.get());
+    const ListFlag flag = listFlagIn(line);
+    setStatusByFlag(*network, flag);
+    if (flag == ListFlag::CURRENT)
+        storeCurrent(network.get());
     const KeyState keyState = readValues(util, adapterName(), *network);
     network->cleanDirtyFields();
     if (networkList->addNetworkToList(network.get()))
-        networkIds->loaded(*network.release(), keyState); // the list's own now
-    else if (mark == ListMark::CURRENT)
-        setCurrentNetwork(nullptr); // there is one with this SSID, and this one goes
+        networkIds->loaded(*network.release(), keyState); // the list owns it now
+    else if (flag == ListFlag::CURRENT)
+        storeCurrent(nullptr); // the list has this SSID already, and this network is deleted
 }
 
 bool WifiHostSettings::loadScan(WifiUtil& util) {
@@ -98,11 +100,9 @@ bool WifiHostSettings::loadScan(WifiUtil& util) {
 }
 
 bool WifiHostSettings::loadStatus(WifiUtil& util) {
-    Lines lines;
-    if (!queryStatus(util, adapterName(), lines))
+    Lines status;
+    if (!queryStatus(util, adapterName(), status))
         return false;
-    for (const std::string& line : lines)
-        followStatusLine(line.c_str());
-    settleStatus();
+    applyStatus(status, StatusReader::LOAD);
     return true;
 }

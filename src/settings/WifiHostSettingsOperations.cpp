@@ -1,9 +1,8 @@
-// What is done with one network, or with all, at the supplicant and in memory at once.
+// Operations on networks: each runs a command of the supplicant and then changes memory accordingly.
 
 #include "TextCopy.h"
 #include "model/NetworkFunctions.h"
 #include "model/WifiNetworkList.h"
-#include "platform/MutexGuard.h"
 #include "settings/NetworkIds.h"
 #include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
@@ -15,7 +14,7 @@ using namespace platwifi;
 
 namespace {
 
-constexpr unsigned char NO_ID = 0; // for commands that name no network
+constexpr unsigned char NO_ID = 0; // for a command that needs no network id
 
 } // namespace
 
@@ -31,7 +30,7 @@ bool WifiHostSettings::addNetwork(const char* iface, const char* ssid) noexcept 
     network->setSsid(ssid);
     network->setNetworkId(id);
     if (networkList && networkList->addNetworkToList(network.get()))
-        networkIds->added(*network.release(), ssid); // the list's own now
+        networkIds->added(*network.release(), ssid); // the list owns it now
     return true;
 }
 
@@ -44,7 +43,7 @@ bool WifiHostSettings::removeNetwork(const char* iface, const char* ssid) noexce
     if (!util || !confirmId(*util, *network) ||
         !util->removeNetwork(iface, network->getNetworkId()))
         return false;
-    leaveNetwork(ssid);
+    clearCurrent(ssid);
     networkIds->removed(*network);
     networkList->removeNetworkFromList(ssid);
     return true;
@@ -60,7 +59,7 @@ bool WifiHostSettings::connectNetwork(const char* iface, const char* ssid) noexc
         return false;
     if (!util->connectToNetwork(iface, network->getNetworkId()))
         return false;
-    if (moveTo(network))
+    if (setCurrent(network))
         network->setNetworkStatus(NETWORK_STATUS_CONNECTING);
     return true;
 }
@@ -73,7 +72,7 @@ bool WifiHostSettings::disconnectNetwork(const char* iface, const char* ssid) no
     WifiUtil* const util = WifiUtil::getInstance();
     if (!util || !util->disconnectFromNetwork(iface, network->getNetworkId()))
         return false;
-    leaveNetwork(ssid);
+    clearCurrent(ssid);
     enableUnlessDisabled(*network);
     setSupplicantState(WPA_STATE_DISCONNECTED);
     return true;
@@ -125,13 +124,8 @@ bool WifiHostSettings::getWifiAdapters(char** out, unsigned char /*capacity*/,
     return true;
 }
 
-void WifiHostSettings::leaveNetwork(const char* ssid) noexcept {
-    const MutexGuard guard(_sync);
-    if (hasSsid(currentNetwork, ssid))
-        currentNetwork = nullptr;
-}
-
-// Ids are those of the adapter that the networks were loaded from, whichever a command is for.
+// The ids are those of the adapter that the networks were loaded from, whichever adapter the command is
+// for.
 bool WifiHostSettings::confirmId(WifiUtil& util, const WifiNetwork& network) {
     return networkIds->confirm(util, adapterName()) && networkIds->isKnown(network);
 }

@@ -1,4 +1,4 @@
-// What was changed goes to the supplicant, and into its configuration file.
+// Saving: changes are written to the supplicant and into its configuration file.
 
 #include "model/WifiNetwork.h"
 #include "model/WifiNetworkList.h"
@@ -38,8 +38,9 @@ Networks changedOf(const WifiNetworkList& list) {
     return changed;
 }
 
+// Which adapters saved their configuration. The last one decides the result of the save, deliberately.
 struct Saved {
-    bool last = false; // the last adapter decides, deliberately
+    bool last = false;
     bool all = true;
 };
 
@@ -67,8 +68,7 @@ int WifiHostSettings::saveNetworkSettings() noexcept {
     return !networkList || saveChanges(*util) ? 1 : 0;
 }
 
-// A network whose id is not known keeps its changes for another time; the others are saved, and the
-// save as a whole fails.
+// A network whose id is not known keeps its changes. The others are saved, and the result is a failure.
 bool WifiHostSettings::saveChanges(WifiUtil& util) {
     const Networks changed = changedOf(*networkList);
     if (!changed.empty() && !networkIds->confirm(util, adapterName()))

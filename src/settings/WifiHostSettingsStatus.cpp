@@ -1,4 +1,4 @@
-// What the supplicant is doing, and the network that it is on.
+// The status: what the supplicant is doing, and which network is the current one.
 
 #include "model/NetworkFunctions.h"
 #include "model/WifiNetworkList.h"
@@ -19,26 +19,11 @@
 #include "zam/Zam.h"
 
 #include <algorithm>
-#include <cstring>
 
 using namespace platwifi;
 
-namespace {
-
-constexpr const char* CURRENT_SSID = "ssid="; // at the beginning: there is "bssid=", too
-
-const char* currentSsidIn(const Lines& status) {
-    for (const std::string& line : status) {
-        if (line.compare(0, std::strlen(CURRENT_SSID), CURRENT_SSID) == 0)
-            return statusValue(line.c_str());
-    }
-    return nullptr;
-}
-
-} // namespace
-
-// Looked at again under the lock, since another thread may have refreshed meanwhile. The time is noted
-// first, so that a failure is not tried again at once.
+// The time is compared again under the lock, since another thread may have refreshed meanwhile. It is noted
+// before the queries, so that a failure is not tried again at once.
 bool WifiHostSettings::refreshDatabaseNetworksStatus() noexcept {
     if (!statusRefreshIsDue(Zam::getInstance()->milliseconds()))
         return true;
@@ -53,29 +38,30 @@ bool WifiHostSettings::refreshDatabaseNetworksStatus() noexcept {
         return false;
     if (!networkList)
         return true;
-    if (!followList(list))
+    if (!applyList(list))
         return false;
     Lines found;
     if (queryScan(*util, adapterName(), found))
         mergeScan(found, networkList->getHead(), isInLine);
-    leaveIdleNetwork();
+    clearIdleCurrent();
     return true;
 }
 
-// After a save the ids in memory may be old ones: this list has the new ones as well.
-bool WifiHostSettings::followList(const Lines& list) {
+// The ids in memory may be stale after a save; the list shows those that are valid now.
+bool WifiHostSettings::applyList(const Lines& list) {
     networkIds->confirm(list);
     const std::size_t count = std::min<std::size_t>(list.size(), NETWORK_LINES);
     const Lines lines(list.begin(), list.begin() + static_cast<std::ptrdiff_t>(count));
     for (WifiNetwork* network = networkList->getHead(); network; network = network->getNext()) {
-        if (!followListLines(lines, *network))
+        if (!applyListTo(*network, lines))
             return false;
     }
     return true;
 }
 
-// No line is that of a network without a known id, yet each has to have a first field.
-bool WifiHostSettings::followListLines(const Lines& lines, WifiNetwork& network) noexcept {
+// No line belongs to a network whose id is not known. Its lines are looked at all the same, because a line
+// without any field ends the refresh.
+bool WifiHostSettings::applyListTo(WifiNetwork& network, const Lines& lines) noexcept {
     const bool isKnown = networkIds->isKnown(network);
     for (const std::string& line : lines) {
         LineFields fields(line.c_str(), "\t ");
@@ -83,50 +69,45 @@ bool WifiHostSettings::followListLines(const Lines& lines, WifiNetwork& network)
         if (!id)
             return false;
         if (isKnown && decimalOf(id) == network.getNetworkId())
-            followMark(markIn(line.c_str()), network);
+            applyListFlag(network, listFlagIn(line.c_str()));
     }
     return true;
 }
 
-void WifiHostSettings::followMark(platwifi::ListMark mark, WifiNetwork& network) noexcept {
-    setMarkedStatus(network, mark);
-    if (mark == ListMark::CURRENT)
-        moveTo(&network);
+void WifiHostSettings::applyListFlag(WifiNetwork& network, ListFlag flag) noexcept {
+    setStatusByFlag(network, flag);
+    if (flag == ListFlag::CURRENT)
+        setCurrent(&network);
 }
 
+// Without an answer there is no current network. Of a status without an SSID the current network stays;
+// of several SSIDs in it the first counts.
 WifiNetwork* WifiHostSettings::getCurrentNetwork(const char* iface) noexcept {
     if (!iface)
         return nullptr;
     WifiUtil* const util = WifiUtil::getInstance();
-    Lines lines;
-    if (!util || !queryStatus(*util, iface, lines))
-        moveTo(nullptr);
-    else if (const char* const ssid = currentSsidIn(lines))
-        moveTo(getNetwork(iface, ssid));
+    Lines status;
+    if (!util || !queryStatus(*util, iface, status))
+        setCurrent(nullptr);
+    for (const std::string& text : status) {
+        const StatusLine line = readStatusLine(text.c_str(), StatusReader::CURRENT_NETWORK);
+        if (line.kind != StatusKind::SSID)
+            continue;
+        setCurrent(getNetwork(iface, line.value));
+        break;
+    }
     return currentNetwork;
 }
 
-// Unlike a load, this takes the BSSID of a status for an SSID too, and then the SSID that follows it.
 unsigned int WifiHostSettings::getCurrentStatus(const char* iface) noexcept {
     if (!iface)
         return WPA_STATE_UNKNOWN;
     WifiUtil* const util = WifiUtil::getInstance();
-    Lines lines;
-    if (!util || !queryStatus(*util, adapterName(), lines))
+    Lines status;
+    if (!util || !queryStatus(*util, adapterName(), status))
         setSupplicantState(WPA_STATE_UNKNOWN);
-    for (const std::string& line : lines) {
-        if (line.find("wpa_state=") != std::string::npos)
-            setSupplicantState(stateIn(line.c_str()));
-        else if (line.find(CURRENT_SSID) != std::string::npos)
-            followStatusSsid(statusValue(line.c_str()));
-    }
-    settleStatus();
+    applyStatus(status, StatusReader::CURRENT_STATUS);
     return supplicantState;
-}
-
-void WifiHostSettings::setCurrentNetwork(WifiNetwork* network) noexcept {
-    const MutexGuard guard(_sync);
-    currentNetwork = network;
 }
 
 void WifiHostSettings::setSupplicantState(WpaState state) noexcept {
@@ -134,58 +115,54 @@ void WifiHostSettings::setSupplicantState(WpaState state) noexcept {
     supplicantState = state;
 }
 
-void WifiHostSettings::followStatusLine(const char* line) noexcept {
-    switch (kindOf(line)) {
-    case StatusLine::SSID:
-        followStatusSsid(statusValue(line));
-        break;
-    case StatusLine::STATE:
-        setSupplicantState(stateIn(line));
-        break;
-    case StatusLine::OTHER:
-        break;
+// An SSID enables the previous network even where it was disabled; callers rely on that.
+void WifiHostSettings::applyStatus(const Lines& status, StatusReader reader) noexcept {
+    for (const std::string& text : status) {
+        const StatusLine line = readStatusLine(text.c_str(), reader);
+        if (line.kind == StatusKind::SSID)
+            setCurrent(getNetwork(adapterName(), line.value), Previous::ENABLED);
+        else if (line.kind == StatusKind::STATE)
+            setSupplicantState(stateIn(text.c_str()));
     }
+    applyWpaState();
 }
 
-// The network that is left is enabled again, even if it was disabled.
-void WifiHostSettings::followStatusSsid(const char* ssid) noexcept {
+// In the states unknown, disconnected and idle the supplicant is on no network.
+void WifiHostSettings::applyWpaState() noexcept {
     const MutexGuard guard(_sync);
-    if (hasSsid(currentNetwork, ssid))
-        return;
-    if (currentNetwork)
-        currentNetwork->setNetworkStatus(NETWORK_STATUS_ENABLED);
-    currentNetwork = getNetwork(adapterName(), ssid);
+    const bool isConnected = supplicantState == WPA_STATE_COMPLETED;
+    const auto status = isConnected ? NETWORK_STATUS_CONNECTED : NETWORK_STATUS_CONNECTING;
+    if (supplicantState <= WPA_STATE_IDLE)
+        setCurrent(nullptr);
+    else if (currentNetwork)
+        currentNetwork->setNetworkStatus(status);
 }
 
-// The current network is told what the supplicant does, and is not current any more when that is
-// nothing.
-void WifiHostSettings::settleStatus() noexcept {
-    const MutexGuard guard(_sync);
-    if (!currentNetwork)
-        return;
-    if (supplicantState > WPA_STATE_IDLE) {
-        const bool connected = supplicantState == WPA_STATE_COMPLETED;
-        currentNetwork->setNetworkStatus(connected ? NETWORK_STATUS_CONNECTED
-                                                   : NETWORK_STATUS_CONNECTING);
-        return;
-    }
-    if (currentNetwork->getNetworkStatus() != NETWORK_STATUS_DISABLED)
-        currentNetwork->setNetworkStatus(NETWORK_STATUS_ENABLED);
-    currentNetwork = nullptr;
-}
-
-// Returns whether it was another one until now.
-bool WifiHostSettings::moveTo(WifiNetwork* network) noexcept {
+bool WifiHostSettings::setCurrent(WifiNetwork* network, Previous previous) noexcept {
     const MutexGuard guard(_sync);
     if (network && hasSsid(currentNetwork, network->getSsid()))
         return false;
-    if (currentNetwork)
+    if (currentNetwork && previous == Previous::ENABLED)
+        currentNetwork->setNetworkStatus(NETWORK_STATUS_ENABLED);
+    else if (currentNetwork)
         enableUnlessDisabled(*currentNetwork);
     currentNetwork = network;
     return true;
 }
 
-void WifiHostSettings::leaveIdleNetwork() noexcept {
+void WifiHostSettings::storeCurrent(WifiNetwork* network) noexcept {
+    const MutexGuard guard(_sync);
+    currentNetwork = network;
+}
+
+void WifiHostSettings::clearCurrent(const char* ssid) noexcept {
+    const MutexGuard guard(_sync);
+    if (hasSsid(currentNetwork, ssid))
+        currentNetwork = nullptr;
+}
+
+// The list showed no CURRENT flag for a network that is enabled or disabled after it was applied.
+void WifiHostSettings::clearIdleCurrent() noexcept {
     const MutexGuard guard(_sync);
     const unsigned int status = currentNetwork ? currentNetwork->getNetworkStatus() : 0;
     if (status == NETWORK_STATUS_ENABLED || status == NETWORK_STATUS_DISABLED)

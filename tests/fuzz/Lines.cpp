@@ -93,7 +93,7 @@ void listLine(Input& input) {
     REQUIRE(!std::strpbrk(network.getSsid(), "\t:"));
     REQUIRE(std::strcmp(network.getSsid(), "any") != 0);
     REQUIRE(std::strchr(network.getBssid(), ':'));
-    setMarkedStatus(network, markIn(line.c_str()));
+    setStatusByFlag(network, listFlagIn(line.c_str()));
     const unsigned int status = network.getNetworkStatus();
     if (holds(line, "[DISABLED]"))
         REQUIRE(status == NETWORK_STATUS_DISABLED);
@@ -113,12 +113,18 @@ void scanLine(Input& input) {
 
 void statusLine(Input& input) {
     const std::string line = input.text();
-    const std::string value = statusValue(line.c_str());
+    const auto [kind, text] = readStatusLine(line.c_str(), StatusReader::LOAD);
+    const std::string value = text;
     REQUIRE(endsWith(line, value));
     REQUIRE(!holds(line, "=") || line[line.size() - value.size() - 1] == '=');
-    const StatusLine kind = kindOf(line.c_str());
-    REQUIRE(kind != StatusLine::SSID || (holds(line, "ssid=") && !holds(line, "bssid=")));
-    REQUIRE(kind != StatusLine::STATE || holds(line, "wpa_state="));
+    REQUIRE(kind != StatusKind::SSID || (holds(line, "ssid=") && !holds(line, "bssid=")));
+    REQUIRE(kind != StatusKind::STATE || holds(line, "wpa_state="));
+    const StatusKind forStatus = readStatusLine(line.c_str(), StatusReader::CURRENT_STATUS).kind;
+    REQUIRE((forStatus == StatusKind::STATE) == holds(line, "wpa_state="));
+    REQUIRE((forStatus == StatusKind::SSID) ==
+            (holds(line, "ssid=") && !holds(line, "wpa_state=")));
+    const StatusKind forNetwork = readStatusLine(line.c_str(), StatusReader::CURRENT_NETWORK).kind;
+    REQUIRE(forNetwork == (line.rfind("ssid=", 0) == 0 ? StatusKind::SSID : StatusKind::OTHER));
     const WpaState state = stateIn(line.c_str());
     REQUIRE(state <= WPA_STATE_COMPLETED);
     const char* const lines[] = {nullptr, line.c_str()};

@@ -18,13 +18,13 @@ bool isBssidColumn(const char* field) {
     return std::strcmp(field, "any") == 0 || isAddress(field);
 }
 
-unsigned int statusOf(ListMark mark, unsigned int present) {
-    switch (mark) {
-    case ListMark::DISABLED:
+unsigned int statusOf(ListFlag flag, unsigned int present) {
+    switch (flag) {
+    case ListFlag::DISABLED:
         return NETWORK_STATUS_DISABLED;
-    case ListMark::CURRENT: // it is so while connecting, too
+    case ListFlag::CURRENT: // it is so while connecting, too
         return present == NETWORK_STATUS_CONNECTED ? present : NETWORK_STATUS_CONNECTING;
-    case ListMark::NONE:
+    case ListFlag::NONE:
         break;
     }
     return NETWORK_STATUS_ENABLED;
@@ -32,14 +32,14 @@ unsigned int statusOf(ListMark mark, unsigned int present) {
 
 } // namespace
 
-ListMark markIn(const char* line) {
+ListFlag listFlagIn(const char* line) {
     if (std::strstr(line, "[DISABLED]"))
-        return ListMark::DISABLED;
-    return std::strstr(line, "[CURRENT]") ? ListMark::CURRENT : ListMark::NONE;
+        return ListFlag::DISABLED;
+    return std::strstr(line, "[CURRENT]") ? ListFlag::CURRENT : ListFlag::NONE;
 }
 
-void setMarkedStatus(WifiNetwork& network, ListMark mark) {
-    network.setNetworkStatus(statusOf(mark, network.getNetworkStatus()));
+void setStatusByFlag(WifiNetwork& network, ListFlag flag) {
+    network.setNetworkStatus(statusOf(flag, network.getNetworkStatus()));
 }
 
 bool readListLine(const char* line, WifiNetwork& network) {

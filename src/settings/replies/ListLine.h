@@ -4,14 +4,14 @@ class WifiNetwork;
 
 namespace platwifi {
 
-/// How the supplicant marks a network in its list. "[TEMP-DISABLED]" is none of these marks.
-enum class ListMark { NONE, DISABLED, CURRENT };
+/// The flag that the supplicant's list shows for a network. "[TEMP-DISABLED]" counts as none.
+enum class ListFlag { NONE, DISABLED, CURRENT };
 
-/// The mark anywhere in a line of the list.
-ListMark markIn(const char* line);
+/// The flag anywhere in a line of the list; DISABLED goes before CURRENT.
+ListFlag listFlagIn(const char* line);
 
-/// Gives the network the status that its mark stands for.
-void setMarkedStatus(WifiNetwork& network, ListMark mark);
+/// Gives the network the status that its flag stands for.
+void setStatusByFlag(WifiNetwork& network, ListFlag flag);
 
 /// Reads number, SSID and BSSID of a network from a line of the list, which separates them by tabs.
 /// A network without SSID has no column for it; it is given a placeholder.

@@ -5,38 +5,72 @@
 namespace platwifi {
 namespace {
 
+enum class Place { ANYWHERE, AT_START };
+
 struct StatusKey {
     const char* text;
-    StatusLine kind;
+    StatusKind kind;
+    Place place = Place::ANYWHERE;
 };
 
-// In the order in which they are looked for anywhere in the line; some are part of others.
+// Each in the order in which its keys are looked for; the first that a line has decides.
 // clang-format off
-constexpr StatusKey STATUS_KEYS[] = {
-    {"bssid=", StatusLine::OTHER},
-    {"ssid=", StatusLine::SSID},
-    {"id=", StatusLine::OTHER},
-    {"ip_address=", StatusLine::OTHER},
-    {"group_cipher=", StatusLine::OTHER},
-    {"pairwise_cipher=", StatusLine::OTHER},
-    {"key_mgmt=", StatusLine::OTHER},
-    {"wpa_state=", StatusLine::STATE},
+constexpr StatusKey LOAD[] = {
+    {"bssid=", StatusKind::OTHER}, // before "ssid=", which is a part of it
+    {"ssid=", StatusKind::SSID},
+    {"id=", StatusKind::OTHER},
+    {"ip_address=", StatusKind::OTHER},
+    {"group_cipher=", StatusKind::OTHER},
+    {"pairwise_cipher=", StatusKind::OTHER},
+    {"key_mgmt=", StatusKind::OTHER},
+    {"wpa_state=", StatusKind::STATE},
+};
+
+constexpr StatusKey CURRENT_STATUS[] = {
+    {"wpa_state=", StatusKind::STATE},
+    {"ssid=", StatusKind::SSID},
+};
+
+constexpr StatusKey CURRENT_NETWORK[] = {
+    {"ssid=", StatusKind::SSID, Place::AT_START},
 };
 // clang-format on
 
-} // namespace
-
-StatusLine kindOf(const char* line) {
-    for (const StatusKey& key : STATUS_KEYS) {
-        if (std::strstr(line, key.text))
-            return key.kind;
-    }
-    return StatusLine::OTHER;
+bool has(const char* line, const StatusKey& key) {
+    const char* const found = std::strstr(line, key.text);
+    return key.place == Place::AT_START ? found == line : found != nullptr;
 }
 
-const char* statusValue(const char* line) {
+template <typename Keys>
+StatusKind kindOf(const char* line, const Keys& keys) {
+    for (const StatusKey& key : keys) {
+        if (has(line, key))
+            return key.kind;
+    }
+    return StatusKind::OTHER;
+}
+
+StatusKind kindOf(const char* line, StatusReader reader) {
+    switch (reader) {
+    case StatusReader::LOAD:
+        return kindOf(line, LOAD);
+    case StatusReader::CURRENT_STATUS:
+        return kindOf(line, CURRENT_STATUS);
+    case StatusReader::CURRENT_NETWORK:
+        return kindOf(line, CURRENT_NETWORK);
+    }
+    return StatusKind::OTHER;
+}
+
+const char* valueIn(const char* line) {
     const char* const equals = std::strchr(line, '=');
     return equals ? equals + 1 : "";
+}
+
+} // namespace
+
+StatusLine readStatusLine(const char* line, StatusReader reader) {
+    return {kindOf(line, reader), valueIn(line)};
 }
 
 } // namespace platwifi

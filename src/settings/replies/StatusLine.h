@@ -2,14 +2,30 @@
 
 namespace platwifi {
 
-/// What a line of the status report tells that matters here.
-enum class StatusLine { OTHER, SSID, STATE };
+/// What the status says that matters here.
+enum class StatusKind { OTHER, SSID, STATE };
 
-/// What a line tells while loading. Access points ("bssid=") and whatever else holds one of the
-/// other known keys are passed over.
-StatusLine kindOf(const char* line);
+/// A line of the status as it was read.
+struct StatusLine {
+    StatusKind kind;
+    const char* value; ///< what follows the first equals sign; empty without one
+};
 
-/// The text after the first equals sign; empty where there is none.
-const char* statusValue(const char* line);
+/// The operations that read a status. Each recognizes the lines by rules of its own, which are kept
+/// because callers rely on what comes of them.
+enum class StatusReader {
+    /// A load: a line that holds the key of another line, "bssid=" for example, is no SSID and no state.
+    LOAD,
+
+    /// getCurrentStatus(): the line of the state is looked for first. "ssid=" is found inside "bssid=", too,
+    /// so that the BSSID is taken for the SSID until the line of the SSID follows.
+    CURRENT_STATUS,
+
+    /// getCurrentNetwork(): an SSID must stand at the beginning of its line. The state is not read.
+    CURRENT_NETWORK,
+};
+
+/// Reads a line of the status as that operation does. The value lies in the line.
+StatusLine readStatusLine(const char* line, StatusReader reader);
 
 } // namespace platwifi

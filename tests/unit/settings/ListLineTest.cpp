@@ -64,41 +64,41 @@ TEST(ListLine, TellsOfNoNetworkWithoutItsFields) {
     }
 }
 
-TEST(ListLine, IsMarkedAnywhere) {
-    EXPECT_EQ(markIn("0\thome\tany\t[DISABLED]"), ListMark::DISABLED);
-    EXPECT_EQ(markIn("0\thome\tany\t[CURRENT]"), ListMark::CURRENT);
-    EXPECT_EQ(markIn("0\thome\tany\t[CURRENT][DISABLED]"), ListMark::DISABLED);
-    EXPECT_EQ(markIn("0\thome\tany\t[CURRENT][P2P-PERSISTENT]"), ListMark::CURRENT);
-    EXPECT_EQ(markIn("0\thome\tany\t[TEMP-DISABLED]"), ListMark::NONE);
-    EXPECT_EQ(markIn("0\tDISABLED\tany\tCURRENT"), ListMark::NONE);
-    EXPECT_EQ(markIn("0\thome\tany\t"), ListMark::NONE);
-    EXPECT_EQ(markIn("0\tmy [DISABLED] net\tany\t"), ListMark::DISABLED);
-    EXPECT_EQ(markIn(""), ListMark::NONE);
+TEST(ListLine, HasItsFlagAnywhere) {
+    EXPECT_EQ(listFlagIn("0\thome\tany\t[DISABLED]"), ListFlag::DISABLED);
+    EXPECT_EQ(listFlagIn("0\thome\tany\t[CURRENT]"), ListFlag::CURRENT);
+    EXPECT_EQ(listFlagIn("0\thome\tany\t[CURRENT][DISABLED]"), ListFlag::DISABLED);
+    EXPECT_EQ(listFlagIn("0\thome\tany\t[CURRENT][P2P-PERSISTENT]"), ListFlag::CURRENT);
+    EXPECT_EQ(listFlagIn("0\thome\tany\t[TEMP-DISABLED]"), ListFlag::NONE);
+    EXPECT_EQ(listFlagIn("0\tDISABLED\tany\tCURRENT"), ListFlag::NONE);
+    EXPECT_EQ(listFlagIn("0\thome\tany\t"), ListFlag::NONE);
+    EXPECT_EQ(listFlagIn("0\tmy [DISABLED] net\tany\t"), ListFlag::DISABLED);
+    EXPECT_EQ(listFlagIn(""), ListFlag::NONE);
 }
 
 // LOAD-22
-TEST(ListLine, ItsMarkGivesTheStatus) {
+TEST(ListLine, ItsFlagGivesTheStatus) {
     struct Row {
-        ListMark mark;
+        ListFlag flag;
         unsigned int before;
         unsigned int after;
     };
     const Row rows[] = {
-        {ListMark::DISABLED, NETWORK_STATUS_UNKNOWN, NETWORK_STATUS_DISABLED},
-        {ListMark::DISABLED, NETWORK_STATUS_CONNECTED, NETWORK_STATUS_DISABLED},
-        {ListMark::CURRENT, NETWORK_STATUS_UNKNOWN, NETWORK_STATUS_CONNECTING},
-        {ListMark::CURRENT, NETWORK_STATUS_DISABLED, NETWORK_STATUS_CONNECTING},
-        {ListMark::CURRENT, NETWORK_STATUS_CONNECTED, NETWORK_STATUS_CONNECTED},
-        {ListMark::NONE, NETWORK_STATUS_UNKNOWN, NETWORK_STATUS_ENABLED},
-        {ListMark::NONE, NETWORK_STATUS_CONNECTED, NETWORK_STATUS_ENABLED},
-        {ListMark::NONE, NETWORK_STATUS_DISABLED, NETWORK_STATUS_ENABLED},
+        {ListFlag::DISABLED, NETWORK_STATUS_UNKNOWN, NETWORK_STATUS_DISABLED},
+        {ListFlag::DISABLED, NETWORK_STATUS_CONNECTED, NETWORK_STATUS_DISABLED},
+        {ListFlag::CURRENT, NETWORK_STATUS_UNKNOWN, NETWORK_STATUS_CONNECTING},
+        {ListFlag::CURRENT, NETWORK_STATUS_DISABLED, NETWORK_STATUS_CONNECTING},
+        {ListFlag::CURRENT, NETWORK_STATUS_CONNECTED, NETWORK_STATUS_CONNECTED},
+        {ListFlag::NONE, NETWORK_STATUS_UNKNOWN, NETWORK_STATUS_ENABLED},
+        {ListFlag::NONE, NETWORK_STATUS_CONNECTED, NETWORK_STATUS_ENABLED},
+        {ListFlag::NONE, NETWORK_STATUS_DISABLED, NETWORK_STATUS_ENABLED},
     };
     for (const Row& row : rows) {
         WifiNetwork network;
         network.setNetworkStatus(row.before);
-        setMarkedStatus(network, row.mark);
+        setStatusByFlag(network, row.flag);
         EXPECT_EQ(network.getNetworkStatus(), row.after)
-            << static_cast<int>(row.mark) << " over " << row.before;
+            << static_cast<int>(row.flag) << " over " << row.before;
     }
 }
 

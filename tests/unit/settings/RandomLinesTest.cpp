@@ -62,7 +62,7 @@ TEST(RandomLines, ListLinesGiveANamedNetworkOrNone) {
         WifiNetwork network;
         if (!readListLine(line.c_str(), network))
             continue;
-        setMarkedStatus(network, markIn(line.c_str()));
+        setStatusByFlag(network, listFlagIn(line.c_str()));
         ASSERT_NE(network.getSsid(), nullptr) << line;
         ASSERT_NE(network.getBssid(), nullptr) << line;
         ASSERT_NE(std::strchr(network.getBssid(), ':'), nullptr) << line;
@@ -88,9 +88,13 @@ TEST(RandomLines, StatusLinesGiveTextsWithinThem) {
     for (int i = 0; i < ROUNDS; ++i) {
         const std::string line = randomLine(random);
         const bool has = line.find("ssid=") != std::string::npos;
-        ASSERT_TRUE(kindOf(line.c_str()) != StatusLine::SSID || has) << line;
-        const std::string value = statusValue(line.c_str());
-        ASSERT_EQ(line.substr(line.size() - value.size()), value);
+        for (const StatusReader reader :
+             {StatusReader::LOAD, StatusReader::CURRENT_STATUS, StatusReader::CURRENT_NETWORK}) {
+            const StatusLine read = readStatusLine(line.c_str(), reader);
+            ASSERT_TRUE(read.kind != StatusKind::SSID || has) << line;
+            const std::string value = read.value;
+            ASSERT_EQ(line.substr(line.size() - value.size()), value);
+        }
     }
 }
 

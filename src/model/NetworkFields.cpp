@@ -1,0 +1,77 @@
+#include "model/NetworkFields.h"
+
+#include "model/WifiTypes.h"
+
+#include <cassert>
+
+namespace platwifi {
+namespace {
+
+constexpr FieldSet NEVER_WRITTEN =
+    setOf(Field::IP_ADDRESS, Field::NETWORK_ID, Field::NETWORK_STATUS, Field::STRENGTH);
+
+constexpr FieldSet WEP_KEY_FIELDS =
+    setOf(Field::WEP_KEY0, Field::WEP_KEY1, Field::WEP_KEY2, Field::WEP_KEY3);
+
+constexpr FieldSet BYTES = setOf(Field::NETWORK_MODE, Field::NETWORK_ID);
+
+// The broadcast flag of a new network is false here and true in the supplicant, so that false, too, has
+// to be written. What comes from the supplicant is stored without a comparison.
+constexpr FieldSet ALWAYS_CHANGED = setOf(Field::SSID_BROADCASTED) | NEVER_WRITTEN;
+
+std::size_t textIndex(Field field) {
+    assert(indexOf(field) < TEXT_FIELD_COUNT);
+    return indexOf(field);
+}
+
+std::size_t numberIndex(Field field) {
+    assert(indexOf(field) >= TEXT_FIELD_COUNT);
+    return indexOf(field) - TEXT_FIELD_COUNT;
+}
+
+} // namespace
+
+NetworkFields::NetworkFields() noexcept {
+    m_numbers[numberIndex(Field::NETWORK_MODE)] = NETWORK_MODE_UNKNOWN;
+}
+
+const char* NetworkFields::text(Field field) const noexcept {
+    return m_texts[textIndex(field)].get();
+}
+
+bool NetworkFields::setText(Field field, const char* value) noexcept {
+    OwnedText& text = m_texts[textIndex(field)];
+    if (contains(WEP_KEY_FIELDS, field) && value && *value == '\0') {
+        text.clear();
+        return false;
+    }
+    return text.assign(value) && setDirty(field, true);
+}
+
+unsigned int NetworkFields::number(Field field) const noexcept {
+    return m_numbers[numberIndex(field)];
+}
+
+bool NetworkFields::setNumber(Field field, unsigned int value) noexcept {
+    if (field == Field::WEP_INDEX && value >= WEP_KEY_COUNT)
+        return false;
+    const unsigned int stored = contains(BYTES, field) ? value & 0xff : value;
+    unsigned int& number = m_numbers[numberIndex(field)];
+    if (number == stored && !contains(ALWAYS_CHANGED, field))
+        return false;
+    number = stored;
+    return setDirty(field, true);
+}
+
+bool NetworkFields::setDirty(Field field, bool dirty) noexcept {
+    const FieldSet flag = setOf(field) & ~NEVER_WRITTEN;
+    m_dirty = dirty ? m_dirty | flag : m_dirty & ~flag;
+    return true;
+}
+
+// A new anonymous identity is written with the next other change.
+bool NetworkFields::needsSave() const noexcept {
+    return (m_dirty & ~setOf(Field::EAP_ANONYMOUS_IDENTITY)) != 0;
+}
+
+} // namespace platwifi

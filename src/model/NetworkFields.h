@@ -1,0 +1,58 @@
+#pragma once
+
+#include "model/Field.h"
+#include "model/OwnedText.h"
+
+#include <array>
+
+class WifiNetwork;
+
+namespace platwifi {
+
+/// The values of a network's fields, and which of them are dirty: changed, and not written back yet.
+/// Tables reach every field through this by its name in `Field`. The rules of WifiNetwork hold for
+/// access, locking and memory.
+///
+/// text() and setText() take the name of a text, number() and setNumber() that of a number.
+class NetworkFields {
+public:
+    /// The fields of a network, which stay the network's own.
+    static NetworkFields& of(WifiNetwork& network) noexcept;
+    static const NetworkFields& of(const WifiNetwork& network) noexcept;
+
+    /// Every text is unset and every number 0, but the mode, which is unknown. Nothing is dirty.
+    NetworkFields() noexcept;
+
+    /// The text, valid until it changes; null when it is not set.
+    const char* text(Field field) const noexcept;
+
+    /// Stores a copy of a text by the rules of OwnedText::assign(), and marks the field dirty when it
+    /// changed. An empty WEP key clears the key without marking it.
+    /// @return whether the field was changed; false for an empty WEP key
+    bool setText(Field field, const char* value) noexcept;
+
+    unsigned int number(Field field) const noexcept;
+
+    /// Stores a number, and marks the field dirty when it changed. Network mode and network id keep the
+    /// low 8 bits. A WEP index above 3 is refused.
+    /// @return whether the field was changed. The SSID broadcast flag, and numbers that are never
+    ///         written back, count as changed each time.
+    bool setNumber(Field field, unsigned int value) noexcept;
+
+    bool isDirty(Field field) const noexcept { return contains(m_dirty, field); }
+
+    /// @return true
+    bool setDirty(Field field, bool dirty) noexcept;
+
+    /// Whether there is a dirty field, the anonymous identity apart.
+    bool needsSave() const noexcept;
+
+    void clearDirty() noexcept { m_dirty = 0; }
+
+private:
+    std::array<OwnedText, TEXT_FIELD_COUNT> m_texts;
+    std::array<unsigned int, FIELD_COUNT - TEXT_FIELD_COUNT> m_numbers{};
+    FieldSet m_dirty = 0;
+};
+
+} // namespace platwifi
