@@ -1,6 +1,7 @@
 #include "settings/SavedFields.h"
 
 #include "model/NetworkFunctions.h"
+#include "model/Vocabulary.h"
 #include "model/WifiNetwork.h"
 #include "supplicant/WifiUtil.h"
 
@@ -11,60 +12,6 @@
 
 namespace platwifi {
 namespace {
-
-// The one word that the supplicant has for a set or a value. Sets are compared as a whole: one of
-// several flags has no word, and the supplicant keeps what it has.
-struct Word {
-    unsigned int number;
-    const char* text;
-};
-
-constexpr Word KEY_MANAGEMENT[] = {
-    {KEY_MGMT_NONE, "NONE"},           //
-    {KEY_MGMT_WPA_PSK, "WPA-PSK"},     //
-    {KEY_MGMT_WPA_EAP, "WPA-EAP"},     //
-    {KEY_MGMT_IEEE8021X, "IEEE8021X"}, //
-    {KEY_MGMT_WPA_NONE, "WPA-NONE"},   //
-};
-
-// AUTH_ALG_AUTO has no word: it is what the supplicant does when it is told nothing.
-constexpr Word AUTH_ALG[] = {
-    {AUTH_ALG_OPEN, "OPEN"},
-    {AUTH_ALG_SHARED, "SHARED"},
-    {AUTH_ALG_LEAP, "LEAP"},
-};
-
-constexpr Word PAIRWISE_CIPHERS[] = {
-    {PAIRWISE_CCMP, "CCMP"},
-    {PAIRWISE_TKIP, "TKIP"},
-    {PAIRWISE_NONE, "NONE"},
-};
-
-constexpr Word GROUP_CIPHERS[] = {
-    {GROUP_CCMP, "CCMP"},
-    {GROUP_TKIP, "TKIP"},
-    {GROUP_WEP40, "WEP40"},
-    {GROUP_WEP104, "WEP104"},
-};
-
-constexpr Word EAP_MODES[] = {
-    {EAP_TLS, "TLS"},           //
-    {EAP_PEAP, "PEAP"},         //
-    {EAP_TTLS, "TTLS"},         //
-    {EAP_MD5, "MD5"},           //
-    {EAP_LEAP, "LEAP"},         //
-    {EAP_MSCHAPV2, "MSCHAPV2"}, //
-    {EAP_GTC, "GTC"},           //
-    {EAP_OTP, "OTP"},           //
-    {EAP_FAST, "FAST"},         //
-    {EAP_PSK, "PSK"},           //
-    {EAP_PAX, "PAX"},           //
-};
-
-constexpr Word PROTOCOL[] = {
-    {PROTOCOL_WPA, "WPA"},
-    {PROTOCOL_RSN, "RSN"},
-};
 
 constexpr const char* EMPTY = "\"\""; // what the supplicant reads as an empty text
 constexpr const char* MASK = "*";     // stands for a secret that was not changed
@@ -103,14 +50,12 @@ Value decimal(const WifiNetwork& network) {
     return {!STAYS, std::to_string(static_cast<int>(std::invoke(Get, network)))};
 }
 
-template <auto Get, const auto& Words>
+// Sets are compared as a whole: several flags together have no word, and the supplicant keeps what it has.
+template <auto Get, const auto& Table>
 Value oneWord(const WifiNetwork& network) {
     const unsigned int number = std::invoke(Get, network);
-    for (const Word& word : Words) {
-        if (word.number == number)
-            return {!STAYS, word.text};
-    }
-    return {number == 0, {}};
+    const Word* const word = wordFor(Table, number);
+    return word ? Value{!STAYS, word->text} : Value{number == 0, {}};
 }
 
 bool isAnyBssid(const char* bssid) {
@@ -156,14 +101,14 @@ constexpr SavedField FIELDS[] = {
     {DIRTY(Ssid), "ssid", required<&N::getSsid>},
     {DIRTY(Bssid), "bssid", bssid, "bssid"},
     {DIRTY(SsidBroadcasted), "scan_ssid", scanByName},
-    {DIRTY(KeyManagement), "key_mgmt", oneWord<&N::getKeyManagement, KEY_MANAGEMENT>},
+    {DIRTY(KeyManagement), "key_mgmt", oneWord<&N::getKeyManagement, KEY_MANAGEMENT_WORDS>},
     {DIRTY(Priority), "priority", decimal<&N::getPriority>},
     {DIRTY(NetworkMode), "mode", decimal<&N::getNetworkMode>},
-    {DIRTY(AuthAlg), "auth_alg", oneWord<&N::getAuthAlg, AUTH_ALG>},
-    {DIRTY(PairwiseCiphers), "pairwise", oneWord<&N::getPairwiseCiphers, PAIRWISE_CIPHERS>},
-    {DIRTY(GroupCiphers), "group", oneWord<&N::getGroupCiphers, GROUP_CIPHERS>},
-    {DIRTY(EapModes), "eap", oneWord<&N::getEapModes, EAP_MODES>},
-    {DIRTY(Protocol), "proto", oneWord<&N::getProtocol, PROTOCOL>},
+    {DIRTY(AuthAlg), "auth_alg", oneWord<&N::getAuthAlg, AUTH_ALG_WORDS>},
+    {DIRTY(PairwiseCiphers), "pairwise", oneWord<&N::getPairwiseCiphers, PAIRWISE_WORDS>},
+    {DIRTY(GroupCiphers), "group", oneWord<&N::getGroupCiphers, GROUP_WORDS>},
+    {DIRTY(EapModes), "eap", oneWord<&N::getEapModes, EAP_WORDS>},
+    {DIRTY(Protocol), "proto", oneWord<&N::getProtocol, PROTOCOL_WORDS>},
     {DIRTY(WepIndex), "wep_tx_keyidx", decimal<&N::getWepIndex>},
     {WEP_KEY<0>, "wep_key0", masked<wepKey<0>>},
     {WEP_KEY<1>, "wep_key1", masked<wepKey<1>>},
