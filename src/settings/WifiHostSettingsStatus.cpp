@@ -6,8 +6,6 @@
 #include "settings/NetworkIds.h"
 #include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
-#include "settings/replies/Decimal.h"
-#include "settings/replies/LineFields.h"
 #include "settings/replies/ListLine.h"
 #include "settings/replies/ScanLine.h"
 #include "settings/replies/StatusLine.h"
@@ -20,6 +18,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 
 using namespace platwifi;
 
@@ -78,11 +77,10 @@ bool WifiHostSettings::followList(const Lines& list) {
 bool WifiHostSettings::followListLines(const Lines& lines, WifiNetwork& network) noexcept {
     const bool isKnown = networkIds->isKnown(network);
     for (const std::string& line : lines) {
-        LineFields fields(line.c_str(), "\t ");
-        const char* const id = fields.next();
+        const std::optional<int> id = listedId(line);
         if (!id)
             return false;
-        if (isKnown && decimalOf(id) == network.getNetworkId())
+        if (isKnown && *id == network.getNetworkId())
             followMark(markIn(line.c_str()), network);
     }
     return true;

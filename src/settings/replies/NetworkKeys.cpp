@@ -2,7 +2,7 @@
 
 #include "model/NetworkFunctions.h"
 #include "model/WifiNetwork.h"
-#include "settings/replies/Decimal.h"
+#include "settings/replies/Columns.h"
 #include "settings/replies/ValueWords.h"
 
 #include <cstring>

@@ -1,7 +1,6 @@
 // Whatever a client prints is read without harm; what it comes to stays within its bounds.
 
 #include "model/WifiNetwork.h"
-#include "settings/replies/Decimal.h"
 #include "settings/replies/ListLine.h"
 #include "settings/replies/NetworkKeys.h"
 #include "settings/replies/ScanLine.h"
