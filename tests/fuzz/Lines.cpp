@@ -102,7 +102,7 @@ std::string firstField(const std::string& line) {
 void listLine(Input& input) {
     const std::string line = input.text();
     WifiNetwork network;
-    if (!readListLine(line.c_str(), network))
+    if (!readListLine(line, network))
         return;
     REQUIRE(network.getNetworkId() == static_cast<unsigned char>(plainDecimal(firstField(line))));
     REQUIRE(network.getSsid() && network.getBssid());

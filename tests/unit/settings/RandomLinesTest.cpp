@@ -59,7 +59,7 @@ TEST(RandomLines, ListLinesGiveANamedNetworkOrNone) {
     for (int i = 0; i < ROUNDS; ++i) {
         const std::string line = randomLine(random);
         WifiNetwork network;
-        if (!readListLine(line.c_str(), network))
+        if (!readListLine(line, network))
             continue;
         setMarkedStatus(network, markIn(line.c_str()));
         ASSERT_NE(network.getSsid(), nullptr) << line;
