@@ -3,7 +3,7 @@
 #include "jni/CipherCode.h"
 #include "jni/Secrets.h"
 #include "model/WifiNetwork.h"
-#include "settings/replies/Decimal.h"
+#include "settings/replies/Columns.h"
 
 #include <cstring>
 #include <functional>

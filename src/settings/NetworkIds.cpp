@@ -1,6 +1,7 @@
 #include "settings/NetworkIds.h"
 
 #include "model/WifiNetwork.h"
+#include "settings/replies/PrintedSsid.h"
 #include "supplicant/ValueQuoting.h"
 
 #include <algorithm>

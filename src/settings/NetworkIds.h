@@ -1,7 +1,7 @@
 #pragma once
 
 #include "settings/KeyState.h"
-#include "settings/replies/ListedSsid.h"
+#include "settings/replies/ListLine.h"
 #include "settings/replies/WholeLines.h"
 
 #include <optional>

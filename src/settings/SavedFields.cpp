@@ -2,6 +2,7 @@
 
 #include "model/NetworkFields.h"
 #include "model/NetworkFunctions.h"
+#include "model/Vocabulary.h"
 #include "model/WifiNetwork.h"
 #include "supplicant/WifiUtil.h"
 
@@ -12,60 +13,6 @@
 
 namespace platwifi {
 namespace {
-
-// The supplicant's word for a set or a value. A set is compared as a whole: there is no word for a set of
-// several flags, so that the supplicant keeps its value.
-struct Word {
-    unsigned int number;
-    const char* text;
-};
-
-constexpr Word KEY_MANAGEMENT[] = {
-    {KEY_MGMT_NONE, "NONE"},           //
-    {KEY_MGMT_WPA_PSK, "WPA-PSK"},     //
-    {KEY_MGMT_WPA_EAP, "WPA-EAP"},     //
-    {KEY_MGMT_IEEE8021X, "IEEE8021X"}, //
-    {KEY_MGMT_WPA_NONE, "WPA-NONE"},   //
-};
-
-// AUTH_ALG_AUTO has no word: it is the supplicant's behaviour without an auth_alg.
-constexpr Word AUTH_ALG[] = {
-    {AUTH_ALG_OPEN, "OPEN"},
-    {AUTH_ALG_SHARED, "SHARED"},
-    {AUTH_ALG_LEAP, "LEAP"},
-};
-
-constexpr Word PAIRWISE_CIPHERS[] = {
-    {PAIRWISE_CCMP, "CCMP"},
-    {PAIRWISE_TKIP, "TKIP"},
-    {PAIRWISE_NONE, "NONE"},
-};
-
-constexpr Word GROUP_CIPHERS[] = {
-    {GROUP_CCMP, "CCMP"},
-    {GROUP_TKIP, "TKIP"},
-    {GROUP_WEP40, "WEP40"},
-    {GROUP_WEP104, "WEP104"},
-};
-
-constexpr Word EAP_MODES[] = {
-    {EAP_TLS, "TLS"},           //
-    {EAP_PEAP, "PEAP"},         //
-    {EAP_TTLS, "TTLS"},         //
-    {EAP_MD5, "MD5"},           //
-    {EAP_LEAP, "LEAP"},         //
-    {EAP_MSCHAPV2, "MSCHAPV2"}, //
-    {EAP_GTC, "GTC"},           //
-    {EAP_OTP, "OTP"},           //
-    {EAP_FAST, "FAST"},         //
-    {EAP_PSK, "PSK"},           //
-    {EAP_PAX, "PAX"},           //
-};
-
-constexpr Word PROTOCOL[] = {
-    {PROTOCOL_WPA, "WPA"},
-    {PROTOCOL_RSN, "RSN"},
-};
 
 constexpr const char* EMPTY = "\"\""; // the supplicant's notation of an empty text
 constexpr const char* MASK = "*";     // what the supplicant answers in place of a secret
@@ -111,13 +58,12 @@ Value decimal(const NetworkFields& fields, Field field) {
     return send(std::to_string(static_cast<int>(fields.number(field))));
 }
 
+// A set is compared as a whole: there is no word for several flags, so the supplicant keeps its value.
 template <const auto& WORDS>
 Value oneWord(const NetworkFields& fields, Field field) {
     const unsigned int number = fields.number(field);
-    for (const Word& word : WORDS) {
-        if (word.number == number)
-            return send(word.text);
-    }
+    if (const Word* const word = wordFor(WORDS, number))
+        return send(word->text);
     return number == 0 ? postpone() : skip();
 }
 
@@ -148,14 +94,14 @@ constexpr SavedField SAVED_FIELDS[] = {
     {Field::SSID, "ssid", required},
     {Field::BSSID, "bssid", bssid, "bssid"},
     {Field::SSID_BROADCASTED, "scan_ssid", scanSsid},
-    {Field::KEY_MANAGEMENT, "key_mgmt", oneWord<KEY_MANAGEMENT>},
+    {Field::KEY_MANAGEMENT, "key_mgmt", oneWord<KEY_MANAGEMENT_WORDS>},
     {Field::PRIORITY, "priority", decimal},
     {Field::NETWORK_MODE, "mode", decimal},
-    {Field::AUTH_ALG, "auth_alg", oneWord<AUTH_ALG>},
-    {Field::PAIRWISE_CIPHERS, "pairwise", oneWord<PAIRWISE_CIPHERS>},
-    {Field::GROUP_CIPHERS, "group", oneWord<GROUP_CIPHERS>},
-    {Field::EAP_MODES, "eap", oneWord<EAP_MODES>},
-    {Field::PROTOCOL, "proto", oneWord<PROTOCOL>},
+    {Field::AUTH_ALG, "auth_alg", oneWord<AUTH_ALG_WORDS>},
+    {Field::PAIRWISE_CIPHERS, "pairwise", oneWord<PAIRWISE_WORDS>},
+    {Field::GROUP_CIPHERS, "group", oneWord<GROUP_WORDS>},
+    {Field::EAP_MODES, "eap", oneWord<EAP_WORDS>},
+    {Field::PROTOCOL, "proto", oneWord<PROTOCOL_WORDS>},
     {Field::WEP_INDEX, "wep_tx_keyidx", decimal},
     {Field::WEP_KEY0, "wep_key0", masked},
     {Field::WEP_KEY1, "wep_key1", masked},

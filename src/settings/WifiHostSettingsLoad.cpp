@@ -6,7 +6,6 @@
 #include "settings/NetworkIds.h"
 #include "settings/WifiHostSettings.h"
 #include "settings/replies/ListLine.h"
-#include "settings/replies/ListedSsid.h"
 #include "settings/replies/NetworkKeys.h"
 #include "settings/replies/ScanLine.h"
 #include "settings/replies/StatusLine.h"

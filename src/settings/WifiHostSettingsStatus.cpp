@@ -6,8 +6,6 @@
 #include "settings/NetworkIds.h"
 #include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
-#include "settings/replies/Decimal.h"
-#include "settings/replies/LineFields.h"
 #include "settings/replies/ListLine.h"
 #include "settings/replies/ScanLine.h"
 #include "settings/replies/StatusLine.h"
@@ -19,6 +17,7 @@
 #include "zam/Zam.h"
 
 #include <algorithm>
+#include <optional>
 
 using namespace platwifi;
 
@@ -64,11 +63,10 @@ bool WifiHostSettings::applyList(const Lines& list) {
 bool WifiHostSettings::applyListTo(WifiNetwork& network, const Lines& lines) noexcept {
     const bool isKnown = networkIds->isKnown(network);
     for (const std::string& line : lines) {
-        LineFields fields(line.c_str(), "\t ");
-        const char* const id = fields.next();
+        const std::optional<int> id = listedId(line);
         if (!id)
             return false;
-        if (isKnown && decimalOf(id) == network.getNetworkId())
+        if (isKnown && *id == network.getNetworkId())
             applyListFlag(network, listFlagIn(line.c_str()));
     }
     return true;

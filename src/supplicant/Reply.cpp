@@ -1,26 +1,25 @@
 #include "supplicant/Reply.h"
 
+#include "model/Vocabulary.h"
+
 #include <cstring>
 
 namespace platwifi {
 namespace {
 
-struct StateName {
-    const char* text;
-    WpaState state;
-};
-
-// In the order in which they are looked for anywhere in the line.
-constexpr StateName STATE_NAMES[] = {
-    {"INACTIVE", WPA_STATE_IDLE},
-    {"SCANNING", WPA_STATE_SCANNING},
-    {"COMPLETED", WPA_STATE_COMPLETED},
-    {"4WAY_HANDSHAKE", WPA_STATE_4WAY_HANDSHAKE},
-    {"GROUP_HANDSHAKE", WPA_STATE_GROUP_HANDSHAKE},
-    {"ASSOCIATING", WPA_STATE_ASSOCIATING},
-    {"ASSOCIATED", WPA_STATE_ASSOCIATED},
-    {"DISCONNECTED", WPA_STATE_DISCONNECTED},
-};
+// The order in which states are looked for anywhere in a line: where it names several, the first counts.
+// clang-format off
+constexpr auto STATE_SEARCH = inOrder(STATE_WORDS, {
+    WPA_STATE_IDLE,
+    WPA_STATE_SCANNING,
+    WPA_STATE_COMPLETED,
+    WPA_STATE_4WAY_HANDSHAKE,
+    WPA_STATE_GROUP_HANDSHAKE,
+    WPA_STATE_ASSOCIATING,
+    WPA_STATE_ASSOCIATED,
+    WPA_STATE_DISCONNECTED,
+});
+// clang-format on
 
 } // namespace
 
@@ -37,11 +36,7 @@ void stripQuotes(char* text) {
 }
 
 WpaState stateIn(const char* line) {
-    for (const StateName& name : STATE_NAMES) {
-        if (std::strstr(line, name.text))
-            return name.state;
-    }
-    return WPA_STATE_UNKNOWN;
+    return static_cast<WpaState>(firstIn(line, STATE_SEARCH));
 }
 
 WpaState stateOf(const char* const lines[], unsigned int count) {

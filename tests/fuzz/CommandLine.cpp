@@ -16,7 +16,7 @@
 #include "host/Listing.h"
 #include "host/ScanResult.h"
 #include "host/Ssid.h"
-#include "settings/replies/ListedSsid.h"
+#include "settings/replies/PrintedSsid.h"
 #include "supplicant/WifiUtil.h"
 
 #include <algorithm>

@@ -5,11 +5,10 @@
 #include "Require.h"
 
 #include "model/WifiNetwork.h"
-#include "settings/replies/Decimal.h"
-#include "settings/replies/LineFields.h"
+#include "settings/replies/Columns.h"
 #include "settings/replies/ListLine.h"
-#include "settings/replies/ListedSsid.h"
 #include "settings/replies/NetworkKeys.h"
+#include "settings/replies/PrintedSsid.h"
 #include "settings/replies/ScanLine.h"
 #include "settings/replies/StatusLine.h"
 #include "settings/replies/ValueWords.h"
@@ -62,20 +61,37 @@ void decimals(Input& input) {
     REQUIRE(strengthOf(text.c_str()) <= 100);
 }
 
-void fields(Input& input) {
-    static constexpr const char* SEPARATORS[] = {"\t", "\t "};
-    const char* const separators = SEPARATORS[input.below(2)];
-    const std::string whole = input.text();
-    const std::string line = whole.substr(0, 256);
-    LineFields fields(whole.c_str(), separators);
-    std::size_t place = line.find_first_not_of(separators);
-    while (place != std::string::npos) {
-        const std::size_t end = line.find_first_of(separators, place);
-        const char* const field = fields.next();
-        REQUIRE(field && line.substr(place, end - place) == field);
-        place = line.find_first_not_of(separators, end);
+// All columns together are the line; the filled ones are those of its first 256 characters.
+void columns(const std::string& line) {
+    std::string joined;
+    for (const std::string& column : columnsOf(line)) {
+        REQUIRE(!holds(column, "\t"));
+        joined += column + '\t';
     }
-    REQUIRE(!fields.next());
+    REQUIRE(joined == line + '\t');
+    Columns filled;
+    for (const std::string& column : columnsOf(line.substr(0, 256)))
+        if (!column.empty())
+            filled.push_back(column);
+    REQUIRE(filledColumnsOf(line) == filled);
+}
+
+// The first run of other characters than tabs and blanks, among the first 256.
+void listedIds(const std::string& whole) {
+    static constexpr const char* SEPARATORS = "\t ";
+    const std::string line = whole.substr(0, 256);
+    const std::size_t place = line.find_first_not_of(SEPARATORS);
+    const auto id = listedId(whole);
+    REQUIRE(id.has_value() == (place != std::string::npos));
+    if (id)
+        REQUIRE(*id ==
+                plainDecimal(line.substr(place, line.find_first_of(SEPARATORS, place) - place)));
+}
+
+void splitLine(Input& input) {
+    static constexpr void (*READERS[])(const std::string&) = {columns, listedIds};
+    const auto read = READERS[input.below(2)];
+    read(input.text());
 }
 
 std::string firstField(const std::string& line) {
@@ -86,7 +102,7 @@ std::string firstField(const std::string& line) {
 void listLine(Input& input) {
     const std::string line = input.text();
     WifiNetwork network;
-    if (!readListLine(line.c_str(), network))
+    if (!readListLine(line, network))
         return;
     REQUIRE(network.getNetworkId() == static_cast<unsigned char>(plainDecimal(firstField(line))));
     REQUIRE(network.getSsid() && network.getBssid());
@@ -242,8 +258,8 @@ void printing(Input& input) {
 }
 
 constexpr void (*PARSERS[])(Input&) = {
-    decimals,    fields,  listLine,   scanLine,  statusLine,   valueWords,
-    networkKeys, replies, timestamps, listReply, printedReply, printing,
+    decimals,    splitLine, listLine,   scanLine,  statusLine,   valueWords,
+    networkKeys, replies,   timestamps, listReply, printedReply, printing,
 };
 
 } // namespace

@@ -2,20 +2,29 @@
 
 #include "model/NetworkFunctions.h"
 #include "model/WifiNetwork.h"
-#include "settings/replies/Decimal.h"
-#include "settings/replies/LineFields.h"
+#include "settings/replies/Columns.h"
 
+#include <cstddef>
+#include <cstdlib>
 #include <cstring>
 
 namespace platwifi {
 namespace {
 
-bool isAddress(const char* field) {
-    return std::strchr(field, ':') != nullptr;
+constexpr std::size_t ALL_COLUMNS = 4; // id, SSID, BSSID, flags
+constexpr std::size_t MOST_DIGITS = 3;
+constexpr int LARGEST_ID = 255;
+
+bool isAddress(const std::string& column) {
+    return column.find(':') != std::string::npos;
 }
 
-bool isBssidColumn(const char* field) {
-    return std::strcmp(field, "any") == 0 || isAddress(field);
+std::optional<unsigned char> idFrom(const std::string& text) {
+    if (text.empty() || text.size() > MOST_DIGITS ||
+        text.find_first_not_of("0123456789") != std::string::npos)
+        return {};
+    const int id = std::atoi(text.c_str());
+    return id <= LARGEST_ID ? std::optional(static_cast<unsigned char>(id)) : std::nullopt;
 }
 
 unsigned int statusOf(ListFlag flag, unsigned int present) {
@@ -42,20 +51,36 @@ void setStatusByFlag(WifiNetwork& network, ListFlag flag) {
     network.setNetworkStatus(statusOf(flag, network.getNetworkStatus()));
 }
 
-bool readListLine(const char* line, WifiNetwork& network) {
-    LineFields fields(line, "\t");
-    const char* const id = fields.next();
-    const char* const second = fields.next();
-    if (!id || !second)
+bool readListLine(const std::string& line, WifiNetwork& network) {
+    const Columns columns = filledColumnsOf(line);
+    const bool hasSsid = columns.size() > 1 && !isBssidColumn(columns[1]);
+    const std::size_t bssidAt = hasSsid ? 2 : 1;
+    if (columns.size() <= bssidAt)
         return false;
-    const bool hasSsid = !isBssidColumn(second);
-    const char* const bssid = hasSsid ? fields.next() : second;
-    if (!bssid)
-        return false;
-    network.setNetworkId(static_cast<unsigned char>(decimalOf(id)));
-    network.setSsid(hasSsid ? second : NO_SSID);
-    network.setBssid(isAddress(bssid) ? bssid : NO_BSSID);
+    const std::string& bssid = columns[bssidAt];
+    network.setNetworkId(static_cast<unsigned char>(decimalOf(columns[0].c_str())));
+    network.setSsid(hasSsid ? columns[1].c_str() : NO_SSID);
+    network.setBssid(isAddress(bssid) ? bssid.c_str() : NO_BSSID);
     return true;
+}
+
+std::optional<int> listedId(const std::string& line) {
+    for (const std::string& column : filledColumnsOf(line)) {
+        const std::size_t start = column.find_first_not_of(' ');
+        if (start != std::string::npos) // what stands behind a blank is not part of the number
+            return decimalOf(column.substr(start, column.find(' ', start) - start).c_str());
+    }
+    return {};
+}
+
+// With all four columns the second is the SSID, whatever it looks like. With fewer, an SSID that can be a
+// BSSID counts as none.
+std::optional<ListedSsid> listedSsid(const std::string& line) {
+    const Columns columns = columnsOf(line);
+    if (columns.size() < 2)
+        return {};
+    const bool isSsid = columns.size() >= ALL_COLUMNS || !isBssidColumn(columns[1]);
+    return ListedSsid{idFrom(columns[0]), isSsid ? columns[1] : ""};
 }
 
 } // namespace platwifi

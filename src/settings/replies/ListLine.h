@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
 class WifiNetwork;
 
 namespace platwifi {
@@ -13,9 +16,26 @@ ListFlag listFlagIn(const char* line);
 /// Gives the network the status that its flag stands for.
 void setStatusByFlag(WifiNetwork& network, ListFlag flag);
 
-/// Reads number, SSID and BSSID of a network from a line of the list, which separates them by tabs.
-/// A network without SSID has no column for it; it is given a placeholder.
-/// @return false for a line that tells of no network; some of the above may have been read
-bool readListLine(const char* line, WifiNetwork& network);
+// The readers of a line. All of them take its columns from Columns.h; they differ on purpose.
+
+/// Reads network id, SSID and BSSID of a network, as a load does: empty columns do not count. A second
+/// column that can be a BSSID is one, and the SSID then is NO_SSID. The id is kept as one byte: 256 is 0,
+/// and so is what is no number.
+/// @return false for a line without these columns; the network is unchanged then
+bool readListLine(const std::string& line, WifiNetwork& network);
+
+/// The network id in a line, as a status refresh reads it: the number that the first column which is not
+/// blank begins with, 0 where that is no number. None for a line of tabs and blanks alone.
+std::optional<int> listedId(const std::string& line);
+
+/// A network as the supplicant lists it.
+struct ListedSsid {
+    std::optional<unsigned char> id; ///< none for what is no number, or above 255
+    std::string printed;             ///< the SSID as the client prints it; empty for none
+};
+
+/// The network of a whole line, as it is looked for when network ids are confirmed: empty columns count.
+/// None for a line without columns.
+std::optional<ListedSsid> listedSsid(const std::string& line);
 
 } // namespace platwifi

@@ -2,7 +2,7 @@
 
 #include "model/NetworkFunctions.h"
 #include "model/WifiNetwork.h"
-#include "settings/replies/Decimal.h"
+#include "settings/replies/Columns.h"
 #include "settings/replies/ValueWords.h"
 
 #include <cstring>
@@ -12,9 +12,9 @@ namespace {
 
 using Network = WifiNetwork;
 
-// What becomes of a value.
+// What is done with the value of a field.
 
-using Found = void (*)(Network&, const char* value);
+using OnValue = void (*)(Network&, const char* value);
 
 template <bool (Network::*SET)(const char*)>
 void text(Network& network, const char* value) {
@@ -35,6 +35,7 @@ unsigned int decimal(const char* value) {
     return static_cast<unsigned int>(decimalOf(value));
 }
 
+// Overrides the status by the flag of the list, which is read before the fields.
 void disabled(Network& network, const char* value) {
     if (decimalOf(value) != 0)
         network.setNetworkStatus(NETWORK_STATUS_DISABLED);
@@ -44,14 +45,14 @@ void mode(Network& network, const char* value) {
     network.setNetworkMode(static_cast<unsigned char>(decimalOf(value)));
 }
 
-// Whether the name has to be asked for by name is the opposite of whether it is broadcast.
+// scan_ssid=0: the SSID is broadcast. Any other value has probe requests sent for it, as hidden networks need.
 void scanSsid(Network& network, const char* value) {
     network.setSsidBroadcasted(std::strcmp(value, "0") == 0);
 }
 
-// What becomes of a field without a value: what the supplicant takes then.
+// What is done with a field that is not set: the network gets the supplicant's default, where it has one.
 
-using Missing = void (*)(Network&);
+using OnUnset = void (*)(Network&);
 
 void unchanged(Network& /*network*/) {}
 
@@ -69,9 +70,9 @@ constexpr unsigned int ANY_PAIRWISE = PAIRWISE_TKIP | PAIRWISE_CCMP;
 constexpr unsigned int ANY_GROUP = GROUP_TKIP | GROUP_CCMP | GROUP_WEP104 | GROUP_WEP40;
 constexpr unsigned int ANY_PROTO = PROTOCOL_WPA | PROTOCOL_RSN;
 
-// Whether a field is asked for.
+// Whether a field applies to a network; it is asked for only then.
 
-using Due = bool (*)(const Network&);
+using Applies = bool (*)(const Network&);
 
 bool always(const Network& /*network*/) {
     return true;
@@ -93,10 +94,10 @@ struct Keys {
 
 struct NetworkKey {
     const char* name;
-    Found found;
-    Missing missing;
-    Due due = always;
-    Keys more = {}; // asked for only after a value of this one
+    OnValue onValue;
+    OnUnset onUnset;
+    Applies applies = always;
+    Keys dependents = {}; // asked for right after this field, and only where it has a value
 };
 
 constexpr NetworkKey WEP_KEYS[] = {
@@ -107,8 +108,8 @@ constexpr NetworkKey WEP_KEYS[] = {
 };
 constexpr Keys ALL_WEP_KEYS{std::begin(WEP_KEYS), std::end(WEP_KEYS)};
 
-// In the order in which they are asked for: the status that the list told comes before "disabled",
-// the key management before the WEP keys.
+// In the order in which they are asked for. The key management comes before the WEP keys, which apply only to
+// some of its methods.
 // clang-format off
 constexpr NetworkKey NETWORK_KEYS[] = {
     {"disabled", disabled, unchanged},
@@ -145,15 +146,15 @@ constexpr NetworkKey NETWORK_KEYS[] = {
 void read(const Keys& keys, Network& network, const ValueSource& valueOf);
 
 void read(const NetworkKey& key, Network& network, const ValueSource& valueOf) {
-    if (!key.due(network))
+    if (!key.applies(network))
         return;
     const char* const value = valueOf(key.name);
     if (!value) {
-        key.missing(network);
+        key.onUnset(network);
         return;
     }
-    key.found(network, value);
-    read(key.more, network, valueOf);
+    key.onValue(network, value);
+    read(key.dependents, network, valueOf);
 }
 
 void read(const Keys& keys, Network& network, const ValueSource& valueOf) {

@@ -1,11 +1,12 @@
 #include "settings/replies/ScanLine.h"
 
 #include "model/WifiNetwork.h"
-#include "settings/replies/Decimal.h"
-#include "settings/replies/LineFields.h"
+#include "settings/replies/Columns.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstring>
+#include <iterator>
 
 namespace platwifi {
 namespace {
@@ -35,10 +36,10 @@ constexpr unsigned int OTHER_CHANNEL = 6;
 constexpr unsigned int WEAKEST_SIGNAL = 160;
 constexpr unsigned int SIGNAL_RANGE = 50;
 
-// Fields of a scan line in their order; each takes what it stands for into the network.
-using ScanField = void (*)(WifiNetwork&, const char* field);
+// One function for each column of a scan line, in their order: it sets what the column stands for.
+using ReadColumn = void (*)(WifiNetwork&, const char* column);
 
-constexpr ScanField SCAN_FIELDS[] = {
+constexpr ReadColumn SCAN_COLUMNS[] = {
     [](WifiNetwork& network, const char* bssid) {
         if (std::strchr(bssid, ':'))
             network.setBssid(bssid);
@@ -69,7 +70,7 @@ unsigned int channelAt(const char* frequency) {
     return OTHER_CHANNEL;
 }
 
-// Unsigned on purpose: a weaker signal wraps around and counts as the strongest.
+// Unsigned on purpose: a signal below 160 wraps around and gives 100.
 unsigned int strengthOf(const char* signal) {
     const unsigned int above = static_cast<unsigned int>(decimalOf(signal)) - WEAKEST_SIGNAL;
     const double share = static_cast<double>(std::min(above, SIGNAL_RANGE)) / SIGNAL_RANGE;
@@ -77,13 +78,10 @@ unsigned int strengthOf(const char* signal) {
 }
 
 void readScanLine(const char* line, WifiNetwork& network) {
-    LineFields fields(line, "\t");
-    for (const ScanField read : SCAN_FIELDS) {
-        const char* const field = fields.next();
-        if (!field)
-            return;
-        read(network, field);
-    }
+    const Columns columns = filledColumnsOf(line);
+    const std::size_t count = std::min(columns.size(), std::size(SCAN_COLUMNS));
+    for (std::size_t i = 0; i < count; ++i)
+        SCAN_COLUMNS[i](network, columns[i].c_str());
 }
 
 bool isWholeLine(const char* line, const char* ssid) {

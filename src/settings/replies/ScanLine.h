@@ -6,26 +6,23 @@ class WifiNetwork;
 
 namespace platwifi {
 
-/// The radio channel of a frequency in MHz, given as text. Channels 1 to 11 are known; anything else
-/// counts as channel 6.
+/// The radio channel, 1 to 11, of a frequency in MHz, given as text. Any other frequency gives channel 6.
 unsigned int channelAt(const char* frequency);
 
-/// The strength, 0 to 100, that a signal field stands for: 160 is 0, 210 and above is 100. What lies
-/// below 160 is 100 as well, levels in dBm included, which are negative.
+/// The strength, 0 to 100, of a signal, given as text: 160 is 0, 210 and above is 100. A signal below 160 is
+/// 100, too; so every level in dBm, which is negative, gives 100.
 unsigned int strengthOf(const char* signal);
 
-/// Reads BSSID, channel, strength and mode from a line of the scan, which separates them by tabs, as
-/// far as the line goes.
+/// Reads BSSID, channel, strength and mode from a line of the scan. What a shorter line does not have stays.
 void readScanLine(const char* line, WifiNetwork& network);
 
-/// Whether a line of the scan tells of the network with this SSID.
+/// Whether a line of the scan updates the network with this SSID.
 using ScanMatch = bool (*)(const char* line, const char* ssid);
 
-/// The match while loading: the line is the SSID and nothing else.
+/// The match of a load: the line is the SSID and nothing else.
 bool isWholeLine(const char* line, const char* ssid);
 
-/// The match of a status refresh: the SSID stands anywhere in the line, deliberately also as a part of
-/// a longer one.
+/// The match of a status refresh: the SSID stands anywhere in the line, also as a part of a longer SSID.
 bool isInLine(const char* line, const char* ssid);
 
 /// Reads every line into every network that it matches, from `head` on. The caller holds the lock of

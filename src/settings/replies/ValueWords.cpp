@@ -1,116 +1,63 @@
 #include "settings/replies/ValueWords.h"
 
-#include "model/WifiTypes.h"
-
-#include <cstddef>
-#include <cstring>
+#include "model/Vocabulary.h"
 
 namespace platwifi {
 namespace {
 
-struct ValueWord {
-    const char* text;
-    unsigned int meaning;
-};
-
+// The order in which words are looked for: a word that holds another one comes before it. Of several
+// methods in one value the first in this order is kept.
 // clang-format off
 
-// The first word found counts: those that are part of others come after them.
+constexpr auto KEY_MANAGEMENT_SEARCH = inOrder(KEY_MANAGEMENT_WORDS, {
+    KEY_MGMT_WPA_NONE, // WPA-NONE holds NONE
+    KEY_MGMT_NONE,
+    KEY_MGMT_WPA_EAP,
+    KEY_MGMT_WPA_PSK,
+    KEY_MGMT_IEEE8021X,
+});
 
-constexpr ValueWord KEY_MANAGEMENTS[] = {
-    {"WPA-NONE", KEY_MGMT_WPA_NONE}, // before NONE
-    {"NONE", KEY_MGMT_NONE},
-    {"WPA-EAP", KEY_MGMT_WPA_EAP},
-    {"WPA-PSK", KEY_MGMT_WPA_PSK},
-    {"IEEE8021X", KEY_MGMT_IEEE8021X},
-};
-
-constexpr ValueWord EAP_MODES[] = {
-    {"TTLS", EAP_TTLS}, // before TLS
-    {"TLS", EAP_TLS},
-    {"PEAP", EAP_PEAP},
-    {"LEAP", EAP_LEAP},
-    {"MD5", EAP_MD5},
-    {"MSCHAPV2", EAP_MSCHAPV2},
-    {"GTC", EAP_GTC},
-    {"OTP", EAP_OTP},
-    {"PSK", EAP_PSK},
-    {"PAX", EAP_PAX},
-    {"FAST", EAP_FAST},
-};
-
-constexpr ValueWord AUTH_ALGS[] = {
-    {"OPEN", AUTH_ALG_OPEN},
-    {"SHARED", AUTH_ALG_SHARED},
-    {"LEAP", AUTH_ALG_LEAP},
-    {"", AUTH_ALG_AUTO}, // anything else
-};
-
-// Every word found counts.
-
-constexpr ValueWord PAIRWISE_CIPHERS[] = {
-    {"TKIP", PAIRWISE_TKIP},
-    {"CCMP", PAIRWISE_CCMP},
-    {"NONE", PAIRWISE_NONE},
-};
-
-constexpr ValueWord GROUP_CIPHERS[] = {
-    {"TKIP", GROUP_TKIP},
-    {"CCMP", GROUP_CCMP},
-    {"WEP104", GROUP_WEP104},
-    {"WEP40", GROUP_WEP40},
-};
-
-constexpr ValueWord PROTOCOLS[] = {
-    {"WPA", PROTOCOL_WPA},
-    {"RSN", PROTOCOL_RSN},
-};
+constexpr auto EAP_SEARCH = inOrder(EAP_WORDS, {
+    EAP_TTLS, // TTLS holds TLS
+    EAP_TLS,
+    EAP_PEAP,
+    EAP_LEAP,
+    EAP_MD5,
+    EAP_MSCHAPV2,
+    EAP_GTC,
+    EAP_OTP,
+    EAP_PSK,
+    EAP_PAX,
+    EAP_FAST,
+});
 
 // clang-format on
-
-template <std::size_t SIZE>
-unsigned int firstIn(const char* value, const ValueWord (&words)[SIZE]) {
-    for (const ValueWord& word : words) {
-        if (std::strstr(value, word.text))
-            return word.meaning;
-    }
-    return 0;
-}
-
-template <std::size_t SIZE>
-unsigned int allIn(const char* value, const ValueWord (&words)[SIZE]) {
-    unsigned int set = 0;
-    for (const ValueWord& word : words) {
-        if (std::strstr(value, word.text))
-            set |= word.meaning;
-    }
-    return set;
-}
 
 } // namespace
 
 unsigned int keyManagementIn(const char* value) {
-    return firstIn(value, KEY_MANAGEMENTS);
+    return firstIn(value, KEY_MANAGEMENT_SEARCH);
 }
 
 unsigned int eapModeIn(const char* value) {
-    return firstIn(value, EAP_MODES);
+    return firstIn(value, EAP_SEARCH);
 }
 
 unsigned int authAlgIn(const char* value) {
-    return firstIn(value, AUTH_ALGS);
+    const unsigned int algorithm = firstIn(value, AUTH_ALG_WORDS);
+    return algorithm != 0 ? algorithm : AUTH_ALG_AUTO;
 }
 
 unsigned int pairwiseCiphersIn(const char* value) {
-    return allIn(value, PAIRWISE_CIPHERS);
+    return allIn(value, PAIRWISE_WORDS);
 }
 
 unsigned int groupCiphersIn(const char* value) {
-    return allIn(value, GROUP_CIPHERS);
+    return allIn(value, GROUP_WORDS);
 }
 
 unsigned int protocolsIn(const char* value) {
-    return allIn(value, PROTOCOLS);
+    return allIn(value, PROTOCOL_WORDS);
 }
 
 } // namespace platwifi

@@ -15,7 +15,7 @@ constexpr const char* DIGITS = "0123456789";
 constexpr const char* HEX_DIGITS = "0123456789abcdefABCDEF";
 constexpr std::size_t BSSID_LENGTH = 17;
 
-/// Whether `next`, which stands behind a full piece that ends `line`, is a line of its own.
+/// Whether `next`, the piece after a full one at the end of `line`, begins a new line.
 using BeginsLine = bool (*)(const std::string& line, const std::string& next);
 
 Lines join(const ReplyLines& pieces, BeginsLine beginsLine) {
@@ -43,8 +43,8 @@ bool isWholeBssidColumn(const std::string& column) {
     return column == "any" || column.size() == BSSID_LENGTH;
 }
 
-// The columns are id, SSID, BSSID and flags. A rest of an SSID or of a BSSID may look like the
-// beginning of a line ("\x9" and "0\tany"); a rest of the flags never does.
+// The columns are id, SSID, BSSID and flags. A piece that begins within an SSID or a BSSID may look like a new
+// line ("\x9" and "0\tany"); one that begins within the flags never does.
 bool hasBssid(const std::string& line) {
     const auto tabs = std::count(line.begin(), line.end(), '\t');
     return tabs > 2 || (tabs == 2 && isWholeBssidColumn(line.substr(line.rfind('\t') + 1)));
@@ -54,7 +54,7 @@ bool beginsListLine(const std::string& line, const std::string& next) {
     return hasBssid(line) && beginsWithId(next);
 }
 
-// An SSID that holds such a text is no hazard: the client prints a tab in it as "\t".
+// No piece of an SSID has this form: the client prints a tab in an SSID as the two characters "\t".
 bool beginsScanLine(const std::string& /*line*/, const std::string& next) {
     if (next.size() <= BSSID_LENGTH || next[BSSID_LENGTH] != '\t')
         return false;
@@ -66,8 +66,8 @@ bool beginsScanLine(const std::string& /*line*/, const std::string& next) {
     return true;
 }
 
-// The rest of "ssid=" and an SSID of 32 bytes has six characters at most. It holds an equals sign only
-// behind the two digits of an escape that was cut.
+// What is left of the longest line, "ssid=" and 32 escaped bytes, after a full piece has six characters at
+// most. It holds an equals sign only after the two digits of an escape that was cut.
 bool beginsStatusLine(const std::string& /*line*/, const std::string& next) {
     const std::string key = next.substr(0, next.find('='));
     return key.size() < next.size() && key.find('\\') == std::string::npos &&

@@ -12,23 +12,24 @@ class ReplyLines;
 /// Lines of a reply as the client printed them.
 using Lines = std::vector<std::string>;
 
-// WifiUtil hands out a line of more than 127 characters in pieces; these put them together again. A
-// piece of fewer characters ends its line. Behind a full piece the next one is the rest of the line
-// unless it begins as a line of its own does; null entries are passed over.
+// WifiUtil returns a line of more than 127 characters in pieces; these functions join them. A piece of
+// fewer characters ends its line. After a full piece, the next piece continues the line unless it has the form
+// of a new line. Null entries are skipped.
 
-/// Of list_networks. A line of its own begins with digits and a tab; before the BSSID column is
-/// complete, whatever follows is the rest.
+/// Joins the pieces of list_networks. A new line begins with digits and a tab; before the BSSID column is
+/// complete, every piece continues the line.
 Lines wholeListLines(const ReplyLines& pieces);
 
-/// Of scan_results. A line of its own begins with a BSSID and a tab.
+/// Joins the pieces of scan_results. A new line begins with a BSSID and a tab.
 Lines wholeScanLines(const ReplyLines& pieces);
 
-/// Of status. A line of its own begins with a key, which is no hexadecimal number, and an equals sign.
+/// Joins the pieces of status. A new line begins with a key, which is no hexadecimal number, and an
+/// equals sign.
 Lines wholeStatusLines(const ReplyLines& pieces);
 
-// The queries of WifiUtil with whole lines. False when the supplicant did not answer.
+// The queries of WifiUtil, with whole lines as their result. False when the supplicant did not answer.
 
-/// All configured networks, as far as 255 pieces go.
+/// All configured networks, up to 255 pieces.
 bool queryList(WifiUtil& util, const char* iface, Lines& lines);
 
 /// The first NETWORK_LINES access points of the last scan.

@@ -33,7 +33,7 @@ void AttributeWriter::number(const char* name, unsigned int value) {
     m_out.attrf(name, "%u", NUMBER_SIZE, value);
 }
 
-void AttributeWriter::truth(const char* name, bool value) {
+void AttributeWriter::boolean(const char* name, bool value) {
     text(name, value ? "true" : "false");
 }
 

@@ -5,23 +5,24 @@ class XWriter;
 
 namespace platwifi {
 
-/// Writes the elements of a document: raw pieces, and attributes with a blank in front of each.
+/// Writes parts of an XML document: markup as it is given, and attributes with a blank before each.
 class AttributeWriter {
 public:
-    /// @param errors  told why a secret could not be enciphered; may be null
+    /// @param errors  receives the error when a secret cannot be enciphered; may be null
     AttributeWriter(XWriter& out, ErrorHandler* errors) noexcept : m_out(out), m_errors(errors) {}
 
     void raw(const char* markup);
 
-    /// Null is an empty text.
+    /// Null gives an empty text.
     void text(const char* name, const char* value);
 
     void number(const char* name, unsigned int value);
 
-    void truth(const char* name, bool value);
+    /// Writes "true" or "false".
+    void boolean(const char* name, bool value);
 
-    /// Writes the enciphered text of `value`: an empty one for null, and where it cannot be
-    /// enciphered. Never the value itself.
+    /// Writes `value` enciphered, never in plain. Null gives an empty text, and so does a value that
+    /// cannot be enciphered.
     void secret(const char* name, const char* value);
 
 private:

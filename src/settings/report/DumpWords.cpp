@@ -1,141 +1,112 @@
 #include "settings/report/DumpWords.h"
 
-#include "model/WifiTypes.h"
-
-#include <cstddef>
+#include "model/Vocabulary.h"
 
 namespace platwifi {
 namespace {
 
-struct Word {
-    unsigned int number;
-    const char* text;
-};
-
-constexpr const char* UNKNOWN = " UNKNOWN";
-
+// The dump prints the flags of a set in orders of its own, which its description fixes: they are neither
+// those of the bits nor those of the command line.
 // clang-format off
 
-// Flags, in the order in which they are printed.
+constexpr auto KEY_MANAGEMENT_ORDER = inOrder(KEY_MANAGEMENT_WORDS, {
+    KEY_MGMT_NONE,
+    KEY_MGMT_WPA_EAP,
+    KEY_MGMT_WPA_PSK,
+    KEY_MGMT_WPA_NONE,
+    KEY_MGMT_IEEE8021X,
+});
 
-constexpr Word PROTOCOLS[] = {
-    {PROTOCOL_WPA, " WPA"},
-    {PROTOCOL_RSN, " RSN"},
-};
+constexpr auto PAIRWISE_ORDER = inOrder(PAIRWISE_WORDS, {
+    PAIRWISE_TKIP,
+    PAIRWISE_CCMP,
+    PAIRWISE_NONE,
+});
 
-constexpr Word KEY_MANAGEMENTS[] = {
-    {KEY_MGMT_NONE, " NONE"},
-    {KEY_MGMT_WPA_EAP, " WPA_EAP"},
-    {KEY_MGMT_WPA_PSK, " WPA_PSK"},
-    {KEY_MGMT_WPA_NONE, " WPA_NONE"},
-    {KEY_MGMT_IEEE8021X, " IEEE8021X"},
-};
+constexpr auto GROUP_ORDER = inOrder(GROUP_WORDS, {
+    GROUP_TKIP,
+    GROUP_CCMP,
+    GROUP_WEP104,
+    GROUP_WEP40,
+});
 
-constexpr Word PAIRWISE_CIPHERS[] = {
-    {PAIRWISE_TKIP, " TKIP"},
-    {PAIRWISE_CCMP, " CCMP"},
-    {PAIRWISE_NONE, " NONE"},
-};
-
-constexpr Word GROUP_CIPHERS[] = {
-    {GROUP_TKIP, " TKIP"},
-    {GROUP_CCMP, " CCMP"},
-    {GROUP_WEP104, " WEP104"},
-    {GROUP_WEP40, " WEP40"},
-};
-
-constexpr Word EAP_MODES[] = {
-    {EAP_TLS, " TLS"},
-    {EAP_PEAP, " PEAP"},
-    {EAP_TTLS, " TTLS"},
-    {EAP_MD5, " MD5"},
-    {EAP_LEAP, " LEAP"},
-    {EAP_MSCHAPV2, " MSCHAPV2"},
-    {EAP_GTC, " GTC"},
-    {EAP_OTP, " OTP"},
-    {EAP_PSK, " PSK"},
-    {EAP_FAST, " FAST"},
-    {EAP_PAX, " PAX"},
-};
-
-// Values.
-
-constexpr Word NETWORK_MODES[] = {
-    {NETWORK_MODE_MANAGED, " MANAGED"},
-    {NETWORK_MODE_ADHOC, " ADHOC"},
-};
-
-constexpr Word AUTH_ALGS[] = {
-    {AUTH_ALG_UNKNOWN, UNKNOWN},
-    {AUTH_ALG_OPEN, " OPEN"},
-    {AUTH_ALG_SHARED, " SHARED"},
-    {AUTH_ALG_LEAP, " LEAP"},
-    {AUTH_ALG_AUTO, " AUTO"},
-};
-
-constexpr Word WPA_STATES[] = {
-    {WPA_STATE_UNKNOWN, UNKNOWN},
-    {WPA_STATE_DISCONNECTED, " DISCONNECTED"},
-    {WPA_STATE_IDLE, " IDLE"},
-    {WPA_STATE_SCANNING, " SCANNING"},
-    {WPA_STATE_ASSOCIATING, " ASSOCIATING"},
-    {WPA_STATE_ASSOCIATED, " ASSOCIATED"},
-    {WPA_STATE_4WAY_HANDSHAKE, " 4-WAY HANDSHAKE"},
-    {WPA_STATE_GROUP_HANDSHAKE, " GROUP HANDSHAKE"},
-    {WPA_STATE_COMPLETED, " COMPLETED"},
-};
+constexpr auto EAP_ORDER = inOrder(EAP_WORDS, {
+    EAP_TLS,
+    EAP_PEAP,
+    EAP_TTLS,
+    EAP_MD5,
+    EAP_LEAP,
+    EAP_MSCHAPV2,
+    EAP_GTC,
+    EAP_OTP,
+    EAP_PSK,
+    EAP_FAST,
+    EAP_PAX,
+});
 
 // clang-format on
 
-template <std::size_t SIZE>
-std::string wordsOf(unsigned int set, const Word (&words)[SIZE]) {
-    std::string text = set == 0 ? UNKNOWN : "";
-    for (const Word& word : words)
-        text += set & word.number ? word.text : "";
+std::string spaced(const char* word) {
+    return std::string(" ") + word;
+}
+
+std::string wordsOf(unsigned int set, Words words) {
+    if (set == 0)
+        return spaced(UNKNOWN_WORD);
+    std::string text;
+    for (const Word& word : words) {
+        if (set & word.number)
+            text += spaced(word.dumpText);
+    }
     return text;
 }
 
-template <std::size_t SIZE>
-std::string wordOf(unsigned int value, const Word (&words)[SIZE], const char* otherwise) {
-    for (const Word& word : words) {
-        if (word.number == value)
-            return word.text;
-    }
-    return otherwise;
+std::string wordOf(unsigned int value, Words words) {
+    const Word* const word = wordFor(words, value);
+    return word ? spaced(word->dumpText) : "";
 }
 
 } // namespace
 
 std::string protocolWords(unsigned int set) {
-    return wordsOf(set, PROTOCOLS);
+    return wordsOf(set, PROTOCOL_WORDS);
 }
 
 std::string keyManagementWords(unsigned int set) {
-    return wordsOf(set, KEY_MANAGEMENTS);
+    return wordsOf(set, KEY_MANAGEMENT_ORDER);
 }
 
 std::string pairwiseWords(unsigned int set) {
-    return wordsOf(set, PAIRWISE_CIPHERS);
+    return wordsOf(set, PAIRWISE_ORDER);
 }
 
 std::string groupWords(unsigned int set) {
-    return wordsOf(set, GROUP_CIPHERS);
+    return wordsOf(set, GROUP_ORDER);
 }
 
 std::string eapModeWords(unsigned int set) {
-    return wordsOf(set, EAP_MODES);
+    return wordsOf(set, EAP_ORDER);
 }
 
 std::string networkModeWord(unsigned int value) {
-    return wordOf(value, NETWORK_MODES, UNKNOWN);
+    const std::string word = wordOf(value, MODE_WORDS);
+    return word.empty() ? spaced(UNKNOWN_WORD) : word;
 }
 
+// The supplicant has a word for neither UNKNOWN nor AUTO.
 std::string authAlgWord(unsigned int value) {
-    return wordOf(value, AUTH_ALGS, "");
+    switch (value) {
+    case AUTH_ALG_UNKNOWN:
+        return spaced(UNKNOWN_WORD);
+    case AUTH_ALG_AUTO:
+        return spaced("AUTO");
+    default:
+        return wordOf(value, AUTH_ALG_WORDS);
+    }
 }
 
 std::string wpaStateWord(unsigned int value) {
-    return wordOf(value, WPA_STATES, "");
+    return value == WPA_STATE_UNKNOWN ? spaced(UNKNOWN_WORD) : wordOf(value, STATE_WORDS);
 }
 
 } // namespace platwifi

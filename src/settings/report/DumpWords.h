@@ -4,8 +4,8 @@
 
 namespace platwifi {
 
-// What the numbers of a network and of the state are called in the dump: each word with a blank in
-// front of it. Flags without a name are left out.
+// The words of the dump for the numbers of a network and of the state: each with a blank in front of it.
+// Flags without a word are left out.
 
 std::string protocolWords(unsigned int set);      ///< a set of Protocol
 std::string keyManagementWords(unsigned int set); ///< a set of KeyManagement

@@ -12,7 +12,7 @@ namespace {
 using Write = void (*)(AttributeWriter&, const char* name, const WifiNetwork&);
 
 struct Attribute {
-    unsigned int group; // written when this group is asked for
+    unsigned int group; // of attributes that are written together
     const char* name;
     Write write;
 };
@@ -30,8 +30,8 @@ void number(AttributeWriter& out, const char* name, const WifiNetwork& network) 
 }
 
 template <auto Get>
-void truth(AttributeWriter& out, const char* name, const WifiNetwork& network) {
-    out.truth(name, std::invoke(Get, network) != 0);
+void boolean(AttributeWriter& out, const char* name, const WifiNetwork& network) {
+    out.boolean(name, std::invoke(Get, network) != 0);
 }
 
 template <auto Get>
@@ -39,11 +39,11 @@ void secret(AttributeWriter& out, const char* name, const WifiNetwork& network) 
     out.secret(name, std::invoke(Get, network));
 }
 
-void always(AttributeWriter& out, const char* name, const WifiNetwork& /*network*/) {
-    out.truth(name, true);
+void alwaysTrue(AttributeWriter& out, const char* name, const WifiNetwork& /*network*/) {
+    out.boolean(name, true);
 }
 
-// Group ciphers have the numbers of the pairwise ones, so that one number holds both.
+// The ciphers that are of both kinds have the same number in both, so that one number holds the two sets.
 unsigned int ciphers(const WifiNetwork& network) {
     return network.getGroupCiphers() | network.getPairwiseCiphers();
 }
@@ -60,7 +60,7 @@ constexpr unsigned int DETAIL = 0x2;
 constexpr Attribute DESCRIPTION[] = {
     {LISTED, "ssid", text<&N::getSsid>},
     {DETAIL, "bssid", text<&N::getBssid>},
-    {DETAIL, "ssidBroadcasted", truth<&N::getSsidBroadcasted>},
+    {DETAIL, "ssidBroadcasted", boolean<&N::getSsidBroadcasted>},
     {DETAIL, "mode", number<&N::getNetworkMode>},
     {DETAIL, "channel", number<&N::getChannel>},
     {LISTED, "strength", number<&N::getStrength>},
@@ -69,8 +69,8 @@ constexpr Attribute DESCRIPTION[] = {
 };
 
 constexpr Attribute CONFIGURATION[] = {
-    {COMMON_ATTRIBUTES, "supported", always},
-    {COMMON_ATTRIBUTES, "use", always},
+    {COMMON_ATTRIBUTES, "supported", alwaysTrue},
+    {COMMON_ATTRIBUTES, "use", alwaysTrue},
     {COMMON_ATTRIBUTES, "protocol", number<&N::getProtocol>},
     {COMMON_ATTRIBUTES, "authentication", number<&N::getAuthAlg>},
     {COMMON_ATTRIBUTES, "encryption", number<ciphers>},

@@ -6,13 +6,13 @@ class WifiNetwork;
 
 namespace platwifi {
 
-/// What tells a network from the others, and how it is doing: all of it, or the part that a list
-/// shows.
+/// Write the attributes that identify a network and describe its state: all of them, or those of an entry
+/// in the short list.
 void writeDescription(AttributeWriter& out, const WifiNetwork& network);
 void writeListEntry(AttributeWriter& out, const WifiNetwork& network);
 
-/// How a network is secured.
-/// @param attributes  a set of ConfigurationAttributes: which of them
+/// Writes the attributes of a network's security configuration.
+/// @param attributes  a set of ConfigurationAttributes: the groups to write
 void writeConfiguration(AttributeWriter& out, const WifiNetwork& network, unsigned int attributes);
 
 } // namespace platwifi

@@ -23,7 +23,7 @@ std::string text(const WifiNetwork& network) {
     return std::string(" ") + (value ? value : "");
 }
 
-// Signed: the highest unsigned numbers come out negative.
+// Printed as signed: a number above INT_MAX is negative.
 template <auto Get>
 std::string number(const WifiNetwork& network) {
     return " " + std::to_string(static_cast<int>(std::invoke(Get, network)));
@@ -38,7 +38,7 @@ std::string broadcast(const WifiNetwork& network) {
     return network.getSsidBroadcasted() ? " yes" : " no";
 }
 
-// The index and the other keys are of use only beside the first key.
+// The WEP index and the other keys are shown only where the first key is set.
 template <unsigned int Slot>
 bool hasWepKey(const WifiNetwork& network) {
     return network.getWepKey(0) && network.getWepKey(Slot);

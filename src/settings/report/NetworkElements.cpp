@@ -6,8 +6,8 @@
 namespace platwifi {
 namespace {
 
-constexpr const char* CONTENT = ">\n"; // ends the opening of an element that has some
-constexpr const char* EMPTY = "/>\n";  // ends an element that has none
+constexpr const char* CONTENT = ">\n"; // ends the start tag of an element with content
+constexpr const char* EMPTY = "/>\n";  // ends the tag of an empty element
 
 void writeSupported(AttributeWriter& out, const SecurityType* type) {
     out.raw("      <wifiSecuritySupported");

@@ -6,10 +6,10 @@ class WifiNetwork;
 
 namespace platwifi {
 
-/// Writes a network with the security that it offers and is configured with.
+/// Writes a network with its supported and its configured security type.
 void writeNetwork(AttributeWriter& out, const WifiNetwork& network);
 
-/// Writes a network as an entry of a short list. No line break follows.
+/// Writes a network as an entry of the short list. No line break follows.
 void writeShortNetwork(AttributeWriter& out, const WifiNetwork& network);
 
 } // namespace platwifi

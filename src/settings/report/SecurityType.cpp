@@ -24,12 +24,12 @@ bool hasPsk(const WifiNetwork& network) {
     return psk && *psk != '\0';
 }
 
-bool agreesByPsk(const WifiNetwork& network) {
+bool usesPsk(const WifiNetwork& network) {
     const unsigned int methods = network.getKeyManagement();
     return methods == KEY_MGMT_WPA_PSK || (methods == PSK_OR_EAP && hasPsk(network));
 }
 
-bool agreesByEap(const WifiNetwork& network) {
+bool usesEap(const WifiNetwork& network) {
     const unsigned int methods = network.getKeyManagement();
     return methods == KEY_MGMT_WPA_EAP || (methods == PSK_OR_EAP && !hasPsk(network));
 }
@@ -40,18 +40,19 @@ constexpr unsigned int WEP = COMMON_ATTRIBUTES | KEY_MGMT_ATTRIBUTE | WEP_ATTRIB
 constexpr unsigned int DYNAMIC_WEP = WEP | EAP_ATTRIBUTES;
 constexpr unsigned int EAP = COMMON_ATTRIBUTES | KEY_MGMT_ATTRIBUTE | EAP_ATTRIBUTES;
 constexpr unsigned int WPA_PSK = COMMON_ATTRIBUTES | KEY_MGMT_ATTRIBUTE | PSK_ATTRIBUTE;
-constexpr unsigned int WPA2_PSK = COMMON_ATTRIBUTES | PSK_ATTRIBUTE; // its readers know the rest
+// no key_mgmt attribute: existing readers of the document expect none
+constexpr unsigned int WPA2_PSK = COMMON_ATTRIBUTES | PSK_ATTRIBUTE;
 
-// The first that applies counts.
+// In the order in which they are tried; a network has the first that fits.
 // clang-format off
 constexpr SecurityType TYPES[] = {
     {"none", isOpen, ANY_PROTOCOL, 0},
     {"wep", hasDynamicWep, ANY_PROTOCOL, DYNAMIC_WEP},
     {"wep", hasWep, ANY_PROTOCOL, WEP},
-    {"wpa_psk", agreesByPsk, PROTOCOL_WPA, WPA_PSK},
-    {"wpa", agreesByEap, PROTOCOL_WPA, EAP},
-    {"wpa2_psk", agreesByPsk, PROTOCOL_RSN, WPA2_PSK},
-    {"wpa2", agreesByEap, PROTOCOL_RSN, EAP},
+    {"wpa_psk", usesPsk, PROTOCOL_WPA, WPA_PSK},
+    {"wpa", usesEap, PROTOCOL_WPA, EAP},
+    {"wpa2_psk", usesPsk, PROTOCOL_RSN, WPA2_PSK},
+    {"wpa2", usesEap, PROTOCOL_RSN, EAP},
 };
 // clang-format on
 

@@ -4,7 +4,7 @@ class WifiNetwork;
 
 namespace platwifi {
 
-/// The attributes of a security configuration that belong together (a set).
+/// Groups of attributes of a security configuration (a set).
 enum ConfigurationAttributes : unsigned int {
     COMMON_ATTRIBUTES = 0x1,
     KEY_MGMT_ATTRIBUTE = 0x2,
@@ -13,17 +13,17 @@ enum ConfigurationAttributes : unsigned int {
     EAP_ATTRIBUTES = 0x10,
 };
 
-/// A kind of security that a network can be configured with.
+/// A type of security that a network can be configured with.
 struct SecurityType {
     const char* name;
     bool (*applies)(const WifiNetwork&);
-    unsigned int protocols;  ///< exactly these
+    unsigned int protocols;  ///< the set of Protocol that the network must have
     unsigned int attributes; ///< a set of ConfigurationAttributes; 0: nothing to configure
 };
 
-/// The one type that the network's protocols, key management, ciphers and key amount to, or null.
-/// Sets are compared as a whole: one method of key management more than a type has, and the network
-/// has no type. The type lives as long as the program.
+/// The security type that follows from the network's protocols, key management, ciphers and key; null for
+/// none. Sets are compared as a whole: a network with one more method of key management than a type allows
+/// does not have that type. The result is a constant of the program.
 const SecurityType* securityTypeOf(const WifiNetwork& network) noexcept;
 
 } // namespace platwifi

@@ -1,4 +1,4 @@
-// The whole state as a listing for diagnosis.
+// The state of the settings as text, for diagnosis.
 
 #include "model/WifiNetwork.h"
 #include "model/WifiNetworkList.h"

@@ -1,4 +1,4 @@
-// The whole state as an XML document.
+// The state of the settings as an XML document.
 
 #include "model/WifiNetwork.h"
 #include "model/WifiNetworkList.h"
@@ -26,7 +26,7 @@ struct Host {
 void writeHost(AttributeWriter& out, const Host& host) {
     out.raw("<wifiHostSettings");
     out.text("adapter", host.adapter ? host.adapter : NO_ADAPTER);
-    out.truth("wifiEnabled", host.isEnabled);
+    out.boolean("wifiEnabled", host.isEnabled);
     out.number("currentDaemonState", host.state);
     out.text("currentNetwork", host.current ? host.current->getSsid() : nullptr);
     out.number("currentNetworkState", host.current ? host.current->getNetworkStatus() : 0);
@@ -59,7 +59,8 @@ bool WifiHostSettings::getWifiHostSettingsXML(BufferedXWriter* out, ErrorHandler
     const bool isEnabled = util->isWifiEnabled(adapter);
     const unsigned int state = adapter ? getCurrentStatus(adapter) : supplicantState;
     AttributeWriter writer(*out, errors);
-    writeHost(writer, {adapter, isEnabled, state, currentNetwork}); // which the state may change
+    // getCurrentStatus() may have changed the current network.
+    writeHost(writer, {adapter, isEnabled, state, currentNetwork});
     writeDatabase(writer, networkList, full);
     writer.raw("</wifiHostSettings>\n");
     return true;

@@ -102,4 +102,75 @@ TEST(ListLine, ItsFlagGivesTheStatus) {
     }
 }
 
+// A status refresh takes the number that a line begins with; a blank ends it as a tab does.
+TEST(ListLine, BeginsWithAnId) {
+    struct Row {
+        const char* line;
+        int id;
+    };
+    const Row rows[] = {
+        {"0\thome\tany\t[CURRENT]", 0},
+        {"7\thome net\tany\t", 7},
+        {"7 home", 7},
+        {" \t 7 \t", 7},
+        {"\t\t12\tany", 12},
+        {"   \t3\thome", 3},
+        {"256\thome\tany\t", 256},
+        {"-1\thome\tany\t", -1},
+        {"- 1\thome", 0},
+        {"FAIL", 0},
+        {"home\t5", 0},
+    };
+    for (const Row& row : rows) {
+        const std::optional<int> id = listedId(row.line);
+        ASSERT_TRUE(id) << row.line;
+        EXPECT_EQ(*id, row.id) << row.line;
+    }
+    EXPECT_EQ(listedId(std::string(255, ' ') + "12"), 1) << "256 characters are read";
+}
+
+TEST(ListLine, HasNoIdWhereItIsBlank) {
+    for (const std::string& line :
+         {std::string(), std::string("\t\t"), std::string(" \t  \t"), std::string(256, ' ') + "7"})
+        EXPECT_FALSE(listedId(line)) << line;
+}
+
+TEST(ListedSsid, IsReadFromALine) {
+    struct Row {
+        const char* line;
+        int id; // -1: none that could be used
+        const char* printed;
+    };
+    const Row rows[] = {
+        {"0\thome\tany\t[CURRENT]", 0, "home"},
+        {"255\thome\t02:00:00:00:01:00\t", 255, "home"},
+        {"7\thome\tany", 7, "home"},
+        {"7\thome", 7, "home"},
+        {"0\t\tany\t[DISABLED]", 0, ""},
+        {"0\tany\t[CURRENT]", 0, ""},
+        {"0\t02:00:00:00:01:00\t[CURRENT]", 0, ""},
+        {"0\tany\tany\t", 0, "any"},
+        {"0\tmy:net\tany\t", 0, "my:net"},
+        {"0\t two words \tany\t", 0, " two words "},
+        {"0\tcaf\\xc3\\xa9\tany\t", 0, "caf\\xc3\\xa9"},
+        {"256\thome\tany\t", -1, "home"},
+        {"4294967296\thome\tany\t", -1, "home"},
+        {"-1\thome\tany\t", -1, "home"},
+        {"0x1\thome\tany\t", -1, "home"},
+        {"\thome\tany\t", -1, "home"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.line);
+        const auto network = listedSsid(row.line);
+        ASSERT_TRUE(network);
+        EXPECT_EQ(network->id ? *network->id : -1, row.id);
+        EXPECT_EQ(network->printed, row.printed);
+    }
+}
+
+TEST(ListedSsid, IsNotReadFromALineWithoutColumns) {
+    for (const char* const line : {"FAIL", "0", "0 home", ""})
+        EXPECT_FALSE(listedSsid(line)) << line;
+}
+
 } // namespace

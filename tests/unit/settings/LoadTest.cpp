@@ -1,6 +1,6 @@
 #include "LoadFixture.h"
 
-#include "settings/replies/ListedSsid.h"
+#include "settings/replies/PrintedSsid.h"
 #include "support/Lines.h"
 #include "unit/model/NetworkRows.h"
 

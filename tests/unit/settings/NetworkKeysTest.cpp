@@ -46,7 +46,7 @@ Texts keysAskedFor(const Values& values) {
 }
 
 // The fields that a network has with these values and not without any, by name.
-Texts news(const Values& values) {
+Texts changes(const Values& values) {
     WifiNetwork without;
     readNetworkKeys(without, Asked({}));
     WifiNetwork with;
@@ -225,21 +225,22 @@ TEST(NetworkKeys, FillOneFieldEach) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.values.begin()->first + " " + row.values.begin()->second);
-        EXPECT_THAT(news(row.values), ElementsAreArray(row.fields));
+        EXPECT_THAT(changes(row.values), ElementsAreArray(row.fields));
     }
 }
 
 TEST(NetworkKeys, OfWepFillTheirSlots) {
     const Values open = {{"key_mgmt", "NONE"}, {"wep_tx_keyidx", "2"}, {"wep_key0", "a"},
                          {"wep_key1", "b"},    {"wep_key2", "c"},      {"wep_key3", "d"}};
-    EXPECT_THAT(news(open), UnorderedElementsAreArray({"keyManagement=1", "wepIndex=2", "wepKey0=a",
-                                                       "wepKey1=b", "wepKey2=c", "wepKey3=d"}));
-    EXPECT_THAT(news({{"key_mgmt", "IEEE8021X"}, {"wep_tx_keyidx", "1"}, {"wep_key2", "c"}}),
+    EXPECT_THAT(changes(open),
+                UnorderedElementsAreArray({"keyManagement=1", "wepIndex=2", "wepKey0=a",
+                                           "wepKey1=b", "wepKey2=c", "wepKey3=d"}));
+    EXPECT_THAT(changes({{"key_mgmt", "IEEE8021X"}, {"wep_tx_keyidx", "1"}, {"wep_key2", "c"}}),
                 UnorderedElementsAreArray({"keyManagement=8", "wepIndex=1", "wepKey2=c"}));
-    EXPECT_THAT(news({{"key_mgmt", "NONE"}, {"wep_tx_keyidx", "4"}, {"wep_key3", "d"}}),
+    EXPECT_THAT(changes({{"key_mgmt", "NONE"}, {"wep_tx_keyidx", "4"}, {"wep_key3", "d"}}),
                 UnorderedElementsAreArray({"keyManagement=1", "wepKey3=d"}))
         << "there is no slot of that number";
-    EXPECT_THAT(news({{"key_mgmt", "WPA-PSK"}, {"wep_tx_keyidx", "2"}, {"wep_key0", "a"}}),
+    EXPECT_THAT(changes({{"key_mgmt", "WPA-PSK"}, {"wep_tx_keyidx", "2"}, {"wep_key0", "a"}}),
                 UnorderedElementsAreArray({"keyManagement=2"}));
 }
 

@@ -1,7 +1,6 @@
 // Whatever a client prints is read without harm; what it comes to stays within its bounds.
 
 #include "model/WifiNetwork.h"
-#include "settings/replies/Decimal.h"
 #include "settings/replies/ListLine.h"
 #include "settings/replies/NetworkKeys.h"
 #include "settings/replies/ScanLine.h"
@@ -60,7 +59,7 @@ TEST(RandomLines, ListLinesGiveANamedNetworkOrNone) {
     for (int i = 0; i < ROUNDS; ++i) {
         const std::string line = randomLine(random);
         WifiNetwork network;
-        if (!readListLine(line.c_str(), network))
+        if (!readListLine(line, network))
             continue;
         setStatusByFlag(network, listFlagIn(line.c_str()));
         ASSERT_NE(network.getSsid(), nullptr) << line;

@@ -3,7 +3,7 @@
 #include "LoadedSettings.h"
 #include "model/WifiNetwork.h"
 #include "settings/SettingsLock.h"
-#include "settings/replies/ListedSsid.h"
+#include "settings/replies/PrintedSsid.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

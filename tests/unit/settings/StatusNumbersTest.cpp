@@ -2,7 +2,7 @@
 // networks since a save.
 
 #include "StatusFixture.h"
-#include "settings/replies/ListedSsid.h"
+#include "settings/replies/PrintedSsid.h"
 
 using testing::ElementsAre;
 

@@ -1,6 +1,6 @@
 #include "settings/replies/WholeLines.h"
 
-#include "settings/replies/ListedSsid.h"
+#include "settings/replies/PrintedSsid.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
 

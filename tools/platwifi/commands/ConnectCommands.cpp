@@ -8,8 +8,8 @@
 #include "host/Host.h"
 #include "host/Listing.h"
 #include "host/Ssid.h"
-#include "host/States.h"
 #include "jni/ServiceFunctions.h"
+#include "model/Vocabulary.h"
 
 #include <chrono>
 #include <iomanip>
@@ -61,7 +61,7 @@ private:
             lookForRefusal();
         const bool isOnTheWay = isOnNetwork || state < WPA_STATE_ASSOCIATED;
         if (line && isOnTheWay && state != WPA_STATE_UNKNOWN) // such as AUTHENTICATING
-            line->tell(wordForState(state));
+            line->tell(platwifi::stateText(state));
     }
 
     // The supplicant marks a network that has refused it, and leaves it alone for some seconds.
@@ -94,7 +94,7 @@ void watch(Context& context, Watch& attempt, const std::string& ssid) {
 
 [[noreturn]] void giveUp(const Watch& watch, const std::string& ssid) {
     throw Failure(shownSsid(ssid) + " is not connected after " + seconds(watch.elapsed()) +
-                  " s, the last state is " + wordForState(watch.attempt().last()) + ": " +
+                  " s, the last state is " + platwifi::stateText(watch.attempt().last()) + ": " +
                   watch.attempt().likelyCause());
 }
 
@@ -109,7 +109,7 @@ void connectNetwork(Context& context) {
     watch(context, attempt, ssid);
     if (!attempt.attempt().isComplete())
         giveUp(attempt, ssid);
-    const char* const state = wordForState(attempt.attempt().last());
+    const char* const state = platwifi::stateText(attempt.attempt().last());
     if (context.request.json)
         return printJson(Record{{"ssid", plainSsid(ssid)}, {"state", state}});
     std::cout << "Connected to " << shownSsid(ssid) << " after " << seconds(attempt.elapsed())

@@ -78,7 +78,7 @@ void requireSecurity(const Edits& edits) {
 // A key tells by itself what it is for.
 void completeSecurity(Edits& edits) {
     if (edits.valueOf("key_mgmt").empty() && !edits.valueOf("psk").empty())
-        edits.add("key_mgmt", "WPA-PSK");
+        edits.add("key_mgmt", std::to_string(KEY_MGMT_WPA_PSK));
     requireSecurity(edits);
 }
 

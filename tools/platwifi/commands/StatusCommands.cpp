@@ -6,8 +6,8 @@
 #include "display/Text.h"
 #include "host/Host.h"
 #include "host/Ssid.h"
-#include "host/States.h"
 #include "jni/ServiceFunctions.h"
+#include "model/Vocabulary.h"
 
 #include <iostream>
 
@@ -32,7 +32,7 @@ HostStatus statusOf(Host& host) {
 
 Record recordOf(const HostStatus& status) {
     return {{"adapter", status.iface},
-            {"state", wordForState(status.state)},
+            {"state", platwifi::stateText(status.state)},
             {"network", status.network.empty() ? Value() : plainSsid(status.network)},
             {"networks", static_cast<int>(status.networks)}};
 }
@@ -58,7 +58,7 @@ void showStatus(Context& context) {
     const std::string network = status.network.empty() ? "none" : shownSsid(status.network);
     const std::string lines[] = {
         "Adapter:   " + printable(status.iface),
-        std::string("State:     ") + wordForState(status.state),
+        std::string("State:     ") + platwifi::stateText(status.state),
         "Network:   " + network,
         "Networks:  " + std::to_string(status.networks) + " configured",
     };

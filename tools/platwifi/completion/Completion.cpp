@@ -12,6 +12,7 @@
 #include "host/Listing.h"
 #include "host/Ssid.h"
 #include "process/Interrupt.h"
+#include "settings/replies/Columns.h"
 
 #include <algorithm>
 #include <cstring>
@@ -126,7 +127,7 @@ Candidates assignments(const std::string& word) {
 
 // What the library takes for a network without a name cannot be asked for by this one.
 bool isName(const std::string& ssid) {
-    return !ssid.empty() && ssid != "any" && ssid.find(':') == std::string::npos;
+    return !ssid.empty() && !platwifi::isBssidColumn(ssid);
 }
 
 // As it is, where a terminal can show it and nothing in it looks like an escape.

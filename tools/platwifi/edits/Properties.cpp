@@ -3,8 +3,8 @@
 #include "Failure.h"
 #include "display/Text.h"
 #include "edits/PropertyRules.h"
+#include "model/Vocabulary.h"
 #include "model/WifiNetwork.h"
-#include "model/WifiTypes.h"
 
 #include <functional>
 #include <limits>
@@ -12,40 +12,35 @@
 namespace cli {
 namespace {
 
+using namespace platwifi;
 using N = WifiNetwork;
-using Words = std::vector<Word>;
 
-// One word at a time may be set: of several flags together nothing can be saved.
-const Words KEY_MANAGEMENT = {
-    {"NONE", KEY_MGMT_NONE},         {"WPA-PSK", KEY_MGMT_WPA_PSK},
-    {"WPA-EAP", KEY_MGMT_WPA_EAP},   {"IEEE8021X", KEY_MGMT_IEEE8021X},
-    {"WPA-NONE", KEY_MGMT_WPA_NONE},
+// A property takes one word at a time: several flags together cannot be saved.
+// clang-format off
+
+constexpr Word BOOLEANS[] = {
+    {1, "true"},
+    {0, "false"},
 };
-const Words PROTOCOLS = {{"WPA", PROTOCOL_WPA}, {"RSN", PROTOCOL_RSN}};
-const Words AUTHENTICATIONS = {
-    {"OPEN", AUTH_ALG_OPEN}, {"SHARED", AUTH_ALG_SHARED}, {"LEAP", AUTH_ALG_LEAP}};
-const Words EAP_METHODS = {
-    {"TLS", EAP_TLS},   {"PEAP", EAP_PEAP}, {"TTLS", EAP_TTLS},         {"MD5", EAP_MD5},
-    {"LEAP", EAP_LEAP}, {"GTC", EAP_GTC},   {"MSCHAPV2", EAP_MSCHAPV2}, {"OTP", EAP_OTP},
-    {"PSK", EAP_PSK},   {"FAST", EAP_FAST}, {"PAX", EAP_PAX},
-};
-const Words MODES = {{"MANAGED", NETWORK_MODE_MANAGED}, {"ADHOC", NETWORK_MODE_ADHOC}};
-const Words TRUTHS = {{"true", 1}, {"false", 0}};
-const Words PAIRWISE = {{"CCMP", PAIRWISE_CCMP}, {"TKIP", PAIRWISE_TKIP}, {"NONE", PAIRWISE_NONE}};
-const Words GROUP = {
-    {"CCMP", GROUP_CCMP}, {"TKIP", GROUP_TKIP}, {"WEP104", GROUP_WEP104}, {"WEP40", GROUP_WEP40}};
-const Words STATUSES = {
-    {"enabled", NETWORK_STATUS_ENABLED},
-    {"connected", NETWORK_STATUS_CONNECTED},
-    {"connecting", NETWORK_STATUS_CONNECTING},
-    {"disabled", NETWORK_STATUS_DISABLED},
+
+constexpr Word STATUSES[] = {
+    {NETWORK_STATUS_ENABLED, "enabled"},
+    {NETWORK_STATUS_CONNECTED, "connected"},
+    {NETWORK_STATUS_CONNECTING, "connecting"},
+    {NETWORK_STATUS_DISABLED, "disabled"},
 };
 
 // One code for both kinds of ciphers; that of both flags means pairwise CCMP and group TKIP.
-const Words CIPHER_CODES = {
-    {"CCMP", PAIRWISE_CCMP}, {"TKIP", PAIRWISE_TKIP},  {"CCMP+TKIP", PAIRWISE_CCMP | PAIRWISE_TKIP},
-    {"WEP40", GROUP_WEP40},  {"WEP104", GROUP_WEP104}, {"NONE", PAIRWISE_NONE},
+constexpr Word CIPHER_CODES[] = {
+    rowOf(PAIRWISE_WORDS, PAIRWISE_CCMP),
+    rowOf(PAIRWISE_WORDS, PAIRWISE_TKIP),
+    {PAIRWISE_CCMP | PAIRWISE_TKIP, "CCMP+TKIP"},
+    rowOf(GROUP_WORDS, GROUP_WEP40),
+    rowOf(GROUP_WORDS, GROUP_WEP104),
+    rowOf(PAIRWISE_WORDS, PAIRWISE_NONE),
 };
+
+// clang-format on
 
 // How a value is read. `Get` is a getter of WifiNetwork, or a function that takes a network.
 
@@ -61,31 +56,27 @@ Value number(const N& network) {
 }
 
 template <auto Get>
-Value truth(const N& network) {
+Value boolean(const N& network) {
     return std::invoke(Get, network) != 0;
 }
 
-template <auto Get, const auto& All>
+template <auto Get, const auto& Table>
 Value word(const N& network) {
-    for (const Word& one : All) {
-        if (one.number == std::invoke(Get, network))
-            return one.text;
-    }
-    return "";
+    return textFor(Table, std::invoke(Get, network), "");
 }
 
-std::string wordsIn(unsigned int set, const Words& all) {
+std::string wordsIn(unsigned int set, Words table) {
     std::string list;
-    for (const Word& one : all) {
+    for (const Word& one : table) {
         if ((set & one.number) != 0)
             list += (list.empty() ? "" : " ") + std::string(one.text);
     }
     return list;
 }
 
-template <auto Get, const auto& All>
+template <auto Get, const auto& Table>
 Value words(const N& network) {
-    return wordsIn(std::invoke(Get, network), All);
+    return wordsIn(std::invoke(Get, network), Table);
 }
 
 template <auto Get>
@@ -106,8 +97,8 @@ Value bssid(const N& network) {
 }
 
 Value ciphers(const N& network) {
-    const std::string pairwise = wordsIn(network.getPairwiseCiphers(), PAIRWISE);
-    const std::string group = wordsIn(network.getGroupCiphers(), GROUP);
+    const std::string pairwise = wordsIn(network.getPairwiseCiphers(), PAIRWISE_WORDS);
+    const std::string group = wordsIn(network.getGroupCiphers(), GROUP_WORDS);
     return pairwise == group ? pairwise : pairwise + " / group " + group;
 }
 
@@ -125,20 +116,20 @@ const std::vector<Property> PROPERTIES = {
     {"strength", REPORTED, nullptr, number<&N::getStrength>, "signal at the last scan, 0 to 100", {}},
     {"channel", REPORTED, nullptr, number<&N::getChannel>, "radio channel", {}},
     {"bssid", PLAIN, takeBssid, bssid, "the one access point to use, or any", {}},
-    {"ssidBroadcasted", PLAIN, takeTruth, truth<&N::getSsidBroadcasted>, "false for a hidden network", TRUTHS},
-    {"mode", PLAIN, takeWord, word<&N::getNetworkMode, MODES>, "with an access point, or without", MODES},
+    {"ssidBroadcasted", PLAIN, takeBoolean, boolean<&N::getSsidBroadcasted>, "false for a hidden network", BOOLEANS},
+    {"mode", PLAIN, takeWord, word<&N::getNetworkMode, MODE_WORDS>, "with an access point, or without", MODE_WORDS},
     {"priority", PLAIN, takeNumber, number<&N::getPriority>, "the supplicant prefers higher ones", {}, 0, MOST},
-    {"key_mgmt", PLAIN, takeWord, words<&N::getKeyManagement, KEY_MANAGEMENT>, "key management; NONE for open and WEP", KEY_MANAGEMENT},
-    {"protocol", PLAIN, takeWord, words<&N::getProtocol, PROTOCOLS>, "RSN is WPA2", PROTOCOLS},
+    {"key_mgmt", PLAIN, takeWord, words<&N::getKeyManagement, KEY_MANAGEMENT_WORDS>, "key management; NONE for open and WEP", KEY_MANAGEMENT_WORDS},
+    {"protocol", PLAIN, takeWord, words<&N::getProtocol, PROTOCOL_WORDS>, "RSN is WPA2", PROTOCOL_WORDS},
     {"encryption", PLAIN, takeWord, ciphers, "ciphers, pairwise and group", CIPHER_CODES},
-    {"authentication", PLAIN, takeWord, word<&N::getAuthAlg, AUTHENTICATIONS>, "authentication algorithm", AUTHENTICATIONS},
+    {"authentication", PLAIN, takeWord, word<&N::getAuthAlg, AUTH_ALG_WORDS>, "authentication algorithm", AUTH_ALG_WORDS},
     {"psk", ENCIPHERED, takePsk, secret<&N::getPsk>, "key: 8 to 63 characters, or 64 hex digits", {}},
     {"key1", HIDDEN, takeWepKey, secret<wepKey<0>>, "WEP key: 5, 13 characters or 10, 26 hex digits", {}},
     {"key2", HIDDEN, takeWepKey, secret<wepKey<1>>, "WEP key", {}},
     {"key3", HIDDEN, takeWepKey, secret<wepKey<2>>, "WEP key", {}},
     {"key4", HIDDEN, takeWepKey, secret<wepKey<3>>, "WEP key", {}},
     {"index", PLAIN, takeNumber, number<&N::getWepIndex>, "WEP key to send with, 0 for key1", {}, 0, 3},
-    {"eap", PLAIN, takeWord, words<&N::getEapModes, EAP_METHODS>, "EAP method", EAP_METHODS},
+    {"eap", PLAIN, takeWord, words<&N::getEapModes, EAP_WORDS>, "EAP method", EAP_WORDS},
     {"eapIdentity", PLAIN, takeText, text<&N::getEAPIdentity>, "EAP identity", {}},
     {"eapAnonymousIdentity", PLAIN, takeText, text<&N::getEAPAnonymousIdentity>, "identity outside of the tunnel", {}},
     {"eapPassword", ENCIPHERED, takeText, secret<&N::getEAPPassword>, "EAP password", {}},

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "display/Json.h"
+#include "model/Vocabulary.h"
 
 #include <string>
 #include <vector>
@@ -17,11 +18,8 @@ enum class Way {
     reported    ///< not at all: it is what the supplicant reports
 };
 
-/// A word of a property, and the number that the library has for it.
-struct Word {
-    const char* text;
-    unsigned int number;
-};
+using platwifi::Word;
+using platwifi::Words;
 
 /// One property of a network, by the name that setNetworkParameters() knows.
 struct Property {
@@ -32,8 +30,8 @@ struct Property {
     std::string (*take)(const Property& property, const std::string& written);
     Value (*read)(const WifiNetwork& network); ///< of a secret, whether it is set
     const char* meaning;
-    std::vector<Word> words; ///< that it can be
-    long lowest = 0;         ///< of a number
+    Words words;     ///< that it can be
+    long lowest = 0; ///< of a number
     long highest = 0;
 };
 

@@ -17,7 +17,7 @@ constexpr std::size_t MAC_ADDRESS = 17;
     throw WrongUse(std::string(property.name) + " takes " + allowed);
 }
 
-std::string joined(const std::vector<Word>& words) {
+std::string joined(Words words) {
     std::string text;
     for (const Word& word : words)
         text += (text.empty() ? "" : ", ") + std::string(word.text);
@@ -71,7 +71,7 @@ std::string takeWord(const Property& property, const std::string& written) {
     return std::to_string(wordOf(property, written).number);
 }
 
-std::string takeTruth(const Property& property, const std::string& written) {
+std::string takeBoolean(const Property& property, const std::string& written) {
     return wordOf(property, written).text;
 }
 

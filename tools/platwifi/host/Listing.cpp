@@ -2,6 +2,7 @@
 
 #include "host/Host.h"
 #include "host/Lines.h"
+#include "settings/replies/Columns.h"
 #include "supplicant/WifiUtil.h"
 
 #include <algorithm>
@@ -12,7 +13,7 @@ namespace {
 constexpr unsigned char MOST_ADAPTERS = 16;
 constexpr unsigned char MOST_LINES = 64; // two for each network
 constexpr std::size_t LONGEST_PIECE = 127;
-constexpr std::ptrdiff_t TABS = 3; // number, SSID, BSSID, flags
+constexpr std::ptrdiff_t TABS = 3; // network id, SSID, BSSID, flags
 
 std::ptrdiff_t tabsIn(const std::string& line) {
     return std::count(line.begin(), line.end(), '\t');
@@ -46,11 +47,9 @@ std::vector<ListedNetwork> listedNetworks(const std::string& iface, bool& ok) {
         });
     std::vector<ListedNetwork> networks;
     for (const std::string& line : joined(pieces)) {
-        const std::size_t start = line.find('\t') + 1;
-        if (start == 0)
-            continue;
-        const std::string ssid = line.substr(start, line.find('\t', start) - start);
-        networks.push_back({ssid, line.find("[TEMP-DISABLED]") != std::string::npos});
+        const auto columns = platwifi::columnsOf(line);
+        if (columns.size() > 1)
+            networks.push_back({columns[1], line.find("[TEMP-DISABLED]") != std::string::npos});
     }
     return networks;
 }
