@@ -10,7 +10,7 @@ struct StateName {
     WpaState state;
 };
 
-// In the order in which they are looked for anywhere in the line.
+// The first name that is found anywhere in the line decides, in this order.
 constexpr StateName STATE_NAMES[] = {
     {"INACTIVE", WPA_STATE_IDLE},
     {"SCANNING", WPA_STATE_SCANNING},
@@ -33,7 +33,7 @@ void stripQuotes(char* text) {
     if (!last)
         return;
     *last = '\0';
-    std::memmove(text, text + 1, std::strlen(text)); // with the NUL
+    std::memmove(text, text + 1, std::strlen(text)); // includes the NUL
 }
 
 WpaState stateIn(const char* line) {
