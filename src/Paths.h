@@ -1,7 +1,7 @@
 #pragma once
 
-/// The fixed paths and names that the library shares with other programs of the system. The service was
-/// written for a device with these paths; they stay the same everywhere.
+/// The fixed paths and names that the library shares with other programs of the system. The service
+/// was written for a device with these paths; they stay the same everywhere.
 namespace platwifi::paths {
 
 /// The supplicant's client and the process lister. The platform library knows where a program under

@@ -5,8 +5,8 @@
 
 namespace platwifi {
 
-/// The arguments of one child, the program's path first, with the closing null that the system expects.
-/// The texts stay the caller's and must outlive the list.
+/// The arguments of one child, the program's path first, with the closing null that the system
+/// expects. The texts stay the caller's and must outlive the list.
 class ArgumentList {
 public:
     static constexpr std::size_t CAPACITY = 6;
@@ -18,7 +18,8 @@ public:
     ArgumentList& add(const char* entry) noexcept;
     ArgumentList& add(const ArgumentList& more) noexcept;
 
-    /// False when more than CAPACITY entries were added. The list lacks some then and must not be used.
+    /// False when more than CAPACITY entries were added. The list lacks some then and must not be
+    /// used.
     bool isComplete() const noexcept { return m_count <= CAPACITY; }
 
     /// The first entry, or null in an empty list.
@@ -32,9 +33,9 @@ private:
     std::size_t m_count = 0; ///< entries that were added, more than CAPACITY in an incomplete list
 };
 
-/// The list for the parameters of WifiUtil::launchProcess(), each of which may be null. A null `command`
-/// drops itself and all arguments, a null `arg1` drops all three arguments. Any other null drops only
-/// itself.
+/// The list for the parameters of WifiUtil::launchProcess(), each of which may be null. A null
+/// `command` drops itself and all arguments, a null `arg1` drops all three arguments. Any other
+/// null drops only itself.
 ArgumentList argumentsOf(const char* path, const char* interfaceArg, const char* command,
                          const char* arg1, const char* arg2, const char* arg3) noexcept;
 
@@ -67,9 +68,9 @@ private:
     char m_text[4] = "";
 };
 
-/// Whether the client takes this text for one of its options. It looks for options in every argument,
-/// one option starts programs, and access points choose some of the texts. A negative number and a lone
-/// "-" are no options.
+/// Whether the client takes this text for one of its options. It looks for options in every
+/// argument, one option starts programs, and access points choose some of the texts. A negative
+/// number and a lone "-" are no options.
 bool isClientOption(const char* text) noexcept;
 
 } // namespace platwifi

@@ -49,8 +49,8 @@ constexpr const char* RESULT_PREFIXES[] = {
 
 } // namespace command
 
-/// Runs a command for one interface, with the command's own arguments. False also for an option that names
-/// no interface.
+/// Runs a command for one interface, with the command's own arguments. False also for an option
+/// that names no interface.
 /// @param launchMutex  see runChild()
 bool runClient(PlatformMutex& launchMutex, const ClientCommand& command,
                const InterfaceOption& option, const ResultFile& result,

@@ -41,8 +41,8 @@ bool mayBeLeftover(int folder, const char* name) noexcept {
            facts.st_uid == geteuid() && facts.st_nlink == 1;
 }
 
-// A thread may begin to use the name at any time. So the order matters: claim the removal, look for a
-// claim of use (see ResultClaim), then look at the file once more.
+// A thread may begin to use the name at any time. So the order matters: claim the removal, look for
+// a claim of use (see ResultClaim), then look at the file once more.
 void removeUnused(int folder, const char* name, const ResultTag& tag) noexcept {
     const FolderClaim removal(paths::RESULT_FOLDER, tag.removalClaim());
     if (removal.isHeld() && !removal.sees(tag.useClaim()) && mayBeLeftover(folder, name))

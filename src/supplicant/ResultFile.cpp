@@ -10,7 +10,8 @@ using platform::FileDescriptor;
 namespace platwifi {
 namespace {
 
-// With O_NONBLOCK a pipe in the file's place fails to open for writing, instead of blocking the caller.
+// With O_NONBLOCK a pipe in the file's place fails to open for writing, instead of blocking the
+// caller.
 constexpr int SAFELY = O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
 constexpr int FOR_OUTPUT = O_WRONLY | O_CREAT | SAFELY;
 constexpr mode_t OUTPUT_MODE = S_IRUSR | S_IRGRP;
@@ -34,7 +35,8 @@ FileDescriptor createResultFile(const char* path) {
     struct stat facts {};
     if (!isRegular(file, facts))
         return FileDescriptor();
-    // A second name may have been given by another user, to have some other file of this user emptied.
+    // A second name may have been given by another user, to have some other file of this user
+    // emptied.
     if (facts.st_uid != geteuid() || facts.st_nlink != 1)
         return replaceFile(path);
     if (ftruncate(file.number(), 0) != 0)

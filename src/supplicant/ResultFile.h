@@ -8,14 +8,14 @@
 
 namespace platwifi {
 
-/// Creates or empties the file for a child's output, with mode 0440. Every user may write to its folder, so
-/// a link, or anything else that is not a regular file, is refused. A leftover file is replaced when this
-/// process may not write it, does not own it, or when it has a second name.
+/// Creates or empties the file for a child's output, with mode 0440. Every user may write to its
+/// folder, so a link, or anything else that is not a regular file, is refused. A leftover file is
+/// replaced when this process may not write it, does not own it, or when it has a second name.
 platform::FileDescriptor createResultFile(const char* path);
 
-/// The file for the reply to one command. Its name ends in the calling thread's id, so two threads of a
-/// process never share one. The id is claimed during the object's lifetime, so that no other process
-/// removes the file as a leftover. The destructor removes it.
+/// The file for the reply to one command. Its name ends in the calling thread's id, so two threads
+/// of a process never share one. The id is claimed during the object's lifetime, so that no other
+/// process removes the file as a leftover. The destructor removes it.
 class ResultFile {
 public:
     /// @param prefix  path without the thread's id; cut together with it to 127 characters

@@ -47,9 +47,9 @@ std::uint32_t ResultTag::removalClaim() const noexcept {
     return pairOf(m_text) + 1;
 }
 
-// The user of a file and its remover each claim first and look second, so that at least one of them sees
-// the other. A removal takes microseconds. A claim that lasts longer belongs to a stopped process, or was
-// made by another user to block this one: the wait is limited.
+// The user of a file and its remover each claim first and look second, so that at least one of them
+// sees the other. A removal takes microseconds. A claim that lasts longer belongs to a stopped
+// process, or was made by another user to block this one: the wait is limited.
 ResultClaim::ResultClaim(const ResultTag& tag) noexcept
     : m_claim(paths::RESULT_FOLDER, tag.useClaim()) {
     for (int look = 0; look < REMOVAL_LOOKS && m_claim.sees(tag.removalClaim()); ++look)

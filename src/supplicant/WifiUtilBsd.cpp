@@ -25,14 +25,16 @@ constexpr const char* LIST_ARGUMENTS = "arg"; // the process lister's command
 constexpr const char* SUPPLICANT = "wpa_supplicant";
 constexpr int PROCESS_LINE_SIZE = 512;
 
-// Guards INSTANCE and its isProbed: threads that call at the same time get one instance, probed once.
+// Guards INSTANCE and its isProbed: threads that call at the same time get one instance, probed
+// once.
 std::mutex& instanceMutex() {
     static std::mutex mutex;
     return mutex;
 }
 
-// Whether the client puts a time of day in front of the first adapter. A driver of its own asks, which
-// expects no stamps: the instance may still expect them from an earlier probe, and would remove them.
+// Whether the client puts a time of day in front of the first adapter. A driver of its own asks,
+// which expects no stamps: the instance may still expect them from an earlier probe, and would
+// remove them.
 bool answersWithTimestamps() {
     WifiUtil probe;
     ReplyLines adapters(1);

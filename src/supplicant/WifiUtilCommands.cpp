@@ -14,8 +14,8 @@ using namespace platwifi;
 
 namespace {
 
-// The id of a new network as the client printed it. No value for any other text and for an id above 255:
-// the next commands would change another network.
+// The id of a new network as the client printed it. No value for any other text and for an id above
+// 255: the next commands would change another network.
 std::optional<unsigned char> newNetworkId(const char* text) {
     constexpr std::size_t MOST_DIGITS = 8;
     constexpr unsigned long LARGEST_ID = 255;

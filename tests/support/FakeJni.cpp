@@ -21,7 +21,8 @@ const char* nameOf(Kind kind) {
     return NAMES[static_cast<int>(kind)];
 }
 
-/// What a reference points to. It lives as long as the machine, so that a stale reference is told.
+/// What a reference points to. It exists as long as the machine, so that a stale reference is
+/// detected.
 struct Object {
     Kind kind;
     std::string text; ///< name of a class (also of an array's and a throwable's), text of a string

@@ -20,7 +20,7 @@ namespace test {
 ///  - hands over text that is not modified UTF-8, a null, a deleted or a wrong kind of reference,
 ///  - releases characters that are not held,
 ///  - calls from another thread than the one that made this object,
-///  - makes a call that is not made up here (told by its slot in the function table).
+///  - makes a call that is not implemented here (named by its slot in the function table).
 ///
 /// Text is modified UTF-8 throughout, in and out.
 class FakeJni {
@@ -68,7 +68,8 @@ public:
     /// The texts of all NewStringUTF() calls that succeeded, in order.
     const std::vector<std::string>& stringsMade() const;
 
-    /// Runs this whenever NewStringUTF() is called, on the calling thread, before the string is made.
+    /// Runs this whenever NewStringUTF() is called, on the calling thread, before the string is
+    /// made.
     void atEveryString(std::function<void()> action);
 
     /// How many results of GetStringUTFChars() have not been released.

@@ -126,8 +126,8 @@ TEST_F(LeftoverFiles, StayWhileTheyAreInUse) {
     EXPECT_THAT(test::resultFiles(), ElementsAre(status.path()));
 }
 
-// A process with one thread that runs a command. `before` threads, which only wait, are started first, so that
-// the thread ids of several such processes differ.
+// A process with one thread that runs a command. `before` threads, which only wait, are started
+// first, so that the thread ids of several such processes differ.
 class CommandProcess {
 public:
     CommandProcess(int before, const std::function<void(WifiUtil&)>& command) : m_id(fork()) {

@@ -9,7 +9,7 @@ using namespace platwifi;
 
 namespace {
 
-TEST(ReplyCheck, DecidesByTheFirstLine) {
+TEST(ReplyCheck, FindsRefusalsInTheLine) {
     struct Row {
         const char* line;
         bool accepted;

@@ -1,4 +1,4 @@
-// Starting a scan and waiting for it, with a recorded clock: a second passes at once here.
+// Starting a scan and waiting for it, with recorded sleeps that take no time.
 
 #include "supplicant/WifiUtil.h"
 
@@ -92,7 +92,7 @@ TEST_F(Scan, IsNotStartedWhereOneRuns) {
     EXPECT_EQ(secondsSlept(), 3U) << "after every read of the wait, the last one too";
 }
 
-TEST_F(Scan, IsWaitedForThrough16ReadsAtMost) {
+TEST_F(Scan, IsWaitedForWith16ReadsAtMost) {
     onStatus("SCANNING");
     EXPECT_TRUE(util.scanNetworks("wlan0"));
     EXPECT_EQ(standIn.calls().size(), 1U + 16U);
@@ -111,7 +111,7 @@ TEST_F(Scan, IsWaitedForAfterItWasStarted) {
     EXPECT_EQ(secondsSlept(), 2U);
 }
 
-TEST_F(Scan, LetsOthersRunTheirCommandsWhileItWaits) {
+TEST_F(Scan, LetsOtherThreadsRunCommandsWhileItWaits) {
     onStatus("COMPLETED");
     standIn.on({"*"}).prints("OK\n");
     RecordedPlatform::duringSleeps(
@@ -136,13 +136,13 @@ TEST_F(Scan, FailsWhenTheCommandFails) {
     EXPECT_THAT(test::resultFiles(), IsEmpty());
 }
 
-TEST_F(Scan, SucceedsThoughTheClientRefusedIt) {
+TEST_F(Scan, SucceedsWhenTheSupplicantRefusesIt) {
     onStatus("COMPLETED");
     standIn.on({"-iwlan0", "scan"}).prints("FAIL-BUSY\n");
     EXPECT_TRUE(util.scanNetworks("wlan0")) << "the reply is not read";
 }
 
-TEST_F(Scan, SucceedsWhateverBecomesOfTheWait) {
+TEST_F(Scan, SucceedsWhenAStatusCannotBeReadWhileItWaits) {
     onStatus("COMPLETED").then().exits(255);
     standIn.on({"-iwlan0", "scan"}).prints("OK\n");
     EXPECT_TRUE(util.scanNetworks("wlan0"));
@@ -150,7 +150,7 @@ TEST_F(Scan, SucceedsWhateverBecomesOfTheWait) {
     EXPECT_EQ(secondsSlept(), 0U) << "it ends at once";
 }
 
-TEST_F(Scan, TakesAStatusWithoutAStateForUnknown) {
+TEST_F(Scan, TreatsAStatusWithoutAStateAsUnknown) {
     standIn.on({"-iwlan0", "status"}).prints("").then().prints("bssid=COMPLETED\n");
     EXPECT_TRUE(util.scanNetworks("wlan0"));
     EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, STATUS));

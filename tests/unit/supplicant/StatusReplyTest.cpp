@@ -10,7 +10,7 @@ WpaState stateOfLine(const char* line) {
     return stateOf(&line, 1);
 }
 
-TEST(StatusReply, NamesEveryState) {
+TEST(StatusReply, RecognisesEveryState) {
     struct Row {
         const char* line;
         WpaState state;
@@ -33,7 +33,7 @@ TEST(StatusReply, NamesEveryState) {
         EXPECT_EQ(stateOfLine(row.line), row.state) << row.line;
 }
 
-TEST(StatusReply, LooksForTheNamesInAFixedOrder) {
+TEST(StatusReply, SearchesTheNamesInAFixedOrder) {
     EXPECT_EQ(stateOfLine("wpa_state=SCANNING INACTIVE"), WPA_STATE_IDLE);
     EXPECT_EQ(stateOfLine("wpa_state=COMPLETED SCANNING"), WPA_STATE_SCANNING);
     EXPECT_EQ(stateOfLine("wpa_state=4WAY_HANDSHAKE COMPLETED"), WPA_STATE_COMPLETED);
@@ -43,7 +43,7 @@ TEST(StatusReply, LooksForTheNamesInAFixedOrder) {
     EXPECT_EQ(stateOfLine("wpa_state=DISCONNECTED ASSOCIATED"), WPA_STATE_ASSOCIATED);
 }
 
-TEST(StatusReply, LetsTheFirstStateLineDecide) {
+TEST(StatusReply, UsesTheFirstLineWithAState) {
     const char* const lines[] = {"bssid=02:00:00:00:01:00", nullptr, "x wpa_state=SCANNING",
                                  "wpa_state=COMPLETED"};
     EXPECT_EQ(stateOf(lines, 4), WPA_STATE_SCANNING);
@@ -51,12 +51,12 @@ TEST(StatusReply, LetsTheFirstStateLineDecide) {
     EXPECT_EQ(stateOf(unknownFirst, 2), WPA_STATE_UNKNOWN);
 }
 
-TEST(StatusReply, KnowsNothingFromNothing) {
+TEST(StatusReply, IsUnknownWithoutAStateLine) {
     EXPECT_EQ(stateOf(nullptr, 0), WPA_STATE_UNKNOWN);
     EXPECT_EQ(stateOfLine("ssid=COMPLETED"), WPA_STATE_UNKNOWN);
 }
 
-TEST(StatusReply, StatesHaveTheirNumbers) {
+TEST(StatusReply, HasFixedNumbersForTheStates) {
     EXPECT_EQ(WPA_STATE_UNKNOWN, 0U);
     EXPECT_EQ(WPA_STATE_DISCONNECTED, 1U);
     EXPECT_EQ(WPA_STATE_IDLE, 2U);

@@ -8,7 +8,7 @@ using namespace platwifi;
 
 namespace {
 
-TEST(ValueQuoting, QuotesTextsAndLeavesTheRest) {
+TEST(ValueQuoting, QuotesTextFieldsOnly) {
     const char* const texts[] = {
         "wep_key0",
         "wep_key1",
@@ -58,7 +58,7 @@ TEST(ValueQuoting, QuotesTextsAndLeavesTheRest) {
         EXPECT_EQ(quotedFor(key, "WPA-PSK"), "WPA-PSK") << key;
 }
 
-TEST(ValueQuoting, LeavesAValueThatIsQuotedOnEitherSide) {
+TEST(ValueQuoting, LeavesAValueWithAQuoteAtEitherEnd) {
     const char* const values[] = {"\"home\"", "\"ab", "ab\"", "\"", "\"\""};
     for (const char* value : values)
         EXPECT_EQ(quotedFor("ssid", value), value);
@@ -91,7 +91,7 @@ TEST(ValueQuoting, SendsKeysInHexadecimalBareByTheirLengthAlone) {
     }
 }
 
-TEST(ValueQuoting, QuotesASsidWhateverItHolds) {
+TEST(ValueQuoting, QuotesAnySsid) {
     EXPECT_EQ(quoted("a\"b c"), "\"a\"b c\"");
     EXPECT_EQ(quoted("\"x\""), "\"\"x\"\"");
     EXPECT_EQ(quoted(""), "\"\"");

@@ -1,5 +1,5 @@
-// A lock of the block is not released: its holder is stopped, or the memory names a holder that does not
-// exist.
+// A lock of the block is not released: its holder is stopped, or the memory names a thread that
+// does not exist as the holder.
 
 #include "Peer.h"
 #include "RefreshThread.h"
@@ -11,8 +11,8 @@
 namespace {
 
 using test::BlockView;
-using test::Door;
 using test::Peer;
+using test::RecordedReloads;
 using test::RefreshThread;
 using test::ShortLocks;
 
@@ -32,17 +32,17 @@ protected:
         EXPECT_LE(ShortLocks::longest(), 1s);
     }
 
-    Peer holder; // does nothing more, like a process that is stopped
+    Peer holder; // does nothing unless asked, like a stopped process
 };
 
-TEST_F(HeldLock, OfTheBlockKeepsAProcessFromJoiningButNotFromStarting) {
+TEST_F(HeldLock, OfTheBlockStopsAProcessFromJoiningButNotFromStarting) {
     holder.ask("lock");
     WifiHostSettingsWatchdog late;
     EXPECT_TRUE(late.initialize());
     expectWaitsOfASecond();
     EXPECT_FALSE(late.isCreator());
     EXPECT_EQ(late.wifiShmemLock(), EINVAL) << "it has no block";
-    EXPECT_TRUE(test::blockHasName()) << "the others go on sharing it";
+    EXPECT_TRUE(test::blockHasName()) << "its users continue to share it";
     late.start();
     late.sendSaveSettingsSignal();
     late.stop();
@@ -50,7 +50,7 @@ TEST_F(HeldLock, OfTheBlockKeepsAProcessFromJoiningButNotFromStarting) {
     EXPECT_EQ(BlockView().numbers(), "0 none 2");
 }
 
-TEST_F(HeldLock, OfTheSignalKeepsNoProcessFromJoining) {
+TEST_F(HeldLock, OfTheSignalDoesNotStopAProcessFromJoining) {
     holder.ask("lock-signal");
     WifiHostSettingsWatchdog late;
     EXPECT_TRUE(late.initialize());
@@ -61,7 +61,7 @@ TEST_F(HeldLock, OfTheSignalKeepsNoProcessFromJoining) {
     holder.ask("unlock-signal");
 }
 
-TEST_F(HeldLock, OfTheBlockIsWaitedForInVain) {
+TEST_F(HeldLock, OfTheBlockIsWaitedForASecond) {
     holder.ask("lock");
     watchdog->sendRefreshSettingsSignal();
     EXPECT_EQ(watchdog->checkForRefreshSignal(0), 0);
@@ -71,7 +71,7 @@ TEST_F(HeldLock, OfTheBlockIsWaitedForInVain) {
     EXPECT_FALSE(BlockView().isPending()) << "nothing was raised without the lock";
 }
 
-TEST_F(HeldLock, OfTheSignalIsWaitedForInVain) {
+TEST_F(HeldLock, OfTheSignalIsWaitedForASecond) {
     holder.ask("lock-signal");
     watchdog->sendRefreshSettingsSignal();
     EXPECT_EQ(watchdog->checkForRefreshSignal(0), 0);
@@ -80,7 +80,7 @@ TEST_F(HeldLock, OfTheSignalIsWaitedForInVain) {
     holder.ask("unlock-signal");
 }
 
-TEST_F(HeldLock, DoesNotKeepAProcessFromLeaving) {
+TEST_F(HeldLock, DoesNotStopAProcessFromLeaving) {
     holder.ask("lock");
     watchdog->start();
     watchdog->stop();
@@ -89,7 +89,7 @@ TEST_F(HeldLock, DoesNotKeepAProcessFromLeaving) {
     EXPECT_FALSE(test::blockHasName());
 }
 
-TEST_F(HeldLock, KeepsASaveForTheOthersUntilItIsFree) {
+TEST_F(HeldLock, DelaysTheNotificationOfASaveUntilItIsReleased) {
     Peer other;
     other.ask("initialize");
     for (const char* lock : {"lock", "lock-signal"}) {
@@ -98,7 +98,7 @@ TEST_F(HeldLock, KeepsASaveForTheOthersUntilItIsFree) {
         watchdog->start();
         watchdog->sendSaveSettingsSignal();
         ShortLocks::reset();
-        ShortLocks::awaitTimeouts(3); // of raising the signal, and of looking for one
+        ShortLocks::awaitTimeouts(3); // while raising the signal, and while waiting for one
         holder.ask(lock == std::string("lock") ? "unlock" : "unlock-signal");
         EXPECT_EQ(other.ask("wait", 100), "waiting");
         EXPECT_EQ(other.answer(), "-1");
@@ -106,10 +106,10 @@ TEST_F(HeldLock, KeepsASaveForTheOthersUntilItIsFree) {
     }
 }
 
-TEST_F(HeldLock, OfAHolderThatDoesNotExistIsNotWaitedForEither) {
+TEST_F(HeldLock, OfAHolderThatDoesNotExistIsWaitedForASecond) {
     const BlockView block;
-    constexpr int NOBODYS_ID = 0x3ffffff0; // larger than any thread's
-    std::memcpy(static_cast<void*>(&block->blockMutex), &NOBODYS_ID, sizeof(NOBODYS_ID));
+    constexpr int UNUSED_ID = 0x3ffffff0; // larger than any thread's
+    std::memcpy(static_cast<void*>(&block->blockMutex), &UNUSED_ID, sizeof(UNUSED_ID));
     WifiHostSettingsWatchdog late;
     EXPECT_TRUE(late.initialize());
     expectWaitsOfASecond();
@@ -119,7 +119,7 @@ TEST_F(HeldLock, OfAHolderThatDoesNotExistIsNotWaitedForEither) {
     std::memcpy(static_cast<void*>(&block->blockMutex), &FREE, sizeof(FREE));
 }
 
-// By another process, since this one may have reported it before.
+// In another process: this one may have printed its line already.
 TEST_F(HeldLock, IsReportedOnce) {
     testing::internal::CaptureStderr();
     {
