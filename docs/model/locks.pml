@@ -460,12 +460,12 @@ inline refreshSettings() {                        /* `got`: false when the gate 
 }
 /* A round without work changes nothing. There are IDLE of them, and any number with work. */
 #define HAS_WORK (stopSignal[x] || saveSignal[x] \
-  || (block[x] != 0 && FREE(block[x]) && (notifyOwed || B[block[x]].blockDied || B[block[x]].signalDied \
+  || (block[x] != 0 && FREE(block[x]) && (notifyAgain || B[block[x]].blockDied || B[block[x]].signalDied \
       || (B[block[x]].pending && B[block[x]].sender != me))) \
-  || (refreshOwed && gate[p] == 0))
+  || (reloadAgain && gate[p] == 0))
 proctype Refresh(byte p; byte n) {
   byte me, x, b, s, i, idle = IDLE;
-  bool ok, got, joined, died, took, hasSaved, notifyOwed, refreshOwed;
+  bool ok, got, joined, died, took, hasSaved, notifyAgain, reloadAgain;
   { d_step { me = THREAD(p, 7 + n); x = DOG(p, n) };
     atomic { runMutex[x] == 0 -> assert(exists[x]);
       runMutex[x] = me; runDepth[x] = 1; destroyedPtr[x] = 1; begun[x] = 1 };
@@ -476,9 +476,9 @@ end_idle:
          if :: stopSignal[x] -> stopSignal[x] = 0; goto stopped :: else fi };
        d_step { hasSaved = saveSignal[x]; saveSignal[x] = 0 };
        if
-       :: hasSaved || notifyOwed -> notifyPeers(); notifyOwed = !got
+       :: hasSaved || notifyAgain -> notifyPeers(); notifyAgain = !got
 #ifdef BUG_NOTIFY_NOT_OWED
-          ; notifyOwed = 0
+          ; notifyAgain = 0
 #endif
        :: else
        fi;
@@ -486,9 +486,9 @@ end_idle:
        :: !hasSaved ->
           checkForRefreshSignal();
           if
-          :: took || refreshOwed -> refreshSettings(); refreshOwed = !got
+          :: took || reloadAgain -> refreshSettings(); reloadAgain = !got
 #ifdef BUG_REFRESH_NOT_OWED
-             ; refreshOwed = 0
+             ; reloadAgain = 0
 #endif
           :: else
           fi

@@ -9,10 +9,10 @@
 
 namespace platform {
 
-// A process that makes a file larger than its limit (RLIMIT_FSIZE) allows is ended by SIGXFSZ, unless it
-// ignores that. The disposition of a signal belongs to the program, so a library looks first.
+// The signal SIGXFSZ ends a process that makes a file larger than its limit RLIMIT_FSIZE. The
+// disposition of signals belongs to the program, so the library checks the limit before it writes.
 
-/// Whether a file may grow to this size, in bytes; if not, errno is EFBIG.
+/// Whether a file may grow to this size in bytes; if not, sets errno to EFBIG.
 inline bool mayGrowTo(std::size_t size) noexcept {
     rlimit limit{};
     if (getrlimit(RLIMIT_FSIZE, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY ||
@@ -22,7 +22,8 @@ inline bool mayGrowTo(std::size_t size) noexcept {
     return false;
 }
 
-/// Whether so many bytes may be written to the end of what is open, a file or anything else.
+/// Whether so many bytes may be appended to the open file. Always true for anything but a regular
+/// file.
 inline bool mayWrite(int descriptor, std::size_t bytes) noexcept {
     struct stat facts {};
     if (fstat(descriptor, &facts) != 0 || !S_ISREG(facts.st_mode))

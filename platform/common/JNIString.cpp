@@ -4,7 +4,8 @@
 
 #include <cstring>
 
-static_assert(sizeof(JNIString) == sizeof(const char*), "the text is all that callers know of");
+static_assert(sizeof(JNIString) == sizeof(const char*),
+              "callers of the binary interface allocate one pointer");
 
 namespace {
 
@@ -28,8 +29,8 @@ private:
     const char* m_characters;
 };
 
-const char* copyOf(const std::string& text) {
-    char* copy = new char[text.size() + 1];
+const char* newText(const std::string& text) {
+    char* const copy = new char[text.size() + 1];
     std::memcpy(copy, text.c_str(), text.size() + 1);
     return copy;
 }
@@ -38,7 +39,7 @@ const char* textOf(JNIEnv* environment, jstring string) {
     if (!environment || !string || environment->ExceptionCheck())
         return nullptr;
     const HeldCharacters characters(environment, string);
-    return characters.get() ? copyOf(platform::fromModifiedUtf8(characters.get())) : nullptr;
+    return characters.get() ? newText(platform::fromModifiedUtf8(characters.get())) : nullptr;
 }
 
 } // namespace

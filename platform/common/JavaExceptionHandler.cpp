@@ -10,7 +10,7 @@ bool raise(JNIEnv* environment, const char* text) {
     const std::string message = platform::toModifiedUtf8(text);
     const jclass type = environment->FindClass(EXCEPTION_CLASS);
     if (!type)
-        return false; // the virtual machine has raised why
+        return false; // FindClass() has made an exception pending
     const bool raised = environment->ThrowNew(type, message.c_str()) == JNI_OK;
     environment->DeleteLocalRef(type);
     return raised;

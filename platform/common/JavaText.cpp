@@ -19,7 +19,7 @@ char toByte(std::uint32_t value) {
     return static_cast<char>(static_cast<unsigned char>(value));
 }
 
-// The low six bits of a sequence's byte `index`, put in their place.
+// The low six bits of byte `index` of a sequence, shifted to their place in the character.
 std::uint32_t tail(const char* text, int index, int shift) {
     return (byteAt(text, index) & 0x3FU) << shift;
 }
@@ -44,7 +44,7 @@ void appendPair(std::string& out, const char* text) {
     appendThreeBytes(out, LOW_SURROGATES + ((character - SUPPLEMENT) & 0x3FFU));
 }
 
-// The surrogate that `text` begins with, or 0 where it begins with none.
+// The surrogate at the start of `text`, or 0.
 std::uint32_t surrogateAt(const char* text) {
     const bool is = byteAt(text, 0) == 0xED && byteAt(text, 1) >= 0xA0 && byteAt(text, 1) <= 0xBF &&
                     byteAt(text, 2) >= 0x80 && byteAt(text, 2) <= 0xBF;
@@ -63,7 +63,7 @@ bool holdsByte(std::uint32_t surrogate) {
     return surrogate >= LOW_SURROGATES + 0x80 && surrogate <= LOW_SURROGATES + 0xFF;
 }
 
-// Appends what the surrogate at `text` stands for and returns how many bytes of `text` that took.
+// Appends what the surrogate at `text` stands for. Returns the number of bytes consumed.
 int appendSurrogate(std::string& out, const char* text, std::uint32_t surrogate) {
     const std::uint32_t next = surrogateAt(text + 3);
     if (isHigh(surrogate) && isLow(next)) {
@@ -92,7 +92,8 @@ std::string toModifiedUtf8(const char* text) {
     return out;
 }
 
-// Everything but surrogates is the same in both forms; U+0000 stays C0 80, which cuts nothing.
+// Only surrogates differ between the two forms. U+0000 stays C0 80, so that it does not end the
+// text.
 std::string fromModifiedUtf8(const char* text) {
     std::string out;
     while (text && *text) {

@@ -6,8 +6,8 @@
 
 namespace platform {
 
-/// A reading of the monotonic clock as system calls take it. One from before the clock's start is that
-/// start: the kernel refuses negative times.
+/// A time of the monotonic clock, as a system call takes it. Clamped to 0: the kernel refuses
+/// negative times, which occur on a host that was started a moment ago.
 inline timespec toTimespec(std::chrono::steady_clock::time_point time) noexcept {
     using namespace std::chrono;
     const auto sinceStart = std::max(time.time_since_epoch(), steady_clock::duration::zero());

@@ -4,8 +4,8 @@
 
 #include <cstdio>
 
-// One call prints the whole line, so that lines of several threads and processes do not mix. A line that
-// a log file has no more room for must not end the process.
+// One call prints the whole line, so that lines of several threads and processes do not mix. The
+// size of the log file is checked because a file above its limit would end the process.
 void platform::OnceWarning::print(const std::string& text) noexcept {
     constexpr std::size_t FRAME = sizeof("platwifi: \n");
     if (!m_printed.exchange(true) && mayWrite(STDERR_FILENO, FRAME + text.size()))

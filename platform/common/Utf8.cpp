@@ -3,9 +3,9 @@
 namespace platform {
 namespace {
 
-// The well-formed sequences, by their first byte: how long they are, and what the second byte may
-// be. Every later byte is 80..BF. The limits of the second byte are what shuts out overlong forms,
-// surrogates and what lies beyond U+10FFFF.
+// The well-formed sequences by their first byte: the length and the range of the second byte. Every
+// later byte is 80..BF. The range of the second byte excludes overlong forms, surrogates and values
+// above U+10FFFF.
 struct Form {
     unsigned char first;
     unsigned char last;
@@ -31,7 +31,7 @@ bool isBetween(char byte, unsigned char first, unsigned char last) {
     return value >= first && value <= last;
 }
 
-// Stops at a NUL, which is in none of the ranges.
+// Does not read past the NUL, which is in none of the ranges.
 bool hasTail(const char* text, const Form& form) {
     if (form.length > 1 && !isBetween(text[1], form.secondFirst, form.secondLast))
         return false;

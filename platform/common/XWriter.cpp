@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* REPLACEMENT = "\xEF\xBF\xBD"; // U+FFFD
 
-// What stands for a one-byte character in an attribute value, or null where it stands for itself.
+// The replacement of a one-byte character in an attribute value, or null when it needs none.
 const char* escapeOf(char character) {
     switch (character) {
     case '&':
@@ -25,7 +25,7 @@ const char* escapeOf(char character) {
         return "&quot;";
     case '\'':
         return "&apos;";
-    case '\t': // as they stand, a reader takes these three for blanks
+    case '\t': // a reader turns these three into blanks unless they are references
         return "&#9;";
     case '\n':
         return "&#10;";
@@ -36,12 +36,12 @@ const char* escapeOf(char character) {
     }
 }
 
-// U+FFFE and U+FFFF are UTF-8, but no characters of XML.
+// U+FFFE and U+FFFF are valid UTF-8 but not allowed in XML.
 bool isNoCharacter(const char* text) {
     return std::strncmp(text, "\xEF\xBF\xBE", 3) == 0 || std::strncmp(text, "\xEF\xBF\xBF", 3) == 0;
 }
 
-// Most of every text needs no second look.
+// A character that is written unchanged. Most are, so they are tested first.
 bool isPlain(char character) {
     return character >= ' ' && character < 0x7F && !escapeOf(character);
 }
@@ -53,7 +53,7 @@ std::size_t plainLength(const char* text) {
     return length;
 }
 
-// A character that is not plain: how many bytes it has, and what stands for it.
+// A character that is not plain: its length in bytes, and its replacement.
 struct Special {
     std::size_t length;
     const char* text;
@@ -70,30 +70,32 @@ Special specialAt(const char* text) {
     return {length, text, length};
 }
 
-// A value as printf() makes it, cut to `size` - 1 bytes. Numbers take no memory of their own.
+// A value formatted as by printf(), cut to `size` - 1 bytes. Short values, such as numbers, are not
+// allocated.
 class Formatted {
 public:
     Formatted(const char* format, std::size_t size, va_list arguments) {
         va_list again;
         va_copy(again, arguments);
-        const int length = std::vsnprintf(m_few, std::min(size, sizeof m_few), format, arguments);
+        const int length =
+            std::vsnprintf(m_short, std::min(size, sizeof m_short), format, arguments);
         if (length < 0)
-            m_few[0] = '\0';
-        else if (size > sizeof m_few && static_cast<std::size_t>(length) >= sizeof m_few)
+            m_short[0] = '\0';
+        else if (size > sizeof m_short && static_cast<std::size_t>(length) >= sizeof m_short)
             makeLong(std::min(size, static_cast<std::size_t>(length) + 1), format, again);
         va_end(again);
     }
 
-    const char* text() const { return m_many ? m_many.get() : m_few; }
+    const char* text() const { return m_long ? m_long.get() : m_short; }
 
 private:
     void makeLong(std::size_t size, const char* format, va_list arguments) {
-        m_many = std::make_unique<char[]>(size);
-        std::vsnprintf(m_many.get(), size, format, arguments);
+        m_long = std::make_unique<char[]>(size);
+        std::vsnprintf(m_long.get(), size, format, arguments);
     }
 
-    char m_few[64];
-    std::unique_ptr<char[]> m_many;
+    char m_short[64];
+    std::unique_ptr<char[]> m_long;
 };
 
 } // namespace

@@ -13,8 +13,7 @@ constexpr char BOOT_IMAGE[] = "/proc/boot/";
 
 constexpr std::size_t BOOT_IMAGE_LENGTH = sizeof(BOOT_IMAGE) - 1;
 
-// The folder that this library really is in, as a link to it may stand anywhere; empty where its file
-// is gone.
+// The folder of this library with links resolved. Empty when the library's file no longer exists.
 std::string libraryFolder() {
     Dl_info library;
     if (dladdr(&BOOT_IMAGE, &library) == 0 || !library.dli_fname)
@@ -50,7 +49,8 @@ std::vector<std::string> programPlaces(const std::string& path) {
             inFolder(folder + "/" INSTALLED_BOOT_DIR, name)};
 }
 
-// Looks for the program itself: beside an installed library "../boot" may be a folder of the system.
+// Looks for the program, not for its folder: beside an installed library "../boot" may be a folder
+// of the system.
 std::string locateProgram(const std::string& path) {
     const std::vector<std::string> places = programPlaces(path);
     return *std::find_if(places.begin(), places.end() - 1, exists);

@@ -12,7 +12,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Called by number: glibc 2.36 declares pidfd_open() without C linkage, older ones not at all.
+// A plain system call: glibc 2.36 declares pidfd_open() without C linkage, older versions do not
+// have it.
 int openProcessWatch(int processId) noexcept {
 #ifdef SYS_pidfd_open
     return static_cast<int>(syscall(SYS_pidfd_open, processId, 0));
@@ -27,7 +28,7 @@ int millisecondsUntil(Clock::time_point deadline) noexcept {
     return static_cast<int>(left.count());
 }
 
-// 1 when the descriptor became readable, 0 when the time is over, -1 on error.
+// 1 when the descriptor became readable, 0 after the time, -1 on error.
 int waitReadable(int descriptor, int milliseconds) noexcept {
     const auto deadline = Clock::now() + std::chrono::milliseconds(milliseconds);
     for (int left = milliseconds; left > 0; left = millisecondsUntil(deadline)) {

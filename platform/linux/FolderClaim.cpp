@@ -6,7 +6,8 @@
 namespace platform {
 namespace {
 
-// The byte of the folder with this number. A folder has no bytes, but takes locks on them.
+// A lock on one byte of the folder, at the offset `number`. A folder has no bytes, but the kernel
+// allows locks on them.
 struct flock byteLock(short type, std::uint32_t number) noexcept {
     struct flock lock {};
     lock.l_type = type;
@@ -18,8 +19,9 @@ struct flock byteLock(short type, std::uint32_t number) noexcept {
 
 } // namespace
 
-// A lock of the open file, not of the process: such a one would end as soon as any thread closed the
-// folder. A folder opens for reading alone, so that there are read locks only, which all fit together.
+// An open file description lock. A process lock would end as soon as any thread closed the folder.
+// A folder can only be opened for reading, so these are read locks, which do not exclude each
+// other.
 FolderClaim::FolderClaim(const char* folder, std::uint32_t number) noexcept
     : m_folder(open(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
     struct flock lock = byteLock(F_RDLCK, number);
@@ -27,7 +29,7 @@ FolderClaim::FolderClaim(const char* folder, std::uint32_t number) noexcept
         m_folder.close();
 }
 
-// What would keep this file from a write lock is a lock of another open file.
+// Asks whether a write lock would fail. Only a lock of another open file description makes it fail.
 bool FolderClaim::sees(std::uint32_t number) const noexcept {
     struct flock lock = byteLock(F_WRLCK, number);
     return m_folder.isOpen() && fcntl(m_folder.number(), F_OFD_GETLK, &lock) == 0 &&

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr std::size_t NAME_BYTES = 16; // what the kernel keeps of a thread's name, NUL included
+constexpr std::size_t NAME_BYTES = 16; // the kernel's limit for a thread's name, with the NUL
 
 struct ThreadStart {
     PlatformUtil::ThreadEntry entry;
@@ -42,7 +42,8 @@ std::unique_ptr<ThreadStart> makeStart(PlatformUtil::ThreadEntry entry, void* ar
     return start;
 }
 
-// The new thread inherits the mask of its maker, so that no signal can slip in before it sets one.
+// The new thread inherits the signal mask of the calling thread: it never runs with signals
+// unblocked.
 bool startBlockingSignals(void* (*body)(void*), void* parameter) {
     sigset_t all;
     sigset_t before;
@@ -140,7 +141,7 @@ int PlatformUtil::createThread(ThreadEntry entry, void* argument, const char* na
         auto id = start->id.get_future();
         if (!startBlockingSignals(runThread, start.get()))
             return -1;
-        static_cast<void>(start.release()); // the thread's own now
+        static_cast<void>(start.release()); // runThread() deletes it
         return id.get();
     } catch (const std::exception&) {
         return -1;

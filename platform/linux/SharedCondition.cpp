@@ -16,14 +16,14 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::uint32_t MARK = 0x57694669;
 
-// A libc whose time is wider than the machine's word speaks to the kernel by a call of its own.
+// On a 32-bit machine with a 64-bit time_t, the kernel has a separate call for such times.
 #ifdef SYS_futex_time64
 constexpr long FUTEX = sizeof(time_t) > sizeof(long) ? SYS_futex_time64 : SYS_futex;
 #else
 constexpr long FUTEX = SYS_futex;
 #endif
 
-// Without the private flag, so that it reaches other processes.
+// Without FUTEX_PRIVATE_FLAG, so that other processes can wake it.
 int waitWhile(std::uint32_t* word, std::uint32_t value, const timespec& deadline) noexcept {
     while (syscall(FUTEX, word, FUTEX_WAIT_BITSET, value, &deadline, nullptr,
                    FUTEX_BITSET_MATCH_ANY) != 0) {

@@ -19,7 +19,7 @@ namespace platform {
 namespace {
 
 constexpr const char* FOLDER = "/dev/shm"; // where shm_open() keeps its objects
-constexpr mode_t MODE = 0777;              // less the umask
+constexpr mode_t MODE = 0777;              // minus the umask
 constexpr int ATTEMPTS = 100;
 constexpr int PAUSE_MILLISECONDS = 10;
 
@@ -27,26 +27,26 @@ std::string pathOf(const char* name) {
     return std::string(FOLDER) + name;
 }
 
-/// What stands under a name.
-struct Standing {
-    FileDescriptor file; ///< none for what cannot be opened
+/// The object, or any other file, that has a name.
+struct ShmEntry {
+    FileDescriptor file; ///< closed when it cannot be opened
     struct stat status;
     bool exists;
 };
 
-// What cannot be opened is known by what stood there before that was tried: what stands there after
-// it may be somebody's new object.
-Standing look(const char* name) {
-    Standing found{FileDescriptor(), {}, false};
-    found.exists = lstat(pathOf(name).c_str(), &found.status) == 0;
-    if (found.exists)
-        found.file = FileDescriptor(shm_open(name, O_RDWR, 0));
-    if (found.file.isOpen())
-        fstat(found.file.number(), &found.status);
-    return found;
+// The status of an entry that cannot be opened is read before the attempt: afterwards the name may
+// belong to a new object of another process.
+ShmEntry lookUp(const char* name) {
+    ShmEntry entry{FileDescriptor(), {}, false};
+    entry.exists = lstat(pathOf(name).c_str(), &entry.status) == 0;
+    if (entry.exists)
+        entry.file = FileDescriptor(shm_open(name, O_RDWR, 0));
+    if (entry.file.isOpen())
+        fstat(entry.file.number(), &entry.status);
+    return entry;
 }
 
-bool looksLikeOne(const struct stat& status, std::size_t size) noexcept {
+bool looksLikeObject(const struct stat& status, std::size_t size) noexcept {
     return S_ISREG(status.st_mode) && status.st_size == static_cast<off_t>(size);
 }
 
@@ -54,15 +54,16 @@ bool isTrusted(const struct stat& status) noexcept {
     return status.st_uid == 0 || status.st_uid == geteuid();
 }
 
-bool mayBeOurs(const Standing& found, std::size_t size) noexcept {
-    return found.file.isOpen() && looksLikeOne(found.status, size) && isTrusted(found.status);
+bool isJoinable(const ShmEntry& entry, std::size_t size) noexcept {
+    return entry.file.isOpen() && looksLikeObject(entry.status, size) && isTrusted(entry.status);
 }
 
-// An object of another user is not joined, since that user could cut it short under this process. Its
-// processes do not notice that it has lost its name.
+// An object of another user is not joined: that user could truncate it, which ends this process
+// when it touches the memory. The processes that share the object do not notice that it has lost
+// its name.
 void warnOfReplacement(const char* name, const struct stat& status, std::size_t size) {
     static OnceWarning warning;
-    if (!looksLikeOne(status, size) || isTrusted(status))
+    if (!looksLikeObject(status, size) || isTrusted(status))
         return;
     warning.print(std::string("the shared memory object ") + name + " of user " +
                   std::to_string(status.st_uid) +
@@ -78,9 +79,9 @@ void warnOfFailure(const char* name, int error) {
                   "the rights of /dev/shm and at the limit on the size of a file (ulimit -f)");
 }
 
-// Takes the name away from what was found under it, and from nothing that came later: whoever does
-// this holds the lock of the folder. Returns an error number.
-int retire(const char* name, const struct stat& stale) {
+// Removes the entry `stale` that was found under the name, but no later one: every process that
+// does this holds the lock of the folder. Returns an error number.
+int unlinkStale(const char* name, const struct stat& stale) {
     const FileDescriptor folder(open(FOLDER, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (flock(folder.number(), LOCK_EX | LOCK_NB) != 0)
         return errno;
@@ -91,33 +92,33 @@ int retire(const char* name, const struct stat& stale) {
     return ::unlink(path.c_str()) == 0 || errno == ENOENT ? 0 : errno;
 }
 
-/// A new object that has not got its name yet.
-class Unnamed {
+/// The file of a new object, which does not have the object's name yet.
+class AnonymousFile {
 public:
-    /// One without any name, gone with its last user.
-    Unnamed() : m_file(open(FOLDER, O_TMPFILE | O_RDWR | O_CLOEXEC, MODE)) {
+    /// A file without any name. The kernel removes it with its last user.
+    AnonymousFile() : m_file(open(FOLDER, O_TMPFILE | O_RDWR | O_CLOEXEC, MODE)) {
         if (m_file.isOpen())
             m_path = "/proc/self/fd/" + std::to_string(m_file.number());
     }
 
-    /// The second best, for an old kernel or a system without /proc.
-    explicit Unnamed(const std::string& temporaryPath)
+    /// A file with a temporary name, for an old kernel or a system without /proc.
+    explicit AnonymousFile(const std::string& temporaryPath)
         : m_path(temporaryPath),
           m_file(open(m_path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_NOFOLLOW | O_CLOEXEC, MODE)),
           m_temporary(m_file.isOpen()) {}
 
-    ~Unnamed() {
+    ~AnonymousFile() {
         if (m_temporary)
             ::unlink(m_path.c_str());
     }
 
-    Unnamed(const Unnamed&) = delete;
-    Unnamed& operator=(const Unnamed&) = delete;
+    AnonymousFile(const AnonymousFile&) = delete;
+    AnonymousFile& operator=(const AnonymousFile&) = delete;
 
     int file() const noexcept { return m_file.number(); }
 
-    // Returns an error number: EEXIST where somebody was faster.
-    int giveName(const char* name) const {
+    // Gives the file this name. Returns an error number: EEXIST when another process was first.
+    int linkTo(const char* name) const {
         return linkat(AT_FDCWD, m_path.c_str(), AT_FDCWD, pathOf(name).c_str(),
                       AT_SYMLINK_FOLLOW) == 0
                    ? 0
@@ -130,27 +131,28 @@ private:
     bool m_temporary = false;
 };
 
-// Threads of several process namespaces may have one id, not at one time as well.
+// The time is added because threads in different process namespaces may have the same id.
 std::string temporaryPathFor(const char* name) {
     const auto time = std::chrono::steady_clock::now().time_since_epoch().count();
     return pathOf(name) + "." + std::to_string(PlatformUtil::threadId()) + "." +
            std::to_string(time);
 }
 
-// Somebody was faster, or holds the lock of the folder for the moment it takes.
-bool mayPass(int error) noexcept {
+// No error, or one that another attempt may overcome: another process was first, or holds the lock
+// of the folder.
+bool mayTryAgain(int error) noexcept {
     return error == 0 || error == EEXIST || error == EWOULDBLOCK;
 }
 
-// Takes the name from what was found under it, as retire() does.
+// unlinkStale(), with the warning.
 int replace(const char* name, const struct stat& stale, std::size_t size) {
-    const int error = retire(name, stale);
+    const int error = unlinkStale(name, stale);
     if (error == 0)
         warnOfReplacement(name, stale, size);
     return error;
 }
 
-// Touching memory that a full file system has no place for would end the process.
+// Without this, writing to the memory would end the process when the file system is full.
 bool reserve(int file, std::size_t size) noexcept {
     while (fallocate(file, 0, 0, static_cast<off_t>(size)) != 0) {
         if (errno != EINTR)
@@ -177,21 +179,21 @@ bool SharedMemory::make(int file, std::size_t size, SetUp setUp) noexcept {
     return ftruncate(file, static_cast<off_t>(size)) == 0 && map(file, size) && setUp(m_data);
 }
 
-// Returns an error number: EEXIST where somebody was faster.
+// Returns an error number: EEXIST when another process was first.
 int SharedMemory::publish(const char* name, std::size_t size, SetUp setUp) noexcept {
     if (!mayGrowTo(size))
         return EFBIG;
-    const Unnamed nameless;
-    if (make(nameless.file(), size, setUp)) {
-        const int error = nameless.giveName(name);
+    const AnonymousFile unnamed;
+    if (make(unnamed.file(), size, setUp)) {
+        const int error = unnamed.linkTo(name);
         if (error == 0 || error == EEXIST)
             return error;
     }
-    const Unnamed temporary(temporaryPathFor(name));
-    return make(temporary.file(), size, setUp) ? temporary.giveName(name) : ENOTSUP;
+    const AnonymousFile temporary(temporaryPathFor(name));
+    return make(temporary.file(), size, setUp) ? temporary.linkTo(name) : ENOTSUP;
 }
 
-// Returns no value where the object is to be made, or made anew.
+// No value when the object must be replaced.
 std::optional<SharedMemory::Joining> SharedMemory::tryJoin(int file, std::size_t size,
                                                            Join join) noexcept {
     if (!map(file, size))
@@ -204,17 +206,17 @@ SharedMemory::Result SharedMemory::attach(const char* name, std::size_t size, Se
                                           Join join) noexcept {
     detach();
     int error = name && *name == '/' ? 0 : EINVAL;
-    for (int attempt = 0; attempt < ATTEMPTS && mayPass(error); ++attempt) {
+    for (int attempt = 0; attempt < ATTEMPTS && mayTryAgain(error); ++attempt) {
         if (error == EWOULDBLOCK)
             PlatformUtil::sleep(PAUSE_MILLISECONDS);
-        const Standing found = look(name);
-        if (mayBeOurs(found, size)) {
-            if (const auto joining = tryJoin(found.file.number(), size, join))
-                return *joining == Joining::JOINED ? Result::joined : giveUp();
+        const ShmEntry entry = lookUp(name);
+        if (isJoinable(entry, size)) {
+            if (const auto joining = tryJoin(entry.file.number(), size, join))
+                return *joining == Joining::JOINED ? Result::JOINED : giveUp();
         }
-        error = found.exists ? replace(name, found.status, size) : publish(name, size, setUp);
-        if (!found.exists && error == 0)
-            return Result::created;
+        error = entry.exists ? replace(name, entry.status, size) : publish(name, size, setUp);
+        if (!entry.exists && error == 0)
+            return Result::CREATED;
     }
     warnOfFailure(name, error);
     return giveUp();
@@ -222,7 +224,7 @@ SharedMemory::Result SharedMemory::attach(const char* name, std::size_t size, Se
 
 SharedMemory::Result SharedMemory::giveUp() noexcept {
     detach();
-    return Result::failed;
+    return Result::FAILED;
 }
 
 void SharedMemory::detach() noexcept {

@@ -41,7 +41,8 @@ private:
     int m_error;
 };
 
-// A virtual machine blocks and ignores signals; a program started by it must not.
+// The signal state of the child: none blocked, all with the default action. A Java virtual machine
+// blocks and ignores some, and its children would inherit that.
 class CleanSignals {
 public:
     CleanSignals() {
@@ -64,8 +65,8 @@ private:
     posix_spawnattr_t m_attributes;
 };
 
-// Whether the program, and neither its arguments nor the system's resources, is the cause.
-bool isOfProgram(int error) {
+// Whether the cause is the program, not its arguments or a lack of resources.
+bool isProgramError(int error) {
     return error == ENOENT || error == ENOTDIR || error == ELOOP || error == EACCES ||
            error == ENOEXEC;
 }
@@ -93,8 +94,8 @@ SpawnPlan::SpawnPlan(const char* path, const char* const arguments[], int output
     : m_path(path), m_arguments(arguments), m_prepared(std::make_unique<Prepared>()) {
     m_prepared->program = locateProgram(m_path);
     FileActions& actions = m_prepared->actions;
-    // Mapped onto itself, a descriptor loses its close-on-exec mark and reaches the child. Where the
-    // caller has no standard input, the output may have got its number.
+    // A descriptor that is mapped to itself loses its close-on-exec flag, so the child gets it. If
+    // the caller has no standard input, the output may have descriptor 0.
     if (output != STDIN_FILENO && isOpen(STDIN_FILENO))
         actions.map(STDIN_FILENO, STDIN_FILENO);
     actions.map(output, STDOUT_FILENO);
@@ -111,10 +112,10 @@ int SpawnPlan::run(pid_t& child) const noexcept {
                        m_prepared->signals.get(), const_cast<char* const*>(m_arguments), environ);
 }
 
-// All that a caller of the library learns of a missing program is that each call fails.
+// Without this line, every call would fail and nothing would show that a program is missing.
 void SpawnPlan::warn(int error) const {
     static OnceWarning warning;
-    if (!isBootProgram(m_path) || !isOfProgram(error))
+    if (!isBootProgram(m_path) || !isProgramError(error))
         return;
     warning.print("cannot start " + m_path.substr(m_path.rfind('/') + 1) + ": " +
                   std::generic_category().message(error) + "; looked for " +

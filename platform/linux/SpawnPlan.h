@@ -6,10 +6,10 @@
 
 namespace platform {
 
-/// A start of a program, prepared so far that it takes neither memory nor locks any more.
+/// The start of a program, prepared so that run() needs neither memory nor locks.
 class SpawnPlan {
 public:
-    /// @param path, arguments, output  as for Spawn::start(); the arguments have to outlive the plan
+    /// @param path, arguments, output  as for Spawn::start(); the arguments must outlive the plan
     SpawnPlan(const char* path, const char* const arguments[], int output);
     ~SpawnPlan();
 
@@ -20,7 +20,8 @@ public:
     /// @return 0 and the process id of the child, or an error number
     int run(pid_t& child) const noexcept;
 
-    /// Says once in a process that a program of the boot image cannot be started.
+    /// Prints one line on standard error in a process when a program of the boot image cannot be
+    /// started.
     /// @param error  what run() returned
     void warn(int error) const;
 

@@ -13,25 +13,25 @@
 namespace platform {
 namespace {
 
-// Whether the system drops the status of this process's children.
-bool dropsStatus() noexcept {
+// Whether the system discards the exit status of this process's children.
+bool discardsStatus() noexcept {
     struct sigaction action {};
     return sigaction(SIGCHLD, nullptr, &action) == 0 &&
            (action.sa_handler == SIG_IGN || (action.sa_flags & SA_NOCLDWAIT) != 0);
 }
 
-/// Every signal blocked for the calling thread, and for what it forks, as long as this object lives: the
-/// handlers of a program must not run in a copy of it.
-class NoSignals {
+/// Blocks every signal for the calling thread and the processes that it forks, during the object's
+/// lifetime: no signal handler of the program may run in the forked process.
+class BlockedSignals {
 public:
-    NoSignals() noexcept {
+    BlockedSignals() noexcept {
         sigset_t all;
         sigfillset(&all);
         pthread_sigmask(SIG_SETMASK, &all, &m_before);
     }
-    ~NoSignals() { pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
-    NoSignals(const NoSignals&) = delete;
-    NoSignals& operator=(const NoSignals&) = delete;
+    ~BlockedSignals() { pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
+    BlockedSignals(const BlockedSignals&) = delete;
+    BlockedSignals& operator=(const BlockedSignals&) = delete;
 
 private:
     sigset_t m_before{};
@@ -50,14 +50,15 @@ struct Pipe {
     }
 };
 
-/// What comes through the pipe first.
+/// The first message in the pipe.
 struct Start {
     int error;
     pid_t child;
 };
 
-// The process in between. It may be a copy of one thread of many: nothing here takes memory or a lock. It
-// lets go of all that it has inherited, as it may outlive the program.
+// Runs in the intermediate process. It was forked from a process with several threads, so nothing
+// here may take memory or a lock. It closes all inherited descriptors: it may outlive the program,
+// and must not keep the program's sockets and pipes open.
 [[noreturn]] void report(const SpawnPlan& plan, int pipe) noexcept {
     struct sigaction standard {};
     standard.sa_handler = SIG_DFL;
@@ -73,7 +74,7 @@ struct Start {
     _exit(0);
 }
 
-// Returns how many bytes came; fewer than asked for at the end.
+// Returns the number of bytes read, fewer than the size of the value at the end of the pipe, or -1.
 template <typename Value>
 ssize_t readValue(int pipe, Value& value) noexcept {
     ssize_t got = 0;
@@ -83,8 +84,8 @@ ssize_t readValue(int pipe, Value& value) noexcept {
     return got;
 }
 
-// For a process that is about to end. The program may have come to keep the status of its children
-// meanwhile; then something of it would be left.
+// Waits for a process that is about to end. Needed because the program may have changed the
+// disposition of SIGCHLD meanwhile: the process would stay as a zombie then.
 void reap(pid_t child) noexcept {
     while (waitpid(child, nullptr, 0) == -1 && errno == EINTR) {
     }
@@ -93,7 +94,7 @@ void reap(pid_t child) noexcept {
 } // namespace
 
 SpawnedChild::SpawnedChild(const char* path, const char* const arguments[], int output) noexcept {
-    if (path && arguments && dropsStatus()) {
+    if (path && arguments && discardsStatus()) {
         try {
             startReported(path, arguments, output);
         } catch (const std::exception&) {
@@ -111,14 +112,14 @@ void SpawnedChild::startReported(const char* path, const char* const arguments[]
     if (!pipe.reader.isOpen())
         return;
     {
-        const NoSignals blocked;
+        const BlockedSignals blocked;
         m_endingId = fork();
         if (m_endingId == 0)
             report(plan, pipe.writer.number());
     }
     if (m_endingId == -1)
         return;
-    pipe.writer.close(); // so that the end of the process in between is the end of what can be read
+    pipe.writer.close(); // so that reading ends when the intermediate process does
     Start start{ECHILD, -1};
     readValue(pipe.reader.number(), start);
     if (start.error != 0) {

@@ -1,5 +1,6 @@
-// In builds for the thread sanitizer only: that of clang 14 does not know pthread_mutex_clocklock(), and
-// would take what a thread does behind it for unlocked. It knows pthread_mutex_trylock().
+// Only in builds for the thread sanitizer. That of clang 14 does not support
+// pthread_mutex_clocklock(), and would report races between threads that hold the lock. It supports
+// pthread_mutex_trylock().
 
 #include <cerrno>
 #include <ctime>

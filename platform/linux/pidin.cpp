@@ -1,5 +1,5 @@
-// Lists the processes of this system, each with its arguments: what the library asks when it wants
-// to know whether the supplicant runs. One process a line, "pid argument argument ...".
+// The process lister. Prints the processes of this system with their arguments, one a line: "pid
+// argument argument ...". The library searches the list for the supplicant.
 
 #include "platform/FileDescriptor.h"
 
@@ -29,7 +29,8 @@ std::vector<long> processIds() {
     return ids;
 }
 
-// What can be read of a file. Reading fails where the process ends meanwhile: a stream would throw then.
+// The part of a file that can be read. Not by a stream: when the process ends meanwhile, reading
+// fails and a stream would throw.
 std::string contentOf(const std::string& path) {
     const platform::FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
     std::string text;
@@ -40,7 +41,7 @@ std::string contentOf(const std::string& path) {
     return text;
 }
 
-// Arguments end in NULs and may hold line feeds; a line of the list holds one process.
+// The arguments in one line. Each ends with a NUL and may contain line feeds; both become blanks.
 std::string argumentsOf(long id) {
     std::string text = contentOf("/proc/" + std::to_string(id) + "/cmdline");
     while (!text.empty() && text.back() == '\0')

@@ -10,7 +10,7 @@
 #include "settings/NullExceptionHandler.h"
 #include "settings/SettingsLock.h"
 #include "supplicant/ReplyLines.h"
-#include "watchdog/SettingsDoor.h"
+#include "watchdog/ReloadHook.h"
 #include "watchdog/WifiHostSettingsWatchdog.h"
 #include "zam/Zam.h"
 

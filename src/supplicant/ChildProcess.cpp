@@ -1,9 +1,12 @@
 #include "supplicant/ChildProcess.h"
 
+#include "Paths.h"
 #include "platform/ChildPause.h"
+#include "platform/MutexGuard.h"
 #include "platform/OnceWarning.h"
-#include "platform/PlatformUtil.h"
+#include "platform/SpawnedChild.h"
 #include "supplicant/PriorityBoost.h"
+#include "supplicant/ResultFile.h"
 
 #include <cstdio>
 #include <sys/wait.h>
@@ -15,13 +18,13 @@ using platform::SpawnedChild;
 namespace platwifi {
 namespace {
 
-constexpr int PATIENCE = 100; // looks at a running child before it is killed
+constexpr int MAX_POLLS = 100; // looks at a running child; it is killed at the last one
 constexpr int POLL_PAUSE_MS = 50;
 constexpr int AFTER_KILL_MS = 2000;
 constexpr int SPAWN_BOOST = 20;
 constexpr int KILL_BOOST = 25;
 
-void killImpatiently(int child, const char* command) {
+void killHungChild(int child, const char* command) {
     const PriorityBoost boost(KILL_BOOST);
     std::fprintf(stderr,
                  "[ERROR] Process: %d, Thread %d in WifiUtilBsd::launchProcess(), command: %s -> "
@@ -31,24 +34,19 @@ void killImpatiently(int child, const char* command) {
     PlatformUtil::killProcess(child);
 }
 
-bool succeeded(int status) {
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
-
-// A client that is killed cannot remove its end of the control connection, and nobody else would.
+// A client that died by a signal did not remove its end of the control connection.
 void removeSocketOf(int child) {
     char path[64];
-    std::snprintf(path, sizeof(path), "/tmp/wpa_ctrl_%d-1", child);
+    std::snprintf(path, sizeof(path), paths::CLIENT_SOCKET_FORMAT, child);
     std::remove(path);
 }
 
-bool judge(int child, int status) {
+bool finish(int child, int status) {
     if (WIFSIGNALED(status))
         removeSocketOf(child);
-    return succeeded(status);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-// A status that is lost says nothing, so the command counts as failed.
 void warnOfLostStatus() {
     static platform::OnceWarning warning;
     warning.print(
@@ -57,49 +55,42 @@ void warnOfLostStatus() {
         "let it wait for its own children alone, each by its process id");
 }
 
-} // namespace
-
-ArgumentVector::ArgumentVector(const char* path, const char* interfaceArg, const char* command,
-                               const char* arg1, const char* arg2, const char* arg3) noexcept {
-    add(path);
-    add(interfaceArg);
-    if (!command)
-        return;
-    add(command);
-    if (!arg1)
-        return;
-    add(arg1);
-    add(arg2);
-    add(arg3);
-}
-
-void ArgumentVector::add(const char* entry) noexcept {
-    if (entry)
-        m_entries[m_count++] = entry;
-}
-
-SpawnedChild startChild(const char* path, const ArgumentVector& arguments,
-                        const FileDescriptor& output) {
-    const PriorityBoost boost(SPAWN_BOOST);
-    return SpawnedChild(path, arguments.get(), output.number());
-}
-
-bool waitWithPatience(SpawnedChild& child, const char* command) {
+bool waitForExit(SpawnedChild& child, const char* command) {
     ChildPause untilNextLook(child.endingId());
-    int patience = PATIENCE;
+    int pollsLeft = MAX_POLLS;
     for (;;) {
         const SpawnedChild::Look look = child.look();
         if (look == SpawnedChild::Look::LOST)
             warnOfLostStatus();
         if (look != SpawnedChild::Look::RUNNING)
-            return look == SpawnedChild::Look::ENDED && judge(child.id(), child.status());
-        if (--patience > 0) {
+            return look == SpawnedChild::Look::ENDED && finish(child.id(), child.status());
+        if (--pollsLeft > 0) {
             untilNextLook.pause(POLL_PAUSE_MS);
             continue;
         }
-        killImpatiently(child.id(), command);
+        killHungChild(child.id(), command);
         untilNextLook.pause(AFTER_KILL_MS);
     }
+}
+
+SpawnedChild startChild(const ArgumentList& arguments, const FileDescriptor& output) {
+    const PriorityBoost boost(SPAWN_BOOST);
+    return SpawnedChild(arguments.program(), arguments.get(), output.number());
+}
+
+} // namespace
+
+bool runChild(PlatformMutex& launchMutex, const ArgumentList& arguments, const char* command,
+              const char* resultFile) {
+    const MutexGuard guard(launchMutex);
+    if (!resultFile || !arguments.isComplete())
+        return false;
+    FileDescriptor output = createResultFile(resultFile);
+    if (!output.isOpen())
+        return false;
+    SpawnedChild child = startChild(arguments, output);
+    output.close();
+    return child.isStarted() && waitForExit(child, command);
 }
 
 } // namespace platwifi

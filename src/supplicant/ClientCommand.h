@@ -1,12 +1,12 @@
 #pragma once
 
+#include "platform/PlatformUtil.h"
 #include "supplicant/Arguments.h"
 #include "supplicant/ResultFile.h"
-#include "supplicant/WifiUtil.h"
 
 namespace platwifi {
 
-/// One command of the client: its word, and the result file's path up to the thread's id.
+/// One command of the client: its word, and the path of its result file without the thread's id.
 struct ClientCommand {
     const char* word;
     const char* resultPrefix;
@@ -31,13 +31,13 @@ constexpr ClientCommand SAVE_CONFIG{"save_config", "/tmp/wpa_cli_save_result_"};
 constexpr ClientCommand RECONFIGURE{"reconfigure", "/tmp/wpa_cli_reconfigure_result_"};
 constexpr ClientCommand REASSOCIATE{"reassociate", "/tmp/wpa_cli_reassociate_result_"};
 
-/// A command whose word the caller chooses. Its files are named without the client.
+/// For a command whose word the caller chooses.
 constexpr const char* CUSTOM_RESULT_PREFIX = "/tmp/wpa_custom_result_";
 
-/// The process lister's.
+/// For the process lister.
 constexpr const char* PROCESS_TABLE_PREFIX = "/tmp/process_table_result_";
 
-/// Every path of a result file up to the thread's id.
+/// The path of every result file without the thread's id.
 constexpr const char* RESULT_PREFIXES[] = {
     INTERFACE.resultPrefix,   LIST_NETWORKS.resultPrefix,  SCAN_RESULTS.resultPrefix,
     STATUS.resultPrefix,      SCAN.resultPrefix,           ADD_NETWORK.resultPrefix,
@@ -49,12 +49,14 @@ constexpr const char* RESULT_PREFIXES[] = {
 
 } // namespace command
 
-/// Runs a command for one interface. False where the interface does not do, too.
-bool runClient(WifiUtil& util, const ClientCommand& command, const InterfaceOption& interface,
-               const ResultFile& result, const char* arg1 = nullptr, const char* arg2 = nullptr,
-               const char* arg3 = nullptr);
+/// Runs a command for one interface, with the command's own arguments. False also for an option
+/// that names no interface.
+/// @param launchMutex  see runChild()
+bool runClient(PlatformMutex& launchMutex, const ClientCommand& command,
+               const InterfaceOption& option, const ResultFile& result,
+               const ArgumentList& arguments = {});
 
-/// Runs a command that is asked of no interface.
-bool runClient(WifiUtil& util, const ClientCommand& command, const ResultFile& result);
+/// Runs a command that concerns no interface.
+bool runClient(PlatformMutex& launchMutex, const ClientCommand& command, const ResultFile& result);
 
 } // namespace platwifi

@@ -1,5 +1,6 @@
 #include "supplicant/LeftoverFiles.h"
 
+#include "Paths.h"
 #include "platform/FolderClaim.h"
 #include "supplicant/ClientCommand.h"
 #include "supplicant/ResultTag.h"
@@ -22,9 +23,9 @@ struct FolderCloser {
     void operator()(DIR* folder) const noexcept { closedir(folder); }
 };
 
-// The tag of a result file's name; not valid for any other name.
+// The tag in a result file's name; invalid for any other name.
 ResultTag tagIn(std::string_view name) noexcept {
-    const std::size_t folder = std::strlen(RESULT_FOLDER) + 1;
+    const std::size_t folder = std::strlen(paths::RESULT_FOLDER) + 1;
     for (const std::string_view prefix : command::RESULT_PREFIXES) {
         const std::string_view beginning = prefix.substr(folder);
         if (name.substr(0, beginning.size()) == beginning)
@@ -33,17 +34,17 @@ ResultTag tagIn(std::string_view name) noexcept {
     return ResultTag("");
 }
 
-// What has a second name may be anything of this user that another one wants removed.
+// A second name may have been given by another user, to have some other file of this user removed.
 bool mayBeLeftover(int folder, const char* name) noexcept {
     struct stat facts {};
     return fstatat(folder, name, &facts, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(facts.st_mode) &&
            facts.st_uid == geteuid() && facts.st_nlink == 1;
 }
 
-// The name may come into use at any time: the look for its user follows the claim (see ResultClaim),
-// and the look at the file follows both.
+// A thread may begin to use the name at any time. So the order matters: claim the removal, look for
+// a claim of use (see ResultClaim), then look at the file once more.
 void removeUnused(int folder, const char* name, const ResultTag& tag) noexcept {
-    const FolderClaim removal(RESULT_FOLDER, tag.removalClaim());
+    const FolderClaim removal(paths::RESULT_FOLDER, tag.removalClaim());
     if (removal.isHeld() && !removal.sees(tag.useClaim()) && mayBeLeftover(folder, name))
         unlinkat(folder, name, 0);
 }
@@ -51,7 +52,7 @@ void removeUnused(int folder, const char* name, const ResultTag& tag) noexcept {
 } // namespace
 
 void removeLeftoverFiles() noexcept {
-    const std::unique_ptr<DIR, FolderCloser> folder(opendir(RESULT_FOLDER));
+    const std::unique_ptr<DIR, FolderCloser> folder(opendir(paths::RESULT_FOLDER));
     if (!folder)
         return;
     while (const dirent* entry = readdir(folder.get())) {

@@ -2,8 +2,8 @@
 
 namespace platwifi {
 
-/// Raises the calling thread's scheduling priority for the duration of a scope, unless that would
-/// exceed the highest priority of its policy; then it stays as it is.
+/// Raises the calling thread's scheduling priority for the duration of a scope. The priority stays
+/// as it is where the sum would exceed the highest priority of the policy.
 class PriorityBoost {
 public:
     explicit PriorityBoost(int amount) noexcept;

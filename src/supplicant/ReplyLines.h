@@ -4,10 +4,10 @@
 
 namespace platwifi {
 
-// How many lines of a reply the settings take.
+// The number of lines of a reply that the settings read.
 
 constexpr unsigned char ADAPTER_LINES = 2;
-constexpr unsigned char NETWORK_LINES = 32; ///< of the configured networks, and of those in range
+constexpr unsigned char NETWORK_LINES = 32; ///< of the configured networks, and of a scan
 constexpr unsigned char STATUS_LINES = 16;
 
 /// The array that a query fills with lines, and the owner of those lines.
@@ -26,7 +26,7 @@ public:
     const char* const* data() const noexcept { return m_lines.data(); }
     unsigned char capacity() const noexcept { return static_cast<unsigned char>(m_lines.size()); }
 
-    /// How many entries the query filled; it sets this itself.
+    /// The number of entries filled; the query sets it.
     unsigned char count = 0;
 
 private:

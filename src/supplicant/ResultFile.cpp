@@ -10,7 +10,8 @@ using platform::FileDescriptor;
 namespace platwifi {
 namespace {
 
-// A pipe put in the file's place must not block the caller: without a reader it does not open.
+// With O_NONBLOCK a pipe in the file's place fails to open for writing, instead of blocking the
+// caller.
 constexpr int SAFELY = O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
 constexpr int FOR_OUTPUT = O_WRONLY | O_CREAT | SAFELY;
 constexpr mode_t OUTPUT_MODE = S_IRUSR | S_IRGRP;
@@ -28,13 +29,14 @@ FileDescriptor replaceFile(const char* path) {
 
 FileDescriptor createResultFile(const char* path) {
     FileDescriptor file(open(path, FOR_OUTPUT, OUTPUT_MODE));
-    // The mode forbids writing even to the owner, so a file that stayed behind cannot be reopened.
+    // The mode forbids writing even to the owner, so a leftover file cannot be opened again.
     if (!file.isOpen() && errno == EACCES)
         return replaceFile(path);
     struct stat facts {};
     if (!isRegular(file, facts))
         return FileDescriptor();
-    // Under a second name it may be anything of this user that somebody wants emptied.
+    // A second name may have been given by another user, to have some other file of this user
+    // emptied.
     if (facts.st_uid != geteuid() || facts.st_nlink != 1)
         return replaceFile(path);
     if (ftruncate(file.number(), 0) != 0)

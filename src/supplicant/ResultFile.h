@@ -8,15 +8,14 @@
 
 namespace platwifi {
 
-/// Opens (creates, or empties) the file that takes a child's output, with mode 0440. It stands in a
-/// folder that everybody may write to, so a link, or anything else that is not a regular file, is
-/// refused; a file that is left over, and that this process may not write, does not own or that has a
-/// second name, is replaced.
+/// Creates or empties the file for a child's output, with mode 0440. Every user may write to its
+/// folder, so a link, or anything else that is not a regular file, is refused. A leftover file is
+/// replaced when this process may not write it, does not own it, or when it has a second name.
 platform::FileDescriptor createResultFile(const char* path);
 
-/// The file between a command and its reply. The name carries the calling thread's id, so two
-/// threads of a process never share one; the file is removed when the command is over. Until then the
-/// id is claimed, so that no process that starts takes the file for a leftover.
+/// The file for the reply to one command. Its name ends in the calling thread's id, so two threads
+/// of a process never share one. The id is claimed during the object's lifetime, so that no other
+/// process removes the file as a leftover. The destructor removes it.
 class ResultFile {
 public:
     /// @param prefix  path without the thread's id; cut together with it to 127 characters
@@ -28,10 +27,10 @@ public:
 
     const char* path() const noexcept { return m_path; }
 
-    /// Leaves the file where it is.
+    /// The destructor leaves the file in place.
     void keep() noexcept { m_kept = true; }
 
-    /// Opens what the child wrote. False where that cannot be done; then there is nothing to read.
+    /// Opens what the child wrote. On false there is nothing to read.
     bool open() noexcept;
 
     /// Reads the next line, or the next `size` - 1 characters of a longer one, without its line
@@ -45,7 +44,7 @@ private:
     bool m_kept = false;
 };
 
-/// A line of a client's reply. What is longer arrives in pieces.
+/// A line of a client's reply. A longer line arrives in pieces.
 struct ReplyLine {
     static constexpr int SIZE = 128;
     char text[SIZE] = "";

@@ -1,5 +1,6 @@
 #include "supplicant/ResultTag.h"
 
+#include "Paths.h"
 #include "platform/PlatformUtil.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@
 namespace platwifi {
 namespace {
 
-// Two claims a tag. A prime spreads addresses, which have low bits in common.
+// Each tag has two claims. A prime, because thread ids are addresses with low bits in common.
 constexpr std::uint32_t TAGS = 1073741789;
 static_assert(2 * (TAGS - 1) + 1 <= platform::FolderClaim::MAX_NUMBER, "every claim has a number");
 
@@ -46,9 +47,11 @@ std::uint32_t ResultTag::removalClaim() const noexcept {
     return pairOf(m_text) + 1;
 }
 
-// Each side claims first and looks second, so that at least one of them sees the other. A removal takes
-// microseconds; one that lasts is of a process that was stopped in it, or is pretended by another user.
-ResultClaim::ResultClaim(const ResultTag& tag) noexcept : m_claim(RESULT_FOLDER, tag.useClaim()) {
+// The user of a file and its remover each claim first and look second, so that at least one of them
+// sees the other. A removal takes microseconds. A claim that lasts longer belongs to a stopped
+// process, or was made by another user to block this one: the wait is limited.
+ResultClaim::ResultClaim(const ResultTag& tag) noexcept
+    : m_claim(paths::RESULT_FOLDER, tag.useClaim()) {
     for (int look = 0; look < REMOVAL_LOOKS && m_claim.sees(tag.removalClaim()); ++look)
         PlatformUtil::sleep(REMOVAL_PAUSE_MS);
 }

@@ -7,24 +7,21 @@
 
 namespace platwifi {
 
-/// Where result files stand.
-constexpr const char* RESULT_FOLDER = "/tmp";
-
-/// What tells the result files of one thread from those of others: a decimal number at the end of the
-/// name. It belongs to no process in particular, so a thread claims its number while it uses a file.
+/// The end of a result file's name: the id of the thread that uses it, as a decimal number. Threads
+/// of different processes may have the same id, so a thread claims its number while it uses a file.
 class ResultTag {
 public:
-    /// The calling thread's.
+    /// The tag of the calling thread.
     ResultTag() noexcept;
 
-    /// That of a file name behind its prefix; not valid unless it is digits only.
+    /// The tag in a file name, without the prefix; invalid unless it is digits only.
     explicit ResultTag(std::string_view digits) noexcept;
 
     bool isValid() const noexcept { return m_text[0] != '\0'; }
     const char* text() const noexcept { return m_text; }
 
-    /// The claims (platform/FolderClaim.h) that say that a thread uses its file, and that a process is
-    /// about to remove one as a leftover. Two tags may share a number.
+    /// The number of the claim (platform/FolderClaim.h) of a thread that uses its file, and that of
+    /// a process that is about to remove one as a leftover. Two tags may share a number.
     std::uint32_t useClaim() const noexcept;
     std::uint32_t removalClaim() const noexcept;
 
@@ -32,7 +29,8 @@ private:
     char m_text[24] = "";
 };
 
-/// A thread's claim on its result file: none is removed as a leftover as long as this object lives.
+/// A thread's claim on its result file. No process removes the file as a leftover during its
+/// lifetime.
 class ResultClaim {
 public:
     explicit ResultClaim(const ResultTag& tag) noexcept;

@@ -7,29 +7,29 @@
 namespace platwifi {
 namespace {
 
-enum class Match { Prefix, Whole };
+enum class Match { PREFIX, WHOLE };
 
 struct TextKey {
     const char* name;
     Match match;
 };
 
-// By prefix, the numbered and the second-phase variants are meant too: wep_key0, ca_cert2,
+// A prefix also covers the numbered fields and those of the second phase: wep_key0, ca_cert2,
 // private_key2_passwd.
 constexpr TextKey TEXT_KEYS[] = {
-    {"wep_key", Match::Prefix},            //
-    {"ca_cert", Match::Prefix},            //
-    {"ca_path", Match::Prefix},            //
-    {"client_cert", Match::Prefix},        //
-    {"private_key", Match::Prefix},        //
-    {"private_key_passwd", Match::Prefix}, //
-    {"ssid", Match::Whole},                //
-    {"psk", Match::Whole},                 //
-    {"identity", Match::Whole},            //
-    {"anonymous_identity", Match::Whole},  //
-    {"password", Match::Whole},            //
-    {"phase1", Match::Whole},              //
-    {"phase2", Match::Whole},              //
+    {"wep_key", Match::PREFIX},            //
+    {"ca_cert", Match::PREFIX},            //
+    {"ca_path", Match::PREFIX},            //
+    {"client_cert", Match::PREFIX},        //
+    {"private_key", Match::PREFIX},        //
+    {"private_key_passwd", Match::PREFIX}, //
+    {"ssid", Match::WHOLE},                //
+    {"psk", Match::WHOLE},                 //
+    {"identity", Match::WHOLE},            //
+    {"anonymous_identity", Match::WHOLE},  //
+    {"password", Match::WHOLE},            //
+    {"phase1", Match::WHOLE},              //
+    {"phase2", Match::WHOLE},              //
 };
 
 // A value of this length is the key itself, in hexadecimal; any other length is a text.
@@ -39,13 +39,13 @@ struct RawKey {
 };
 
 constexpr RawKey RAW_KEYS[] = {
-    {{"wep_key", Match::Prefix}, 10}, // 40 bits
-    {{"wep_key", Match::Prefix}, 26}, // 104 bits
-    {{"psk", Match::Whole}, 64},
+    {{"wep_key", Match::PREFIX}, 10}, // 40 bits
+    {{"wep_key", Match::PREFIX}, 26}, // 104 bits
+    {{"psk", Match::WHOLE}, 64},
 };
 
 bool matches(const TextKey& wanted, const char* key) {
-    if (wanted.match == Match::Whole)
+    if (wanted.match == Match::WHOLE)
         return std::strcmp(key, wanted.name) == 0;
     return std::strncmp(key, wanted.name, std::strlen(wanted.name)) == 0;
 }

@@ -4,8 +4,8 @@
 
 namespace platwifi {
 
-/// The value of a network's field as the client wants it: in double quotes where the field is a
-/// text and the value is neither quoted already (on either side) nor a key in hexadecimal.
+/// The value of a network's field as the client expects it: in double quotes where the field is a
+/// text and the value neither has a quote at either end nor is a key in hexadecimal.
 std::string quotedFor(const char* key, const char* value);
 
 /// The text between double quotes, whatever it holds.

@@ -1,7 +1,8 @@
-// The instance, the runner of child processes, and the question whether the supplicant runs.
+// The instance, the launch of a child, and whether the supplicant runs.
 
 #include "supplicant/WifiUtil.h"
 
+#include "Paths.h"
 #include "platform/MutexGuard.h"
 #include "supplicant/Arguments.h"
 #include "supplicant/ChildProcess.h"
@@ -20,19 +21,20 @@ using namespace platwifi;
 
 namespace {
 
-constexpr const char* PROCESS_LISTER = "/proc/boot/pidin";
+constexpr const char* LIST_ARGUMENTS = "arg"; // the process lister's command
 constexpr const char* SUPPLICANT = "wpa_supplicant";
-constexpr const char* SUPPLICANT_PID_FILE = "/var/run/wpa_supplicant.pid";
 constexpr int PROCESS_LINE_SIZE = 512;
 
-// Guards the instance and whether it is probed: threads that call at the same time get one, probed once.
+// Guards INSTANCE and its isProbed: threads that call at the same time get one instance, probed
+// once.
 std::mutex& instanceMutex() {
     static std::mutex mutex;
     return mutex;
 }
 
-// Whether the first adapter that the client lists comes behind a time of day. Asked by a driver that
-// expects none: the one that other threads use may still expect them from an earlier probe.
+// Whether the client puts a time of day in front of the first adapter. A driver of its own asks,
+// which expects no stamps: the instance may still expect them from an earlier probe, and would
+// remove them.
 bool answersWithTimestamps() {
     WifiUtil probe;
     ReplyLines adapters(1);
@@ -55,7 +57,7 @@ bool supplicantIsListed(ResultFile& processes) {
 
 bool pidFileExists() {
     struct stat facts {};
-    return stat(SUPPLICANT_PID_FILE, &facts) == 0;
+    return stat(paths::PID_FILE, &facts) == 0;
 }
 
 } // namespace
@@ -66,7 +68,7 @@ WifiUtil* WifiUtil::getInstance() {
     const std::lock_guard<std::mutex> guard(instanceMutex());
     if (!INSTANCE) {
         removeLeftoverFilesOnce();
-        INSTANCE = new (std::nothrow) WifiUtil; // never deleted: other threads may be using it
+        INSTANCE = new (std::nothrow) WifiUtil; // never deleted: other threads may use it
     }
     if (INSTANCE && !INSTANCE->isProbed) {
         const MutexGuard alone(INSTANCE->launchMutex); // children run one at a time
@@ -100,18 +102,8 @@ void WifiUtil::cleanup() {
 bool WifiUtil::launchProcess(const char* path, const char* command, const char* interfaceArg,
                              const char* arg1, const char* arg2, const char* arg3,
                              const char* resultFile) {
-    if (!path)
-        return false;
-    const ArgumentVector arguments(path, interfaceArg, command, arg1, arg2, arg3);
-    const MutexGuard guard(launchMutex);
-    if (!resultFile)
-        return false;
-    platform::FileDescriptor output = createResultFile(resultFile);
-    if (!output.isOpen())
-        return false;
-    platform::SpawnedChild child = startChild(path, arguments, output);
-    output.close();
-    return child.isStarted() && waitWithPatience(child, command);
+    return path && runChild(launchMutex, argumentsOf(path, interfaceArg, command, arg1, arg2, arg3),
+                            command, resultFile);
 }
 
 bool WifiUtil::ignoreTimestamp(char* line) {
@@ -122,7 +114,7 @@ bool WifiUtil::ignoreTimestamp(char* line) {
         colon = std::strchr(colon + 1, ':');
     if (!colon || colon[1] == '\0')
         return false;
-    const char* const text = colon + 2; // the character after the colon, a blank, goes too
+    const char* const text = colon + 2; // also skips the character after the colon, a blank
     std::memmove(line, text, std::strlen(text) + 1);
     return true;
 }
@@ -130,12 +122,12 @@ bool WifiUtil::ignoreTimestamp(char* line) {
 bool WifiUtil::isWifiEnabled(const char* iface) {
     if (!iface)
         return pidFileExists();
-    const InterfaceOption interface(iface);
+    const InterfaceOption option(iface);
     ResultFile result(command::PROCESS_TABLE_PREFIX);
-    // The one child whose interface option says nothing to it.
-    return interface.isValid() &&
-           launchProcess(PROCESS_LISTER, "arg", interface.text(), nullptr, nullptr, nullptr,
-                         result.path()) &&
+    // The process lister ignores the interface, so an empty name is accepted.
+    return option.isValid() &&
+           runChild(launchMutex, {paths::PROCESS_LISTER, option.text(), LIST_ARGUMENTS},
+                    LIST_ARGUMENTS, result.path()) &&
            result.open() && supplicantIsListed(result);
 }
 

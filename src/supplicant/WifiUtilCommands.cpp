@@ -1,6 +1,5 @@
-// What the supplicant is told: networks, connection and configuration.
+// The commands that change something: networks, connection and configuration.
 
-#include "supplicant/Arguments.h"
 #include "supplicant/ClientCommand.h"
 #include "supplicant/Reply.h"
 #include "supplicant/ValueQuoting.h"
@@ -15,8 +14,8 @@ using namespace platwifi;
 
 namespace {
 
-// The id of a new network as the client printed it, or nothing: any other text, or an id that a network
-// cannot hold, would make the next commands change another network.
+// The id of a new network as the client printed it. No value for any other text and for an id above
+// 255: the next commands would change another network.
 std::optional<unsigned char> newNetworkId(const char* text) {
     constexpr std::size_t MOST_DIGITS = 8;
     constexpr unsigned long LARGEST_ID = 255;
@@ -27,7 +26,7 @@ std::optional<unsigned char> newNetworkId(const char* text) {
     return id <= LARGEST_ID ? std::optional(static_cast<unsigned char>(id)) : std::nullopt;
 }
 
-// Reads the reply's first line, which alone decides.
+// Reads the first line of the reply. It alone shows whether the command was refused.
 bool readAccepted(ResultFile& result, ReplyLine& line) {
     if (!result.open())
         return false;
@@ -35,26 +34,24 @@ bool readAccepted(ResultFile& result, ReplyLine& line) {
     return isAccepted(line.text);
 }
 
-bool runAccepted(WifiUtil& util, const ClientCommand& command, const char* iface, ReplyLine& line,
-                 const char* arg1 = nullptr, const char* arg2 = nullptr,
-                 const char* arg3 = nullptr) {
+bool runAccepted(PlatformMutex& launchMutex, const ClientCommand& command, const char* iface,
+                 ReplyLine& line, const ArgumentList& arguments = {}) {
     ResultFile result(command.resultPrefix);
-    return runClient(util, command, InterfaceOption(iface), result, arg1, arg2, arg3) &&
+    return runClient(launchMutex, command, InterfaceOption(iface), result, arguments) &&
            readAccepted(result, line);
 }
 
-bool runAccepted(WifiUtil& util, const ClientCommand& command, const char* iface,
-                 const char* arg1 = nullptr, const char* arg2 = nullptr,
-                 const char* arg3 = nullptr) {
+bool runAccepted(PlatformMutex& launchMutex, const ClientCommand& command, const char* iface,
+                 const ArgumentList& arguments = {}) {
     ReplyLine line;
-    return runAccepted(util, command, iface, line, arg1, arg2, arg3);
+    return runAccepted(launchMutex, command, iface, line, arguments);
 }
 
-// For commands whose reply is not looked at, deliberately: a refusal counts as success.
-bool runExited(WifiUtil& util, const ClientCommand& command, const char* iface,
-               const char* arg1 = nullptr) {
+// For commands whose reply is not read: a refusal counts as success.
+bool runExited(PlatformMutex& launchMutex, const ClientCommand& command, const char* iface,
+               const ArgumentList& arguments = {}) {
     const ResultFile result(command.resultPrefix);
-    return runClient(util, command, InterfaceOption(iface), result, arg1);
+    return runClient(launchMutex, command, InterfaceOption(iface), result, arguments);
 }
 
 } // namespace
@@ -63,17 +60,17 @@ bool WifiUtil::createNetwork(const char* iface, const char* ssid, unsigned char*
     if (!ssid || !id)
         return false;
     ReplyLine line;
-    if (!runAccepted(*this, command::ADD_NETWORK, iface, line))
+    if (!runAccepted(launchMutex, command::ADD_NETWORK, iface, line))
         return false;
     if (timestampedOutput == 1)
         ignoreTimestamp(line.text);
     const std::optional<unsigned char> created = newNetworkId(line.text);
     if (!created)
         return false;
-    *id = *created; // the commands have the client's own text
-    return runAccepted(*this, command::SET_NETWORK, iface, line.text, "ssid",
-                       quoted(ssid).c_str()) &&
-           runAccepted(*this, command::ENABLE_NETWORK, iface, line.text);
+    *id = *created; // the commands below send the client's own digits
+    return runAccepted(launchMutex, command::SET_NETWORK, iface,
+                       {line.text, "ssid", quoted(ssid).c_str()}) &&
+           runAccepted(launchMutex, command::ENABLE_NETWORK, iface, {line.text});
 }
 
 bool WifiUtil::setNetworkValue(const char* iface, unsigned char id, const char* key,
@@ -82,50 +79,51 @@ bool WifiUtil::setNetworkValue(const char* iface, unsigned char id, const char* 
         return false;
     const std::string sent = quotedFor(key, value);
     return !isClientOption(sent.c_str()) &&
-           runAccepted(*this, command::SET_NETWORK, iface, NetworkIdArgument(id).text(), key,
-                       sent.c_str());
+           runAccepted(launchMutex, command::SET_NETWORK, iface,
+                       {NetworkIdArgument(id).text(), key, sent.c_str()});
 }
 
 bool WifiUtil::getNetworkValue(const char* iface, unsigned char id, const char* key, char* out,
                                unsigned int outSize) {
     ReplyLine line;
     if (!key || !out ||
-        !runAccepted(*this, command::GET_NETWORK, iface, line, NetworkIdArgument(id).text(), key))
+        !runAccepted(launchMutex, command::GET_NETWORK, iface, line,
+                     {NetworkIdArgument(id).text(), key}))
         return false;
     if (timestampedOutput == 1)
         ignoreTimestamp(line.text);
     stripQuotes(line.text);
-    std::strncpy(out, line.text, outSize); // deliberately without a NUL where the value fills `out`
+    std::strncpy(out, line.text, outSize); // no NUL is added to a value that fills `out`
     return true;
 }
 
 bool WifiUtil::connectToNetwork(const char* iface, unsigned char id) {
-    return runExited(*this, command::SELECT, iface, NetworkIdArgument(id).text());
+    return runExited(launchMutex, command::SELECT, iface, {NetworkIdArgument(id).text()});
 }
 
 bool WifiUtil::disconnectFromNetwork(const char* iface, unsigned char /*id*/) {
-    return runExited(*this, command::DISCONNECT, iface);
+    return runExited(launchMutex, command::DISCONNECT, iface);
 }
 
 bool WifiUtil::removeNetwork(const char* iface, unsigned char id) {
-    return runAccepted(*this, command::REMOVE_NETWORK, iface, NetworkIdArgument(id).text());
+    return runAccepted(launchMutex, command::REMOVE_NETWORK, iface, {NetworkIdArgument(id).text()});
 }
 
 bool WifiUtil::saveConfiguration(const char* iface) {
-    return runAccepted(*this, command::SAVE_CONFIG, iface);
+    return runAccepted(launchMutex, command::SAVE_CONFIG, iface);
 }
 
 bool WifiUtil::reloadConfiguration(const char* iface) {
-    return runAccepted(*this, command::RECONFIGURE, iface);
+    return runAccepted(launchMutex, command::RECONFIGURE, iface);
 }
 
 bool WifiUtil::forceReassociation(const char* iface) {
-    return runAccepted(*this, command::REASSOCIATE, iface);
+    return runAccepted(launchMutex, command::REASSOCIATE, iface);
 }
 
 bool WifiUtil::executeCustom(const char* iface, unsigned char id, const char* command,
                              const char* value) {
     return command && !(value && isClientOption(value)) &&
-           runAccepted(*this, {command, command::CUSTOM_RESULT_PREFIX}, iface,
-                       NetworkIdArgument(id).text(), value);
+           runAccepted(launchMutex, {command, command::CUSTOM_RESULT_PREFIX}, iface,
+                       {NetworkIdArgument(id).text(), value});
 }

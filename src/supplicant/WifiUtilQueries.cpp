@@ -1,4 +1,4 @@
-// What the supplicant is asked: adapters, networks, scan results and status.
+// The queries: adapters, networks, scan results and status; and the scan.
 
 #include "TextCopy.h"
 #include "model/WifiTypes.h"
@@ -12,14 +12,13 @@ using namespace platwifi;
 
 namespace {
 
-constexpr unsigned char STATUS_LINES = 16;
 constexpr int SCAN_PAUSE_MS = 1000;
 constexpr int LAST_SCAN_PASS = 15;
 
 struct ListQuery {
     const ClientCommand& command;
     int headerLines;
-    bool stampedFirstEntry; // a stamp stands in front of the first line that is handed back
+    bool stampsFirstEntry; // whether a client that stamps its replies stamps the first entry
 };
 
 constexpr ListQuery ADAPTERS{command::INTERFACE, 2, true};
@@ -27,8 +26,8 @@ constexpr ListQuery CONFIGURED_NETWORKS{command::LIST_NETWORKS, 1, false};
 constexpr ListQuery FOUND_NETWORKS{command::SCAN_RESULTS, 1, false};
 constexpr ListQuery CURRENT_STATUS{command::STATUS, 0, true};
 
-// Where a list query puts its lines.
-struct LineSink {
+// The array of the caller, into which a list query puts copies of the lines.
+struct LineArray {
     char** out;
     unsigned char max;
     unsigned char* count;
@@ -39,34 +38,34 @@ struct LineSink {
     void add(const char* line) { out[(*count)++] = copyOf(line); }
 };
 
-void readEntries(ResultFile& result, const ListQuery& query, bool stamped, LineSink sink) {
+void readEntries(ResultFile& result, const ListQuery& query, bool stamped, LineArray array) {
     ReplyLine line;
     for (int i = 0; i < query.headerLines; ++i)
         line.readFrom(result);
-    while (line.readFrom(result) && !sink.isFull()) {
+    while (line.readFrom(result) && !array.isFull()) {
         if (line.text[0] == '\0')
             continue;
-        if (stamped && query.stampedFirstEntry && *sink.count == 0)
+        if (stamped && query.stampsFirstEntry && *array.count == 0)
             WifiUtil::ignoreTimestamp(line.text);
-        sink.add(line.text);
+        array.add(line.text);
     }
 }
 
-bool readReply(ResultFile& result, const ListQuery& query, bool stamped, LineSink sink) {
+bool readReply(ResultFile& result, const ListQuery& query, bool stamped, LineArray array) {
     if (!result.open())
         return false;
-    readEntries(result, query, stamped, sink);
+    readEntries(result, query, stamped, array);
     return true;
 }
 
-bool listFor(WifiUtil& util, const ListQuery& query, const char* iface, bool stamped,
-             LineSink sink) {
-    if (!sink.isUsable())
+bool listFor(PlatformMutex& launchMutex, const ListQuery& query, const char* iface, bool stamped,
+             LineArray array) {
+    if (!array.isUsable())
         return false;
-    *sink.count = 0;
+    *array.count = 0;
     ResultFile result(query.command.resultPrefix);
-    return runClient(util, query.command, InterfaceOption(iface), result) &&
-           readReply(result, query, stamped, sink);
+    return runClient(launchMutex, query.command, InterfaceOption(iface), result) &&
+           readReply(result, query, stamped, array);
 }
 
 bool readState(WifiUtil& util, const char* iface, WpaState& state) {
@@ -81,11 +80,11 @@ bool scanIsDue(WpaState state) {
     return state != WPA_STATE_UNKNOWN && state != WPA_STATE_SCANNING;
 }
 
-bool startScan(WifiUtil& util, const char* iface) {
+bool startScan(PlatformMutex& launchMutex, const char* iface) {
     ResultFile result(command::SCAN.resultPrefix);
-    if (!runClient(util, command::SCAN, InterfaceOption(iface), result))
+    if (!runClient(launchMutex, command::SCAN, InterfaceOption(iface), result))
         return false;
-    result.keep(); // nobody reads it; the thread's next scan overwrites it
+    result.keep(); // never read; the thread's next scan overwrites it
     return true;
 }
 
@@ -103,35 +102,36 @@ void waitForScan(WifiUtil& util, const char* iface) {
 } // namespace
 
 bool WifiUtil::getWifiAdapters(char** out, unsigned char max, unsigned char* count) {
-    const LineSink sink{out, max, count};
-    if (!sink.isUsable())
+    const LineArray array{out, max, count};
+    if (!array.isUsable())
         return false;
     ResultFile result(ADAPTERS.command.resultPrefix);
-    return runClient(*this, ADAPTERS.command, result) &&
-           readReply(result, ADAPTERS, timestampedOutput == 1, sink);
+    return runClient(launchMutex, ADAPTERS.command, result) &&
+           readReply(result, ADAPTERS, timestampedOutput == 1, array);
 }
 
 bool WifiUtil::getNetworkDatabaseSsids(const char* iface, char** out, unsigned char max,
                                        unsigned char* count) {
-    return listFor(*this, CONFIGURED_NETWORKS, iface, timestampedOutput == 1, {out, max, count});
+    return listFor(launchMutex, CONFIGURED_NETWORKS, iface, timestampedOutput == 1,
+                   {out, max, count});
 }
 
 bool WifiUtil::discoverNetworks(const char* iface, char** out, unsigned char max,
                                 unsigned char* count) {
-    return listFor(*this, FOUND_NETWORKS, iface, timestampedOutput == 1, {out, max, count});
+    return listFor(launchMutex, FOUND_NETWORKS, iface, timestampedOutput == 1, {out, max, count});
 }
 
 bool WifiUtil::getCurrentNetworkStatus(const char* iface, char** out, unsigned char max,
                                        unsigned char* count) {
-    return listFor(*this, CURRENT_STATUS, iface, timestampedOutput == 1, {out, max, count});
+    return listFor(launchMutex, CURRENT_STATUS, iface, timestampedOutput == 1, {out, max, count});
 }
 
 bool WifiUtil::scanNetworks(const char* iface) {
     WpaState state = WPA_STATE_UNKNOWN;
     if (!readState(*this, iface, state))
         return false;
-    if (scanIsDue(state) && !startScan(*this, iface))
+    if (scanIsDue(state) && !startScan(launchMutex, iface))
         return false;
     waitForScan(*this, iface);
-    return true; // whatever the wait came to
+    return true; // also when a status could not be read while waiting
 }

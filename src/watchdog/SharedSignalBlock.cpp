@@ -1,9 +1,11 @@
 #include "watchdog/SharedSignalBlock.h"
 
+#include "Paths.h"
 #include "platform/OnceWarning.h"
 
 #include <cerrno>
 #include <cstddef>
+#include <string>
 #include <type_traits>
 
 static_assert(std::is_standard_layout_v<SharedSignalBlock>);
@@ -15,23 +17,23 @@ namespace {
 
 constexpr std::chrono::seconds LOCK_LIMIT(1);
 
-// The holder of a shared lock needs it for microseconds, but its process may be stopped meanwhile, or its
-// memory damaged. A caller must not wait with it.
-int lockInTime(PlatformMutex& mutex) noexcept {
+// A shared lock is held for microseconds, unless the holder's process is stopped or the memory is
+// damaged. The limit keeps this process from waiting for as long.
+int lockWithLimit(PlatformMutex& mutex) noexcept {
     static platform::OnceWarning warning;
     const int error =
         PlatformUtil::lockMutexUntil(&mutex, std::chrono::steady_clock::now() + LOCK_LIMIT);
     if (error == ETIMEDOUT) {
         warning.print(
-            "a lock in the shared memory object /wifi_shmem has been held for more than a "
-            "second; until it is free, this process and others do not notice each other's "
-            "saves; continue or end the process that is stopped");
+            std::string("a lock in the shared memory object ") + platwifi::paths::BLOCK_NAME +
+            " has been held for more than a second; until it is free, this process and others do "
+            "not notice each other's saves; continue or end the process that is stopped");
     }
     return error;
 }
 
-// One that cannot be recovered is not held any more.
-int usable(PlatformMutex& mutex) noexcept {
+// Releases a mutex that cannot be made consistent.
+int makeConsistent(PlatformMutex& mutex) noexcept {
     const int error = PlatformUtil::makeMutexConsistent(&mutex);
     if (error != 0)
         PlatformUtil::unlockMutex(&mutex);
@@ -72,7 +74,8 @@ void SharedSignalBlock::addUser() noexcept {
     unlock();
 }
 
-// A mutex that a thread still holds when its memory goes would be found by the thread's later locks.
+// Releases every lock of the calling thread: the C library keeps a list of the robust mutexes that
+// a thread holds, and would use this one after its memory is unmapped.
 void SharedSignalBlock::leave() noexcept {
     if (lock() != 0)
         return;
@@ -83,8 +86,8 @@ void SharedSignalBlock::leave() noexcept {
     PlatformUtil::releaseMutex(&blockMutex);
 }
 
-// The block mutex is released as any other time, not destroyed: a process that opened the object
-// before it lost its name may be waiting for it. It owns nothing beyond its memory.
+// The block mutex is not destroyed: a process that opened the object before it lost its name may be
+// waiting for it. A mutex owns nothing beyond its memory.
 void SharedSignalBlock::end() noexcept {
     attachCount = 0;
     refreshPending = 0;
@@ -94,7 +97,7 @@ void SharedSignalBlock::end() noexcept {
 }
 
 int SharedSignalBlock::lock() noexcept {
-    return recovered(lockInTime(blockMutex));
+    return recovered(lockWithLimit(blockMutex));
 }
 
 int SharedSignalBlock::unlock() noexcept {
@@ -102,7 +105,7 @@ int SharedSignalBlock::unlock() noexcept {
 }
 
 int SharedSignalBlock::lockSignal() noexcept {
-    return signalRecovered(lockInTime(signalMutex));
+    return signalRecovered(lockWithLimit(signalMutex));
 }
 
 int SharedSignalBlock::unlockSignal() noexcept {
@@ -134,8 +137,8 @@ bool SharedSignalBlock::take(std::uint32_t ownId) noexcept {
     return foreign;
 }
 
-// A count is changed by a single store: it is right, whenever the process died.
-void SharedSignalBlock::raiseForTheDead() noexcept {
+// `attachCount` needs no repair: it is changed by a single store.
+void SharedSignalBlock::raiseAfterOwnerDied() noexcept {
     refreshPending = 1;
     refreshSender = NO_SENDER;
 }
@@ -143,16 +146,16 @@ void SharedSignalBlock::raiseForTheDead() noexcept {
 int SharedSignalBlock::recovered(int error) noexcept {
     if (error != EOWNERDEAD)
         return error;
-    raiseForTheDead();
-    return usable(blockMutex);
+    raiseAfterOwnerDied();
+    return makeConsistent(blockMutex);
 }
 
 int SharedSignalBlock::signalRecovered(int error) noexcept {
     if (error != EOWNERDEAD)
         return error;
     const bool isLocked = lock() == 0;
-    raiseForTheDead(); // without the lock, too: what its holder changes meanwhile is lost, not this
+    raiseAfterOwnerDied(); // even without the lock: this signal must not be lost
     if (isLocked)
         unlock();
-    return usable(signalMutex);
+    return makeConsistent(signalMutex);
 }

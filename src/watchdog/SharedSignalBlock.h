@@ -8,50 +8,51 @@
 #include <cstdint>
 #include <pthread.h>
 
-/// What the processes of a host share, to tell each other that the supplicant's configuration has been
-/// saved: the contents of the shared memory object.
+/// The contents of the shared memory object, through which the processes of a host notify each
+/// other that the supplicant's configuration was saved.
 ///
-/// Two locks, always in this order: the signal mutex, held around raising and taking the signal, then
-/// the block mutex, which guards the three numbers. Both outlive a process that dies holding them: the
-/// next one to lock them raises a signal without a sender first, because the dead one may have been
-/// raising or taking one, and a reload too many does no harm. A holder that does not release them,
-/// because its process is stopped, is waited for for a second: then ETIMEDOUT, and the first time in a
-/// process a line on standard error.
+/// It has two locks. The signal mutex is held around raising and taking the signal. The block mutex
+/// guards the three numbers. A thread that needs both takes the signal mutex first.
 ///
-/// An operation that locks gives 0, or an error number when the lock is not held.
+/// Both locks are robust. When a process dies while it holds one, the next process that locks it
+/// first raises a signal without a sender: the dead process may have been raising or taking one,
+/// and one reload too many does no harm. When the holder's process is stopped, a lock fails after a
+/// second with ETIMEDOUT, and the first time in a process with a line on standard error.
+///
+/// An operation that locks returns 0, or an error number when the lock is not held.
 struct SharedSignalBlock {
     static constexpr std::uint32_t NO_SENDER = UINT32_MAX;
 
     PlatformMutex blockMutex;  ///< recursive
-    PlatformMutex signalMutex; ///< the one that goes with the condition
+    PlatformMutex signalMutex; ///< the mutex of the condition
     union {
         platform::SharedCondition refreshCondition;
-        pthread_cond_t conditionSlot; ///< the room that the platform's own would take
+        pthread_cond_t conditionSlot; ///< gives the union the size of a POSIX condition
     };
     std::uint32_t refreshPending; ///< 1 while a signal is raised
     std::uint32_t refreshSender;  ///< id of the thread that raised it, or NO_SENDER
-    std::uint32_t attachCount;    ///< watchdogs that use the block, 0 when its last user has left
+    std::uint32_t attachCount;    ///< watchdogs that use the block; 0 after the last one has left
 
-    /// Makes zeroed memory, which nobody else sees, a block with one user. For SharedMemory.
+    /// Sets up a block with one user in zeroed memory that no other process sees. For SharedMemory.
     static bool setUp(void* memory) noexcept;
 
-    /// Becomes one more user of what may be a block. REFUSED when it is none, or has been left by its
-    /// last user; BUSY when its lock cannot be had. For SharedMemory.
+    /// Becomes a user of memory that may be a block. REFUSED when it is none, or its last user has
+    /// left; BUSY when its lock stays held. For SharedMemory.
     static platform::SharedMemory::Joining join(void* memory) noexcept;
 
-    /// Becomes one more user of a block that is in use.
+    /// Counts one more user of a block that is in use.
     void addUser() noexcept;
 
-    /// Leaves the block; the last user ends it. Whoever comes to it by then finds it without users.
-    /// The calling thread must not hold the signal mutex; it gives the block mutex back however often
-    /// it holds it.
+    /// Leaves the block; the last user ends it, and join() refuses it from then on. The calling
+    /// thread must not hold the signal mutex. Every lock of the block mutex that it holds is
+    /// released.
     void leave() noexcept;
 
-    /// The block mutex.
+    /// Lock and unlock the block mutex.
     int lock() noexcept;
     int unlock() noexcept;
 
-    /// The signal mutex.
+    /// Lock and unlock the signal mutex.
     int lockSignal() noexcept;
     int unlockSignal() noexcept;
 
@@ -59,18 +60,19 @@ struct SharedSignalBlock {
     /// @return 0, or the error number of lock(): nothing was raised
     int raise(std::uint32_t sender) noexcept;
 
-    /// Waits for raise(). The caller holds the signal mutex, and holds it again afterwards, unless an
-    /// error number is returned. A deadline that passes is no error.
+    /// Waits for raise() or the deadline. The caller holds the signal mutex, and still does when 0
+    /// is returned. A deadline that passes is no error.
+    /// @return 0, or an error number: the signal mutex is not held then
     int wait(std::chrono::steady_clock::time_point deadline) noexcept;
 
-    /// Takes the signal, when there is one that somebody else has raised. The caller holds the signal
-    /// mutex.
-    /// @return whether there was one
+    /// Takes the signal back if it is raised and `ownId` is not its sender. The caller holds the
+    /// signal mutex.
+    /// @return whether it took one
     bool take(std::uint32_t ownId) noexcept;
 
 private:
     int recovered(int error) noexcept;
     int signalRecovered(int error) noexcept;
-    void raiseForTheDead() noexcept;
+    void raiseAfterOwnerDied() noexcept;
     void end() noexcept;
 };

@@ -1,7 +1,8 @@
 #include "watchdog/WifiHostSettingsWatchdog.h"
 
+#include "Paths.h"
 #include "platform/Deadline.h"
-#include "watchdog/SettingsDoor.h"
+#include "watchdog/ReloadHook.h"
 #include "watchdog/SharedSignalBlock.h"
 
 #include <cerrno>
@@ -10,7 +11,6 @@ using namespace platwifi;
 
 namespace {
 
-constexpr const char* BLOCK_NAME = "/wifi_shmem";
 constexpr const char* THREAD_NAME = "tWifiRefreshWatchdog";
 
 std::uint32_t ownId() noexcept {
@@ -23,7 +23,7 @@ WifiHostSettingsWatchdog::WifiHostSettingsWatchdog() noexcept
     : block(nullptr), shmCreator(false), threadId(NO_THREAD), hasBegun(false), runner(NO_THREAD),
       destroyed(nullptr) {}
 
-// Waits once more for the end of the run: a thread that has stopped itself may still be in it.
+// Waits for the end of the run again: stop() on the refresh thread itself did not wait.
 WifiHostSettingsWatchdog::~WifiHostSettingsWatchdog() {
     stop();
     awaitEndOfRun();
@@ -39,7 +39,7 @@ bool WifiHostSettingsWatchdog::initialize() noexcept {
     return true;
 }
 
-// The run has to have begun before another thread may want to wait for its end.
+// Waits until the run has begun. Otherwise stop() could return before the thread enters run().
 void WifiHostSettingsWatchdog::start() noexcept {
     if (threadId != NO_THREAD)
         return;
@@ -99,18 +99,18 @@ int WifiHostSettingsWatchdog::checkForRefreshSignal(unsigned int seconds) noexce
     return seen ? -1 : 0;
 }
 
-// A reload, or a signal to other processes, that is not possible right now is owed until it is.
+// A reload or a notification that fails is tried again in the next cycle.
 void WifiHostSettingsWatchdog::run() noexcept {
     bool isDestroyed = false;
-    bool notifyOwed = false;
-    bool refreshOwed = false;
+    bool notifyAgain = false;
+    bool reloadAgain = false;
     beginRun(&isDestroyed);
     while (checkForStopSignal(1) == 0) {
         const bool hasSaved = checkForSaveSignal(1) != 0;
-        if (hasSaved || notifyOwed)
-            notifyOwed = !notifyPeers();
-        if (!hasSaved && (checkForRefreshSignal(1) != 0 || refreshOwed))
-            refreshOwed = !refreshSettings();
+        if (hasSaved || notifyAgain)
+            notifyAgain = !notifyPeers();
+        if (!hasSaved && (checkForRefreshSignal(1) != 0 || reloadAgain))
+            reloadAgain = !refreshSettings();
         if (isDestroyed)
             return;
     }
@@ -126,7 +126,8 @@ void WifiHostSettingsWatchdog::beginRun(bool* destroyedFlag) noexcept {
     runChanged.notify_all();
 }
 
-// A thread that waits for this may destroy the object as soon as it gets the mutex.
+// Notifies while the mutex is held: a thread that waits for this may destroy the object as soon as
+// it gets the mutex.
 void WifiHostSettingsWatchdog::endRun() noexcept {
     const std::lock_guard<std::mutex> guard(runMutex);
     destroyed = nullptr;
@@ -134,7 +135,7 @@ void WifiHostSettingsWatchdog::endRun() noexcept {
     runChanged.notify_all();
 }
 
-// The refresh thread itself does not wait: it stops its own watchdog when a reload fails.
+// Does not wait on the refresh thread itself, which stops its own watchdog when a reload fails.
 void WifiHostSettingsWatchdog::awaitEndOfRun() noexcept {
     std::unique_lock<std::mutex> guard(runMutex);
     if (runner != PlatformUtil::threadId())
@@ -152,18 +153,18 @@ int WifiHostSettingsWatchdog::wifiShmemCreate() noexcept {
         block->addUser();
         return 0;
     }
-    const auto result = memory.attach(BLOCK_NAME, sizeof(SharedSignalBlock),
+    const auto result = memory.attach(paths::BLOCK_NAME, sizeof(SharedSignalBlock),
                                       SharedSignalBlock::setUp, SharedSignalBlock::join);
-    shmCreator = result == SharedMemory::Result::created;
+    shmCreator = result == SharedMemory::Result::CREATED;
     block = static_cast<SharedSignalBlock*>(memory.data());
     return 0;
 }
 
-// The name goes first: once the block is left, it may already be that of a new one.
+// Removes the name first: after leave() it may already belong to a new block.
 void WifiHostSettingsWatchdog::wifiShmemDestroy() noexcept {
     if (!block)
         return;
-    platform::SharedMemory::unlink(BLOCK_NAME);
+    platform::SharedMemory::unlink(paths::BLOCK_NAME);
     block->leave();
     block = nullptr;
     memory.detach();

@@ -12,7 +12,8 @@
 namespace fuzz {
 namespace {
 
-constexpr int OPTION_LENGTH = 2; // "-i"
+constexpr char INTERFACE_OPTION[] = "-i";
+constexpr std::size_t OPTION_LENGTH = sizeof(INTERFACE_OPTION) - 1;
 
 void writeResult(const char* path, const std::string& output) {
     const platform::FileDescriptor file(
@@ -22,14 +23,15 @@ void writeResult(const char* path, const std::string& output) {
 
 } // namespace
 
-bool launchOnModel(const char* command, const char* interfaceArg, const char* arg1,
-                   const char* arg2, const char* arg3, const char* resultFile) {
-    ModelSupplicant::Command words{command};
-    for (const char* const argument : {arg1, arg2, arg3}) {
-        if (argument)
-            words.emplace_back(argument);
+bool runOnModel(const platwifi::ArgumentList& arguments, const char* resultFile) {
+    ModelSupplicant::Command words;
+    for (const char* const* argument = arguments.get() + 1; *argument; ++argument)
+        words.emplace_back(*argument);
+    std::string iface;
+    if (!words.empty() && words[0].compare(0, OPTION_LENGTH, INTERFACE_OPTION) == 0) {
+        iface = words[0].substr(OPTION_LENGTH);
+        words.erase(words.begin());
     }
-    const std::string iface = interfaceArg ? interfaceArg + OPTION_LENGTH : "";
     const ModelSupplicant::Answer answer = ModelSupplicant::instance().run(iface, words);
     writeResult(resultFile, answer.output);
     return answer.hasExited;

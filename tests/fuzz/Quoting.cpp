@@ -4,7 +4,6 @@
 #include "Require.h"
 
 #include "supplicant/Arguments.h"
-#include "supplicant/ChildProcess.h"
 #include "supplicant/ResultFile.h"
 #include "supplicant/ValueQuoting.h"
 
@@ -116,9 +115,9 @@ void vectors(Input& input) {
     std::optional<std::string> entries[6];
     for (auto& entry : entries)
         entry = entryFrom(input);
-    const ArgumentVector arguments(pointerTo(entries[0]), pointerTo(entries[1]),
-                                   pointerTo(entries[2]), pointerTo(entries[3]),
-                                   pointerTo(entries[4]), pointerTo(entries[5]));
+    const ArgumentList arguments =
+        argumentsOf(pointerTo(entries[0]), pointerTo(entries[1]), pointerTo(entries[2]),
+                    pointerTo(entries[3]), pointerTo(entries[4]), pointerTo(entries[5]));
     std::vector<std::string> expected;
     for (int i = 0; i < 6; ++i) {
         if (entries[i])

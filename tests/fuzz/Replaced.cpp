@@ -4,20 +4,20 @@
 #include "ModelRunner.h"
 #include "ModelSupplicant.h"
 
+#include "platform/PlatformUtil.h"
+
 class WifiHostSettingsWatchdog;
 class WifiUtil;
 
-bool modelLaunch(WifiUtil*, const char*, const char*, const char*, const char*, const char*,
-                 const char*,
-                 const char*) __asm__("__wrap__ZN8WifiUtil13launchProcessEPKcS1_S1_S1_S1_S1_S1_");
+bool modelChild(PlatformMutex&, const platwifi::ArgumentList&, const char*, const char*) __asm__(
+    "__wrap__ZN8platwifi8runChildER15pthread_mutex_tRKNS_12ArgumentListEPKcS6_");
 bool modelIsListed(WifiUtil*, const char*) __asm__("__wrap__ZN8WifiUtil13isWifiEnabledEPKc");
 bool noWatchdog(WifiHostSettingsWatchdog*) __asm__(
     "__wrap__ZN24WifiHostSettingsWatchdog10initializeEv");
 
-bool modelLaunch(WifiUtil* /*util*/, const char* /*path*/, const char* command,
-                 const char* interfaceArg, const char* arg1, const char* arg2, const char* arg3,
-                 const char* resultFile) {
-    return fuzz::launchOnModel(command, interfaceArg, arg1, arg2, arg3, resultFile);
+bool modelChild(PlatformMutex& /*launchMutex*/, const platwifi::ArgumentList& arguments,
+                const char* /*command*/, const char* resultFile) {
+    return fuzz::runOnModel(arguments, resultFile);
 }
 
 bool modelIsListed(WifiUtil* /*util*/, const char* /*iface*/) {

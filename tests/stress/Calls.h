@@ -4,20 +4,20 @@
 
 namespace stress {
 
-/// Calls of the library that check what is determined of their answer, as long as no other thread and
-/// no other process changes the networks of FIXED_NETWORKS and the worker's guest.
+/// Calls of the library that check their results. The checks require that no other thread or
+/// process changes FIXED_NETWORKS and the worker's guest.
 
-/// Ends and makes again the settings and the driver, with and without a lock held.
+/// Unload and load the settings and the driver, with and without a lock held.
 Calls lifetimeCalls();
 
 /// How many times they have unloaded or reloaded the settings.
 std::uint32_t unloads();
 
-/// Runs client commands, and dumps, which discardDumps() keeps from standard error.
+/// Run client commands, and dumps, which discardDumps() keeps from standard error.
 Calls commandCalls();
 void discardDumps();
 
-/// Looks at the settings and changes them in memory.
+/// Read and change the settings in memory.
 Calls memoryCalls();
 
 } // namespace stress

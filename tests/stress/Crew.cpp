@@ -15,7 +15,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr auto LOOK_PAUSE = std::chrono::milliseconds(100);
-constexpr unsigned int STUCK_LOOKS = 600; // without a call that came to an end
+constexpr unsigned int STUCK_LOOKS = 600; // without a completed call
 constexpr std::uint32_t PROGRESS_SECONDS = 5;
 constexpr int FATAL_SIGNALS[] = {SIGSEGV, SIGBUS, SIGABRT, SIGFPE, SIGILL};
 
@@ -36,8 +36,8 @@ void showCalls() {
     }
 }
 
-// The signal comes again when this returns, and does what it did without this; it does so at once where the
-// list of calls is damaged.
+// Restores the earlier actions first, so that a second fault, in a damaged list, ends the program.
+// raise() then sends the signal again.
 void onFatalSignal(int signal) {
     for (const auto& [number, action] : earlierActions)
         sigaction(number, &action, nullptr);
@@ -116,8 +116,8 @@ std::uint32_t Crew::done() const {
 }
 
 std::uint32_t Crew::seconds() const {
-    const auto gone = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - m_start);
-    return static_cast<std::uint32_t>(gone.count());
+    const auto elapsed = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - m_start);
+    return static_cast<std::uint32_t>(elapsed.count());
 }
 
 bool Crew::isOver() const {

@@ -19,7 +19,7 @@ namespace stress {
 
 class Worker;
 
-/// One thing that a thread may do, chosen as often as its weight says.
+/// A call that a thread may choose, with a probability in proportion to its weight.
 struct Call {
     const char* name;
     unsigned int weight;
@@ -28,7 +28,7 @@ struct Call {
 
 using Calls = std::vector<Call>;
 
-/// A thread that makes random calls, and what the calls need of it.
+/// A thread that makes random calls, and its state for them.
 class Worker {
 public:
     Worker(const Job& job, const Calls& calls, unsigned int number);
@@ -36,13 +36,13 @@ public:
     /// Makes one call.
     void step();
 
-    /// Makes one more call inside of a call, unless that is one already.
+    /// Makes a call inside of a call. Does nothing inside of a nested call.
     void nest();
 
     /// A Java environment for one native, which leaves nothing behind.
     test::FakeJni& java();
 
-    /// The name of the last call that was begun, and how many have come to an end.
+    /// The name of the last call that was begun, and the number of completed calls.
     const char* call() const { return m_call; }
     std::uint32_t done() const { return m_done; }
 
@@ -67,9 +67,9 @@ private:
     std::atomic<bool> m_isFinished{false};
 };
 
-/// Threads that make random calls until the job is done. A thread that makes none for a minute, by a clock
-/// that stands still while this process does, ends the program with a list of what each is in; so does
-/// a fatal signal.
+/// Threads that make random calls until the job is done. When a thread completes none for a minute,
+/// the program ends with a list of the calls that the threads are in; so it does after a fatal
+/// signal. The minute does not advance while this process is stopped.
 class Crew {
 public:
     /// Numbers for a line of progress, such as "12 loads".
@@ -81,17 +81,16 @@ public:
     Crew(const Crew&) = delete;
     Crew& operator=(const Crew&) = delete;
 
-    /// Returns when so many calls have been made, or so many seconds have passed since this object was made;
-    /// 0 is no limit.
+    /// Returns after this many calls, or this many seconds after the construction; 0 is no limit.
     void run(std::uint32_t calls, std::uint32_t untilSeconds);
 
-    /// All calls until now, nested ones apart.
+    /// All completed calls without nested ones.
     std::uint32_t done() const;
 
     std::uint32_t seconds() const;
 
 private:
-    /// A worker as it was seen last.
+    /// The state of a worker at the last look.
     struct Watched {
         std::uint32_t done = 0;
         unsigned int looksWithoutProgress = 0;

@@ -1,5 +1,5 @@
-// Loads and unloads the settings again and again: each unload ends the refresh thread and leaves the
-// shared block, and memory, threads and descriptors stay as they were.
+// Loads and unloads the settings again and again: each unload ends the refresh thread and leaves
+// the shared block, and memory, threads and descriptors stay as they were.
 
 #include "InProcessChild.h"
 #include "Job.h"
@@ -33,7 +33,7 @@ void load() {
                    "there is not one refresh thread after a load");
 }
 
-// Another user keeps the block in being while this process is none.
+// Another user keeps the block while the settings are unloaded.
 void cycle() {
     WifiHostSettingsWatchdog other;
     other.initialize();

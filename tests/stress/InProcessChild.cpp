@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int FIRST_ID = 1 << 30; // beyond every id of a process
+constexpr int FIRST_ID = 1 << 30; // larger than any process id
 constexpr const char* SPAWN_START = "_ZN5Spawn5startEPKcPKS1_i";
 constexpr const char* PRINTER = "/usr/bin/printf";
 
@@ -62,7 +62,8 @@ int Spawn::start(const char* /*path*/, const char* const arguments[], int output
     return FIRST_ID;
 }
 
-// A child that was none has ended well. The platform's library finds this before that of the system.
+// A child that was not started has exited with status 0. The platform library calls this instead of
+// the function of the system.
 extern "C" __attribute__((visibility("default"))) pid_t waitpid(pid_t process, int* status,
                                                                 int options) {
     if (process < FIRST_ID)

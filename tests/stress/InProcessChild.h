@@ -4,13 +4,12 @@
 
 namespace stress {
 
-/// The programs that the library starts are answered by this process's Supplicant, without a child, so
-/// that a command costs microseconds. One command in `oneIn` is answered by a real child, which prints
-/// what the supplicant says; 0 for none. A program that links this has
-/// Spawn::start() and waitpid() of its own.
+/// A program that links this has its own Spawn::start() and waitpid(). The Supplicant of this
+/// process answers the commands without a child, so a command takes microseconds. One command in
+/// `oneIn` runs a real child that prints the answer; 0 for none.
 void useRealChildren(std::uint32_t oneIn);
 
-/// How many real children there have been.
+/// The number of real children so far.
 std::uint32_t realChildren();
 
 } // namespace stress

@@ -6,8 +6,8 @@
 
 namespace stress {
 
-/// What a program of this folder is to do: `--count N`, `--seconds N`, `--seed N`, `--real N`. It ends with
-/// the count or with the seconds, whichever comes first; 0 is no limit.
+/// The options of a program of this folder: `--count N`, `--seconds N`, `--seed N`, `--real N`. It
+/// ends after the count or after the seconds, whichever comes first; 0 is no limit.
 struct Job {
     std::string name;
     std::uint32_t count = 0;
@@ -15,22 +15,22 @@ struct Job {
     std::uint32_t seed = 0;
     std::uint32_t real = 0; ///< one command in so many is run by a real child; 0 for none
 
-    /// Reads the command line and prints the seed, which is drawn where none is given. A word that it
-    /// does not know ends the program with status 2. Call before there are other threads.
+    /// Reads the command line and prints the seed, a random one by default. An unknown option ends
+    /// the program with status 2. Must be called before there are other threads.
     static Job from(const char* name, std::uint32_t defaultCount, char* arguments[]);
 
     /// The same for a program that reads its command line itself.
     static Job named(const char* name, std::uint32_t seed);
 
-    /// How much of it is done, 0 to 100.
+    /// The part that is done, in percent.
     unsigned int percent(std::uint32_t done, std::uint32_t secondsGone) const;
 };
 
-/// Prints the message with the program's name and seed and ends the program with status 1, whatever its
-/// other threads are doing.
+/// Prints the message with the program's name and seed, and ends the program with status 1 without
+/// waiting for its other threads.
 [[noreturn]] void fail(const std::string& message);
 
-/// Fails where the condition does not hold.
+/// Fails unless the condition holds.
 inline void expect(bool condition, const char* message) {
     if (!condition)
         fail(message);

@@ -1,6 +1,6 @@
-// Three processes save in a loop while one of them, chosen at random, is killed or stopped at a random
-// moment, often while it holds a lock of the shared block, and replaced by a new one. None of the
-// others is held up for longer than is documented, and nothing piles up.
+// Three processes save in a loop. At random moments one of them is killed and replaced, or stopped
+// for some time, often while it holds a lock of the shared block. No operation of the others may
+// take longer than is documented, and no files or shared objects may pile up.
 
 #include "Job.h"
 #include "OtherProcess.h"
@@ -37,7 +37,7 @@ constexpr std::uint32_t FIRST_LONG_STOP = 20;
 constexpr auto AIMING_TIME = milliseconds(100);
 constexpr auto LONGEST_REFRESH = std::chrono::seconds(60);
 constexpr std::size_t MOST_RESULT_FILES =
-    24; // those of the living, and of the killed until a start
+    24; // of running processes, and of killed ones until the next start
 constexpr std::size_t MOST_SHARED_OBJECTS = 4;
 
 struct Slots {
@@ -108,7 +108,7 @@ public:
         m_process->awaitEnd();
     }
 
-    /// Fails where an operation has taken too long, or takes too long.
+    /// Fails when an operation took too long or is taking too long.
     void checkTimes(Longest& longest) {
         m_process->expectAlive();
         for (std::uint32_t i = 0; i < OPERATIONS; ++i)
@@ -138,7 +138,7 @@ private:
     Clock::time_point m_resume;
 };
 
-/// The run: who is killed when.
+/// The run: the sequence of kills and stops.
 class Storm {
 public:
     explicit Storm(const Job& job)
@@ -160,8 +160,8 @@ public:
         }
     }
 
-    /// Kills all of them. Two new processes must be able to share the block that is left, to reach each
-    /// other by a save, and to leave nothing behind.
+    /// Kills all processes. Two new ones must be able to share the block that is left, to notify
+    /// each other of a save, and to leave nothing behind.
     void finish() {
         for (Saver& saver : m_savers) {
             saver.kill(m_longest);
@@ -169,7 +169,8 @@ public:
         }
         Saver& first = m_savers[0];
         Saver& second = m_savers[1];
-        for (Saver* const saver : {&first, &second}) // each unload would take the block's name away
+        for (Saver* const saver :
+             {&first, &second}) // without an unload, which removes the block's name
             saver->start(m_job.seed + ++m_started, true);
         awaitRefresh(first);
         awaitRefresh(second);
@@ -181,8 +182,9 @@ public:
     }
 
     std::uint32_t seconds() const {
-        const auto gone = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - m_start);
-        return static_cast<std::uint32_t>(gone.count());
+        const auto elapsed =
+            std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - m_start);
+        return static_cast<std::uint32_t>(elapsed.count());
     }
 
     std::string numbers() const {
@@ -225,12 +227,12 @@ private:
         count(saver);
     }
 
-    // The beats are those of the process: it is waited for as long as it gets on.
+    // Limited in beats of the process, so a slow process has more time.
     void awaitRefresh(Saver& saver) {
         while (saver.slot().refreshes == 0) {
             saver.checkTimes(m_longest);
             expect(saver.slot().beats < LONGEST_REFRESH / BEAT,
-                   "no save reaches a process that came after the dead ones");
+                   "no save reaches a process that started after the kills");
             std::this_thread::sleep_for(BEAT);
         }
     }
@@ -240,7 +242,7 @@ private:
         ++m_stops;
     }
 
-    // Keeps an eye on the processes meanwhile.
+    // Checks the processes meanwhile.
     void pause(milliseconds time) {
         const auto end = Clock::now() + time;
         do {
@@ -252,7 +254,7 @@ private:
         } while (Clock::now() < end);
     }
 
-    // Returns when a process holds a lock of the shared block, where that is soon.
+    // A process that holds a lock of the shared block, if there is one within AIMING_TIME.
     Saver& aim() {
         const auto end = Clock::now() + AIMING_TIME;
         while (Clock::now() < end) {
@@ -277,7 +279,7 @@ private:
             stop(saver, milliseconds(m_random.below(SHORT_STOP_MS)));
     }
 
-    // The others are left in peace for that time: they must get on.
+    // Nothing is done to the other processes in that time. They must continue to save.
     void stopForLong(Saver& saver) {
         m_longStops += saver.slot().holdsShared;
         stop(saver, LONG_STOP);

@@ -1,4 +1,4 @@
-// Calls that end and make again what the others use.
+// Calls that unload and load what the other calls use.
 
 #include "Calls.h"
 #include "Supplicant.h"
@@ -59,7 +59,7 @@ void lookUp(WifiHostSettings& settings, const std::string& ssid) {
            "a network has the identity of another one");
 }
 
-// What is nested may end the settings: no network is used after it.
+// The nested call may unload the settings: no network is used after it.
 void lockAndNest(Worker& worker) {
     WifiHostSettings* const settings = WifiHostSettings::getInstance(nullptr);
     settings->lockSettings();

@@ -9,7 +9,7 @@
 
 using platform::SharedMemory;
 
-// The linker puts these in the place of SharedMemory::attach() and PlatformUtil::unlockMutex().
+// The linker replaces SharedMemory::attach() and PlatformUtil::unlockMutex() by these.
 #define ATTACH "_ZN8platform12SharedMemory6attachEPKcmPFbPvEPFNS0_7JoiningES3_E"
 #define UNLOCK "_ZN12PlatformUtil11unlockMutexEP15pthread_mutex_t"
 SharedMemory::Result realAttach(SharedMemory*, const char*, std::size_t, SharedMemory::SetUp,

@@ -5,9 +5,9 @@
 
 namespace stress {
 
-/// Makes this process hold the locks of the shared block for up to some milliseconds, so that a process
-/// that is killed or stopped at random often holds one.
-/// @param holds  set while it does
+/// Makes this process hold the locks of the shared block for some milliseconds, so that a process
+/// that is killed or stopped at a random moment often holds one.
+/// @param holds  1 while it does, else 0
 void linger(std::uint32_t seed, std::atomic<std::uint32_t>& holds);
 
 } // namespace stress

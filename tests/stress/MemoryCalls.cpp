@@ -1,4 +1,5 @@
-// Calls that look at the settings and change them in memory, without a command once they are loaded.
+// Calls that read and change the settings in memory. They run no command once the settings are
+// loaded.
 
 #include "Calls.h"
 #include "Supplicant.h"
@@ -56,7 +57,7 @@ constexpr NumberField NUMBERS[] = {NUMBER_FIELDS(FIELD_ROW)};
 constexpr TextField TEXTS[] = {TEXT_FIELDS(FIELD_ROW)};
 constexpr TextField IDENTITY = {NATIVE(getEAPIdentity0), NATIVE(setEAPIdentity0)};
 
-// The supplicant knows by it which network it was meant for.
+// The model of the supplicant checks by it that the value is for this network.
 std::string identityFor(const std::string& ssid, Random& random) {
     return ssid + '#' + std::to_string(random.below(1000));
 }
@@ -124,7 +125,7 @@ void setHost(Worker&) {
     expect(setHostParameters(nullptr, IFACE, nullptr, nullptr, 0) == 1, "setHostParameters failed");
 }
 
-// An instance that another thread is just ending or making has no adapter.
+// While another thread unloads or loads the settings, there is no adapter.
 void readAdapter(Worker&) {
     char* name = nullptr;
     const int found = getWifiAdapter(nullptr, &name);
@@ -140,7 +141,7 @@ void readAdaptersNative(Worker& worker) {
         expect(name == IFACE, "the native's adapter is another one");
 }
 
-// The networks of other threads come and go.
+// Other threads add and remove networks meanwhile.
 void checkSsids(const Worker& worker, const std::vector<std::string>& ssids) {
     const auto countOf = [&](const std::string& ssid) {
         return std::count(ssids.begin(), ssids.end(), ssid);

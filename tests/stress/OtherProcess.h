@@ -6,8 +6,8 @@
 
 namespace stress {
 
-/// A process that saves, see Saver.cpp for its arguments. It is killed when this object or its parent
-/// ends.
+/// A process that saves, see Saver.cpp for its arguments. It is killed when this object or its
+/// parent ends.
 class OtherProcess {
 public:
     explicit OtherProcess(const std::vector<std::string>& arguments);
@@ -18,13 +18,13 @@ public:
 
     void signal(int number) const;
 
-    /// Ends it on the spot.
+    /// Kills it.
     void kill();
 
-    /// Waits until it has ended by itself, and fails where it did not end well.
+    /// Waits until it has ended by itself. Fails unless its exit status is 0.
     void awaitEnd();
 
-    /// Fails where it has ended by itself.
+    /// Fails if it has ended by itself.
     void expectAlive();
 
 private:

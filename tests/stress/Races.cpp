@@ -1,5 +1,5 @@
-// Eight threads make random calls, among them those that end the settings and the driver, beside a
-// process that keeps saving. docs/testing.md tells how to run it and to repeat a run.
+// Eight threads make random calls, among them unloads of the settings and the driver, while another
+// process keeps saving. docs/testing.md describes how to run it and to repeat a run.
 
 #include "Calls.h"
 #include "InProcessChild.h"

@@ -1,8 +1,8 @@
-// A process that keeps saving, and is killed when its parent ends.
-// PARENT --again: it saves once, lets its refresh thread raise the signal, and starts itself anew without
-// leaving the shared block, so that the block keeps its name.
-// PARENT --slot DESCRIPTOR INDEX SEED: it saves until it is to end, tells how it is getting on in a slot, unloads
-// from time to time, and holds the locks of the shared block for long.
+// A process that keeps saving, and is killed when its parent ends. PARENT --again: it saves once,
+// lets its refresh thread raise the signal, and executes itself again without leaving the shared
+// block, so that the block keeps its name. PARENT --slot DESCRIPTOR INDEX SEED: it saves until the
+// slot asks it to end, records its progress in the slot, unloads from time to time, and holds the
+// locks of the shared block for a long time.
 
 #include "InProcessChild.h"
 #include "Job.h"
@@ -26,8 +26,8 @@ namespace {
 
 using namespace stress;
 
-constexpr auto SIGNAL_TIME = std::chrono::milliseconds(10); // some turns of a quick refresh thread
-// A refresh thread that is always busy with saves of its own never looks for those of others.
+constexpr auto SIGNAL_TIME = std::chrono::milliseconds(10); // some cycles of a quick refresh thread
+// Pauses, because a refresh thread does not wait for saves of others in a cycle with an own save.
 constexpr std::uint32_t LONGEST_PAUSE_MS = 80;
 constexpr std::uint32_t SAVES_A_LOAD = 50;
 constexpr std::uint32_t REAL_SHARE = 50;
@@ -46,10 +46,10 @@ void save(std::uint32_t number) {
     save(1);
     std::this_thread::sleep_for(SIGNAL_TIME);
     execv("/proc/self/exe", arguments);
-    fail("a process that saves could not start itself anew");
+    fail("a process that saves could not execute itself again");
 }
 
-/// Tells in the slot what is being done, and for how long it was.
+/// Records an operation and its length in the slot.
 class Doing {
 public:
     Doing(Slot& slot, OperationNumber operation)
@@ -104,7 +104,7 @@ Slot* mapSlots(const char* descriptor) {
     return static_cast<Slot*>(memory);
 }
 
-void saveUntilToldToEnd(char* arguments[]) {
+void saveUntilTheEnd(char* arguments[]) {
     Slot& slot = mapSlots(arguments[3])[std::atoi(arguments[4])];
     const auto seed = static_cast<std::uint32_t>(std::strtoul(arguments[5], nullptr, 10));
     Job::named("saver", seed);
@@ -128,6 +128,6 @@ int main(int count, char* arguments[]) {
         saveOnceAndAgain(arguments);
     if (count != 6 || std::strcmp(arguments[2], "--slot") != 0)
         return 2;
-    saveUntilToldToEnd(arguments);
+    saveUntilTheEnd(arguments);
     return 0;
 }

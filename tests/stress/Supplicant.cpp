@@ -135,7 +135,7 @@ std::string Supplicant::addNetwork() {
     return std::to_string(m_networks.back().id) + '\n';
 }
 
-// An identity tells which network it is for: "home#7".
+// An identity begins with the SSID of its network: "home#7".
 std::string Supplicant::setNetwork(const Words& arguments) {
     Network& network = networkOf(arguments.at(0));
     const std::string& key = arguments.at(1);
@@ -176,7 +176,7 @@ std::string Supplicant::removeNetwork(const std::string& id) {
     return OK;
 }
 
-// The file has no ids: they are given anew, from 0.
+// The file has no ids: the networks get new ones, from 0.
 std::string Supplicant::reconfigure() {
     m_networks = m_saved;
     for (std::size_t i = 0; i < m_networks.size(); ++i)

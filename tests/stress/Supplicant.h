@@ -9,20 +9,21 @@
 
 namespace stress {
 
-/// The networks that every program of this folder finds configured. They are never removed or renamed.
+/// The networks that every program of this folder finds configured. They are never removed or
+/// renamed.
 inline const std::vector<std::string> FIXED_NETWORKS{"home", "work", "cafe"};
 
-/// A supplicant in the memory of this process, with what its client prints: its networks are added,
-/// changed, removed, saved and read again, with the ids that wpa_supplicant gives them. It keeps the
-/// library to the right network: an id that names none, and an identity that was meant for another
-/// network, end the program. Any thread may call.
+/// A model of the supplicant and its client in this process. Networks are added, changed, removed,
+/// saved and read again, with the ids that wpa_supplicant would give them. It ends the program when
+/// a command has an id that no network has, or writes an identity of another network. Any thread
+/// may call.
 class Supplicant {
 public:
     static Supplicant& get();
 
     Supplicant();
 
-    /// What a program prints that is started with these arguments, argv[0] first.
+    /// The output of a program that is started with these arguments, argv[0] first.
     std::string answer(const std::vector<std::string>& command);
 
     bool has(const std::string& ssid) const;
@@ -30,8 +31,8 @@ public:
     /// The network that the calling thread selected last; empty for none.
     static std::string& lastSelected();
 
-    /// How many times the adapters have been asked for, once in a load and once at the driver's start: on
-    /// any thread, and on the refresh thread.
+    /// How many times the adapters have been asked for, once in a load and once at the driver's
+    /// start: on any thread, and on the refresh thread.
     std::uint32_t adapterQueries() const { return m_adapterQueries; }
     std::uint32_t refreshes() const { return m_refreshes; }
 

@@ -32,7 +32,7 @@ std::size_t residentKiB() {
         if (word == "VmRSS:" && file >> number)
             return number;
     }
-    fail("/proc/self/status does not tell the resident memory");
+    fail("/proc/self/status does not show the resident memory");
 }
 
 std::size_t entriesOf(const char* folder) {

@@ -5,15 +5,15 @@
 
 namespace stress {
 
-/// What this process uses, and what its work leaves on the system. To be compared at points where all
-/// threads of the program have ended and the settings are unloaded.
+/// The resources of this process, and the files that it leaves. Comparable when all threads of the
+/// program have ended and the settings are unloaded.
 struct Usage {
     std::size_t
-        heapBytes; ///< handed out by the C library, 0 where a sanitizer has a heap of its own
+        heapBytes; ///< allocated from the C library, 0 with a sanitizer that has its own heap
     std::size_t residentKiB; ///< likewise
     std::size_t threads;
     std::size_t descriptors;
-    std::size_t children;      ///< that have ended, too
+    std::size_t children;      ///< also those that have ended
     std::size_t resultFiles;   ///< under /tmp
     std::size_t sharedObjects; ///< under /dev/shm
 
@@ -22,11 +22,11 @@ struct Usage {
     std::string text() const;
 };
 
-/// Fails where `later` is more than `earlier`: a few KiB of the heap and 2 MiB of memory apart, which the C
-/// library keeps or not.
+/// Fails when `later` is more than `earlier`. 64 KiB of heap and 2 MiB of memory more are accepted,
+/// because the C library may keep memory.
 void expectFlat(const Usage& earlier, const Usage& later);
 
-/// Ends the settings and waits until the refresh thread is gone.
+/// Unloads the settings and the driver, and waits until the refresh thread has ended.
 void unloadAll();
 
 } // namespace stress

@@ -10,7 +10,7 @@ std::string resultPath(const std::string& prefix) {
 }
 
 BlockedFile::BlockedFile(const std::string& path) : m_path(path) {
-    std::filesystem::create_directories(m_path + "/keeps it");
+    std::filesystem::create_directories(m_path + "/not empty");
 }
 
 BlockedFile::~BlockedFile() {

@@ -7,8 +7,8 @@ namespace test {
 /// The path of the calling thread's result file: `prefix` and the thread's id.
 std::string resultPath(const std::string& prefix);
 
-/// Puts a folder in the place of a file, for as long as this object lives: the file can be neither
-/// opened nor removed.
+/// Puts a folder in the place of a file during its lifetime, so that the file can be neither opened
+/// nor removed.
 class BlockedFile {
 public:
     explicit BlockedFile(const std::string& path);

@@ -10,7 +10,7 @@
 namespace test {
 namespace {
 
-// Returns when the other side has opened the pipe, too.
+// Returns when the other side has opened the pipe as well.
 platform::FileDescriptor openToWrite(const std::string& path) {
     int descriptor = -1;
     do

@@ -6,8 +6,8 @@
 
 namespace test {
 
-/// A place in the work of another process where it stands still until it is let go on: a stand-in whose
-/// answer says pausesAt(), say. The runner kills a client that stands for 5 s.
+/// A point at which another process waits until the test lets it continue, such as a stand-in with
+/// pausesAt(). The library kills a client that waits for 5 s.
 class Checkpoint {
 public:
     /// @param path  of a named pipe that is made here
@@ -19,10 +19,10 @@ public:
 
     const std::string& path() const { return m_path; }
 
-    /// Waits until somebody stands there.
+    /// Waits until a process has arrived.
     void awaitArrival();
 
-    /// Lets the one go on for whom awaitArrival() returned.
+    /// Lets the process continue for which awaitArrival() returned.
     void letGo();
 
 private:

@@ -12,7 +12,7 @@ namespace test {
 
 #ifdef SYS_pidfd_open
 
-bool systemTellsEnds() {
+bool systemNotifiesOfChildEnd() {
     const long watch = syscall(SYS_pidfd_open, getpid(), 0);
     if (watch == -1)
         return false;
@@ -20,7 +20,7 @@ bool systemTellsEnds() {
     return true;
 }
 
-bool refuseToTellEnds() {
+bool refuseChildEndNotification() {
     sock_filter program[] = {
         BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_pidfd_open, 0, 1),
@@ -34,11 +34,11 @@ bool refuseToTellEnds() {
 
 #else
 
-bool systemTellsEnds() {
+bool systemNotifiesOfChildEnd() {
     return false;
 }
 
-bool refuseToTellEnds() {
+bool refuseChildEndNotification() {
     return true;
 }
 

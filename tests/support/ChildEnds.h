@@ -2,11 +2,11 @@
 
 namespace test {
 
-/// Whether this system tells the calling thread when a child ends.
-bool systemTellsEnds();
+/// Whether this system can notify the calling thread of the end of a child (pidfd_open).
+bool systemNotifiesOfChildEnd();
 
-/// Makes the system refuse that to the calling thread, for the rest of its life, as an older kernel
-/// does. False where it cannot be made so.
-bool refuseToTellEnds();
+/// Makes that fail for the calling thread from now on, as on an older kernel. False when the system
+/// does not allow it.
+bool refuseChildEndNotification();
 
 } // namespace test

@@ -8,7 +8,7 @@
 
 namespace test {
 
-/// A thread that does one thing. Ends with it.
+/// A thread that runs one function. The destructor waits for its end.
 class Doing {
 public:
     template <typename Body>
@@ -23,7 +23,7 @@ public:
     Doing(const Doing&) = delete;
     Doing& operator=(const Doing&) = delete;
 
-    /// Returns when the thread waits for something, or is done.
+    /// Returns when the thread sleeps or the function has returned.
     void awaitRest() const {
         while (!m_done && (m_id == 0 || !isAsleep(m_id)))
             std::this_thread::yield();

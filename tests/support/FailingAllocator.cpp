@@ -1,4 +1,4 @@
-// Stands in front of the C library, whose own functions it calls by their second names.
+// Replaces functions of the C library, which have a second name by which they are called here.
 
 #include "support/FailingAllocator.h"
 
@@ -14,7 +14,8 @@ void* __libc_realloc(void* memory, std::size_t size);     // NOLINT
 
 namespace {
 
-// Storage of a thread that is there from its start: to reach any other takes an allocation.
+// With this model the storage exists from the thread's start. The other models allocate it at its
+// first use.
 __attribute__((tls_model("initial-exec"))) thread_local int pauses = 0;
 
 std::atomic<int> allocationsLeft{0}; // until the one that fails; 0 when none does

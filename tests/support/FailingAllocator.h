@@ -2,20 +2,20 @@
 
 namespace test {
 
-/// The allocator of a program that is linked with `failing_allocator`: malloc(), calloc() and realloc(),
-/// and so the operators of C++, of all its threads. It is that of the C library until it is told to
+/// Controls the allocator of a program that is linked with `failing_allocator`: malloc(), calloc()
+/// and realloc(), and so operator new, on all its threads. It is that of the C library, but can
 /// fail once.
 class FailingAllocator {
 public:
     /// Makes the n-th allocation from now on fail, counted from 1.
     static void failAt(int n);
 
-    /// Takes that back.
+    /// Makes no further allocation fail.
     /// @return whether an allocation has failed
     static bool stop();
 
-    /// While it lives, allocations of the calling thread neither count nor fail: they are those of the
-    /// test itself.
+    /// During its lifetime, allocations of the calling thread neither count nor fail. For those of
+    /// the test itself.
     class Pause {
     public:
         Pause();

@@ -37,7 +37,7 @@ void ForeignSignal::raise() {
     m_watchdog.sendRefreshSettingsSignal();
 }
 
-// Between taking the signal and its next wait the thread sleeps for a client only.
+// After it has taken the signal, the thread first sleeps for a client or in its next wait.
 void ForeignSignal::awaitTaken() const {
     while (m_block->refreshPending != 0)
         std::this_thread::yield();

@@ -5,8 +5,8 @@
 
 namespace test {
 
-/// Raises the refresh signal as another process does after a save. It shares the block with settings
-/// that are made while it lives, as long as none of them has ended.
+/// Raises the refresh signal as another process does after a save. It shares the block with
+/// settings that are loaded during its lifetime, until the first of them is unloaded.
 class ForeignSignal {
 public:
     ForeignSignal();
@@ -15,11 +15,11 @@ public:
     ForeignSignal(const ForeignSignal&) = delete;
     ForeignSignal& operator=(const ForeignSignal&) = delete;
 
-    /// From the calling thread: that one does not heed it.
+    /// Raises it with the calling thread as its sender, so this thread does not take it.
     void raise();
 
-    /// Returns when a refresh thread of this process has taken the signal, and has done about it
-    /// what it could without waiting for a client.
+    /// Returns when a refresh thread of this process has taken the signal and has reloaded, or
+    /// waits for a client in the reload.
     void awaitTaken() const;
 
 private:

@@ -8,19 +8,19 @@
 
 namespace test {
 
-/// What one call of Crypt gave.
+/// The result of one call of Crypt.
 struct Outcome {
     int status = -1;
-    std::optional<std::string> text; ///< no value where the result is null
-    std::string errorId;             ///< "" where no error was reported
+    std::optional<std::string> text; ///< no value for a null result
+    std::string errorId;             ///< "" when no error was reported
     std::string message;
 };
 
 Outcome encrypted(const std::string& plain);
 Outcome decrypted(const std::string& enciphered);
 
-/// Starts each test without a key file, and with PLATFORM_KEY_FILE naming one in a folder that is
-/// not there yet. Skips where this build has no cipher.
+/// Starts each test without a key file, and with PLATFORM_KEY_FILE set to a path in a folder that
+/// does not exist yet. Skips the test when this build has no cipher.
 class KeyWorld : public testing::Test {
 protected:
     static const std::string FOLDER;
@@ -29,7 +29,7 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
-    /// Puts this key in place, closed to others.
+    /// Writes a key file with mode 0600.
     static void putKey(const std::string& bytes);
     static void removeKey();
     static void setKeyMode(mode_t mode);

@@ -6,7 +6,7 @@
 
 namespace test {
 
-/// What a command may leave behind in this process and on this system.
+/// What a command could leave behind in this process and on this system.
 struct Leftovers {
     std::size_t descriptors;
     std::size_t children;

@@ -7,12 +7,12 @@
 
 namespace test {
 
-/// A scripted supplicant with the adapter wlan0, which a load of the settings finds in order. Rules
+/// A scripted supplicant with the adapter wlan0, on which a load of the settings succeeds. Rules
 /// that a test adds before answers() come first.
 class LoadedHost : public StandIn {
 public:
-    /// Answers everything that a load asks: these networks by the supplicant's numbers, nothing set
-    /// in any of them, nothing in range, `state` as the supplicant's state.
+    /// Answers all queries of a load: these networks with the ids 0, 1, ... and no values, an empty
+    /// scan, `state` as the supplicant's state.
     void answers(const std::vector<std::string>& ssids, const std::string& state = "INACTIVE") {
         on({"interface"}).prints("Selected interface 'wlan0'\nAvailable interfaces:\nwlan0\n");
         on({"-iwlan0", "list_networks"}).prints(listed(ssids));

@@ -2,10 +2,10 @@
 
 namespace test {
 
-/// Restarts this program in a mount namespace of its own with empty /tmp, /run and /dev/shm, so
-/// that fixed paths and names are safe to use and tests run side by side. Without root it takes a
-/// user namespace for it. Returns where that has been done; ends the program with a message and
-/// status 77 (skipped) where the system does not allow it.
+/// Restarts this program in its own mount namespace with empty /tmp, /run and /dev/shm, so that
+/// tests can use fixed paths and run side by side. Without root it uses a user namespace. Returns
+/// in the restarted program. Exits with a message and status 77 (skipped) when the system does not
+/// allow it.
 void enterPrivateWorld(char* arguments[]);
 
 } // namespace test

@@ -1,6 +1,5 @@
-// For a test program that is not about how long the refresh thread waits: a second passes in ten
-// milliseconds there (QUICK_SECOND_MS, where that is defined), so that the thread notices at once that it
-// is to end.
+// For test programs in which the waits of the refresh thread do not matter. A second of such a wait
+// takes ten milliseconds, or QUICK_SECOND_MS, so that the thread soon sees the signal to stop.
 
 #include "platform/Deadline.h"
 

@@ -1,5 +1,5 @@
-// For a virtual machine whose tests are not about how long a scan is waited for: a second passes in ten
-// milliseconds there.
+// For test programs in which the length of PlatformUtil::sleep() does not matter: a second takes
+// ten milliseconds.
 
 #include "platform/PlatformUtil.h"
 

@@ -5,8 +5,8 @@
 
 namespace test {
 
-/// Up to 40 bytes, any but NUL: half of them drawn from those that make and break UTF-8, so that
-/// whole, cut and overlong characters are all frequent.
+/// Up to 40 bytes without NUL. Half of them are bytes that begin, continue or break UTF-8
+/// sequences, so that complete, truncated and overlong characters are all frequent.
 std::string randomBytes(std::mt19937& random);
 
 } // namespace test

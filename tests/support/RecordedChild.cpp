@@ -7,7 +7,7 @@
 
 namespace {
 
-// The next look must find the child gone, however busy the machine is.
+// Waits for the end of the child, so that the next look finds it ended even on a busy machine.
 void killAndWait(int processId) {
     kill(processId, SIGKILL);
     siginfo_t info{};

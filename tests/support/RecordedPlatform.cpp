@@ -12,7 +12,7 @@ struct Record {
     std::vector<std::string> events;
     std::vector<int> priorities;
     std::vector<int> killed;
-    int swallowedKills = 0;
+    int ignoredKills = 0;
     std::function<void()> duringSleeps;
 };
 
@@ -28,7 +28,7 @@ int ownPriority() {
     return parameters.sched_priority;
 }
 
-// With the record's mutex held.
+// The caller holds the mutex of the record.
 void add(const std::string& event) {
     record().events.push_back(event);
     record().priorities.push_back(ownPriority());
@@ -36,12 +36,12 @@ void add(const std::string& event) {
 
 } // namespace
 
-void RecordedPlatform::begin(int swallowedKills) {
+void RecordedPlatform::begin(int ignoredKills) {
     const std::lock_guard<std::mutex> guard(record().mutex);
     record().events.clear();
     record().priorities.clear();
     record().killed.clear();
-    record().swallowedKills = swallowedKills;
+    record().ignoredKills = ignoredKills;
     record().duringSleeps = nullptr;
 }
 
@@ -84,7 +84,7 @@ bool RecordedPlatform::noteKill(int processId) {
     const std::lock_guard<std::mutex> guard(record().mutex);
     add("kill");
     record().killed.push_back(processId);
-    return record().swallowedKills-- <= 0;
+    return record().ignoredKills-- <= 0;
 }
 
 } // namespace test

@@ -6,17 +6,18 @@
 
 namespace test {
 
-/// What the library asked of the platform's clock and of its kill, in order: "pause 50" between two
-/// looks at a child, "sleep 1000", "kill". A test program that links RecordedSleep.cpp takes the
-/// place of PlatformUtil::sleep(): a second and more passes at once. One that links
-/// RecordedChild.cpp as well takes the place of the pause and of the kill too: no time passes.
+/// Records the sleeps, pauses and kills of the library in order: "sleep 1000", "pause 50" between
+/// two looks at a child, "kill". A test program that links RecordedSleep.cpp replaces
+/// PlatformUtil::sleep(): a sleep of a second and more takes no time. One that also links
+/// RecordedChild.cpp replaces ChildPause::pause(), which takes no time either, and
+/// PlatformUtil::killProcess().
 class RecordedPlatform {
 public:
-    /// Starts a new record. The first `swallowedKills` kills are recorded but do nothing, as with a
-    /// child that is not gone yet when it is looked at next.
-    static void begin(int swallowedKills = 0);
+    /// Starts a new record. The first `ignoredKills` kills are recorded but do nothing, as if the
+    /// child had not ended yet at the next look.
+    static void begin(int ignoredKills = 0);
 
-    /// What is done during each sleep of a second and more, on the sleeper's thread, until the next
+    /// Runs this during each sleep of a second and more, on the thread that sleeps, until the next
     /// begin().
     static void duringSleeps(const std::function<void()>& action);
 
@@ -28,7 +29,7 @@ public:
     /// The process of each kill.
     static std::vector<int> killed();
 
-    // For the replacements. A kill is to be carried out where the result is true.
+    // For the replacements. noteKill() returns whether the kill is to be carried out.
     static void note(const std::string& event);
     static void passSleep();
     static bool noteKill(int processId);

@@ -4,7 +4,8 @@
 #include <chrono>
 #include <thread>
 
-// A short sleep is a plain pause between two looks at a child, where the system has no better one.
+// A sleep of less than a second is a pause between two looks at a child, on a system without early
+// ends.
 void PlatformUtil::sleep(int milliseconds) noexcept {
     test::RecordedPlatform::note("sleep " + std::to_string(milliseconds));
     if (milliseconds < 1000)

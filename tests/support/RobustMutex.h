@@ -6,8 +6,8 @@
 
 namespace test {
 
-/// Whether the system releases the robust mutexes of a process that dies. An emulator may not.
-inline bool systemReleasesMutexesOfTheDead() {
+/// Whether the system recovers the robust mutexes of a process that dies. An emulator may not.
+inline bool systemHasRobustMutexes() {
     void* head = nullptr;
     std::size_t size = 0;
     return syscall(SYS_get_robust_list, 0, &head, &size) == 0 && head != nullptr;

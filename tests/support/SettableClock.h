@@ -4,7 +4,8 @@
 
 namespace test {
 
-/// The runtime's clock of a program that is linked with this: it stands still, and a test moves it.
+/// Replaces the clock of Zam in a program that is linked with it. The time changes only when a test
+/// sets it.
 class SettableClock {
 public:
     static void set(std::uint64_t milliseconds);

@@ -4,19 +4,19 @@
 
 namespace test {
 
-/// Waits for locks with a time limit, in a test program that has its own PlatformUtil::lockMutexUntil():
-/// it waits a hundredth as long and keeps account.
+/// Replaces PlatformUtil::lockMutexUntil() in a test program that is linked with it: each wait
+/// takes a hundredth of its time and is recorded.
 class ShortLocks {
 public:
     static void reset();
 
-    /// How many waits have ended without the lock since reset().
+    /// The number of waits since reset() that ended without the lock.
     static int timeouts();
 
-    /// Returns when that many have.
+    /// Returns when timeouts() is at least `count`.
     static void awaitTimeouts(int count);
 
-    /// The longest time that was asked for since reset().
+    /// The longest time of a wait since reset(), as it was asked for.
     static std::chrono::milliseconds longest();
 };
 

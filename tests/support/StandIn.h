@@ -7,8 +7,8 @@ namespace test {
 
 using Arguments = std::vector<std::string>;
 
-/// Puts the stand-in in the place of the client and of the process lister for as long as this
-/// object lives, scripts its answers and tells how it was called.
+/// Replaces the client and the process lister by the stand-in during its lifetime, scripts the
+/// answers and returns the calls.
 class StandIn {
 public:
     StandIn();
@@ -17,20 +17,20 @@ public:
     StandIn(const StandIn&) = delete;
     StandIn& operator=(const StandIn&) = delete;
 
-    /// A rule under construction: what one command line is answered with.
+    /// A rule under construction: the answer to one command line.
     class Answer {
     public:
         Answer& prints(const std::string& text) { return add({"print", text}); }
         Answer& printsError(const std::string& text) { return add({"error", text}); }
         Answer& printsFacts() { return add({"facts"}); }
-        /// Makes a file that stays; %d in its path is the stand-in's process id.
+        /// Makes a file that is not removed; %d in its path is the stand-in's process id.
         Answer& leaves(const std::string& path) { return add({"leave", path}); }
         Answer& exits(int status) { return add({"exit", std::to_string(status)}); }
         Answer& diesBy(int signal) { return add({"signal", std::to_string(signal)}); }
-        /// Stands still at the Checkpoint of this path.
+        /// Waits at the Checkpoint with this path.
         Answer& pausesAt(const std::string& path) { return add({"pause", path}); }
         Answer& hangs() { return add({"hang"}); }
-        /// What follows answers the next call of the same kind; the last answer repeats.
+        /// Begins the answer to the next call that matches the rule. The last answer is repeated.
         Answer& then() { return add({"then"}); }
 
     private:
@@ -40,17 +40,17 @@ public:
         const StandIn& m_standIn;
     };
 
-    /// Answers a call with exactly these arguments after argv[0]; {"*"} takes every call that no
-    /// earlier rule takes. A call without a rule exits 99.
+    /// A rule for a call with exactly these arguments after argv[0]. {"*"} matches every call. The
+    /// first rule that matches answers; a call without a rule exits with status 99.
     Answer on(const Arguments& arguments);
 
     /// Every call so far, argv[0] included.
     std::vector<Arguments> calls() const;
 
-    /// Forgets rules and calls.
+    /// Removes all rules and calls.
     void reset();
 
-    /// The boot directory, to put something else in.
+    /// The boot directory. A test may put other programs into it.
     const std::string& folder() const { return m_folder; }
 
 private:

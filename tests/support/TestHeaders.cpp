@@ -1,1 +1,1 @@
-// Nothing of its own: what belongs to it are the precompiled headers that the tests share.
+// Empty. Its target has the precompiled headers that the tests share.

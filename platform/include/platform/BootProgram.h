@@ -10,20 +10,20 @@ namespace platform {
 /// Whether the path names a program of the boot image: one under /proc/boot/.
 PLATFORM_API bool isBootProgram(const std::string& path);
 
-/// Where the program with this fixed path is on this system. A path outside /proc/boot/ is its own
-/// answer. For a program of the boot image it is, first match:
-///  1. the directory in the environment variable PLATFORM_BOOT_DIR, whatever is in it (ignored in
-///     a program that runs with more rights than its caller),
-///  2. the path as it stands, where it exists,
-///  3. the directory boot/ beside the folder that this library is in, links to it resolved, where
-///     the program is there: the build tree,
-///  4. the directory that the boot programs are installed in, which the build knows as a path from
-///     that of the libraries: so a whole installation may be moved. The path as it stands again
-///     where the library's own file is gone.
+/// The path at which this system has the program with this fixed path. Any path outside /proc/boot/
+/// is returned as it is. For a program of the boot image, the first of these:
+///  1. in the directory PLATFORM_BOOT_DIR (environment), whether or not the program is there; the
+///     variable is ignored in a program that runs with more rights than its caller,
+///  2. the path itself, if it exists,
+///  3. in the directory boot/ beside the folder of this library (links resolved), if the program is
+///     there: the build tree,
+///  4. in the directory for the installed boot programs. The build knows it relative to that of the
+///     libraries, so an installation may be moved as a whole. When the library's own file no longer
+///     exists, the path itself.
 PLATFORM_API std::string locateProgram(const std::string& path);
 
-/// The places where locateProgram() looks for the program, at least one; where none has it, the last is
-/// its answer.
+/// The paths at which locateProgram() looks for the program, at least one. It returns the last one
+/// when the program is at none of them.
 PLATFORM_API std::vector<std::string> programPlaces(const std::string& path);
 
 } // namespace platform

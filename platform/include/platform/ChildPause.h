@@ -3,21 +3,20 @@
 #include "platform/Export.h"
 #include "platform/FileDescriptor.h"
 
-/// The pause between two looks at a child process, ended early when that child ends.
+/// The pause between two looks at a child process. It ends early when that child ends.
 ///
-/// Where the system cannot tell that a child has ended (found out when the object is made), a pause
-/// is a plain PlatformUtil::sleep(). Reaping stays with the caller: a pause takes no exit status
-/// and touches no other child.
+/// On a system that cannot notify a process of a child's end, which the constructor finds out, a
+/// pause is a plain PlatformUtil::sleep(). A pause reaps nothing; the caller does.
 class PLATFORM_API ChildPause {
 public:
     /// @param processId  a child of this process that has not been reaped yet
     explicit ChildPause(int processId) noexcept;
 
-    /// Waits for the given milliseconds, or less when the child ends meanwhile. Only one pause is
-    /// ever cut short: a child that has ended but cannot be reaped yet (a debugger holds it) is
-    /// waited for at the full pace.
+    /// Waits for the given milliseconds, or less when the child ends meanwhile. Only one pause of
+    /// an object is shortened: a child that has ended but cannot be reaped yet, because a debugger
+    /// holds it, must not turn the caller's loop into a busy one.
     void pause(int milliseconds) noexcept;
 
 private:
-    platform::FileDescriptor m_watch; ///< becomes readable at the child's end
+    platform::FileDescriptor m_watch; ///< becomes readable when the child ends
 };

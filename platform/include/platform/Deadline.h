@@ -6,8 +6,8 @@
 
 namespace platform {
 
-/// The time of the monotonic clock in so many seconds, as waits take it. Some decades are the most:
-/// beyond that, the time of a 32-bit system would start anew.
+/// The time of the monotonic clock after so many seconds, as a deadline for waits. Clamped to 2^30
+/// s: a 32-bit time_t must not overflow.
 PLATFORM_API std::chrono::steady_clock::time_point deadlineAfter(unsigned int seconds) noexcept;
 
 } // namespace platform

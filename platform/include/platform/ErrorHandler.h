@@ -5,8 +5,8 @@
 
 #include <memory>
 
-/// The sink that errors are reported into. The order of the virtual operations is part of the
-/// binary interface: both destructors, then the four operations as they stand.
+/// Receives the errors that an operation reports. The order of the virtual functions is part of the
+/// binary interface: both destructors, then the four operations in the order below.
 ///
 /// A handler belongs to one thread at a time; it takes no lock.
 class PLATFORM_API ErrorHandler {
@@ -17,20 +17,20 @@ public:
     ErrorHandler(const ErrorHandler&) = delete;
     ErrorHandler& operator=(const ErrorHandler&) = delete;
 
-    /// Reports an error. Here it is only saved. The bundle stays the caller's; null is ignored.
+    /// Reports an error. This class saves a copy; derived classes may do more. The caller keeps the
+    /// bundle. Null is ignored.
     virtual void error(MessageBundle* bundle);
 
-    /// Reports an error that has only a text: makes a bundle of it, without an
-    /// id, and reports that.
+    /// Reports an error that has only a text, as a bundle with an empty id.
     virtual void error(const char* text);
 
-    /// Forgets what was saved.
+    /// Removes the saved error.
     virtual void clearError();
 
-    /// Keeps a copy of the bundle, in place of an earlier one. Null is ignored.
+    /// Saves a copy of the bundle in place of an earlier one. Null is ignored.
     virtual void saveError(MessageBundle* bundle);
 
-    /// The error saved last, or null; valid until the next call that saves or forgets.
+    /// The error saved last, or null; valid until the next call that saves or removes one.
     const MessageBundle* savedError() const noexcept { return m_saved.get(); }
 
 private:

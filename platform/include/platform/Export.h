@@ -1,4 +1,4 @@
 #pragma once
 
-/// Marks what a support library offers to others; everything else is built hidden.
+/// Marks what a platform library exports; everything else is built hidden.
 #define PLATFORM_API __attribute__((visibility("default")))

@@ -25,7 +25,7 @@ public:
             ::close(release());
     }
 
-    /// Gives the descriptor away.
+    /// Returns the descriptor, which the caller closes from now on.
     int release() noexcept { return std::exchange(m_number, -1); }
 
 private:

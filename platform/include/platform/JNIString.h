@@ -19,8 +19,7 @@ public:
     JNIString(const JNIString&) = delete;
     JNIString& operator=(const JNIString&) = delete;
 
-    /// The object's own copy. Null for a null string or environment, where the virtual machine
-    /// could not give the characters, and where an exception was pending, which forbids to ask for
-    /// them.
+    /// The object's own copy. Null for a null string or environment, when the virtual machine gave
+    /// no characters, and when an exception was pending: JNI forbids the call then.
     const char* text() const noexcept { return m_text; }
 };

@@ -4,11 +4,11 @@
 
 #include <string>
 
-/// The record of one reported error: which error it is, and what a person reads.
+/// One reported error: its id for programs and its message for people.
 class PLATFORM_API MessageBundle {
 public:
-    /// @param id    name of the error for programs, such as "crypt.damaged"; null counts as empty
-    /// @param text  message in UTF-8, never holding a secret; null counts as empty
+    /// @param id    such as "crypt.damaged"; null is taken as empty
+    /// @param text  in UTF-8, without any secret; null is taken as empty
     MessageBundle(const char* id, const char* text);
 
     const char* id() const noexcept { return m_id.c_str(); }

@@ -7,8 +7,8 @@
 
 namespace platform {
 
-/// A line on standard error that a process prints once, however often its cause comes back. Meant for
-/// static storage. Any thread may call; nothing throws.
+/// A line on standard error that a process prints at most once, however often its cause occurs. For
+/// objects in static storage. Any thread may call; nothing throws.
 class PLATFORM_API OnceWarning {
 public:
     constexpr OnceWarning() noexcept = default;
@@ -16,8 +16,8 @@ public:
     OnceWarning(const OnceWarning&) = delete;
     OnceWarning& operator=(const OnceWarning&) = delete;
 
-    /// Prints "platwifi: " and the text as one line, the first time; nothing later.
-    /// @param text  names the cause and the next step, without a secret
+    /// Prints "platwifi: " and the text as one line at the first call, and nothing at later ones.
+    /// @param text  names the cause and what to do, without a secret
     void print(const std::string& text) noexcept;
 
 private:

@@ -8,40 +8,43 @@
 
 namespace platform {
 
-/// A condition variable for processes that share memory. It is plain data: it may stand in a mapping,
-/// at another address in each process, and there is nothing to construct or destroy.
+/// A condition variable in memory that processes share. It is plain data without a constructor or
+/// destructor, and may be mapped at another address in each process.
 ///
-/// It keeps no account of who waits. A process that is killed while it waits leaves no trace, whereas
-/// a POSIX condition variable would wait for it in a later broadcast or destroy, for ever.
+/// It has no list of the threads that wait. So a process that is killed while it waits leaves
+/// nothing behind; a POSIX condition variable would wait for it for ever in a later broadcast or
+/// destruction.
 ///
 /// Nothing throws.
 struct PLATFORM_API SharedCondition {
-    /// How long wait() waits for the mutex: its holder may be a process that is stopped.
+    /// The time limit for locking the mutex again in wait(): the process that holds it may be
+    /// stopped.
     static constexpr std::chrono::seconds RELOCK_LIMIT{1};
 
     std::uint32_t sequence; ///< changes with every broadcast
-    std::uint32_t mark;     ///< tells what setUp() has made from any other memory
+    std::uint32_t mark;     ///< a fixed value between setUp() and end()
 
-    /// Makes the memory a condition. For one thread, while nobody else can see the memory.
+    /// Sets up the memory as a condition. No other thread or process may see the memory yet.
     void setUp() noexcept;
 
-    /// Whether setUp() has been here and end() has not. May be asked of any memory, at any time.
+    /// Whether setUp() was called on this memory and end() was not. Works on any memory, at any
+    /// time.
     bool isSetUp() const noexcept;
 
-    /// Takes the mark away. Nobody waits any more.
+    /// Removes the mark. No thread may wait.
     void end() noexcept;
 
-    /// Releases the mutex, waits for a broadcast that comes after that or for the deadline, and locks
-    /// the mutex again. May end early without either.
+    /// Unlocks the mutex, waits for a later broadcast or for the deadline, and locks the mutex
+    /// again. May return early without either.
     /// @param mutex     held by the calling thread, once
     /// @param deadline  on the monotonic clock
-    /// @return 0; ETIMEDOUT; or, where the mutex could not simply be locked again, EBUSY after
-    ///         RELOCK_LIMIT or what lockMutex() says of it: the caller holds the mutex after
-    ///         EOWNERDEAD, and does not after any other
+    /// @return 0, ETIMEDOUT after the deadline, EBUSY when the mutex could not be locked again
+    ///         within RELOCK_LIMIT, or an error of lockMutex(). The caller holds the mutex after 0,
+    ///         ETIMEDOUT and EOWNERDEAD, and after no other error.
     int wait(PlatformMutex& mutex, std::chrono::steady_clock::time_point deadline) noexcept;
 
-    /// Wakes everyone who waits, in every process. Whoever is to see a change of the data behind it
-    /// makes that change under the mutex.
+    /// Wakes all threads that wait, in all processes. Change the data that the condition is about
+    /// while you hold the mutex; otherwise a thread that is about to wait misses the change.
     void broadcast() noexcept;
 };
 

@@ -9,22 +9,22 @@ namespace platform {
 
 /// Memory that processes share under a name.
 ///
-/// A new object gets its name only when it has been set up, in one step: nobody ever maps one that is
-/// being made, or was being made by a process that died. Of processes that start at the same time one
-/// makes the object and the others join it.
+/// A new object gets its name in one step, after it was set up. So no process ever maps an
+/// unfinished object, not even when the process that made it died. Of processes that start at the
+/// same time, one makes the object and the others join it.
 ///
 /// An object belongs to one thread at a time. Nothing throws.
 class PLATFORM_API SharedMemory {
 public:
-    /// Fills new memory. False gives it up.
+    /// Sets up new memory. On false the memory is discarded.
     using SetUp = bool (*)(void* memory);
 
-    /// What came of joining memory that others may be using: REFUSED where it is none of theirs, BUSY
-    /// where that could not be found out in time.
+    /// The result of joining memory that other processes may use: REFUSED when it is not in use or
+    /// not what is expected, BUSY when that could not be found out in time.
     enum class Joining { JOINED, REFUSED, BUSY };
     using Join = Joining (*)(void* memory);
 
-    enum class Result { failed, created, joined };
+    enum class Result { FAILED, CREATED, JOINED };
 
     SharedMemory() noexcept = default;
     ~SharedMemory() { detach(); }
@@ -32,31 +32,31 @@ public:
     SharedMemory(const SharedMemory&) = delete;
     SharedMemory& operator=(const SharedMemory&) = delete;
 
-    /// Maps the object of this name, or makes one where there is none. What was mapped before is
-    /// detached.
+    /// Maps the object of this name, or makes one when there is none. Detaches what was mapped
+    /// before.
     ///
-    /// An object is only mapped when it has exactly this size, and belongs to root or to the effective
-    /// user; it is only joined when `join` agrees. One that is busy keeps its name, and this process does
-    /// without. What else stands under the name loses it to a new object, as far as this process may do
-    /// that; where it looks like an object of another user's processes, one line on standard error says
-    /// so. One line says so, too, where there is no object for this process.
+    /// An object is mapped only if it has exactly this size and belongs to root or to the effective
+    /// user, and joined only if `join` returns JOINED. A BUSY object keeps its name, and the call
+    /// fails. Anything else with this name is replaced by a new object, if this process may remove
+    /// it. One line on standard error reports the replacement of what looks like an object of
+    /// another user's processes, and one a failure.
     ///
-    /// @param name   "/" and the name; null and others fail
+    /// @param name   begins with "/"; any other name and null fail
     /// @param size   in bytes
     /// @param setUp  called with a new object, all zero, that no other process sees
-    /// @param join   called with an object that others may be using
-    /// @return failed, with nothing mapped, when the system allows neither; that takes a second at
-    ///         most where another process stands in the way
+    /// @param join   called with an object that other processes may use
+    /// @return FAILED, with nothing mapped, when there is no object for this process. When another
+    ///         process holds the lock of the folder, that takes a second.
     Result attach(const char* name, std::size_t size, SetUp setUp, Join join) noexcept;
 
-    /// Unmaps the memory, if there is any. The object and its name stay.
+    /// Unmaps the memory, if any is mapped. The object and its name stay.
     void detach() noexcept;
 
     /// The memory, or null.
     void* data() const noexcept { return m_data; }
 
-    /// Takes the name away, whatever it means by now. Who has the object mapped keeps it. Null is
-    /// ignored.
+    /// Removes the name, whichever object has it now. Processes that have the object mapped keep
+    /// it. Null is ignored.
     static void unlink(const char* name) noexcept;
 
 private:

@@ -2,7 +2,7 @@
 
 #include "platform/Export.h"
 
-/// Starts programs, the way the platform does it.
+/// Starts programs.
 class PLATFORM_API Spawn {
 public:
     /// Starts `path` as a child process and returns without waiting for it.
@@ -12,14 +12,14 @@ public:
     /// descriptor reaches it, its signal mask is empty and every signal has its default action.
     /// It inherits the calling thread's scheduling.
     ///
-    /// A path under /proc/boot/ names a program of the boot image. The platform library knows
-    /// where these programs are on this system; `arguments[0]` is left as given.
+    /// A path under /proc/boot/ names a program of the boot image; locateProgram() gives its path
+    /// on this system. `arguments[0]` is passed on as given.
     ///
     /// @param path       the program; null fails with EINVAL
     /// @param arguments  argument vector with its closing null pointer; null fails with EINVAL
     /// @param output     an open descriptor
-    /// @return the child's process id, to be reaped by the caller, or -1 with errno set; then
-    ///         there is no child. The first time in a process that a program of the boot image is
-    ///         missing or cannot be run, a line on standard error says so, and where it was looked for.
+    /// @return the process id of the child, which the caller reaps, or -1 with errno set: there is
+    ///         no child then. When a program of the boot image is missing or cannot be run, one
+    ///         line on standard error in a process reports it and the places searched.
     static int start(const char* path, const char* const arguments[], int output) noexcept;
 };

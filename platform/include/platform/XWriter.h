@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-/// Writes XML 1.0 in UTF-8, piece by piece, to wherever the derived class puts it.
+/// Writes XML 1.0 in UTF-8. A derived class decides where the text goes.
 class PLATFORM_API XWriter {
 public:
     virtual ~XWriter();
@@ -15,23 +15,23 @@ public:
     /// Writes one raw character. A NUL writes nothing.
     void w(char character);
 
-    /// Writes name="value". The value is escaped so that any bytes give a well-formed document and
-    /// a reader gets back what the value was: markup characters as entities; tab, line feed and
-    /// carriage return as character references; every character that XML cannot hold, and every
-    /// byte that is not UTF-8, as U+FFFD. A null value writes an empty one; a null or empty name
-    /// writes nothing at all.
-    /// @param name  an XML name, written as it stands
+    /// Writes name="value". Any value gives a well-formed document: markup characters become
+    /// entities, tab, line feed and carriage return become character references, and a reader gets
+    /// the original characters. Each character that XML cannot contain, and each byte that is not
+    /// UTF-8, becomes U+FFFD. Null is written as an empty value. With a null or empty name nothing
+    /// is written.
+    /// @param name  an XML name, written without a check
     void attr(const char* name, const char* value);
 
-    /// The same with a value made as printf() does and cut to its first `size` - 1 bytes. A null
-    /// format, or a size of 1 or less, writes an empty value.
+    /// The same with a value formatted as by printf(), cut to its first `size` - 1 bytes. With a
+    /// null format, or a size of 1 or less, the value is empty.
     void attrf(const char* name, const char* format, int size, ...)
         __attribute__((format(printf, 3, 5)));
 
 protected:
     XWriter() = default;
 
-    /// Takes the next `length` bytes of the document.
+    /// Appends `length` bytes to the document.
     virtual void write(const char* bytes, std::size_t length) = 0;
 
 private:

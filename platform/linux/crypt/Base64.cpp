@@ -6,7 +6,7 @@
 namespace platform {
 namespace {
 
-// Text and bytes in whole groups; EVP_EncodeBlock() adds a NUL.
+// Base64 works in whole groups of characters and bytes. EVP_EncodeBlock() appends a NUL.
 constexpr std::size_t TEXT_GROUP = 4;
 constexpr std::size_t BYTE_GROUP = 3;
 
@@ -34,7 +34,7 @@ bool fromBase64(std::string_view text, Bytes& bytes) {
     if (EVP_DecodeBlock(bytes.data(), bytesOf(text), static_cast<int>(text.size())) < 0)
         return false;
     bytes.resize(bytes.size() - paddingOf(text));
-    // The decoder forgives blanks, stray padding and spare bits; such a text is not ours.
+    // The decoder accepts blanks, misplaced padding and spare bits; toBase64() makes none.
     return toBase64(bytes) == text;
 }
 

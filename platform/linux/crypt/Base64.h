@@ -10,7 +10,7 @@ using Bytes = std::vector<unsigned char>;
 
 std::string toBase64(const Bytes& bytes);
 
-/// Puts the decoded bytes into `bytes`. False where `text` is not exactly what toBase64() makes.
+/// Decodes `text` into `bytes`. False unless `text` is exactly what toBase64() makes.
 bool fromBase64(std::string_view text, Bytes& bytes);
 
 } // namespace platform

@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t NONCE_BYTES = 12;
 constexpr std::size_t TAG_BYTES = 16;
 
-// A digest made with the key tells nothing about the key.
+// The HMAC of this label identifies a key and reveals nothing about it.
 constexpr std::string_view NAME_LABEL = "name of a crypt1 key";
 
 const unsigned char* bytesOf(std::string_view text) {

@@ -20,7 +20,7 @@ namespace {
 constexpr std::string_view VERSION_NAME = "crypt";
 constexpr std::string_view PREFIX = "crypt1:";
 
-// More than the longest text that encrypt() makes.
+// Longer than any text that encrypt() makes.
 constexpr std::size_t LONGEST_TEXT = 2 * Crypt::MAXIMUM_LENGTH;
 
 bool startsWith(std::string_view text, std::string_view prefix) {
@@ -65,10 +65,11 @@ std::string boundTo(const std::string& keyName) {
     return std::string(PREFIX) + keyName;
 }
 
-std::unique_ptr<char[]> copyOf(const void* text, std::size_t size) {
-    auto copy = std::make_unique<char[]>(size);
-    std::memcpy(copy.get(), text, size);
-    return copy;
+// The array that the caller of Crypt frees with delete[].
+std::unique_ptr<char[]> newResult(const void* text, std::size_t size) {
+    auto result = std::make_unique<char[]>(size);
+    std::memcpy(result.get(), text, size);
+    return result;
 }
 
 std::unique_ptr<char[]> encipher(const char* plain) {
@@ -76,23 +77,23 @@ std::unique_ptr<char[]> encipher(const char* plain) {
     if (size > Crypt::MAXIMUM_LENGTH)
         throw CryptError("crypt.too-long", "a secret of more than 1 MiB cannot be enciphered; "
                                            "shorten it");
-    const SecretBytes key = readKey(MissingKey::Make);
+    const SecretBytes key = readKey(MissingKey::MAKE);
     const std::string name = nameOfKey(key);
     const Bytes sealed = seal(key, boundTo(name), std::string_view(plain, size));
     Bytes body(name.begin(), name.end());
     body.insert(body.end(), sealed.begin(), sealed.end());
     const std::string text = std::string(PREFIX) + toBase64(body);
-    return copyOf(text.c_str(), text.size() + 1);
+    return newResult(text.c_str(), text.size() + 1);
 }
 
 std::unique_ptr<char[]> decipher(const char* enciphered) {
     const Bytes body = decodeBody(enciphered);
-    const SecretBytes key = readKey(MissingKey::Fail);
+    const SecretBytes key = readKey(MissingKey::FAIL);
     const std::string name = nameOfKey(key);
     checkKeyName(body, name);
     const Bytes sealed(body.begin() + KEY_NAME_BYTES, body.end());
     const SecretBytes plain = unseal(key, boundTo(name), sealed);
-    return copyOf(plain.data(), plain.size());
+    return newResult(plain.data(), plain.size());
 }
 
 void report(ErrorHandler* errors, const char* id, const char* text) noexcept {
@@ -102,11 +103,11 @@ void report(ErrorHandler* errors, const char* id, const char* text) noexcept {
         MessageBundle bundle(id, text);
         errors->error(&bundle);
     } catch (...) {
-        // The handler's own trouble: the result tells of the failure all the same.
+        // The handler itself failed. The status that is returned shows the error.
     }
 }
 
-/// Leaves the caller's queue of cipher library errors as it was.
+/// Restores the calling thread's queue of OpenSSL errors, which belongs to the program.
 class KeptErrorQueue {
 public:
     KeptErrorQueue() { ERR_set_mark(); }

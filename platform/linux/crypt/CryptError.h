@@ -5,11 +5,12 @@
 
 namespace platform {
 
-/// A failure of the cipher on its way to the caller's ErrorHandler; it never leaves this library.
+/// A failure of the cipher, to be reported to the caller's ErrorHandler. Never thrown out of this
+/// library.
 class CryptError : public std::runtime_error {
 public:
-    /// @param id    one of those that platform/Crypt.h lists
-    /// @param text  the cause and the next step; nothing secret
+    /// @param id    one of the ids in platform/Crypt.h
+    /// @param text  the cause and what to do, without a secret
     CryptError(const char* id, const std::string& text) : std::runtime_error(text), m_id(id) {}
 
     const char* id() const noexcept { return m_id; }

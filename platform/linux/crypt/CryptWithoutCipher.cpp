@@ -1,4 +1,4 @@
-// Stands in for Crypt.cpp in a cross build whose target system has no libcrypto to link with.
+// Replaces Crypt.cpp in a cross build whose target has no libcrypto to link with.
 
 #include "platform/Crypt.h"
 
@@ -13,7 +13,7 @@ int fail(ErrorHandler* errors, char** result) noexcept {
         if (errors)
             errors->error(&bundle);
     } catch (...) {
-        // The handler's own trouble: the result tells of the failure all the same.
+        // The handler itself failed. The status that is returned shows the error.
     }
     return 1;
 }

@@ -19,7 +19,8 @@ namespace {
     throw CryptError(id, "key file " + path + " " + cause);
 }
 
-// O_NONBLOCK: a pipe of that name must not keep us waiting. No value: there is no such file.
+// No value when there is no such file. With O_NONBLOCK, a pipe with that name does not block the
+// caller.
 std::optional<FileDescriptor> openKeyFile(const std::string& path) {
     FileDescriptor file(open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     if (file.isOpen())
@@ -65,7 +66,7 @@ SecretBytes readKey(const FileDescriptor& file, const std::string& path) {
 
 SecretBytes readKeyFile(const std::string& path, MissingKey missing) {
     std::optional<FileDescriptor> file = openKeyFile(path);
-    if (!file && missing == MissingKey::Make) {
+    if (!file && missing == MissingKey::MAKE) {
         makeKeyFile(path);
         file = openKeyFile(path);
     }

@@ -6,13 +6,13 @@
 
 namespace platform {
 
-enum class MissingKey { Make, Fail };
+enum class MissingKey { MAKE, FAIL };
 
-/// Reads the key from this file, which must be a regular file of the calling user with nobody else
-/// having any right on it.
+/// Reads the key from this file. It must be a regular file of the calling user, without rights for
+/// group and others.
 ///
-/// A missing key file is made on request, with its folders. Of several processes and threads that
-/// make it at once one wins and all read the winner's.
+/// With MAKE, a missing key file and its folders are made. When several processes and threads do so
+/// at once, all of them read the same key.
 /// @throws CryptError with one of the ids "crypt.no-key" and "crypt.key-..."
 SecretBytes readKeyFile(const std::string& path, MissingKey missing);
 

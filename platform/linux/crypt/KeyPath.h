@@ -5,8 +5,8 @@
 
 namespace platform {
 
-/// Where this user's key file is, in the order that platform/Crypt.h tells.
-/// @throws CryptError "crypt.key-path" where nothing tells
+/// The path of this user's key file, by the rules in platform/Crypt.h.
+/// @throws CryptError "crypt.key-path" when none of them applies
 std::string keyPath(uid_t user);
 
 } // namespace platform

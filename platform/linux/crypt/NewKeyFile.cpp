@@ -37,7 +37,7 @@ void makeFolders(const std::string& path) {
     }
 }
 
-/// A file under a name that nobody else uses, removed with the object.
+/// A file with a unique name, removed with the object.
 class TemporaryFile {
 public:
     explicit TemporaryFile(const std::string& beside)
@@ -57,7 +57,7 @@ public:
                fsync(m_file.number()) == 0;
     }
 
-    // A link, not a rename: it never replaces what is there.
+    // A link and no rename: a rename would replace an existing key file.
     bool publish(const std::string& path) {
         return link(m_path.c_str(), path.c_str()) == 0 || errno == EEXIST;
     }
@@ -75,7 +75,7 @@ SecretBytes randomKey() {
     return key;
 }
 
-// A key that a power failure takes away makes everything enciphered with it worthless.
+// If a power failure removed the key file, nothing that was enciphered with it could be deciphered.
 void syncFolder(const std::string& path) {
     const FileDescriptor folder(open(folderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.isOpen())

@@ -6,8 +6,8 @@
 
 namespace platform {
 
-/// Bytes that are wiped from memory when they are no longer needed. Their number is fixed, so that
-/// no copy is left behind by growing.
+/// Bytes that the destructor wipes from memory. Their number is fixed: growing would leave a copy
+/// behind.
 class SecretBytes {
 public:
     explicit SecretBytes(std::size_t size) : m_bytes(size) {}

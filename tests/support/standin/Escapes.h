@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-/// The text form of the stand-in's script and of its record of calls: fields separated by tabs, with
-/// \\, \n, \t and \xNN for what would be in the way.
+/// The format of the stand-in's script and of its record of calls: fields separated by tabs, with
+/// the escapes \\, \n, \t and \xNN.
 namespace standin {
 
 inline std::string escaped(const std::string& text) {

@@ -1,5 +1,5 @@
-// Stands in for the supplicant's client and for the process lister: records how it was called and
-// answers as a script says. See docs/testing.md for the form of the script.
+// The stand-in for the supplicant's client and the process lister. It records each call and answers
+// by a script. docs/testing.md describes the script.
 
 #include "support/standin/Escapes.h"
 
@@ -68,7 +68,7 @@ const Rule* findRule(const std::vector<Rule>& rules, const Fields& call) {
     return found == rules.end() ? nullptr : &*found;
 }
 
-// Records this call and tells which calls were made before it.
+// Records this call and returns the earlier ones.
 std::vector<Fields> recordCall(const Fields& call) {
     const std::string path = folder() + "/calls";
     const int file = open(path.c_str(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
@@ -107,7 +107,7 @@ std::string openDescriptors() {
     return text;
 }
 
-// What the caller made of this process, one fact a line.
+// What this process has inherited from its parent, one fact a line.
 void printFacts() {
     sched_param parameters{};
     sched_getparam(0, &parameters);
@@ -123,7 +123,7 @@ void leaveFile(const std::string& path) {
     std::ofstream(mark == std::string::npos ? path : std::string(path).replace(mark, 2, id));
 }
 
-// Stands still until the other end of the named pipe, which the test holds, is closed.
+// Waits until the test closes its end of the named pipe.
 void pauseAt(const std::string& path) {
     char byte = 0;
     const int pipe = open(path.c_str(), O_RDONLY | O_CLOEXEC);

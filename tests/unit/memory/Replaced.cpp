@@ -2,21 +2,27 @@
 // neither count nor fail, for children; and a refresh thread that ends at once, since thousands of
 // processes wait for one.
 
+#include "Paths.h"
 #include "fuzz/ModelRunner.h"
 #include "platform/Deadline.h"
+#include "platform/PlatformUtil.h"
 #include "support/FailingAllocator.h"
 
-class WifiUtil;
+#include <cstring>
 
-bool pausedLaunch(WifiUtil*, const char*, const char*, const char*, const char*, const char*,
-                  const char*,
-                  const char*) __asm__("__wrap__ZN8WifiUtil13launchProcessEPKcS1_S1_S1_S1_S1_S1_");
+#define RUN_CHILD "_ZN8platwifi8runChildER15pthread_mutex_tRKNS_12ArgumentListEPKcS6_"
+bool realChild(PlatformMutex&, const platwifi::ArgumentList&, const char*,
+               const char*) __asm__("__real_" RUN_CHILD);
+bool modelChild(PlatformMutex&, const platwifi::ArgumentList&, const char*,
+                const char*) __asm__("__wrap_" RUN_CHILD);
 
-bool pausedLaunch(WifiUtil* /*util*/, const char* /*path*/, const char* command,
-                  const char* interfaceArg, const char* arg1, const char* arg2, const char* arg3,
-                  const char* resultFile) {
+// The model is a supplicant, and no process lister.
+bool modelChild(PlatformMutex& launchMutex, const platwifi::ArgumentList& arguments,
+                const char* command, const char* resultFile) {
+    if (std::strcmp(arguments.program(), platwifi::paths::CLIENT) != 0)
+        return realChild(launchMutex, arguments, command, resultFile);
     const test::FailingAllocator::Pause pause;
-    return fuzz::launchOnModel(command, interfaceArg, arg1, arg2, arg3, resultFile);
+    return fuzz::runOnModel(arguments, resultFile);
 }
 
 std::chrono::steady_clock::time_point platform::deadlineAfter(unsigned int seconds) noexcept {

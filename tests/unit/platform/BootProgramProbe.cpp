@@ -1,6 +1,6 @@
 #include "platform/BootProgram.h"
 
-// Functions under names that dlsym() can be asked for.
+// Functions with C names, for dlsym().
 
 /// platform::locateProgram()
 extern "C" __attribute__((visibility("default"))) void locate(const char* path,
@@ -8,7 +8,7 @@ extern "C" __attribute__((visibility("default"))) void locate(const char* path,
     *result = platform::locateProgram(path);
 }
 
-/// platform::programPlaces(), a blank behind each.
+/// platform::programPlaces(), each followed by a blank.
 extern "C" __attribute__((visibility("default"))) void places(const char* path,
                                                               std::string* result) {
     for (const std::string& place : platform::programPlaces(path))

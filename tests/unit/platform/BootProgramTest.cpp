@@ -28,7 +28,7 @@ protected:
         std::ofstream(program) << "here\n";
     }
 
-    // Asks a library that was loaded, and closes it.
+    // The answer of a loaded library, which is closed afterwards.
     static std::string answer(const char* function, const std::string& path, void* library) {
         const auto ask =
             reinterpret_cast<void (*)(const char*, std::string*)>(dlsym(library, function));
@@ -62,19 +62,19 @@ TEST_F(BootProgram, IsInTheInstalledFolder) {
     EXPECT_EQ(located("/proc/boot/pidin"), INSTALLED);
 }
 
-TEST_F(BootProgram, IsInTheFolderOfABuildWhereItIsThere) {
+TEST_F(BootProgram, IsInTheFolderOfTheBuildIfItIsThere) {
     put(INSTALLED);
     put(BUILT);
     EXPECT_EQ(located("/proc/boot/pidin"), BUILT);
 }
 
-TEST_F(BootProgram, IsNotInAFolderThatOnlyLooksLikeTheOneOfABuild) {
+TEST_F(BootProgram, IsNotInAFolderThatOnlyHasTheNameOfTheBuilds) {
     put(INSTALLED);
     put("/tmp/world/prefix/lib/boot/vmlinuz");
     EXPECT_EQ(located("/proc/boot/pidin"), INSTALLED);
 }
 
-TEST_F(BootProgram, IsInTheInstalledFolderWhereItIsNowhere) {
+TEST_F(BootProgram, IsExpectedInTheInstalledFolderWhenItIsMissing) {
     EXPECT_EQ(located("/proc/boot/pidin"), INSTALLED);
 }
 
@@ -99,14 +99,14 @@ TEST_F(BootProgram, MovesWithThePrefix) {
               "/tmp/world/moved/libexec/platwifi/boot/pidin");
 }
 
-TEST_F(BootProgram, IsNoProgramOfTheWorkingFolderWhereTheLibraryIsGone) {
+TEST_F(BootProgram, IsThePathItselfWhenTheLibrarysFileIsGone) {
     void* const handle = dlopen(LIBRARY, RTLD_NOW | RTLD_LOCAL);
     ASSERT_TRUE(handle) << dlerror();
     fs::remove_all("/tmp/world/prefix");
     EXPECT_EQ(located("/proc/boot/pidin", handle), "/proc/boot/pidin");
 }
 
-TEST_F(BootProgram, OfAnotherFolderStaysWhereItIs) {
+TEST_F(BootProgram, OfAnotherFolderKeepsItsPath) {
     put(INSTALLED);
     EXPECT_EQ(located("/bin/pidin"), "/bin/pidin");
 }
@@ -121,7 +121,7 @@ TEST_F(BootProgram, IsLookedForInThreePlaces) {
     unsetenv("PLATFORM_BOOT_DIR");
 }
 
-TEST_F(BootProgram, IsInTheFolderOfTheEnvironmentWhateverIsThere) {
+TEST_F(BootProgram, IsInTheFolderOfTheEnvironmentEvenIfItIsMissing) {
     put(INSTALLED);
     setenv("PLATFORM_BOOT_DIR", "/tmp/world/empty", 1);
     EXPECT_EQ(located("/proc/boot/pidin"), "/tmp/world/empty/pidin");

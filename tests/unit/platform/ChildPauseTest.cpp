@@ -20,7 +20,7 @@ using std::chrono::steady_clock;
 constexpr int HOUR = 3600 * 1000;
 constexpr int EXIT_STATUS = 7;
 
-/// A child that ends with EXIT_STATUS when told, and is reaped with the object.
+/// A child that ends with EXIT_STATUS on request. The destructor reaps it.
 class Child {
 public:
     Child() {
@@ -82,8 +82,8 @@ milliseconds lengthOf(ChildPause& pause, int asked) {
 class EarlyChildPause : public testing::Test {
 protected:
     void SetUp() override {
-        if (!test::systemTellsEnds())
-            GTEST_SKIP() << "this system cannot tell that a child has ended";
+        if (!test::systemNotifiesOfChildEnd())
+            GTEST_SKIP() << "this system cannot notify of the end of a child";
     }
     Child child;
 };
@@ -100,26 +100,26 @@ TEST_F(EarlyChildPause, EndsWithTheChild) {
     sleeper.join();
 }
 
-TEST_F(EarlyChildPause, IsNoneWhereTheChildHasEndedBetween) {
+TEST_F(EarlyChildPause, IsZeroWhenTheChildHasEndedSince) {
     ChildPause pause(child.id());
     child.end();
     pause.pause(HOUR);
 }
 
-TEST_F(EarlyChildPause, IsNoneWhereTheChildHadEndedBefore) {
+TEST_F(EarlyChildPause, IsZeroWhenTheChildHadEndedBefore) {
     child.end();
     ChildPause pause(child.id());
     pause.pause(HOUR);
 }
 
-TEST_F(EarlyChildPause, IsCutShortOnce) {
+TEST_F(EarlyChildPause, IsShortenedOnce) {
     ChildPause pause(child.id());
     child.end();
     pause.pause(HOUR);
     EXPECT_GE(lengthOf(pause, 30), milliseconds(30));
 }
 
-TEST_F(EarlyChildPause, IsNotCutShortByAnotherChild) {
+TEST_F(EarlyChildPause, IsNotShortenedByAnotherChild) {
     Child other;
     ChildPause pause(child.id());
     other.end();
@@ -134,14 +134,14 @@ TEST_F(EarlyChildPause, LastsWhileTheChildRuns) {
     pause.pause(-1);
 }
 
-TEST(ChildPause, IsPlainSleepWhereTheSystemCannotTell) {
+TEST(ChildPause, IsPlainSleepWithoutNotificationOfTheChildsEnd) {
     Child child;
     bool refused = false;
     std::thread([&] {
-        refused = test::refuseToTellEnds();
+        refused = test::refuseChildEndNotification();
         if (!refused)
             return;
-        EXPECT_FALSE(test::systemTellsEnds());
+        EXPECT_FALSE(test::systemNotifiesOfChildEnd());
         ChildPause pause(child.id());
         child.end();
         EXPECT_GE(lengthOf(pause, 30), milliseconds(30));
@@ -150,7 +150,7 @@ TEST(ChildPause, IsPlainSleepWhereTheSystemCannotTell) {
         GTEST_SKIP() << "no system call filter can be set here";
 }
 
-TEST(ChildPause, IsPlainSleepForWhatIsNoChild) {
+TEST(ChildPause, IsPlainSleepForAProcessThatIsNoChild) {
     int reaped = -1;
     {
         Child child;

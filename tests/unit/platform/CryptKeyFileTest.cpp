@@ -53,7 +53,7 @@ protected:
         KeyWorld::TearDown();
     }
 
-    // Both operations refuse the key file, name it, and say what they did not like.
+    // Both operations refuse the key file, and their messages name it and the cause.
     static void expectRefused(const char* id, const char* cause) {
         const std::string text = "crypt1:" + std::string(48, 'A');
         for (const Outcome& outcome : {encrypted("a secret"), decrypted(text)}) {
@@ -66,7 +66,7 @@ protected:
     }
 };
 
-TEST_F(CryptKeyFile, IsMadeAtFirstUseForThisUserOnly) {
+TEST_F(CryptKeyFile, IsMadeAtFirstUseWithRightsForThisUserOnly) {
     const mode_t before = umask(0);
     const Outcome outcome = encrypted("a secret");
     umask(before);
@@ -78,7 +78,7 @@ TEST_F(CryptKeyFile, IsMadeAtFirstUseForThisUserOnly) {
     EXPECT_EQ(entriesIn(FOLDER), 1) << "no temporary file is left";
 }
 
-TEST_F(CryptKeyFile, IsMadeWithItsModeUnderAnyMask) {
+TEST_F(CryptKeyFile, HasItsModeUnderAnyUmask) {
     std::filesystem::create_directories(FOLDER);
     const mode_t before = umask(0777);
     EXPECT_EQ(encrypted("a secret").status, 0);
@@ -86,13 +86,13 @@ TEST_F(CryptKeyFile, IsMadeWithItsModeUnderAnyMask) {
     EXPECT_EQ(modeOf(KEY_FILE), 0600u);
 }
 
-TEST_F(CryptKeyFile, IsLeftAsItIs) {
+TEST_F(CryptKeyFile, IsNotReplaced) {
     putKey(A_KEY);
     EXPECT_EQ(encrypted("a secret").status, 0);
     EXPECT_EQ(contentOf(KEY_FILE), A_KEY);
 }
 
-TEST_F(CryptKeyFile, DiffersFromOneDeviceToTheNext) {
+TEST_F(CryptKeyFile, DiffersEachTime) {
     encrypted("a secret");
     const std::string first = contentOf(KEY_FILE);
     removeKey();
@@ -109,13 +109,13 @@ TEST_F(CryptKeyFile, IsNotMadeToDecipher) {
     EXPECT_FALSE(std::filesystem::exists(KEY_FILE));
 }
 
-TEST_F(CryptKeyFile, MayOnlyBeReadable) {
+TEST_F(CryptKeyFile, MayBeReadOnly) {
     putKey(A_KEY);
     setKeyMode(0400);
     EXPECT_EQ(encrypted("a secret").status, 0);
 }
 
-TEST_F(CryptKeyFile, IsRefusedWhereOthersHaveAnyRight) {
+TEST_F(CryptKeyFile, IsRefusedWithRightsForOthers) {
     putKey(A_KEY);
     for (const mode_t mode : {0640u, 0620u, 0610u, 0604u, 0602u, 0601u, 0666u}) {
         setKeyMode(mode);
@@ -123,7 +123,7 @@ TEST_F(CryptKeyFile, IsRefusedWhereOthersHaveAnyRight) {
     }
 }
 
-TEST_F(CryptKeyFile, IsRefusedInAnotherSize) {
+TEST_F(CryptKeyFile, IsRefusedWithAnotherSize) {
     for (const std::string& key : {std::string(), A_KEY.substr(1), A_KEY + "x"}) {
         putKey(key);
         expectRefused("crypt.key-size", "32 bytes");
@@ -141,7 +141,7 @@ TEST_F(CryptKeyFile, IsRefusedAsASymbolicLink) {
     expectRefused("crypt.key-type", "symbolic link");
 }
 
-TEST_F(CryptKeyFile, IsRefusedWhereItIsNoRegularFile) {
+TEST_F(CryptKeyFile, IsRefusedUnlessItIsARegularFile) {
     std::filesystem::create_directories(KEY_FILE);
     expectRefused("crypt.key-type", "not a regular file");
     std::filesystem::remove(KEY_FILE);
@@ -149,14 +149,14 @@ TEST_F(CryptKeyFile, IsRefusedWhereItIsNoRegularFile) {
     expectRefused("crypt.key-type", "not a regular file");
 }
 
-TEST_F(CryptKeyFile, IsRefusedWhereItBelongsToSomeoneElse) {
+TEST_F(CryptKeyFile, IsRefusedWithAnotherOwner) {
     putKey(A_KEY);
     if (chown(KEY_FILE.c_str(), 1, 1) != 0)
         GTEST_SKIP() << "no other user's file can be made here";
     expectRefused("crypt.key-owner", "another user");
 }
 
-TEST_F(CryptKeyFile, CannotBeMadeInASealedFolder) {
+TEST_F(CryptKeyFile, CannotBeMadeInAReadOnlyFolder) {
     std::filesystem::create_directories("/tmp/sealed");
     if (mount("sealed", "/tmp/sealed", "tmpfs", MS_RDONLY, nullptr) != 0)
         GTEST_SKIP() << "no file system can be mounted here";
@@ -177,7 +177,7 @@ TEST_F(CryptKeyFile, CannotBeMadeBelowAFile) {
     EXPECT_EQ(encrypted("a secret").errorId, "crypt.key-unreadable");
 }
 
-TEST_F(CryptKeyFile, StandsInTheStateFolderOfTheSystemForRoot) {
+TEST_F(CryptKeyFile, IsInTheStateFolderOfTheSystemForRoot) {
     if (geteuid() != 0 || mount("state", "/var/lib", "tmpfs", 0, nullptr) != 0)
         GTEST_SKIP() << "no file system can be mounted here";
     unsetenv("PLATFORM_KEY_FILE");
@@ -190,7 +190,7 @@ TEST_F(CryptKeyFile, StandsInTheStateFolderOfTheSystemForRoot) {
 
 constexpr int USERS = 8;
 
-/// Lets all its users go on when the last one has come.
+/// A barrier: lets all its users continue when the last one has arrived.
 class Gate {
 public:
     void pass() {
@@ -206,7 +206,7 @@ private:
     int m_arrived = 0;
 };
 
-TEST_F(CryptKeyFile, IsOneForAllThreadsThatUseItFirst) {
+TEST_F(CryptKeyFile, IsTheSameForThreadsThatUseItFirstTogether) {
     for (int round = 0; round < 20; ++round) {
         std::filesystem::remove_all("/tmp/keys");
         Gate gate;
@@ -248,7 +248,7 @@ std::vector<std::string> linesFrom(int descriptor) {
     return lines;
 }
 
-TEST_F(CryptKeyFile, IsOneForAllProcessesThatUseItFirst) {
+TEST_F(CryptKeyFile, IsTheSameForProcessesThatUseItFirstTogether) {
     for (int round = 0; round < 10; ++round) {
         std::filesystem::remove_all("/tmp/keys");
         int gate[2];
@@ -273,7 +273,7 @@ TEST_F(CryptKeyFile, IsOneForAllProcessesThatUseItFirst) {
     }
 }
 
-TEST_F(CryptKeyFile, IsNoReasonToEndAProcessThatMayMakeNoFileSoLarge) {
+TEST_F(CryptKeyFile, DoesNotEndAProcessWithAFileSizeLimit) {
     const auto encryptUnderLimit = [] {
         const rlimit none{0, RLIM_INFINITY};
         setrlimit(RLIMIT_FSIZE, &none);

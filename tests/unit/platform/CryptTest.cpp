@@ -23,7 +23,7 @@ using testing::Not;
 
 class CryptText : public KeyWorld {};
 
-TEST_F(CryptText, BringsASecretBack) {
+TEST_F(CryptText, RestoresASecret) {
     for (const char* secret :
          {"correct horse", "", "x", "\xC3\xA9\xF0\x9F\x98\x80", "\x01\xFF\xC3"}) {
         const Outcome enciphered = encrypted(secret);
@@ -35,7 +35,7 @@ TEST_F(CryptText, BringsASecretBack) {
     }
 }
 
-TEST_F(CryptText, BringsRandomBytesBack) {
+TEST_F(CryptText, RestoresRandomBytes) {
     std::mt19937 random(3);
     for (int i = 0; i < 300; ++i) {
         const std::string secret = test::randomBytes(random);
@@ -56,7 +56,7 @@ TEST_F(CryptText, MakesPrintableTextThatDiffersEachTime) {
     EXPECT_EQ(texts.size(), 100u);
 }
 
-TEST_F(CryptText, TakesALongSecretUpToTheLimit) {
+TEST_F(CryptText, AcceptsSecretsUpToTheLimit) {
     const std::string longest(Crypt::MAXIMUM_LENGTH, 'x');
     EXPECT_EQ(decrypted(*encrypted(longest).text).text, longest);
     const Outcome tooLong = encrypted(longest + "x");
@@ -64,8 +64,8 @@ TEST_F(CryptText, TakesALongSecretUpToTheLimit) {
     EXPECT_FALSE(tooLong.text);
 }
 
-// Made by another implementation of the cipher, so that the form is pinned too.
-TEST_F(CryptText, ReadsWhatEarlierBuildsWrote) {
+// The text was made by another implementation of the cipher, so the test also pins the format.
+TEST_F(CryptText, ReadsTextOfEarlierBuilds) {
     putKey("0123456789abcdef0123456789ABCDEF");
     EXPECT_EQ(
         decrypted("crypt1:mLD4i99S+UQDFCU2R1hpeoucrb6LdTgnEdUHJht7v/CyVnS/N8z3nUrEIvccZjoek1zg8O4=")
@@ -86,7 +86,7 @@ TEST_F(CryptText, RefusesATextWithAnyCharacterChanged) {
     }
 }
 
-TEST_F(CryptText, RefusesATextCutOrGrown) {
+TEST_F(CryptText, RefusesATextOfAnotherLength) {
     const std::string text = *encrypted("a secret").text;
     for (std::size_t length = 0; length < text.size(); ++length)
         EXPECT_EQ(decrypted(text.substr(0, length)).errorId, "crypt.damaged") << length;
@@ -95,7 +95,7 @@ TEST_F(CryptText, RefusesATextCutOrGrown) {
     EXPECT_EQ(decrypted(" " + text).errorId, "crypt.damaged");
 }
 
-TEST_F(CryptText, RefusesWhatIsNoEncipheredText) {
+TEST_F(CryptText, RefusesOtherText) {
     encrypted("makes the key");
     for (const char* text :
          {"", "plain", "crypt", "crypt:", "crypt1", "crypt1:", "crypt1:AAAA",
@@ -104,21 +104,21 @@ TEST_F(CryptText, RefusesWhatIsNoEncipheredText) {
     EXPECT_EQ(decrypted("crypt1:" + std::string(3 << 20, 'A')).errorId, "crypt.damaged");
 }
 
-TEST_F(CryptText, TellsATextOfAnotherVersion) {
+TEST_F(CryptText, ReportsATextOfAnotherVersion) {
     const std::string text = *encrypted("a secret").text;
     const Outcome plain = decrypted("crypt2:" + text.substr(7));
     EXPECT_EQ(plain.errorId, "crypt.other-version");
     EXPECT_EQ(decrypted("crypt12:AAAA").errorId, "crypt.other-version");
 }
 
-TEST_F(CryptText, TellsATextOfAnotherKey) {
+TEST_F(CryptText, ReportsATextOfAnotherKey) {
     const std::string text = *encrypted("a secret").text;
     removeKey();
     EXPECT_EQ(encrypted("makes a new key").status, 0);
     EXPECT_EQ(decrypted(text).errorId, "crypt.wrong-key");
 }
 
-TEST_F(CryptText, SeesAReplacedKeyAtOnce) {
+TEST_F(CryptText, UsesAReplacedKeyAtOnce) {
     putKey("0123456789abcdef0123456789ABCDEF");
     const std::string first = *encrypted("one").text;
     putKey("another key of thirty-two bytes.");
@@ -154,7 +154,7 @@ TEST_F(CryptText, NeedsNoErrorHandler) {
     EXPECT_EQ(result, nullptr);
 }
 
-TEST_F(CryptText, SurvivesAHandlerThatThrows) {
+TEST_F(CryptText, FailsNormallyWithAHandlerThatThrows) {
     struct Thrower : ErrorHandler {
         using ErrorHandler::error;
         void error(MessageBundle*) override { throw std::runtime_error("no"); }

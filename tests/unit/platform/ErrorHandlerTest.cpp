@@ -21,7 +21,7 @@ TEST(MessageBundle, KeepsItsOwnCopies) {
     EXPECT_STREQ(bundle.text(), "the network is down");
 }
 
-TEST(MessageBundle, TakesNullForEmpty) {
+TEST(MessageBundle, TreatsNullAsEmpty) {
     const MessageBundle bundle(nullptr, nullptr);
     EXPECT_STREQ(bundle.id(), "");
     EXPECT_STREQ(bundle.text(), "");
@@ -35,7 +35,7 @@ TEST(ErrorHandler, SavesTheErrorReportedLast) {
     handler.error(&first);
     handler.error(&second);
     ASSERT_NE(handler.savedError(), nullptr);
-    EXPECT_NE(handler.savedError(), &second) << "the bundle stays the caller's";
+    EXPECT_NE(handler.savedError(), &second) << "a copy is saved";
     EXPECT_STREQ(handler.savedError()->id(), "b");
     EXPECT_STREQ(handler.savedError()->text(), "second");
 }
@@ -59,7 +59,7 @@ TEST(ErrorHandler, IgnoresANullBundle) {
     EXPECT_STREQ(handler.savedError()->text(), "kept");
 }
 
-TEST(ErrorHandler, ForgetsOnRequest) {
+TEST(ErrorHandler, RemovesTheSavedError) {
     ErrorHandler handler;
     handler.error("x");
     handler.clearError();
@@ -87,9 +87,9 @@ Function slotOf(const void* object, int slot) {
     return function;
 }
 
-// The library that uses these classes is built apart from them and finds each operation by its
-// place.
-TEST(ErrorHandlerTable, HasItsOperationsInTheAgreedOrder) {
+// Callers that were built separately find each operation by its index in the table of virtual
+// functions.
+TEST(ErrorHandlerTable, HasItsOperationsInTheFixedOrder) {
     using Destructor = void (*)(ErrorHandler*);
     using TakesBundle = void (*)(ErrorHandler*, MessageBundle*);
     using TakesText = void (*)(ErrorHandler*, const char*);
@@ -114,7 +114,7 @@ struct Virtual : virtual ErrorHandler {
     void error(MessageBundle* bundle) override { saveError(bundle); }
 };
 
-TEST(ErrorHandlerTable, IsApartFromTheTableOfAClassThatDerivesVirtually) {
+TEST(ErrorHandlerTable, IsSeparateInAClassThatDerivesVirtually) {
     Virtual object;
     const auto* base = static_cast<ErrorHandler*>(&object);
     EXPECT_NE(static_cast<const void*>(base), static_cast<const void*>(&object));

@@ -14,7 +14,7 @@ using platform::FolderClaim;
 constexpr const char* FOLDER = "/tmp";
 constexpr std::uint32_t NUMBERS[] = {0, 1, 4711, 0x7ffffffd, FolderClaim::MAX_NUMBER};
 
-TEST(FolderClaim, IsSeenByOthersForAsLongAsItLives) {
+TEST(FolderClaim, IsSeenByOthersDuringItsLifetime) {
     const FolderClaim watcher(FOLDER, 5);
     ASSERT_TRUE(watcher.isHeld());
     for (const std::uint32_t number : NUMBERS) {
@@ -40,12 +40,12 @@ TEST(FolderClaim, DoesNotSeeItself) {
     const FolderClaim claim(FOLDER, 10);
     EXPECT_FALSE(claim.sees(10));
     const FolderClaim second(FOLDER, 10);
-    EXPECT_TRUE(second.isHeld()) << "claims exclude none";
+    EXPECT_TRUE(second.isHeld()) << "claims do not exclude each other";
     EXPECT_TRUE(claim.sees(10));
     EXPECT_TRUE(second.sees(10));
 }
 
-TEST(FolderClaim, EndsNoOtherOfThisProcess) {
+TEST(FolderClaim, DoesNotEndOtherClaimsOfTheProcess) {
     const FolderClaim claim(FOLDER, 10);
     const FolderClaim watcher(FOLDER, 20);
     { const FolderClaim second(FOLDER, 10); }
@@ -79,7 +79,7 @@ TEST(FolderClaim, NeedsAFolder) {
     const FolderClaim claim("/nowhere", 10);
     EXPECT_FALSE(claim.isHeld());
     const FolderClaim other(FOLDER, 10);
-    EXPECT_FALSE(claim.sees(10)) << "without a claim of its own it knows of none";
+    EXPECT_FALSE(claim.sees(10)) << "it has no claim of its own";
 }
 
 } // namespace

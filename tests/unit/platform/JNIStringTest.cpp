@@ -10,7 +10,7 @@ namespace {
 
 using test::FakeJni;
 
-TEST(JNIString, HoldsTheTextAndNothingOfTheVirtualMachine) {
+TEST(JNIString, HoldsTheTextAndReleasesTheCharacters) {
     FakeJni jni;
     const JNIString string(jni.environment(), jni.javaString("home"));
     EXPECT_STREQ(string.text(), "home");
@@ -44,13 +44,13 @@ TEST(JNIString, IsNullForNull) {
     EXPECT_EQ(JNIString(nullptr, nullptr).text(), nullptr);
 }
 
-TEST(JNIString, IsNullWhereThereAreNoCharacters) {
+TEST(JNIString, IsNullWhenTheCharactersAreNotGiven) {
     FakeJni jni;
     jni.failCall(FakeJni::Call::GetStringUTFChars);
     EXPECT_EQ(JNIString(jni.environment(), jni.javaString("x")).text(), nullptr);
 }
 
-TEST(JNIString, AsksNothingWhileAnExceptionIsPending) {
+TEST(JNIString, MakesNoCallWhileAnExceptionIsPending) {
     FakeJni jni;
     jni.raise("java/lang/Error", "earlier");
     EXPECT_EQ(JNIString(jni.environment(), jni.javaString("x")).text(), nullptr);

@@ -23,7 +23,7 @@ TEST(JavaExceptionHandler, RaisesAReportedErrorAtOnce) {
     EXPECT_STREQ(handler.savedError()->id(), "crypt.damaged");
 }
 
-TEST(JavaExceptionHandler, RaisesThroughItsBase) {
+TEST(JavaExceptionHandler, RaisesThroughItsBaseClass) {
     FakeJni jni;
     const std::unique_ptr<ErrorHandler> handler(new JavaExceptionHandler(jni.environment()));
     handler->error("only text");
@@ -31,7 +31,7 @@ TEST(JavaExceptionHandler, RaisesThroughItsBase) {
     EXPECT_EQ(jni.pendingException()->message, "only text");
 }
 
-TEST(JavaExceptionHandler, TurnsTheTextIntoWhatJavaTakes) {
+TEST(JavaExceptionHandler, ConvertsTheTextToModifiedUtf8) {
     FakeJni jni;
     JavaExceptionHandler handler(jni.environment());
     handler.error("\xF0\x9F\x98\x80 \xFF");
@@ -40,7 +40,7 @@ TEST(JavaExceptionHandler, TurnsTheTextIntoWhatJavaTakes) {
 }
 
 // API-10
-TEST(JavaExceptionHandler, KeepsTheExceptionThatIsPendingAlready) {
+TEST(JavaExceptionHandler, KeepsAnExceptionThatIsPendingAlready) {
     FakeJni jni;
     JavaExceptionHandler handler(jni.environment());
     handler.error("first");
@@ -49,7 +49,7 @@ TEST(JavaExceptionHandler, KeepsTheExceptionThatIsPendingAlready) {
     EXPECT_STREQ(handler.savedError()->text(), "second");
 }
 
-TEST(JavaExceptionHandler, TakesBackItsOwnExceptionOnly) {
+TEST(JavaExceptionHandler, ClearsItsOwnExceptionOnly) {
     FakeJni jni;
     JavaExceptionHandler handler(jni.environment());
     handler.error("mine");
@@ -63,7 +63,7 @@ TEST(JavaExceptionHandler, TakesBackItsOwnExceptionOnly) {
     EXPECT_EQ(jni.pendingException()->message, "theirs");
 }
 
-TEST(JavaExceptionHandler, LeavesItsExceptionPendingWhenItEnds) {
+TEST(JavaExceptionHandler, LeavesItsExceptionPendingWhenItIsDestroyed) {
     FakeJni jni;
     { JavaExceptionHandler(jni.environment()).error("stays"); }
     ASSERT_TRUE(jni.pendingException());
@@ -77,7 +77,7 @@ TEST(JavaExceptionHandler, RaisesNothingForANullBundle) {
     EXPECT_FALSE(jni.pendingException());
 }
 
-TEST(JavaExceptionHandler, LeavesTheVirtualMachinesExceptionWhereTheClassIsMissing) {
+TEST(JavaExceptionHandler, KeepsTheExceptionOfTheVirtualMachineWhenTheClassIsMissing) {
     FakeJni jni;
     jni.failCall(FakeJni::Call::FindClass);
     JavaExceptionHandler handler(jni.environment());

@@ -29,14 +29,14 @@ void expectRoundTrip(const std::string& bytes) {
     EXPECT_EQ(hex(fromModifiedUtf8(modified.c_str())), hex(bytes));
 }
 
-TEST(JavaText, LeavesWhatIsTheSameInBothForms) {
+TEST(JavaText, LeavesTextWithoutSurrogatesUnchanged) {
     for (const char* text : {"", "plain", "\xC3\xA9", "\xE4\xB8\xAD\xE6\x96\x87", "\xEF\xBF\xBF"}) {
         EXPECT_EQ(toModifiedUtf8(text), text);
         EXPECT_EQ(fromModifiedUtf8(text), text);
     }
 }
 
-TEST(JavaText, SplitsWhatIsBeyondTheFirstPlane) {
+TEST(JavaText, SplitsCharactersAboveTheFirstPlane) {
     EXPECT_EQ(toModifiedUtf8("\xF0\x9F\x98\x80"), "\xED\xA0\xBD\xED\xB8\x80"); // U+1F600
     EXPECT_EQ(toModifiedUtf8("\xF0\x90\x80\x80"), "\xED\xA0\x80\xED\xB0\x80"); // U+10000
     EXPECT_EQ(toModifiedUtf8("\xF4\x8F\xBF\xBF"), "\xED\xAF\xBF\xED\xBF\xBF"); // U+10FFFF
@@ -45,13 +45,13 @@ TEST(JavaText, SplitsWhatIsBeyondTheFirstPlane) {
 }
 
 // TEXT-1
-TEST(JavaText, PutsStrayBytesIntoLowSurrogates) {
+TEST(JavaText, TurnsInvalidBytesIntoLowSurrogates) {
     EXPECT_EQ(toModifiedUtf8("a\x80\xFF"), "a\xED\xB2\x80\xED\xB3\xBF"); // U+DC80, U+DCFF
     EXPECT_EQ(fromModifiedUtf8("a\xED\xB2\x80\xED\xB3\xBF"), "a\x80\xFF");
 }
 
 // TEXT-1
-TEST(JavaText, BringsEveryByteBack) {
+TEST(JavaText, RestoresEveryByte) {
     std::string all;
     for (int byte = 1; byte < 256; ++byte) {
         const std::string one(1, static_cast<char>(static_cast<unsigned char>(byte)));
@@ -62,7 +62,7 @@ TEST(JavaText, BringsEveryByteBack) {
     expectRoundTrip(all);
 }
 
-TEST(JavaText, BringsIllFormedTextBack) {
+TEST(JavaText, RestoresIllFormedText) {
     for (const char* bytes : {
              "\xC3",
              "\xE4\xB8",
@@ -90,20 +90,20 @@ TEST(JavaText, BringsIllFormedTextBack) {
         expectRoundTrip(bytes);
 }
 
-TEST(JavaText, BringsRandomBytesBack) {
+TEST(JavaText, RestoresRandomBytes) {
     std::mt19937 random(20240229);
     for (int i = 0; i < 50000; ++i)
         expectRoundTrip(test::randomBytes(random));
 }
 
-TEST(JavaText, DoesNotCutAtAJavaNul) {
+TEST(JavaText, DoesNotEndAtANulFromJava) {
     EXPECT_EQ(fromModifiedUtf8("a\xC0\x80"
                                "b"),
               "a\xC0\x80"
               "b");
 }
 
-TEST(JavaText, MarksSurrogatesThatMeanNothing) {
+TEST(JavaText, ReplacesOtherLoneSurrogates) {
     EXPECT_EQ(fromModifiedUtf8("\xED\xA0\x80"), "?");              // lone high
     EXPECT_EQ(fromModifiedUtf8("\xED\xB0\x80"), "?");              // lone low
     EXPECT_EQ(fromModifiedUtf8("\xED\xB1\xBF\xED\xB4\x80"), "??"); // U+DC7F, U+DD00
@@ -111,13 +111,13 @@ TEST(JavaText, MarksSurrogatesThatMeanNothing) {
     EXPECT_EQ(fromModifiedUtf8("\xED\xA0\x80x"), "?x");
 }
 
-TEST(JavaText, SurvivesTextThatNoVirtualMachineGives) {
+TEST(JavaText, AcceptsIllFormedModifiedUtf8) {
     EXPECT_EQ(fromModifiedUtf8("\xED"), "\xED");
     EXPECT_EQ(fromModifiedUtf8("\xED\xA0"), "\xED\xA0");
     EXPECT_EQ(fromModifiedUtf8("\xF0\x9F\x98\x80\xFF"), "\xF0\x9F\x98\x80\xFF");
 }
 
-TEST(JavaText, TakesNullForEmpty) {
+TEST(JavaText, TreatsNullAsEmpty) {
     EXPECT_EQ(toModifiedUtf8(nullptr), "");
     EXPECT_EQ(fromModifiedUtf8(nullptr), "");
 }
@@ -135,7 +135,7 @@ TEST(NewJavaString, IsNullForNull) {
     EXPECT_TRUE(jni.stringsMade().empty());
 }
 
-TEST(NewJavaString, IsNullWhereNoneCanBeMade) {
+TEST(NewJavaString, IsNullWhenItCannotBeMade) {
     FakeJni jni;
     jni.failCall(FakeJni::Call::NewStringUTF);
     EXPECT_EQ(platform::newJavaString(jni.environment(), "x"), nullptr);

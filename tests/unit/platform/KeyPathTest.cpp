@@ -22,14 +22,14 @@ protected:
 
 using platform::keyPath;
 
-TEST_F(KeyPath, IsTheOneOfTheEnvironmentForEverybody) {
+TEST_F(KeyPath, ComesFromTheEnvironmentForEveryUser) {
     setenv("PLATFORM_KEY_FILE", "/etc/my.key", 1);
     setenv("XDG_STATE_HOME", "/state", 1);
     EXPECT_EQ(keyPath(ROOT), "/etc/my.key");
     EXPECT_EQ(keyPath(USER), "/etc/my.key");
 }
 
-TEST_F(KeyPath, IsTheSystemsForRoot) {
+TEST_F(KeyPath, IsThatOfTheSystemForRoot) {
     setenv("XDG_STATE_HOME", "/state", 1);
     EXPECT_EQ(keyPath(ROOT), "/var/lib/platform/crypt.key");
 }
@@ -53,7 +53,7 @@ TEST_F(KeyPath, IsUnknownWithoutAHome) {
         setenv("HOME", home, 1);
         try {
             keyPath(USER);
-            ADD_FAILURE() << "a path from nowhere";
+            ADD_FAILURE() << "a path without any variable";
         } catch (const platform::CryptError& error) {
             EXPECT_STREQ(error.id(), "crypt.key-path");
         }

@@ -13,7 +13,7 @@ namespace {
 using testing::internal::CaptureStderr;
 using testing::internal::GetCapturedStderr;
 
-TEST(OnceWarning, IsOneLineHoweverOftenItsCauseComesBack) {
+TEST(OnceWarning, IsPrintedOnce) {
     platform::OnceWarning warning;
     CaptureStderr();
     warning.print("no client; install it");
@@ -21,7 +21,7 @@ TEST(OnceWarning, IsOneLineHoweverOftenItsCauseComesBack) {
     EXPECT_EQ(GetCapturedStderr(), "platwifi: no client; install it\n");
 }
 
-TEST(OnceWarning, IsOneLineFromManyThreads) {
+TEST(OnceWarning, IsPrintedOnceByManyThreads) {
     platform::OnceWarning warning;
     CaptureStderr();
     std::vector<std::thread> threads;
@@ -32,7 +32,7 @@ TEST(OnceWarning, IsOneLineFromManyThreads) {
     EXPECT_EQ(GetCapturedStderr(), "platwifi: once\n");
 }
 
-TEST(OnceWarning, DoesNotEndAProcessWhoseLogMayNotGrow) {
+TEST(OnceWarning, DoesNotEndAProcessWithAFullLog) {
     const auto warn = [](rlim_t limit) {
         const rlimit limits{limit, RLIM_INFINITY};
         setrlimit(RLIMIT_FSIZE, &limits);

@@ -78,7 +78,7 @@ std::string ownArguments() {
     return text;
 }
 
-TEST(Pidin, ListsThisVeryProcessWithItsArguments) {
+TEST(Pidin, ListsThisProcessWithItsArguments) {
     const Listing listing = pidin({"-iwlan0", "arg"});
     EXPECT_EQ(listing.status, 0);
     const std::string own = ownArguments();
@@ -92,8 +92,8 @@ TEST(Pidin, NeedsNoArguments) {
     EXPECT_NE(lineOf(listing, getpid()), "");
 }
 
-// The system lets go of who started a program a moment before it tells the program's arguments, and
-// may tell none in between.
+// posix_spawn() returns a moment before the system shows the arguments of the new program, and it
+// may show none in between.
 void awaitArguments(int process, const std::string& last) {
     const std::string path = "/proc/" + std::to_string(process) + "/cmdline";
     std::string text;
@@ -122,7 +122,8 @@ TEST(Pidin, KeepsAProcessOnOneLine) {
     EXPECT_EQ(lineOf(listing, 9999999), "");
 }
 
-// As where a process ends while it is read: memory at the address 0 cannot be read, either.
+// As when the process ends while it is read. Here a folder takes the place of the file that cannot
+// be read.
 TEST(Pidin, ListsAProcessWhoseArgumentsCannotBeRead) {
     const std::string own = "/proc/" + std::to_string(getpid());
     const std::string covered = "mount --bind " + own + "/mem " + own + "/cmdline && exec \"$@\"";
@@ -133,7 +134,7 @@ TEST(Pidin, ListsAProcessWhoseArgumentsCannotBeRead) {
     EXPECT_GT(listing.lines.size(), 1U);
 }
 
-TEST(Pidin, RefusesWhatItDoesNotKnow) {
+TEST(Pidin, RefusesUnknownArguments) {
     for (const char* argument : {"-x", "--help", "args", ""}) {
         const Listing listing = pidin({argument});
         EXPECT_EQ(listing.status, 2) << argument;

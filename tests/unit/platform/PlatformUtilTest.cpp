@@ -19,7 +19,7 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-TEST(PlatformMutex, IsRecursiveForItsOwnerAndClosedToOthers) {
+TEST(PlatformMutex, IsRecursiveForItsHolderOnly) {
     PlatformMutex mutex;
     ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
     ASSERT_EQ(PlatformUtil::lockMutex(&mutex), 0);
@@ -54,7 +54,7 @@ TEST(PlatformMutex, RefusesNull) {
     EXPECT_EQ(PlatformUtil::makeMutexConsistent(nullptr), EINVAL);
 }
 
-TEST(PlatformMutex, IsReleasedHoweverDeepItIsHeld) {
+TEST(PlatformMutex, IsReleasedCompletely) {
     for (int depth = 0; depth <= 3; ++depth) {
         PlatformMutex mutex;
         ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
@@ -69,7 +69,7 @@ TEST(PlatformMutex, IsReleasedHoweverDeepItIsHeld) {
     }
 }
 
-TEST(PlatformMutex, IsLeftAloneByAReleaseOfAnotherThread) {
+TEST(PlatformMutex, IsNotReleasedByAnotherThread) {
     PlatformMutex mutex;
     ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
     PlatformUtil::lockMutex(&mutex);
@@ -84,7 +84,7 @@ std::chrono::steady_clock::time_point now() {
     return std::chrono::steady_clock::now();
 }
 
-TEST(PlatformMutex, IsNotWaitedForUntilATimeBeforeTheClocksStart) {
+TEST(PlatformMutex, IsNotWaitedForWithADeadlineBeforeTheStartOfTheClock) {
     PlatformMutex mutex;
     ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
     PlatformUtil::lockMutex(&mutex);
@@ -95,7 +95,7 @@ TEST(PlatformMutex, IsNotWaitedForUntilATimeBeforeTheClocksStart) {
     PlatformUtil::destroyMutex(&mutex);
 }
 
-TEST(PlatformMutex, IsWaitedForNoLongerThanAsked) {
+TEST(PlatformMutex, IsWaitedForUntilTheDeadline) {
     PlatformMutex mutex;
     ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
     EXPECT_EQ(PlatformUtil::lockMutexUntil(&mutex, now()), 0);
@@ -109,7 +109,7 @@ TEST(PlatformMutex, IsWaitedForNoLongerThanAsked) {
     PlatformUtil::destroyMutex(&mutex);
 }
 
-TEST(PlatformMutex, IsTakenWithinTheTimeWhenItIsReleased) {
+TEST(PlatformMutex, IsLockedWhenItIsReleasedBeforeTheDeadline) {
     PlatformMutex mutex;
     ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
     PlatformUtil::lockMutex(&mutex);
@@ -129,15 +129,15 @@ protected:
     PlatformMutex mutex;
 };
 
-TEST_P(SharedPlatformMutex, IsRecursiveWhenItIsMeantToBe) {
+TEST_P(SharedPlatformMutex, IsRecursiveOnRequest) {
     ASSERT_EQ(PlatformUtil::lockMutex(&mutex), 0);
     EXPECT_EQ(PlatformUtil::tryLockMutex(&mutex), GetParam() ? 0 : EBUSY);
     PlatformUtil::releaseMutex(&mutex);
 }
 
-TEST_P(SharedPlatformMutex, OutlivesItsHolderAsOftenAsNeeded) {
-    if (!test::systemReleasesMutexesOfTheDead())
-        GTEST_SKIP() << "this system does not release the mutexes of the dead";
+TEST_P(SharedPlatformMutex, IsRecoveredAfterEachDeathOfItsHolder) {
+    if (!test::systemHasRobustMutexes())
+        GTEST_SKIP() << "this system does not recover the mutexes of a dead process";
     for (int death = 0; death < 2; ++death) {
         std::thread([this] { EXPECT_EQ(PlatformUtil::lockMutex(&mutex), 0); }).join();
         EXPECT_EQ(PlatformUtil::lockMutex(&mutex), EOWNERDEAD);
@@ -174,7 +174,7 @@ void startAndWait(Seen& seen, const char* name, int& id) {
     seen.done.get_future().wait();
 }
 
-TEST(PlatformThread, RunsTheEntryUnderItsNameAndTellsItsId) {
+TEST(PlatformThread, RunsTheEntryWithItsNameAndReturnsItsId) {
     Seen seen;
     int id = -1;
     startAndWait(seen, "tShort", id);
@@ -183,21 +183,21 @@ TEST(PlatformThread, RunsTheEntryUnderItsNameAndTellsItsId) {
     EXPECT_EQ(seen.name, "tShort");
 }
 
-TEST(PlatformThread, CutsANameThatTheSystemCannotHold) {
+TEST(PlatformThread, CutsALongName) {
     Seen seen;
     int id = -1;
     startAndWait(seen, "tWifiRefreshWatchdog", id);
     EXPECT_EQ(seen.name, "tWifiRefreshWat");
 }
 
-TEST(PlatformThread, TakesANullName) {
+TEST(PlatformThread, AcceptsANullName) {
     Seen seen;
     int id = -1;
     startAndWait(seen, nullptr, id);
     EXPECT_EQ(seen.id, id);
 }
 
-TEST(PlatformThread, LeavesSignalsToTheProcess) {
+TEST(PlatformThread, BlocksAllSignals) {
     Seen seen;
     int id = -1;
     startAndWait(seen, "tMask", id);
@@ -205,14 +205,14 @@ TEST(PlatformThread, LeavesSignalsToTheProcess) {
     EXPECT_EQ(sigismember(&seen.mask, SIGCHLD), 1);
     sigset_t own;
     pthread_sigmask(SIG_SETMASK, nullptr, &own);
-    EXPECT_EQ(sigismember(&own, SIGTERM), 0) << "the maker's own mask is back";
+    EXPECT_EQ(sigismember(&own, SIGTERM), 0) << "the calling thread has its own mask again";
 }
 
 TEST(PlatformThread, RefusesANullEntry) {
     EXPECT_EQ(PlatformUtil::createThread(nullptr, nullptr, "t"), -1);
 }
 
-TEST(PlatformSleep, LastsAtLeastAsLongAsAsked) {
+TEST(PlatformSleep, LastsAtLeastTheGivenTime) {
     const auto start = steady_clock::now();
     PlatformUtil::sleep(30);
     EXPECT_GE(steady_clock::now() - start, milliseconds(30));
@@ -220,7 +220,7 @@ TEST(PlatformSleep, LastsAtLeastAsLongAsAsked) {
 
 std::atomic<int> interruptions{0};
 
-TEST(PlatformSleep, OutlastsSignals) {
+TEST(PlatformSleep, IsNotEndedBySignals) {
     struct sigaction count {};
     struct sigaction before {};
     count.sa_handler = [](int) { ++interruptions; };
@@ -244,12 +244,12 @@ TEST(PlatformSleep, OutlastsSignals) {
     EXPECT_GT(interruptions, 0);
 }
 
-TEST(PlatformSleep, ReturnsAtOnceForNothing) {
+TEST(PlatformSleep, ReturnsAtOnceForZeroAndLess) {
     PlatformUtil::sleep(0);
     PlatformUtil::sleep(-5);
 }
 
-TEST(PlatformKill, EndsAProcessThatIgnoresPoliteSignals) {
+TEST(PlatformKill, EndsAProcessThatIgnoresSignals) {
     int ready[2];
     ASSERT_EQ(pipe(ready), 0);
     const pid_t child = fork();
@@ -270,7 +270,7 @@ TEST(PlatformKill, EndsAProcessThatIgnoresPoliteSignals) {
     close(ready[1]);
 }
 
-TEST(PlatformKill, NeverTouchesAGroup) {
+TEST(PlatformKill, RefusesProcessGroups) {
     EXPECT_EQ(PlatformUtil::killProcess(0), -1);
     EXPECT_EQ(PlatformUtil::killProcess(-1), -1);
     EXPECT_EQ(errno, EINVAL);

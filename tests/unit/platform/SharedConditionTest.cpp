@@ -22,7 +22,7 @@ thread_local std::function<void()> afterNextUnlock;
 
 } // namespace
 
-// Takes the place of the platform's in this program.
+// Replaces the function of the platform library in this program.
 int PlatformUtil::unlockMutex(PlatformMutex* mutex) noexcept {
     const int result = pthread_mutex_unlock(mutex);
     if (const auto action = std::exchange(afterNextUnlock, nullptr))
@@ -38,7 +38,7 @@ using std::chrono::hours;
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-/// What stands in the shared memory.
+/// The contents of the shared memory.
 struct Shared {
     PlatformMutex mutex;
     SharedCondition condition;
@@ -56,14 +56,14 @@ SharedMemory::Joining join(void* memory) {
                                                              : SharedMemory::Joining::REFUSED;
 }
 
-/// The same memory at two addresses, as two processes see it.
+/// The same memory at two addresses, as in two processes.
 class SharedConditionTest : public testing::Test {
 protected:
     SharedConditionTest() {
         EXPECT_EQ(here.attach("/condition", sizeof(Shared), setUp, join),
-                  SharedMemory::Result::created);
+                  SharedMemory::Result::CREATED);
         EXPECT_EQ(there.attach("/condition", sizeof(Shared), setUp, join),
-                  SharedMemory::Result::joined);
+                  SharedMemory::Result::JOINED);
         SharedMemory::unlink("/condition");
     }
 
@@ -78,7 +78,7 @@ protected:
     SharedMemory there;
 };
 
-/// A thread that does something, and has come to wait in it when this is constructed.
+/// A thread that runs a function. The constructor returns when the thread sleeps in it.
 template <typename Result>
 struct Sleeper {
     std::promise<int> id;
@@ -97,7 +97,7 @@ struct Sleeper {
     }
 };
 
-TEST_F(SharedConditionTest, IsToldFromOtherMemory) {
+TEST_F(SharedConditionTest, IsDistinguishedFromOtherMemory) {
     SharedCondition zero{};
     EXPECT_FALSE(zero.isSetUp());
     SharedCondition garbage{0x5a5a5a5a, 0x5a5a5a5a};
@@ -133,7 +133,7 @@ TEST_F(SharedConditionTest, DoesNotWaitForADeadlineBeforeTheStartOfTheClock) {
     }
 }
 
-TEST_F(SharedConditionTest, WakesEveryoneWhoWaitsWhereverItIsMapped) {
+TEST_F(SharedConditionTest, WakesAllThreadsAtAnyAddress) {
     std::vector<std::unique_ptr<Sleeper<int>>> sleepers;
     for (int i = 0; i < 4; ++i) {
         sleepers.push_back(std::make_unique<Sleeper<int>>([this] {
@@ -146,14 +146,14 @@ TEST_F(SharedConditionTest, WakesEveryoneWhoWaitsWhereverItIsMapped) {
         EXPECT_EQ(sleeper->result.get(), 0);
 }
 
-// From there on another process may change the data and broadcast that.
-TEST_F(SharedConditionTest, HearsABroadcastRightAfterItHasUnlockedTheMutex) {
+// From that moment another process may change the data and broadcast.
+TEST_F(SharedConditionTest, SeesABroadcastRightAfterItHasUnlockedTheMutex) {
     const MutexGuard guard(own().mutex);
     afterNextUnlock = [this] { others().condition.broadcast(); };
     EXPECT_EQ(waitFor(own(), std::chrono::seconds(1)), 0);
 }
 
-// A wake-up that got lost would leave one of the two waiting for an hour.
+// After a lost wake-up one of the two threads would wait for an hour.
 TEST_F(SharedConditionTest, LosesNoBroadcast) {
     constexpr int TURNS = 2000;
     const auto play = [](Shared& shared, int parity) {
@@ -173,7 +173,7 @@ TEST_F(SharedConditionTest, LosesNoBroadcast) {
     EXPECT_EQ(own().value, TURNS);
 }
 
-TEST_F(SharedConditionTest, OutlastsSignals) {
+TEST_F(SharedConditionTest, IsNotEndedBySignals) {
     struct sigaction ignore {};
     struct sigaction before {};
     ignore.sa_handler = [](int) {};
@@ -189,9 +189,9 @@ TEST_F(SharedConditionTest, OutlastsSignals) {
     sigaction(SIGUSR1, &before, nullptr);
 }
 
-TEST_F(SharedConditionTest, TellsThatTheMutexesHolderHasDied) {
-    if (!test::systemReleasesMutexesOfTheDead())
-        GTEST_SKIP() << "this system does not release the mutexes of the dead";
+TEST_F(SharedConditionTest, ReportsThatTheHolderOfTheMutexHasDied) {
+    if (!test::systemHasRobustMutexes())
+        GTEST_SKIP() << "this system does not recover the mutexes of a dead process";
     Sleeper<int> sleeper([this] {
         PlatformUtil::lockMutex(&own().mutex);
         const int error = waitFor(own(), hours(1));

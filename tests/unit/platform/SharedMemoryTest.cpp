@@ -67,7 +67,7 @@ std::vector<std::string> names() {
     return all;
 }
 
-/// An empty file system over a place, for as long as this object lives.
+/// Mounts an empty file system over a folder during its lifetime.
 class Mounted {
 public:
     Mounted(const char* place, const char* options)
@@ -85,34 +85,34 @@ private:
     bool m_done;
 };
 
-class SharedMemoryOfAName : public testing::Test {
+class NamedSharedMemory : public testing::Test {
 protected:
     void TearDown() override { SharedMemory::unlink(NAME); }
 };
 
-TEST_F(SharedMemoryOfAName, IsCreatedByTheFirstAndJoinedByTheNext) {
+TEST_F(NamedSharedMemory, IsCreatedByTheFirstAndJoinedByTheNext) {
     SharedMemory first;
     SharedMemory second;
     EXPECT_EQ(first.data(), nullptr);
-    EXPECT_EQ(attach(first), Result::created);
-    EXPECT_EQ(attach(second), Result::joined);
+    EXPECT_EQ(attach(first), Result::CREATED);
+    EXPECT_EQ(attach(second), Result::JOINED);
     ASSERT_NE(second.data(), first.data());
     static_cast<char*>(first.data())[SIZE - 1] = 'y';
     EXPECT_EQ(static_cast<char*>(second.data())[SIZE - 1], 'y');
     EXPECT_EQ(names(), std::vector<std::string>{NAME});
 }
 
-TEST_F(SharedMemoryOfAName, StaysWithItsUsersWhenItLosesItsName) {
+TEST_F(NamedSharedMemory, IsKeptByItsUsersWithoutItsName) {
     SharedMemory first;
     SharedMemory second;
     attach(first);
     SharedMemory::unlink(NAME);
-    EXPECT_EQ(attach(second), Result::created);
+    EXPECT_EQ(attach(second), Result::CREATED);
     *static_cast<char*>(first.data()) = 'y';
     EXPECT_EQ(*static_cast<char*>(second.data()), FILLED);
 }
 
-TEST_F(SharedMemoryOfAName, IsNotMappedAnyMoreWhenItIsDetached) {
+TEST_F(NamedSharedMemory, IsUnmappedWhenItIsDetached) {
     const auto isMapped = [] {
         std::ifstream maps("/proc/self/maps");
         const std::string text(std::istreambuf_iterator<char>(maps), {});
@@ -120,139 +120,139 @@ TEST_F(SharedMemoryOfAName, IsNotMappedAnyMoreWhenItIsDetached) {
     };
     put(std::string(SIZE, FILLED));
     SharedMemory memory;
-    EXPECT_EQ(attach(memory), Result::joined);
+    EXPECT_EQ(attach(memory), Result::JOINED);
     EXPECT_TRUE(isMapped());
     memory.detach();
     EXPECT_FALSE(isMapped());
 }
 
-TEST_F(SharedMemoryOfAName, KeepsItsNameWhenItIsDetached) {
+TEST_F(NamedSharedMemory, KeepsItsNameWhenItIsDetached) {
     SharedMemory memory;
     attach(memory);
     memory.detach();
     memory.detach();
     EXPECT_EQ(memory.data(), nullptr);
-    EXPECT_EQ(attach(memory), Result::joined);
-    EXPECT_EQ(attach(memory), Result::joined) << "in place of what was mapped";
+    EXPECT_EQ(attach(memory), Result::JOINED);
+    EXPECT_EQ(attach(memory), Result::JOINED) << "mapped again";
 }
 
-TEST_F(SharedMemoryOfAName, IsReplacedWhenItIsNotFitToJoin) {
+TEST_F(NamedSharedMemory, IsReplacedWhenJoiningIsRefused) {
     SharedMemory old;
     SharedMemory memory;
     attach(old);
     *static_cast<char*>(old.data()) = 'y';
-    EXPECT_EQ(attach(memory), Result::created);
-    EXPECT_EQ(*static_cast<char*>(old.data()), 'y') << "who has it keeps it";
+    EXPECT_EQ(attach(memory), Result::CREATED);
+    EXPECT_EQ(*static_cast<char*>(old.data()), 'y') << "its user keeps it";
 }
 
-TEST_F(SharedMemoryOfAName, IsReplacedWhenItsSizeDiffers) {
+TEST_F(NamedSharedMemory, IsReplacedWhenItsSizeDiffers) {
     for (const std::size_t size : {std::size_t{0}, SIZE - 1, SIZE + 1, std::size_t{100000}}) {
         put(std::string(size, FILLED));
         SharedMemory memory;
-        EXPECT_EQ(attach(memory), Result::created) << size;
+        EXPECT_EQ(attach(memory), Result::CREATED) << size;
     }
 }
 
-TEST_F(SharedMemoryOfAName, NeverShowsWhatCouldNotBeSetUp) {
+TEST_F(NamedSharedMemory, GetsNoNameWhenItCannotBeSetUp) {
     SharedMemory memory;
-    EXPECT_EQ(memory.attach(NAME, SIZE, never, joinFilled), Result::failed);
+    EXPECT_EQ(memory.attach(NAME, SIZE, never, joinFilled), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
     EXPECT_TRUE(names().empty());
 }
 
-TEST_F(SharedMemoryOfAName, FailsWhenTheNameCannotBeHad) {
+TEST_F(NamedSharedMemory, FailsWhenAFolderHasTheName) {
     std::filesystem::create_directory(PATH);
     SharedMemory memory;
-    EXPECT_EQ(attach(memory), Result::failed);
+    EXPECT_EQ(attach(memory), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
-    EXPECT_TRUE(std::filesystem::remove(PATH)) << "it was left alone";
+    EXPECT_TRUE(std::filesystem::remove(PATH)) << "it still exists";
 }
 
-TEST_F(SharedMemoryOfAName, KeepsTheNameOfAnObjectThatIsBusy) {
+TEST_F(NamedSharedMemory, KeepsItsNameWhenItIsBusy) {
     put(std::string(SIZE, FILLED));
     SharedMemory memory;
     const auto busy = [](void*) { return Joining::BUSY; };
-    EXPECT_EQ(memory.attach(NAME, SIZE, fill, busy), Result::failed);
+    EXPECT_EQ(memory.attach(NAME, SIZE, fill, busy), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
     EXPECT_EQ(names(), std::vector<std::string>{NAME});
-    EXPECT_EQ(attach(memory), Result::joined) << "once it is free";
+    EXPECT_EQ(attach(memory), Result::JOINED) << "once it is free";
 }
 
-TEST_F(SharedMemoryOfAName, FailsForNoName) {
+TEST_F(NamedSharedMemory, FailsWithoutAName) {
     SharedMemory memory;
-    EXPECT_EQ(memory.attach(nullptr, SIZE, fill, joinFilled), Result::failed);
-    EXPECT_EQ(memory.attach("", SIZE, fill, joinFilled), Result::failed);
+    EXPECT_EQ(memory.attach(nullptr, SIZE, fill, joinFilled), Result::FAILED);
+    EXPECT_EQ(memory.attach("", SIZE, fill, joinFilled), Result::FAILED);
     EXPECT_TRUE(names().empty());
     SharedMemory::unlink(nullptr);
 }
 
-// Somebody else's new object appears while a stale one is looked at, or while one is being made.
-TEST_F(SharedMemoryOfAName, IsJoinedWhenSomebodyElseWasFasterToReplaceIt) {
-    static SharedMemory faster;
+// Another process makes its object while this one checks a stale one, or while it makes its own.
+TEST_F(NamedSharedMemory, IsJoinedWhenAnotherProcessReplacesItFirst) {
+    static SharedMemory first;
     put(std::string(SIZE, 's'));
     SharedMemory memory;
     const auto join = [](void* found) {
         if (isFilled(found))
             return Joining::JOINED;
         SharedMemory::unlink(NAME);
-        EXPECT_EQ(attach(faster), Result::created);
+        EXPECT_EQ(attach(first), Result::CREATED);
         return Joining::REFUSED;
     };
-    EXPECT_EQ(memory.attach(NAME, SIZE, fill, join), Result::joined);
-    faster.detach();
+    EXPECT_EQ(memory.attach(NAME, SIZE, fill, join), Result::JOINED);
+    first.detach();
 }
 
-TEST_F(SharedMemoryOfAName, IsJoinedWhenSomebodyElseWasFasterToMakeIt) {
-    static SharedMemory faster;
+TEST_F(NamedSharedMemory, IsJoinedWhenAnotherProcessMakesItFirst) {
+    static SharedMemory first;
     SharedMemory memory;
     const auto setUp = [](void* own) {
-        EXPECT_EQ(attach(faster), Result::created);
+        EXPECT_EQ(attach(first), Result::CREATED);
         return fill(own);
     };
-    EXPECT_EQ(memory.attach(NAME, SIZE, setUp, joinFilled), Result::joined);
+    EXPECT_EQ(memory.attach(NAME, SIZE, setUp, joinFilled), Result::JOINED);
     EXPECT_EQ(names(), std::vector<std::string>{NAME});
-    faster.detach();
+    first.detach();
 }
 
-TEST_F(SharedMemoryOfAName, IsNotWaitedForForEverWhereSomebodyKeepsOthersFromReplacingIt) {
+TEST_F(NamedSharedMemory, IsWaitedForALimitedTimeWhenTheFolderIsLocked) {
     put("stale");
     FileDescriptor folder(open("/dev/shm", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     ASSERT_EQ(flock(folder.number(), LOCK_EX), 0);
     SharedMemory memory;
-    EXPECT_EQ(attach(memory), Result::failed);
+    EXPECT_EQ(attach(memory), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
     folder.close();
-    EXPECT_EQ(attach(memory), Result::created);
+    EXPECT_EQ(attach(memory), Result::CREATED);
 }
 
-TEST_F(SharedMemoryOfAName, IsMadeWithoutTheHelpOfProcToo) {
+TEST_F(NamedSharedMemory, IsMadeWithoutProcToo) {
     SharedMemory first;
     SharedMemory second;
     {
         const Mounted noProc("/proc", "");
         if (!noProc)
             GTEST_SKIP() << "nothing can be mounted here";
-        EXPECT_EQ(attach(first), Result::created);
-        EXPECT_EQ(attach(second), Result::joined);
+        EXPECT_EQ(attach(first), Result::CREATED);
+        EXPECT_EQ(attach(second), Result::JOINED);
     }
-    EXPECT_EQ(names(), std::vector<std::string>{NAME}) << "no other name is left";
+    EXPECT_EQ(names(), std::vector<std::string>{NAME}) << "no temporary name is left";
 }
 
-TEST_F(SharedMemoryOfAName, IsNotTouchedWhereThereIsNoRoomForIt) {
+TEST_F(NamedSharedMemory, IsNotMappedWhenTheFileSystemIsFull) {
     const Mounted small("/dev/shm", "size=1");
     if (!small)
         GTEST_SKIP() << "nothing can be mounted here";
     std::ofstream("/dev/shm/all", std::ios::binary) << std::string(1 << 20, 'a');
     SharedMemory memory;
-    EXPECT_EQ(attach(memory), Result::failed);
+    EXPECT_EQ(attach(memory), Result::FAILED);
     put("");
-    std::filesystem::resize_file(PATH, SIZE); // a hole, for which there is no room either
-    EXPECT_EQ(attach(memory), Result::failed);
+    std::filesystem::resize_file(PATH, SIZE); // a sparse file, for which there is no space either
+    EXPECT_EQ(attach(memory), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
 }
 
-// The limit stays with the process, and so does what was printed: each try is one of its own, and these
-// tests come before all others, as the name of their suite makes them.
+// Each attempt is a process of its own, since a process keeps its limit and prints its line once.
+// GoogleTest runs suites whose names end in DeathTest first, before a line was printed.
 [[noreturn]] void attachTwice(rlim_t limit, std::size_t size, Result expected) {
     const auto accept = [](void*) { return true; };
     const auto join = [](void*) { return Joining::JOINED; };
@@ -267,29 +267,29 @@ TEST_F(SharedMemoryOfAName, IsNotTouchedWhereThereIsNoRoomForIt) {
 }
 
 // PEER-9
-TEST(SharedMemoryLimitDeathTest, IsSaidOnceInsteadOfEndingTheProcess) {
+TEST(SharedMemoryLimitDeathTest, IsReportedOnceAndDoesNotEndTheProcess) {
     constexpr std::size_t LARGE = 100000; // the test's standard error is a file, too
     EXPECT_EXIT(
-        attachTwice(LARGE - 1, LARGE, Result::failed), testing::ExitedWithCode(0),
+        attachTwice(LARGE - 1, LARGE, Result::FAILED), testing::ExitedWithCode(0),
         testing::MatchesRegex("platwifi: the shared memory object /shared_memory_test cannot be "
                               "used .File too large.;[^\n]*\n"));
-    EXPECT_EXIT(attachTwice(0, SIZE, Result::failed), testing::ExitedWithCode(0),
+    EXPECT_EXIT(attachTwice(0, SIZE, Result::FAILED), testing::ExitedWithCode(0),
                 testing::IsEmpty())
-        << "where not even the line may be written";
-    EXPECT_EXIT(attachTwice(LARGE, LARGE, Result::created), testing::ExitedWithCode(0),
+        << "the line itself may not be written";
+    EXPECT_EXIT(attachTwice(LARGE, LARGE, Result::CREATED), testing::ExitedWithCode(0),
                 testing::IsEmpty());
     EXPECT_TRUE(names().empty());
 }
 
 // PEER-9
-TEST(SharedMemoryLimitDeathTest, DoesNotKeepAProcessFromJoining) {
+TEST(SharedMemoryLimitDeathTest, DoesNotStopAProcessFromJoining) {
     SharedMemory other;
-    ASSERT_EQ(attach(other), Result::created);
+    ASSERT_EQ(attach(other), Result::CREATED);
     const auto join = [] {
         const rlimit none{0, RLIM_INFINITY};
         setrlimit(RLIMIT_FSIZE, &none);
         SharedMemory memory;
-        std::_Exit(attach(memory) == Result::joined ? 0 : 1);
+        std::_Exit(attach(memory) == Result::JOINED ? 0 : 1);
     };
     EXPECT_EXIT(join(), testing::ExitedWithCode(0), testing::IsEmpty());
     SharedMemory::unlink(NAME);

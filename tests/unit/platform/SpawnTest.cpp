@@ -105,7 +105,7 @@ struct SignalState {
     unsigned long long ignored = ~0ULL;
 };
 
-// One bit a signal, from signal 1 on.
+// One bit for each signal, beginning with signal 1.
 SignalState signalsOfAChild() {
     const Finished grep = run("/bin/grep", {"grep", "-E", "Sig(Blk|Ign)", "/proc/self/status"});
     SignalState state;
@@ -115,7 +115,7 @@ SignalState signalsOfAChild() {
     return state;
 }
 
-// Runs on a thread of its own, whose mask nobody else needs.
+// On a thread of its own, because it changes the signal mask.
 TEST(Spawn, ClearsTheSignalMaskAndTheIgnoredSignals) {
     if (EMULATED)
         GTEST_SKIP() << "the emulator gives signals other numbers";
@@ -161,7 +161,7 @@ TEST(Spawn, SendsBothOutputsToOneDescriptor) {
     EXPECT_EQ(child.status, 7);
 }
 
-TEST(Spawn, TakesAStandardDescriptorForOutput) {
+TEST(Spawn, AcceptsAStandardDescriptorForOutput) {
     const int kept = dup(STDERR_FILENO);
     const int file = openOutput();
     dup2(file, STDERR_FILENO);
@@ -184,7 +184,7 @@ void expectFailure(int expectedError, const char* path, const char* const argume
 constexpr const char* NO_ERRORS = "the emulator forks, where posix_spawn() shares memory to learn "
                                   "of the child's error";
 
-TEST(Spawn, TellsWhyItFailed) {
+TEST(Spawn, SetsErrnoWhenItFails) {
     if (EMULATED)
         GTEST_SKIP() << NO_ERRORS;
     const char* const arguments[] = {"program", nullptr};
@@ -197,7 +197,7 @@ TEST(Spawn, TellsWhyItFailed) {
     close(output);
 }
 
-TEST(Spawn, RefusesWhatCannotBe) {
+TEST(Spawn, RefusesNullAndInvalidDescriptors) {
     const char* const arguments[] = {"program", nullptr};
     expectFailure(EINVAL, nullptr, arguments, STDOUT_FILENO);
     expectFailure(EINVAL, "/bin/true", nullptr, STDOUT_FILENO);
@@ -212,7 +212,7 @@ protected:
     }
     void TearDown() override { unsetenv("PLATFORM_BOOT_DIR"); }
 
-    // Tells its own path: a script's interpreter gets it.
+    // A program that prints its own path.
     static void putProgram(const std::string& name) {
         std::filesystem::create_directories("/tmp/boot");
         std::ofstream("/tmp/boot/" + name) << "#!/bin/sh\necho \"$0 $*\"\n";
@@ -220,14 +220,14 @@ protected:
     }
 };
 
-TEST_F(SpawnFromTheBootImage, TakesTheFolderOfTheEnvironment) {
+TEST_F(SpawnFromTheBootImage, UsesTheFolderOfTheEnvironment) {
     putProgram("wpa_cli");
     setenv("PLATFORM_BOOT_DIR", "/tmp/boot", 1);
     const Finished child = run("/proc/boot/wpa_cli", {"/proc/boot/wpa_cli", "-iwlan0", "status"});
     EXPECT_EQ(child.output, "/tmp/boot/wpa_cli -iwlan0 status\n");
 }
 
-TEST_F(SpawnFromTheBootImage, LooksNowhereElseWhereTheEnvironmentNamesAFolder) {
+TEST_F(SpawnFromTheBootImage, LooksOnlyInTheFolderOfTheEnvironment) {
     if (EMULATED)
         GTEST_SKIP() << NO_ERRORS;
     std::filesystem::create_directories("/tmp/empty");
@@ -236,7 +236,7 @@ TEST_F(SpawnFromTheBootImage, LooksNowhereElseWhereTheEnvironmentNamesAFolder) {
     expectFailure(ENOENT, "/proc/boot/pidin", arguments, STDOUT_FILENO);
 }
 
-TEST_F(SpawnFromTheBootImage, LeavesOtherPathsAlone) {
+TEST_F(SpawnFromTheBootImage, UsesOtherPathsUnchanged) {
     putProgram("true");
     setenv("PLATFORM_BOOT_DIR", "/tmp/boot", 1);
     EXPECT_EQ(run("/bin/true", {"true"}).output, "");

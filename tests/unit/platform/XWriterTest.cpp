@@ -15,7 +15,8 @@ namespace {
 
 const std::string REPLACEMENT = "\xEF\xBF\xBD";
 
-/// What a reader finds as the attribute `a` of the root; no value where it finds no document.
+/// The attribute `a` of the root as a parser reads it; no value when the document is not
+/// well-formed.
 std::optional<std::string> readBack(const BufferedXWriter& out) {
     const std::unique_ptr<xmlDoc, void (*)(xmlDoc*)> document(
         xmlReadMemory(out.text(), static_cast<int>(out.length()), nullptr, nullptr,
@@ -39,7 +40,7 @@ std::optional<std::string> readBack(const std::string& value) {
     return readBack(out);
 }
 
-TEST(XWriter, WritesRawTextAsItStands) {
+TEST(XWriter, WritesRawTextUnchanged) {
     BufferedXWriter out;
     EXPECT_STREQ(out.text(), "");
     out.w("<a & b");
@@ -78,7 +79,7 @@ TEST(XWriter, WritesNothingWithoutAName) {
     EXPECT_STREQ(out.text(), "");
 }
 
-TEST(XWriter, BringsTextOfEveryLengthBack) {
+TEST(XWriter, RestoresTextOfEveryLength) {
     for (const char* text :
          {"", "plain", "  two  blanks ", "\xC3\xA9", "\xE4\xB8\xAD\xE6\x96\x87", "\xF0\x9F\x98\x80",
           "\x7F", "\xC2\x80", "\xED\x9F\xBF", "\xEE\x80\x80", "\xEF\xBF\xBD", "\xF4\x8F\xBF\xBF"})
@@ -88,7 +89,7 @@ TEST(XWriter, BringsTextOfEveryLengthBack) {
 }
 
 // XML-19
-TEST(XWriter, ReplacesWhatXmlCannotHold) {
+TEST(XWriter, ReplacesWhatXmlCannotContain) {
     for (const char* one :
          {"\x01", "\x0B", "\x1F", "\xFF", "\xC3", "\x80", "\xEF\xBF\xBE", "\xEF\xBF\xBF"})
         EXPECT_EQ(readBack(std::string("<") + one + ">"), "<" + REPLACEMENT + ">");
@@ -101,7 +102,7 @@ struct Piece {
     std::string read;
 };
 
-// None of them begins with what could complete the one before.
+// No sequence begins with bytes that could complete the one before.
 const Piece PIECES[] = {
     {"a", "a"},
     {"&", "&"},
@@ -119,7 +120,7 @@ const Piece PIECES[] = {
     {"\xE4\xB8", REPLACEMENT + REPLACEMENT},
 };
 
-TEST(XWriter, BringsGoodTextBackBetweenBad) {
+TEST(XWriter, RestoresValidTextBetweenInvalidBytes) {
     std::mt19937 random(7);
     std::uniform_int_distribution<std::size_t> any(0, std::size(PIECES) - 1);
     for (int i = 0; i < 3000; ++i) {
@@ -133,7 +134,7 @@ TEST(XWriter, BringsGoodTextBackBetweenBad) {
     }
 }
 
-TEST(XWriter, WritesADocumentWhateverTheBytes) {
+TEST(XWriter, WritesAWellFormedDocumentForAnyBytes) {
     std::mt19937 random(8);
     for (int i = 0; i < 20000; ++i)
         EXPECT_TRUE(readBack(test::randomBytes(random)));
@@ -155,7 +156,7 @@ TEST(XWriterFormat, CutsAtTheSize) {
     EXPECT_STREQ(out.text(), "a=\"123\"b=\"123456\"c=\"12345\"");
 }
 
-TEST(XWriterFormat, WritesAnEmptyValueWhereNothingFits) {
+TEST(XWriterFormat, WritesAnEmptyValueForASizeOfOneOrLess) {
     for (const int size : {1, 0, -1, INT_MIN}) {
         BufferedXWriter out;
         out.attrf("a", "%u", size, 7U);
@@ -163,13 +164,13 @@ TEST(XWriterFormat, WritesAnEmptyValueWhereNothingFits) {
     }
 }
 
-TEST(XWriterFormat, TakesTheLargestSize) {
+TEST(XWriterFormat, AcceptsTheLargestSize) {
     BufferedXWriter out;
     out.attrf("a", "%s", INT_MAX, std::string(70000, 'x').c_str());
     EXPECT_EQ(out.length(), 70000u + 4);
 }
 
-TEST(XWriterFormat, CutsACharacterCleanly) {
+TEST(XWriterFormat, ReplacesACharacterThatIsCut) {
     BufferedXWriter out;
     out.w("<root ");
     out.attrf("a", "%s", 3, "x\xC3\xA9");

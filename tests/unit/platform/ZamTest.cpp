@@ -19,12 +19,12 @@ TEST(Zam, IsOneForAllThreads) {
     std::thread([zam] { EXPECT_EQ(Zam::getInstance(), zam); }).join();
 }
 
-TEST(Zam, TellsTheMonotonicClockInMilliseconds) {
+TEST(Zam, ReturnsTheMonotonicClockInMilliseconds) {
     for (int i = 0; i < 1000; ++i) {
         const std::uint64_t before = monotonicMilliseconds();
-        const std::uint64_t told = Zam::getInstance()->milliseconds();
-        EXPECT_LE(before, told);
-        EXPECT_LE(told, monotonicMilliseconds());
+        const std::uint64_t reading = Zam::getInstance()->milliseconds();
+        EXPECT_LE(before, reading);
+        EXPECT_LE(reading, monotonicMilliseconds());
     }
 }
 

@@ -1,7 +1,5 @@
 #include "supplicant/Arguments.h"
 
-#include "supplicant/ChildProcess.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -20,7 +18,7 @@ TEST(InterfaceOption, TakesNamesOfUpTo13Characters) {
     EXPECT_FALSE(InterfaceOption(nullptr).isValid());
 }
 
-TEST(InterfaceOption, KnowsThatABareOptionNamesNothing) {
+TEST(InterfaceOption, WithAnEmptyNameIsValidButNamesNoInterface) {
     EXPECT_TRUE(InterfaceOption("").isValid());
     EXPECT_FALSE(InterfaceOption("").namesInterface());
     EXPECT_TRUE(InterfaceOption("w").namesInterface());
@@ -32,19 +30,41 @@ TEST(NetworkIdArgument, PrintsEveryId) {
         EXPECT_EQ(NetworkIdArgument(static_cast<unsigned char>(id)).text(), std::to_string(id));
 }
 
-std::vector<std::string> vectorOf(const char* interfaceArg, const char* command, const char* arg1,
-                                  const char* arg2, const char* arg3) {
-    const ArgumentVector arguments("path", interfaceArg, command, arg1, arg2, arg3);
-    std::vector<std::string> entries;
+using Entries = std::vector<std::string>;
+
+Entries entriesOf(const ArgumentList& arguments) {
+    Entries entries;
     for (const char* const* entry = arguments.get(); *entry; ++entry)
         entries.emplace_back(*entry);
     return entries;
 }
 
-using Entries = std::vector<std::string>;
+Entries vectorOf(const char* interfaceArg, const char* command, const char* arg1, const char* arg2,
+                 const char* arg3) {
+    return entriesOf(argumentsOf("path", interfaceArg, command, arg1, arg2, arg3));
+}
 
 // CMD-7
-TEST(ArgumentVector, DropsArgumentsByItsUnevenRules) {
+TEST(ArgumentList, KeepsItsEntriesInOrderWithoutNulls) {
+    ArgumentList arguments{"path", nullptr, "-i"};
+    arguments.add("c").add(nullptr).add(ArgumentList{"1", "2"});
+    EXPECT_EQ(entriesOf(arguments), (Entries{"path", "-i", "c", "1", "2"}));
+    EXPECT_STREQ(arguments.program(), "path");
+    EXPECT_TRUE(arguments.isComplete());
+    EXPECT_EQ(ArgumentList{}.program(), nullptr);
+}
+
+TEST(ArgumentList, IsIncompleteAboveItsCapacity) {
+    ArgumentList arguments{"1", "2", "3", "4", "5", "6"};
+    EXPECT_TRUE(arguments.isComplete());
+    arguments.add("7");
+    EXPECT_FALSE(arguments.isComplete());
+    EXPECT_EQ(entriesOf(arguments), (Entries{"1", "2", "3", "4", "5", "6"}));
+    EXPECT_FALSE(ArgumentList{}.add(arguments).isComplete());
+    EXPECT_FALSE((ArgumentList{"1", "2", "3"}.add(ArgumentList{"4", "5", "6", "7"}).isComplete()));
+}
+
+TEST(ArgumentList, OfLaunchProcessDropsArgumentsByTheRulesForNulls) {
     EXPECT_EQ(vectorOf("-i", "c", "1", "2", "3"), (Entries{"path", "-i", "c", "1", "2", "3"}));
     EXPECT_EQ(vectorOf(nullptr, "c", "1", "2", "3"), (Entries{"path", "c", "1", "2", "3"}));
     EXPECT_EQ(vectorOf("-i", nullptr, "1", "2", "3"), (Entries{"path", "-i"}));

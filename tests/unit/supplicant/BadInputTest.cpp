@@ -90,7 +90,7 @@ protected:
 };
 
 // CMD-15
-TEST_F(BadInput, AnInterfaceNameThatDoesNotDoFailsEveryCommandWithoutAChild) {
+TEST_F(BadInput, AnUnusableInterfaceNameFailsEveryCommandWithoutAChild) {
     standIn.on({"*"}).prints("header\n0\n");
     const std::string endless(100000, 'w');
     const char* const names[] = {nullptr, "", "fourteen-chars", endless.c_str()};
@@ -110,7 +110,7 @@ TEST_F(BadInput, AnInterfaceNameOf13CharactersIsNamedInFull) {
     EXPECT_EQ(standIn.calls()[0][1], "-ithirteenchars");
 }
 
-TEST_F(BadInput, NullWhereATextOrAPlaceIsNeededFailsWithoutAChild) {
+TEST_F(BadInput, NullForATextOrAnArrayFailsWithoutAChild) {
     standIn.on({"*"}).prints("0\n");
     char* lines[2] = {};
     char value[8];
@@ -132,8 +132,9 @@ TEST_F(BadInput, NullWhereATextOrAPlaceIsNeededFailsWithoutAChild) {
     EXPECT_THAT(standIn.calls(), IsEmpty());
 }
 
-// An access point chooses its name; a client that looks for options everywhere would start programs.
 // VALUE-5
+// An access point chooses its SSID. The client looks for options in every argument, and one starts
+// programs.
 TEST_F(BadInput, AValueThatTheClientWouldTakeForAnOptionFailsWithoutAChild) {
     standIn.on({"*"}).prints("OK\n");
     const std::string key = "-a/tmp/x" + std::string(56, 'a');

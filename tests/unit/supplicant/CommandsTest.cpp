@@ -22,7 +22,7 @@ namespace {
 constexpr const char* CLIENT = "/proc/boot/wpa_cli";
 const std::string STAMP = "12:34:56.789: ";
 
-enum class Success { ByReply, ByExitStatus };
+enum class Success { BY_REPLY, BY_EXIT_STATUS };
 
 struct Command {
     const char* name;
@@ -37,12 +37,12 @@ const Command COMMANDS[] = {
     {"setNetworkValue",
      {"set_network", "7", "key_mgmt", "WPA-PSK"},
      "/tmp/wpa_cli_set_network_result_",
-     Success::ByReply,
+     Success::BY_REPLY,
      [](WifiUtil& util) { return util.setNetworkValue("wlan0", 7, "key_mgmt", "WPA-PSK"); }},
     {"getNetworkValue",
      {"get_network", "7", "ssid"},
      "/tmp/wpa_cli_get_network_result_",
-     Success::ByReply,
+     Success::BY_REPLY,
      [](WifiUtil& util) {
          char value[64];
          return util.getNetworkValue("wlan0", 7, "ssid", value, sizeof(value));
@@ -50,47 +50,47 @@ const Command COMMANDS[] = {
     {"connectToNetwork",
      {"select", "7"},
      "/tmp/wpa_cli_connect_result_",
-     Success::ByExitStatus,
+     Success::BY_EXIT_STATUS,
      [](WifiUtil& util) { return util.connectToNetwork("wlan0", 7); }},
     {"disconnectFromNetwork",
      {"disconnect"},
      "/tmp/wpa_cli_disconnect_result_",
-     Success::ByExitStatus,
+     Success::BY_EXIT_STATUS,
      [](WifiUtil& util) { return util.disconnectFromNetwork("wlan0", 7); }},
     {"removeNetwork",
      {"remove_network", "7"},
      "/tmp/wpa_cli_remove_result_",
-     Success::ByReply,
+     Success::BY_REPLY,
      [](WifiUtil& util) { return util.removeNetwork("wlan0", 7); }},
     {"saveConfiguration",
      {"save_config"},
      "/tmp/wpa_cli_save_result_",
-     Success::ByReply,
+     Success::BY_REPLY,
      [](WifiUtil& util) { return util.saveConfiguration("wlan0"); }},
     {"reloadConfiguration",
      {"reconfigure"},
      "/tmp/wpa_cli_reconfigure_result_",
-     Success::ByReply,
+     Success::BY_REPLY,
      [](WifiUtil& util) { return util.reloadConfiguration("wlan0"); }},
     {"forceReassociation",
      {"reassociate"},
      "/tmp/wpa_cli_reassociate_result_",
-     Success::ByReply,
+     Success::BY_REPLY,
      [](WifiUtil& util) { return util.forceReassociation("wlan0"); }},
     {"executeCustom",
      {"bssid", "7", "02:00:00:00:01:00"},
      "/tmp/wpa_custom_result_",
-     Success::ByReply,
+     Success::BY_REPLY,
      [](WifiUtil& util) { return util.executeCustom("wlan0", 7, "bssid", "02:00:00:00:01:00"); }},
     {"executeCustomWithoutValue",
      {"enable_network", "7"},
      "/tmp/wpa_custom_result_",
-     Success::ByReply,
+     Success::BY_REPLY,
      [](WifiUtil& util) { return util.executeCustom("wlan0", 7, "enable_network", nullptr); }},
     {"createNetwork",
      {"add_network"},
      "/tmp/wpa_cli_add_result_",
-     Success::ByReply,
+     Success::BY_REPLY,
      [](WifiUtil& util) {
          unsigned char id = 0;
          return util.createNetwork("wlan0", "home", &id);
@@ -129,7 +129,7 @@ TEST_P(ConfigurationCommand, RunsItsCommandLine) {
 
 // REPLY-3
 TEST_P(ConfigurationCommand, DecidesByItsReplyOrByTheExitStatusAlone) {
-    const bool byStatus = GetParam().success == Success::ByExitStatus;
+    const bool byStatus = GetParam().success == Success::BY_EXIT_STATUS;
     const std::string& accepted = GetParam().accepted;
     EXPECT_TRUE(runWith(accepted + "\n"));
     EXPECT_TRUE(runWith(accepted)) << "without a line feed";
@@ -145,7 +145,7 @@ TEST_P(ConfigurationCommand, DecidesByItsReplyOrByTheExitStatusAlone) {
 }
 
 TEST_P(ConfigurationCommand, ChecksNoMoreThan127CharactersOfTheReply) {
-    const bool byStatus = GetParam().success == Success::ByExitStatus;
+    const bool byStatus = GetParam().success == Success::BY_EXIT_STATUS;
     const bool takesAnyText = GetParam().accepted == "OK";
     EXPECT_EQ(runWith(std::string(127, 'x') + "FAIL\n"), takesAnyText);
     EXPECT_EQ(runWith(std::string(123, 'x') + "FAIL\n"), byStatus);
@@ -244,7 +244,7 @@ TEST_F(Commands, CopyAValueAsFarAsThereIsRoom) {
     char value[8];
     std::memset(value, '#', sizeof(value));
     EXPECT_TRUE(util.getNetworkValue("wlan0", 0, "ssid", value, 4));
-    EXPECT_EQ(std::string(value, 8), "abcd####") << "not terminated, and nothing behind it touched";
+    EXPECT_EQ(std::string(value, 8), "abcd####") << "no NUL, and nothing after it is written";
     std::memset(value, '#', sizeof(value));
     EXPECT_TRUE(util.getNetworkValue("wlan0", 0, "ssid", value, 6));
     EXPECT_EQ(std::string(value, 8), "abcdef##");
@@ -297,7 +297,7 @@ TEST_F(Commands, AcceptStampedReplies) {
     EXPECT_FALSE(stamping.saveConfiguration("wlan0"));
 }
 
-TEST_F(Commands, DisconnectWhateverTheId) {
+TEST_F(Commands, DisconnectWithAnyId) {
     standIn.on({"*"});
     EXPECT_TRUE(util.disconnectFromNetwork("wlan0", 0));
     EXPECT_TRUE(util.disconnectFromNetwork("wlan0", 255));
@@ -364,8 +364,8 @@ TEST_F(Commands, CreateSendsTheIdBackAsItWasPrinted) {
     }
 }
 
-// Its first characters would be the id of another network.
 // REPLY-2
+// The first digits of such a reply may be the id of another network.
 TEST_F(Commands, CreateFailsWithoutAnotherCommandWhereTheReplyIsNoNetworkId) {
     for (const char* const reply :
          {"256\n", "300\n", "4294967296\n", "000000001\n", "12345678\n", "-1\n", "+1\n", "0x10\n",
@@ -393,18 +393,18 @@ TEST_F(Commands, CreateReadsAStampedId) {
 }
 
 // OP-1
-TEST_F(Commands, CreateStopsAtTheFirstStepThatFails) {
+TEST_F(Commands, CreateStopsAtTheFirstFailedStep) {
     unsigned char id = 99;
     standIn.on({"-iwlan0", "add_network"}).prints("FAIL\n");
     EXPECT_FALSE(util.createNetwork("wlan0", "home", &id));
-    EXPECT_EQ(id, 99) << "no network, no number";
+    EXPECT_EQ(id, 99) << "unchanged, as there is no new network";
     EXPECT_THAT(standIn.calls(), ElementsAre(ADD));
 
     standIn.reset();
     standIn.on({"-iwlan0", "add_network"}).prints("3\n");
     standIn.on({"*"}).prints("FAIL\n");
     EXPECT_FALSE(util.createNetwork("wlan0", "home", &id));
-    EXPECT_EQ(id, 3) << "the network is there, for the caller to clean up";
+    EXPECT_EQ(id, 3) << "the new network stays";
     EXPECT_THAT(standIn.calls(), ElementsAre(ADD, setSsid("3", "\"home\"")));
 
     standIn.reset();
@@ -417,7 +417,7 @@ TEST_F(Commands, CreateStopsAtTheFirstStepThatFails) {
     EXPECT_THAT(test::resultFiles(), IsEmpty());
 }
 
-// A result file that cannot be made stops it at that step.
+// When a result file cannot be made, the creation stops at that step.
 TEST_F(Commands, CreateHasAResultFileForEachStep) {
     const char* const prefixes[] = {"/tmp/wpa_cli_add_result_", "/tmp/wpa_cli_set_network_result_",
                                     "/tmp/wpa_cli_enable_result_"};

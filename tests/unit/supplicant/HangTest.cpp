@@ -1,5 +1,5 @@
-// A client that never ends, in real time: the one slow test of the runner. The steps in between are
-// tested with a recorded clock.
+// A client that never ends, in real time. HungChildTest.cpp tests the same steps with recorded
+// pauses.
 
 #include "supplicant/WifiUtil.h"
 
@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr auto PATIENCE = std::chrono::milliseconds(99 * 50);
+constexpr auto UNTIL_KILL = std::chrono::milliseconds(99 * 50);
 constexpr auto AFTER_KILL = std::chrono::milliseconds(2000);
 
 struct Attempt {
@@ -35,7 +35,7 @@ struct Attempt {
     }
 };
 
-TEST(Hang, IsEndedWhicheverWayThePausesAreMade) {
+TEST(Hang, IsEndedWithPausesThatEndEarlyAndWithPlainSleeps) {
     test::StandIn standIn;
     standIn.on({"*"}).hangs();
     const test::Leftovers before = test::Leftovers::now();
@@ -45,7 +45,7 @@ TEST(Hang, IsEndedWhicheverWayThePausesAreMade) {
     testing::internal::CaptureStderr();
     std::thread watchingThread([&] { watching.run("/tmp/watching_result_"); });
     std::thread sleepingThread([&] {
-        refused = test::refuseToTellEnds();
+        refused = test::refuseChildEndNotification();
         sleeping.run("/tmp/sleeping_result_");
     });
     watchingThread.join();
@@ -54,9 +54,9 @@ TEST(Hang, IsEndedWhicheverWayThePausesAreMade) {
 
     EXPECT_FALSE(watching.result);
     EXPECT_FALSE(sleeping.result);
-    EXPECT_GE(watching.length, PATIENCE);
-    if (refused || !test::systemTellsEnds()) {
-        EXPECT_GE(sleeping.length, PATIENCE + AFTER_KILL);
+    EXPECT_GE(watching.length, UNTIL_KILL);
+    if (refused || !test::systemNotifiesOfChildEnd()) {
+        EXPECT_GE(sleeping.length, UNTIL_KILL + AFTER_KILL);
     }
     EXPECT_EQ(std::count(messages.begin(), messages.end(), '\n'), 2) << messages;
     EXPECT_TRUE(test::Leftovers::now() == before);
@@ -78,17 +78,17 @@ TEST(Hang, IsEndedWhereTheSystemReapsItsChildren) {
     const std::string messages = testing::internal::GetCapturedStderr();
     sigaction(SIGCHLD, &standard, nullptr);
     EXPECT_FALSE(attempt.result);
-    EXPECT_GE(attempt.length, PATIENCE);
+    EXPECT_GE(attempt.length, UNTIL_KILL);
     EXPECT_EQ(std::count(messages.begin(), messages.end(), '\n'), 1) << messages;
     EXPECT_TRUE(test::Leftovers::now() == before);
 }
 
-TEST(ShortCommand, SucceedsWhereTheSystemDoesNotTellEnds) {
+TEST(ShortCommand, SucceedsWithoutNotificationOfTheChildsEnd) {
     test::StandIn standIn;
     standIn.on({"*"}).prints("OK\n").then().exits(3);
     bool refused = false;
     std::thread([&] {
-        refused = test::refuseToTellEnds();
+        refused = test::refuseChildEndNotification();
         WifiUtil util;
         EXPECT_TRUE(util.saveConfiguration("wlan0"));
         EXPECT_FALSE(util.saveConfiguration("wlan0"));

@@ -48,7 +48,7 @@ TEST_F(Instance, IsMadeAndProbedOnce) {
     EXPECT_THAT(standIn.calls(), ElementsAre(PROBE));
 }
 
-TEST_F(Instance, IsMadeAnewAfterItWasUnloaded) {
+TEST_F(Instance, IsProbedAgainAfterItWasUnloaded) {
     standIn.on({"interface"}).prints(HEADER + "wlan0\n");
     WifiUtil::getInstance();
     WifiUtil::unload();
@@ -64,7 +64,7 @@ TEST_F(Instance, ExpectsStampsAfterAStampedAdapter) {
     EXPECT_TRUE(removesStamps());
 }
 
-TEST_F(Instance, TakesTwoWholeNumbersAndARealOneForAStamp) {
+TEST_F(Instance, RecognisesAStampByTwoIntegersAndARealNumber) {
     for (const char* adapter : {"12:34:56", "1:2:3wlan0", " 0:0:.5 "}) {
         standIn.reset();
         WifiUtil::unload();
@@ -104,14 +104,14 @@ TEST_F(Instance, ExpectsNoStampsWhenTheProbeFails) {
     EXPECT_FALSE(removesStamps());
 }
 
-TEST_F(Instance, KeepsWhatTheProbeFound) {
+TEST_F(Instance, KeepsTheResultOfTheProbe) {
     standIn.on({"interface"}).prints(HEADER + STAMPED + "wlan0\n").then().prints("x\ny\nwlan0\n");
     answerStatus();
     EXPECT_TRUE(removesStamps());
     EXPECT_TRUE(removesStamps());
 }
 
-TEST_F(Instance, IsOneForThreadsThatComeFirstTogether) {
+TEST_F(Instance, IsOneForThreadsThatCallAtTheSameTime) {
     standIn.on({"interface"}).prints(HEADER + "wlan0\n");
     std::vector<WifiUtil*> seen(8, nullptr);
     std::vector<std::thread> threads;

@@ -1,3 +1,4 @@
+#include "supplicant/ChildProcess.h"
 #include "supplicant/WifiUtil.h"
 
 #include "support/Checkpoint.h"
@@ -20,6 +21,7 @@
 #include <thread>
 #include <unistd.h>
 
+using platwifi::runChild;
 using test::Arguments;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -55,7 +57,7 @@ TEST_F(Launch, PutsTheInterfaceOptionBeforeTheCommand) {
 }
 
 // CMD-7
-TEST_F(Launch, DropsArgumentsByItsUnevenRules) {
+TEST_F(Launch, DropsArgumentsByTheRulesForNulls) {
     standIn.on({"*"});
     EXPECT_TRUE(run("c", nullptr, "1", "2", "3"));
     EXPECT_TRUE(run(nullptr, "-iwlan0", "1", "2", "3"));
@@ -67,7 +69,7 @@ TEST_F(Launch, DropsArgumentsByItsUnevenRules) {
                             Arguments{CLIENT, "-iwlan0", "c", "1", "3"}));
 }
 
-TEST_F(Launch, HandsArgumentsOverAsTheyAre) {
+TEST_F(Launch, PassesArgumentsUnchanged) {
     standIn.on({"*"});
     const std::string odd = " a  b\t$HOME `id` ; rm *\n\"'\\ \xE9\xF0\x9F\x93\xB6";
     EXPECT_TRUE(run("set_network", "-iwlan0", "0", "ssid", odd.c_str()));
@@ -75,6 +77,17 @@ TEST_F(Launch, HandsArgumentsOverAsTheyAre) {
 }
 
 // CMD-11
+TEST_F(Launch, FailsWithoutAChildForMoreArgumentsThanAListHolds) {
+    standIn.on({"*"});
+    PlatformMutex mutex;
+    PlatformUtil::createMutex(&mutex);
+    EXPECT_FALSE(runChild(mutex, {CLIENT, "1", "2", "3", "4", "5", "6"}, "1", RESULT));
+    EXPECT_TRUE(standIn.calls().empty());
+    EXPECT_TRUE(runChild(mutex, {CLIENT, "1", "2", "3", "4", "5"}, "1", RESULT));
+    EXPECT_THAT(standIn.calls(), ElementsAre(Arguments{CLIENT, "1", "2", "3", "4", "5"}));
+    PlatformUtil::destroyMutex(&mutex);
+}
+
 TEST_F(Launch, CollectsBothOutputs) {
     standIn.on({"*"}).prints("one\n").printsError("two\n").prints("three\n");
     EXPECT_TRUE(run());
@@ -121,7 +134,7 @@ std::size_t clientSockets() {
 }
 
 // CMD-10
-TEST_F(Launch, RemovesTheSocketOfAClientThatCouldNot) {
+TEST_F(Launch, RemovesTheSocketOfAKilledClient) {
     standIn.on({"*"})
         .leaves("/tmp/wpa_ctrl_%d-1")
         .diesBy(SIGKILL)
@@ -130,7 +143,7 @@ TEST_F(Launch, RemovesTheSocketOfAClientThatCouldNot) {
     EXPECT_FALSE(run());
     EXPECT_EQ(clientSockets(), 0U);
     EXPECT_TRUE(run());
-    EXPECT_EQ(clientSockets(), 1U) << "one that ended by itself looks after its own";
+    EXPECT_EQ(clientSockets(), 1U) << "a client that exits removes its own socket";
     EXPECT_EQ(std::system("rm /tmp/wpa_ctrl_*"), 0);
 }
 
@@ -162,7 +175,7 @@ TEST_F(Launch, FailsWhenTheClientCannotBeStarted) {
     std::thread([this] { EXPECT_FALSE(run()) << "from another thread too"; }).join();
 }
 
-/// What this process asks the system to do with its children, for as long as this object lives.
+/// Sets the disposition of SIGCHLD during its lifetime.
 class ChildSignal {
 public:
     ChildSignal(void (*handler)(int), int flags) {
@@ -188,7 +201,7 @@ private:
 void ignoreSignal(int) {}
 
 // CMD-4
-TEST_F(Launch, TellsSuccessFromFailureWhereTheSystemReapsItsChildren) {
+TEST_F(Launch, DetectsFailureWhereTheSystemReapsItsChildren) {
     struct Row {
         void (*handler)(int);
         int flags;
@@ -207,7 +220,7 @@ TEST_F(Launch, TellsSuccessFromFailureWhereTheSystemReapsItsChildren) {
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
         std::remove(RESULT);
         EXPECT_TRUE(test::Leftovers::now() == before);
-        EXPECT_EQ(ChildSignal::isIgnored(), row.handler == SIG_IGN) << "left as it is";
+        EXPECT_EQ(ChildSignal::isIgnored(), row.handler == SIG_IGN) << "unchanged";
     }
 }
 
@@ -234,8 +247,8 @@ std::vector<std::string> namesIn(const std::string& folder) {
     return names;
 }
 
-// It may outlive the program, and must not keep its sockets and pipes open then. It ends with the client.
-TEST_F(Launch, LeavesTheProcessInBetweenNothingButItsPipe) {
+// The intermediate process may outlive this program and must not keep its sockets and pipes open.
+TEST_F(Launch, LeavesTheIntermediateProcessOnlyItsPipe) {
     const ChildSignal signal(SIG_IGN, 0);
     test::Checkpoint checkpoint("/tmp/checkpoint");
     standIn.on({"*"}).pausesAt(checkpoint.path());
@@ -257,7 +270,7 @@ TEST_F(Launch, LeavesTheProcessInBetweenNothingButItsPipe) {
 }
 
 // CMD-5
-TEST_F(Launch, SaysOnceThatAStatusWasTakenAway) {
+TEST_F(Launch, ReportsALostStatusOnce) {
     test::Checkpoint checkpoint("/tmp/checkpoint");
     standIn.on({"*"}).pausesAt(checkpoint.path());
     const auto runTwice = [&] {
@@ -265,7 +278,7 @@ TEST_F(Launch, SaysOnceThatAStatusWasTakenAway) {
         for (int i = 0; i < 2; ++i) {
             std::thread running([&] { succeeded = run() || succeeded; });
             checkpoint.awaitArrival();
-            const ChildSignal signal(SIG_IGN, 0); // too late for a process in between
+            const ChildSignal signal(SIG_IGN, 0); // too late for an intermediate process
             checkpoint.letGo();
             running.join();
         }
@@ -275,14 +288,14 @@ TEST_F(Launch, SaysOnceThatAStatusWasTakenAway) {
                 testing::MatchesRegex("platwifi: the exit status of a client was lost, [^\n]*\n"));
 }
 
-TEST_F(Launch, TakesAnArgumentThatTheSystemRefuses) {
+TEST_F(Launch, FailsForAnArgumentThatTheSystemRefuses) {
     standIn.on({"*"});
     const std::string huge(4 << 20, 'x');
     EXPECT_FALSE(run("set_network", "-iwlan0", "0", "ssid", huge.c_str()));
     EXPECT_TRUE(run());
 }
 
-TEST_F(Launch, LetsNoOtherDescriptorIntoTheChild) {
+TEST_F(Launch, PassesNoOtherDescriptorToTheChild) {
     const int leaky = open("/dev/null", O_RDONLY); // not close-on-exec
     const int high = fcntl(leaky, F_DUPFD, 200);
     standIn.on({"*"}).printsFacts();
@@ -319,7 +332,7 @@ TEST_F(Launch, RunsChildrenOneAfterAnother) {
     EXPECT_EQ(standIn.calls().size(), 40U);
 }
 
-TEST_F(Launch, LeavesTheChildrenOfOthersAlone) {
+TEST_F(Launch, DoesNotReapOtherChildren) {
     standIn.on({"*"});
     const pid_t other = fork();
     if (other == 0)
@@ -334,7 +347,7 @@ TEST_F(Launch, LeavesTheChildrenOfOthersAlone) {
     EXPECT_EQ(WEXITSTATUS(status), 7);
 }
 
-// Real-time scheduling for the calling thread, where this machine allows it.
+// Sets real-time scheduling for the calling thread. False when the machine does not allow it.
 bool becomeRealTime(int priority) {
     sched_param parameters{};
     parameters.sched_priority = priority;
@@ -349,7 +362,7 @@ int ownPriority() {
 }
 
 // CMD-16
-TEST_F(Launch, RaisesItsPriorityForTheSpawnAsFarAsThePolicyGoes) {
+TEST_F(Launch, StartsTheChildAtRaisedPriorityUpToTheHighestOfThePolicy) {
     struct Row {
         int before;
         int during;

@@ -1,7 +1,8 @@
-// What becomes of the result files of processes that are gone.
+// The removal of result files that ended processes have left.
 
 #include "supplicant/LeftoverFiles.h"
 
+#include "Paths.h"
 #include "platform/FolderClaim.h"
 #include "supplicant/ClientCommand.h"
 #include "supplicant/ResultFile.h"
@@ -54,7 +55,7 @@ protected:
     }
 };
 
-TEST_F(LeftoverFiles, GoWhateverCommandTheyAreOf) {
+TEST_F(LeftoverFiles, OfEveryCommandAreRemoved) {
     const char* const prefixes[] = {"wpa_cli_interface_result_",    "wpa_cli_list_result_",
                                     "wpa_cli_scan_results_result_", "wpa_cli_status_result_",
                                     "wpa_cli_scan_result_",         "wpa_cli_add_result_",
@@ -74,7 +75,7 @@ TEST_F(LeftoverFiles, GoWhateverCommandTheyAreOf) {
     EXPECT_THAT(test::resultFiles(), IsEmpty());
 }
 
-TEST(ResultTag, HasClaimsOfItsOwn) {
+TEST(ResultTag, HasClaimsThatDifferFromThoseOfOthers) {
     const ResultTag first(A_TAG);
     const ResultTag second("17");
     const std::set<std::uint32_t> claims{first.useClaim(), first.removalClaim(), second.useClaim(),
@@ -82,7 +83,7 @@ TEST(ResultTag, HasClaimsOfItsOwn) {
     EXPECT_THAT(claims, SizeIs(4));
 }
 
-TEST_F(LeftoverFiles, AreKnownByTheirWholeName) {
+TEST_F(LeftoverFiles, MatchWithTheirWholeName) {
     std::vector<std::string> others;
     for (const char* name :
          {"wpa_cli_status_result_", "wpa_cli_status_result_12x", "wpa_cli_status_result_-12",
@@ -93,7 +94,7 @@ TEST_F(LeftoverFiles, AreKnownByTheirWholeName) {
     EXPECT_THAT(test::resultFiles(), UnorderedElementsAreArray(others));
 }
 
-TEST_F(LeftoverFiles, AreFilesOfOneName) {
+TEST_F(LeftoverFiles, AreRegularFilesWithOneName) {
     const std::string folder = std::string("/tmp/wpa_cli_list_result_") + A_TAG;
     const std::string link = std::string("/tmp/wpa_cli_status_result_") + A_TAG;
     const std::string pipe = std::string("/tmp/wpa_cli_scan_result_") + A_TAG;
@@ -109,7 +110,7 @@ TEST_F(LeftoverFiles, AreFilesOfOneName) {
     std::filesystem::remove("/tmp/target");
 }
 
-TEST_F(LeftoverFiles, AreThisUsersOwn) {
+TEST_F(LeftoverFiles, OfOtherUsersStay) {
     const std::string foreign = put(std::string("/tmp/wpa_cli_status_result_") + A_TAG);
     if (chown(foreign.c_str(), 65534, 65534) != 0)
         GTEST_SKIP() << "this user cannot give files away";
@@ -118,7 +119,7 @@ TEST_F(LeftoverFiles, AreThisUsersOwn) {
 }
 
 // CMD-14
-TEST_F(LeftoverFiles, AreNotThoseInUse) {
+TEST_F(LeftoverFiles, StayWhileTheyAreInUse) {
     const ResultFile status(command::STATUS.resultPrefix);
     put(status.path());
     const std::string other = put(std::string(command::STATUS.resultPrefix) + A_TAG);
@@ -126,8 +127,8 @@ TEST_F(LeftoverFiles, AreNotThoseInUse) {
     EXPECT_THAT(test::resultFiles(), ElementsAre(status.path()));
 }
 
-// A process with one thread that runs a command, after `before` others that only wait: so the numbers
-// of threads differ.
+// A process with one thread that runs a command. `before` threads, which only wait, are started
+// first, so that the thread ids of several such processes differ.
 class CommandProcess {
 public:
     CommandProcess(int before, const std::function<void(WifiUtil&)>& command) : m_id(fork()) {
@@ -171,7 +172,7 @@ void askStatus(WifiUtil& util) {
 }
 
 // CMD-14
-TEST_F(LeftoverFiles, OfKilledProcessesGoAndThoseOfLivingOnesStay) {
+TEST_F(LeftoverFiles, OfKilledProcessesAreRemovedAndThoseOfLivingOnesStay) {
     test::StandIn standIn;
     test::Checkpoint status("/tmp/status-checkpoint");
     test::Checkpoint table("/tmp/table-checkpoint");
@@ -198,14 +199,14 @@ TEST_F(LeftoverFiles, OfKilledProcessesGoAndThoseOfLivingOnesStay) {
     put(std::string(command::STATUS.resultPrefix) + A_TAG);
     WifiUtil::unload();
     EXPECT_NE(WifiUtil::getInstance(), nullptr);
-    EXPECT_THAT(test::resultFiles(), SizeIs(2)) << "looked for once a process";
+    EXPECT_THAT(test::resultFiles(), SizeIs(2)) << "a process removes leftovers only once";
     WifiUtil::unload();
     for (test::Checkpoint* checkpoint : {&status, &table, &custom})
         checkpoint->letGo();
 }
 
-// One thread finds its file each time it reads it, whatever is removed beside it.
-TEST_F(LeftoverFiles, AreRemovedBesideCommands) {
+// The removal of other files never takes the file of a thread that uses it.
+TEST_F(LeftoverFiles, AreRemovedWhileCommandsRun) {
     std::atomic<bool> done{false};
     std::thread remover([&done] {
         while (!done)
@@ -229,11 +230,11 @@ TEST_F(LeftoverFiles, AreRemovedBesideCommands) {
     EXPECT_EQ(lost, 0);
 }
 
-TEST_F(LeftoverFiles, AreWaitedForWhileTheyAreRemovedButNotForLong) {
+TEST_F(LeftoverFiles, DelayACommandForALimitedTimeWhileTheyAreRemoved) {
     test::RecordedPlatform::begin();
     { const ResultFile result(command::STATUS.resultPrefix); }
     EXPECT_THAT(test::RecordedPlatform::events(), IsEmpty());
-    const platform::FolderClaim removal(RESULT_FOLDER, ResultTag().removalClaim());
+    const platform::FolderClaim removal(paths::RESULT_FOLDER, ResultTag().removalClaim());
     { const ResultFile result(command::STATUS.resultPrefix); }
     EXPECT_EQ(test::RecordedPlatform::events(), std::vector<std::string>(500, "sleep 1"));
 }

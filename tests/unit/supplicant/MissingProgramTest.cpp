@@ -1,5 +1,5 @@
-// What a process says when a program that the library runs is missing. It says so once: each test is a
-// process of its own.
+// The line that a process prints when a program that the library runs is missing. It is printed
+// once, so each test runs in its own process.
 
 #include "supplicant/WifiUtil.h"
 
@@ -32,7 +32,7 @@ class MissingProgram : public testing::Test {
 protected:
     void SetUp() override {
 #ifdef TEST_EMULATOR
-        GTEST_SKIP() << "the emulator does not tell that a program cannot be started";
+        GTEST_SKIP() << "the emulator does not report that a program cannot be started";
 #endif
         std::filesystem::create_directories(EMPTY);
         setenv("PLATFORM_BOOT_DIR", EMPTY, 1);
@@ -52,7 +52,7 @@ protected:
 };
 
 // CMD-3
-TEST_F(MissingProgram, IsNamedOnceWithTheOnlyPlaceThatTheEnvironmentLeaves) {
+TEST_F(MissingProgram, IsReportedOnceWithThePlaceThatTheEnvironmentNames) {
     EXPECT_EXIT(callsFail(3), ExitedWithCode(0),
                 Eq("platwifi: cannot start pidin: No such file or directory; looked for "
                    "/tmp/empty/pidin; install the boot directory (wpa_cli, pidin) with the "
@@ -60,20 +60,20 @@ TEST_F(MissingProgram, IsNamedOnceWithTheOnlyPlaceThatTheEnvironmentLeaves) {
 }
 
 // CMD-3
-TEST_F(MissingProgram, IsSaidOfOneThatCannotBeRun) {
+TEST_F(MissingProgram, IsReportedWhenItCannotBeRun) {
     std::ofstream(std::string(EMPTY) + "/pidin") << "no program";
     EXPECT_EXIT(callsFail(1), ExitedWithCode(0),
                 AllOf(ResultOf(isOneLine, true), HasSubstr("pidin: Permission denied; ")));
     std::filesystem::remove(std::string(EMPTY) + "/pidin");
 }
 
-TEST_F(MissingProgram, IsNotSaidOfACommandThatFails) {
+TEST_F(MissingProgram, IsNotReportedWhenACommandFails) {
     test::StandIn standIn;
     standIn.on({"*"}).exits(1);
     EXPECT_EXIT(callsFail(1), ExitedWithCode(0), IsEmpty());
 }
 
-TEST_F(MissingProgram, IsNotSaidOfAnArgumentThatTheSystemRefuses) {
+TEST_F(MissingProgram, IsNotReportedWhenTheSystemRefusesAnArgument) {
     test::StandIn standIn;
     const auto run = [] {
         const std::string huge(4 << 20, 'x');

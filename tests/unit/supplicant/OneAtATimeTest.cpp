@@ -1,4 +1,4 @@
-// What other threads may do while a client runs. The client is held until the test lets it go.
+// What other threads may do while a client runs. The client waits until the test opens its gate.
 
 #include "supplicant/WifiUtil.h"
 
@@ -29,8 +29,8 @@ bool launch(WifiUtil& util, const char* resultFile) {
 
 class OneAtATime : public testing::Test {
 protected:
-    // Opening the gate to write, and opening it to read, each wait for the other. Without a gate
-    // the client ends at once.
+    // The gate is a named pipe. Opening it for writing waits for the reader, and the reverse.
+    // Without a gate the client ends at once.
     OneAtATime() {
         const std::string client = standIn.folder() + "/wpa_cli";
         std::filesystem::remove(client);
@@ -44,7 +44,7 @@ protected:
     }
 
     void awaitClient() { m_gate = open(GATE, O_WRONLY | O_CLOEXEC); }
-    void letClientGo() {
+    void openGate() {
         std::remove(GATE);
         close(m_gate);
     }
@@ -64,32 +64,32 @@ TEST_F(OneAtATime, ASecondLaunchDoesNotTouchItsResultFileBeforeTheFirstIsOver) {
     second.awaitRest();
     EXPECT_FALSE(std::filesystem::exists(SECOND));
     EXPECT_EQ(test::Leftovers::now().children, 1U);
-    letClientGo();
+    openGate();
 }
 
-TEST_F(OneAtATime, TheEndWaitsForTheLaunchInProgress) {
+TEST_F(OneAtATime, TheDestructorWaitsForTheLaunchInProgress) {
     auto* const shortLived = new WifiUtil;
     const test::Doing launching([shortLived] { EXPECT_TRUE(launch(*shortLived, FIRST)); });
     awaitClient();
     const test::Doing ending([shortLived] { delete shortLived; });
     ending.awaitRest();
     EXPECT_FALSE(ending.isDone());
-    letClientGo();
+    openGate();
 }
 
-TEST_F(OneAtATime, TheFirstInstanceIsWaitedForUntilItIsProbed) {
+TEST_F(OneAtATime, OtherThreadsWaitUntilTheInstanceIsProbed) {
     {
         const test::Doing first([] { EXPECT_NE(WifiUtil::getInstance(), nullptr); });
         awaitClient();
         const test::Doing second([] { EXPECT_NE(WifiUtil::getInstance(), nullptr); });
         second.awaitRest();
         EXPECT_FALSE(second.isDone());
-        letClientGo();
+        openGate();
     }
     WifiUtil::unload();
 }
 
-TEST_F(OneAtATime, TheResultFileIsTheClientsAloneWhileItRuns) {
+TEST_F(OneAtATime, TheResultFileIsOpenInTheClientOnly) {
     const test::Doing launching([this] { EXPECT_TRUE(launch(util, FIRST)); });
     awaitClient();
     launching.awaitRest();
@@ -97,7 +97,7 @@ TEST_F(OneAtATime, TheResultFileIsTheClientsAloneWhileItRuns) {
         std::error_code gone; // the folder's own descriptor
         EXPECT_NE(std::filesystem::read_symlink(entry, gone), FIRST);
     }
-    letClientGo();
+    openGate();
 }
 
 } // namespace

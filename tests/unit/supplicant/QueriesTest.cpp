@@ -31,7 +31,7 @@ const std::string LIST_HEADER = "network id / ssid / bssid / flags\n";
 
 using Lines = std::vector<std::string>;
 
-// What all four list queries have in common, and where they differ.
+// The four list queries: what the tests need to know of each.
 struct Query {
     const char* name;
     Arguments call;
@@ -110,7 +110,7 @@ protected:
     test::StandIn standIn;
 };
 
-TEST_P(ListQuery, RunsItsOneCommandAndHandsBackTheLines) {
+TEST_P(ListQuery, RunsItsOneCommandAndReturnsTheLines) {
     WifiUtil& instance = util();
     answer("first\tx\nsecond\n\nthird, the last\n");
     const test::Leftovers before = test::Leftovers::now();
@@ -123,7 +123,7 @@ TEST_P(ListQuery, RunsItsOneCommandAndHandsBackTheLines) {
     EXPECT_TRUE(test::Leftovers::now() == before);
 }
 
-TEST_P(ListQuery, SkipsItsHeaderWhateverThatHolds) {
+TEST_P(ListQuery, SkipsItsHeaderWithoutReadingIt) {
     WifiUtil& instance = util();
     std::string reply = "FAIL\n\n";
     reply.resize(static_cast<std::size_t>(GetParam().headerLines) == 1 ? 5 : reply.size());
@@ -136,7 +136,7 @@ TEST_P(ListQuery, SkipsItsHeaderWhateverThatHolds) {
 }
 
 // REPLY-7
-TEST_P(ListQuery, HandsAFailureMessageBackAsAnEntry) {
+TEST_P(ListQuery, ReturnsAFailureMessageAsAnEntry) {
     WifiUtil& instance = util();
     answer("FAIL\n");
     ReplyLines lines(16);
@@ -144,7 +144,7 @@ TEST_P(ListQuery, HandsAFailureMessageBackAsAnEntry) {
     EXPECT_THAT(toStrings(lines), ElementsAre("FAIL"));
 }
 
-TEST_P(ListQuery, SucceedsWithNothing) {
+TEST_P(ListQuery, SucceedsWithoutEntries) {
     WifiUtil& instance = util();
     answer("");
     ReplyLines lines(16);
@@ -235,7 +235,7 @@ TEST_P(ListQuery, FailsWithTheClient) {
     EXPECT_THAT(test::resultFiles(), IsEmpty());
 }
 
-TEST_P(ListQuery, FailsWhenTheReplyIsGone) {
+TEST_P(ListQuery, FailsWhenTheResultFileWasRemoved) {
     WifiUtil& instance = util();
     const std::string client = standIn.folder() + "/wpa_cli";
     std::filesystem::remove(client);
@@ -255,7 +255,7 @@ TEST_P(ListQuery, ResetsOrKeepsTheCount) {
     EXPECT_TRUE(run(instance, lines));
     EXPECT_EQ(lines.count, GetParam().resetsCount ? 1 : 4);
     EXPECT_STREQ(lines.data()[GetParam().resetsCount ? 0 : 3], "entry");
-    // The entries that the count of 3 spoke of never were there.
+    // The count of 3 that the test sets is not backed by entries.
     lines.count = GetParam().resetsCount ? 1 : 0;
 }
 
@@ -269,7 +269,7 @@ TEST_P(ListQuery, RemovesTheStampFromItsFirstEntryAlone) {
     EXPECT_THAT(toStrings(lines), ElementsAre(first, STAMP + "second"));
 }
 
-TEST_P(ListQuery, KeepsAnEntryThatIsNothingButAStamp) {
+TEST_P(ListQuery, KeepsAnEntryThatConsistsOfAStamp) {
     WifiUtil& instance = util(true);
     answer(STAMP + "\n" + STAMP + "second\n");
     ReplyLines lines(16);
@@ -278,7 +278,7 @@ TEST_P(ListQuery, KeepsAnEntryThatIsNothingButAStamp) {
                 ElementsAre(GetParam().removesStamp ? "" : STAMP, STAMP + "second"));
 }
 
-TEST_P(ListQuery, LeavesStampsOfAClientThatMakesNone) {
+TEST_P(ListQuery, KeepsAStampThatItDoesNotExpect) {
     WifiUtil& instance = util(false);
     answer(STAMP + "entry\n");
     ReplyLines lines(16);
@@ -310,7 +310,7 @@ protected:
 };
 
 // REPLY-12
-TEST_F(Adapters, AreAppendedAndNeverStrippedBehindAnEarlierEntry) {
+TEST_F(Adapters, AreAppendedWithTheirStampAfterAnEarlierEntry) {
     standIn.on({"interface"}).prints(ADAPTER_HEADER + STAMP + "wlan0\n");
     WifiUtil* const util = WifiUtil::getInstance();
     ReplyLines lines(2);
@@ -331,16 +331,16 @@ TEST_F(Adapters, AreNotAppendedToAnArrayThatIsMoreThanFull) {
     EXPECT_EQ(lines.count, 3);
 }
 
-class SupplicantRuns : public testing::Test {
+class IsWifiEnabled : public testing::Test {
 protected:
     test::StandIn standIn;
     WifiUtil util;
 };
 
 // RUNS-1
-TEST_F(SupplicantRuns, ByItsPidFileWhenNoInterfaceIsNamed) {
+TEST_F(IsWifiEnabled, ChecksThePidFileWithoutAnInterface) {
     const std::string result = test::resultPath("/tmp/process_table_result_");
-    std::ofstream(result) << "somebody's";
+    std::ofstream(result) << "of another query";
     EXPECT_FALSE(util.isWifiEnabled(nullptr));
     mkdir("/var/run", 0755);
     std::ofstream("/var/run/wpa_supplicant.pid") << "1\n";
@@ -353,7 +353,7 @@ TEST_F(SupplicantRuns, ByItsPidFileWhenNoInterfaceIsNamed) {
 }
 
 // RUNS-1
-TEST_F(SupplicantRuns, ByTheProcessTableWhenAnInterfaceIsNamed) {
+TEST_F(IsWifiEnabled, SearchesTheProcessTableWithAnInterface) {
     standIn.on({"-iwlan0", "arg"})
         .prints("1 /sbin/init\n77 /sbin/wpa_supplicant -iwlan0\n78 sh\n")
         .then()
@@ -372,7 +372,7 @@ TEST_F(SupplicantRuns, ByTheProcessTableWhenAnInterfaceIsNamed) {
     EXPECT_TRUE(test::Leftovers::now() == before);
 }
 
-TEST_F(SupplicantRuns, WhateverThePidFileSaysOnceAnInterfaceIsNamed) {
+TEST_F(IsWifiEnabled, IgnoresThePidFileWithAnInterface) {
     std::ofstream("/var/run/wpa_supplicant.pid") << "1\n";
     standIn.on({"-iwlan0", "arg"}).prints("1 /sbin/init\n");
     EXPECT_FALSE(util.isWifiEnabled("wlan0"));
@@ -380,7 +380,7 @@ TEST_F(SupplicantRuns, WhateverThePidFileSaysOnceAnInterfaceIsNamed) {
 }
 
 // RUNS-2
-TEST_F(SupplicantRuns, FoundAnywhereInLinesOfUpTo511Characters) {
+TEST_F(IsWifiEnabled, SearchesLinesInPiecesOf511Characters) {
     standIn.on({"-iwlan0", "arg"})
         .prints(std::string(497, 'x') + "wpa_supplicant\n")
         .then()
@@ -389,12 +389,12 @@ TEST_F(SupplicantRuns, FoundAnywhereInLinesOfUpTo511Characters) {
     EXPECT_FALSE(util.isWifiEnabled("wlan0")) << "the name is cut in two";
 }
 
-TEST_F(SupplicantRuns, AskedWithABareOptionForAnEmptyName) {
+TEST_F(IsWifiEnabled, AcceptsAnEmptyInterfaceName) {
     standIn.on({"-i", "arg"}).prints("77 wpa_supplicant\n");
     EXPECT_TRUE(util.isWifiEnabled(""));
 }
 
-TEST_F(SupplicantRuns, ToldThroughAResultFileOfItsOwn) {
+TEST_F(IsWifiEnabled, UsesItsOwnResultFile) {
     standIn.on({"*"}).prints("77 wpa_supplicant\n");
     {
         const test::BlockedFile blocked(test::resultPath("/tmp/process_table_result_"));
@@ -404,9 +404,11 @@ TEST_F(SupplicantRuns, ToldThroughAResultFileOfItsOwn) {
     EXPECT_TRUE(util.isWifiEnabled("wlan0"));
 }
 
-TEST_F(SupplicantRuns, AndCertificatesNeedNoIndex) {
+using HashCaCertificates = IsWifiEnabled;
+
+TEST_F(HashCaCertificates, SucceedsWithoutACommand) {
     EXPECT_TRUE(util.hashCACertificates());
-    EXPECT_THAT(standIn.calls(), IsEmpty()) << "nothing to do, nothing done";
+    EXPECT_THAT(standIn.calls(), IsEmpty()) << "no command is needed";
 }
 
 } // namespace

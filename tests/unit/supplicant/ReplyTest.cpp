@@ -10,7 +10,7 @@ using namespace platwifi;
 namespace {
 
 // REPLY-1
-TEST(ReplyCheck, DecidesByTheFirstLine) {
+TEST(ReplyCheck, FindsRefusalsInTheLine) {
     struct Row {
         const char* line;
         bool accepted;

@@ -41,7 +41,7 @@ struct stat factsOf(const std::string& path) {
 }
 
 // CMD-8
-TEST(ResultFileName, CarriesTheThreadsId) {
+TEST(ResultFileName, EndsWithTheThreadsId) {
     const ResultFile file(PREFIX);
     EXPECT_EQ(file.path(), ownPath());
     std::string other;
@@ -111,7 +111,7 @@ TEST(ResultFileReading, NeedsARegularFile) {
 }
 
 // CMD-8
-TEST(ResultFileCreation, MakesAFileThatNobodyMayWrite) {
+TEST(ResultFileCreation, MakesAFileWithoutWritePermission) {
     const std::string path = ownPath();
     {
         const FileDescriptor file = createResultFile(path.c_str());
@@ -123,7 +123,7 @@ TEST(ResultFileCreation, MakesAFileThatNobodyMayWrite) {
     std::remove(path.c_str());
 }
 
-TEST(ResultFileCreation, EmptiesAFileThatIsThere) {
+TEST(ResultFileCreation, EmptiesAnExistingFile) {
     write(ownPath(), "old text");
     EXPECT_TRUE(createResultFile(ownPath().c_str()).isOpen());
     EXPECT_EQ(factsOf(ownPath()).st_size, 0);
@@ -141,9 +141,9 @@ TEST(ResultFileCreation, RefusesWhatIsNotARegularFile) {
     std::remove(path.c_str());
 
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
-    EXPECT_FALSE(createResultFile(path.c_str()).isOpen()) << "a pipe that nobody reads";
+    EXPECT_FALSE(createResultFile(path.c_str()).isOpen()) << "a pipe without a reader";
     const FileDescriptor reader(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    EXPECT_FALSE(createResultFile(path.c_str()).isOpen()) << "a pipe that somebody reads";
+    EXPECT_FALSE(createResultFile(path.c_str()).isOpen()) << "a pipe with a reader";
     std::remove(path.c_str());
 
     ASSERT_EQ(mkdir(path.c_str(), 0700), 0);
@@ -154,7 +154,7 @@ TEST(ResultFileCreation, RefusesWhatIsNotARegularFile) {
     EXPECT_FALSE(createResultFile("").isOpen());
 }
 
-TEST(ResultFileCreation, LeavesAFileAloneThatHasASecondName) {
+TEST(ResultFileCreation, ReplacesAFileThatHasASecondName) {
     write("/tmp/precious", "keep me");
     const std::string path = ownPath();
     ASSERT_EQ(link("/tmp/precious", path.c_str()), 0);
@@ -164,13 +164,13 @@ TEST(ResultFileCreation, LeavesAFileAloneThatHasASecondName) {
     std::remove(path.c_str());
 }
 
-// Runs the test in a child that is not root; the status tells how many checks failed.
+// Runs the body in a process without root rights. Returns its result, the number of failed checks.
 template <typename Body>
-int asNobody(Body body) {
-    constexpr uid_t NOBODY = 65534;
+int asUnprivilegedUser(Body body) {
+    constexpr uid_t UNPRIVILEGED = 65534;
     const pid_t child = fork();
     if (child == 0) {
-        if (setgid(NOBODY) != 0 || setuid(NOBODY) != 0)
+        if (setgid(UNPRIVILEGED) != 0 || setuid(UNPRIVILEGED) != 0)
             _exit(100);
         _exit(body());
     }
@@ -179,8 +179,8 @@ int asNobody(Body body) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 101;
 }
 
-TEST(ResultFileCreation, ReplacesALeftoverThatItsUnprivilegedOwnerMayNotWrite) {
-    const int failed = asNobody([] {
+TEST(ResultFileCreation, ReplacesALeftoverThatItMayNotWrite) {
+    const int failed = asUnprivilegedUser([] {
         const std::string path = ownPath();
         int failures = createResultFile(path.c_str()).isOpen() ? 0 : 1;
         const FileDescriptor again = createResultFile(path.c_str());
@@ -193,7 +193,7 @@ TEST(ResultFileCreation, ReplacesALeftoverThatItsUnprivilegedOwnerMayNotWrite) {
     EXPECT_EQ(failed, 0);
 }
 
-TEST(ResultFileCreation, ReplacesAFileThatSomebodyElsePutThere) {
+TEST(ResultFileCreation, ReplacesAFileOfAnotherUser) {
     const std::string path = ownPath();
     write(path, "planted");
     ASSERT_EQ(chmod(path.c_str(), 0666), 0);

@@ -1,4 +1,4 @@
-// Starting a scan and waiting for it, with a recorded clock: a second passes at once here.
+// Starting a scan and waiting for it, with recorded sleeps that take no time.
 
 #include "supplicant/WifiUtil.h"
 
@@ -95,7 +95,7 @@ TEST_F(Scan, IsNotStartedWhereOneRuns) {
 }
 
 // SCAN-2
-TEST_F(Scan, IsWaitedForThrough16ReadsAtMost) {
+TEST_F(Scan, IsWaitedForWith16ReadsAtMost) {
     onStatus("SCANNING");
     EXPECT_TRUE(util.scanNetworks("wlan0"));
     EXPECT_EQ(standIn.calls().size(), 1U + 16U);
@@ -114,7 +114,7 @@ TEST_F(Scan, IsWaitedForAfterItWasStarted) {
     EXPECT_EQ(secondsSlept(), 2U);
 }
 
-TEST_F(Scan, LetsOthersRunTheirCommandsWhileItWaits) {
+TEST_F(Scan, LetsOtherThreadsRunCommandsWhileItWaits) {
     onStatus("COMPLETED");
     standIn.on({"*"}).prints("OK\n");
     RecordedPlatform::duringSleeps(
@@ -140,14 +140,14 @@ TEST_F(Scan, FailsWhenTheCommandFails) {
 }
 
 // SCAN-3
-TEST_F(Scan, SucceedsThoughTheClientRefusedIt) {
+TEST_F(Scan, SucceedsWhenTheSupplicantRefusesIt) {
     onStatus("COMPLETED");
     standIn.on({"-iwlan0", "scan"}).prints("FAIL-BUSY\n");
     EXPECT_TRUE(util.scanNetworks("wlan0")) << "the reply is not read";
 }
 
 // SCAN-2
-TEST_F(Scan, SucceedsWhateverBecomesOfTheWait) {
+TEST_F(Scan, SucceedsWhenAStatusCannotBeReadWhileItWaits) {
     onStatus("COMPLETED").then().exits(255);
     standIn.on({"-iwlan0", "scan"}).prints("OK\n");
     EXPECT_TRUE(util.scanNetworks("wlan0"));
@@ -155,7 +155,7 @@ TEST_F(Scan, SucceedsWhateverBecomesOfTheWait) {
     EXPECT_EQ(secondsSlept(), 0U) << "it ends at once";
 }
 
-TEST_F(Scan, TakesAStatusWithoutAStateForUnknown) {
+TEST_F(Scan, TreatsAStatusWithoutAStateAsUnknown) {
     standIn.on({"-iwlan0", "status"}).prints("").then().prints("bssid=COMPLETED\n");
     EXPECT_TRUE(util.scanNetworks("wlan0"));
     EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, STATUS));

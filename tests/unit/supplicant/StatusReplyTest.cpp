@@ -11,7 +11,7 @@ WpaState stateOfLine(const char* line) {
 }
 
 // REPLY-6
-TEST(StatusReply, NamesEveryState) {
+TEST(StatusReply, RecognisesEveryState) {
     struct Row {
         const char* line;
         WpaState state;
@@ -35,7 +35,7 @@ TEST(StatusReply, NamesEveryState) {
 }
 
 // REPLY-6
-TEST(StatusReply, LooksForTheNamesInAFixedOrder) {
+TEST(StatusReply, SearchesTheNamesInAFixedOrder) {
     EXPECT_EQ(stateOfLine("wpa_state=SCANNING INACTIVE"), WPA_STATE_IDLE);
     EXPECT_EQ(stateOfLine("wpa_state=COMPLETED SCANNING"), WPA_STATE_SCANNING);
     EXPECT_EQ(stateOfLine("wpa_state=4WAY_HANDSHAKE COMPLETED"), WPA_STATE_COMPLETED);
@@ -45,7 +45,7 @@ TEST(StatusReply, LooksForTheNamesInAFixedOrder) {
     EXPECT_EQ(stateOfLine("wpa_state=DISCONNECTED ASSOCIATED"), WPA_STATE_ASSOCIATED);
 }
 
-TEST(StatusReply, LetsTheFirstStateLineDecide) {
+TEST(StatusReply, UsesTheFirstLineWithAState) {
     const char* const lines[] = {"bssid=02:00:00:00:01:00", nullptr, "x wpa_state=SCANNING",
                                  "wpa_state=COMPLETED"};
     EXPECT_EQ(stateOf(lines, 4), WPA_STATE_SCANNING);
@@ -53,12 +53,12 @@ TEST(StatusReply, LetsTheFirstStateLineDecide) {
     EXPECT_EQ(stateOf(unknownFirst, 2), WPA_STATE_UNKNOWN);
 }
 
-TEST(StatusReply, KnowsNothingFromNothing) {
+TEST(StatusReply, IsUnknownWithoutAStateLine) {
     EXPECT_EQ(stateOf(nullptr, 0), WPA_STATE_UNKNOWN);
     EXPECT_EQ(stateOfLine("ssid=COMPLETED"), WPA_STATE_UNKNOWN);
 }
 
-TEST(StatusReply, StatesHaveTheirNumbers) {
+TEST(StatusReply, HasFixedNumbersForTheStates) {
     EXPECT_EQ(WPA_STATE_UNKNOWN, 0U);
     EXPECT_EQ(WPA_STATE_DISCONNECTED, 1U);
     EXPECT_EQ(WPA_STATE_IDLE, 2U);

@@ -6,7 +6,7 @@
 
 namespace {
 
-TEST(IgnoreTimestamp, RemovesWhatStandsBeforeTheThirdColonAndTheCharacterAfterIt) {
+TEST(IgnoreTimestamp, RemovesTheTextUpToTheThirdColonAndOneMoreCharacter) {
     struct Row {
         const char* line;
         const char* left;
@@ -35,7 +35,7 @@ TEST(IgnoreTimestamp, RemovesWhatStandsBeforeTheThirdColonAndTheCharacterAfterIt
     }
 }
 
-TEST(IgnoreTimestamp, TakesNull) {
+TEST(IgnoreTimestamp, FailsForNull) {
     EXPECT_FALSE(WifiUtil::ignoreTimestamp(nullptr));
 }
 

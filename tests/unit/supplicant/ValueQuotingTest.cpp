@@ -9,7 +9,7 @@ using namespace platwifi;
 namespace {
 
 // VALUE-1
-TEST(ValueQuoting, QuotesTextsAndLeavesTheRest) {
+TEST(ValueQuoting, QuotesTextFieldsOnly) {
     const char* const texts[] = {
         "wep_key0",
         "wep_key1",
@@ -60,7 +60,7 @@ TEST(ValueQuoting, QuotesTextsAndLeavesTheRest) {
 }
 
 // VALUE-2
-TEST(ValueQuoting, LeavesAValueThatIsQuotedOnEitherSide) {
+TEST(ValueQuoting, LeavesAValueWithAQuoteAtEitherEnd) {
     const char* const values[] = {"\"home\"", "\"ab", "ab\"", "\"", "\"\""};
     for (const char* value : values)
         EXPECT_EQ(quotedFor("ssid", value), value);
@@ -95,7 +95,7 @@ TEST(ValueQuoting, SendsKeysInHexadecimalBareByTheirLengthAlone) {
 }
 
 // VALUE-4
-TEST(ValueQuoting, QuotesASsidWhateverItHolds) {
+TEST(ValueQuoting, QuotesAnySsid) {
     EXPECT_EQ(quoted("a\"b c"), "\"a\"b c\"");
     EXPECT_EQ(quoted("\"x\""), "\"\"x\"\"");
     EXPECT_EQ(quoted(""), "\"\"");

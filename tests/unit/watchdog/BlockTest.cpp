@@ -1,4 +1,4 @@
-// The block between processes, without their threads.
+// The block shared by processes, without refresh threads.
 
 #include "BlockView.h"
 #include "Peer.h"
@@ -33,7 +33,7 @@ TEST(SignalBlock, HasItsFieldsInTheirOrder) {
     EXPECT_EQ(offsetof(SharedSignalBlock, attachCount), offsetof(Layout, attachCount));
 }
 
-TEST(SignalBlock, IsZeroWhereNothingWasSet) {
+TEST(SignalBlock, IsZeroOutsideOfItsFields) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     const BlockView block;
@@ -42,7 +42,7 @@ TEST(SignalBlock, IsZeroWhereNothingWasSet) {
         EXPECT_EQ(room[i], 0) << i;
 }
 
-TEST(SignalBlock, IsAnObjectOfItsSizeWithTheModeThatTheUmaskLeaves) {
+TEST(SignalBlock, HasItsSizeAndTheModeMinusTheUmask) {
     for (const mode_t mask : {0U, 0027U, 0170U}) {
         const mode_t before = umask(mask);
         WifiHostSettingsWatchdog watchdog;
@@ -55,7 +55,7 @@ TEST(SignalBlock, IsAnObjectOfItsSizeWithTheModeThatTheUmaskLeaves) {
     }
 }
 
-TEST(SignalBlock, HasTheSenderOfTheLastSignal) {
+TEST(SignalBlock, HoldsTheSenderOfTheLastSignal) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     const BlockView block;
@@ -63,22 +63,11 @@ TEST(SignalBlock, HasTheSenderOfTheLastSignal) {
     block.raise(7);
     EXPECT_EQ(block.numbers(), "1 7 1");
     EXPECT_EQ(watchdog.checkForRefreshSignal(0), -1);
-    EXPECT_EQ(block.numbers(), "0 7 1") << "not taken back with the signal";
+    EXPECT_EQ(block.numbers(), "0 7 1") << "the sender stays when the signal is taken";
 }
 
 // PEER-11
-TEST(SignalBlock, LosesAPendingSignalToTheNextOne) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
-    Peer peer;
-    peer.ask("initialize");
-    peer.ask("refresh");
-    watchdog.sendRefreshSettingsSignal();
-    EXPECT_EQ(watchdog.checkForRefreshSignal(0), 0) << "the sender misses the earlier save";
-    EXPECT_EQ(peer.ask("check"), "-1");
-}
-
-TEST(SignalBlock, HasMutexesAsTheyAreMeant) {
+TEST(SignalBlock, HasARecursiveBlockMutexAndAPlainSignalMutex) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     const BlockView block;
@@ -91,7 +80,7 @@ TEST(SignalBlock, HasMutexesAsTheyAreMeant) {
     block->unlockSignal();
 }
 
-TEST(SignalBlock, IsMadeByTheFirstAndJoinedByTheOthers) {
+TEST(SignalBlock, IsCreatedByTheFirstAndJoinedByTheOthers) {
     WifiHostSettingsWatchdog first;
     first.initialize();
     Peer second;
@@ -105,7 +94,7 @@ TEST(SignalBlock, IsMadeByTheFirstAndJoinedByTheOthers) {
     EXPECT_TRUE(first.isCreator());
 }
 
-TEST(SignalBlock, IsLeftUnlockedByAWatchdogThatBecomesAUserOnceMore) {
+TEST(SignalBlock, IsUnlockedAfterASecondInitialisation) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     watchdog.initialize();
@@ -128,7 +117,7 @@ TEST(SignalBlock, WakesAnotherProcess) {
 }
 
 // PEER-2
-TEST(SignalBlock, GivesASignalToOneProcessAlone) {
+TEST(SignalBlock, GivesASignalToOneProcessOnly) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     Peer peers[3];
@@ -144,7 +133,7 @@ TEST(SignalBlock, GivesASignalToOneProcessAlone) {
 }
 
 // PEER-3
-TEST(SignalBlock, LeavesASignalAloneForAThreadWithTheSendersId) {
+TEST(SignalBlock, DoesNotGiveASignalToAThreadWithTheSendersId) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     Peer peer;
@@ -155,9 +144,9 @@ TEST(SignalBlock, LeavesASignalAloneForAThreadWithTheSendersId) {
     EXPECT_EQ(watchdog.checkForRefreshSignal(0), -1);
 }
 
-// Either side of the first to leave.
+// Whether the first to leave is the creator or another user.
 // PEER-6
-TEST(SignalBlock, LosesItsNameWithTheFirstToLeaveAndLivesOnForTheRest) {
+TEST(SignalBlock, LosesItsNameWithTheFirstToLeaveAndIsKeptByTheOthers) {
     for (const bool creatorLeaves : {true, false}) {
         SCOPED_TRACE(creatorLeaves);
         Peer creator;
@@ -177,23 +166,23 @@ TEST(SignalBlock, LosesItsNameWithTheFirstToLeaveAndLivesOnForTheRest) {
         EXPECT_TRUE(fresh.isCreator());
         EXPECT_EQ(BlockView().numbers(), "0 none 1");
         stayer.ask("refresh");
-        EXPECT_EQ(fresh.checkForRefreshSignal(0), 0) << "it shares nothing with the older ones";
-        EXPECT_EQ(third.ask("check"), "-1") << "those go on within their block";
+        EXPECT_EQ(fresh.checkForRefreshSignal(0), 0) << "it does not share the old block";
+        EXPECT_EQ(third.ask("check"), "-1") << "they still share theirs";
 
         stayer.ask("destroy");
         third.ask("destroy");
         EXPECT_EQ(old.numbers(), "0 none 0") << "ended by its last user";
-        EXPECT_FALSE(test::blockHasName()) << "whatever the name meant";
+        EXPECT_FALSE(test::blockHasName()) << "whichever block has the name";
     }
 }
 
-TEST(SignalBlock, IsNotJoinedByAProcessThatComesUponItWhenItsLastUserLeaves) {
+TEST(SignalBlock, IsNotJoinedAfterItsLastUserHasLeft) {
     WifiHostSettingsWatchdog last;
     last.initialize();
     const BlockView old;
     last.wifiShmemLock();
     Peer peer;
-    peer.say("initialize");
+    peer.send("initialize");
     peer.awaitMapping();
     last.wifiShmemDestroy();
     EXPECT_EQ(peer.answer(), "1");

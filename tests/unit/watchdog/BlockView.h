@@ -12,7 +12,7 @@ namespace test {
 constexpr const char* BLOCK_NAME = "/wifi_shmem";
 constexpr const char* BLOCK_PATH = "/dev/shm/wifi_shmem";
 
-/// The block that has the name now, mapped for a look from outside; null where there is none.
+/// Maps the block that has the name now, so that a test can read it. Null when there is none.
 class BlockView {
 public:
     BlockView() {
@@ -34,7 +34,7 @@ public:
     explicit operator bool() const { return m_block != nullptr; }
     SharedSignalBlock* operator->() const { return m_block; }
 
-    /// The three numbers, as "pending sender users"; the sender "none" where there is none.
+    /// The three numbers as "pending sender users"; the sender is "none" when there is none.
     std::string numbers() const {
         m_block->lock();
         const std::string sender = m_block->refreshSender == SharedSignalBlock::NO_SENDER
@@ -46,7 +46,7 @@ public:
         return text;
     }
 
-    /// Raises a signal as the thread with this id would.
+    /// Raises a signal with this thread id as its sender.
     void raise(std::uint32_t sender) const {
         m_block->lockSignal();
         m_block->raise(sender);

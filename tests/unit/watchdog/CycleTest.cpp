@@ -1,5 +1,5 @@
-// The cycle of the refresh thread: it waits for a stop, for a save of this process, and then for one of
-// another process, in a cycle without a save.
+// The cycle of the refresh thread: it waits for a stop, then for a save of this process. If there
+// was none, it waits for a save of another process.
 
 #include "RecordedWaits.h"
 #include "RefreshThread.h"
@@ -8,7 +8,7 @@
 
 namespace {
 
-using test::Door;
+using test::RecordedReloads;
 using test::RecordedWaits;
 
 class RefreshCycle : public test::RefreshThread {
@@ -32,29 +32,30 @@ TEST_F(RefreshCycle, WaitsForEachSignalForASecond) {
     EXPECT_THAT(RecordedWaits::seconds(), testing::Each(1U));
 }
 
-// The third wait is the first of the next cycle, and the fifth that for another process.
-TEST_F(RefreshCycle, HasNoWaitForAnotherProcessAfterASave) {
+// The third wait is the first of the second cycle, the fifth is its wait for another process.
+TEST_F(RefreshCycle, DoesNotWaitForAnotherProcessAfterASave) {
     std::size_t waitsBeforeReload = 0;
     auto* const self = watchdog.get();
     RecordedWaits::at(1, [self] { self->sendSaveSettingsSignal(); });
-    RecordedWaits::at(3, [] { raiseFromElsewhere(); });
-    Door::during([&] { waitsBeforeReload = RecordedWaits::count(); });
+    RecordedWaits::at(3, [] { raiseAsAnotherProcess(); });
+    RecordedReloads::during([&] { waitsBeforeReload = RecordedWaits::count(); });
     watchdog->start();
     RecordedWaits::await(9);
     watchdog->stop();
     EXPECT_EQ(waitsBeforeReload, 5U);
 }
 
-// Refused at the third wait; the fourth and fifth are those of the cycle with the save.
-TEST_F(RefreshCycle, KeepsAReloadThatIsOwedWhileItHandlesASave) {
+// The reload fails after the third wait. The fourth and fifth wait are those of the cycle with the
+// save.
+TEST_F(RefreshCycle, TriesAFailedReloadAgainAfterASave) {
     auto* const self = watchdog.get();
-    Door::refuse(1);
+    RecordedReloads::refuse(1);
     RecordedWaits::at(4, [self] { self->sendSaveSettingsSignal(); });
-    raiseFromElsewhere();
+    raiseAsAnotherProcess();
     watchdog->start();
     RecordedWaits::await(10);
     watchdog->stop();
-    EXPECT_EQ(Door::calls(), 2);
+    EXPECT_EQ(RecordedReloads::calls(), 2);
 }
 
 } // namespace

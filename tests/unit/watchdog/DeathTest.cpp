@@ -1,4 +1,4 @@
-// A process is killed with the block in its hands.
+// A process is killed while it holds locks of the block, or waits for a signal.
 
 #include "BlockView.h"
 #include "Peer.h"
@@ -25,14 +25,14 @@ const Death DEATHS[] = {
     {"BlockMutexTwice", {"lock", "lock"}},
     {"SignalMutex", {"lock-signal"}},
     {"Both", {"lock-signal", "lock"}},
-    {"BothTheOtherWayRound", {"lock", "lock-signal"}},
+    {"BothInReverse", {"lock", "lock-signal"}},
 };
 
 class DeathOfAHolder : public testing::TestWithParam<Death> {
 protected:
     void SetUp() override {
-        if (!test::systemReleasesMutexesOfTheDead())
-            GTEST_SKIP() << "this system does not release the mutexes of a dead process";
+        if (!test::systemHasRobustMutexes())
+            GTEST_SKIP() << "this system does not recover the mutexes of a dead process";
         watchdog.initialize();
     }
 
@@ -48,15 +48,16 @@ protected:
 };
 
 // PEER-4, PEER-7
-TEST_P(DeathOfAHolder, LeavesASignalWithoutSenderToTheOthers) {
+TEST_P(DeathOfAHolder, RaisesASignalWithoutASender) {
     dieHolding(GetParam().locks);
     EXPECT_EQ(watchdog.checkForRefreshSignal(0), -1);
     EXPECT_EQ(watchdog.checkForRefreshSignal(0), 0);
-    EXPECT_EQ(BlockView().numbers(), "0 none 2") << "the dead process stays counted";
+    EXPECT_EQ(BlockView().numbers(), "0 none 2") << "the dead process is still counted";
 }
 
-// The sender of the last signal would leave one in its own name to the others.
-TEST_P(DeathOfAHolder, LeavesASignalAlsoToTheSenderOfTheLastOne) {
+// A process never takes its own signal, so the signal after a death must not carry the last
+// sender's id.
+TEST_P(DeathOfAHolder, RaisesASignalThatTheLastSenderTakesToo) {
     Peer other;
     other.ask("initialize");
     watchdog.sendRefreshSettingsSignal();
@@ -65,7 +66,7 @@ TEST_P(DeathOfAHolder, LeavesASignalAlsoToTheSenderOfTheLastOne) {
     EXPECT_EQ(watchdog.checkForRefreshSignal(0), -1);
 }
 
-TEST_P(DeathOfAHolder, LetsOthersRaiseASignal) {
+TEST_P(DeathOfAHolder, DoesNotKeepOthersFromRaisingASignal) {
     Peer other;
     other.ask("initialize");
     dieHolding(GetParam().locks);
@@ -75,7 +76,7 @@ TEST_P(DeathOfAHolder, LetsOthersRaiseASignal) {
 }
 
 // PEER-4
-TEST_P(DeathOfAHolder, LetsOthersJoinAndLeave) {
+TEST_P(DeathOfAHolder, DoesNotKeepOthersFromJoiningAndLeaving) {
     dieHolding(GetParam().locks);
     {
         Peer late;
@@ -87,7 +88,7 @@ TEST_P(DeathOfAHolder, LetsOthersJoinAndLeave) {
     watchdog.wifiShmemDestroy();
 }
 
-TEST_P(DeathOfAHolder, IsOvercomeAsOftenAsItHappens) {
+TEST_P(DeathOfAHolder, IsRecoveredFromEachTime) {
     for (int death = 0; death < 3; ++death) {
         dieHolding(GetParam().locks);
         EXPECT_EQ(watchdog.checkForRefreshSignal(0), -1);
@@ -96,14 +97,14 @@ TEST_P(DeathOfAHolder, IsOvercomeAsOftenAsItHappens) {
     EXPECT_EQ(watchdog.wifiShmemUnlock(), 0);
 }
 
-// The one that waits comes back to a signal mutex whose holder has died.
-TEST_P(DeathOfAHolder, ReachesAProcessThatWaits) {
+// The process that waits locks the signal mutex again after its holder has died.
+TEST_P(DeathOfAHolder, DoesNotBreakTheWaitOfAnotherProcess) {
     Peer waiter;
     waiter.ask("initialize");
     waiter.beginWait();
     dieHolding(GetParam().locks);
     BlockView()->refreshCondition.broadcast();
-    if (waiter.answer() == "0") { // it came without needing the lock that was held
+    if (waiter.answer() == "0") { // it did not need the lock that was held
         watchdog.sendRefreshSettingsSignal();
         EXPECT_EQ(waiter.ask("check"), "-1");
     }
@@ -114,7 +115,7 @@ INSTANTIATE_TEST_SUITE_P(Locks, DeathOfAHolder, testing::ValuesIn(DEATHS),
                          [](const auto& row) { return std::string(row.param.name); });
 
 // PEER-7
-TEST(DeathOfAWaiter, LeavesNoTrace) {
+TEST(DeathOfAWaiter, DoesNotDisturbOthers) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     for (int death = 0; death < 5; ++death) {

@@ -1,5 +1,5 @@
-// A lock of the block is not released: its holder is stopped, or the memory names a holder that does not
-// exist.
+// A lock of the block is not released: its holder is stopped, or the memory names a thread that
+// does not exist as the holder.
 
 #include "Peer.h"
 #include "RefreshThread.h"
@@ -11,8 +11,8 @@
 namespace {
 
 using test::BlockView;
-using test::Door;
 using test::Peer;
+using test::RecordedReloads;
 using test::RefreshThread;
 using test::ShortLocks;
 
@@ -32,18 +32,18 @@ protected:
         EXPECT_LE(ShortLocks::longest(), 1s);
     }
 
-    Peer holder; // does nothing more, like a process that is stopped
+    Peer holder; // does nothing unless asked, like a stopped process
 };
 
 // PEER-8
-TEST_F(HeldLock, OfTheBlockKeepsAProcessFromJoiningButNotFromStarting) {
+TEST_F(HeldLock, OfTheBlockStopsAProcessFromJoiningButNotFromStarting) {
     holder.ask("lock");
     WifiHostSettingsWatchdog late;
     EXPECT_TRUE(late.initialize());
     expectWaitsOfASecond();
     EXPECT_FALSE(late.isCreator());
     EXPECT_EQ(late.wifiShmemLock(), EINVAL) << "it has no block";
-    EXPECT_TRUE(test::blockHasName()) << "the others go on sharing it";
+    EXPECT_TRUE(test::blockHasName()) << "its users continue to share it";
     late.start();
     late.sendSaveSettingsSignal();
     late.stop();
@@ -51,7 +51,7 @@ TEST_F(HeldLock, OfTheBlockKeepsAProcessFromJoiningButNotFromStarting) {
     EXPECT_EQ(BlockView().numbers(), "0 none 2");
 }
 
-TEST_F(HeldLock, OfTheSignalKeepsNoProcessFromJoining) {
+TEST_F(HeldLock, OfTheSignalDoesNotStopAProcessFromJoining) {
     holder.ask("lock-signal");
     WifiHostSettingsWatchdog late;
     EXPECT_TRUE(late.initialize());
@@ -62,7 +62,7 @@ TEST_F(HeldLock, OfTheSignalKeepsNoProcessFromJoining) {
     holder.ask("unlock-signal");
 }
 
-TEST_F(HeldLock, OfTheBlockIsWaitedForInVain) {
+TEST_F(HeldLock, OfTheBlockIsWaitedForASecond) {
     holder.ask("lock");
     watchdog->sendRefreshSettingsSignal();
     EXPECT_EQ(watchdog->checkForRefreshSignal(0), 0);
@@ -72,7 +72,7 @@ TEST_F(HeldLock, OfTheBlockIsWaitedForInVain) {
     EXPECT_FALSE(BlockView().isPending()) << "nothing was raised without the lock";
 }
 
-TEST_F(HeldLock, OfTheSignalIsWaitedForInVain) {
+TEST_F(HeldLock, OfTheSignalIsWaitedForASecond) {
     holder.ask("lock-signal");
     watchdog->sendRefreshSettingsSignal();
     EXPECT_EQ(watchdog->checkForRefreshSignal(0), 0);
@@ -81,7 +81,7 @@ TEST_F(HeldLock, OfTheSignalIsWaitedForInVain) {
     holder.ask("unlock-signal");
 }
 
-TEST_F(HeldLock, DoesNotKeepAProcessFromLeaving) {
+TEST_F(HeldLock, DoesNotStopAProcessFromLeaving) {
     holder.ask("lock");
     watchdog->start();
     watchdog->stop();
@@ -91,7 +91,7 @@ TEST_F(HeldLock, DoesNotKeepAProcessFromLeaving) {
 }
 
 // PEER-8
-TEST_F(HeldLock, KeepsASaveForTheOthersUntilItIsFree) {
+TEST_F(HeldLock, DelaysTheNotificationOfASaveUntilItIsReleased) {
     Peer other;
     other.ask("initialize");
     for (const char* lock : {"lock", "lock-signal"}) {
@@ -100,7 +100,7 @@ TEST_F(HeldLock, KeepsASaveForTheOthersUntilItIsFree) {
         watchdog->start();
         watchdog->sendSaveSettingsSignal();
         ShortLocks::reset();
-        ShortLocks::awaitTimeouts(3); // of raising the signal, and of looking for one
+        ShortLocks::awaitTimeouts(3); // while raising the signal, and while waiting for one
         holder.ask(lock == std::string("lock") ? "unlock" : "unlock-signal");
         EXPECT_EQ(other.ask("wait", 100), "waiting");
         EXPECT_EQ(other.answer(), "-1");
@@ -108,10 +108,10 @@ TEST_F(HeldLock, KeepsASaveForTheOthersUntilItIsFree) {
     }
 }
 
-TEST_F(HeldLock, OfAHolderThatDoesNotExistIsNotWaitedForEither) {
+TEST_F(HeldLock, OfAHolderThatDoesNotExistIsWaitedForASecond) {
     const BlockView block;
-    constexpr int NOBODYS_ID = 0x3ffffff0; // larger than any thread's
-    std::memcpy(static_cast<void*>(&block->blockMutex), &NOBODYS_ID, sizeof(NOBODYS_ID));
+    constexpr int UNUSED_ID = 0x3ffffff0; // larger than any thread's
+    std::memcpy(static_cast<void*>(&block->blockMutex), &UNUSED_ID, sizeof(UNUSED_ID));
     WifiHostSettingsWatchdog late;
     EXPECT_TRUE(late.initialize());
     expectWaitsOfASecond();
@@ -121,8 +121,8 @@ TEST_F(HeldLock, OfAHolderThatDoesNotExistIsNotWaitedForEither) {
     std::memcpy(static_cast<void*>(&block->blockMutex), &FREE, sizeof(FREE));
 }
 
-// By another process, since this one may have reported it before.
 // PEER-8
+// In another process: this one may have printed its line already.
 TEST_F(HeldLock, IsReportedOnce) {
     testing::internal::CaptureStderr();
     {

@@ -13,7 +13,6 @@
 namespace {
 
 using platwifi::LocalSignal;
-using std::chrono::seconds;
 using std::chrono::steady_clock;
 
 /// Another thread that waits for a signal.
@@ -21,10 +20,10 @@ struct Waiter {
     std::promise<int> id;
     std::future<int> result;
 
-    Waiter(LocalSignal& signal, unsigned int patience)
-        : result(std::async(std::launch::async, [this, &signal, patience] {
+    Waiter(LocalSignal& signal, unsigned int seconds)
+        : result(std::async(std::launch::async, [this, &signal, seconds] {
               id.set_value(PlatformUtil::threadId());
-              return signal.check(patience);
+              return signal.check(seconds);
           })) {
         const int thread = id.get_future().get();
         while (!test::isAsleep(thread))
@@ -32,23 +31,23 @@ struct Waiter {
     }
 };
 
-TEST(LocalSignal, GivesZeroWhenTheTimeIsOver) {
+TEST(LocalSignal, ReturnsZeroAfterTheTime) {
     LocalSignal signal;
     const auto start = steady_clock::now();
     EXPECT_EQ(signal.check(1), 0);
-    EXPECT_GE(steady_clock::now() - start, seconds(1));
+    EXPECT_GE(steady_clock::now() - start, std::chrono::seconds(1));
     EXPECT_EQ(signal.check(0), 0);
 }
 
-TEST(LocalSignal, RaisedBeforeIsSeenOnlyWhenTheWaitIsOver) {
+TEST(LocalSignal, RaisedBeforeIsSeenAfterTheWholeWait) {
     LocalSignal signal;
     signal.raise();
     const auto start = steady_clock::now();
     EXPECT_EQ(signal.check(1), -1);
-    EXPECT_GE(steady_clock::now() - start, seconds(1));
+    EXPECT_GE(steady_clock::now() - start, std::chrono::seconds(1));
 }
 
-TEST(LocalSignal, IsTakenByWhoeverSeesIt) {
+TEST(LocalSignal, IsTakenBackByTheFirstCheck) {
     LocalSignal signal;
     signal.raise();
     signal.raise();
@@ -56,7 +55,7 @@ TEST(LocalSignal, IsTakenByWhoeverSeesIt) {
     EXPECT_EQ(signal.check(0), 0);
 }
 
-TEST(LocalSignal, IsForgottenAfterReset) {
+TEST(LocalSignal, IsTakenBackByReset) {
     LocalSignal signal;
     signal.raise();
     signal.reset();

@@ -26,7 +26,7 @@ std::string textOf(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-// 'R' or 'S', say.
+// The state letter of the process, such as 'R' for running.
 char stateOf(pid_t process) {
     const std::string text = textOf("/proc/" + std::to_string(process) + "/stat");
     const auto name = text.rfind(") ");
@@ -39,7 +39,7 @@ Peer::Peer() {
     int ends[2];
     EXPECT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends), 0);
     const FileDescriptor theirs(ends[0]);
-    m_talk = FileDescriptor(ends[1]);
+    m_socket = FileDescriptor(ends[1]);
     const char* const command[] = {TEST_EMULATOR PEER_PROGRAM, nullptr};
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
@@ -54,32 +54,32 @@ Peer::Peer() {
 Peer::~Peer() {
     if (m_id == -1)
         return;
-    m_talk.close();
+    m_socket.close();
     int status = -1;
     EXPECT_EQ(waitpid(m_id, &status, 0), m_id);
     EXPECT_EQ(status, 0);
 }
 
 std::string Peer::ask(const std::string& command, unsigned int number) {
-    say(command, number);
+    send(command, number);
     return answer();
 }
 
-void Peer::say(const std::string& command, unsigned int number) {
+void Peer::send(const std::string& command, unsigned int number) {
     const std::string line = command + " " + std::to_string(number) + "\n";
-    EXPECT_EQ(send(m_talk.number(), line.data(), line.size(), MSG_NOSIGNAL),
+    EXPECT_EQ(::send(m_socket.number(), line.data(), line.size(), MSG_NOSIGNAL),
               static_cast<ssize_t>(line.size()));
 }
 
 std::string Peer::answer() {
     std::string text;
     char byte = '\n';
-    while (read(m_talk.number(), &byte, 1) == 1 && byte != '\n')
+    while (read(m_socket.number(), &byte, 1) == 1 && byte != '\n')
         text += byte;
     return text;
 }
 
-// The answer is the last thing that the peer does before it waits.
+// The peer answers immediately before it waits.
 void Peer::beginWait() {
     EXPECT_EQ(ask("wait", 100), "waiting");
     while (stateOf(m_id) != 'S')

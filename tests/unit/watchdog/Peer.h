@@ -7,8 +7,8 @@
 
 namespace test {
 
-/// Another process with a watchdog of its own, see peer.cpp for what it understands. It ends with this
-/// object, which expects it to end well.
+/// Another process with a watchdog of its own. peer.cpp has its commands. The destructor ends the
+/// process and expects exit status 0.
 class Peer {
 public:
     Peer();
@@ -17,26 +17,29 @@ public:
     Peer(const Peer&) = delete;
     Peer& operator=(const Peer&) = delete;
 
-    /// Says it and waits for the answer.
+    /// Sends a command and waits for the answer.
     std::string ask(const std::string& command, unsigned int number = 0);
 
-    void say(const std::string& command, unsigned int number = 0);
+    /// Sends a command without waiting.
+    void send(const std::string& command, unsigned int number = 0);
+
+    /// Waits for the next answer.
     std::string answer();
 
-    /// Makes it wait for the signal to reload, for long, and returns when it does. answer() tells
-    /// what the wait gave.
+    /// Makes it wait for the signal to reload, for 100 s at most, and returns when it waits.
+    /// answer() returns the result of the wait.
     void beginWait();
 
-    /// Waits until it has mapped what has the name of the block.
+    /// Waits until it has mapped the object with the name of the block.
     void awaitMapping() const;
 
-    /// Ends it on the spot.
+    /// Kills it.
     void kill();
 
     pid_t id() const { return m_id; }
 
 private:
-    platform::FileDescriptor m_talk;
+    platform::FileDescriptor m_socket;
     pid_t m_id = -1;
 };
 

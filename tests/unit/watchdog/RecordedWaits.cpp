@@ -1,4 +1,4 @@
-// Takes the place of the platform's deadlines in the program it is linked into.
+// Replaces platform::deadlineAfter() in the program that is linked with it.
 
 #include "RecordedWaits.h"
 

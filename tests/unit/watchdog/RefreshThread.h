@@ -1,7 +1,7 @@
 #pragma once
 
 #include "BlockView.h"
-#include "Door.h"
+#include "RecordedReloads.h"
 #include "watchdog/WifiHostSettingsWatchdog.h"
 
 #include <filesystem>
@@ -14,7 +14,7 @@
 
 namespace test {
 
-// The ids of the threads of this process that bear the name.
+// The ids of the refresh threads of this process.
 inline std::vector<int> refreshThreads() {
     std::vector<int> ids;
     for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
@@ -26,16 +26,16 @@ inline std::vector<int> refreshThreads() {
     return ids;
 }
 
-/// A watchdog that has got its block, and a thread when a test starts it.
+/// A watchdog that has its block. A test starts its thread.
 class RefreshThread : public testing::Test {
 protected:
     void SetUp() override {
-        Door::reset();
+        RecordedReloads::reset();
         watchdog = std::make_unique<WifiHostSettingsWatchdog>();
         watchdog->initialize();
     }
 
-    // Also waits for the thread to be gone, so that the next test does not see it.
+    // Also waits until the thread has ended, so that the next test does not see it.
     void TearDown() override {
         watchdog.reset();
         while (!refreshThreads().empty())
@@ -43,7 +43,7 @@ protected:
         std::filesystem::remove_all(test::BLOCK_PATH);
     }
 
-    static void raiseFromElsewhere() { BlockView().raise(SharedSignalBlock::NO_SENDER); }
+    static void raiseAsAnotherProcess() { BlockView().raise(SharedSignalBlock::NO_SENDER); }
 
     std::unique_ptr<WifiHostSettingsWatchdog> watchdog;
 };

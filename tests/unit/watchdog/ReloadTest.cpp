@@ -1,4 +1,4 @@
-// What the refresh thread makes of signals.
+// How the refresh thread reacts to signals.
 
 #include "Peer.h"
 #include "RefreshThread.h"
@@ -6,23 +6,23 @@
 namespace {
 
 using test::BlockView;
-using test::Door;
 using test::Peer;
+using test::RecordedReloads;
 using test::RefreshThread;
 using test::refreshThreads;
 
-// A stop seen by the new thread would end it before it reloads; a save would put this thread's own id
-// under the signal, which it then leaves alone.
-TEST_F(RefreshThread, ForgetsSignalsFromBeforeItsStart) {
+// An old stop signal would end the new thread before it reloads. An old save signal would make it
+// the sender of the signal, which it would then not take.
+TEST_F(RefreshThread, IgnoresSignalsFromBeforeItsStart) {
     watchdog->sendStopRefreshThreadSignal();
     watchdog->sendSaveSettingsSignal();
-    raiseFromElsewhere();
+    raiseAsAnotherProcess();
     watchdog->start();
-    Door::awaitCalls(1);
+    RecordedReloads::awaitCalls(1);
     EXPECT_EQ(BlockView().numbers(), "0 none 1");
 }
 
-TEST_F(RefreshThread, TellsTheOthersInItsOwnNameThatThisProcessHasSaved) {
+TEST_F(RefreshThread, NotifiesPeersOfASaveWithItsOwnIdAsSender) {
     watchdog->start();
     const std::string id = std::to_string(refreshThreads().at(0));
     watchdog->sendSaveSettingsSignal();
@@ -31,20 +31,20 @@ TEST_F(RefreshThread, TellsTheOthersInItsOwnNameThatThisProcessHasSaved) {
         std::this_thread::yield();
     EXPECT_EQ(block.numbers(), "1 " + id + " 1");
     watchdog->stop();
-    EXPECT_EQ(Door::calls(), 0);
+    EXPECT_EQ(RecordedReloads::calls(), 0);
     EXPECT_TRUE(block.isPending());
 }
 
-TEST_F(RefreshThread, PicksUpASaveThatComesWhileItReloads) {
+TEST_F(RefreshThread, HandlesASaveThatComesDuringAReload) {
     const BlockView block;
     auto* const self = watchdog.get();
-    Door::during([self] { self->sendSaveSettingsSignal(); });
+    RecordedReloads::during([self] { self->sendSaveSettingsSignal(); });
     watchdog->start();
     const std::string id = std::to_string(refreshThreads().at(0));
-    raiseFromElsewhere();
+    raiseAsAnotherProcess();
     while (block.numbers() != "1 " + id + " 1")
         std::this_thread::yield();
-    EXPECT_EQ(Door::calls(), 1);
+    EXPECT_EQ(RecordedReloads::calls(), 1);
 }
 
 // PEER-1
@@ -59,17 +59,17 @@ TEST_F(RefreshThread, OfAnotherProcessReloadsAfterASave) {
     other.ask("stop");
     EXPECT_EQ(other.ask("reloads"), "1");
     watchdog->stop();
-    EXPECT_EQ(Door::calls(), 0) << "its own signal";
+    EXPECT_EQ(RecordedReloads::calls(), 0) << "its own signal";
 }
 
 // PEER-1
-TEST_F(RefreshThread, AsksAgainForAReloadThatWasNotPossible) {
-    Door::refuse(1);
-    raiseFromElsewhere();
+TEST_F(RefreshThread, TriesAFailedReloadAgain) {
+    RecordedReloads::refuse(1);
+    raiseAsAnotherProcess();
     watchdog->start();
-    Door::awaitCalls(2);
+    RecordedReloads::awaitCalls(2);
     watchdog->stop();
-    EXPECT_EQ(Door::calls(), 2) << "not a third time";
+    EXPECT_EQ(RecordedReloads::calls(), 2) << "no third time";
 }
 
 } // namespace

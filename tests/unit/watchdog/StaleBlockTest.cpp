@@ -1,5 +1,5 @@
-// What a watchdog makes of the things that may stand under the name of the block, and of others that
-// start when it does.
+// What a watchdog does with other objects that have the name of the block, and with processes that
+// start at the same time.
 
 #include "BlockView.h"
 #include "Peer.h"
@@ -35,7 +35,7 @@ std::string garbage(std::size_t size) {
     return std::string(size, '\x5a');
 }
 
-// A block with all it needs, users too, that somebody else may have left.
+// A complete block with users, as another process may have left it.
 std::string finishedBlock() {
     SharedSignalBlock block;
     std::memset(static_cast<void*>(&block), 0, sizeof(block));
@@ -58,14 +58,14 @@ std::string blockWithoutUsers() {
     return bytes;
 }
 
-struct Thing {
+struct Entry {
     const char* name;
     std::function<void()> put;
 };
 
 constexpr std::size_t SIZE = sizeof(SharedSignalBlock);
 
-const Thing THINGS[] = {
+const Entry ENTRIES[] = {
     {"Empty", [] { put(""); }},
     {"HalfBuilt", [] { putHole(SIZE); }},
     {"ZeroFilled", [] { put(std::string(SIZE, '\0')); }},
@@ -84,27 +84,27 @@ const Thing THINGS[] = {
     {"Pipe", [] { EXPECT_EQ(mkfifo(BLOCK_PATH, 0600), 0); }},
 };
 
-class StaleThing : public testing::TestWithParam<Thing> {
+class StaleEntry : public testing::TestWithParam<Entry> {
 protected:
     void SetUp() override { GetParam().put(); }
     void TearDown() override {
         std::filesystem::remove("/dev/shm/elsewhere");
-        EXPECT_EQ(std::filesystem::is_empty("/dev/shm"), true) << "nothing stays behind";
+        EXPECT_EQ(std::filesystem::is_empty("/dev/shm"), true) << "no file is left";
     }
 };
 
 // PEER-10
-TEST_P(StaleThing, IsReplacedByANewBlock) {
+TEST_P(StaleEntry, IsReplacedByANewBlock) {
     WifiHostSettingsWatchdog watchdog;
     EXPECT_TRUE(watchdog.initialize());
     EXPECT_TRUE(watchdog.isCreator());
     EXPECT_EQ(BlockView().numbers(), "0 none 1");
 }
 
-TEST_P(StaleThing, IsReplacedOnceByAllWhoStart) {
+TEST_P(StaleEntry, IsReplacedOnceByProcessesThatStartTogether) {
     Peer peers[4];
     for (Peer& peer : peers)
-        peer.say("initialize");
+        peer.send("initialize");
     int creators = 0;
     for (Peer& peer : peers)
         EXPECT_EQ(peer.answer(), "1");
@@ -114,10 +114,10 @@ TEST_P(StaleThing, IsReplacedOnceByAllWhoStart) {
     EXPECT_EQ(BlockView().numbers(), "0 none 4");
 }
 
-INSTANTIATE_TEST_SUITE_P(Things, StaleThing, testing::ValuesIn(THINGS),
+INSTANTIATE_TEST_SUITE_P(Entries, StaleEntry, testing::ValuesIn(ENTRIES),
                          [](const auto& row) { return std::string(row.param.name); });
 
-/// Makes this process one of an ordinary user, where it is root's.
+/// Gives a process of root the rights of an ordinary user during its lifetime.
 class OrdinaryUser {
 public:
     OrdinaryUser() : m_done(seteuid(65534) == 0) {}
@@ -148,7 +148,7 @@ TEST_F(Start, JoinsAFinishedBlock) {
 }
 
 // PEER-10
-TEST_F(Start, DoesNotTrustTheBlockOfAnotherUser) {
+TEST_F(Start, ReplacesTheBlockOfAnotherUser) {
     put(finishedBlock());
     if (chown(BLOCK_PATH, 65534, 65534) != 0)
         GTEST_SKIP() << "only root can give a file away";
@@ -168,7 +168,7 @@ TEST_F(Start, DoesNotTrustTheBlockOfAnotherUser) {
     EXPECT_EQ(BlockView().numbers(), "0 none 1");
 }
 
-TEST_F(Start, ReplacesWhatItMayRemoveButNotOpen) {
+TEST_F(Start, ReplacesABlockThatItMayRemoveButNotOpen) {
     const OrdinaryUser user;
     if (!user)
         GTEST_SKIP() << "only root can become another user";
@@ -181,7 +181,7 @@ TEST_F(Start, ReplacesWhatItMayRemoveButNotOpen) {
 }
 
 // PEER-10
-TEST_F(Start, DoesWithoutABlockThatItMayNeitherWriteNorRemove) {
+TEST_F(Start, RunsWithoutABlockThatItMayNeitherWriteNorRemove) {
     put(finishedBlock());
     {
         const OrdinaryUser user;
@@ -200,14 +200,14 @@ TEST_F(Start, DoesWithoutABlockThatItMayNeitherWriteNorRemove) {
         watchdog.sendRefreshSettingsSignal();
         EXPECT_EQ(watchdog.checkForRefreshSignal(100), 0);
     }
-    EXPECT_EQ(BlockView().numbers(), "0 none 7") << "untouched";
+    EXPECT_EQ(BlockView().numbers(), "0 none 7") << "unchanged";
 }
 
 TEST_F(Start, ByManyProcessesAtOnceMakesOneBlock) {
     for (int round = 0; round < 3; ++round) {
         Peer peers[8];
         for (Peer& peer : peers)
-            peer.say("initialize");
+            peer.send("initialize");
         for (Peer& peer : peers)
             EXPECT_EQ(peer.answer(), "1");
         int creators = 0;

@@ -1,4 +1,4 @@
-// The life of the refresh thread.
+// The start and the end of the refresh thread.
 
 #include "RefreshThread.h"
 
@@ -11,7 +11,7 @@
 namespace {
 
 using test::BlockView;
-using test::Door;
+using test::RecordedReloads;
 using test::RefreshThread;
 using test::refreshThreads;
 
@@ -20,7 +20,7 @@ TEST_F(RefreshThread, RunsFromStartToStopUnderItsName) {
     watchdog->start();
     EXPECT_EQ(refreshThreads().size(), 1U);
     watchdog->start();
-    EXPECT_EQ(refreshThreads().size(), 1U) << "it ran already";
+    EXPECT_EQ(refreshThreads().size(), 1U) << "it was running already";
     watchdog->stop();
     watchdog->stop();
 }
@@ -28,12 +28,12 @@ TEST_F(RefreshThread, RunsFromStartToStopUnderItsName) {
 TEST_F(RefreshThread, RunsAgainAfterItWasStopped) {
     watchdog->start();
     watchdog->stop();
-    raiseFromElsewhere();
+    raiseAsAnotherProcess();
     watchdog->start();
-    Door::awaitCalls(1);
+    RecordedReloads::awaitCalls(1);
 }
 
-TEST_F(RefreshThread, KeepsTheWatchdogFromBeingInitialisedAgain) {
+TEST_F(RefreshThread, MakesASecondInitialisationFail) {
     watchdog->start();
     EXPECT_FALSE(watchdog->initialize());
     EXPECT_EQ(BlockView().numbers(), "0 none 1");
@@ -42,13 +42,13 @@ TEST_F(RefreshThread, KeepsTheWatchdogFromBeingInitialisedAgain) {
     EXPECT_EQ(BlockView().numbers(), "0 none 2");
 }
 
-TEST_F(RefreshThread, IsWaitedForUntilItHasLeft) {
-    std::promise<void> letGo;
-    auto gate = letGo.get_future().share();
-    Door::during([gate] { gate.wait(); });
-    raiseFromElsewhere();
+TEST_F(RefreshThread, IsWaitedForByStop) {
+    std::promise<void> mayContinue;
+    auto gate = mayContinue.get_future().share();
+    RecordedReloads::during([gate] { gate.wait(); });
+    raiseAsAnotherProcess();
     watchdog->start();
-    Door::awaitCalls(1);
+    RecordedReloads::awaitCalls(1);
     std::promise<int> id;
     auto stopped = std::async(std::launch::async, [&] {
         id.set_value(PlatformUtil::threadId());
@@ -58,7 +58,7 @@ TEST_F(RefreshThread, IsWaitedForUntilItHasLeft) {
     while (!test::isAsleep(stopper))
         std::this_thread::yield();
     EXPECT_EQ(stopped.wait_for(std::chrono::seconds(0)), std::future_status::timeout);
-    letGo.set_value();
+    mayContinue.set_value();
     stopped.get();
 }
 
@@ -72,52 +72,52 @@ TEST_F(RefreshThread, MayBeStoppedAndItsWatchdogDestroyedRightAfterItsStart) {
 
 TEST_F(RefreshThread, MayStopItself) {
     auto* const self = watchdog.get();
-    Door::during([self] {
+    RecordedReloads::during([self] {
         self->stop();
         self->stop();
     });
-    raiseFromElsewhere();
+    raiseAsAnotherProcess();
     watchdog->start();
-    Door::awaitCalls(1);
-    watchdog.reset(); // waits for it nevertheless
+    RecordedReloads::awaitCalls(1);
+    watchdog.reset(); // waits for the thread all the same
 }
 
 TEST_F(RefreshThread, IsWaitedForByTheDestructorAlsoWhenItHasStoppedItself) {
     auto* const self = watchdog.get();
     std::promise<void> stopped;
-    std::promise<void> letGo;
-    Door::during([&] {
+    std::promise<void> mayContinue;
+    RecordedReloads::during([&] {
         self->stop();
         stopped.set_value();
-        letGo.get_future().wait();
+        mayContinue.get_future().wait();
     });
-    raiseFromElsewhere();
+    raiseAsAnotherProcess();
     watchdog->start();
     stopped.get_future().wait();
     const test::Doing destroying([this] { watchdog.reset(); });
     destroying.awaitRest();
     EXPECT_FALSE(destroying.isDone());
-    letGo.set_value();
+    mayContinue.set_value();
 }
 
 TEST_F(RefreshThread, MayDestroyItsOwnWatchdog) {
     auto* const self = watchdog.release();
     std::promise<void> started;
     std::promise<void> over;
-    Door::during([&] {
+    RecordedReloads::during([&] {
         started.get_future().wait();
         self->stop();
         delete self;
         over.set_value();
     });
-    raiseFromElsewhere();
+    raiseAsAnotherProcess();
     self->start();
     started.set_value();
     over.get_future().wait();
     while (!refreshThreads().empty())
         std::this_thread::yield();
     EXPECT_FALSE(test::blockHasName());
-    EXPECT_EQ(Door::calls(), 1);
+    EXPECT_EQ(RecordedReloads::calls(), 1);
 }
 
 TEST_F(RefreshThread, RunsWithoutABlock) {
@@ -127,7 +127,7 @@ TEST_F(RefreshThread, RunsWithoutABlock) {
     watchdog->start();
     watchdog->sendSaveSettingsSignal();
     watchdog->stop();
-    EXPECT_EQ(Door::calls(), 0);
+    EXPECT_EQ(RecordedReloads::calls(), 0);
 }
 
 } // namespace

@@ -18,7 +18,7 @@ std::function<void()> atUnlink;
 
 } // namespace
 
-// Takes the place of the C library's.
+// Replaces the function of the C library.
 extern "C" __attribute__((visibility("default"))) int shm_unlink(const char* name) {
     if (atUnlink)
         atUnlink();
@@ -55,7 +55,7 @@ TEST(Watchdog, MakesTheBlockWhenItIsInitialised) {
     EXPECT_EQ(BlockView().numbers(), "0 none 1");
 }
 
-TEST(Watchdog, CountsOnceMoreWhenItIsInitialisedAgain) {
+TEST(Watchdog, CountsOneMoreUserWhenItIsInitialisedAgain) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     EXPECT_TRUE(watchdog.initialize());
@@ -65,7 +65,7 @@ TEST(Watchdog, CountsOnceMoreWhenItIsInitialisedAgain) {
     EXPECT_EQ(BlockView().numbers(), "0 none 3");
 }
 
-TEST(Watchdog, TakesTheNameWithItAndEndsTheBlockAsItsLastUser) {
+TEST(Watchdog, RemovesTheNameAndEndsTheBlockAsItsLastUser) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     const BlockView block;
@@ -77,8 +77,8 @@ TEST(Watchdog, TakesTheNameWithItAndEndsTheBlockAsItsLastUser) {
     EXPECT_EQ(watchdog.checkForRefreshSignal(100), 0);
 }
 
-// Once the block is left, the name may already be that of a new one.
-TEST(Watchdog, TakesTheNameFromTheBlockBeforeItLeavesIt) {
+// After it has left the block, the name may already belong to a new one.
+TEST(Watchdog, RemovesTheNameBeforeItLeavesTheBlock) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     std::string numbers;
@@ -101,25 +101,25 @@ TEST(Watchdog, LeavesTheBlockWhenItIsDestroyed) {
     EXPECT_FALSE(test::blockHasName());
 }
 
-TEST(Watchdog, LeavesTheBlockWhileItHoldsIt) {
+TEST(Watchdog, LeavesABlockThatItHoldsLocked) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     const BlockView block;
     EXPECT_EQ(watchdog.wifiShmemLock(), 0);
     EXPECT_EQ(watchdog.wifiShmemLock(), 0) << "recursive";
     watchdog.wifiShmemDestroy();
-    EXPECT_EQ(block->lock(), 0) << "it was given back";
+    EXPECT_EQ(block->lock(), 0) << "it was released";
     block->unlock();
 }
 
-TEST(Watchdog, RaisesTheSignalToReloadInItsThreadsName) {
+TEST(Watchdog, RaisesTheSignalToReloadWithItsThreadAsSender) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     watchdog.sendRefreshSettingsSignal();
     EXPECT_EQ(BlockView().numbers(), "1 " + std::to_string(ownId()) + " 1");
 }
 
-TEST(Watchdog, LeavesASignalOfItsOwnThreadToOthers) {
+TEST(Watchdog, DoesNotTakeASignalOfItsOwnThread) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     watchdog.sendRefreshSettingsSignal();
@@ -139,7 +139,7 @@ TEST(Watchdog, TakesTheSignalOfAnotherThreadOnce) {
 }
 
 // PEER-5
-TEST(Watchdog, SeesASignalToReloadRaisedBeforeOnlyWhenTheWaitIsOver) {
+TEST(Watchdog, SeesAnEarlierSignalToReloadAfterTheWholeWait) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     BlockView().raise(ownId() + 1);
@@ -148,7 +148,7 @@ TEST(Watchdog, SeesASignalToReloadRaisedBeforeOnlyWhenTheWaitIsOver) {
     EXPECT_GE(steady_clock::now() - start, seconds(1));
 }
 
-TEST(Watchdog, WaitsForASignalToReloadThatDoesNotCome) {
+TEST(Watchdog, WaitsTheWholeTimeWithoutASignalToReload) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     const auto start = steady_clock::now();
@@ -156,7 +156,7 @@ TEST(Watchdog, WaitsForASignalToReloadThatDoesNotCome) {
     EXPECT_GE(steady_clock::now() - start, seconds(1));
 }
 
-TEST(Watchdog, KeepsLocalSignalsApart) {
+TEST(Watchdog, KeepsSaveAndStopSignalsApart) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.sendSaveSettingsSignal();
     EXPECT_EQ(watchdog.checkForStopSignal(0), 0);
@@ -166,7 +166,7 @@ TEST(Watchdog, KeepsLocalSignalsApart) {
     EXPECT_EQ(watchdog.checkForStopSignal(0), -1);
 }
 
-TEST(Watchdog, DoesWithoutABlockThatTheSystemRefuses) {
+TEST(Watchdog, RunsWithoutABlockThatTheSystemRefuses) {
     mkdir(test::BLOCK_PATH, 0700);
     {
         WifiHostSettingsWatchdog watchdog;
@@ -176,7 +176,7 @@ TEST(Watchdog, DoesWithoutABlockThatTheSystemRefuses) {
         EXPECT_EQ(watchdog.checkForRefreshSignal(100), 0);
         EXPECT_EQ(watchdog.wifiShmemLock(), EINVAL);
     }
-    EXPECT_TRUE(std::filesystem::remove(test::BLOCK_PATH)) << "it was not ours to remove";
+    EXPECT_TRUE(std::filesystem::remove(test::BLOCK_PATH)) << "the watchdog does not remove it";
 }
 
 } // namespace

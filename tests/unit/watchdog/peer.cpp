@@ -1,8 +1,8 @@
-// Another process with a watchdog: does what the lines of its standard input say, and answers each with
-// a line.
+// Another process with a watchdog. Each line of its standard input is a command and a number; it
+// answers each with a line.
 
 #include "BlockView.h"
-#include "Door.h"
+#include "RecordedReloads.h"
 #include "watchdog/WifiHostSettingsWatchdog.h"
 
 #include <functional>
@@ -22,7 +22,7 @@ SharedSignalBlock& seenBlock() {
 }
 
 template <typename Action>
-Command does(Action action) {
+Command command(Action action) {
     return [action](Watchdog& watchdog, unsigned int) {
         action(watchdog);
         return std::string("done");
@@ -30,32 +30,32 @@ Command does(Action action) {
 }
 
 template <typename Question>
-Command tells(Question question) {
+Command query(Question question) {
     return [question](Watchdog& watchdog, unsigned int number) {
         return std::to_string(question(watchdog, number));
     };
 }
 
 const std::map<std::string, Command> COMMANDS{
-    {"initialize", tells([](Watchdog& w, unsigned int) { return w.initialize(); })},
-    {"creator", tells([](Watchdog& w, unsigned int) { return w.isCreator(); })},
-    {"start", does([](Watchdog& w) { w.start(); })},
-    {"stop", does([](Watchdog& w) { w.stop(); })},
-    {"save", does([](Watchdog& w) { w.sendSaveSettingsSignal(); })},
-    {"refresh", does([](Watchdog& w) { w.sendRefreshSettingsSignal(); })},
-    {"check", tells([](Watchdog& w, unsigned int s) { return w.checkForRefreshSignal(s); })},
-    {"wait", tells([](Watchdog& w, unsigned int seconds) {
+    {"initialize", query([](Watchdog& w, unsigned int) { return w.initialize(); })},
+    {"creator", query([](Watchdog& w, unsigned int) { return w.isCreator(); })},
+    {"start", command([](Watchdog& w) { w.start(); })},
+    {"stop", command([](Watchdog& w) { w.stop(); })},
+    {"save", command([](Watchdog& w) { w.sendSaveSettingsSignal(); })},
+    {"refresh", command([](Watchdog& w) { w.sendRefreshSettingsSignal(); })},
+    {"check", query([](Watchdog& w, unsigned int s) { return w.checkForRefreshSignal(s); })},
+    {"wait", query([](Watchdog& w, unsigned int seconds) {
          std::cout << "waiting" << std::endl;
          return w.checkForRefreshSignal(seconds);
      })},
-    {"lock", tells([](Watchdog& w, unsigned int) { return w.wifiShmemLock(); })},
-    {"unlock", tells([](Watchdog& w, unsigned int) { return w.wifiShmemUnlock(); })},
-    {"lock-signal", tells([](Watchdog&, unsigned int) { return seenBlock().lockSignal(); })},
-    {"unlock-signal", tells([](Watchdog&, unsigned int) { return seenBlock().unlockSignal(); })},
-    {"destroy", does([](Watchdog& w) { w.wifiShmemDestroy(); })},
-    {"id", tells([](Watchdog&, unsigned int) { return PlatformUtil::threadId(); })},
-    {"reloads", tells([](Watchdog&, unsigned int) { return test::Door::calls(); })},
-    {"await-reloads", does([](Watchdog&) { test::Door::awaitCalls(1); })},
+    {"lock", query([](Watchdog& w, unsigned int) { return w.wifiShmemLock(); })},
+    {"unlock", query([](Watchdog& w, unsigned int) { return w.wifiShmemUnlock(); })},
+    {"lock-signal", query([](Watchdog&, unsigned int) { return seenBlock().lockSignal(); })},
+    {"unlock-signal", query([](Watchdog&, unsigned int) { return seenBlock().unlockSignal(); })},
+    {"destroy", command([](Watchdog& w) { w.wifiShmemDestroy(); })},
+    {"id", query([](Watchdog&, unsigned int) { return PlatformUtil::threadId(); })},
+    {"reloads", query([](Watchdog&, unsigned int) { return test::RecordedReloads::calls(); })},
+    {"await-reloads", command([](Watchdog&) { test::RecordedReloads::awaitCalls(1); })},
 };
 
 } // namespace
@@ -65,10 +65,10 @@ int main() {
     std::string name;
     unsigned int number = 0;
     while (std::cin >> name >> number) {
-        const auto command = COMMANDS.find(name);
-        if (command == COMMANDS.end())
+        const auto found = COMMANDS.find(name);
+        if (found == COMMANDS.end())
             return 2;
-        std::cout << command->second(*watchdog, number) << std::endl;
+        std::cout << found->second(*watchdog, number) << std::endl;
     }
     return 0;
 }

@@ -1,5 +1,6 @@
 // The programs that the library runs, and whether the supplicant runs.
 
+#include "Paths.h"
 #include "checks/CheckFunctions.h"
 #include "platform/BootProgram.h"
 #include "supplicant/WifiUtil.h"
@@ -16,9 +17,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* CLIENT = "/proc/boot/wpa_cli";
-constexpr const char* PROCESS_LISTER = "/proc/boot/pidin";
-constexpr const char* PID_FILE = "/var/run/wpa_supplicant.pid";
+using platwifi::paths::CLIENT;
+using platwifi::paths::PID_FILE;
+using platwifi::paths::PROCESS_LISTER;
 
 // The process lister lists the same whatever interface it is given.
 constexpr const char* ANY_INTERFACE = "wlan0";

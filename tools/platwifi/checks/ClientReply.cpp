@@ -1,5 +1,6 @@
 #include "checks/ClientReply.h"
 
+#include "Paths.h"
 #include "platform/FileDescriptor.h"
 #include "supplicant/WifiUtil.h"
 
@@ -11,8 +12,8 @@
 namespace cli {
 namespace {
 
-constexpr const char* CLIENT = "/proc/boot/wpa_cli";
-constexpr const char* PROCESS_LISTER = "/proc/boot/pidin";
+using platwifi::paths::CLIENT;
+using platwifi::paths::PROCESS_LISTER;
 
 /// A file for a reply, gone with the object.
 class ReplyFile {

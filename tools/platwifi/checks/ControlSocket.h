@@ -1,11 +1,12 @@
 #pragma once
 
+#include "Paths.h"
+
 #include <string>
 
 namespace cli {
 
-/// Where the supplicant's client looks for control sockets when it is not told otherwise.
-constexpr const char* CONTROL_FOLDER = "/run/wpa_supplicant";
+using platwifi::paths::CONTROL_FOLDER;
 
 /// The control socket of an interface.
 std::string controlSocketOf(const std::string& iface);

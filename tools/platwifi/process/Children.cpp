@@ -1,5 +1,6 @@
 #include "process/Children.h"
 
+#include "Paths.h"
 #include "platform/FileDescriptor.h"
 
 #include <csignal>
@@ -35,7 +36,8 @@ void end(pid_t child) noexcept {
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
     char socket[64];
-    std::snprintf(socket, sizeof socket, "/tmp/wpa_ctrl_%d-1", static_cast<int>(child));
+    std::snprintf(socket, sizeof socket, platwifi::paths::CLIENT_SOCKET_FORMAT,
+                  static_cast<int>(child));
     unlink(socket);
 }
 

@@ -20,7 +20,6 @@
 namespace cli {
 namespace {
 
-constexpr const char* BLOCK_NAME = "/wifi_shmem";
 constexpr const char* TELLER = "--tell-other-processes";
 
 /// The block that has the name, by what identifies a file to the system.
@@ -82,7 +81,7 @@ std::vector<pid_t> sharersOfBlock() {
 
 void leaveSharedBlock() {
     if (NamedBlock().isMappedBy("/proc/self") && !othersMayShare())
-        platform::SharedMemory::unlink(BLOCK_NAME);
+        platform::SharedMemory::unlink(platwifi::paths::BLOCK_NAME);
 }
 
 void tellOthers(char* const arguments[], int status) {

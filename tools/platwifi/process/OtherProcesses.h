@@ -1,12 +1,13 @@
 #pragma once
 
+#include "Paths.h"
+
 #include <sys/types.h>
 #include <vector>
 
 namespace cli {
 
-/// Where the library's shared memory stands among the files.
-constexpr const char* BLOCK_PATH = "/dev/shm/wifi_shmem";
+using platwifi::paths::BLOCK_PATH;
 
 /// The other processes that share the library's memory, as far as this user may see.
 std::vector<pid_t> sharersOfBlock();

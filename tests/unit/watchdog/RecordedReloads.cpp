@@ -1,6 +1,6 @@
-#include "Door.h"
+#include "RecordedReloads.h"
 
-#include "watchdog/SettingsDoor.h"
+#include "watchdog/ReloadHook.h"
 
 #include <condition_variable>
 #include <mutex>
@@ -17,28 +17,28 @@ int count = 0;
 
 } // namespace
 
-void Door::reset() {
+void RecordedReloads::reset() {
     const std::lock_guard<std::mutex> guard(mutex);
     action = nullptr;
     refusals = count = 0;
 }
 
-void Door::during(std::function<void()> newAction) {
+void RecordedReloads::during(std::function<void()> newAction) {
     const std::lock_guard<std::mutex> guard(mutex);
     action = std::move(newAction);
 }
 
-void Door::refuse(int times) {
+void RecordedReloads::refuse(int times) {
     const std::lock_guard<std::mutex> guard(mutex);
     refusals = times;
 }
 
-int Door::calls() {
+int RecordedReloads::calls() {
     const std::lock_guard<std::mutex> guard(mutex);
     return count;
 }
 
-void Door::awaitCalls(int wanted) {
+void RecordedReloads::awaitCalls(int wanted) {
     std::unique_lock<std::mutex> guard(mutex);
     changed.wait(guard, [wanted] { return count >= wanted; });
 }

@@ -1,5 +1,5 @@
-// For a test program whose clients stand still longer than the runner would bear: a pause between two
-// looks at a child ends with the child only, so that there is never a hundredth look.
+// For a test program whose clients wait longer than 5 s. A pause between two looks at a child lasts
+// until the child ends, so the library never comes to the 100th look and kills no client.
 
 #include "platform/ChildPause.h"
 #include "platform/PlatformUtil.h"

@@ -1,5 +1,4 @@
-// How long the runner waits for a client that never ends, with a recorded clock: no time passes
-// here.
+// A client that never ends, with recorded pauses that take no time.
 
 #include "supplicant/WifiUtil.h"
 
@@ -21,12 +20,12 @@ using test::RecordedPlatform;
 namespace {
 
 constexpr const char* CLIENT = "/proc/boot/wpa_cli";
-constexpr const char* RESULT = "/tmp/patience_result_test";
+constexpr const char* RESULT = "/tmp/hung_child_result_test";
 
-class Patience : public testing::Test {
+class HungChild : public testing::Test {
 protected:
-    Patience() { standIn.on({"*"}).hangs(); }
-    ~Patience() override { std::remove(RESULT); }
+    HungChild() { standIn.on({"*"}).hangs(); }
+    ~HungChild() override { std::remove(RESULT); }
 
     bool run(const char* command = "scan") {
         return util.launchProcess(CLIENT, command, "-iwlan0", nullptr, nullptr, nullptr, RESULT);
@@ -43,7 +42,7 @@ std::vector<std::string> pausesAndThen(const std::vector<std::string>& rest) {
 }
 
 // CMD-2
-TEST_F(Patience, EndsAtThe100thLookAfter99Pauses) {
+TEST_F(HungChild, IsKilledAtThe100thLookAfter99Pauses) {
     RecordedPlatform::begin();
     testing::internal::CaptureStderr();
     EXPECT_FALSE(run());
@@ -53,7 +52,7 @@ TEST_F(Patience, EndsAtThe100thLookAfter99Pauses) {
 }
 
 // CMD-2
-TEST_F(Patience, KillsAgainAfterEvery2000MillisecondsUntilTheChildIsGone) {
+TEST_F(HungChild, IsKilledAgainEvery2000MillisecondsWhileItRuns) {
     RecordedPlatform::begin(2);
     testing::internal::CaptureStderr();
     EXPECT_FALSE(run());
@@ -64,7 +63,7 @@ TEST_F(Patience, KillsAgainAfterEvery2000MillisecondsUntilTheChildIsGone) {
 }
 
 // CMD-6
-TEST_F(Patience, SaysWhoKilledWhat) {
+TEST_F(HungChild, IsReportedWithProcessThreadAndCommand) {
     RecordedPlatform::begin();
     testing::internal::CaptureStderr();
     int thread = 0; // not the first one, whose id is the process's
@@ -81,7 +80,7 @@ TEST_F(Patience, SaysWhoKilledWhat) {
                            std::to_string(RecordedPlatform::killed()[0]) + "\n");
 }
 
-TEST_F(Patience, SaysSoForAChildWithoutACommandToo) {
+TEST_F(HungChild, IsReportedWithoutACommandToo) {
     RecordedPlatform::begin();
     testing::internal::CaptureStderr();
     EXPECT_FALSE(run(nullptr));
@@ -89,7 +88,7 @@ TEST_F(Patience, SaysSoForAChildWithoutACommandToo) {
               std::string::npos);
 }
 
-TEST_F(Patience, LeavesNothingBehind) {
+TEST_F(HungChild, LeavesNothingBehind) {
     RecordedPlatform::begin();
     const test::Leftovers before = test::Leftovers::now();
     testing::internal::CaptureStderr();
@@ -102,7 +101,7 @@ TEST_F(Patience, LeavesNothingBehind) {
 }
 
 // CMD-16
-TEST_F(Patience, RaisesItsPriorityForTheKillAsFarAsThePolicyGoes) {
+TEST_F(HungChild, IsKilledAtRaisedPriorityUpToTheHighestOfThePolicy) {
     struct Row {
         int before;
         int during;
