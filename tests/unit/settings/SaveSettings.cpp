@@ -6,11 +6,12 @@ class WifiHostSettingsWatchdog;
 
 namespace test {
 
+bool FakeWatchdog::isUsed = false;
 bool FakeWatchdog::works = true;
 int FakeWatchdog::signals = 0;
 std::function<void()> FakeWatchdog::atEverySignal;
 
-// The linker puts these in the place of the watchdog's own operations.
+// The linker puts the first of each two in the place of the watchdog's own operation, the second.
 
 bool initialize(WifiHostSettingsWatchdog*) __asm__(
     "__wrap__ZN24WifiHostSettingsWatchdog10initializeEv");
@@ -19,15 +20,30 @@ void stop(WifiHostSettingsWatchdog*) __asm__("__wrap__ZN24WifiHostSettingsWatchd
 void sendSaveSettingsSignal(WifiHostSettingsWatchdog*) __asm__(
     "__wrap__ZN24WifiHostSettingsWatchdog22sendSaveSettingsSignalEv");
 
-bool initialize(WifiHostSettingsWatchdog*) {
-    return FakeWatchdog::works;
+bool realInitialize(WifiHostSettingsWatchdog*) __asm__(
+    "__real__ZN24WifiHostSettingsWatchdog10initializeEv");
+void realStart(WifiHostSettingsWatchdog*) __asm__("__real__ZN24WifiHostSettingsWatchdog5startEv");
+void realStop(WifiHostSettingsWatchdog*) __asm__("__real__ZN24WifiHostSettingsWatchdog4stopEv");
+void realSendSaveSettingsSignal(WifiHostSettingsWatchdog*) __asm__(
+    "__real__ZN24WifiHostSettingsWatchdog22sendSaveSettingsSignalEv");
+
+bool initialize(WifiHostSettingsWatchdog* watchdog) {
+    return FakeWatchdog::isUsed ? FakeWatchdog::works : realInitialize(watchdog);
 }
 
-void start(WifiHostSettingsWatchdog*) {}
+void start(WifiHostSettingsWatchdog* watchdog) {
+    if (!FakeWatchdog::isUsed)
+        realStart(watchdog);
+}
 
-void stop(WifiHostSettingsWatchdog*) {}
+void stop(WifiHostSettingsWatchdog* watchdog) {
+    if (!FakeWatchdog::isUsed)
+        realStop(watchdog);
+}
 
-void sendSaveSettingsSignal(WifiHostSettingsWatchdog*) {
+void sendSaveSettingsSignal(WifiHostSettingsWatchdog* watchdog) {
+    if (!FakeWatchdog::isUsed)
+        return realSendSaveSettingsSignal(watchdog);
     ++FakeWatchdog::signals;
     if (FakeWatchdog::atEverySignal)
         FakeWatchdog::atEverySignal();
@@ -51,6 +67,14 @@ Arguments SaveSettings::call(const std::string& iface, const Arguments& command)
     Arguments whole{"/proc/boot/wpa_cli", "-i" + iface};
     whole.insert(whole.end(), command.begin(), command.end());
     return whole;
+}
+
+FakeWatchdog::Use::Use() {
+    isUsed = true;
+}
+
+FakeWatchdog::Use::~Use() {
+    isUsed = false;
 }
 
 SaveSettings::SaveSettings() {

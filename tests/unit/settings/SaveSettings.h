@@ -15,8 +15,17 @@ namespace test {
 
 using Calls = std::vector<Arguments>;
 
-/// What the watchdog does in these tests: nothing, but for what is told here.
+/// What the watchdog does while it is replaced: nothing but this.
 struct FakeWatchdog {
+    /// Replaces it for as long as the object lives.
+    struct Use {
+        Use();
+        ~Use();
+        Use(const Use&) = delete;
+        Use& operator=(const Use&) = delete;
+    };
+
+    static bool isUsed;
     static bool works;                          ///< whether it can be initialised
     static int signals;                         ///< how many save signals were sent
     static std::function<void()> atEverySignal; ///< may be empty
@@ -51,6 +60,7 @@ protected:
     /// The commands of a save that must have this result.
     Calls saveGiving(int result);
 
+    const FakeWatchdog::Use noWatchdog; // until the settings have ended
     LoadedSettings loaded;
     StandIn& standIn = loaded.standIn;
     WifiHostSettings* settings = nullptr;
