@@ -1,8 +1,8 @@
-#include "host/Listing.h"
+#include "client/Listing.h"
 
-#include "host/Host.h"
-#include "host/Lines.h"
 #include "supplicant/WifiUtil.h"
+#include "values/Failure.h"
+#include "values/Lines.h"
 
 #include <algorithm>
 
@@ -12,13 +12,13 @@ namespace {
 constexpr unsigned char MOST_ADAPTERS = 16;
 constexpr unsigned char MOST_LINES = 64; // two for each network
 constexpr std::size_t LONGEST_PIECE = 127;
-constexpr std::ptrdiff_t TABS = 3; // number, SSID, BSSID, flags
+constexpr std::ptrdiff_t TABS = 3; // network id, SSID, BSSID, flags
 
 std::ptrdiff_t tabsIn(const std::string& line) {
     return std::count(line.begin(), line.end(), '\t');
 }
 
-// A long line arrives in pieces.
+// The driver hands out a long line in pieces.
 std::vector<std::string> joined(const std::vector<std::string>& pieces) {
     std::vector<std::string> lines;
     for (const std::string& piece : pieces) {
@@ -32,17 +32,23 @@ std::vector<std::string> joined(const std::vector<std::string>& pieces) {
 
 } // namespace
 
+WifiUtil& driver() {
+    if (WifiUtil* const util = WifiUtil::getInstance())
+        return *util;
+    throw Failure("there is no memory left; end some programs, then try again");
+}
+
 std::vector<std::string> listedAdapters() {
     bool ok = false;
     return linesOf(MOST_ADAPTERS, ok, [](char** out, unsigned char max, unsigned char* count) {
-        return Host::util().getWifiAdapters(out, max, count);
+        return driver().getWifiAdapters(out, max, count);
     });
 }
 
 std::vector<ListedNetwork> listedNetworks(const std::string& iface, bool& ok) {
     const auto pieces =
         linesOf(MOST_LINES, ok, [&](char** out, unsigned char max, unsigned char* count) {
-            return Host::util().getNetworkDatabaseSsids(iface.c_str(), out, max, count);
+            return driver().getNetworkDatabaseSsids(iface.c_str(), out, max, count);
         });
     std::vector<ListedNetwork> networks;
     for (const std::string& line : joined(pieces)) {

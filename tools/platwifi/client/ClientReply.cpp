@@ -1,4 +1,4 @@
-#include "checks/ClientReply.h"
+#include "client/ClientReply.h"
 
 #include "platform/FileDescriptor.h"
 #include "supplicant/WifiUtil.h"
@@ -14,7 +14,7 @@ namespace {
 constexpr const char* CLIENT = "/proc/boot/wpa_cli";
 constexpr const char* PROCESS_LISTER = "/proc/boot/pidin";
 
-/// A file for a reply, gone with the object.
+/// A file for a reply, removed with the object.
 class ReplyFile {
 public:
     ReplyFile() : m_file(mkstemp(m_path)) {}
