@@ -6,18 +6,19 @@
 #include "Require.h"
 
 #include "CommandLine.h"
-#include "CommandTable.h"
-#include "Failure.h"
+#include "client/Listing.h"
+#include "commands/CommandTable.h"
 #include "completion/Completion.h"
 #include "display/Table.h"
 #include "display/Text.h"
 #include "display/Wrap.h"
-#include "edits/Properties.h"
-#include "host/Listing.h"
+#include "edits/PropertyTable.h"
+#include "host/Host.h"
 #include "host/ScanResult.h"
 #include "host/Ssid.h"
 #include "settings/replies/PrintedSsid.h"
 #include "supplicant/WifiUtil.h"
+#include "values/Failure.h"
 
 #include <algorithm>
 #include <iostream>
@@ -124,7 +125,7 @@ void texts(Input& input) {
 
 void tables(Input& input) {
     const unsigned int width = 1 + input.below(120);
-    cli::Table table({{"SSID"}, {"dBm", cli::Table::Align::right}, {"Security"}});
+    cli::Table table({{"SSID"}, {"dBm", cli::Table::Align::RIGHT}, {"Security"}});
     while (!input.isEmpty())
         table.add({cli::printable(input.text(60)), cli::printable(input.text(20)),
                    cli::printable(input.text(60))});
@@ -179,7 +180,7 @@ void arguments(Input& input) {
     lastRequest = cli::Request();
     const int status = cli::runCommandLine(static_cast<int>(pointers.size()) - 1, pointers.data());
     REQUIRE(status == cli::DONE || status == cli::WRONG_USE);
-    REQUIRE(lastRequest.patience >= 1 && lastRequest.patience <= 3600);
+    REQUIRE(lastRequest.timeout >= 1 && lastRequest.timeout <= 3600);
 }
 
 // Answered anything at all by the supplicant, completion offers words that begin as they have to.

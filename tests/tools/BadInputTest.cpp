@@ -1,4 +1,5 @@
-// What cannot be done: one line with the cause and the next step, and nothing is changed.
+// Command lines that fail: standard error has one line with the cause and the next step, and nothing is
+// changed.
 
 #include "CommandFixture.h"
 
@@ -36,7 +37,7 @@ const Refusal REFUSALS[] = {
     {"CommandWithAnEscape", {"\033[2J"}, WRONG_USE, R"(no command \x1b[2J)", "platwifi --help"},
     {"UnknownOption", {"--colour"}, WRONG_USE, "there is no option --colour", "--help"},
     {"UnknownOptionOfACommand", {"status", "--colour"}, WRONG_USE, "--colour", "status --help"},
-    {"ArgumentTooMany", {"status", "home"}, WRONG_USE, "not expected: home", "status --help"},
+    {"TooManyArguments", {"status", "home"}, WRONG_USE, "not expected: home", "status --help"},
     {"MissingSsid", {"show"}, WRONG_USE, "SSID is required", "platwifi show --help"},
     {"MissingAssignment", {"set", "home"}, WRONG_USE, "NAME=VALUE is required", "set --help"},
     {"NoAssignment", {"set", "home", "psk"}, WRONG_USE, "'psk' is no NAME=VALUE", "set --help"},
@@ -71,13 +72,17 @@ const Refusal REFUSALS[] = {
      "no network work",
      "platwifi networks"},
     {"UnknownNetworkToShow", {"show", "work"}, FAILED, "no network work", "platwifi networks"},
-    {"UnknownNetworkToJoin", {"connect", "work"}, FAILED, "no network work", "platwifi networks"},
-    {"UnknownNetworkToLeave",
+    {"UnknownNetworkToConnect",
+     {"connect", "work"},
+     FAILED,
+     "no network work",
+     "platwifi networks"},
+    {"UnknownNetworkToDisconnect",
      {"disconnect", "work"},
      FAILED,
      "no network work",
      "platwifi networks"},
-    {"RemovedAlready", {"remove", "work"}, FAILED, "no network work", "platwifi networks"},
+    {"UnknownNetworkToRemove", {"remove", "work"}, FAILED, "no network work", "platwifi networks"},
     {"AddedAlready",
      {"add", "home", "key_mgmt=NONE"},
      FAILED,
@@ -87,7 +92,7 @@ const Refusal REFUSALS[] = {
     {"AddedWithAnEmptyKey", {"add", "cafe", "psk="}, WRONG_USE, "psk takes 8 to 63", "psk takes"},
     {"NotConnected", {"disconnect"}, FAILED, "no connection to end", "platwifi status"},
     {"EmptySsid", {"show", ""}, WRONG_USE, "1 to 32 bytes, and this one has 0", "platwifi scan"},
-    {"EmptySsidToLeave", {"disconnect", ""}, WRONG_USE, "1 to 32 bytes", "platwifi networks"},
+    {"EmptySsidToDisconnect", {"disconnect", ""}, WRONG_USE, "1 to 32 bytes", "platwifi networks"},
     {"EmptySsidToAdd", {"add", "", "key_mgmt=NONE"}, WRONG_USE, "1 to 32 bytes", "platwifi scan"},
     {"LongSsid", {"show", LONG}, WRONG_USE, "this one has 33", "platwifi networks"},
     {"LongSsidToAdd", {"add", LONG, "key_mgmt=NONE"}, WRONG_USE, "this one has 33", "platwifi"},
@@ -96,19 +101,19 @@ const Refusal REFUSALS[] = {
     {"InterfaceNotServed", {"status", "-i", "eth0"}, FAILED, "does not serve eth0", "adapters"},
     {"InterfaceNotServedToList", {"adapters", "-i", "eth0"}, FAILED, "not serve eth0", "adapters"},
     {"InterfaceTwice", {"status", "-ia", "-ib"}, WRONG_USE, "--interface", "status --help"},
-    {"NoPatience", {"connect", "home", "-t", "0"}, WRONG_USE, "1 to 3600", "connect --help"},
-    {"TooMuchPatience", {"connect", "home", "-t", "3601"}, WRONG_USE, "1 to 3600", "--help"},
-    {"PatienceInWords", {"connect", "home", "-t", "abc"}, WRONG_USE, "seconds, 1 to", "--help"},
+    {"TimeoutOfZero", {"connect", "home", "-t", "0"}, WRONG_USE, "1 to 3600", "connect --help"},
+    {"TimeoutTooLong", {"connect", "home", "-t", "3601"}, WRONG_USE, "1 to 3600", "--help"},
+    {"TimeoutInLetters", {"connect", "home", "-t", "abc"}, WRONG_USE, "seconds, 1 to", "--help"},
     {"PartOfASecond", {"connect", "home", "--timeout=1.5"}, WRONG_USE, "1 to 3600", "--help"},
-    {"NegativePatience", {"connect", "home", "--timeout=-1"}, WRONG_USE, "1 to 3600", "--help"},
-    {"MissingPatience", {"connect", "home", "-t"}, WRONG_USE, "--timeout", "connect --help"},
+    {"NegativeTimeout", {"connect", "home", "--timeout=-1"}, WRONG_USE, "1 to 3600", "--help"},
+    {"MissingTimeout", {"connect", "home", "-t"}, WRONG_USE, "--timeout", "connect --help"},
 };
 
-class BadInput : public test::CommandFixture {};
+class FailingCommand : public test::CommandFixture {};
 
 class EachBadInput : public test::CommandFixture, public testing::WithParamInterface<Refusal> {};
 
-TEST_P(EachBadInput, IsToldInOneLineAndChangesNothing) {
+TEST_P(EachBadInput, IsReportedInOneLineAndChangesNothing) {
     serve({"home"});
     const Ending ending = platwifi(GetParam().arguments);
     EXPECT_EQ(ending.status, GetParam().status);
@@ -121,7 +126,7 @@ TEST_P(EachBadInput, IsToldInOneLineAndChangesNothing) {
 INSTANTIATE_TEST_SUITE_P(Refusals, EachBadInput, testing::ValuesIn(REFUSALS),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST_F(BadInput, IsASecretOnTheCommandLineWhichIsNotRepeated) {
+TEST_F(FailingCommand, RefusesASecretOnTheCommandLineWithoutRepeatingIt) {
     serve({"home"});
     for (const char* name : {"psk", "key1", "eapPassword", "privateKeyPassword2"}) {
         const Ending ending = platwifi({"set", "home", name + std::string("=correct-horse")});
@@ -132,7 +137,7 @@ TEST_F(BadInput, IsASecretOnTheCommandLineWhichIsNotRepeated) {
     EXPECT_THAT(changes(), IsEmpty());
 }
 
-TEST_F(BadInput, IsABadSecretWhichIsNotRepeated) {
+TEST_F(FailingCommand, RefusesABadSecretWithoutRepeatingIt) {
     serve({"home"});
     const Ending ending = platwifi({"set", "home", "psk=-"}, "correct\n");
     EXPECT_EQ(ending.status, WRONG_USE);
@@ -141,8 +146,8 @@ TEST_F(BadInput, IsABadSecretWhichIsNotRepeated) {
     EXPECT_THAT(changes(), IsEmpty());
 }
 
-// Of the client it is the same whether there is no supplicant or no control socket.
-TEST_F(BadInput, IsAHostWithoutASupplicant) {
+// The client fails in the same way without a supplicant and without a control socket.
+TEST_F(FailingCommand, ReportsAMissingSupplicant) {
     host.on({"*"}).printsError("Failed to connect to non-global ctrl_ifname: (nil)\n").exits(255);
     for (const char* command : {"adapters", "status", "scan", "networks", "roam", "xml", "dump"}) {
         const Ending ending = platwifi({command});
@@ -152,14 +157,14 @@ TEST_F(BadInput, IsAHostWithoutASupplicant) {
     }
 }
 
-TEST_F(BadInput, IsAHostWithoutAClient) {
+TEST_F(FailingCommand, ReportsAMissingClient) {
     unlink((host.folder() + "/wpa_cli").c_str());
     const Ending ending = platwifi({"status"});
     EXPECT_EQ(ending.status, FAILED);
     expectOneLine(ending, "; ");
 }
 
-TEST_F(BadInput, IsTheOtherInterfaceForNetworks) {
+TEST_F(FailingCommand, RefusesToEditNetworksOfAnotherInterface) {
     host.on({"interface"}).prints("Selected\nAvailable interfaces:\nwlan0\nwlan1\n");
     serve({"home"});
     const Ending ending = platwifi({"set", "home", "priority=1", "-i", "wlan1"});
@@ -168,7 +173,7 @@ TEST_F(BadInput, IsTheOtherInterfaceForNetworks) {
     EXPECT_THAT(changes(), IsEmpty());
 }
 
-TEST_F(BadInput, IsAClosedStandardOutput) {
+TEST_F(FailingCommand, ReportsAClosedStandardOutput) {
     serve({"home"});
     for (const Arguments& arguments :
          {Arguments{"status"}, {"networks"}, {"dump"}, {"xml"}, {"--help"}, {"--version"}}) {
@@ -179,7 +184,7 @@ TEST_F(BadInput, IsAClosedStandardOutput) {
     }
 }
 
-TEST_F(BadInput, IsAFullDisk) {
+TEST_F(FailingCommand, ReportsAFullDisk) {
     const FileDescriptor full(open("/dev/full", O_WRONLY | O_CLOEXEC));
     serve({"home"});
     for (const Arguments& arguments :
@@ -190,7 +195,7 @@ TEST_F(BadInput, IsAFullDisk) {
     }
 }
 
-TEST_F(BadInput, IsNotAReaderThatHasGone) {
+TEST_F(FailingCommand, IsSilentIfTheReaderOfThePipeIsGone) {
     int ends[2];
     ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
     close(ends[0]);
@@ -204,7 +209,7 @@ TEST_F(BadInput, IsNotAReaderThatHasGone) {
     }
 }
 
-TEST_F(BadInput, IsNotAClosedStandardInputOrError) {
+TEST_F(FailingCommand, WorksWithStandardInputAndErrorClosed) {
     serve({"home"});
     const test::Streams closed{test::CLOSED, test::CAPTURED, test::CLOSED};
     const Ending ending = platwifi({"networks"}, closed);

@@ -9,8 +9,8 @@ using testing::StartsWith;
 namespace test {
 namespace {
 
-const Arguments QUESTIONS = {"interface", "list_networks", "scan_results",
-                             "status",    "get_network",   "scan"};
+const Arguments QUERIES = {"interface", "list_networks", "scan_results",
+                           "status",    "get_network",   "scan"};
 
 std::string joined(const Arguments& call) {
     std::string text;
@@ -20,8 +20,7 @@ std::string joined(const Arguments& call) {
 }
 
 bool isChange(const Arguments& call) {
-    return call.size() > 2 &&
-           std::find(QUESTIONS.begin(), QUESTIONS.end(), call[2]) == QUESTIONS.end();
+    return call.size() > 2 && std::find(QUERIES.begin(), QUERIES.end(), call[2]) == QUERIES.end();
 }
 
 } // namespace

@@ -16,15 +16,15 @@ class CommandFixture : public testing::Test {
 protected:
     CommandFixture();
 
-    /// A supplicant with these networks that accepts every change. Rules that a test adds before
-    /// come first.
+    /// Answers like a supplicant with these networks that accepts every change. Answers that a test
+    /// has added before take precedence.
     void serve(const std::vector<std::string>& ssids, const std::string& state = "INACTIVE");
 
-    /// What the supplicant was told that changes something, in order, joined by blanks, without the
-    /// option that names the interface.
+    /// The client's commands that change something, in order: the words of each joined by blanks,
+    /// without the option that names the interface.
     std::vector<std::string> changes() const;
 
-    /// Expects one line on standard error that says this.
+    /// Expects one line on standard error that contains this text.
     static void expectOneLine(const Ending& ending, const std::string& says);
 
     LoadedHost host;

@@ -1,4 +1,4 @@
-// A connection as it comes about, or does not.
+// The command connect: the states that it shows, and the cause that it reports.
 
 #include "CommandFixture.h"
 
@@ -16,7 +16,7 @@ std::string stateOn(const std::string& state) {
 
 class Connect : public test::CommandFixture {
 protected:
-    // What the supplicant does from the load on, one answer for each question; the last one repeats.
+    // The answers to the client's command "status", from the load on; the last one repeats.
     void serveStates(const std::vector<std::string>& answers) {
         auto rule = host.on({"-iwlan0", "status"});
         for (std::size_t i = 0; i < answers.size(); ++i) {
@@ -27,7 +27,7 @@ protected:
         serve({"home", "work"});
     }
 
-    // Each look asks twice: for the state, and for the network.
+    // Each poll runs the command twice: for the state, and for the network.
     static std::vector<std::string> twice(const std::vector<std::string>& answers) {
         std::vector<std::string> all = {"wpa_state=INACTIVE\n"}; // for the load
         for (const std::string& answer : answers)
@@ -44,7 +44,7 @@ protected:
 const std::string SCANNING = "wpa_state=SCANNING\n";
 const std::string DISCONNECTED = "wpa_state=DISCONNECTED\n";
 
-TEST_F(Connect, TellsTheStatesUntilItIsComplete) {
+TEST_F(Connect, ShowsTheStatesUntilItIsComplete) {
     serveStates(
         twice({SCANNING, SCANNING, stateOn("ASSOCIATING"), stateOn("ASSOCIATED"),
                stateOn("4WAY_HANDSHAKE"), stateOn("GROUP_HANDSHAKE"), stateOn("COMPLETED")}));
@@ -57,7 +57,7 @@ TEST_F(Connect, TellsTheStatesUntilItIsComplete) {
     EXPECT_EQ(host.callsOf({"-iwlan0", "select", "0"}), 1u);
 }
 
-TEST_F(Connect, DoesNotTakeTheOtherNetworkForThisOne) {
+TEST_F(Connect, IgnoresTheConnectionToAnotherNetwork) {
     serveStates(twice(
         {"ssid=work\nid=1\nwpa_state=COMPLETED\n", DISCONNECTED, SCANNING, stateOn("COMPLETED")}));
     const Ending ending = platwifi({"connect", "home"});
@@ -65,35 +65,36 @@ TEST_F(Connect, DoesNotTakeTheOtherNetworkForThisOne) {
     EXPECT_THAT(ending.out, HasSubstr("home: DISCONNECTED SCANNING COMPLETED\n"));
 }
 
-TEST_F(Connect, TellsThatTheKeyIsWrong) {
+TEST_F(Connect, ReportsAWrongKey) {
     serveStates(twice({SCANNING, stateOn("ASSOCIATED"), stateOn("4WAY_HANDSHAKE"), DISCONNECTED}));
     expectFailure(platwifi({"connect", "home"}),
                   "the last state is DISCONNECTED: the key is probably wrong; correct it with "
                   "platwifi set SSID psk=-");
 }
 
-TEST_F(Connect, TellsThatTheIdentityIsRefused) {
+TEST_F(Connect, ReportsARefusedIdentity) {
     serveStates(twice({SCANNING, stateOn("ASSOCIATED"), SCANNING}));
     expectFailure(platwifi({"connect", "home"}), "refuses the identity, password or certificate");
 }
 
-// Where the refusal is too quick for a state of it to be seen.
-TEST_F(Connect, TellsThatTheSupplicantAvoidsTheNetwork) {
+// The refusal happens between two polls, so that none of its states is seen.
+TEST_F(Connect, ReportsARefusalByTheFlagOfTheNetwork) {
     const std::string head = "network id / ssid / bssid / flags\n";
-    const std::string fine = head + "0\thome\tany\t[CURRENT]\n1\twork\tany\t[TEMP-DISABLED]\n";
+    const std::string notAvoided =
+        head + "0\thome\tany\t[CURRENT]\n1\twork\tany\t[TEMP-DISABLED]\n";
     host.on({"-iwlan0", "list_networks"})
-        .prints(fine)
+        .prints(notAvoided)
         .then()
-        .prints(fine)
+        .prints(notAvoided)
         .then()
-        .prints(fine)
+        .prints(notAvoided)
         .then()
         .prints(head + "0\thome\tany\t[TEMP-DISABLED]\n1\twork\tany\t\n");
     serveStates(twice({SCANNING}));
     expectFailure(platwifi({"connect", "home"}), "refuses the key, or the identity and password");
 }
 
-TEST_F(Connect, GivesUpAfterTheTimeoutWithTheLastState) {
+TEST_F(Connect, FailsAfterTheTimeoutWithTheLastState) {
     serveStates(twice({SCANNING}));
     const Ending ending = platwifi({"connect", "-t", "1", "home"});
     expectFailure(ending, "home is not connected after 1.");
@@ -102,7 +103,7 @@ TEST_F(Connect, GivesUpAfterTheTimeoutWithTheLastState) {
     EXPECT_THAT(ending.out, HasSubstr("Connecting to home: SCANNING\n"));
 }
 
-TEST_F(Connect, PrintsNothingButTheResultForScripts) {
+TEST_F(Connect, PrintsNoStatesWithJson) {
     serveStates(twice({SCANNING, stateOn("4WAY_HANDSHAKE"), DISCONNECTED}));
     const Ending ending = platwifi({"connect", "--json", "home"});
     expectFailure(ending, "the key is probably wrong");

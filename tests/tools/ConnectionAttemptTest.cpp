@@ -10,17 +10,17 @@ namespace {
 
 constexpr bool WANTED = true;
 
-struct Look {
+struct Report {
     WpaState state;
     bool isOnNetwork;
 };
 
-using History = std::vector<Look>;
+using History = std::vector<Report>;
 
 ConnectionAttempt after(const History& history) {
     ConnectionAttempt attempt;
-    for (const Look& look : history)
-        attempt.saw(look.state, look.isOnNetwork);
+    for (const Report& report : history)
+        attempt.onState(report.state, report.isOnNetwork);
     return attempt;
 }
 
@@ -34,9 +34,9 @@ TEST(AnAttempt, IsCompleteOnTheNetworkThatIsWanted) {
     EXPECT_EQ(after(SUCCESS).last(), WPA_STATE_COMPLETED);
 }
 
-TEST(AnAttempt, IsNotCompleteOnAnyStateBefore) {
-    for (std::size_t looks = 0; looks < SUCCESS.size(); ++looks) {
-        const auto end = SUCCESS.begin() + static_cast<std::ptrdiff_t>(looks);
+TEST(AnAttempt, IsNotCompleteInAnyEarlierState) {
+    for (std::size_t count = 0; count < SUCCESS.size(); ++count) {
+        const auto end = SUCCESS.begin() + static_cast<std::ptrdiff_t>(count);
         EXPECT_FALSE(after({SUCCESS.begin(), end}).isComplete());
     }
 }
@@ -55,7 +55,7 @@ constexpr Refusal REFUSALS[] = {
     {WPA_STATE_ASSOCIATED, WPA_STATE_SCANNING, "identity, password or certificate"},
 };
 
-TEST(AnAttempt, IsRefusedWhereItFallsBackOnceAssociated) {
+TEST(AnAttempt, IsRefusedIfItFallsBackAfterTheAssociation) {
     for (const Refusal& refusal : REFUSALS) {
         const ConnectionAttempt attempt = after({{WPA_STATE_SCANNING, !WANTED},
                                                  {WPA_STATE_ASSOCIATED, WANTED},
@@ -74,7 +74,7 @@ TEST(AnAttempt, StaysRefused) {
                     .isRefused());
 }
 
-TEST(AnAttempt, ThatNeverGetsNearIsNotRefused) {
+TEST(AnAttempt, ThatWasNeverAssociatedIsNotRefused) {
     const ConnectionAttempt attempt = after({{WPA_STATE_SCANNING, !WANTED},
                                              {WPA_STATE_DISCONNECTED, !WANTED},
                                              {WPA_STATE_ASSOCIATING, WANTED},
@@ -82,8 +82,8 @@ TEST(AnAttempt, ThatNeverGetsNearIsNotRefused) {
     EXPECT_FALSE(attempt.isRefused());
 }
 
-// The supplicant is still on another network, and leaves it.
-TEST(AnAttempt, DoesNotCountStatesOfTheNetworkThatIsLeft) {
+// The supplicant disconnects from another network first.
+TEST(AnAttempt, IgnoresStatesOfTheNetworkBefore) {
     const History leaving = {{WPA_STATE_COMPLETED, !WANTED}, {WPA_STATE_DISCONNECTED, !WANTED}};
     EXPECT_FALSE(after({leaving[0]}).isComplete());
     EXPECT_FALSE(after(leaving).isRefused());
@@ -92,22 +92,22 @@ TEST(AnAttempt, DoesNotCountStatesOfTheNetworkThatIsLeft) {
     EXPECT_THAT(after(notInRange).likelyCause(), HasSubstr("no access point in range"));
 }
 
-TEST(AnAttempt, IsRefusedWhereTheSupplicantBeginsToAvoidTheNetwork) {
+TEST(AnAttempt, IsRefusedIfTheSupplicantBeginsToAvoidTheNetwork) {
     ConnectionAttempt attempt = after({{WPA_STATE_SCANNING, !WANTED}});
-    attempt.sawAvoidance(false);
+    attempt.onListed(false);
     EXPECT_FALSE(attempt.isRefused());
-    attempt.sawAvoidance(true);
+    attempt.onListed(true);
     EXPECT_TRUE(attempt.isRefused());
     EXPECT_THAT(attempt.likelyCause(), HasSubstr("refuses the key, or the identity and password"));
 }
 
-TEST(AnAttempt, IsNotRefusedByWhatWasAvoidedBefore) {
+TEST(AnAttempt, IsNotRefusedIfTheNetworkWasAvoidedBefore) {
     ConnectionAttempt attempt = after({{WPA_STATE_SCANNING, !WANTED}});
-    attempt.sawAvoidance(true);
-    attempt.sawAvoidance(true);
+    attempt.onListed(true);
+    attempt.onListed(true);
     EXPECT_FALSE(attempt.isRefused());
-    attempt.sawAvoidance(false);
-    attempt.sawAvoidance(true);
+    attempt.onListed(false);
+    attempt.onListed(true);
     EXPECT_TRUE(attempt.isRefused());
 }
 
@@ -128,11 +128,11 @@ constexpr Furthest CAUSES[] = {
     {WPA_STATE_COMPLETED, "it was connected and is no more"},
 };
 
-TEST(AnAttempt, TellsTheCauseByTheFurthestState) {
+TEST(AnAttempt, JudgesTheCauseByTheFurthestState) {
     for (const Furthest& furthest : CAUSES) {
         ConnectionAttempt attempt;
-        attempt.saw(furthest.state, WANTED);
-        attempt.saw(WPA_STATE_UNKNOWN, !WANTED);
+        attempt.onState(furthest.state, WANTED);
+        attempt.onState(WPA_STATE_UNKNOWN, !WANTED);
         EXPECT_THAT(attempt.likelyCause(), HasSubstr(furthest.cause));
         EXPECT_EQ(attempt.last(), WPA_STATE_UNKNOWN);
     }

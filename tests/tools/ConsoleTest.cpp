@@ -1,4 +1,4 @@
-#include "display/Console.h"
+#include "process/Console.h"
 
 #include "Terminal.h"
 
@@ -31,7 +31,7 @@ TEST_F(TheConsole, IsAsWideAsTheTerminal) {
     EXPECT_EQ(Console::of(1).width, 57u);
 }
 
-TEST_F(TheConsole, OfUnknownWidthIsAsWideAsUsual) {
+TEST_F(TheConsole, OfUnknownWidthHas80Columns) {
     m_terminal.setWidth(0);
     EXPECT_EQ(Console::of(1).width, 80u);
 }
@@ -41,14 +41,14 @@ TEST_F(TheConsole, HasColours) {
     EXPECT_STREQ(Console::of(1).bold(), "\033[1m");
 }
 
-TEST_F(TheConsole, HasNoneWhereNobodyWantsThem) {
+TEST_F(TheConsole, HasNoColoursWithNoColorSet) {
     setenv("NO_COLOR", "1", 1);
     EXPECT_FALSE(Console::of(1).hasColours);
     setenv("NO_COLOR", "", 1);
-    EXPECT_TRUE(Console::of(1).hasColours) << "an empty one says nothing";
+    EXPECT_TRUE(Console::of(1).hasColours) << "an empty NO_COLOR has no effect";
 }
 
-TEST_F(TheConsole, HasNoneOnADumbTerminal) {
+TEST_F(TheConsole, HasNoColoursOnADumbTerminal) {
     setenv("TERM", "dumb", 1);
     EXPECT_FALSE(Console::of(1).hasColours);
     unsetenv("TERM");

@@ -1,4 +1,5 @@
-// What is changed in the supplicant, in which order, and what becomes of it when it does not work.
+// The commands that edit networks: what they change in the supplicant, in which order, and that a failure
+// is undone.
 
 #include "CommandFixture.h"
 #include "support/Checkpoint.h"
@@ -18,11 +19,11 @@ namespace {
 
 class EditCommands : public test::CommandFixture {
 protected:
-    // The supplicant gives a new network this number.
-    void acceptNew(const std::string& ssid, const std::string& number = "1") {
-        host.on({"-iwlan0", "add_network"}).prints(number + "\n");
-        host.on({"-iwlan0", "set_network", number, "ssid", '"' + ssid + '"'}).prints("OK\n");
-        host.on({"-iwlan0", "enable_network", number}).prints("OK\n");
+    // The supplicant gives a new network this id.
+    void acceptNew(const std::string& ssid, const std::string& id = "1") {
+        host.on({"-iwlan0", "add_network"}).prints(id + "\n");
+        host.on({"-iwlan0", "set_network", id, "ssid", '"' + ssid + '"'}).prints("OK\n");
+        host.on({"-iwlan0", "enable_network", id}).prints("OK\n");
     }
 
     static void expectDone(const Ending& ending, const std::string& says) {
@@ -108,8 +109,8 @@ TEST_F(EditCommands, RemoveANetwork) {
     EXPECT_THAT(changes(), ElementsAre("remove_network 1", "save_config", "reconfigure"));
 }
 
-// The supplicant goes back to what its file holds.
-TEST_F(EditCommands, AreUndoneWhereTheyCannotBeSaved) {
+// "reconfigure" makes the supplicant read its file again.
+TEST_F(EditCommands, AreUndoneIfTheyCannotBeSaved) {
     acceptNew("cafe");
     host.on({"-iwlan0", "remove_network", "0"}).prints("OK\n");
     host.on({"-iwlan0", "save_config"}).prints("FAIL\n");
@@ -128,7 +129,7 @@ TEST_F(EditCommands, AreUndoneWhereTheyCannotBeSaved) {
     EXPECT_EQ(host.callsOf({"-iwlan0", "reconfigure"}), 3u);
 }
 
-TEST_F(EditCommands, AreUndoneWhereTheSupplicantRefusesANetwork) {
+TEST_F(EditCommands, AreUndoneIfTheSupplicantDoesNotAddTheNetwork) {
     host.on({"-iwlan0", "add_network"}).prints("FAIL\n");
     serve({"home"});
     const Ending ending = platwifi({"add", "cafe", "key_mgmt=NONE"});
@@ -137,7 +138,7 @@ TEST_F(EditCommands, AreUndoneWhereTheSupplicantRefusesANetwork) {
     EXPECT_THAT(changes(), ElementsAre("add_network", "reconfigure"));
 }
 
-TEST_F(EditCommands, AreUndoneWhereTheSupplicantKeepsANetwork) {
+TEST_F(EditCommands, AreUndoneIfTheSupplicantDoesNotRemoveTheNetwork) {
     serve({"home"});
     const Ending ending = platwifi({"remove", "home"});
     EXPECT_EQ(ending.status, 1);
@@ -145,7 +146,7 @@ TEST_F(EditCommands, AreUndoneWhereTheSupplicantKeepsANetwork) {
     EXPECT_THAT(changes(), ElementsAre("remove_network 0", "reconfigure"));
 }
 
-TEST_F(EditCommands, AreDoneAlsoWhereThatCannotBeTold) {
+TEST_F(EditCommands, AreSavedEvenIfTheResultCannotBePrinted) {
     const platform::FileDescriptor full(open("/dev/full", O_WRONLY | O_CLOEXEC));
     serve({"home"});
     const Ending ending =
@@ -155,14 +156,14 @@ TEST_F(EditCommands, AreDoneAlsoWhereThatCannotBeTold) {
     EXPECT_THAT(changes(), Contains("save_config"));
 }
 
-TEST_F(EditCommands, EndAConnection) {
+TEST_F(EditCommands, DisconnectFromTheCurrentNetwork) {
     host.on({"-iwlan0", "status"}).prints("ssid=home\nid=0\nwpa_state=COMPLETED\n");
     serve({"home"});
     expectDone(platwifi({"disconnect"}), "Disconnected from home.\n");
     EXPECT_THAT(changes(), ElementsAre("disconnect"));
 }
 
-TEST_F(EditCommands, LetTheSupplicantChoose) {
+TEST_F(EditCommands, EnableAllNetworksToRoam) {
     serve({"home"});
     const Ending ending = platwifi({"roam"});
     EXPECT_EQ(ending.status, 0);

@@ -1,4 +1,4 @@
-// A user who ends a command.
+// Signals that end a command, from a program or by a key on the terminal.
 
 #include "CommandFixture.h"
 #include "Terminal.h"
@@ -23,16 +23,16 @@ namespace {
 
 constexpr int SIGNALS[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
 
-// The client's end of the control connection, which it removes when it ends in peace.
+// The client's own socket. The client removes it when it exits, but not when it is killed.
 constexpr const char* SOCKET = "/tmp/wpa_ctrl_%d-1";
-const std::string SOCKET_BEGINNING = "/tmp/wpa_ctrl_";
+const std::string SOCKET_PREFIX = "/tmp/wpa_ctrl_";
 
 std::vector<pid_t> clientsWithASocket() {
     std::vector<pid_t> clients;
     for (const auto& file : std::filesystem::directory_iterator("/tmp")) {
         const std::string path = file.path();
-        if (path.rfind(SOCKET_BEGINNING, 0) == 0)
-            clients.push_back(std::stoi(path.substr(SOCKET_BEGINNING.size())));
+        if (path.rfind(SOCKET_PREFIX, 0) == 0)
+            clients.push_back(std::stoi(path.substr(SOCKET_PREFIX.size())));
     }
     return clients;
 }
@@ -69,7 +69,8 @@ TEST_F(Interrupted, WhileItWaitsForAConnection) {
     for (const int signal : SIGNALS) {
         const std::size_t before = host.callsOf({"-iwlan0", "status"});
         Program program({"connect", "home"});
-        awaitCalls({"-iwlan0", "status"}, before + 4); // the load's, and those of a look or two
+        awaitCalls({"-iwlan0", "status"},
+                   before + 4); // that of the load, and those of one poll at least
         program.signal(signal);
         const Ending ending = program.end();
         EXPECT_EQ(ending.status, -signal);
@@ -106,8 +107,8 @@ TEST_F(Interrupted, WhileItLoads) {
     expectNothingLeft(client);
 }
 
-// What was begun in the supplicant must not stay half done.
-TEST_F(Interrupted, WhileItSavesOnlyAfterThat) {
+// A save that has begun is finished, so that the supplicant and its file agree.
+TEST_F(Interrupted, WhileItSavesEndsAfterTheSave) {
     test::Checkpoint saving("/tmp/saving");
     host.on({"-iwlan0", "save_config"}).pausesAt(saving.path()).prints("OK\n");
     serve({"home"});
@@ -122,7 +123,7 @@ TEST_F(Interrupted, WhileItSavesOnlyAfterThat) {
     EXPECT_FALSE(std::filesystem::exists("/dev/shm/wifi_shmem"));
 }
 
-/// A command whose standard input, and all else, is a terminal.
+/// A command whose standard streams all lead to a terminal.
 class AtTheTerminal : public Interrupted {
 protected:
     Streams streams() const {
@@ -134,7 +135,7 @@ protected:
     test::TerminalPair m_terminal{80};
 };
 
-TEST_F(AtTheTerminal, TypesASecretUnseen) {
+TEST_F(AtTheTerminal, DoesNotEchoASecret) {
     serve({"home"});
     Program program({"set", "home", "psk=-"}, streams());
     m_terminal.readUntil("psk: ");
@@ -151,7 +152,7 @@ struct Key {
     int signal;
 };
 
-TEST_F(AtTheTerminal, EndsTheQuestionForASecretByAKey) {
+TEST_F(AtTheTerminal, EndsThePromptForASecretByCtrlC) {
     serve({"home"});
     for (const Key& key : {Key{"\003", SIGINT}, Key{"\034", SIGQUIT}}) {
         test::TerminalPair terminal(80);
@@ -166,7 +167,7 @@ TEST_F(AtTheTerminal, EndsTheQuestionForASecretByAKey) {
     EXPECT_TRUE(changes().empty());
 }
 
-TEST_F(AtTheTerminal, EndsTheInputOfASecretWithoutOne) {
+TEST_F(AtTheTerminal, FailsIfTheInputEndsBeforeTheSecret) {
     serve({"home"});
     Program program({"set", "home", "psk=-"}, streams());
     m_terminal.readUntil("psk: ");
@@ -176,7 +177,7 @@ TEST_F(AtTheTerminal, EndsTheInputOfASecretWithoutOne) {
     EXPECT_TRUE(echoes());
 }
 
-TEST_F(AtTheTerminal, EndsAHangingClientByAKey) {
+TEST_F(AtTheTerminal, EndsAHangingClientByCtrlC) {
     hangAt({"-iwlan0", "list_networks"});
     serve({});
     Program program({"networks"}, streams());

@@ -1,4 +1,4 @@
-// What scripts read.
+// The output of commands with --json.
 
 #include "CommandFixture.h"
 
@@ -23,12 +23,12 @@ protected:
     }
 };
 
-TEST_F(Json, NamesTheAdapters) {
+TEST_F(Json, ListsTheAdapters) {
     host.on({"interface"}).prints("Selected\nAvailable interfaces:\nwlan0\nwlan1\n");
     EXPECT_EQ(of({"adapters", "--json"}), json({"wlan0", "wlan1"}));
 }
 
-TEST_F(Json, TellsTheStatus) {
+TEST_F(Json, ShowsTheStatus) {
     host.on({"-iwlan0", "status"}).prints("ssid=caf\\xc3\\xa9\nid=0\nwpa_state=COMPLETED\n");
     serve({"caf\\xc3\\xa9", "home"});
     EXPECT_EQ(
@@ -36,7 +36,7 @@ TEST_F(Json, TellsTheStatus) {
         json({{"adapter", "wlan0"}, {"state", "COMPLETED"}, {"network", "café"}, {"networks", 2}}));
 }
 
-TEST_F(Json, HasNoNetworkWithoutOne) {
+TEST_F(Json, HasNullIfThereIsNoNetwork) {
     serve({});
     EXPECT_EQ(
         of({"status", "--json"}),
@@ -81,7 +81,7 @@ TEST_F(Json, ShowsANetworkWithoutItsSecrets) {
     EXPECT_EQ(shown.size(), 34u);
 }
 
-TEST_F(Json, TellsWhatIsInRangeStrongestFirst) {
+TEST_F(Json, ListsTheScanStrongestFirst) {
     host.on({"-iwlan0", "scan"}).prints("OK\n");
     host.on({"-iwlan0", "scan_results"})
         .prints("bssid / frequency / signal level / flags / ssid\n"
@@ -101,7 +101,7 @@ TEST_F(Json, TellsWhatIsInRangeStrongestFirst) {
     EXPECT_EQ(of(test::quickPlatwifi({"scan", "--json"})), json({near, far}));
 }
 
-TEST_F(Json, TellsWhatHasBeenDone) {
+TEST_F(Json, ShowsWhatWasDone) {
     serve({"home"});
     EXPECT_EQ(of({"set", "home", "priority=5", "--json"}),
               json({{"ssid", "home"}, {"done", "saved"}}));
@@ -110,13 +110,13 @@ TEST_F(Json, TellsWhatHasBeenDone) {
     EXPECT_EQ(of({"roam", "--json"}), json({{"done", "roaming"}}));
 }
 
-TEST_F(Json, TellsWhatHasBeenRemoved) {
+TEST_F(Json, ShowsWhatWasRemoved) {
     host.on({"-iwlan0", "remove_network", "0"}).prints("OK\n");
     serve({"home"});
     EXPECT_EQ(of({"remove", "home", "--json"}), json({{"ssid", "home"}, {"done", "removed"}}));
 }
 
-TEST_F(Json, TellsWhatHasBeenAdded) {
+TEST_F(Json, ShowsWhatWasAdded) {
     host.on({"-iwlan0", "add_network"}).prints("0\n");
     host.on({"-iwlan0", "set_network", "0", "ssid", "\"cafe\""}).prints("OK\n");
     host.on({"-iwlan0", "enable_network", "0"}).prints("OK\n");
@@ -125,13 +125,13 @@ TEST_F(Json, TellsWhatHasBeenAdded) {
               json({{"ssid", "cafe"}, {"done", "added"}}));
 }
 
-TEST_F(Json, TellsOfAConnection) {
+TEST_F(Json, ShowsAConnection) {
     host.on({"-iwlan0", "status"}).prints("ssid=home\nid=0\nwpa_state=COMPLETED\n");
     serve({"home"});
     EXPECT_EQ(of({"connect", "home", "--json"}), json({{"ssid", "home"}, {"state", "COMPLETED"}}));
 }
 
-TEST_F(Json, IsNotPrintedWhereSomethingFails) {
+TEST_F(Json, IsNotPrintedAfterAFailure) {
     serve({});
     const Ending ending = test::platwifi({"show", "home", "--json"});
     EXPECT_EQ(ending.status, 1);

@@ -1,4 +1,4 @@
-// Other processes that use the library hear of what is saved.
+// Other processes with the library reload after a save of the command line.
 
 #include "CommandFixture.h"
 #include "support/Checkpoint.h"
@@ -13,8 +13,6 @@ using test::Ending;
 using test::platwifi;
 
 namespace {
-
-const std::string LIST = "list_networks";
 
 class OtherProcesses : public test::CommandFixture {
 protected:
@@ -35,7 +33,7 @@ protected:
     }
 };
 
-TEST_F(OtherProcesses, HearOfEachSave) {
+TEST_F(OtherProcesses, ReloadAfterEachSave) {
     serve({"home"});
     test::Peer peer;
     ASSERT_EQ(peer.ask("has home"), "yes");
@@ -43,12 +41,12 @@ TEST_F(OtherProcesses, HearOfEachSave) {
         const std::size_t before = loads();
         edit(priority);
         awaitLoads(before + 3); // two are the command's own
-        EXPECT_TRUE(hasName()) << "so that they go on finding each other";
+        EXPECT_TRUE(hasName()) << "a process that joins later must find the block";
     }
     EXPECT_EQ(peer.ask("has home"), "yes");
 }
 
-TEST_F(OtherProcesses, GoOnFindingEachOtherAfterAReport) {
+TEST_F(OtherProcesses, KeepTheNameOfTheBlockAfterAReport) {
     serve({"home"});
     test::Peer peer;
     ASSERT_EQ(peer.ask("has home"), "yes");
@@ -57,7 +55,7 @@ TEST_F(OtherProcesses, GoOnFindingEachOtherAfterAReport) {
     EXPECT_TRUE(hasName());
 }
 
-TEST_F(OtherProcesses, HearOfASaveThatCannotBeTold) {
+TEST_F(OtherProcesses, ReloadAfterASaveWhoseResultCannotBePrinted) {
     serve({"home"});
     test::Peer peer;
     ASSERT_EQ(peer.ask("has home"), "yes");
@@ -69,7 +67,7 @@ TEST_F(OtherProcesses, HearOfASaveThatCannotBeTold) {
     awaitLoads(before + 3);
 }
 
-TEST_F(OtherProcesses, HearOfASaveThatWasInterrupted) {
+TEST_F(OtherProcesses, ReloadAfterAnInterruptedSave) {
     test::Checkpoint saving("/tmp/saving");
     host.on({"-iwlan0", "save_config"}).pausesAt(saving.path()).prints("OK\n");
     serve({"home"});
@@ -84,7 +82,7 @@ TEST_F(OtherProcesses, HearOfASaveThatWasInterrupted) {
     awaitLoads(before + 3);
 }
 
-TEST_F(OtherProcesses, AreNotMadeUpWhereThereAreNone) {
+TEST_F(OtherProcesses, AreNeededForTheBlockToStay) {
     serve({"home"});
     edit("5");
     EXPECT_FALSE(hasName());
@@ -92,7 +90,7 @@ TEST_F(OtherProcesses, AreNotMadeUpWhereThereAreNone) {
     EXPECT_FALSE(hasName());
 }
 
-TEST_F(OtherProcesses, ThatHaveGoneLeaveNothingInTheWay) {
+TEST_F(OtherProcesses, ThatHaveDiedDoNotKeepTheBlock) {
     serve({"home"});
     {
         test::Peer peer;

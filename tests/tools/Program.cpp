@@ -33,7 +33,7 @@ std::string textOf(const FileDescriptor& file) {
 }
 
 // In the child, between fork and exec.
-void put(int stream, int descriptor) {
+void setStream(int stream, int descriptor) {
     if (descriptor == CLOSED)
         close(stream);
     else
@@ -42,15 +42,15 @@ void put(int stream, int descriptor) {
 
 [[noreturn]] void become(const char* path, char* const arguments[], Streams streams) {
     setsid();
-    put(STDIN_FILENO, streams.in);
-    put(STDOUT_FILENO, streams.out);
-    put(STDERR_FILENO, streams.err);
-    ioctl(STDIN_FILENO, TIOCSCTTY, 0); // where it is a terminal
+    setStream(STDIN_FILENO, streams.in);
+    setStream(STDOUT_FILENO, streams.out);
+    setStream(STDERR_FILENO, streams.err);
+    ioctl(STDIN_FILENO, TIOCSCTTY, 0); // fails if it is no terminal
     execv(path, arguments);
     _exit(127);
 }
 
-// Whether a signal is on its way to a process.
+// Whether a signal is pending for a process.
 bool isPending(pid_t process, int signal) {
     std::ifstream status("/proc/" + std::to_string(process) + "/status");
     for (std::string line; std::getline(status, line);) {

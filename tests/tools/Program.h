@@ -8,29 +8,29 @@
 
 namespace test {
 
-/// How a program has ended, and what it has written.
+/// The end of a program, and its output.
 struct Ending {
     int status = 0; ///< its exit status, or the negative number of the signal that ended it
     std::string out;
     std::string err;
 };
 
-/// A standard stream of a program that is nobody's business.
-constexpr int CAPTURED = -1;
+/// Values of Streams in place of a descriptor.
+constexpr int CAPTURED = -1; ///< what the program writes is in its Ending; an input is empty
 constexpr int CLOSED = -2;
 
-/// What a program gets. An input that is captured is empty.
+/// The descriptors of a program's standard streams.
 struct Streams {
     int in = CAPTURED;
     int out = CAPTURED;
     int err = CAPTURED;
 };
 
-/// A program of this build while it runs.
+/// A running program of this build. The destructor kills it.
 class Program {
 public:
-    /// Starts the command line in a session of its own; a terminal as its standard input is that of
-    /// the session.
+    /// Starts the program in a session of its own. If its standard input is a terminal, that becomes
+    /// the controlling terminal.
     explicit Program(const Arguments& arguments, Streams streams = {},
                      const char* path = PLATWIFI_PROGRAM);
     ~Program();
@@ -38,13 +38,13 @@ public:
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    /// Sends it, and waits until the program has taken it.
+    /// Sends a signal, and waits until it is no longer pending.
     void signal(int signal) const;
 
-    /// Waits until it has ended.
+    /// Waits until the program has ended.
     Ending end();
 
-    /// Whether it has ended, as end() will tell.
+    /// Whether the program has ended. end() is still to be called.
     bool hasEnded() const;
 
     pid_t id() const { return m_id; }
@@ -55,14 +55,14 @@ private:
     platform::FileDescriptor m_err;
 };
 
-/// A file without a name that holds this.
+/// A file without a name, with this content.
 platform::FileDescriptor fileWith(const std::string& text);
 
-/// Runs the command line to its end.
+/// Runs the program platwifi to its end.
 Ending platwifi(const Arguments& arguments, const std::string& input = "");
 Ending platwifi(const Arguments& arguments, Streams streams);
 
-/// The same with a build of it in which the library's seconds pass in ten milliseconds each.
+/// The same with a build in which a second of the library takes ten milliseconds.
 Ending quickPlatwifi(const Arguments& arguments, Streams streams = {});
 
 } // namespace test

@@ -1,12 +1,12 @@
-#include "edits/Properties.h"
+#include "edits/PropertyTable.h"
 
-#include "Failure.h"
 #include "edits/Secrets.h"
 #include "jni/ServiceFunctions.h"
 #include "model/WifiNetwork.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/WifiUtil.h"
 #include "support/LoadedHost.h"
+#include "values/Failure.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,9 +14,9 @@
 #include <fstream>
 #include <set>
 
+using cli::Entry;
 using cli::Property;
 using cli::propertyOf;
-using cli::Way;
 using cli::WrongUse;
 using testing::HasSubstr;
 using testing::Not;
@@ -43,11 +43,11 @@ protected:
         return *WifiHostSettings::getInstance(nullptr)->getNetwork(nullptr, "home");
     }
 
-    /// What is shown once this has been written.
+    /// Sets a property as the user would. @return the value that is shown then
     static std::string shownAfter(const std::string& name, const std::string& written) {
         const Property& property = propertyOf(name);
         std::string value = property.take(property, written);
-        if (property.way == Way::enciphered)
+        if (property.entry == Entry::ENCIPHERED)
             value = cli::enciphered(value);
         const char* const names[] = {property.name};
         const char* const values[] = {value.c_str()};
@@ -60,7 +60,7 @@ protected:
 
 std::unique_ptr<test::LoadedHost> TheProperties::host;
 
-// The message of the refusal; "" where it is taken.
+// The message of the refusal; "" if the value is accepted.
 std::string refusalOf(const std::string& name, const std::string& written) {
     try {
         propertyOf(name).take(propertyOf(name), written);
@@ -70,7 +70,7 @@ std::string refusalOf(const std::string& name, const std::string& written) {
     }
 }
 
-TEST_F(TheProperties, HaveWordsThatTheLibraryKeeps) {
+TEST_F(TheProperties, HaveWordsThatTheLibraryAccepts) {
     for (const Property& property : cli::properties()) {
         for (const cli::Word& word : property.words) {
             const std::string shown = shownAfter(property.name, word.text);
@@ -88,7 +88,7 @@ TEST_F(TheProperties, TakeWordsInAnyCaseAndTheirNumbers) {
     EXPECT_EQ(shownAfter("ssidBroadcasted", "1"), "true");
 }
 
-TEST_F(TheProperties, RefuseAnyOtherWordAndTellWhichThereAre) {
+TEST_F(TheProperties, RefuseAnyOtherWordAndListTheirWords) {
     for (const Property& property : cli::properties()) {
         if (property.words.empty())
             continue;
@@ -114,7 +114,7 @@ constexpr Bound BOUNDS[] = {
     {"index", "3", "4"},
 };
 
-TEST_F(TheProperties, KeepTheirRanges) {
+TEST_F(TheProperties, HaveRanges) {
     for (const Bound& bound : BOUNDS) {
         EXPECT_EQ(shownAfter(bound.name, bound.inside), bound.inside);
         EXPECT_THAT(refusalOf(bound.name, bound.outside), HasSubstr("a number from "));
@@ -138,9 +138,9 @@ TEST_F(TheProperties, TakeAnAddressOrAnyForTheBssid) {
         EXPECT_THAT(refusalOf("bssid", written), HasSubstr("a MAC address such as")) << written;
 }
 
-TEST_F(TheProperties, TakeTextsThatTheSupplicantCanHave) {
+TEST_F(TheProperties, TakeTextsThatCanBeSentToTheSupplicant) {
     for (const Property& property : cli::properties()) {
-        if (property.way != Way::plain || !property.words.empty() || property.lowest != 0 ||
+        if (property.entry != Entry::PLAIN || !property.words.empty() || property.lowest != 0 ||
             property.highest != 0 || std::string(property.name) == "bssid")
             continue;
         const std::string longest(255, 'x');
@@ -171,7 +171,7 @@ const Secret KEPT[] = {
     {"privateKeyPassword2", std::string(255, 'x')},
 };
 
-TEST_F(TheProperties, TellOfASecretOnlyThatItIsSet) {
+TEST_F(TheProperties, ShowOnlyWhetherASecretIsSet) {
     for (const Secret& secret : KEPT) {
         EXPECT_EQ(shownAfter(secret.name, secret.text), "(set)") << secret.name;
     }
@@ -182,7 +182,7 @@ TEST_F(TheProperties, ClearAPassword) {
     EXPECT_EQ(shownAfter("eapPassword", ""), "");
 }
 
-// The supplicant would refuse it, and keep the old one.
+// The supplicant refuses an empty key, and keeps the old one.
 TEST_F(TheProperties, DoNotClearAKey) {
     for (const char* const name : {"psk", "key1", "key2", "key3", "key4"})
         EXPECT_THAT(refusalOf(name, ""), HasSubstr(std::string(name) + " takes "));
@@ -211,15 +211,16 @@ TEST_F(TheProperties, RefuseASecretWithoutRepeatingIt) {
     }
 }
 
-// The names that the table of the documents has, behind "key1 to key4" what is between those.
+// The names in the table of docs/native-api.md, whose "key1 to key4" includes key2 and key3.
 std::set<std::string> documentedNames() {
     std::ifstream file(NATIVE_API_DOCUMENT);
     std::set<std::string> names = {"key2", "key3"};
-    bool isHere = false;
+    bool isInTable = false;
     for (std::string line; std::getline(file, line);) {
-        isHere = line.rfind("## ", 0) == 0 ? line == "## Properties of a network" : isHere;
+        isInTable = line.rfind("## ", 0) == 0 ? line == "## Properties of a network" : isInTable;
         const std::string cell = line.substr(0, line.find('|', 1));
-        for (std::size_t at = cell.find('`'); isHere && line[0] == '|' && at != std::string::npos;
+        for (std::size_t at = cell.find('`');
+             isInTable && line[0] == '|' && at != std::string::npos;
              at = cell.find('`', cell.find('`', at + 1) + 1))
             names.insert(cell.substr(at + 1, cell.find('`', at + 1) - at - 1));
     }
@@ -245,10 +246,10 @@ TEST_F(TheProperties, AreUnknownByAnyOtherName) {
     }
 }
 
-TEST_F(TheProperties, EachHaveAWayToBeReadAndAllButTheReportedOnesToBeSet) {
+TEST_F(TheProperties, CanAllBeReadAndAllButTheReportedOnesBeSet) {
     for (const Property& property : cli::properties()) {
         EXPECT_NE(property.read, nullptr);
-        EXPECT_EQ(property.take == nullptr, property.way == Way::reported) << property.name;
+        EXPECT_EQ(property.take == nullptr, property.entry == Entry::REPORTED) << property.name;
         EXPECT_FALSE(isSecret(property) && !property.words.empty());
     }
 }

@@ -1,4 +1,4 @@
-// What people read, in a file or a pipe.
+// The output of commands to a file or a pipe.
 
 #include "CommandFixture.h"
 #include "support/Leftovers.h"
@@ -26,17 +26,17 @@ protected:
     }
 };
 
-TEST_F(Reports, NameTheAdapters) {
+TEST_F(Reports, ListTheAdapters) {
     serve({});
     EXPECT_EQ(of({"adapters"}), "wlan0\n");
 }
 
-TEST_F(Reports, TellWhichOfTheAdaptersIsTheDefault) {
+TEST_F(Reports, MarkTheDefaultAdapter) {
     host.on({"interface"}).prints("Selected\nAvailable interfaces:\nwlan0\nwlan1\n");
     EXPECT_EQ(of({"adapters"}), "wlan0 (the default)\nwlan1\n");
 }
 
-TEST_F(Reports, TellTheStatus) {
+TEST_F(Reports, ShowTheStatus) {
     host.on({"-iwlan0", "status"}).prints("ssid=home\nid=0\nwpa_state=COMPLETED\n");
     serve({"home", "work"});
     EXPECT_EQ(of({"status"}), "Adapter:   wlan0\n"
@@ -45,7 +45,7 @@ TEST_F(Reports, TellTheStatus) {
                               "Networks:  2 configured\n");
 }
 
-TEST_F(Reports, TellTheStatusWithoutANetwork) {
+TEST_F(Reports, ShowTheStatusWithoutANetwork) {
     serve({});
     EXPECT_THAT(of({"status"}), AllOf(HasSubstr("INACTIVE"), HasSubstr("Network:   none")));
 }
@@ -60,7 +60,7 @@ TEST_F(Reports, ListTheNetworks) {
                                 "咖啡  enabled  WPA-PSK               12  any\n");
 }
 
-TEST_F(Reports, SayWhereThereIsNothing) {
+TEST_F(Reports, SayThatThereIsNothing) {
     host.on({"-iwlan0", "scan"}).prints("OK\n");
     serve({});
     EXPECT_THAT(of({"networks"}), HasSubstr("platwifi add SSID psk=-"));
@@ -76,19 +76,19 @@ TEST_F(Reports, ShowANetwork) {
     EXPECT_THAT(shown, Not(HasSubstr("eapPassword"))) << "it is not set";
 }
 
-TEST_F(Reports, ShowANetworkByAnyWayToWriteItsName) {
+TEST_F(Reports, FindANetworkInEitherNotationOfItsSsid) {
     serve({"caf\\xc3\\xa9", "a\\\\tb"});
     EXPECT_THAT(of({"show", "café"}), HasSubstr("café"));
     EXPECT_THAT(of({"show", "caf\\xc3\\xa9"}), HasSubstr("café"));
     EXPECT_THAT(of({"show", "a\\tb"}), HasSubstr("a\\tb"));
 }
 
-TEST_F(Reports, ShowANetworkThatBeginsWithADash) {
+TEST_F(Reports, ShowANetworkWhoseSsidBeginsWithADash) {
     serve({"-x"});
     EXPECT_THAT(of({"show", "--", "-x"}), HasSubstr("ssid             -x\n"));
 }
 
-TEST_F(Reports, ListWhatIsInRangeStrongestFirst) {
+TEST_F(Reports, ListTheScanStrongestFirst) {
     host.on({"-iwlan0", "scan"}).prints("OK\n");
     host.on({"-iwlan0", "scan_results"})
         .prints("bssid / frequency / signal level / flags / ssid\n"
@@ -102,7 +102,7 @@ TEST_F(Reports, ListWhatIsInRangeStrongestFirst) {
     EXPECT_EQ(host.callsOf({"-iwlan0", "scan"}), 1u);
 }
 
-TEST_F(Reports, ScanAnyInterfaceThatIsServed) {
+TEST_F(Reports, ScanAnyInterfaceThatIsListed) {
     host.on({"interface"}).prints("Selected\nAvailable interfaces:\nwlan0\nwlan1\n");
     host.on({"-iwlan1", "status"}).prints("wpa_state=INACTIVE\n");
     host.on({"-iwlan1", "scan"}).prints("OK\n");
@@ -112,14 +112,14 @@ TEST_F(Reports, ScanAnyInterfaceThatIsServed) {
     EXPECT_THAT(of(test::quickPlatwifi({"scan", "-iwlan0"})), HasSubstr("No access point"));
 }
 
-TEST_F(Reports, LeaveNothingBehindOfAScan) {
+TEST_F(Reports, LeaveNoResultFileOfAScan) {
     host.on({"-iwlan0", "scan"}).prints("OK\n");
     serve({});
     of(test::quickPlatwifi({"scan"}));
     EXPECT_TRUE(test::resultFiles().empty());
 }
 
-TEST_F(Reports, AreADocument) {
+TEST_F(Reports, WriteADocument) {
     serve({"home"});
     const std::string brief = of({"xml"});
     EXPECT_THAT(brief, HasSubstr("home"));
@@ -153,7 +153,7 @@ std::size_t longestLine(const std::string& text) {
     return longest;
 }
 
-TEST_F(Reports, HelpOnATerminalOf80Columns) {
+TEST_F(Reports, HaveHelpFor80Columns) {
     for (const char* command :
          {"", "adapters", "status", "scan", "networks", "show", "set", "add", "remove", "connect",
           "disconnect", "roam", "xml", "dump", "doctor"}) {
@@ -170,7 +170,7 @@ TEST_F(Reports, HelpOnATerminalOf80Columns) {
     }
 }
 
-TEST_F(Reports, TellTheVersion) {
+TEST_F(Reports, ShowTheVersion) {
     EXPECT_THAT(of({"--version"}), testing::MatchesRegex("[0-9.]+\n"));
 }
 

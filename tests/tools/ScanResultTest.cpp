@@ -6,7 +6,7 @@ using namespace cli;
 
 namespace {
 
-TEST(AScanResult, IsALineOfTheClient) {
+TEST(AScanResult, IsReadFromALineOfTheClient) {
     const auto result =
         ScanResult::of("02:00:00:00:01:00\t2412\t-30\t[WPA2-PSK-CCMP][ESS]\tupstairs");
     ASSERT_TRUE(result);
@@ -28,7 +28,7 @@ TEST(AScanResult, KeepsTabsOfTheSsid) {
     EXPECT_EQ(ScanResult::of("b\t1\t2\tf\ta\tb")->ssid, "a\tb");
 }
 
-TEST(AScanResult, IsNoOtherLine) {
+TEST(AScanResult, IsNotReadFromAnyOtherLine) {
     for (const char* line : {"", "FAIL", "bssid / frequency / signal level / flags / ssid",
                              "02:00:00:00:01:00\t2412\t-30\t[ESS]"})
         EXPECT_FALSE(ScanResult::of(line)) << line;
@@ -45,7 +45,7 @@ TEST(TheChannel, IsThatOfTheFrequency) {
         EXPECT_EQ(channelOf(row.frequency), row.channel) << row.frequency;
 }
 
-TEST(TheSecurity, IsToldInWords) {
+TEST(TheSecurity, IsShownInWords) {
     struct {
         const char* flags;
         const char* words;

@@ -1,9 +1,9 @@
 #include "edits/Secrets.h"
 
-#include "Failure.h"
 #include "edits/Edits.h"
 #include "platform/FileDescriptor.h"
 #include "support/KeyWorld.h"
+#include "values/Failure.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@ namespace {
 
 constexpr const char* FILE_NAME = "/tmp/secret";
 
-/// Secrets from files, and from a standard input that the test writes.
+/// Reads secrets from files, and from a standard input that the test writes.
 class TheSecret : public testing::Test {
 protected:
     TheSecret() { setenv("PLATFORM_KEY_FILE", "/tmp/crypt.key", 1); }
@@ -63,7 +63,7 @@ protected:
         } catch (const Error& error) {
             return error.what();
         }
-        ADD_FAILURE() << "taken: " << source;
+        ADD_FAILURE() << "accepted: " << source;
         return "";
     }
 
@@ -97,7 +97,7 @@ TEST_F(TheSecret, IsTheFirstLineOfAFileOrOfTheInput) {
     }
 }
 
-TEST_F(TheSecret, LeavesTheNextLineOfTheInputToTheNextOne) {
+TEST_F(TheSecret, LeavesTheNextLineOfTheInputToTheNextSecret) {
     putInput("first\nsecond\n");
     EXPECT_EQ(read("-"), "first");
     EXPECT_EQ(read("-"), "second");
@@ -122,7 +122,7 @@ const BadLine BAD_LINES[] = {
     {std::string("hid\0den\n", 8), "holds no text"},
 };
 
-TEST_F(TheSecret, IsNoLineLikeThese) {
+TEST_F(TheSecret, IsRefusedFromLinesLikeThese) {
     for (const BadLine& line : BAD_LINES) {
         putFile(line.text);
         putInput(line.text);
@@ -136,13 +136,13 @@ TEST_F(TheSecret, IsNoLineLikeThese) {
     }
 }
 
-TEST_F(TheSecret, IsInNoFileThatCannotBeRead) {
+TEST_F(TheSecret, CannotBeReadFromAMissingFileOrAFolder) {
     EXPECT_THAT(refusalOf<Failure>("@/tmp/missing"), HasSubstr("/tmp/missing: No such file"));
     EXPECT_THAT(refusalOf<Failure>("@/tmp"), HasSubstr("/tmp: Is a directory"));
     EXPECT_THAT(refusalOf<Failure>("@"), HasSubstr("No such file"));
 }
 
-TEST_F(TheSecret, IsInNoFileOfSomebodyElse) {
+TEST_F(TheSecret, IsNotReadFromAFileOfAnotherUser) {
     constexpr uid_t NOBODY = 65534;
     putFile("secret\n");
     chmod(FILE_NAME, 0);
@@ -152,7 +152,7 @@ TEST_F(TheSecret, IsInNoFileOfSomebodyElse) {
     EXPECT_EQ(seteuid(getuid()), 0);
 }
 
-// What a shell makes of <(command).
+// A shell makes such a path of <(command).
 TEST_F(TheSecret, MayComeThroughAPipeOfTheShell) {
     putInput("through a pipe\n");
     EXPECT_EQ(read("@/dev/fd/0"), "through a pipe");
@@ -170,19 +170,15 @@ TEST_F(TheSecret, IsEncipheredForTheLibrary) {
     EXPECT_EQ(test::decrypted(text).text, "correct horse");
 }
 
-TEST_F(TheSecret, ThatCannotBeEncipheredIsToldOf) {
+TEST_F(TheSecret, ThatCannotBeEncipheredIsAFailure) {
     setenv("PLATFORM_KEY_FILE", "/tmp", 1);
     EXPECT_THROW(cli::enciphered("correct horse"), Failure);
 }
 
-/// What the command line says of properties.
+/// Assignments on the command line.
 class TheEdits : public TheSecret {
 protected:
-    Edits edits(const std::vector<std::string>& assignments) {
-        m_request.assignments = assignments;
-        cli::Context context{m_request, m_interrupt, {}, {}};
-        return Edits(context);
-    }
+    Edits edits(const std::vector<std::string>& assignments) { return {assignments, m_interrupt}; }
 
     std::string refusalOf(const std::vector<std::string>& assignments) {
         try {
@@ -192,48 +188,45 @@ protected:
         }
         return "";
     }
-
-private:
-    cli::Request m_request;
 };
 
-TEST_F(TheEdits, KnowWhatTheLibraryTakes) {
+TEST_F(TheEdits, HaveTheValuesForTheLibrary) {
     putInput("correct horse\n");
     const Edits some = edits({"psk=-", "key_mgmt=WPA-PSK", "eapIdentity="});
     EXPECT_THAT(some.valueOf("psk"), StartsWith("crypt1:"));
     EXPECT_EQ(some.valueOf("key_mgmt"), "2");
-    EXPECT_EQ(some.valueOf("eapIdentity"), "") << "that is cleared";
-    EXPECT_EQ(some.valueOf("bssid"), "") << "that is not among them";
+    EXPECT_EQ(some.valueOf("eapIdentity"), "") << "it is cleared";
+    EXPECT_EQ(some.valueOf("bssid"), "") << "it is not among them";
 }
 
-TEST_F(TheEdits, CanGetWhatTheUserHasNotWritten) {
+TEST_F(TheEdits, TakeAPropertyThatTheUserHasNotWritten) {
     Edits some = edits({"priority=5"});
     some.add("key_mgmt", "WPA-PSK");
     EXPECT_EQ(some.valueOf("key_mgmt"), "2");
     EXPECT_EQ(some.valueOf("priority"), "5");
 }
 
-TEST_F(TheEdits, MayHaveSignsInTheValue) {
+TEST_F(TheEdits, MayHaveAnEqualsSignInTheValue) {
     EXPECT_EQ(edits({"phase2=auth=MSCHAPV2"}).valueOf("phase2"), "auth=MSCHAPV2");
 }
 
-TEST_F(TheEdits, AreNamesAndValues) {
+TEST_F(TheEdits, RefuseWhatIsNoNameAndValue) {
     EXPECT_THAT(refusalOf({"priority"}), HasSubstr("'priority' is no NAME=VALUE"));
     EXPECT_THAT(refusalOf({"=5"}), HasSubstr("'=5' is no NAME=VALUE"));
     EXPECT_THAT(refusalOf({""}), HasSubstr("'' is no NAME=VALUE"));
     EXPECT_THAT(refusalOf({"colour=red"}), HasSubstr("there is no property colour"));
 }
 
-TEST_F(TheEdits, AreOfDifferentProperties) {
+TEST_F(TheEdits, RefuseAPropertyThatIsGivenTwice) {
     EXPECT_THAT(refusalOf({"priority=1", "priority=2"}), HasSubstr("priority is given twice"));
 }
 
-TEST_F(TheEdits, AreNotOfWhatTheSupplicantReports) {
+TEST_F(TheEdits, RefusePropertiesThatTheSupplicantReports) {
     for (const char* assignment : {"ssid=x", "status=enabled", "strength=5", "channel=6"})
         EXPECT_THAT(refusalOf({assignment}), HasSubstr("cannot be set"));
 }
 
-// A mistake behind it must not cost the user a password that was typed.
+// Otherwise the user would type a secret for a command line that is refused afterwards.
 TEST_F(TheEdits, ReadSecretsOnlyWhenEveryNameIsKnown) {
     putInput("correct horse\n");
     EXPECT_THAT(refusalOf({"psk=-", "colour=red"}), HasSubstr("colour"));

@@ -1,6 +1,6 @@
 #include "host/Ssid.h"
 
-#include "Failure.h"
+#include "values/Failure.h"
 
 #include <gtest/gtest.h>
 
@@ -37,7 +37,7 @@ TEST(Ssid, IsReadFromTheNotationOfTheClient) {
         EXPECT_EQ(bytesOfSsid(one.written), one.bytes) << one.written;
 }
 
-TEST(Ssid, IsShownFitForATerminal) {
+TEST(Ssid, IsShownOnATerminal) {
     EXPECT_EQ(shownSsid(R"(caf\xc3\xa9)"), "café");
     EXPECT_EQ(shownSsid(R"(\x1b[2J)"), R"(\x1b[2J)");
     EXPECT_EQ(shownSsid(R"(\xff\xfe)"), R"(\xff\xfe)");
@@ -50,7 +50,7 @@ TEST(Ssid, WithoutAVisibleByteIsHidden) {
     EXPECT_NE(shownSsid(R"(\x00a)"), "(hidden)");
 }
 
-TEST(Ssid, IsUtf8ForAProgramOrElseTheNotation) {
+TEST(Ssid, IsUtf8InJsonOrElseTheNotation) {
     EXPECT_EQ(plainSsid(R"(caf\xc3\xa9)"), "café");
     EXPECT_EQ(plainSsid(R"(\xff)"), R"(\xff)");
     EXPECT_EQ(plainSsid(R"(\x00)"), R"(\x00)");
@@ -64,7 +64,7 @@ TEST(Ssid, IsTheSameInBothNotations) {
     EXPECT_FALSE(isSameSsid("home", "home "));
 }
 
-// Otherwise a backslash that is followed by the letter of an escape could not be typed.
+// Otherwise a user could not type a backslash before the letter of an escape.
 TEST(Ssid, IsTheSameAsItsPlainText) {
     EXPECT_TRUE(isSameSsid(R"(C:\\new)", R"(C:\new)"));
     EXPECT_TRUE(isSameSsid(R"(C:\new)", R"(C:\\new)"));
@@ -81,7 +81,7 @@ TEST(Ssid, HasOneTo32Bytes) {
         << "bytes, not characters";
 }
 
-TEST(Ssid, MayBeAsLongInTheNotationAsItNeedsToBe) {
+TEST(Ssid, IsMeasuredInBytesNotInTheNotation) {
     std::string notation;
     for (int i = 0; i < 32; ++i)
         notation += R"(\xff)";

@@ -29,7 +29,7 @@ std::vector<std::string> linesOf(const Table& table, unsigned int width) {
 }
 
 Table everyScript() {
-    Table table({{"SSID"}, {"dBm", Table::Align::right}, {"Security"}});
+    Table table({{"SSID"}, {"dBm", Table::Align::RIGHT}, {"Security"}});
     table.add({"home", "-40", "WPA2-PSK"});
     table.add({"咖啡店", "-7", ""});
     table.add({"ที่บ้าน", "-100", "open"});
@@ -57,7 +57,7 @@ TEST(TheTable, IsNeverWiderThanTheConsole) {
     }
 }
 
-TEST(TheTable, MarksCellsThatAreCut) {
+TEST(TheTable, EndsCutCellsWithAnEllipsis) {
     Table table({{"SSID"}, {"Security"}});
     table.add({"a network with a long name", "WPA2-Enterprise"});
     EXPECT_THAT(linesOf(table, 20), ElementsAre("SSID       Security", "a networ…  WPA2-Ent…"));

@@ -44,7 +44,7 @@ const std::string& TerminalPair::readToEnd() {
     return m_read;
 }
 
-// The other end of a terminal that nobody has open any more cannot be read.
+// read() fails when no descriptor of the own end is open.
 bool TerminalPair::readMore() {
     char bytes[4096];
     const ssize_t size = read(m_other.number(), bytes, sizeof bytes);

@@ -7,24 +7,24 @@
 
 namespace test {
 
-/// A terminal: what is written to its own end can be read at the other one.
+/// A pseudoterminal. The program under test has its own end, the test the other one.
 class TerminalPair {
 public:
     explicit TerminalPair(unsigned short columns);
 
-    /// The end that a program has for its standard streams.
+    /// The descriptor for the standard streams of a program.
     int ownEnd() const { return m_own.number(); }
 
     void setWidth(unsigned short columns) const;
 
-    /// What a user types.
+    /// Types keys.
     void type(const std::string& text) const;
 
-    /// Reads until this has been written. @return all that was read so far
+    /// Reads until this text was written. @return all that was read so far
     const std::string& readUntil(const std::string& text);
 
-    /// Reads what there is once nobody writes any more, that is after closeOwnEnd() and the end of
-    /// every program. @return all that was read
+    /// Reads until no descriptor of the own end is open: to be called after closeOwnEnd(), and returns
+    /// when the programs have ended. @return all that was read
     const std::string& readToEnd();
 
     void closeOwnEnd() { m_own.close(); }

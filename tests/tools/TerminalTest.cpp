@@ -1,4 +1,4 @@
-// What people see on a terminal.
+// The output of commands to a terminal.
 
 #include "Terminal.h"
 #include "CommandFixture.h"
@@ -50,7 +50,7 @@ std::vector<std::string> linesOf(const std::string& text) {
 
 class OnATerminal : public test::CommandFixture {
 protected:
-    /// What is seen on standard output when that is a terminal.
+    /// The standard output of a command when that is a terminal.
     static std::string seen(const Arguments& arguments, unsigned short columns = 80) {
         test::TerminalPair terminal(columns);
         Program program(arguments, {CAPTURED, terminal.ownEnd()}, QUICK_PLATWIFI_PROGRAM);
@@ -70,14 +70,14 @@ protected:
         host.on({"-iwlan0", "scan_results"}).prints(found);
         host.on({"-iwlan0", "status"}).prints("ssid=" + SSIDS.back() + "\nwpa_state=COMPLETED\n");
         host.on({"-iwlan0", "get_network", "0", "phase1"}).prints(std::string(120, 'x'));
-        serve({SSIDS[0], SSIDS[2], SSIDS.back()}); // a load takes its time
+        serve({SSIDS[0], SSIDS[2], SSIDS.back()}); // few: a load takes many calls for each
     }
 
-    // The stand-in reads them all whenever it is called.
+    // The stand-in reads the whole file of calls at each call, which slows down a long test.
     void forgetCalls() const { unlink((host.folder() + "/calls").c_str()); }
 };
 
-TEST_F(OnATerminal, NoLineIsWiderThanThat) {
+TEST_F(OnATerminal, NoLineIsWiderThanTheTerminal) {
     serveEveryScript();
     const Arguments commands[] = {{"scan"}, {"networks"}, {"status"}, {"show", SSIDS[0]}};
     constexpr unsigned short WIDTHS[] = {40, 60, 80};
@@ -92,7 +92,7 @@ TEST_F(OnATerminal, NoLineIsWiderThanThat) {
     }
 }
 
-TEST_F(OnATerminal, NoSsidIsMoreThanText) {
+TEST_F(OnATerminal, NoSsidControlsTheTerminal) {
     serveEveryScript();
     const std::string text = withoutColours(seen({"networks"}, 200));
     EXPECT_THAT(text, Not(HasSubstr("\a")));
@@ -106,7 +106,7 @@ TEST_F(OnATerminal, TheHeadingIsBold) {
     EXPECT_THAT(seen({"networks"}), StartsWith("\033[1mSSID"));
 }
 
-TEST_F(OnATerminal, NothingIsColouredWhereNobodyWantsThat) {
+TEST_F(OnATerminal, NothingIsColouredWithNoColorSetOrOnADumbTerminal) {
     serve({"home"});
     setenv("NO_COLOR", "1", 1);
     EXPECT_THAT(seen({"networks"}), StartsWith("SSID"));
@@ -115,7 +115,7 @@ TEST_F(OnATerminal, NothingIsColouredWhereNobodyWantsThat) {
     EXPECT_THAT(seen({"networks"}), StartsWith("SSID"));
 }
 
-/// Standard error is the terminal, and the client stands still in the middle of a load.
+/// A load that the client interrupts by a pause, with a terminal as standard error.
 class ALongLoad : public OnATerminal {
 protected:
     std::string seenOf(const std::vector<std::string>& ssids, const std::string& awaited) {
@@ -138,13 +138,13 @@ protected:
     test::TerminalPair m_terminal{80};
 };
 
-TEST_F(ALongLoad, HasALineAboutItThatIsErased) {
+TEST_F(ALongLoad, ShowsALineAndErasesIt) {
     const std::string text = seenOf({"one", "two", "three", "four"}, "Loading 4 networks: ");
     EXPECT_THAT(text, testing::EndsWith("\r\033[K"));
     EXPECT_THAT(text, Not(HasSubstr("\n")));
 }
 
-TEST_F(ALongLoad, OfFewNetworksHasNone) {
+TEST_F(ALongLoad, OfFewNetworksShowsNoLine) {
     EXPECT_EQ(seenOf({"one", "two", "three"}, ""), "");
 }
 

@@ -38,7 +38,7 @@ TEST_P(EveryScript, IsShownAsItIs) {
     EXPECT_TRUE(isUtf8(GetParam().text));
 }
 
-TEST_P(EveryScript, TakesAsManyCellsAsTheTerminalGivesIt) {
+TEST_P(EveryScript, TakesAsManyCellsAsOnATerminal) {
     EXPECT_EQ(cellsOf(GetParam().text), GetParam().cells);
 }
 
@@ -50,7 +50,7 @@ TEST_P(EveryScript, DoesNotDependOnTheLocale) {
     std::setlocale(LC_ALL, before.c_str());
 }
 
-TEST_P(EveryScript, IsCutToTheCellsThereAre) {
+TEST_P(EveryScript, IsCutToAnyNumberOfCells) {
     const std::string text = GetParam().text;
     for (unsigned int cells = 0; cells < GetParam().cells; ++cells) {
         const std::string cut = cutTo(text, cells);
@@ -91,16 +91,16 @@ const Escaped ESCAPED[] = {
     {"LineSeparator", "\u2028", R"(\xe2\x80\xa8)"},
 };
 
-class WhatWouldDisturb : public testing::TestWithParam<Escaped> {};
+class TextThatIsNotPrintable : public testing::TestWithParam<Escaped> {};
 
-TEST_P(WhatWouldDisturb, IsEscaped) {
+TEST_P(TextThatIsNotPrintable, IsEscaped) {
     EXPECT_EQ(printable(GetParam().bytes), GetParam().shown);
 }
 
-INSTANTIATE_TEST_SUITE_P(Text, WhatWouldDisturb, testing::ValuesIn(ESCAPED),
+INSTANTIATE_TEST_SUITE_P(Text, TextThatIsNotPrintable, testing::ValuesIn(ESCAPED),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST(Text, OfBytesThatAreNoUtf8IsNone) {
+TEST(Text, IsUtf8OnlyIfAllBytesAre) {
     for (const char* bytes : {"\xff", "a\xe5", "\xc0\xaf", "\xed\xa0\x80"})
         EXPECT_FALSE(isUtf8(bytes));
 }

@@ -1,10 +1,10 @@
-# What is wrong with a host, one thing after the other.
+# The command doctor on hosts with one fault each.
 # shellcheck shell=bash
 
 count_of() { grep -cF "\"health\": \"$1\"" "$OUT" || true; }
 
-# finds SUBJECT FOUND TO_DO COMMAND...: the only thing that the command finds bad; FOUND and TO_DO are
-# patterns.
+# finds SUBJECT FOUND TO_DO COMMAND...: expects that the command finds one fault, with these texts, which
+# are patterns.
 finds() {
     local subject=$1 found=$2 to_do=$3 place got status=0
     shift 3
@@ -19,7 +19,7 @@ finds() {
     result "what to do: $to_do" grep -qxE "$to_do" <<<"${got[2]}"
 }
 
-# restart_supplicant SCRIPT: with its configuration changed by a script for sed.
+# restart_supplicant SCRIPT: changes the configuration by a script for sed before the start.
 restart_supplicant() {
     stop_supplicant
     write_supplicant_conf "$LAB_SUPPLICANT_CONF"
@@ -48,7 +48,8 @@ finds_what_is_missing() {
     start_supplicant
 }
 
-# Root may use every socket; others cannot enter every folder that a checkout may be in.
+# Root may use every socket, so the program runs as another user, from a copy: that user may have no access
+# to the folder of the checkout.
 finds_a_closed_socket() {
     local copy=/tmp/copy
     mkdir -p $copy/{bin,lib,boot}

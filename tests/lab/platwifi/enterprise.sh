@@ -1,4 +1,4 @@
-# An enterprise network: PEAP, then with a wrong password.
+# An enterprise network with PEAP: with the right password, and with a wrong one.
 # shellcheck shell=bash
 
 test_enterprise() {

@@ -1,4 +1,4 @@
-# A network out of range, and a user who does not want to wait for it.
+# The attempt to connect to a network out of range: ended by its timeout, and by a signal.
 # shellcheck shell=bash
 # shellcheck disable=SC2317 # wait_for calls functions by name
 

@@ -1,4 +1,4 @@
-# A hidden network, as the reports have it; a WEP network.
+# A hidden network, also in the XML document and the dump; a WEP network.
 # shellcheck shell=bash
 
 writes_documents() {

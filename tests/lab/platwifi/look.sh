@@ -1,4 +1,4 @@
-# What is in range, and what there is without any network.
+# Commands that change nothing, on a host without configured networks.
 # shellcheck shell=bash
 # shellcheck disable=SC2317 # wait_for calls functions by name
 
@@ -16,12 +16,12 @@ expected_rows() {
 
 shown_rows() { awk 'NR > 1 { print $1, $2, $3, $4, $6 }' "$OUT" | LC_ALL=C sort; }
 
-# A single scan can miss a beacon; the supplicant remembers what it received before.
+# A single scan can miss a beacon; the supplicant also lists what it received before.
 scan_shows_all() {
     "$PLATWIFI" scan >"$OUT" 2>"$ERR" && [ "$(shown_rows)" = "$(expected_rows)" ]
 }
 
-# place_of BSSID: in the array; the strongest comes first, whoever that is.
+# place_of BSSID: its index in the array, which is sorted by signal.
 place_of() { grep -F '"bssid"' "$OUT" | grep -nF "$1" | awk -F : '{ print $1 - 1 }'; }
 
 scan_as_json() {

@@ -1,10 +1,10 @@
-# Another process that uses the settings hears of what the command line saves.
+# Another process with the settings reloads them after a save of the command line.
 # shellcheck shell=bash
 # shellcheck disable=SC2317 # wait_for calls functions by name
 
 block=/dev/shm/wifi_shmem
 
-# peer_has SSID: a line each way.
+# peer_has SSID: asks the other process, by one line each way.
 peer_has() {
     local answer
     echo "has $1 0" >&"${OTHER[1]}"
@@ -27,5 +27,5 @@ test_others() {
     result "the shared memory keeps its name" [ "$(stat -c %i $block)" = "$inode" ]
     kill "$pid"
     wait "$pid" 2>/dev/null || true
-    rm -f $block # as it would have, had it ended in an orderly way
+    rm -f $block # the process was killed, and could not remove it
 }

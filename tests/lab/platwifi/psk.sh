@@ -1,10 +1,10 @@
-# A network with a key: added in one save, connected, refused with a wrong key, mended, removed.
+# A network with a key: added in one save, connected, refused with a wrong key, corrected, removed.
 # shellcheck shell=bash
 
 watched=/tmp/watched
 
-# Stands in the place of the client, and writes down the word of each command and the arguments of
-# the program that gave it.
+# Puts a script in the place of the client. It logs the word of each command and the arguments of its parent
+# process, then runs the client.
 watch_client() {
     mkdir "$watched"
     cat >"$watched/wpa_cli" <<'CLIENT'

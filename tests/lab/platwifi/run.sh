@@ -1,4 +1,4 @@
-# Runs the command line and looks at what it says; for the job platwifi.
+# Functions of the job platwifi: they run the command line and check its output.
 # shellcheck shell=bash
 # shellcheck disable=SC2317 # result calls functions by name
 
@@ -8,12 +8,12 @@ XML=$BUILD_DIR/tests/lab_xml
 PEER=$BUILD_DIR/tests/settings_peer
 export PLATFORM_KEY_FILE=/tmp/keys/crypt.key
 
-# What the last run printed, on either stream; and everything that was printed.
+# The output of the last run, a file for each stream; and that of all runs.
 OUT=/tmp/out
 ERR=/tmp/err
 TRANSCRIPT=/tmp/transcript
 failures=0
-LONG_ENOUGH=3600 # for a connection, however slow the machine is
+CONNECT_TIMEOUT=3600 # seconds; no attempt takes so long, even on a slow machine
 LAB_WATCHED+=("$OUT" "$ERR")
 
 require_programs() {
@@ -28,7 +28,7 @@ require_programs() {
 
 supplicant_says() { client status 2>/dev/null | grep -E '^(wpa_state|ssid|id)=' | tr '\n' ' '; }
 
-# result TITLE COMMAND...
+# result TITLE COMMAND...: prints and counts the result of a check.
 result() {
     local title=$1
     shift
@@ -40,7 +40,7 @@ result() {
     fi
 }
 
-# run TITLE STATUS ARG...: what the program reads is what this function is given.
+# run TITLE STATUS ARG...: runs the program with the standard input of this function.
 run() {
     local title=$1 wanted=$2 status=0
     shift 2
@@ -49,7 +49,7 @@ run() {
     result "$title: status $wanted" [ "$status" = "$wanted" ]
 }
 
-# note COMMAND: what it printed goes to the output of the job.
+# note COMMAND: copies the output of the last run to the output of the job.
 note() {
     local lines more
     mapfile -t lines <"$OUT"
@@ -64,7 +64,7 @@ shows() { result "shows: $1" grep -qxE -- "$1" "$OUT"; }
 # lacks FILE TEXT
 lacks() { ! grep -qF -- "$2" "$1"; }
 
-# A failure is one line with the program's name, and nothing else.
+# The message of a failure is one line that begins with the program's name.
 complains_in_one_line() { [ "$(wc -l <"$ERR")" = 1 ] && grep -qxE -- "platwifi: $1" "$ERR"; }
 complains() { result "says in one line: $1" complains_in_one_line "$1"; }
 
@@ -91,32 +91,32 @@ connected_to() {
     [[ $status == *$'\n'"ssid=$1"$'\n'* && $status == *wpa_state=COMPLETED* ]]
 }
 
-# connects SSID: the supplicant says so, too.
+# connects SSID: the program and the supplicant report the connection.
 connects() {
-    run "connect" 0 connect --timeout $LONG_ENOUGH "$1"
+    run "connect" 0 connect --timeout $CONNECT_TIMEOUT "$1"
     shows "Connecting to $1: .*COMPLETED"
     shows "Connected to $1 after [0-9]+\.[0-9] s\."
     result "the supplicant is on $1" connected_to "$1"
 }
 
-# gives_up SSID CAUSE: it is sure before the time is over.
+# gives_up SSID CAUSE: the program reports the failure before the timeout.
 gives_up() {
     local line
-    run "connect" 1 connect --timeout $LONG_ENOUGH "$1"
+    run "connect" 1 connect --timeout $CONNECT_TIMEOUT "$1"
     complains "$1 is not connected after .* s, the last state is [A-Z0-9_]+: $2.*"
     line=$(sed -nE 's/.* after ([0-9]+)\..*/\1/p' "$ERR")
-    result "is sure before the time is over" [ "${line:-$LONG_ENOUGH}" -lt $LONG_ENOUGH ]
+    result "fails before the timeout" [ "${line:-$CONNECT_TIMEOUT}" -lt $CONNECT_TIMEOUT ]
     forget_refusal
 }
 
-# After a refusal the supplicant would stay away from the access point for a while.
+# After a refusal the supplicant avoids the access point for some time.
 forget_refusal() {
     client_ok disconnect
     wait_state 'INACTIVE|DISCONNECTED'
     client_ok bssid_ignore clear
 }
 
-# forget_networks: quicker than the program, which loads them before it removes one.
+# forget_networks: through the client; the program would load the networks before each removal.
 forget_networks() {
     client_ok remove_network all
     client_ok save_config

@@ -1,4 +1,4 @@
-# What it looks like in a terminal, whatever a network is called. The pictures stay in LAB_OUT.
+# The output in a terminal, with SSIDs of several scripts. The screens are kept in LAB_OUT.
 # shellcheck shell=bash
 # shellcheck disable=SC2317 # wait_for and result call functions by name
 
@@ -8,7 +8,7 @@ other_shown='مقهى 😀\x01\xff'
 
 in_hex() { printf '%s' "$1" | od -An -v -tx1 | tr -d ' \n'; }
 
-# rename SSID NAME: the access point with that SSID takes another name.
+# rename SSID NAME: gives the access point with that SSID another one.
 rename() {
     local interface
     interface=$(awk -F '\t' -v ssid="$1" '$1 == ssid { print $6 }' "$LAB_AP_TABLE")
@@ -16,7 +16,7 @@ rename() {
     hostapd_cli -p /run/hostapd -i "$interface" reload >/dev/null
 }
 
-# configure SSID: an open network, another way than the program's. Sets id.
+# configure SSID: adds an open network through the client. Sets id.
 configure() {
     id=$(client add_network)
     client_ok set_network "$id" ssid "$(in_hex "$1")"
@@ -30,7 +30,7 @@ is_drawn() { terminal capture-pane -p | grep -qE '^\[status [0-9]+\]$'; }
 
 without_blanks() { sed 's/ *$//; /^$/d'; }
 
-# picture NAME WIDTH COMMAND...: in a terminal of that width.
+# picture NAME WIDTH COMMAND...: runs the command in a terminal of that width, and keeps the screen.
 picture() {
     picture=$LAB_OUT/$1-$2
     local width=$2
@@ -47,11 +47,11 @@ picture() {
     result "no line is wider than the terminal" is_narrow_enough
 }
 
-# The terminal would break a line that is wider, and knows that it did.
+# The terminal breaks a wider line, and -J joins the lines that it has broken.
 is_narrow_enough() { terminal capture-pane -p -J | without_blanks | cmp - "$picture.txt"; }
 
-# places PATTERN: the cell and the line of each place where it begins, as the terminal counts them;
-# a pattern without brackets is no pattern to it.
+# places PATTERN: column and line of each match, as the terminal counts them. It takes a pattern without
+# brackets as plain text.
 places() {
     local place=(\; display -p '#{copy_cursor_x} #{copy_cursor_y}' \; send -X search-again) all=() i
     for ((i = 0; i < 12; ++i)); do all+=("${place[@]}"); done
@@ -59,7 +59,7 @@ places() {
         send -X search-forward "$1" "${all[@]}" | sort -u
 }
 
-# are_aligned PATTERN COUNT: found that often, and always at the same cell of a line.
+# are_aligned PATTERN COUNT: there are so many matches, all in the same column.
 are_aligned() {
     local found
     found=$(places "$1")
@@ -69,7 +69,7 @@ are_aligned() {
 has_colours() { grep -q $'\033' "$1"; }
 has_no_colours() { ! has_colours "$1"; }
 
-# has_table PATTERN [COUNT]: it is in the second column of so many lines, in all without a number.
+# has_table PATTERN [COUNT]: the second column of COUNT lines, by default of all, begins with a match.
 has_table() {
     local count=${2:-$(grep -vc '^\[status' "$picture.txt")}
     result "the second column begins at one cell in $count lines" are_aligned "$1" "$count"

@@ -1,7 +1,6 @@
-// The function that bash calls, called as bash calls it.
+// The completion function, called with the variables that bash sets for it.
 
-#include "ListedHost.h"
-#include "ShellOutput.h"
+#include "Shell.h"
 
 #include <fstream>
 #include <gmock/gmock.h>
@@ -32,8 +31,10 @@ Texts linesOf(const std::string& text) {
     return lines;
 }
 
-/// @param left      of the command line, before what readline replaces
-/// @param replaced  up to the cursor
+/// The completions of a command line.
+/// @param left      the text before the part that readline replaces
+/// @param replaced  that part, up to the cursor
+/// @param right     the text behind the cursor
 Texts replies(const std::string& left, const std::string& replaced, const std::string& right = "") {
     return linesOf(test::outputOf(CALL, {{"CLI_SOURCES", CLI_SOURCES},
                                          {"LEFT", left},
@@ -59,7 +60,7 @@ TEST_F(BashFunction, CompletesOptionsOfACommand) {
     EXPECT_THAT(replies("platwifi status ", "--t"), IsEmpty());
 }
 
-TEST_F(BashFunction, EscapesWhatTheShellWouldTakeApart) {
+TEST_F(BashFunction, EscapesWhatIsSpecialToTheShell) {
     EXPECT_THAT(replies("platwifi show ", ""),
                 UnorderedElementsAre("home", R"(My\ Net)", R"(\$HOME)", R"(Bob\'s\ \"Net\")",
                                      R"(back\\slash)", "Caf\u00e9", R"(bang\!all)", "a=b@c",
@@ -67,7 +68,7 @@ TEST_F(BashFunction, EscapesWhatTheShellWouldTakeApart) {
                                      R"(end\ )"));
 }
 
-TEST_F(BashFunction, GoesOnInTheQuotesThatAreOpen) {
+TEST_F(BashFunction, ContinuesInOpenQuotes) {
     EXPECT_THAT(replies("platwifi show \"", "My N"), ElementsAre("My Net"));
     EXPECT_THAT(replies("platwifi show \"", "Bob's"), ElementsAre(R"(Bob's \"Net\"")"));
     EXPECT_THAT(replies("platwifi show \"", "\\$"), ElementsAre(R"(\$HOME)"));
@@ -83,18 +84,18 @@ TEST_F(BashFunction, ReadsEveryWayOfQuotingBeforeTheCursor) {
     EXPECT_THAT(replies("platwifi \"show\" ", "hom"), ElementsAre("home"));
 }
 
-TEST_F(BashFunction, LooksAtNothingBehindTheCursor) {
+TEST_F(BashFunction, IgnoresTheTextBehindTheCursor) {
     EXPECT_THAT(replies("platwifi show ", "ho", "use --json"), ElementsAre("home"));
 }
 
-TEST_F(BashFunction, LeavesOutWhatStandsBeforeAWordBreak) {
+TEST_F(BashFunction, LeavesOutTheTextBeforeAWordBreak) {
     EXPECT_THAT(replies("platwifi show a=", "b"), ElementsAre("b@c"));
     EXPECT_THAT(replies("platwifi show ", "a=b"), ElementsAre("a=b@c"));
     EXPECT_THAT(replies("platwifi set home key_mgmt=", "WPA-P"), ElementsAre("WPA-PSK"));
     EXPECT_THAT(replies("platwifi set home ", "key_mgmt=WPA-P"), ElementsAre("key_mgmt=WPA-PSK"));
 }
 
-TEST_F(BashFunction, PutsNoBlankBehindWhatGoesOn) {
+TEST_F(BashFunction, PutsNoBlankBehindAnUnfinishedWord) {
     EXPECT_THAT(replies("platwifi set home ", "prio"), ElementsAre("<-o nospace>", "priority="));
     EXPECT_THAT(replies("platwifi set home psk=", ""),
                 UnorderedElementsAre("<-o nospace>", "-", "@"));
@@ -117,13 +118,13 @@ TEST_F(BashFunction, CompletesInterfaces) {
     EXPECT_THAT(replies("platwifi status --interface=", "wl"), ElementsAre("wlan0"));
 }
 
-TEST_F(BashFunction, IsSilentWithoutASupplicant) {
+TEST_F(BashFunction, PrintsNothingWithoutASupplicant) {
     m_host.reset();
     EXPECT_THAT(replies("platwifi show ", ""), IsEmpty());
 }
 
-TEST_F(BashFunction, IsSilentForAProgramThatIsNotThere) {
+TEST_F(BashFunction, UsesTheProgramOnThePathOrPrintsNothing) {
     EXPECT_THAT(replies("/nowhere/platwifi ", "stat"),
-                ElementsAre("status")); // by the one on the path
+                ElementsAre("status")); // from the program on the path
     EXPECT_THAT(linesOf(test::outputOf(std::string("PATH=/nowhere\n") + CALL).text), IsEmpty());
 }

@@ -13,7 +13,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-/// What the last word may become; "..." behind what goes on.
+/// The candidates for the last word, with "..." behind those that are not whole.
 Texts candidates(const Texts& words) {
     Texts texts;
     for (const cli::Candidate& candidate : cli::candidatesFor(words))
@@ -61,18 +61,18 @@ TEST_F(Candidates, DoNotTakeAnOptionOrItsValueForTheNetwork) {
     EXPECT_THAT(candidates({"show", ""}), ElementsAre("home"));
 }
 
-TEST_F(Candidates, NameANetworkAsItCanBeTyped) {
+TEST_F(Candidates, HaveTheNotationOfAnSsidThatCanBeTyped) {
     m_host.answers({"a\\\\nb", "bell\\x07", "bytes\\xff", "quote\\\""});
     EXPECT_THAT(candidates({"show", ""}),
                 ElementsAre("a\\\\nb", "bell\\x07", "bytes\\xff", "quote\""));
 }
 
-TEST_F(Candidates, LeaveOutNetworksThatCannotBeNamed) {
+TEST_F(Candidates, LeaveOutNetworksThatCannotBeFoundBySsid) {
     m_host.answers({"", "any", "02:00:00:00:01:00", "home"});
     EXPECT_THAT(candidates({"show", ""}), ElementsAre("home"));
 }
 
-TEST_F(Candidates, JoinANameThatArrivesInPieces) {
+TEST_F(Candidates, HaveAWholeSsidThatTheDriverHandsOutInPieces) {
     std::string notation;
     std::string bytes;
     for (int i = 0; i < 16; ++i) {
@@ -83,7 +83,7 @@ TEST_F(Candidates, JoinANameThatArrivesInPieces) {
     EXPECT_THAT(candidates({"show", ""}), ElementsAre("home", bytes, "cafe"));
 }
 
-TEST_F(Candidates, CostThreeCommandsOfTheClient) {
+TEST_F(Candidates, NeedThreeCommandsOfTheClient) {
     m_host.answers({"home"});
     candidates({"show", ""});
     EXPECT_LE(m_host.calls().size(), 3U);
@@ -95,7 +95,7 @@ TEST_F(Candidates, AreNoNetworksWithoutASupplicant) {
     EXPECT_THAT(candidates({"status", "-i", ""}), IsEmpty());
 }
 
-TEST_F(Candidates, ArePropertiesThatCanBeSetThatGoOn) {
+TEST_F(Candidates, ArePropertiesThatCanBeSet) {
     EXPECT_THAT(candidates({"set", "home", "prio"}), ElementsAre("priority=..."));
     EXPECT_THAT(candidates({"add", "new", "ps"}), ElementsAre("psk=..."));
     EXPECT_THAT(candidates({"set", "home", "priority=5", "mo"}), ElementsAre("mode=..."));
@@ -111,7 +111,7 @@ TEST_F(Candidates, AreTheWordsOfAProperty) {
     EXPECT_THAT(candidates({"set", "home", "nonsense="}), IsEmpty());
 }
 
-TEST_F(Candidates, AreTheTwoPlacesOfASecret) {
+TEST_F(Candidates, AreTheTwoSourcesOfASecret) {
     EXPECT_THAT(candidates({"set", "home", "psk="}), ElementsAre("psk=-", "psk=@..."));
     EXPECT_THAT(candidates({"set", "home", "key1="}), ElementsAre("key1=-", "key1=@..."));
 }

@@ -13,10 +13,10 @@
 namespace test {
 namespace {
 
-constexpr int LONGEST_SILENCE = 300000; // ms
+constexpr int READ_TIMEOUT = 300000; // ms
 constexpr const char* SETTINGS = "/tmp/interactive-bash";
 
-// The function stands in the program's place on a command line; the completion finds the program.
+// Bash calls this function in place of the program; the completion looks for the program on the path.
 constexpr char FUNCTION[] = R"(
 platwifi() { printf 'called:'; printf ' <%s>' "$@"; printf ' :done\n'; }
 bind 'set bell-style none' 'set show-all-if-ambiguous on' 'set page-completions off'
@@ -80,7 +80,7 @@ bool InteractiveBash::readUntil(const std::string& text) {
     pollfd input{m_terminal, POLLIN, 0};
     std::array<char, 4096> piece{};
     while (m_output.find(text) == std::string::npos) {
-        if (poll(&input, 1, LONGEST_SILENCE) != 1)
+        if (poll(&input, 1, READ_TIMEOUT) != 1)
             return false;
         const ssize_t size = read(m_terminal, piece.data(), piece.size());
         if (size <= 0)

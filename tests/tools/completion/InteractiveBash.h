@@ -5,11 +5,11 @@
 
 namespace test {
 
-/// A bash on a terminal of its own, with the completion of the program, and with a function in the
-/// program's place that shows its arguments. A key pressed is a byte written.
+/// An interactive bash on a pseudoterminal, with the completion of the program. A function in place of the
+/// program prints its arguments.
 class InteractiveBash {
 public:
-    /// @param setUp  commands that come before the completion
+    /// @param setUp  commands that bash runs before it loads the completion
     explicit InteractiveBash(const std::string& setUp = "");
     ~InteractiveBash();
 
@@ -17,11 +17,11 @@ public:
     InteractiveBash& operator=(const InteractiveBash&) = delete;
 
     /// Types the keys and RETURN.
-    /// @return what the program is called with: each argument in angle brackets
+    /// @return the arguments of the program, each in angle brackets
     std::string argumentsAfter(const std::string& keys);
 
-    /// Types the keys, and waits until the terminal shows this text, which the keys do not hold.
-    /// @return false where bash ends, or falls silent, before that
+    /// Types the keys, and waits until the terminal shows this text, which the keys do not contain.
+    /// @return false if bash ends, or prints nothing for five minutes, before that
     bool shows(const std::string& text, const std::string& keys);
 
 private:

@@ -1,7 +1,7 @@
-// The TAB key in a real shell on a terminal. What counts is what the command is called with then.
+// The TAB key in an interactive bash. The tests look at the arguments that the program is then called with.
 
 #include "InteractiveBash.h"
-#include "ListedHost.h"
+#include "Shell.h"
 
 #include <filesystem>
 #include <fstream>
@@ -20,7 +20,7 @@ protected:
 };
 
 /// With "=", ":" and "@" in COMP_WORDBREAKS, and without.
-class TabBehindASign : public testing::TestWithParam<const char*> {
+class TabAtAWordBreak : public testing::TestWithParam<const char*> {
 protected:
     test::ListedHost m_host;
     test::InteractiveBash m_bash{GetParam()};
@@ -32,7 +32,7 @@ TEST_F(Tab, CompletesACommandWithABlank) {
     EXPECT_EQ(m_bash.argumentsAfter("platwifi conn\thome"), "<connect> <home>");
 }
 
-TEST_F(Tab, CompletesNetworksThatAShellWouldTakeApart) {
+TEST_F(Tab, CompletesNetworksWithSpecialCharacters) {
     EXPECT_EQ(m_bash.argumentsAfter("platwifi show My\t--json"), "<show> <My Net> <--json>");
     EXPECT_EQ(m_bash.argumentsAfter("platwifi set \\$\tx"), "<set> <$HOME> <x>");
     EXPECT_EQ(m_bash.argumentsAfter("platwifi connect Bo\tx"), "<connect> <Bob's \"Net\"> <x>");
@@ -46,7 +46,7 @@ TEST_F(Tab, CompletesNetworksThatAShellWouldTakeApart) {
     EXPECT_EQ(m_bash.argumentsAfter("platwifi show -- -\tx"), "<show> <--> <-dash> <x>");
 }
 
-TEST_F(Tab, GoesOnInQuotesAndClosesThem) {
+TEST_F(Tab, ContinuesInQuotesAndClosesThem) {
     EXPECT_EQ(m_bash.argumentsAfter("platwifi show \"My N\tx"), "<show> <My Net> <x>");
     EXPECT_EQ(m_bash.argumentsAfter("platwifi show 'My N\tx"), "<show> <My Net> <x>");
     EXPECT_EQ(m_bash.argumentsAfter("platwifi show \"Bob\tx"), "<show> <Bob's \"Net\"> <x>");
@@ -56,7 +56,7 @@ TEST_F(Tab, GoesOnInQuotesAndClosesThem) {
     EXPECT_EQ(m_bash.argumentsAfter("platwifi show My\\ \tx"), "<show> <My Net> <x>");
 }
 
-TEST_F(Tab, ShowsWhatThereIsToChooseFrom) {
+TEST_F(Tab, ListsTheCandidatesIfThereAreSeveral) {
     EXPECT_TRUE(m_bash.shows("status", "platwifi s\t"));
     EXPECT_EQ(m_bash.argumentsAfter("can"), "<scan>");
 }
@@ -71,7 +71,7 @@ TEST_F(Tab, WorksInTheMiddleOfALine) {
               "<show> <My Net> <x>");
 }
 
-TEST_P(TabBehindASign, CompletesAPropertyWithoutABlankAndItsWords) {
+TEST_P(TabAtAWordBreak, CompletesAPropertyWithoutABlankAndItsWords) {
     EXPECT_EQ(m_bash.argumentsAfter("platwifi set home prio\t5"), "<set> <home> <priority=5>");
     EXPECT_EQ(m_bash.argumentsAfter("platwifi set home key_m\tWPA-E\tx"),
               "<set> <home> <key_mgmt=WPA-EAP> <x>");
@@ -81,13 +81,13 @@ TEST_P(TabBehindASign, CompletesAPropertyWithoutABlankAndItsWords) {
               "<set> <home> <key_mgmt=WPA-PSK> <x>");
 }
 
-TEST_P(TabBehindASign, CompletesNetworksWithSigns) {
+TEST_P(TabAtAWordBreak, CompletesNetworksWithSigns) {
     EXPECT_EQ(m_bash.argumentsAfter("platwifi show a\tx"), "<show> <a=b@c> <x>");
     EXPECT_EQ(m_bash.argumentsAfter("platwifi show a=\tx"), "<show> <a=b@c> <x>");
     EXPECT_EQ(m_bash.argumentsAfter("platwifi show a=b@\tx"), "<show> <a=b@c> <x>");
 }
 
-TEST_P(TabBehindASign, CompletesTheFileOfASecret) {
+TEST_P(TabAtAWordBreak, CompletesTheFileOfASecret) {
     mkdir("/tmp/one file", 0700);
     std::ofstream("/tmp/one file/a:b=c key");
     const std::string called = "<set> <home> <psk=@/tmp/one file/a:b=c key> <x>";
@@ -97,13 +97,13 @@ TEST_P(TabBehindASign, CompletesTheFileOfASecret) {
     EXPECT_EQ(m_bash.argumentsAfter("platwifi set home psk=\t-"), "<set> <home> <psk=->");
 }
 
-TEST_P(TabBehindASign, CompletesTheInterface) {
+TEST_P(TabAtAWordBreak, CompletesTheInterface) {
     EXPECT_EQ(m_bash.argumentsAfter("platwifi status --interface=\tx"),
               "<status> <--interface=wlan0> <x>");
     EXPECT_EQ(m_bash.argumentsAfter("platwifi status -i \tx"), "<status> <-i> <wlan0> <x>");
 }
 
-INSTANTIATE_TEST_SUITE_P(WordBreaks, TabBehindASign, testing::Values("", FEWER_BREAKS));
+INSTANTIATE_TEST_SUITE_P(WordBreaks, TabAtAWordBreak, testing::Values("", FEWER_BREAKS));
 
 TEST(TabWithHelpers, WorksBesideTheCompletionOfTheSystem) {
     if (!std::filesystem::exists(HELPERS))

@@ -1,6 +1,6 @@
-// The manual page, the completion and the program's own help tell the same.
+// The manual page, the completion and the program's own help agree.
 
-#include "ShellOutput.h"
+#include "Shell.h"
 
 #include <fstream>
 #include <gmock/gmock.h>
@@ -28,7 +28,7 @@ std::string output(const std::string& script) {
     return test::outputOf(script).text;
 }
 
-/// What stands between a heading and the next line that the end describes.
+/// The text between a heading and the next occurrence of `end`.
 std::string section(const std::string& text, const std::string& heading, const std::string& end) {
     const std::size_t start = text.find(heading);
     if (start == std::string::npos)
@@ -37,7 +37,7 @@ std::string section(const std::string& text, const std::string& heading, const s
     return text.substr(behind, text.find(end, behind) - behind);
 }
 
-/// The first group of the pattern, wherever it stands in the text.
+/// The first group of all matches of the pattern in the text.
 Names found(const std::string& text, const char* pattern) {
     const std::regex expression(pattern, std::regex::ECMAScript | std::regex::multiline);
     Names names;
@@ -95,12 +95,12 @@ TEST(ManualPage, HasTheOptionsOfEveryCommandAndNoOther) {
     EXPECT_EQ(found(pageSection("OPTIONS"), "(?:It| ,) Fl ([^ \n]+)"), known);
 }
 
-TEST(ManualPage, HasTheMembersThatAreReportedAsWellAsSet) {
+TEST(ManualPage, HasTheMembersThatAreOnlyReported) {
     for (const char* const name : {"ssid", "status", "strength", "channel"})
         EXPECT_THAT(pageSection("PROPERTIES"), testing::HasSubstr(std::string(".Em ") + name));
 }
 
-TEST(ManualPage, IsFreeOfFaults) {
+TEST(ManualPage, HasNoFaults) {
     if (test::outputOf("command -v mandoc").status == 0) {
         const auto lint = test::outputOf(std::string("mandoc -T lint -W warning ") + PAGE);
         EXPECT_EQ(lint.status, 0) << lint.text;

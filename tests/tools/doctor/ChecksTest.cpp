@@ -1,4 +1,4 @@
-// Which checks are made, in which order, and what keeps the supplicant from being reached.
+// Which checks run, in which order, and which findings are obstacles to reaching the supplicant.
 
 #include "checks/Checks.h"
 
@@ -29,12 +29,12 @@ std::vector<std::string> subjectsOf(const std::vector<Finding>& findings) {
 }
 
 std::vector<std::string> subjectsThatAre(Health health, const std::vector<Finding>& findings) {
-    std::vector<Finding> some;
+    std::vector<Finding> selected;
     for (const Finding& finding : findings) {
         if (finding.health == health)
-            some.push_back(finding);
+            selected.push_back(finding);
     }
-    return subjectsOf(some);
+    return subjectsOf(selected);
 }
 
 std::set<std::string> filesIn(const std::string& folder) {
@@ -44,38 +44,38 @@ std::set<std::string> filesIn(const std::string& folder) {
     return files;
 }
 
-TEST_F(Checks, FindAHealthyHostInOrder) {
+TEST_F(Checks, FindNoFaultOnAHealthyHost) {
     const auto findings = cli::examine("");
     EXPECT_THAT(subjectsOf(findings),
                 ElementsAre("client", "process lister", "supplicant", "control socket", "reply",
                             "interface", "update_config", "configuration", "key file",
                             "shared memory", "pid file"));
-    EXPECT_EQ(subjectsThatAre(Health::good, findings), subjectsOf(findings));
+    EXPECT_EQ(subjectsThatAre(Health::GOOD, findings), subjectsOf(findings));
     for (const Finding& finding : findings) {
         EXPECT_NE(finding.found, "") << finding.subject;
         EXPECT_EQ(finding.toDo, "") << finding.subject;
     }
 }
 
-TEST_F(Checks, FindTheSameForTheInterfaceOfThatName) {
-    EXPECT_EQ(subjectsThatAre(Health::good, cli::examine("wlan0")).size(), 11U);
+TEST_F(Checks, FindNoFaultForANamedInterface) {
+    EXPECT_EQ(subjectsThatAre(Health::GOOD, cli::examine("wlan0")).size(), 11U);
 }
 
-TEST_F(Checks, LeaveOutWhatCannotBeLookedAt) {
+TEST_F(Checks, LeaveOutWhatNeedsTheSupplicantThatIsNotRunning) {
     m_standIn.reset();
     m_standIn.on({"*"}).prints("1 init\n");
     const auto findings = cli::examine("");
     EXPECT_THAT(subjectsOf(findings), ElementsAre("client", "process lister", "supplicant",
                                                   "key file", "shared memory", "pid file"));
-    EXPECT_THAT(subjectsThatAre(Health::bad, findings), ElementsAre("supplicant"));
+    EXPECT_THAT(subjectsThatAre(Health::BAD, findings), ElementsAre("supplicant"));
 }
 
-TEST_F(Checks, GoOnBehindWhatIsNoObstacle) {
+TEST_F(Checks, GoOnAfterAFaultThatIsNoObstacle) {
     m_standIn.reset();
     m_standIn.on({"-iwlan0", "get", "update_config"}).prints("0");
     answer();
     const auto findings = cli::examine("");
-    EXPECT_THAT(subjectsThatAre(Health::bad, findings), ElementsAre("update_config"));
+    EXPECT_THAT(subjectsThatAre(Health::BAD, findings), ElementsAre("update_config"));
     EXPECT_EQ(findings.size(), 11U);
 }
 
@@ -88,7 +88,7 @@ TEST_F(Checks, LeaveNothingBehind) {
     EXPECT_FALSE(std::filesystem::exists("/dev/shm/wifi_shmem"));
 }
 
-TEST_F(Checks, OnlyAskTheSupplicant) {
+TEST_F(Checks, ChangeNothingInTheSupplicant) {
     cli::examine("");
     for (const auto& call : m_standIn.calls()) {
         const std::string& word = call.at(call.size() > 2 ? 2 : 1);
@@ -101,7 +101,7 @@ TEST_F(Checks, FindNoObstacleOnAHealthyHost) {
     EXPECT_FALSE(cli::obstacle("wlan0"));
 }
 
-TEST_F(Checks, FindNoObstacleInWhatKeepsOnlyASaveFromWorking) {
+TEST_F(Checks, CountNoFaultAsAnObstacleThatOnlyPreventsASave) {
     m_standIn.reset();
     m_standIn.on({"-iwlan0", "get", "update_config"}).prints("0");
     answer();

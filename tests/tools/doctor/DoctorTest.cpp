@@ -1,9 +1,10 @@
-// What the command prints, and how it ends.
+// The output and the exit status of the command doctor.
 
 #include "CommandLine.h"
 #include "DoctorWorld.h"
 #include "commands/Commands.h"
 #include "display/Text.h"
+#include "host/Host.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
@@ -18,7 +19,7 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 
-/// std::cout into a text for as long as it lives.
+/// Captures std::cout while the object exists.
 class Captured {
 public:
     Captured() : m_before(std::cout.rdbuf(m_text.rdbuf())) {}
@@ -55,14 +56,14 @@ protected:
     cli::Status m_status = cli::WRONG_USE;
 };
 
-TEST_F(Doctor, EndsWellWhereNothingIsWrong) {
+TEST_F(Doctor, SucceedsIfNothingIsWrong) {
     const std::string text = printed();
     EXPECT_EQ(m_status, cli::DONE);
     EXPECT_THAT(text, HasSubstr("\nok    update_config   is on: changes can be saved\n"));
     EXPECT_THAT(text, EndsWith("\nEverything is in order.\n"));
 }
 
-TEST_F(Doctor, TellsWhatIsWrongAndWhatToDo) {
+TEST_F(Doctor, PrintsWhatIsWrongAndWhatToDo) {
     turnSavingOff();
     const std::string text = printed();
     EXPECT_EQ(m_status, cli::FAILED);
@@ -89,7 +90,7 @@ TEST_F(Doctor, CountsWhatIsWrong) {
     std::filesystem::remove("/dev/shm/wifi_shmem");
 }
 
-TEST_F(Doctor, EndsWellWhereThereIsOnlySomethingToNote) {
+TEST_F(Doctor, SucceedsIfThereAreOnlyNotes) {
     m_standIn.reset();
     m_standIn.on({"-iwlan0", "get", "update_config"}).prints("FAIL\n");
     answer();
@@ -99,7 +100,7 @@ TEST_F(Doctor, EndsWellWhereThereIsOnlySomethingToNote) {
     EXPECT_THAT(text, EndsWith("\nNothing is wrong.\n"));
 }
 
-TEST_F(Doctor, UsesColoursOnlyWhereTheConsoleHasThem) {
+TEST_F(Doctor, UsesColoursOnlyOnAConsoleThatHasThem) {
     turnSavingOff();
     EXPECT_THAT(printed(), Not(HasSubstr("\033")));
     m_console.hasColours = true;
@@ -118,7 +119,7 @@ TEST_F(Doctor, IsNeverWiderThanTheConsole) {
     }
 }
 
-TEST_F(Doctor, AlignsWhatItContinues) {
+TEST_F(Doctor, AlignsTheLinesOfAText) {
     std::filesystem::remove_all(FOLDER);
     m_console.width = 60;
     EXPECT_THAT(printed(),
@@ -128,12 +129,12 @@ TEST_F(Doctor, AlignsWhatItContinues) {
                           "                      ctrl_interface=DIR=/run/wpa_supplicant\n"));
 }
 
-TEST_F(Doctor, PutsTheTextsBelowWhereTheConsoleIsNarrow) {
+TEST_F(Doctor, PutsTheTextsBelowTheSubjectOnANarrowConsole) {
     m_console.width = 30;
     EXPECT_THAT(printed(), HasSubstr("\nok    control socket\n  /run/wpa_supplicant/wlan0\n"));
 }
 
-TEST_F(Doctor, PrintsNothingThatATerminalWouldObey) {
+TEST_F(Doctor, EscapesWhatWouldControlTheTerminal) {
     m_request.iface = "\033[31m";
     EXPECT_THAT(printed(), HasSubstr("does not serve \\x1b[31m"));
 }
@@ -153,7 +154,7 @@ TEST_F(Doctor, PrintsJson) {
               "put update_config=1 into the supplicant's configuration, then restart it");
 }
 
-TEST_F(Doctor, PrintsJsonOfBytesThatAreNoText) {
+TEST_F(Doctor, PrintsJsonOfBytesThatAreNoUtf8) {
     m_request.json = true;
     m_request.iface = "\xff";
     EXPECT_TRUE(Json::accept(printed()));

@@ -12,8 +12,8 @@
 
 namespace test {
 
-/// What stands at the path of a control socket, as the supplicant puts it there. Nobody listens any
-/// more when the object is gone; the socket stays.
+/// Listens at the path of a control socket, as the supplicant does. The destructor stops that and leaves
+/// the file of the socket.
 class ListeningSocket {
 public:
     explicit ListeningSocket(const std::string& path);
@@ -25,7 +25,8 @@ private:
     int m_socket;
 };
 
-/// Makes this process one of the user and the group nobody, where it is root's.
+/// Gives this process the user and the group "nobody" while the object exists, if it runs as root.
+/// Converts to whether it does so.
 class OrdinaryUser {
 public:
     OrdinaryUser();
@@ -39,7 +40,7 @@ private:
     bool m_done;
 };
 
-/// A host on which everything is in order, with a supplicant that serves wlan0. Tests spoil it.
+/// A host without faults, with a supplicant that serves wlan0. Each test adds its fault.
 class DoctorWorld : public testing::Test {
 protected:
     static const std::string FOLDER; ///< of the control sockets
@@ -49,7 +50,8 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
-    /// Makes the rules of such a host. To spoil one, forget them, make its own first, then these.
+    /// Adds the answers of such a supplicant. The first one that fits counts: to change one, a test
+    /// resets the stand-in, adds its own answer, and calls this.
     void answer();
 
     StandIn m_standIn;

@@ -1,4 +1,4 @@
-// The programs that the library runs, the supplicant's process and its pid file.
+// The checks of the programs that the library runs, of the supplicant's process and of its pid file.
 
 #include "DoctorWorld.h"
 
@@ -26,91 +26,91 @@ protected:
     }
 };
 
-TEST_F(ProgramChecks, TellWhereTheClientReallyIs) {
+TEST_F(ProgramChecks, ShowThePathThatALinkToTheClientLeadsTo) {
     replace("elsewhere", std::filesystem::perms::owner_all);
     std::filesystem::remove(program("wpa_cli"));
     std::filesystem::create_symlink("elsewhere", program("wpa_cli"));
     const Finding finding = cli::checkClient("");
-    EXPECT_EQ(finding.health, Health::good);
+    EXPECT_EQ(finding.health, Health::GOOD);
     EXPECT_EQ(finding.found, program("elsewhere"));
 }
 
-TEST_F(ProgramChecks, MissTheClient) {
+TEST_F(ProgramChecks, ReportAMissingClient) {
     std::filesystem::remove(program("wpa_cli"));
     const Finding finding = cli::checkClient("");
-    EXPECT_EQ(finding.health, Health::bad);
+    EXPECT_EQ(finding.health, Health::BAD);
     EXPECT_EQ(finding.found, "there is no program " + program("wpa_cli"));
     EXPECT_THAT(finding.toDo, HasSubstr("apt-get install wpasupplicant"));
 }
 
-TEST_F(ProgramChecks, MissAClientThatALinkPromises) {
+TEST_F(ProgramChecks, ReportALinkToAMissingClient) {
     std::filesystem::remove(program("wpa_cli"));
     std::filesystem::create_symlink("/no/such/client", program("wpa_cli"));
-    EXPECT_EQ(cli::checkClient("").health, Health::bad);
+    EXPECT_EQ(cli::checkClient("").health, Health::BAD);
 }
 
-TEST_F(ProgramChecks, TakeAFolderForNoProgram) {
+TEST_F(ProgramChecks, ReportAFolderInPlaceOfTheClient) {
     std::filesystem::remove(program("wpa_cli"));
     std::filesystem::create_directory(program("wpa_cli"));
-    EXPECT_EQ(cli::checkClient("").health, Health::bad);
+    EXPECT_EQ(cli::checkClient("").health, Health::BAD);
 }
 
-TEST_F(ProgramChecks, FindAClientThatCannotBeExecuted) {
+TEST_F(ProgramChecks, ReportAClientThatCannotBeExecuted) {
     replace("wpa_cli", std::filesystem::perms::owner_read);
     const Finding finding = cli::checkClient("");
-    EXPECT_EQ(finding.health, Health::bad);
+    EXPECT_EQ(finding.health, Health::BAD);
     EXPECT_EQ(finding.toDo, "allow it: chmod a+x " + program("wpa_cli"));
 }
 
-TEST_F(ProgramChecks, MissTheProcessLister) {
-    EXPECT_EQ(cli::checkProcessLister("").health, Health::good);
+TEST_F(ProgramChecks, ReportAMissingProcessLister) {
+    EXPECT_EQ(cli::checkProcessLister("").health, Health::GOOD);
     std::filesystem::remove(program("pidin"));
     const Finding finding = cli::checkProcessLister("");
-    EXPECT_EQ(finding.health, Health::bad);
+    EXPECT_EQ(finding.health, Health::BAD);
     EXPECT_EQ(finding.found, "there is no program " + program("pidin"));
 }
 
-TEST_F(ProgramChecks, TellHowToStartTheSupplicantForTheInterface) {
-    EXPECT_EQ(cli::checkProcess("").health, Health::good);
+TEST_F(ProgramChecks, SayHowToStartTheSupplicantForTheInterface) {
+    EXPECT_EQ(cli::checkProcess("").health, Health::GOOD);
     m_standIn.reset();
     m_standIn.on({"*"}).prints("1 init\n");
     const Finding finding = cli::checkProcess("wlan5");
-    EXPECT_EQ(finding.health, Health::bad);
+    EXPECT_EQ(finding.health, Health::BAD);
     EXPECT_EQ(finding.found, "wpa_supplicant is not running");
     EXPECT_THAT(finding.toDo, HasSubstr("-i wlan5 -c FILE"));
     EXPECT_THAT(cli::checkProcess("").toDo, HasSubstr("-i wlan0 -c FILE"));
 }
 
-TEST_F(ProgramChecks, FindTheSupplicantWhateverTheInterfaceIsCalled) {
-    EXPECT_EQ(cli::checkProcess("a name that no interface can have").health, Health::good);
+TEST_F(ProgramChecks, FindTheSupplicantWithAnyNameOfAnInterface) {
+    EXPECT_EQ(cli::checkProcess("a name that no interface can have").health, Health::GOOD);
 }
 
-TEST_F(ProgramChecks, AreContentWithoutAPidFile) {
-    EXPECT_EQ(cli::checkPidFile("").health, Health::good);
+TEST_F(ProgramChecks, AcceptAMissingPidFile) {
+    EXPECT_EQ(cli::checkPidFile("").health, Health::GOOD);
 }
 
-TEST_F(ProgramChecks, AreContentWithThePidFileOfALivingProcess) {
+TEST_F(ProgramChecks, AcceptThePidFileOfARunningProcess) {
     std::ofstream(PID_FILE) << getpid() << '\n';
     const Finding finding = cli::checkPidFile("");
-    EXPECT_EQ(finding.health, Health::good);
+    EXPECT_EQ(finding.health, Health::GOOD);
     EXPECT_EQ(finding.found, "names process " + std::to_string(getpid()));
 }
 
-TEST_F(ProgramChecks, NoteAPidFileLeftBehind) {
+TEST_F(ProgramChecks, NoteThePidFileOfAProcessThatHasEnded) {
     const pid_t child = fork();
     if (child == 0)
         _exit(0);
     waitpid(child, nullptr, 0);
     std::ofstream(PID_FILE) << child << '\n';
     const Finding finding = cli::checkPidFile("");
-    EXPECT_EQ(finding.health, Health::note);
+    EXPECT_EQ(finding.health, Health::NOTE);
     EXPECT_EQ(finding.toDo, "remove it as root: rm " + PID_FILE);
 }
 
 TEST_F(ProgramChecks, NoteAPidFileThatNamesNoProcess) {
     for (const char* const text : {"", "none\n", "-1\n", "0\n"}) {
         std::ofstream(PID_FILE) << text;
-        EXPECT_EQ(cli::checkPidFile("").health, Health::note) << text;
+        EXPECT_EQ(cli::checkPidFile("").health, Health::NOTE) << text;
     }
 }
 

@@ -1,7 +1,7 @@
-// The memory that processes share: what stands under its name, and who uses it.
+// The check of the shared memory: whether the library would use it, and which processes do.
 
 #include "checks/CheckFunctions.h"
-#include "process/OtherProcesses.h"
+#include "process/SharedBlock.h"
 #include "watchdog/SharedSignalBlock.h"
 
 #include <gmock/gmock.h>
@@ -38,38 +38,38 @@ protected:
 };
 
 /// A process that has the block mapped for as long as the object lives.
-class User {
+class BlockUser {
 public:
     enum class Where {
-        here,
-        elsewhere ///< where a block of its own stands under the same name
+        HERE,
+        OTHER_MOUNT ///< maps a block of its own, which has the same name in another mount namespace
     };
 
-    explicit User(Where where = Where::here) {
+    explicit BlockUser(Where where = Where::HERE) {
         int ready[2];
         EXPECT_EQ(pipe(ready), 0);
         m_process = fork();
         if (m_process == 0)
-            mapAndStay(where, ready[1]);
+            mapAndPause(where, ready[1]);
         close(ready[1]);
         char byte = 0;
-        m_isThere = read(ready[0], &byte, 1) == 1;
+        m_isMapped = read(ready[0], &byte, 1) == 1;
         close(ready[0]);
     }
-    ~User() {
+    ~BlockUser() {
         kill(m_process, SIGKILL);
         waitpid(m_process, nullptr, 0);
     }
-    User(const User&) = delete;
-    User& operator=(const User&) = delete;
+    BlockUser(const BlockUser&) = delete;
+    BlockUser& operator=(const BlockUser&) = delete;
 
-    bool isThere() const { return m_isThere; }
+    bool isMapped() const { return m_isMapped; }
     std::string id() const { return std::to_string(m_process); }
 
 private:
-    [[noreturn]] static void mapAndStay(Where where, int ready) {
-        if (where == Where::elsewhere)
-            goElsewhere();
+    [[noreturn]] static void mapAndPause(Where where, int ready) {
+        if (where == Where::OTHER_MOUNT)
+            mountOtherBlock();
         const int file = open(BLOCK_PATH, O_RDWR | O_CLOEXEC);
         if (mmap(nullptr, SIZE, PROT_READ, MAP_SHARED, file, 0) == MAP_FAILED ||
             write(ready, "", 1) != 1)
@@ -78,67 +78,67 @@ private:
             pause();
     }
 
-    static void goElsewhere() {
+    static void mountOtherBlock() {
         if (unshare(CLONE_NEWNS) != 0 || mount("private", "/dev/shm", "tmpfs", 0, nullptr) != 0)
             _exit(1);
         put(SIZE);
     }
 
     pid_t m_process = 0;
-    bool m_isThere = false;
+    bool m_isMapped = false;
 };
 
 void expectBad(const std::string& found, const std::string& toDo) {
     const Finding finding = cli::checkSharedMemory("");
-    EXPECT_EQ(finding.health, Health::bad);
+    EXPECT_EQ(finding.health, Health::BAD);
     EXPECT_THAT(finding.found, HasSubstr(found));
     EXPECT_THAT(finding.toDo, HasSubstr(toDo));
 }
 
-TEST_F(SharedMemoryChecks, AreContentWithoutIt) {
-    EXPECT_EQ(cli::checkSharedMemory("").health, Health::good);
-    EXPECT_FALSE(std::filesystem::exists(BLOCK_PATH)) << "none is made";
+TEST_F(SharedMemoryChecks, AcceptThatThereIsNone) {
+    EXPECT_EQ(cli::checkSharedMemory("").health, Health::GOOD);
+    EXPECT_FALSE(std::filesystem::exists(BLOCK_PATH)) << "the check creates none";
 }
 
-TEST_F(SharedMemoryChecks, NameWhoUsesIt) {
+TEST_F(SharedMemoryChecks, NameTheProcessesThatUseIt) {
     put(SIZE);
-    const User one;
-    ASSERT_TRUE(one.isThere());
+    const BlockUser one;
+    ASSERT_TRUE(one.isMapped());
     EXPECT_EQ(cli::checkSharedMemory("").found, "used by process " + one.id());
-    const User other;
-    ASSERT_TRUE(other.isThere());
+    const BlockUser other;
+    ASSERT_TRUE(other.isMapped());
     const Finding finding = cli::checkSharedMemory("");
-    EXPECT_EQ(finding.health, Health::good);
+    EXPECT_EQ(finding.health, Health::GOOD);
     EXPECT_THAT(finding.found, HasSubstr("used by processes "));
     EXPECT_THAT(finding.found, HasSubstr(" " + one.id()));
     EXPECT_THAT(finding.found, HasSubstr(" " + other.id()));
 }
 
-TEST_F(SharedMemoryChecks, NoteOneThatNobodyUses) {
+TEST_F(SharedMemoryChecks, NoteOneThatNoProcessUses) {
     put(SIZE);
     const Finding finding = cli::checkSharedMemory("");
-    EXPECT_EQ(finding.health, Health::note);
+    EXPECT_EQ(finding.health, Health::NOTE);
     EXPECT_THAT(finding.found, HasSubstr("left behind"));
     EXPECT_THAT(finding.toDo, HasSubstr("rm /dev/shm/wifi_shmem"));
-    EXPECT_TRUE(std::filesystem::exists(BLOCK_PATH)) << "it stays";
+    EXPECT_TRUE(std::filesystem::exists(BLOCK_PATH)) << "the check does not remove it";
 }
 
-TEST_F(SharedMemoryChecks, CountNobodyWhoUsesAnotherOfThatName) {
+TEST_F(SharedMemoryChecks, DoNotCountAProcessThatUsesAnotherBlockOfThatName) {
     put(SIZE);
-    const User stranger(User::Where::elsewhere);
-    if (!stranger.isThere())
+    const BlockUser stranger(BlockUser::Where::OTHER_MOUNT);
+    if (!stranger.isMapped())
         GTEST_SKIP() << "this system allows no mounts of one's own";
-    EXPECT_EQ(cli::checkSharedMemory("").health, Health::note);
+    EXPECT_EQ(cli::checkSharedMemory("").health, Health::NOTE);
 }
 
-TEST_F(SharedMemoryChecks, FindOneOfAnotherSize) {
+TEST_F(SharedMemoryChecks, ReportOneOfAnotherSize) {
     put(SIZE + 1);
     expectBad("made by another build: it has " + std::to_string(SIZE + 1) + " bytes, not " +
                   std::to_string(SIZE),
               "rm /dev/shm/wifi_shmem");
 }
 
-TEST_F(SharedMemoryChecks, FindWhatIsNoMemory) {
+TEST_F(SharedMemoryChecks, ReportWhatIsNoRegularFile) {
     std::filesystem::create_symlink("/dev/shm/elsewhere", BLOCK_PATH);
     expectBad("not a regular file", "rm /dev/shm/wifi_shmem");
     std::filesystem::remove(BLOCK_PATH);
@@ -146,14 +146,14 @@ TEST_F(SharedMemoryChecks, FindWhatIsNoMemory) {
     expectBad("not a regular file", "rm /dev/shm/wifi_shmem");
 }
 
-TEST_F(SharedMemoryChecks, FindOneOfAnotherUser) {
+TEST_F(SharedMemoryChecks, ReportOneOfAnotherUser) {
     put(SIZE);
     if (chown(BLOCK_PATH, NOBODY, NOBODY) != 0)
         GTEST_SKIP() << "only root can give a file away";
     expectBad("belongs to another user", "let all of them run as one user");
 }
 
-class OfRoot : public SharedMemoryChecks {
+class BlockOfRoot : public SharedMemoryChecks {
 protected:
     void SetUp() override {
         put(SIZE);
@@ -171,14 +171,14 @@ protected:
     }
 };
 
-TEST_F(OfRoot, IsBadWhereItIsClosedToThisUser) {
+TEST_F(BlockOfRoot, IsBadWhereItIsClosedToThisUser) {
     setMode(0755);
     expectBad("is closed to this user", "run platwifi as the user");
 }
 
-TEST_F(OfRoot, IsGoodWhereItIsOpenToThisUser) {
+TEST_F(BlockOfRoot, IsGoodWhereItIsOpenToThisUser) {
     setMode(0777);
-    EXPECT_EQ(cli::checkSharedMemory("").health, Health::good);
+    EXPECT_EQ(cli::checkSharedMemory("").health, Health::GOOD);
 }
 
 } // namespace

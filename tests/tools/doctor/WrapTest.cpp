@@ -13,7 +13,7 @@ using testing::ElementsAre;
 
 constexpr unsigned int NO_LIMIT = ~0U;
 
-TEST(Wrap, LeavesWhatFits) {
+TEST(Wrap, LeavesATextThatFits) {
     EXPECT_THAT(wrapped("one two", NO_LIMIT), ElementsAre("one two"));
     EXPECT_THAT(wrapped("one two", 7), ElementsAre("one two"));
 }
@@ -24,7 +24,7 @@ TEST(Wrap, BreaksAtBlanks) {
     EXPECT_THAT(wrapped("one two three", 9), ElementsAre("one two", "three"));
 }
 
-TEST(Wrap, MakesOneLineOfNothing) {
+TEST(Wrap, MakesOneEmptyLineOfBlanks) {
     EXPECT_THAT(wrapped("", 10), ElementsAre(""));
     EXPECT_THAT(wrapped("  ", 10), ElementsAre(""));
 }
@@ -42,12 +42,12 @@ TEST(Wrap, CountsCellsAndBreaksNoCharacter) {
     EXPECT_THAT(wrapped("日本語", 5), ElementsAre("日本", "語"));
 }
 
-TEST(Wrap, GoesOnWhereNotEvenACharacterFits) {
+TEST(Wrap, PutsOneCharacterOnALineIfNoneFits) {
     EXPECT_THAT(wrapped("日本", 1), ElementsAre("日", "本"));
     EXPECT_THAT(wrapped("ab", 0), ElementsAre("a", "b"));
 }
 
-TEST(Wrap, IsNeverWiderThanAsked) {
+TEST(Wrap, IsNeverWiderThanTheLimit) {
     const std::string text = "put ctrl_interface=DIR=/run/wpa_supplicant GROUP=netdev into it";
     for (unsigned int cells = 1; cells < 80; ++cells) {
         std::string all;

@@ -1,7 +1,7 @@
-// The supplicant's configuration file, which holds keys in plain.
+// The permissions of the supplicant's configuration file, which holds keys in plain text.
 
 #include "checks/CheckFunctions.h"
-#include "checks/ClientReply.h"
+#include "client/ClientReply.h"
 
 #include <sstream>
 #include <sys/stat.h>
@@ -27,7 +27,7 @@ bool endsWith(const std::string& text, const std::string& end) {
            text.compare(text.size() - end.size(), end.size(), end) == 0;
 }
 
-// Of "-c FILE" and "-cFILE"; "" without either.
+// FILE of "-c FILE" or "-cFILE"; "" without either.
 std::string fileNamedBy(const Words& arguments) {
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         if (arguments[i] == "-c" && i + 1 < arguments.size())
@@ -38,11 +38,11 @@ std::string fileNamedBy(const Words& arguments) {
     return "";
 }
 
-// As the first supplicant listed names it.
+// The file that the first supplicant in the list of processes was started with.
 std::string configuration() {
     std::istringstream processes(processList());
     for (std::string line; std::getline(processes, line);) {
-        const Words words = wordsOf(line); // the process's number comes first
+        const Words words = wordsOf(line); // the process id comes first
         if (words.size() > 1 && endsWith(words[1], SUPPLICANT))
             return fileNamedBy(words);
     }
@@ -51,7 +51,7 @@ std::string configuration() {
 
 } // namespace
 
-// The supplicant makes the file anew at each save, as open as its umask lets it be.
+// The supplicant creates the file anew at each save; its umask decides the permissions.
 Finding checkConfiguration(const std::string&) {
     const std::string path = configuration();
     struct stat file {};

@@ -1,26 +1,13 @@
 #pragma once
 
-#include "checks/Checks.h"
+#include "checks/Finding.h"
 
 #include <string>
-#include <utility>
 
 namespace cli {
 
-// What one check found; whoever calls it knows the subject.
-
-inline Finding good(std::string found) {
-    return {"", Health::good, std::move(found), ""};
-}
-inline Finding note(std::string found, std::string toDo) {
-    return {"", Health::note, std::move(found), std::move(toDo)};
-}
-inline Finding bad(std::string found, std::string toDo) {
-    return {"", Health::bad, std::move(found), std::move(toDo)};
-}
-
-// The checks. `iface` is the interface that is asked for, or "". One whose row in the table says so
-// counts on those before it.
+// The checks. `iface` is the interface on the command line, or "". A check may rely on those that come
+// before it in the table of Checks.cpp.
 
 Finding checkClient(const std::string& iface);
 Finding checkProcessLister(const std::string& iface);

@@ -1,4 +1,4 @@
-// The key file of the cipher, through the cipher: it alone knows where that is and what it must be.
+// The cipher's key file. The cipher itself checks it, when it deciphers a text.
 
 #include "checks/CheckFunctions.h"
 #include "platform/Crypt.h"
@@ -8,11 +8,11 @@
 namespace cli {
 namespace {
 
-// Long enough to be an enciphered text, and made by no key: the key file is read, and that is all.
-constexpr const char* OF_NO_KEY = "crypt1:AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA";
+// Long enough for an enciphered text, but of no key: the cipher reads its key file and then fails.
+constexpr const char* UNDECIPHERABLE = "crypt1:AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA";
 
-// The messages of the cipher tell the cause, and the next step behind a semicolon.
-Finding inWords(const std::string& message) {
+// A message of the cipher has the cause, a semicolon and the next step.
+Finding findingOf(const std::string& message) {
     const auto end = message.find("; ");
     if (end == std::string::npos)
         return bad(message, "");
@@ -24,7 +24,7 @@ Finding inWords(const std::string& message) {
 Finding checkKeyFile(const std::string&) {
     ErrorHandler errors;
     char* plain = nullptr;
-    Crypt::decrypt(&errors, OF_NO_KEY, &plain);
+    Crypt::decrypt(&errors, UNDECIPHERABLE, &plain);
     const std::unique_ptr<char[]> owner(plain);
     const MessageBundle* const error = errors.savedError();
     const std::string id = error ? error->id() : "";
@@ -32,7 +32,7 @@ Finding checkKeyFile(const std::string&) {
         return good("none yet: it is made when the first secret is enciphered");
     if (!error || id == "crypt.wrong-key" || id == "crypt.damaged")
         return good("is whole, and closed to other users");
-    return inWords(error->text());
+    return findingOf(error->text());
 }
 
 } // namespace cli

@@ -1,4 +1,4 @@
-// The programs that the library runs, and whether the supplicant runs.
+// The programs that the library runs; the supplicant's process and its pid file.
 
 #include "Paths.h"
 #include "checks/CheckFunctions.h"
@@ -21,21 +21,21 @@ using platwifi::paths::CLIENT;
 using platwifi::paths::PID_FILE;
 using platwifi::paths::PROCESS_LISTER;
 
-// The process lister lists the same whatever interface it is given.
+// The process lister prints the same for every interface.
 constexpr const char* ANY_INTERFACE = "wlan0";
 
 bool isExecutable(const std::string& path) {
     return faccessat(AT_FDCWD, path.c_str(), X_OK, AT_EACCESS) == 0;
 }
 
-// `toGetIt` tells how one gets a program that is not there.
-Finding checkProgram(const char* fixedPath, const std::string& toGetIt) {
+// `toInstall` is the next step if the program is missing.
+Finding checkProgram(const char* fixedPath, const std::string& toInstall) {
     const std::string path = platform::locateProgram(fixedPath);
     std::error_code error;
     if (fs::is_regular_file(path, error) && isExecutable(path))
         return good(fs::canonical(path, error));
     if (!fs::is_regular_file(path, error))
-        return bad("there is no program " + path, toGetIt);
+        return bad("there is no program " + path, toInstall);
     return bad(path + " cannot be executed by this user", "allow it: chmod a+x " + path);
 }
 

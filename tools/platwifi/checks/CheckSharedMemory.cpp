@@ -1,7 +1,7 @@
-// The memory through which processes tell each other that the networks have changed.
+// The shared memory through which processes notify each other of a save.
 
 #include "checks/CheckFunctions.h"
-#include "process/OtherProcesses.h"
+#include "process/SharedBlock.h"
 #include "watchdog/SharedSignalBlock.h"
 
 #include <fcntl.h>
@@ -11,33 +11,34 @@
 namespace cli {
 namespace {
 
-constexpr off_t SIZE = sizeof(SharedSignalBlock); // nothing else is used of it here
+constexpr off_t BLOCK_SIZE = sizeof(SharedSignalBlock);
 
-std::string toRemove() {
+std::string removal() {
     return std::string("remove it as root: rm ") + BLOCK_PATH +
            "; then restart the processes that use the library";
 }
 
-std::string path(const char* more) {
-    return BLOCK_PATH + std::string(more);
+std::string blockPathAnd(const char* rest) {
+    return BLOCK_PATH + std::string(rest);
 }
 
-// What the library would not share, in the order in which it looks.
-Finding notShared(const struct stat& status) {
+// Why the library does not use this object, in the order of its own checks.
+Finding rejected(const struct stat& status) {
     if (!S_ISREG(status.st_mode))
-        return bad(path(" is no shared memory: it is not a regular file"), toRemove());
-    if (status.st_size != SIZE) {
-        return bad(path(" was made by another build: it has ") + std::to_string(status.st_size) +
-                       " bytes, not " + std::to_string(SIZE),
-                   toRemove());
+        return bad(blockPathAnd(" is no shared memory: it is not a regular file"), removal());
+    if (status.st_size != BLOCK_SIZE) {
+        return bad(blockPathAnd(" was made by another build: it has ") +
+                       std::to_string(status.st_size) + " bytes, not " + std::to_string(BLOCK_SIZE),
+                   removal());
     }
-    return bad(path(" belongs to another user: processes do not hear of each other's changes"),
-               "let all of them run as one user, then " + toRemove());
+    return bad(
+        blockPathAnd(" belongs to another user: processes do not hear of each other's changes"),
+        "let all of them run as one user, then " + removal());
 }
 
-bool isOurs(const struct stat& status) {
+bool isAccepted(const struct stat& status) {
     const bool isTrusted = status.st_uid == 0 || status.st_uid == geteuid();
-    return isTrusted && S_ISREG(status.st_mode) && status.st_size == SIZE;
+    return isTrusted && S_ISREG(status.st_mode) && status.st_size == BLOCK_SIZE;
 }
 
 std::string listOf(const std::vector<pid_t>& processes) {
@@ -54,7 +55,7 @@ Finding usage(const struct stat& status) {
                     listOf(sharers));
     if (status.st_uid != geteuid())
         return good("there, and open to this user; root can see who uses it");
-    return note(path(" was left behind by a process that died: nobody uses it"),
+    return note(blockPathAnd(" was left behind by a process that died: nobody uses it"),
                 std::string("nothing, as the next process takes it over; or: rm ") + BLOCK_PATH);
 }
 
@@ -64,10 +65,10 @@ Finding checkSharedMemory(const std::string&) {
     struct stat status {};
     if (lstat(BLOCK_PATH, &status) != 0)
         return good("none: it is made when a process loads the networks");
-    if (!isOurs(status))
-        return notShared(status);
+    if (!isAccepted(status))
+        return rejected(status);
     if (faccessat(AT_FDCWD, BLOCK_PATH, R_OK | W_OK, AT_EACCESS) != 0)
-        return bad(path(" is closed to this user: processes do not hear of its changes"),
+        return bad(blockPathAnd(" is closed to this user: processes do not hear of its changes"),
                    "run platwifi as the user whom the other processes run as");
     return usage(status);
 }

@@ -1,4 +1,4 @@
-// The control socket: how the client reaches the supplicant.
+// The control socket, through which the client reaches the supplicant.
 
 #include "checks/CheckFunctions.h"
 #include "checks/ControlSocket.h"
@@ -14,7 +14,7 @@
 namespace cli {
 namespace {
 
-constexpr const char* TO_CONFIGURE =
+constexpr const char* CONFIGURATION_STEP =
     "put ctrl_interface=DIR=/run/wpa_supplicant GROUP=netdev into the supplicant's configuration, "
     "then restart it";
 
@@ -28,7 +28,7 @@ std::string userName() {
     return entry ? entry->pw_name : "USER";
 }
 
-// What a group needs to use it: the folder is searched and listed, the socket is written to.
+// A client searches and lists the folder, and writes to the socket.
 bool groupMayUse(const struct stat& status) {
     const mode_t needed = S_ISDIR(status.st_mode) ? S_IRGRP | S_IXGRP : S_IWGRP;
     return status.st_gid != 0 && (status.st_mode & needed) == needed;
@@ -37,7 +37,7 @@ bool groupMayUse(const struct stat& status) {
 Finding closedToThisUser(const std::string& path, const struct stat& status) {
     if (!groupMayUse(status))
         return bad(path + " is closed to all but root",
-                   std::string("run platwifi as root; or ") + TO_CONFIGURE);
+                   std::string("run platwifi as root; or ") + CONFIGURATION_STEP);
     const std::string group = groupName(status.st_gid);
     return bad(path + " is closed to all but root and the group " + group,
                "add this user to the group, as root: usermod -aG " + group + " " + userName() +
@@ -60,18 +60,18 @@ Finding checkSocketOf(const std::string& iface) {
                    "remove it as root: rm " + path +
                        ", and restart the supplicant if it is to serve " + iface);
     }
-    return bad(path + " cannot be used: " + std::strerror(error), TO_CONFIGURE);
+    return bad(path + " cannot be used: " + std::strerror(error), CONFIGURATION_STEP);
 }
 
 } // namespace
 
-// Whatever interface is asked for, the client lists the interfaces through the first socket.
+// The client always lists the interfaces through the first socket, also if another interface is named.
 Finding checkControlSocket(const std::string& iface) {
     struct stat folder {};
     if (stat(CONTROL_FOLDER, &folder) != 0) {
         return bad(std::string("the supplicant has no control socket: there is no folder ") +
                        CONTROL_FOLDER,
-                   TO_CONFIGURE);
+                   CONFIGURATION_STEP);
     }
     if (faccessat(AT_FDCWD, CONTROL_FOLDER, R_OK | X_OK, AT_EACCESS) != 0)
         return closedToThisUser(CONTROL_FOLDER, folder);
@@ -82,8 +82,8 @@ Finding checkControlSocket(const std::string& iface) {
                    "ctrl_interface in its configuration");
     }
     const Finding finding = checkSocketOf(first);
-    const bool isForAll = iface.empty() || finding.health == Health::bad;
-    return isForAll ? finding : checkSocketOf(iface);
+    const bool isDecided = iface.empty() || finding.health == Health::BAD;
+    return isDecided ? finding : checkSocketOf(iface);
 }
 
 } // namespace cli

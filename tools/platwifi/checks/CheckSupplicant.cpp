@@ -1,16 +1,16 @@
-// What the supplicant answers.
+// Whether the supplicant answers, which interfaces it serves, and whether it can save.
 
 #include "checks/CheckFunctions.h"
-#include "checks/ClientReply.h"
 #include "checks/ControlSocket.h"
-#include "host/Listing.h"
+#include "client/ClientReply.h"
+#include "client/Listing.h"
 
 #include <algorithm>
 
 namespace cli {
 namespace {
 
-bool holds(const std::vector<std::string>& all, const std::string& one) {
+bool contains(const std::vector<std::string>& all, const std::string& one) {
     return std::find(all.begin(), all.end(), one) != all.end();
 }
 
@@ -32,11 +32,11 @@ Finding checkReply(const std::string& iface) {
     const std::string reply = clientReply(asked, "ping", nullptr);
     if (reply.find("PONG") != std::string::npos)
         return good("comes for " + asked);
-    const std::string silence = "the supplicant does not answer for " + asked;
+    const std::string noAnswer = "the supplicant does not answer for " + asked;
     if (!reply.empty())
-        return bad(silence + ": " + firstLine(reply), "mend that, or restart the supplicant");
-    return bad(silence, "it is suspended or stuck: wake it by kill -CONT and its process id, or "
-                        "restart it");
+        return bad(noAnswer + ": " + firstLine(reply), "mend that, or restart the supplicant");
+    return bad(noAnswer, "it is suspended or stuck: wake it by kill -CONT and its process id, or "
+                         "restart it");
 }
 
 Finding checkInterface(const std::string& iface) {
@@ -48,7 +48,7 @@ Finding checkInterface(const std::string& iface) {
         return bad("the supplicant lists " + first + " first, which is for Wi-Fi Direct only",
                    "put p2p_disabled=1 into the supplicant's configuration, then restart it");
     }
-    if (!iface.empty() && !holds(listed, iface))
+    if (!iface.empty() && !contains(listed, iface))
         return bad("the supplicant does not serve " + iface,
                    "name one that it serves with -i: " + joined(listed));
     if (!iface.empty() && iface != first)
@@ -57,7 +57,7 @@ Finding checkInterface(const std::string& iface) {
     return good(joined(listed));
 }
 
-// A client may put the time of day before its reply.
+// Some clients print the time of day before the reply, so only the last character counts.
 Finding checkSaving(const std::string& iface) {
     const std::string reply = clientReply(interfaceFor(iface), "get", "update_config");
     const char last = reply.empty() ? '\0' : reply.back();

@@ -5,40 +5,40 @@
 namespace cli {
 namespace {
 
-enum class Place {
-    onTheWay, ///< to the supplicant: nothing behind it can be looked at where it is bad
-    behind,   ///< needs the supplicant
-    beside    ///< can always be looked at
+enum class Kind {
+    OBSTACLE,         ///< if it is bad, the supplicant cannot be reached
+    NEEDS_SUPPLICANT, ///< runs only if there is no obstacle
+    INDEPENDENT       ///< always runs
 };
 
 struct Check {
     const char* subject;
-    Place place;
-    Finding (*look)(const std::string& iface);
+    Kind kind;
+    Finding (*run)(const std::string& iface);
 };
 
 constexpr Check CHECKS[] = {
-    {"client", Place::onTheWay, checkClient},
-    {"process lister", Place::onTheWay, checkProcessLister},
-    {"supplicant", Place::onTheWay, checkProcess},
-    {"control socket", Place::onTheWay, checkControlSocket},
-    {"reply", Place::onTheWay, checkReply},
-    {"interface", Place::onTheWay, checkInterface},
-    {"update_config", Place::behind, checkSaving},
-    {"configuration", Place::behind, checkConfiguration},
-    {"key file", Place::beside, checkKeyFile},
-    {"shared memory", Place::beside, checkSharedMemory},
-    {"pid file", Place::beside, checkPidFile},
+    {"client", Kind::OBSTACLE, checkClient},
+    {"process lister", Kind::OBSTACLE, checkProcessLister},
+    {"supplicant", Kind::OBSTACLE, checkProcess},
+    {"control socket", Kind::OBSTACLE, checkControlSocket},
+    {"reply", Kind::OBSTACLE, checkReply},
+    {"interface", Kind::OBSTACLE, checkInterface},
+    {"update_config", Kind::NEEDS_SUPPLICANT, checkSaving},
+    {"configuration", Kind::NEEDS_SUPPLICANT, checkConfiguration},
+    {"key file", Kind::INDEPENDENT, checkKeyFile},
+    {"shared memory", Kind::INDEPENDENT, checkSharedMemory},
+    {"pid file", Kind::INDEPENDENT, checkPidFile},
 };
 
-Finding made(const Check& check, const std::string& iface) {
-    Finding finding = check.look(iface);
+Finding findingOf(const Check& check, const std::string& iface) {
+    Finding finding = check.run(iface);
     finding.subject = check.subject;
     return finding;
 }
 
 bool blocks(const Check& check, const Finding& finding) {
-    return check.place == Place::onTheWay && finding.health == Health::bad;
+    return check.kind == Kind::OBSTACLE && finding.health == Health::BAD;
 }
 
 } // namespace
@@ -47,9 +47,9 @@ std::vector<Finding> examine(const std::string& iface) {
     std::vector<Finding> findings;
     bool isBlocked = false;
     for (const Check& check : CHECKS) {
-        if (isBlocked && check.place != Place::beside)
+        if (isBlocked && check.kind != Kind::INDEPENDENT)
             continue;
-        findings.push_back(made(check, iface));
+        findings.push_back(findingOf(check, iface));
         isBlocked = isBlocked || blocks(check, findings.back());
     }
     return findings;
@@ -57,9 +57,9 @@ std::vector<Finding> examine(const std::string& iface) {
 
 std::optional<Finding> obstacle(const std::string& iface) {
     for (const Check& check : CHECKS) {
-        if (check.place != Place::onTheWay)
+        if (check.kind != Kind::OBSTACLE)
             continue;
-        const Finding finding = made(check, iface);
+        const Finding finding = findingOf(check, iface);
         if (blocks(check, finding))
             return finding;
     }
@@ -68,7 +68,7 @@ std::optional<Finding> obstacle(const std::string& iface) {
 
 std::optional<Finding> missingClient() {
     const Finding finding = checkClient("");
-    if (finding.health != Health::bad)
+    if (finding.health != Health::BAD)
         return std::nullopt;
     return finding;
 }

@@ -32,9 +32,9 @@ int connectTo(const std::string& path) {
     if (path.size() >= sizeof address.sun_path)
         return ENAMETOOLONG;
     std::memcpy(address.sun_path, path.data(), path.size());
-    const platform::FileDescriptor own(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    const platform::FileDescriptor client(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
     const auto* const generic = reinterpret_cast<const sockaddr*>(&address);
-    return connect(own.number(), generic, sizeof address) == 0 ? 0 : errno;
+    return connect(client.number(), generic, sizeof address) == 0 ? 0 : errno;
 }
 
 bool isForWifiDirect(const std::string& iface) {

@@ -8,18 +8,18 @@ namespace cli {
 
 using platwifi::paths::CONTROL_FOLDER;
 
-/// The control socket of an interface.
+/// The path of an interface's control socket.
 std::string controlSocketOf(const std::string& iface);
 
-/// The interface to ask about: `iface`, or where that is "" the first that has a control socket and
-/// can hold networks; "" where there is none.
+/// @return `iface`; if that is "", the first interface that has a control socket and can hold networks;
+///         "" if there is none
 std::string interfaceFor(const std::string& iface);
 
-/// Whether somebody listens at a control socket whom this user may talk to. Nothing is sent.
-/// @return 0, or an error number
+/// Connects to a control socket, without sending anything, and closes the connection.
+/// @return 0 if a process listens at it and this user may connect; else an errno value
 int connectTo(const std::string& path);
 
-/// An interface that the supplicant adds of its own for Wi-Fi Direct: it holds no networks.
+/// Whether it is an interface that the supplicant adds by itself for Wi-Fi Direct; it holds no networks.
 bool isForWifiDirect(const std::string& iface);
 
 } // namespace cli

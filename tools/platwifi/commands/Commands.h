@@ -1,11 +1,11 @@
 #pragma once
 
-#include "Context.h"
-
 namespace cli {
 
-// The commands. Each prints its result to standard output, throws Failure or WrongUse where it cannot
-// do its work, and Interrupted where the user ends it.
+struct Context;
+
+// The commands. Each prints its result to standard output. It throws Failure or WrongUse if it cannot do
+// its work, and Interrupted if the user ends it.
 
 void showAdapters(Context& context);
 void showStatus(Context& context);

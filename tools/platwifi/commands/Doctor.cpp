@@ -1,10 +1,11 @@
-// What is wrong on this host, and what to do.
+// Runs all checks and prints their findings.
 
 #include "checks/Checks.h"
 #include "commands/Commands.h"
 #include "display/Json.h"
 #include "display/Text.h"
 #include "display/Wrap.h"
+#include "host/Host.h"
 
 #include <algorithm>
 #include <iostream>
@@ -15,35 +16,35 @@ namespace {
 
 constexpr unsigned int SUBJECT_COLUMN = 6;
 constexpr unsigned int TEXT_COLUMN = 22;
-constexpr unsigned int NARROW_TEXT_COLUMN = 2; // on lines of their own
-constexpr unsigned int NARROW = TEXT_COLUMN + 20;
+constexpr unsigned int NARROW_TEXT_COLUMN = 2;              // below the subject
+constexpr unsigned int MIN_WIDTH_BESIDE = TEXT_COLUMN + 20; // for texts beside the subject
 
-struct Look {
-    const char* word; // for people
-    const char* name; // for programs
+struct HealthStyle {
+    const char* label; // in text
+    const char* name;  // in JSON
     const char* (Console::*colour)() const;
 };
 
 // In the order of Health.
-constexpr Look LOOKS[] = {
+constexpr HealthStyle STYLES[] = {
     {"ok", "good", &Console::green},
     {"note", "note", &Console::yellow},
     {"bad", "bad", &Console::red},
 };
 
-const Look& lookOf(const Finding& finding) {
-    return LOOKS[static_cast<unsigned int>(finding.health)];
+const HealthStyle& styleOf(const Finding& finding) {
+    return STYLES[static_cast<unsigned int>(finding.health)];
 }
 
 std::string padded(const std::string& text, unsigned int cells) {
     return text + std::string(cells - std::min(cells, cellsOf(text)), ' ');
 }
 
-// The health and the subject: what stands in front of the texts, or above them.
+// The health and the subject, which come before the texts.
 std::string head(const Finding& finding, const Console& console) {
-    const Look& look = lookOf(finding);
+    const HealthStyle& style = styleOf(finding);
     const unsigned int rest = console.width - std::min(console.width, SUBJECT_COLUMN);
-    return (console.*look.colour)() + cutTo(padded(look.word, SUBJECT_COLUMN), console.width) +
+    return (console.*style.colour)() + cutTo(padded(style.label, SUBJECT_COLUMN), console.width) +
            console.plain() + cutTo(finding.subject, rest);
 }
 
@@ -56,9 +57,9 @@ std::vector<std::string> linesOf(const Finding& finding, unsigned int cells) {
     return lines;
 }
 
-// Where there is room the texts stand beside the subject, else below it.
+// The texts stand beside the subject; on a narrow console, below it.
 void show(const Finding& finding, const Console& console) {
-    const bool isNarrow = console.width < NARROW;
+    const bool isNarrow = console.width < MIN_WIDTH_BESIDE;
     const unsigned int column = isNarrow ? NARROW_TEXT_COLUMN : TEXT_COLUMN;
     const std::string indentation(std::min(column, console.width - 1), ' ');
     const unsigned int taken = SUBJECT_COLUMN + cellsOf(finding.subject);
@@ -74,7 +75,7 @@ void show(const Finding& finding, const Console& console) {
 
 Record recordOf(const Finding& finding) {
     return {{"subject", finding.subject},
-            {"health", lookOf(finding).name},
+            {"health", styleOf(finding).name},
             {"found", finding.found},
             {"toDo", finding.toDo}};
 }
@@ -91,13 +92,13 @@ std::ptrdiff_t countOf(Health health, const std::vector<Finding>& findings) {
 }
 
 std::string summary(const std::vector<Finding>& findings) {
-    const auto wrong = countOf(Health::bad, findings);
+    const auto wrong = countOf(Health::BAD, findings);
     if (wrong > 0)
         return wrong == 1 ? "1 thing is wrong." : std::to_string(wrong) + " things are wrong.";
-    return countOf(Health::note, findings) > 0 ? "Nothing is wrong." : "Everything is in order.";
+    return countOf(Health::NOTE, findings) > 0 ? "Nothing is wrong." : "Everything is in order.";
 }
 
-void printForPeople(const std::vector<Finding>& findings, const Console& console) {
+void printText(const std::vector<Finding>& findings, const Console& console) {
     for (const Finding& finding : findings)
         show(finding, console);
     for (const std::string& line : wrapped(summary(findings), console.width))
@@ -109,12 +110,12 @@ void printForPeople(const std::vector<Finding>& findings, const Console& console
 void doctor(Context& context) {
     const std::vector<Finding> findings = examine(context.request.iface);
     context.interrupt.check();
-    if (countOf(Health::bad, findings) > 0)
+    if (countOf(Health::BAD, findings) > 0)
         context.status = FAILED;
     if (context.request.json)
         printJson(recordsOf(findings));
     else
-        printForPeople(findings, context.out);
+        printText(findings, context.out);
 }
 
 } // namespace cli

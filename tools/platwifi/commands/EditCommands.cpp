@@ -1,14 +1,14 @@
-// Changing the configured networks. All edits of a command go into one save.
+// Adding, changing and removing networks. All edits of a command go into one save.
 
-#include "Failure.h"
+#include "client/Listing.h"
 #include "commands/Commands.h"
 #include "display/Json.h"
 #include "edits/Edits.h"
 #include "host/Host.h"
-#include "host/SettingsGuard.h"
 #include "host/Ssid.h"
 #include "jni/ServiceFunctions.h"
 #include "model/WifiTypes.h"
+#include "settings/SettingsLock.h"
 #include "supplicant/WifiUtil.h"
 
 #include <iostream>
@@ -16,23 +16,24 @@
 namespace cli {
 namespace {
 
-/// The edits of one command: what was done is saved, or else undone.
+/// The edits of one command. Undoes them on destruction unless they were saved. Holds the settings lock,
+/// so that no reload discards edits that are not saved yet.
 class Transaction {
 public:
     explicit Transaction(Context& context, Host& host)
-        : m_context(context), m_host(host), m_deferred(context.interrupt),
-          m_guard(host.settings()) {}
+        : m_context(context), m_host(host), m_deferred(context.interrupt), m_lock(host.settings()) {
+    }
 
-    // The supplicant goes back to what its file holds.
+    // The supplicant reads its file again.
     ~Transaction() {
         if (!m_context.hasSaved)
-            Host::util().reloadConfiguration(m_host.iface().c_str());
+            driver().reloadConfiguration(m_host.iface().c_str());
     }
 
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
 
-    // A key that interrupts ends the client, too, and with it a change that nobody misses.
+    // Ctrl-C also ends the client. The save may succeed although a command before it was lost.
     void save() {
         if (saveWifiHostSettings(nullptr) == 0) {
             throw Failure(
@@ -52,7 +53,7 @@ private:
     Context& m_context;
     Host& m_host;
     const Interrupt::Deferred m_deferred;
-    const SettingsGuard m_guard;
+    const platwifi::SettingsLock m_lock;
 };
 
 void report(const Context& context, const std::string& ssid, const char* done) {
@@ -62,7 +63,7 @@ void report(const Context& context, const std::string& ssid, const char* done) {
         std::cout << shownSsid(ssid) << " is " << done << ".\n";
 }
 
-// A network without a key is open or WEP only where it says so: the supplicant would not keep it.
+// The supplicant leaves a network without a key out of its file, unless key_mgmt says that it needs none.
 void requireSecurity(const Edits& edits) {
     const std::string keyManagement = edits.valueOf("key_mgmt");
     if (keyManagement.empty()) {
@@ -75,7 +76,7 @@ void requireSecurity(const Edits& edits) {
                        "input");
 }
 
-// A key tells by itself what it is for.
+// A key without a key_mgmt means WPA-PSK.
 void completeSecurity(Edits& edits) {
     if (edits.valueOf("key_mgmt").empty() && !edits.valueOf("psk").empty())
         edits.add("key_mgmt", std::to_string(KEY_MGMT_WPA_PSK));
@@ -89,7 +90,7 @@ void completeSecurity(Edits& edits) {
 } // namespace
 
 void setProperties(Context& context) {
-    const Edits edits(context);
+    const Edits edits(context.request.assignments, context.interrupt);
     Host host(context);
     const std::string ssid = host.network();
     context.interrupt.check();
@@ -104,10 +105,10 @@ void setProperties(Context& context) {
 void addNetwork(Context& context) {
     const std::string& ssid = context.request.ssid;
     requireSsid(ssid);
-    Edits edits(context);
+    Edits edits(context.request.assignments, context.interrupt);
     completeSecurity(edits);
     Host host(context);
-    if (host.known())
+    if (host.findNetwork())
         throw Failure(shownSsid(ssid) + " is configured already; change it with: platwifi set");
     context.interrupt.check();
     {

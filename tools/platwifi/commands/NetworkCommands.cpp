@@ -1,15 +1,14 @@
-// The configured networks: all of them, and one in full.
+// The list of the configured networks, and the properties of one.
 
-#include "Failure.h"
 #include "commands/Commands.h"
 #include "display/Json.h"
 #include "display/Table.h"
 #include "display/Text.h"
-#include "edits/Properties.h"
+#include "edits/PropertyTable.h"
 #include "host/Host.h"
-#include "host/SettingsGuard.h"
 #include "host/Ssid.h"
 #include "model/WifiNetwork.h"
+#include "settings/SettingsLock.h"
 
 #include <functional>
 #include <iostream>
@@ -17,17 +16,20 @@
 namespace cli {
 namespace {
 
-using Use = std::function<void(const std::string& ssid, const WifiNetwork& network)>;
+using platwifi::SettingsLock;
 
-// With each network, the last one added first.
-void withEach(Host& host, const Use& use) {
-    const SettingsGuard guard(host.settings());
+using Visit = std::function<void(const std::string& ssid, const WifiNetwork& network)>;
+
+// Visits each network, the last one added first.
+void forEachNetwork(Host& host, const Visit& visit) {
+    const SettingsLock lock(host.settings());
     for (const std::string& ssid : host.networks()) {
         if (const WifiNetwork* const network = host.settings().getNetwork(nullptr, ssid.c_str()))
-            use(ssid, *network);
+            visit(ssid, *network);
     }
 }
 
+// The properties in the list, behind the SSID.
 constexpr const char* LISTED[] = {"status", "key_mgmt", "priority", "bssid"};
 
 Record listedRecord(const std::string& ssid, const WifiNetwork& network) {
@@ -63,8 +65,8 @@ void listNetworks(Context& context) {
     Host host(context);
     std::vector<Record> records;
     Table table(
-        {{"SSID"}, {"Status"}, {"Key management"}, {"Priority", Table::Align::right}, {"BSSID"}});
-    withEach(host, [&](const std::string& ssid, const WifiNetwork& network) {
+        {{"SSID"}, {"Status"}, {"Key management"}, {"Priority", Table::Align::RIGHT}, {"BSSID"}});
+    forEachNetwork(host, [&](const std::string& ssid, const WifiNetwork& network) {
         records.push_back(listedRecord(ssid, network));
         std::vector<std::string> row = {shownSsid(ssid)};
         for (const char* const property : LISTED)
@@ -82,7 +84,7 @@ void listNetworks(Context& context) {
 void showNetwork(Context& context) {
     Host host(context);
     const std::string ssid = host.network();
-    const SettingsGuard guard(host.settings());
+    const SettingsLock lock(host.settings());
     const WifiNetwork* const network = host.settings().getNetwork(nullptr, ssid.c_str());
     if (!network)
         throw Failure("the network is gone: another program has removed it");

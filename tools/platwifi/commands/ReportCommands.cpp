@@ -1,6 +1,5 @@
-// The whole state in one document, or as a listing for developers.
+// The XML document, and the dump for developers.
 
-#include "Failure.h"
 #include "commands/Commands.h"
 #include "host/Host.h"
 #include "jni/ServiceFunctions.h"
@@ -16,15 +15,15 @@
 namespace cli {
 namespace {
 
-/// While it lives, what is written to standard error goes to standard output.
-class OutputForErrors {
+/// Redirects standard error to standard output while an object exists.
+class ErrorsToOutput {
 public:
-    OutputForErrors() : m_errors(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0)) {
+    ErrorsToOutput() : m_errors(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0)) {
         dup2(STDOUT_FILENO, STDERR_FILENO);
     }
-    ~OutputForErrors() { dup2(m_errors.number(), STDERR_FILENO); }
-    OutputForErrors(const OutputForErrors&) = delete;
-    OutputForErrors& operator=(const OutputForErrors&) = delete;
+    ~ErrorsToOutput() { dup2(m_errors.number(), STDERR_FILENO); }
+    ErrorsToOutput(const ErrorsToOutput&) = delete;
+    ErrorsToOutput& operator=(const ErrorsToOutput&) = delete;
 
 private:
     const platform::FileDescriptor m_errors;
@@ -44,18 +43,18 @@ void writeXml(Context& context) {
     std::cout.write(document.text(), static_cast<std::streamsize>(document.length()));
 }
 
-// The library prints its listing to standard error; here it is the result.
+// The library prints the dump to standard error; here it is the result.
 void dump(Context& context) {
     Host host(context);
     WifiHostSettings& settings = host.settings();
     bool isWritten = false;
     {
-        const OutputForErrors instead;
+        const ErrorsToOutput redirection;
         settings.dump();
         isWritten = std::ferror(stderr) == 0;
     }
     if (!isWritten)
-        std::cout.setstate(std::ios::badbit); // as if it had been printed here
+        std::cout.setstate(std::ios::badbit); // reported by flushOutput()
 }
 
 } // namespace cli

@@ -1,6 +1,5 @@
-// Which access points are in range.
+// The access points in range.
 
-#include "Failure.h"
 #include "commands/Commands.h"
 #include "display/Json.h"
 #include "display/Table.h"
@@ -19,7 +18,7 @@
 namespace cli {
 namespace {
 
-constexpr unsigned char MOST = 255;
+constexpr unsigned char MAX_RESULTS = 255;
 
 using Results = std::vector<ScanResult>;
 
@@ -33,9 +32,10 @@ void addTo(Results& results, char* line) {
 Results inRange(Host& host) {
     char** list = nullptr;
     unsigned char count = 0;
-    const bool ok = discoverNetworks(nullptr, host.iface().c_str(), &list, MOST, &count) != 0;
+    const bool ok =
+        discoverNetworks(nullptr, host.iface().c_str(), &list, MAX_RESULTS, &count) != 0;
     const std::unique_ptr<char*[]> owner(list);
-    remove(resultsOf(pthread_self())); // the library keeps the reply to the last scan
+    removeFiles(resultsOf(pthread_self())); // the library keeps that of the last scan
     if (!ok)
         throw Failure(host.iface() + " cannot be scanned; platwifi doctor tells more");
     Results results;
@@ -57,7 +57,7 @@ Record recordOf(const ScanResult& result) {
 }
 
 Table tableOf(const Results& results) {
-    constexpr auto RIGHT = Table::Align::right;
+    constexpr auto RIGHT = Table::Align::RIGHT;
     Table table(
         {{"SSID"}, {"BSSID"}, {"Channel", RIGHT}, {"MHz", RIGHT}, {"dBm", RIGHT}, {"Security"}});
     for (const ScanResult& result : results) {

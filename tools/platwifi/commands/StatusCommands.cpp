@@ -1,4 +1,4 @@
-// What is there: adapters, and what the supplicant is doing.
+// The adapters, and the supplicant's state.
 
 #include "commands/Commands.h"
 #include "display/Json.h"
@@ -45,9 +45,10 @@ void showAdapters(Context& context) {
     const auto& adapters = host.adapters();
     if (context.request.json)
         return printJson(adapters);
-    const std::string marked = adapters.size() > 1 ? adapters.front() : "";
+    const std::string defaultAdapter = adapters.size() > 1 ? adapters.front() : "";
     for (const std::string& adapter : adapters)
-        std::cout << printable(adapter) << (adapter == marked ? " (the default)" : "") << '\n';
+        std::cout << printable(adapter) << (adapter == defaultAdapter ? " (the default)" : "")
+                  << '\n';
 }
 
 void showStatus(Context& context) {

@@ -1,28 +1,25 @@
 #pragma once
 
+#include "completion/Candidates.h"
+
 #include <string>
 #include <vector>
 
 namespace cli {
 
-/// What the word at the cursor may become.
-struct Candidate {
-    std::string word;
-    bool isWhole = true; ///< nothing can follow in the same word
-};
-
-/// @param words  what stands behind the program's name, without quotes; the last one, which may be
-///               empty, is the one to complete
-/// @return the candidates that begin like it; none where the supplicant would have to be asked and
+/// Completes a word of a command line.
+/// @param words  the words behind the program's name, without quotes, up to the cursor; the last one,
+///               which may be empty, is the one to complete
+/// @return the candidates that begin with the last word; no networks and no interfaces if the supplicant
 ///         does not answer
-std::vector<Candidate> candidatesFor(const std::vector<std::string>& words);
+Candidates candidatesFor(const std::vector<std::string>& words);
 
-/// Whether these arguments ask for completion: "--complete WORD...", which is between the program
-/// and completion.bash.
+/// @return whether these arguments of main() ask for completion: "--complete WORD...", as
+///         completion.bash does
 bool isCompletion(int count, char* const arguments[]);
 
-/// Prints the candidates, one a line, a blank behind those that are whole.
-/// @return the program's exit status
+/// Prints the candidates, one a line, with a blank behind those that are whole.
+/// @return the exit status of the program
 int complete(int count, char* const arguments[]);
 
 } // namespace cli

@@ -1,10 +1,9 @@
-# Completion of platwifi in bash 4.4 and later; sourced, never run. The program itself knows what
-# fits: `platwifi --complete WORD...` prints a candidate a line, with a blank behind it where the
-# word ends.
+# Completion of platwifi for bash 4.4 and later; to be sourced. The program itself finds the candidates:
+# `platwifi --complete WORD...` prints one a line, with a blank behind it if the word is whole.
 # shellcheck shell=bash
 
-# Reads a piece of a command line into `words` and `word`, the unfinished one, as the shell would.
-# `quote` is the quote that is open behind it.
+# Splits a piece of a command line like the shell: appends to `words`, and leaves the unfinished word in
+# `word`. `quote` is the quote that is open at its end.
 _platwifi_read() {
     local text=$1 i char
     for ((i = 0; i < ${#text}; i++)); do
@@ -26,8 +25,8 @@ _platwifi_read() {
     done
 }
 
-# Sets `quoted` to the text as it is written behind the open quote, if one is open. In double quotes
-# there is no way to write "!" but outside of them.
+# Sets `quoted` to the text as it must be written in the shell, behind the open quote if there is one. A "!"
+# cannot be written in double quotes, which are closed for it.
 _platwifi_quote() {
     local text=$1 special=$' \t!"#$&\'()*;<>?[\\]^`{|}~' i char
     quoted=
@@ -47,8 +46,8 @@ _platwifi_quote() {
     [[ ! $quote || $quoted != *"$quote" ]] || quoted+=$quote
 }
 
-# COMP_WORDS is not looked at: where it is split depends on COMP_WORDBREAKS. What is replaced is $2,
-# which begins behind the last of these characters, or behind the open quote.
+# Reads COMP_LINE and not COMP_WORDS, which is split at the characters of COMP_WORDBREAKS. readline replaces
+# $2, which begins behind the last of these characters, or behind the open quote.
 _platwifi() {
     local words=() word='' begun='' quote='' quoted='' candidates=() candidate
     local line=${COMP_LINE:0:COMP_POINT} replaced=${2#[\'\"]}

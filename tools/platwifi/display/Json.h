@@ -1,19 +1,13 @@
 #pragma once
 
+#include "values/Values.h"
+
 #include <string>
-#include <utility>
-#include <variant>
 #include <vector>
 
 namespace cli {
 
-/// What a program is told: nothing, a text, a number, or whether something is so.
-using Value = std::variant<std::monostate, std::string, int, bool>;
-
-/// Values with their names, in the order in which they are printed.
-using Record = std::vector<std::pair<std::string, Value>>;
-
-// Printing JSON to standard output, with a line feed at the end. What is no UTF-8 becomes U+FFFD.
+// Each function prints JSON and a line feed to standard output. Bytes that are no UTF-8 become U+FFFD.
 
 void printJson(const Record& record);
 void printJson(const std::vector<Record>& records);

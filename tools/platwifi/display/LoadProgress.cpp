@@ -9,9 +9,9 @@
 namespace cli {
 namespace {
 
-constexpr std::size_t FEW = 4;
-constexpr std::chrono::milliseconds STEP{200};
-constexpr const char* CLEARED_LINE = "\r\033[K";
+constexpr std::size_t MIN_NETWORKS = 4; // fewer are loaded before the line could be read
+constexpr std::chrono::milliseconds REFRESH_PERIOD{200};
+constexpr const char* CLEAR_LINE = "\r\033[K";
 
 using Clock = std::chrono::steady_clock;
 
@@ -26,7 +26,7 @@ std::string lineFor(std::size_t networks, Clock::duration elapsed) {
 
 LoadProgress::LoadProgress(const Console& console, std::size_t networks)
     : m_width(console.width), m_networks(networks) {
-    if (console.isTerminal && networks >= FEW)
+    if (console.isTerminal && networks >= MIN_NETWORKS)
         m_thread = std::thread([this] { show(); });
 }
 
@@ -35,20 +35,20 @@ LoadProgress::~LoadProgress() {
         return;
     {
         const std::lock_guard<std::mutex> guard(m_mutex);
-        m_isOver = true;
-        m_over.notify_all();
+        m_isLoaded = true;
+        m_changed.notify_all();
     }
     m_thread.join();
-    std::cerr << CLEARED_LINE << std::flush;
+    std::cerr << CLEAR_LINE << std::flush;
 }
 
 void LoadProgress::show() {
     const auto start = Clock::now();
     std::unique_lock<std::mutex> guard(m_mutex);
     do {
-        std::cerr << CLEARED_LINE << cutTo(lineFor(m_networks, Clock::now() - start), m_width - 1)
+        std::cerr << CLEAR_LINE << cutTo(lineFor(m_networks, Clock::now() - start), m_width - 1)
                   << std::flush;
-    } while (!m_over.wait_for(guard, STEP, [this] { return m_isOver; }));
+    } while (!m_changed.wait_for(guard, REFRESH_PERIOD, [this] { return m_isLoaded; }));
 }
 
 } // namespace cli

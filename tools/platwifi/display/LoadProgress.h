@@ -1,6 +1,6 @@
 #pragma once
 
-#include "display/Console.h"
+#include "process/Console.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -10,12 +10,12 @@
 
 namespace cli {
 
-/// While it lives, a line on the terminal tells that networks are being loaded, and for how long.
-/// It says nothing where that is short, or where there is no terminal.
+/// While an object exists, a line on the terminal shows that networks are being loaded, and for how
+/// long. Shows nothing if standard error is no terminal, or if there are few networks to load.
 class LoadProgress {
 public:
-    /// @param console   of standard error
-    /// @param networks  how many there are to load
+    /// @param console   standard error
+    /// @param networks  count of networks to load
     LoadProgress(const Console& console, std::size_t networks);
     ~LoadProgress();
 
@@ -28,8 +28,8 @@ private:
     const unsigned int m_width;
     const std::size_t m_networks;
     std::mutex m_mutex;
-    bool m_isOver = false;
-    std::condition_variable m_over;
+    bool m_isLoaded = false;
+    std::condition_variable m_changed;
     std::thread m_thread;
 };
 

@@ -22,7 +22,7 @@ StateLine::~StateLine() {
     std::cout << std::endl;
 }
 
-void StateLine::tell(const std::string& word) {
+void StateLine::add(const std::string& word) {
     if (word == m_last)
         return;
     const unsigned int cells = 1 + cellsOf(word);

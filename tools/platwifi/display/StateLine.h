@@ -1,13 +1,13 @@
 #pragma once
 
-#include "display/Console.h"
+#include "process/Console.h"
 
 #include <string>
 
 namespace cli {
 
-/// Tells on standard output what happens, one word after another, as it happens; a new line begins where
-/// the terminal ends.
+/// A line on standard output that grows by a word at each change of state. It continues on a new line
+/// where it would be wider than the terminal.
 class StateLine {
 public:
     StateLine(const Console& console, const std::string& beginning);
@@ -18,8 +18,8 @@ public:
     StateLine(const StateLine&) = delete;
     StateLine& operator=(const StateLine&) = delete;
 
-    /// @param word  told only when it is another than the last one
-    void tell(const std::string& word);
+    /// Adds a word, unless it is the same as the last one.
+    void add(const std::string& word);
 
 private:
     const unsigned int m_width;

@@ -13,7 +13,7 @@ constexpr unsigned int GAP = 2;
 std::string aligned(const std::string& cell, unsigned int width, Table::Align align) {
     const std::string text = cutTo(cell, width);
     const std::string blanks(width - cellsOf(text), ' ');
-    return align == Table::Align::left ? text + blanks : blanks + text;
+    return align == Table::Align::LEFT ? text + blanks : blanks + text;
 }
 
 unsigned int sum(const std::vector<unsigned int>& widths) {

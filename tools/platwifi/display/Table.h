@@ -1,6 +1,6 @@
 #pragma once
 
-#include "display/Console.h"
+#include "process/Console.h"
 
 #include <ostream>
 #include <string>
@@ -8,20 +8,20 @@
 
 namespace cli {
 
-/// Rows under a heading, in columns as wide as they need to be, and never wider than the console.
-/// Where that is narrow the widest columns are cut. Cells are printable texts.
+/// Rows under a heading, in columns as wide as their widest cell. If the table is wider than the console,
+/// its widest columns are cut. Cells are printable texts.
 class Table {
 public:
-    enum class Align { left, right };
+    enum class Align { LEFT, RIGHT };
 
     struct Column {
         std::string heading;
-        Align align = Align::left;
+        Align align = Align::LEFT;
     };
 
     explicit Table(std::vector<Column> columns);
 
-    /// @param cells  one for each column
+    /// @param cells  one for each column; missing ones are empty
     void add(std::vector<std::string> cells);
 
     void print(std::ostream& out, const Console& console) const;

@@ -17,8 +17,7 @@ constexpr wchar_t LAST_DIRECTION = 0x202E;
 constexpr wchar_t FIRST_ISOLATE = 0x2066;
 constexpr wchar_t LAST_ISOLATE = 0x2069;
 
-// Names of networks are UTF-8 whatever the locale of the user says. The locale is this thread's for
-// as long as the object lives.
+/// Makes this thread decode UTF-8 while an object exists. SSIDs are UTF-8 in every locale of the user.
 class Utf8Locale {
 public:
     Utf8Locale() : m_locale(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)), m_previous(nullptr) {
@@ -39,7 +38,7 @@ private:
     locale_t m_previous;
 };
 
-// One character, or one byte that is none.
+// A character, or a byte that is no part of one.
 struct Character {
     std::size_t length;
     wchar_t code;
@@ -55,15 +54,15 @@ Character characterAt(const std::string& bytes, std::size_t place) {
     return isValid ? Character{length, code, true} : Character{1, 0, false};
 }
 
-// Characters that turn the direction of writing would disturb the rest of the line.
-bool turnsTheLine(wchar_t code) {
+// The direction of writing also changes how the rest of the line is shown.
+bool changesDirection(wchar_t code) {
     return (code >= LINE_SEPARATOR && code <= LAST_DIRECTION) ||
            (code >= FIRST_ISOLATE && code <= LAST_ISOLATE) || code == ARABIC_LETTER_MARK ||
            code == LEFT_TO_RIGHT_MARK || code == RIGHT_TO_LEFT_MARK;
 }
 
 bool isPrintable(const Character& character) {
-    if (!character.isValid || turnsTheLine(character.code))
+    if (!character.isValid || changesDirection(character.code))
         return false;
     return character.code == ZERO_WIDTH_JOINER || wcwidth(character.code) >= 0;
 }
@@ -128,7 +127,7 @@ std::string cutTo(const std::string& text, unsigned int cells) {
     if (cellsOf(text) <= cells)
         return text;
     std::string beginning;
-    unsigned int taken = 1; // by the "…"
+    unsigned int taken = 1; // the "…"
     forEach(text, [&](const Character& character, const std::string& own) {
         taken += widthOf(character.code);
         if (taken > cells)

@@ -4,18 +4,17 @@
 
 namespace cli {
 
-/// `bytes` fit for a terminal: UTF-8 as it is; a byte that is no UTF-8, and a character that cannot
-/// be printed or would move the cursor, as \xNN.
+/// A text for a terminal: printable UTF-8 characters as they are; as \xNN the bytes that are no UTF-8
+/// and those of characters that move the cursor, change the direction of writing, or cannot be printed.
 std::string printable(const std::string& bytes);
 
 /// Whether all of it is UTF-8.
 bool isUtf8(const std::string& bytes);
 
-/// How many cells of a terminal a printable text takes.
+/// The width of a printable text in cells of a terminal.
 unsigned int cellsOf(const std::string& text);
 
-/// The beginning of a printable text that takes `cells` at most, "…" at its end where something is
-/// missing.
+/// Cuts a printable text to `cells` at most. A cut text ends with "…".
 std::string cutTo(const std::string& text, unsigned int cells);
 
 } // namespace cli

@@ -11,7 +11,7 @@ bool continuesCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
-// How many bytes of a word fit into these cells: whole characters, and one at least.
+// The count of bytes of a word that fit into the cells: whole characters, and one at least.
 std::size_t fitting(const std::string& word, unsigned int cells) {
     std::size_t fits = 0;
     for (std::size_t end = 1; end <= word.size(); ++end) {
@@ -24,7 +24,7 @@ std::size_t fitting(const std::string& word, unsigned int cells) {
     return fits;
 }
 
-/// Lines as they grow, word by word.
+/// Adds words to lines.
 class Paragraph {
 public:
     explicit Paragraph(unsigned int cells) : m_cells(cells) {}

@@ -5,8 +5,9 @@
 
 namespace cli {
 
-/// The lines of a printable text, none of which takes more than `cells`: broken at blanks, which
-/// then go; inside a word only where it does not fit on a line of its own. One line at least.
+/// Breaks a printable text into lines of `cells` at most, at blanks, which are removed. A word is broken
+/// only if it is longer than a line. A character that is wider than a line gets a line of its own.
+/// @return one line at least
 std::vector<std::string> wrapped(const std::string& text, unsigned int cells);
 
 } // namespace cli

@@ -1,10 +1,10 @@
 #include "edits/Edits.h"
 
-#include "Failure.h"
 #include "display/Text.h"
-#include "edits/Properties.h"
+#include "edits/PropertyTable.h"
 #include "edits/Secrets.h"
 #include "jni/ServiceFunctions.h"
+#include "values/Failure.h"
 
 #include <algorithm>
 #include <iterator>
@@ -27,21 +27,22 @@ Assignment assignmentOf(const std::string& written) {
 
 void requireOnce(const std::vector<Assignment>& assignments) {
     const std::string& last = assignments.back().name;
-    const auto named = [&](const Assignment& one) { return one.name == last; };
-    if (std::count_if(assignments.begin(), assignments.end(), named) > 1)
+    const auto hasSameName = [&](const Assignment& one) { return one.name == last; };
+    if (std::count_if(assignments.begin(), assignments.end(), hasSameName) > 1)
         throw WrongUse(printable(last) + " is given twice; leave out one of them");
 }
 
-std::string taken(const Property& property, const std::string& written,
-                  const Interrupt& interrupt) {
-    switch (property.way) {
-    case Way::plain:
+// The library's value for what the user has written.
+std::string valueFor(const Property& property, const std::string& written,
+                     const Interrupt& interrupt) {
+    switch (property.entry) {
+    case Entry::PLAIN:
         return property.take(property, written);
-    case Way::hidden:
+    case Entry::HIDDEN:
         return property.take(property, readSecret(property.name, written, interrupt));
-    case Way::enciphered:
+    case Entry::ENCIPHERED:
         return enciphered(property.take(property, readSecret(property.name, written, interrupt)));
-    case Way::reported:
+    case Entry::REPORTED:
         break;
     }
     throw WrongUse(std::string(property.name) +
@@ -57,16 +58,17 @@ std::vector<const char*> pointersTo(const std::vector<std::string>& texts) {
 
 } // namespace
 
-Edits::Edits(Context& context) {
-    std::vector<Assignment> assignments;
-    for (const std::string& written : context.request.assignments) {
-        assignments.push_back(assignmentOf(written));
-        requireOnce(assignments);
-        propertyOf(assignments.back().name);
+// Secrets are read after all names are checked: the user must not type one in vain.
+Edits::Edits(const std::vector<std::string>& assignments, const Interrupt& interrupt) {
+    std::vector<Assignment> checked;
+    for (const std::string& written : assignments) {
+        checked.push_back(assignmentOf(written));
+        requireOnce(checked);
+        propertyOf(checked.back().name);
     }
-    for (const Assignment& assignment : assignments) {
+    for (const Assignment& assignment : checked) {
         m_names.push_back(assignment.name);
-        m_values.push_back(taken(propertyOf(assignment.name), assignment.value, context.interrupt));
+        m_values.push_back(valueFor(propertyOf(assignment.name), assignment.value, interrupt));
     }
 }
 

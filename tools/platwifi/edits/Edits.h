@@ -1,28 +1,29 @@
 #pragma once
 
-#include "Context.h"
+#include "process/Interrupt.h"
 
 #include <string>
 #include <vector>
 
 namespace cli {
 
-/// The properties that the user wants changed, as setNetworkParameters() takes them: checked, secrets
-/// read and enciphered.
+/// Changes of properties as setNetworkParameters() takes them: checked, and with secrets read and
+/// enciphered.
 class Edits {
 public:
-    /// Reads "NAME=VALUE" each. For a secret VALUE is "-", a line of standard input, or "@FILE", the
-    /// first line of a file; or nothing, which clears a password.
-    /// @throws WrongUse, Failure, Interrupted; nothing is changed then
-    explicit Edits(Context& context);
+    /// Reads the assignments, and the secrets that they name (see readSecret()).
+    /// @param assignments  "NAME=VALUE" each
+    /// @param interrupt    ends the wait for a secret
+    /// @throws WrongUse, Failure, Interrupted
+    Edits(const std::vector<std::string>& assignments, const Interrupt& interrupt);
 
-    /// What the library takes for this property; "" where it is cleared or not among them.
+    /// The library's value for a property; "" if it is cleared or not changed.
     std::string valueOf(const std::string& name) const;
 
-    /// Adds one that the user has not written. @throws WrongUse
+    /// Adds the change of a property that takes words. @throws WrongUse
     void add(const std::string& name, const std::string& word);
 
-    /// Applies them to one network in memory, all in one step. @throws Failure
+    /// Applies all changes to one network in memory, or none. @throws Failure
     void apply(const std::string& iface, const std::string& ssid) const;
 
 private:

@@ -1,6 +1,6 @@
 #include "edits/PropertyRules.h"
 
-#include "Failure.h"
+#include "values/Failure.h"
 
 #include <algorithm>
 #include <cctype>
@@ -83,7 +83,7 @@ std::string takeNumber(const Property& property, const std::string& written) {
     return std::to_string(value);
 }
 
-// The library puts a text into double quotes for the client, unless it has some at an end already.
+// The library quotes a text for the client, unless the text begins or ends with a double quote itself.
 std::string takeText(const Property& property, const std::string& written) {
     if (written.size() > LONGEST_TEXT)
         refuse(property, std::to_string(LONGEST_TEXT) + " bytes at most");
@@ -104,7 +104,7 @@ std::string takeBssid(const Property& property, const std::string& written) {
     return written;
 }
 
-// Neither kind of key can be cleared: the supplicant refuses an empty one.
+// Keys cannot be cleared: the supplicant refuses an empty one.
 std::string takePsk(const Property& property, const std::string& written) {
     if (!isPsk(written))
         refuse(property, "8 to 63 characters, or 64 hexadecimal digits");

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "edits/Properties.h"
+#include "edits/Property.h"
 
 #include <string>
 
 namespace cli {
 
-// What may be written for a property, and what the library takes for it: the `take` of a Property.
+// The members `take` of properties: they check a value of the user and convert it for the library.
 
 std::string takeWord(const Property& property, const std::string& written);    ///< or its number
 std::string takeBoolean(const Property& property, const std::string& written); ///< true or false

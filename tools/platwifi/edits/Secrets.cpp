@@ -1,10 +1,10 @@
 #include "edits/Secrets.h"
 
-#include "Failure.h"
-#include "host/Lines.h"
 #include "platform/Crypt.h"
 #include "platform/FileDescriptor.h"
 #include "process/TerminalState.h"
+#include "values/Failure.h"
+#include "values/Lines.h"
 
 #include <cerrno>
 #include <cstring>
@@ -16,9 +16,10 @@
 namespace cli {
 namespace {
 
-constexpr std::size_t LONGEST_LINE = 1024;
+constexpr std::size_t MAX_LINE = 1024;
 
-// Byte by byte: what follows in the line's file is for somebody else. False at its end.
+// Reads a single byte, so that the next lines of standard input are left for the next secrets.
+// @return false at the end of the file
 bool readByte(int file, char& byte, const std::string& from) {
     const ssize_t size = read(file, &byte, 1);
     if (size < 0)
@@ -31,7 +32,7 @@ std::string readLine(int file, const std::string& from, const Interrupt& interru
     char byte = 0;
     for (interrupt.waitForInput(file); readByte(file, byte, from) && byte != '\n';
          interrupt.waitForInput(file)) {
-        if (line.size() == LONGEST_LINE)
+        if (line.size() == MAX_LINE)
             throw Failure("the first line of " + from + " is too long for a secret");
         line += byte;
     }
@@ -42,7 +43,8 @@ std::string readLine(int file, const std::string& from, const Interrupt& interru
     return line;
 }
 
-// Asks, where somebody can be asked; the end of the line is typed unseen, too.
+/// Asks for a secret if standard input is a terminal. The terminal does not echo the end of the line
+/// either, so the prompt writes one.
 class Prompt {
 public:
     explicit Prompt(const std::string& name) : m_isShown(isatty(STDIN_FILENO) != 0) {
@@ -58,16 +60,16 @@ public:
 
 private:
     const bool m_isShown;
-    const HiddenInput m_hidden; // before anything can be typed
+    const HiddenInput m_hidden; // the echo is off before the prompt is shown
 };
 
-std::string typedOrPiped(const std::string& name, const Interrupt& interrupt) {
+std::string readInput(const std::string& name, const Interrupt& interrupt) {
     const Prompt prompt(name);
     return readLine(STDIN_FILENO, "standard input", interrupt);
 }
 
 std::string fromInput(const std::string& name, const Interrupt& interrupt) {
-    std::string line = typedOrPiped(name, interrupt);
+    std::string line = readInput(name, interrupt);
     if (line.empty())
         throw Failure("there is no " + name + " on standard input; write it there");
     return line;
@@ -103,7 +105,7 @@ std::string enciphered(const std::string& secret) {
     ErrorHandler errors;
     char* result = nullptr;
     const bool isDone = Crypt::encrypt(&errors, secret.c_str(), &result) == 0;
-    std::string text = taken(result);
+    std::string text = takeOwnership(result);
     if (!isDone)
         throw Failure(errors.savedError() ? errors.savedError()->text()
                                           : "the secret cannot be enciphered");

@@ -6,14 +6,17 @@
 
 namespace cli {
 
-/// Reads a secret from where the user says: "-" is a line of standard input, typed unseen on a
-/// terminal, "@FILE" the first line of a file, "" the empty secret.
-/// @param name  what the secret is called, for messages
-/// @throws WrongUse for the secret itself, Failure where it cannot be read, Interrupted
+/// Reads a secret.
+/// @param name    name of the property, for the prompt and for messages
+/// @param source  "-" for a line of standard input, which a terminal does not echo; "@FILE" for the first
+///                line of a file; "" for the empty secret, which clears a password
+/// @throws WrongUse for any other source, such as the secret itself
+/// @throws Failure if it cannot be read
+/// @throws Interrupted
 std::string readSecret(const std::string& name, const std::string& source,
                        const Interrupt& interrupt);
 
-/// What the library takes for a secret; "" stays as it is. @throws Failure
+/// Enciphers a secret for the library; "" stays as it is. @throws Failure
 std::string enciphered(const std::string& secret);
 
 } // namespace cli

@@ -5,7 +5,7 @@
 namespace cli {
 namespace {
 
-// By the furthest state that was reached.
+// The likely cause if an attempt got no further than this state.
 struct Cause {
     WpaState furthest;
     const char* text;
@@ -30,9 +30,9 @@ constexpr Cause CAUSES[] = {
 
 } // namespace
 
-// Once associated, only a refusal leads back: what is out of range does not come so far. States of
-// another network, which is being left, do not count.
-void ConnectionAttempt::saw(WpaState state, bool isOnNetwork) {
+// After the association only a refusal leads back to these states: a network that is out of range is
+// never associated. States of the network that was connected before do not count.
+void ConnectionAttempt::onState(WpaState state, bool isOnNetwork) {
     const bool isBack = state == WPA_STATE_DISCONNECTED || state == WPA_STATE_SCANNING;
     m_isRefused = m_isRefused || (m_wasAssociated && isBack);
     m_wasAssociated = isOnNetwork && state >= WPA_STATE_ASSOCIATED;
@@ -42,12 +42,12 @@ void ConnectionAttempt::saw(WpaState state, bool isOnNetwork) {
         m_furthest = std::max(m_furthest, state);
 }
 
-void ConnectionAttempt::sawAvoidance(bool isAvoided) {
+void ConnectionAttempt::onListed(bool isAvoided) {
     m_isRefused = m_isRefused || (m_wasTried && isAvoided);
     m_wasTried = m_wasTried || !isAvoided;
 }
 
-// A refusal can be too quick for its states to be seen.
+// A refusal may take less time than a poll, so that its states were never reported.
 std::string ConnectionAttempt::likelyCause() const {
     if (m_isRefused && m_furthest < WPA_STATE_ASSOCIATED)
         return "the access point refuses the key, or the identity and password; correct them with "

@@ -1,41 +1,39 @@
 #include "host/Host.h"
 
-#include "Failure.h"
 #include "checks/Checks.h"
+#include "client/Listing.h"
 #include "display/LoadProgress.h"
 #include "display/Text.h"
-#include "host/Lines.h"
-#include "host/Listing.h"
 #include "host/Ssid.h"
 #include "jni/ServiceFunctions.h"
-#include "process/OtherProcesses.h"
+#include "process/SharedBlock.h"
 #include "settings/WifiHostSettings.h"
-#include "supplicant/WifiUtil.h"
+#include "values/Lines.h"
 
 #include <algorithm>
 
 namespace cli {
 namespace {
 
-constexpr unsigned char MOST_NETWORKS = 32; // that the library loads
-constexpr std::size_t LONGEST_NAME = 13;
+constexpr unsigned char MAX_NETWORKS = 32; // that the library loads
+constexpr std::size_t MAX_NAME_LENGTH = 13;
 constexpr const char* NO_INTERFACE =
     "the supplicant lists no interface; start it with one, such as -i wlan0";
 
-void failFor(const std::optional<Finding>& finding) {
+void throwFor(const std::optional<Finding>& finding) {
     if (finding)
         throw Failure(finding->found + "; " + finding->toDo);
 }
 
-// Why nothing answers, in the words of the first check that fails.
-[[noreturn]] void tellObstacle(const std::string& iface, const std::string& otherwise) {
-    failFor(obstacle(iface));
-    throw Failure(otherwise);
+// The message is that of the first check that fails, or `fallback` if none does.
+[[noreturn]] void throwObstacle(const std::string& iface, const std::string& fallback) {
+    throwFor(obstacle(iface));
+    throw Failure(fallback);
 }
 
 void requireName(const std::string& iface) {
-    if (iface.size() > LONGEST_NAME)
-        throw WrongUse("the name of an interface has " + std::to_string(LONGEST_NAME) +
+    if (iface.size() > MAX_NAME_LENGTH)
+        throw WrongUse("the name of an interface has " + std::to_string(MAX_NAME_LENGTH) +
                        " characters at most; ip link lists them");
 }
 
@@ -46,20 +44,14 @@ Host::~Host() {
         leaveSharedBlock();
 }
 
-WifiUtil& Host::util() {
-    if (WifiUtil* const util = WifiUtil::getInstance())
-        return *util;
-    throw Failure("there is no memory left; end some programs, then try again");
-}
-
 const std::vector<std::string>& Host::adapters() {
     if (!m_adapters.empty())
         return m_adapters;
-    failFor(missingClient()); // in this program's words: the library has others for it
+    throwFor(missingClient()); // before the library reports it in its own words
     m_adapters = listedAdapters();
     m_context.interrupt.check();
     if (m_adapters.empty())
-        tellObstacle(m_context.request.iface, NO_INTERFACE);
+        throwObstacle(m_context.request.iface, NO_INTERFACE);
     return m_adapters;
 }
 
@@ -89,29 +81,29 @@ void Host::load() {
     bool ok = false;
     const std::size_t listed = listedNetworks(m_iface, ok).size();
     if (!ok)
-        tellObstacle(m_iface, "the supplicant does not answer for " + m_iface +
-                                  "; platwifi doctor tells more");
+        throwObstacle(m_iface, "the supplicant does not answer for " + m_iface +
+                                   "; platwifi doctor tells more");
     {
-        const LoadProgress progress(m_context.err, std::min<std::size_t>(listed, MOST_NETWORKS));
+        const LoadProgress progress(m_context.err, std::min<std::size_t>(listed, MAX_NETWORKS));
         m_settings = WifiHostSettings::getInstance(nullptr);
     }
     m_context.interrupt.check();
     if (!m_settings || (listed > 0 && networks().empty()))
-        tellObstacle(m_iface, "the networks could not be loaded; platwifi doctor tells more");
+        throwObstacle(m_iface, "the networks could not be loaded; platwifi doctor tells more");
 }
 
 std::vector<std::string> Host::networks() {
     WifiHostSettings& all = settings();
     bool ok = false;
-    return linesOf(MOST_NETWORKS, ok, [&](char** out, unsigned char max, unsigned char* count) {
+    return linesOf(MAX_NETWORKS, ok, [&](char** out, unsigned char max, unsigned char* count) {
         const bool listed = all.getNetworkDatabaseSsids(m_iface.c_str(), out, max, count);
         if (!listed)
-            all.unlockNetworks(); // kept, since a network has no SSID; the refresh thread waits for it
+            all.unlockNetworks(); // a network without an SSID: the library has kept its lock
         return listed;
     });
 }
 
-std::optional<std::string> Host::known() {
+std::optional<std::string> Host::findNetwork() {
     for (const std::string& ssid : networks()) {
         if (isSameSsid(ssid, m_context.request.ssid))
             return ssid;
@@ -120,7 +112,7 @@ std::optional<std::string> Host::known() {
 }
 
 std::string Host::network() {
-    if (const auto ssid = known())
+    if (const auto ssid = findNetwork())
         return *ssid;
     throw Failure("there is no network " + shownSsid(m_context.request.ssid) +
                   "; platwifi networks lists what there is");
@@ -129,7 +121,7 @@ std::string Host::network() {
 std::string Host::currentNetwork() {
     char* ssid = nullptr;
     getCurrentNetwork(nullptr, iface().c_str(), &ssid);
-    return taken(ssid);
+    return takeOwnership(ssid);
 }
 
 } // namespace cli

@@ -1,51 +1,62 @@
 #pragma once
 
-#include "Context.h"
+#include "process/Console.h"
+#include "process/Interrupt.h"
+#include "values/Failure.h"
+#include "values/Values.h"
 
 #include <optional>
 #include <string>
 #include <vector>
 
 class WifiHostSettings;
-class WifiUtil;
 
 namespace cli {
 
-/// The Wi-Fi of this host, as a command uses it: finds out what can be reached, and tells why what
-/// cannot be.
+/// What a command works with, and what it reports beside its output.
+struct Context {
+    const Request& request;
+    Interrupt& interrupt;
+    Console out;           ///< standard output
+    Console err;           ///< standard error
+    bool hasSaved = false; ///< set after a save: other processes must be notified of it
+    Status status = DONE;  ///< FAILED if the command has done its work and found something wrong
+};
+
+/// The Wi-Fi of this host. Reaches the supplicant and loads the settings when a command first needs
+/// them; if that fails, finds the cause.
 class Host {
 public:
     explicit Host(Context& context) : m_context(context) {}
 
-    /// Leaves the memory shared with other processes as if this one had never been.
+    /// Leaves the memory shared with other processes (see leaveSharedBlock()).
     ~Host();
 
     Host(const Host&) = delete;
     Host& operator=(const Host&) = delete;
 
-    /// @throws Failure without one
-    static WifiUtil& util();
-
-    /// What the supplicant lists. @throws Failure where it cannot be reached
+    /// The interfaces that the supplicant lists; one at least.
+    /// @throws Failure if the supplicant cannot be reached
     const std::vector<std::string>& adapters();
 
-    /// The interface that commands are for. @throws Failure where there is none, or not this one
+    /// The interface of this command: the one on the command line, or the first one listed.
+    /// @throws Failure if there is none, or if the supplicant does not serve that one
     const std::string& iface();
 
-    /// The settings, loaded by the first call, with a word about progress where that takes long.
-    /// @throws Failure where they cannot be loaded, or are those of another interface
+    /// The settings. The first call loads them, with a line of progress if that takes long.
+    /// @throws Failure if they cannot be loaded, or if they are those of another interface
     WifiHostSettings& settings();
 
-    /// What the library calls its networks, the last one added first.
+    /// The SSIDs of the configured networks in the library's notation, the last one added first.
     std::vector<std::string> networks();
 
-    /// What the library calls the network that the user has named. @throws Failure for an unknown one
+    /// The library's notation of the SSID on the command line. @throws Failure for an unknown network
     std::string network();
 
-    /// The same, or nothing.
-    std::optional<std::string> known();
+    /// The same; nothing for an unknown network.
+    std::optional<std::string> findNetwork();
 
-    /// The network that the interface is on now; "" for none.
+    /// The network that the interface is connected to; "" if there is none.
     std::string currentNetwork();
 
 private:

@@ -29,15 +29,15 @@ struct Band {
 
 constexpr Band BANDS[] = {
     {2412, 2472, 2407, 5},
-    {2484, 2484, 2414, 5}, // channel 14 stands apart
+    {2484, 2484, 2414, 5}, // channel 14, not on the raster of the others
     {5160, 5885, 5000, 5},
     {5955, 7115, 5950, 5},
 };
 
-// A flag begins with the protocol and holds the kind of key anywhere behind it.
+// A flag begins with the protocol, and has the key management anywhere behind it.
 struct SecurityWord {
     const char* protocol;
-    const char* key;
+    const char* keyManagement;
     const char* word;
 };
 
@@ -62,7 +62,7 @@ void addOnce(std::string& words, const std::string& word) {
 
 void addWordsFor(const std::string& flag, std::string& words) {
     for (const SecurityWord& one : WORDS) {
-        if (flag.rfind(one.protocol, 0) == 0 && flag.find(one.key) != std::string::npos)
+        if (flag.rfind(one.protocol, 0) == 0 && flag.find(one.keyManagement) != std::string::npos)
             addOnce(words, one.word);
     }
 }

@@ -5,10 +5,10 @@
 
 namespace cli {
 
-/// An access point of a scan.
+/// An access point in range.
 struct ScanResult {
-    /// From a line of the client: BSSID, frequency, signal, flags and SSID, separated by tabs.
-    /// Nothing for a line that is none.
+    /// Reads a line of the client: BSSID, frequency, signal, flags and SSID, separated by tabs.
+    /// Nothing for any other line.
     static std::optional<ScanResult> of(const std::string& line);
 
     std::string bssid;
@@ -18,10 +18,11 @@ struct ScanResult {
     std::string ssid;  ///< in the client's notation
 };
 
-/// The channel of a frequency in MHz; 0 for one that is in none of the bands.
+/// The channel of a frequency in MHz; 0 if the frequency is in none of the bands.
 int channelOf(int frequency);
 
-/// Flags such as "[WPA2-PSK-CCMP][ESS]" in words, "WPA2-PSK", joined by "/"; "open" without security.
+/// The security of flags such as "[WPA2-PSK-CCMP][ESS]": words such as "WPA2-PSK", joined by "/"; "open"
+/// if there are none.
 std::string securityOf(const std::string& flags);
 
 } // namespace cli

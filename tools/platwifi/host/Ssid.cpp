@@ -1,7 +1,7 @@
 #include "host/Ssid.h"
 
-#include "Failure.h"
 #include "display/Text.h"
+#include "values/Failure.h"
 
 #include <algorithm>
 #include <cctype>
@@ -9,7 +9,7 @@
 namespace cli {
 namespace {
 
-constexpr std::size_t MAXIMUM_BYTES = 32;
+constexpr std::size_t MAX_BYTES = 32;
 
 struct Escape {
     char letter;
@@ -22,7 +22,7 @@ constexpr Escape ESCAPES[] = {
 
 struct Piece {
     char byte;
-    std::size_t length; // of its notation
+    std::size_t length; // in the notation
 };
 
 bool isHexEscape(const std::string& text, std::size_t place) {
@@ -77,11 +77,10 @@ bool isSameSsid(const std::string& one, const std::string& other) {
 
 void requireSsid(const std::string& ssid) {
     const std::size_t size = std::min(ssid.size(), bytesOfSsid(ssid).size());
-    if (size > 0 && size <= MAXIMUM_BYTES)
+    if (size > 0 && size <= MAX_BYTES)
         return;
-    throw WrongUse("an SSID has 1 to " + std::to_string(MAXIMUM_BYTES) +
-                   " bytes, and this one has " + std::to_string(size) +
-                   "; platwifi networks and platwifi scan list some");
+    throw WrongUse("an SSID has 1 to " + std::to_string(MAX_BYTES) + " bytes, and this one has " +
+                   std::to_string(size) + "; platwifi networks and platwifi scan list some");
 }
 
 } // namespace cli

@@ -4,21 +4,21 @@
 
 namespace cli {
 
-/// The bytes behind the notation of the supplicant's client, which has \xNN, \\, \", \e, \n, \r and
-/// \t for what is not plain ASCII. A text without escapes is its own answer.
+/// The bytes of an SSID in the notation of the supplicant's client, which writes \xNN, \\, \", \e, \n,
+/// \r and \t for bytes that are not plain ASCII. A text without escapes stays as it is.
 std::string bytesOfSsid(const std::string& notation);
 
-/// An SSID in the client's notation, fit for a terminal. One without a visible byte is "(hidden)".
+/// Converts an SSID from the client's notation for a terminal. "(hidden)" if it is empty or all zeros.
 std::string shownSsid(const std::string& notation);
 
-/// The same for a program: UTF-8, and the client's notation where the bytes are none.
+/// Converts an SSID from the client's notation for JSON: to UTF-8, or unchanged if the bytes are no UTF-8.
 std::string plainSsid(const std::string& notation);
 
-/// Whether two notations, or plain texts, mean the same network.
+/// Whether two SSIDs, each in the client's notation or plain, are the same.
 bool isSameSsid(const std::string& one, const std::string& other);
 
-/// Refuses what cannot be the SSID of a network, in no notation.
-/// @throws WrongUse
+/// Checks that the SSID has 1 to 32 bytes, in the client's notation or plain.
+/// @throws WrongUse if neither
 void requireSsid(const std::string& ssid);
 
 } // namespace cli

@@ -13,7 +13,7 @@
 namespace cli {
 namespace {
 
-/// The numbers of children, as the system writes them: each with a blank behind it.
+/// The process ids of a thread's children, as the kernel lists them: each with a blank behind it.
 class ChildList {
 public:
     explicit ChildList(pid_t thread) noexcept {
@@ -24,7 +24,7 @@ public:
         m_text[size > 0 ? size : 0] = '\0';
     }
 
-    /// 0 where there are no more.
+    /// @return 0 at the end of the list
     pid_t next() noexcept { return static_cast<pid_t>(std::strtol(m_next, &m_next, 10)); }
 
 private:
@@ -32,7 +32,7 @@ private:
     char* m_next = m_text;
 };
 
-void end(pid_t child) noexcept {
+void killAndReap(pid_t child) noexcept {
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
     char socket[64];
@@ -43,10 +43,10 @@ void end(pid_t child) noexcept {
 
 } // namespace
 
-void endChildrenOf(pid_t thread) noexcept {
+void killChildrenOf(pid_t thread) noexcept {
     ChildList children(thread);
     while (const pid_t child = children.next())
-        end(child);
+        killAndReap(child);
 }
 
 } // namespace cli

@@ -4,9 +4,10 @@
 
 namespace cli {
 
-/// Ends the children that a thread of this process has started, waits until they are gone, and removes
-/// the sockets that clients among them leave behind. Takes no memory: the thread may have been stopped
-/// while it held the lock of that.
-void endChildrenOf(pid_t thread) noexcept;
+/// Kills the child processes of a thread of this process, reaps them, and removes the sockets that
+/// the supplicant's clients among them leave in /tmp.
+///
+/// Allocates no memory: the thread may have been stopped while it held the allocator's lock.
+void killChildrenOf(pid_t thread) noexcept;
 
 } // namespace cli

@@ -1,9 +1,9 @@
 #include "process/Interrupt.h"
 
-#include "Failure.h"
 #include "process/Children.h"
-#include "process/OtherProcesses.h"
 #include "process/ResultFiles.h"
+#include "process/SharedBlock.h"
+#include "values/Failure.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -17,9 +17,9 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr milliseconds PATIENCE{1000};
-constexpr int OVER = SIGUSR1; // tells the watcher that there is nothing to watch any more
-constexpr int STOP = SIGUSR2; // for the owner
+constexpr milliseconds GRACE_PERIOD{1000}; // from the signal until the command is ended by force
+constexpr int END_OF_WATCH = SIGUSR1;      // ends the thread that waits for signals
+constexpr int STOP = SIGUSR2;              // stops the thread that runs the command
 constexpr int WATCHED[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
 
 sigset_t watchedSignals() {
@@ -27,20 +27,21 @@ sigset_t watchedSignals() {
     sigemptyset(&signals);
     for (const int signal : WATCHED)
         sigaddset(&signals, signal);
-    sigaddset(&signals, OVER);
+    sigaddset(&signals, END_OF_WATCH);
     return signals;
 }
 
 std::atomic<bool> isStopped{false};
 
-void stayForEver(int /*signal*/) {
+void pauseForever(int /*signal*/) {
     isStopped = true;
     for (;;)
         pause();
 }
 
+// Returns when the thread runs nothing but the signal handler.
 void stop(pthread_t thread) {
-    std::signal(STOP, stayForEver);
+    std::signal(STOP, pauseForever);
     pthread_kill(thread, STOP);
     while (!isStopped)
         std::this_thread::yield();
@@ -58,10 +59,10 @@ Interrupt::Interrupt() : m_signals(watchedSignals()) {
 Interrupt::~Interrupt() {
     {
         const std::lock_guard<std::mutex> guard(m_mutex);
-        m_isOver = true;
+        m_isEnding = true;
         m_changed.notify_all();
     }
-    pthread_kill(m_watcher.native_handle(), OVER);
+    pthread_kill(m_watcher.native_handle(), END_OF_WATCH);
     m_watcher.join();
     close(m_pipe[0]);
     close(m_pipe[1]);
@@ -86,7 +87,7 @@ void Interrupt::waitForInput(int descriptor) const {
     check();
 }
 
-void Interrupt::wakeMain() const {
+void Interrupt::wakeOwner() const {
     const char byte = 0;
     while (write(m_pipe[1], &byte, 1) < 0 && errno == EINTR) {
     }
@@ -95,32 +96,32 @@ void Interrupt::wakeMain() const {
 void Interrupt::watch() {
     int signal = 0;
     sigwait(&m_signals, &signal);
-    if (signal == OVER)
+    if (signal == END_OF_WATCH)
         return;
     m_signal = signal;
-    wakeMain();
+    wakeOwner();
     std::unique_lock<std::mutex> guard(m_mutex);
-    while (!m_changed.wait_for(guard, PATIENCE, [this] { return m_isOver; })) {
+    while (!m_changed.wait_for(guard, GRACE_PERIOD, [this] { return m_isEnding; })) {
         if (m_deferred == 0)
             return endByForce(signal);
     }
 }
 
-// The line in progress on the terminal is left before anything is said. Once its child is gone, the
-// owner would start the next one: it is stopped first, wherever it is, and nothing is done from then on
-// that could wait for a lock that it holds.
+// The message begins on a new line of the terminal, behind the "^C" or a line of progress. The owner is
+// stopped before its child is killed, else it would start the next one. From then on nothing may wait
+// for a lock that the owner holds, such as the allocator's.
 void Interrupt::endByForce(int signal) {
     m_terminal.restore();
     std::cerr << (isatty(STDERR_FILENO) != 0 ? "\n" : "") << "platwifi: interrupted\n";
     leaveSharedBlock();
     const std::vector<std::string> results = resultsOf(m_owner);
     stop(m_owner);
-    endChildrenOf(getpid());
-    remove(results);
-    endBy(signal);
+    killChildrenOf(getpid());
+    removeFiles(results);
+    endBySignal(signal);
 }
 
-void Interrupt::endBy(int signal) {
+void Interrupt::endBySignal(int signal) {
     std::signal(signal, SIG_DFL);
     sigset_t one;
     sigemptyset(&one);

@@ -12,12 +12,13 @@
 
 namespace cli {
 
-/// What happens on SIGINT, SIGTERM, SIGHUP and SIGQUIT: the command ends in an orderly way at its next
-/// wait or check. One that is in the middle of a call of the library for another second is ended by
-/// force; no child, no socket or result of a child and no changed terminal stays behind.
+/// Handles SIGINT, SIGTERM, SIGHUP and SIGQUIT. The command ends in an orderly way at its next wait or
+/// check. If it does not get there within a second, since a call of the library takes longer, it is
+/// ended by force: its child processes are killed, their sockets and result files are removed, and
+/// the terminal is restored.
 ///
-/// To be made before any other thread, by the first one, which runs the command: so no thread of the
-/// library gets a signal.
+/// To be constructed by the main thread, which runs the command, before any other thread exists:
+/// threads inherit the signal mask, so that no thread of the library gets a signal.
 class Interrupt {
 public:
     Interrupt();
@@ -26,16 +27,17 @@ public:
     Interrupt(const Interrupt&) = delete;
     Interrupt& operator=(const Interrupt&) = delete;
 
-    /// @throws Interrupted where a signal has come
+    /// @throws Interrupted after a signal
     void check() const;
 
-    /// Waits for that long. @throws Interrupted at once when a signal comes
+    /// Waits that long. @throws Interrupted as soon as a signal comes
     void pause(std::chrono::milliseconds time) const;
 
-    /// Waits until there is something to read. @throws Interrupted at once when a signal comes
+    /// Waits until the descriptor is readable. @throws Interrupted as soon as a signal comes
     void waitForInput(int descriptor) const;
 
-    /// While it lives, the command is not ended by force: what it does must be finished.
+    /// While an object exists, the command is not ended by force: it is changing the configuration,
+    /// and must finish that.
     class Deferred {
     public:
         explicit Deferred(Interrupt& interrupt);
@@ -47,22 +49,22 @@ public:
         Interrupt& m_interrupt;
     };
 
-    /// Ends this program by the signal, as if it had never been caught.
-    [[noreturn]] static void endBy(int signal);
+    /// Ends this process by the signal, as if it had never been caught.
+    [[noreturn]] static void endBySignal(int signal);
 
 private:
     void watch();
     void endByForce(int signal);
-    void wakeMain() const;
+    void wakeOwner() const;
 
     TerminalState m_terminal;
-    const pthread_t m_owner = pthread_self(); ///< the thread that runs the command
+    const pthread_t m_owner = pthread_self(); ///< thread that runs the command
     sigset_t m_signals{};
-    int m_pipe[2] = {-1, -1}; ///< readable once a signal has come
+    int m_pipe[2] = {-1, -1}; ///< readable after a signal
     std::atomic<int> m_signal{0};
-    std::mutex m_mutex; ///< guards the two below
-    bool m_isOver = false;
-    unsigned int m_deferred = 0;
+    std::mutex m_mutex;          ///< guards m_isEnding and m_deferred
+    bool m_isEnding = false;     ///< the object is being destroyed
+    unsigned int m_deferred = 0; ///< count of Deferred objects
     std::condition_variable m_changed;
     std::thread m_watcher;
 };

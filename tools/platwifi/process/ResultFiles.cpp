@@ -9,7 +9,7 @@ namespace cli {
 namespace {
 
 constexpr const char* FOLDER = "/tmp";
-constexpr const char* BEGINNING = "wpa_";
+constexpr const char* PREFIX = "wpa_";
 
 bool endsWith(const std::string& text, const std::string& end) {
     return text.size() >= end.size() &&
@@ -18,20 +18,20 @@ bool endsWith(const std::string& text, const std::string& end) {
 
 } // namespace
 
-// Such a file is named after its command and its thread.
+// The library names such a file after the command and the thread.
 std::vector<std::string> resultsOf(pthread_t thread) {
     std::vector<std::string> files;
     const std::string end = "_result_" + std::to_string(static_cast<long long>(thread));
     std::error_code error;
     for (const auto& file : std::filesystem::directory_iterator(FOLDER, error)) {
         const std::string name = file.path().filename();
-        if (name.rfind(BEGINNING, 0) == 0 && endsWith(name, end))
+        if (name.rfind(PREFIX, 0) == 0 && endsWith(name, end))
             files.push_back(file.path());
     }
     return files;
 }
 
-void remove(const std::vector<std::string>& files) noexcept {
+void removeFiles(const std::vector<std::string>& files) noexcept {
     for (const std::string& file : files)
         unlink(file.c_str());
 }

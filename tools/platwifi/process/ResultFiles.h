@@ -6,10 +6,10 @@
 
 namespace cli {
 
-/// The files with replies of the client that the library has in use for a thread, or has kept.
+/// The paths of a thread's result files: the files in /tmp that receive the client's replies to it.
 std::vector<std::string> resultsOf(pthread_t thread);
 
-/// Takes no memory.
-void remove(const std::vector<std::string>& files) noexcept;
+/// Removes files. Allocates no memory.
+void removeFiles(const std::vector<std::string>& files) noexcept;
 
 } // namespace cli

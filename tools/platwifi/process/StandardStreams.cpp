@@ -1,6 +1,6 @@
 #include "process/StandardStreams.h"
 
-#include "Failure.h"
+#include "values/Failure.h"
 
 #include <cerrno>
 #include <cstring>
@@ -17,7 +17,7 @@ bool isOpen(int descriptor) {
     return fcntl(descriptor, F_GETFD) != -1;
 }
 
-bool readerHasGone() {
+bool hasReaderClosed() {
     pollfd output{STDOUT_FILENO, POLLOUT, 0};
     return poll(&output, 1, 0) > 0 && (output.revents & (POLLERR | POLLHUP)) != 0;
 }
@@ -26,18 +26,18 @@ bool readerHasGone() {
 
 void fillClosedStreams() {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-        if (!isOpen(stream)) // the lowest free number is the stream's
+        if (!isOpen(stream)) // the lowest free descriptor is the stream's
             static_cast<void>(open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY));
     }
 }
 
-// A stream that has failed before tells no cause any more.
+// errno stays 0 if the stream failed before: the cause is not known then.
 void flushOutput() {
     errno = 0;
     if (std::cout.flush())
         return;
     const std::string cause = errno == 0 ? "" : std::string(": ") + std::strerror(errno);
-    if (errno == EPIPE || readerHasGone())
+    if (errno == EPIPE || hasReaderClosed())
         throw Failure("");
     throw Failure("the result cannot be written" + cause + "; see where standard output leads to");
 }

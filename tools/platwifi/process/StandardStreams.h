@@ -2,12 +2,13 @@
 
 namespace cli {
 
-/// Puts something in the place of standard streams that are closed, so that no file that is opened
-/// later gets their numbers. Reading from it, and writing to it, fails.
+/// Opens /dev/null for standard streams that are closed, so that no file that is opened later gets
+/// their descriptors. Reading from standard input and writing to the other two fails.
 void fillClosedStreams();
 
-/// Writes out what has been printed. Where whoever reads it has gone, that needs no words.
-/// @throws Failure where it cannot be written, without a message for a reader that has gone
+/// Flushes standard output.
+/// @throws Failure if it cannot be written; with an empty message if it is a pipe whose reader has
+///         closed it, which is no reason for a message
 void flushOutput();
 
 } // namespace cli

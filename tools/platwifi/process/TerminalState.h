@@ -5,22 +5,23 @@
 
 namespace cli {
 
-/// How the terminal of standard input is set, where there is one, as it was when this was made.
+/// The settings of standard input's terminal at the time of construction. Does nothing where standard
+/// input is no terminal.
 class TerminalState {
 public:
     TerminalState() noexcept;
 
-    /// Puts it back.
+    /// Restores these settings.
     void restore() const noexcept;
 
-    /// The same without what is typed being shown.
+    /// Sets the same settings without echo.
     void hideInput() const noexcept;
 
 private:
     std::optional<termios> m_state;
 };
 
-/// While it lives, what is typed is not shown.
+/// Turns the echo of the terminal off while the object exists.
 class HiddenInput {
 public:
     HiddenInput() noexcept { m_before.hideInput(); }

@@ -1,7 +1,7 @@
-#include "CommandTable.h"
+#include "commands/CommandTable.h"
 
 #include "commands/Commands.h"
-#include "edits/Properties.h"
+#include "edits/PropertyTable.h"
 
 #include <iomanip>
 #include <sstream>
@@ -11,7 +11,7 @@ namespace {
 
 constexpr int NAME_COLUMN = 22;
 
-// Examples of one command.
+// The end of the help of a command whose examples are `Lines`.
 template <const auto& Lines>
 std::string examples() {
     return std::string("Examples:\n") + Lines;
@@ -61,7 +61,7 @@ std::string lineFor(const Property& property) {
 std::string propertyList() {
     std::string text = "Properties:\n";
     for (const Property& property : properties()) {
-        if (property.way != Way::reported)
+        if (property.entry != Entry::REPORTED)
             text += lineFor(property);
     }
     return text +
@@ -82,10 +82,10 @@ const std::vector<Command> COMMANDS = {
     {"networks", JSON, listNetworks, "list the configured networks", examples<NETWORKS>},
     {"show", SSID | JSON, showNetwork, "show a configured network", examples<SHOW>},
     {"set", SSID | ASSIGNMENTS | JSON, setProperties, "change a network, and save", propertiesAndExamples<SET>},
-    {"add", SSID | NEW_SSID | MAYBE_ASSIGNMENTS | JSON, addNetwork, "add a network, and save", propertiesAndExamples<ADD>},
+    {"add", SSID | NEW_SSID | OPTIONAL_ASSIGNMENTS | JSON, addNetwork, "add a network, and save", propertiesAndExamples<ADD>},
     {"remove", SSID | JSON, removeNetwork, "remove a network, and save", examples<REMOVE>},
-    {"connect", SSID | PATIENCE | JSON, connectNetwork, "connect to a network, and wait for it", examples<CONNECT>},
-    {"disconnect", MAYBE_SSID | JSON, disconnectNetwork, "end the connection", examples<DISCONNECT>},
+    {"connect", SSID | TIMEOUT | JSON, connectNetwork, "connect to a network, and wait for it", examples<CONNECT>},
+    {"disconnect", OPTIONAL_SSID | JSON, disconnectNetwork, "end the connection", examples<DISCONNECT>},
     {"roam", JSON, roam, "let the supplicant choose among all networks", examples<ROAM>},
     {"xml", FULL, writeXml, "print the whole state as an XML document", examples<XML>},
     {"dump", 0, dump, "print everything in memory, secrets in plain", examples<DUMP>},
@@ -99,7 +99,7 @@ const std::vector<Command>& commands() {
     return COMMANDS;
 }
 
-std::string generalHelp() {
+std::string generalEpilogue() {
     return "Exit status: 0 it is done, 1 it did not work, 2 wrong use. Standard error tells\n"
            "what is wrong, and what to do next.\n\n"
            "Examples:\n"

@@ -1,4 +1,4 @@
-#include "display/Console.h"
+#include "process/Console.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -8,22 +8,22 @@
 namespace cli {
 namespace {
 
-constexpr unsigned int USUAL_WIDTH = 80;
+constexpr unsigned int DEFAULT_WIDTH = 80;
 
 bool isSet(const char* variable) {
     const char* const value = std::getenv(variable);
     return value && value[0] != '\0';
 }
 
-bool isDumb() {
-    const char* const kind = std::getenv("TERM");
-    return !kind || std::strcmp(kind, "dumb") == 0;
+bool isDumbTerminal() {
+    const char* const type = std::getenv("TERM");
+    return !type || std::strcmp(type, "dumb") == 0;
 }
 
 unsigned int widthOf(int descriptor) {
     winsize size{};
     const bool isKnown = ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    return isKnown ? size.ws_col : USUAL_WIDTH;
+    return isKnown ? size.ws_col : DEFAULT_WIDTH;
 }
 
 } // namespace
@@ -33,7 +33,7 @@ Console Console::of(int descriptor) {
     if (isatty(descriptor) == 0)
         return console;
     console.isTerminal = true;
-    console.hasColours = !isSet("NO_COLOR") && !isDumb();
+    console.hasColours = !isSet("NO_COLOR") && !isDumbTerminal();
     console.width = widthOf(descriptor);
     return console;
 }

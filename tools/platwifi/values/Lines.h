@@ -6,10 +6,11 @@
 
 namespace cli {
 
-/// The texts that a function of the library fills into an array, with room for `capacity`. What it
-/// made is freed.
-/// @param fill  called with the array, the capacity and the place of the count; false for failure
-/// @param ok    receives what `fill` returned
+/// Copies the texts that a function of the library writes into an array, and frees them.
+/// @param capacity  size of the array
+/// @param ok        receives the result of `fill`
+/// @param fill      called with the array, its size and a pointer to the count of texts; returns
+///                  false on failure
 template <typename Fill>
 std::vector<std::string> linesOf(unsigned char capacity, bool& ok, Fill fill) {
     std::vector<char*> array(capacity, nullptr);
@@ -24,8 +25,8 @@ std::vector<std::string> linesOf(unsigned char capacity, bool& ok, Fill fill) {
     return lines;
 }
 
-/// A text that the library made and handed over; "" for none.
-inline std::string taken(char* text) {
+/// Copies a text that the library has allocated, and frees it. "" for null.
+inline std::string takeOwnership(char* text) {
     std::string copy = text ? text : "";
     delete[] text;
     return copy;

@@ -1,4 +1,4 @@
-#include "ShellOutput.h"
+#include "Shell.h"
 
 #include <array>
 #include <cstdio>
@@ -6,6 +6,12 @@
 #include <sys/wait.h>
 
 namespace test {
+
+// In the client's notation.
+ListedHost::ListedHost() {
+    answers({"home", "My Net", "$HOME", "Bob's \\\"Net\\\"", "back\\\\slash", "Caf\\xc3\\xa9",
+             "bang!all", "a=b@c", "`id`;&|", "bad\\xff", "tilde~(x)*", "-dash", "end "});
+}
 
 ShellOutput outputOf(const std::string& script,
                      const std::map<std::string, std::string>& variables) {

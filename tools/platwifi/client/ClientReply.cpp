@@ -1,4 +1,4 @@
-#include "checks/ClientReply.h"
+#include "client/ClientReply.h"
 
 #include "Paths.h"
 #include "platform/FileDescriptor.h"
@@ -15,7 +15,7 @@ namespace {
 using platwifi::paths::CLIENT;
 using platwifi::paths::PROCESS_LISTER;
 
-/// A file for a reply, gone with the object.
+/// A file for a reply, removed with the object.
 class ReplyFile {
 public:
     ReplyFile() : m_file(mkstemp(m_path)) {}

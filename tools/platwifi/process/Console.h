@@ -4,7 +4,7 @@
 
 namespace cli {
 
-/// What one of the standard streams leads to.
+/// The terminal, file or pipe behind a standard stream.
 struct Console {
     static constexpr unsigned int UNLIMITED = std::numeric_limits<unsigned int>::max();
 
@@ -12,7 +12,7 @@ struct Console {
     static Console of(int descriptor);
 
     bool isTerminal = false;
-    bool hasColours = false;        ///< a terminal, unless NO_COLOR is set or it is a dumb one
+    bool hasColours = false;        ///< a terminal, but not with NO_COLOR set nor with TERM=dumb
     unsigned int width = UNLIMITED; ///< in cells; a file or a pipe has no limit
 
     const char* bold() const { return hasColours ? "\033[1m" : ""; }

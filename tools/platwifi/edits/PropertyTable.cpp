@@ -1,10 +1,10 @@
-#include "edits/Properties.h"
+#include "edits/PropertyTable.h"
 
-#include "Failure.h"
 #include "display/Text.h"
 #include "edits/PropertyRules.h"
 #include "model/Vocabulary.h"
 #include "model/WifiNetwork.h"
+#include "values/Failure.h"
 
 #include <functional>
 #include <limits>
@@ -90,7 +90,7 @@ const char* wepKey(const N& network) {
     return network.getWepKey(Slot);
 }
 
-// No network is asked to be on the address of all zeros: it stands for every access point.
+// The address of all zeros stands for any access point.
 Value bssid(const N& network) {
     const Value address = text<&N::getBssid>(network);
     return address == Value("00:00:00:00:00:00") ? "any" : address;
@@ -104,10 +104,10 @@ Value ciphers(const N& network) {
 
 constexpr long MOST = std::numeric_limits<int>::max();
 
-constexpr auto PLAIN = Way::plain;
-constexpr auto HIDDEN = Way::hidden;
-constexpr auto ENCIPHERED = Way::enciphered;
-constexpr auto REPORTED = Way::reported;
+constexpr auto PLAIN = Entry::PLAIN;
+constexpr auto HIDDEN = Entry::HIDDEN;
+constexpr auto ENCIPHERED = Entry::ENCIPHERED;
+constexpr auto REPORTED = Entry::REPORTED;
 
 // clang-format off
 const std::vector<Property> PROPERTIES = {

@@ -1,9 +1,9 @@
-#include "host/Listing.h"
+#include "client/Listing.h"
 
-#include "host/Host.h"
-#include "host/Lines.h"
 #include "settings/replies/Columns.h"
 #include "supplicant/WifiUtil.h"
+#include "values/Failure.h"
+#include "values/Lines.h"
 
 #include <algorithm>
 
@@ -19,7 +19,7 @@ std::ptrdiff_t tabsIn(const std::string& line) {
     return std::count(line.begin(), line.end(), '\t');
 }
 
-// A long line arrives in pieces.
+// The driver hands out a long line in pieces.
 std::vector<std::string> joined(const std::vector<std::string>& pieces) {
     std::vector<std::string> lines;
     for (const std::string& piece : pieces) {
@@ -33,17 +33,23 @@ std::vector<std::string> joined(const std::vector<std::string>& pieces) {
 
 } // namespace
 
+WifiUtil& driver() {
+    if (WifiUtil* const util = WifiUtil::getInstance())
+        return *util;
+    throw Failure("there is no memory left; end some programs, then try again");
+}
+
 std::vector<std::string> listedAdapters() {
     bool ok = false;
     return linesOf(MOST_ADAPTERS, ok, [](char** out, unsigned char max, unsigned char* count) {
-        return Host::util().getWifiAdapters(out, max, count);
+        return driver().getWifiAdapters(out, max, count);
     });
 }
 
 std::vector<ListedNetwork> listedNetworks(const std::string& iface, bool& ok) {
     const auto pieces =
         linesOf(MOST_LINES, ok, [&](char** out, unsigned char max, unsigned char* count) {
-            return Host::util().getNetworkDatabaseSsids(iface.c_str(), out, max, count);
+            return driver().getNetworkDatabaseSsids(iface.c_str(), out, max, count);
         });
     std::vector<ListedNetwork> networks;
     for (const std::string& line : joined(pieces)) {

@@ -8,16 +8,16 @@ namespace cli {
 /// Exit statuses of the program.
 enum Status : int {
     DONE = 0,
-    FAILED = 1,    ///< it did not work: the message says why, and what to do
-    WRONG_USE = 2, ///< the command line itself is not right
+    FAILED = 1,    ///< the command failed: the message has the cause and the next step
+    WRONG_USE = 2, ///< the command line itself is wrong
 };
 
-/// Something that keeps a command from doing its work: one line with the cause and the next step.
+/// A command cannot do its work. The message is one line with the cause and the next step.
 struct Failure : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// A command line that no system could carry out.
+/// The command line is wrong on every host.
 struct WrongUse : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
