@@ -3,9 +3,9 @@
 
 #include "InProcessChild.h"
 #include "Job.h"
+#include "Runs.h"
 #include "Usage.h"
 #include "settings/WifiHostSettings.h"
-#include "support/PrivateWorld.h"
 #include "support/ThreadState.h"
 #include "unit/watchdog/BlockView.h"
 #include "watchdog/WifiHostSettingsWatchdog.h"
@@ -55,8 +55,7 @@ void cycleAlone() {
 
 } // namespace
 
-int main(int /*count*/, char* arguments[]) {
-    test::enterPrivateWorld(arguments);
+void stress::cycles(char* arguments[]) {
     const stress::Job job = stress::Job::from("cycles", DEFAULT_CYCLES, arguments);
     stress::useRealChildren(job.real);
     stress::Usage early{};
@@ -73,5 +72,4 @@ int main(int /*count*/, char* arguments[]) {
                 late.text().c_str());
     stress::expectFlat(early, late);
     std::printf("cycles: passed: %u cycles of load and unload\n", job.count);
-    return 0;
 }

@@ -4,9 +4,9 @@
 
 #include "Job.h"
 #include "OtherProcess.h"
+#include "Runs.h"
 #include "Slot.h"
 #include "support/Leftovers.h"
-#include "support/PrivateWorld.h"
 
 #include <algorithm>
 #include <array>
@@ -329,13 +329,11 @@ private:
 
 } // namespace
 
-int main(int /*count*/, char* arguments[]) {
-    test::enterPrivateWorld(arguments);
+void stress::kills(char* arguments[]) {
     const Job job = Job::from("kills", DEFAULT_KILLS, arguments);
     Storm storm(job);
     storm.run();
     storm.finish();
     std::printf("kills: passed: %s, %u s, seed %u\n", storm.numbers().c_str(), storm.seconds(),
                 job.seed);
-    return 0;
 }

@@ -4,9 +4,9 @@
 #include "Calls.h"
 #include "InProcessChild.h"
 #include "OtherProcess.h"
+#include "Runs.h"
 #include "Supplicant.h"
 #include "Usage.h"
-#include "support/PrivateWorld.h"
 
 #include <cstdio>
 
@@ -31,8 +31,7 @@ std::string numbers() {
 
 } // namespace
 
-int main(int /*count*/, char* arguments[]) {
-    test::enterPrivateWorld(arguments);
+void stress::races(char* arguments[]) {
     const stress::Job job = stress::Job::from("races", DEFAULT_CALLS, arguments);
     stress::useRealChildren(job.real);
     stress::discardDumps();
@@ -44,5 +43,4 @@ int main(int /*count*/, char* arguments[]) {
                    "no save of the other process has made the settings reload");
     std::printf("races: passed: %u calls of %u threads, %s, %u s, seed %u\n", crew.done(), THREADS,
                 numbers().c_str(), crew.seconds(), job.seed);
-    return 0;
 }

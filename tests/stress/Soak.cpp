@@ -2,9 +2,9 @@
 
 #include "Calls.h"
 #include "InProcessChild.h"
+#include "Runs.h"
 #include "Supplicant.h"
 #include "Usage.h"
-#include "support/PrivateWorld.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -32,8 +32,7 @@ std::string numbers() {
 
 } // namespace
 
-int main(int /*count*/, char* arguments[]) {
-    test::enterPrivateWorld(arguments);
+void stress::soak(char* arguments[]) {
     const stress::Job job = stress::Job::from("soak", DEFAULT_CALLS, arguments);
     stress::useRealChildren(job.real);
     stress::discardDumps();
@@ -51,5 +50,4 @@ int main(int /*count*/, char* arguments[]) {
     stress::expectFlat(early, late);
     std::printf("soak: passed: %u calls of %u threads, %s, %u s, seed %u\n", crew.done(), THREADS,
                 numbers().c_str(), crew.seconds(), job.seed);
-    return 0;
 }
