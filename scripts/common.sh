@@ -9,7 +9,7 @@ BUILD_DIR=$SOURCE_DIR/build/release
 PACKAGE_LIST=$SOURCE_DIR/scripts/packages.txt
 LOG_DIR=$SOURCE_DIR/build/logs
 
-# A closed standard input would give its number to the next file that somebody opens.
+# If standard input is closed, the next file that is opened gets its number.
 [ -e /proc/self/fd/0 ] || exec </dev/null
 
 step() { printf '==> %s\n' "$*"; }

@@ -100,7 +100,7 @@ READS_NUMBER(getWepIndex0, getWepIndex)
 READS_FLAG(getSsidBroadcasted0, getSsidBroadcasted)
 READS_TEXT(getBssid0, getBssid)
 READS_TEXT(getEAPIdentity0, getEAPIdentity)
-READS_TEXT(getEAPAnonymousIdentity0, getEAPIdentity) // deliberately the same
+READS_TEXT(getEAPAnonymousIdentity0, getEAPIdentity) // quirk: API-1
 READS_TEXT(getTunnelPhase10, getPhase1Step)
 READS_TEXT(getTunnelPhase20, getPhase2Step)
 READS_TEXT(getCACertificate0, getCACertificate)
@@ -122,8 +122,8 @@ WRITES_NUMBER(setProtocol0, setProtocol)
 WRITES_NUMBER(setEAPMethod0, setEapModes)
 WRITES_NUMBER(setNetworkStatus0, setNetworkStatus)
 WRITES_NUMBER(setSignalStrength0, setStrength)
-WRITES_BYTE(setPriority0, setPriority)
-WRITES_BYTE(setNetworkMode0, setNetworkMode)
+WRITES_BYTE(setPriority0, setPriority) // quirk: API-4
+WRITES_BYTE(setNetworkMode0, setNetworkMode) // quirk: API-4
 WRITES_FLAG(setSsidBroadcasted0, setSsidBroadcasted)
 WRITES_TEXT(setPreferredBssid0, setBssid)
 WRITES_TEXT(setEAPIdentity0, setEAPIdentity)
@@ -157,7 +157,7 @@ WRITER(jint, setEncryption0) {
     return call && setCiphers(*call, static_cast<unsigned int>(value));
 }
 
-// These two are true also if there is no such network, and if nothing changes.
+// quirk: API-6. These two are true also if there is no such network, and if nothing changes.
 
 WRITER(jint, setWepIndex0) {
     NetworkCall call(env, iface, ssid);
@@ -174,7 +174,7 @@ PLATWIFI_NATIVE(jboolean, setWepKey0)
     return JNI_TRUE;
 }
 
-// Deliberately under its C++ name, which a virtual machine does not look up.
+// quirk: API-2. Under its C++ name, which a virtual machine does not look up.
 JNIEXPORT jboolean JNICALL Java_com_quorvel_platwifi_BWifiPlatformService_setSsid0(
     JNIEnv* env, jclass, jstring iface, jstring ssid, jstring value) {
     NetworkCall call(env, iface, ssid, value);

@@ -109,7 +109,7 @@ constexpr Property PROPERTIES[] = {
     {"privateKeyFile2", text<&N::setPrivateKeyFile2>},
     {"privateKeyPassword", secret<&N::setPrivateKeyPassword>},
     {"privateKeyPassword2", secret<&N::setPrivateKeyPassword2>},
-    {"ssid", readOnly},
+    {"ssid", readOnly}, // quirk: API-9
     {"strength", number<&N::setStrength>},
     {"status", number<&N::setNetworkStatus>},
     {"ssidBroadcasted", boolean<&N::setSsidBroadcasted>},

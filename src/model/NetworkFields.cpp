@@ -16,7 +16,7 @@ constexpr FieldSet WEP_KEY_FIELDS =
 constexpr FieldSet BYTES = setOf(Field::NETWORK_MODE, Field::NETWORK_ID);
 
 // The broadcast flag of a new network is false here and true in the supplicant, so that false, too, has
-// to be written. What comes from the supplicant is stored without a comparison.
+// to be written (quirk: NET-3). What comes from the supplicant is stored without a comparison.
 constexpr FieldSet ALWAYS_CHANGED = setOf(Field::SSID_BROADCASTED) | NEVER_WRITTEN;
 
 std::size_t textIndex(Field field) {
@@ -69,7 +69,7 @@ bool NetworkFields::setDirty(Field field, bool dirty) noexcept {
     return true;
 }
 
-// A new anonymous identity is written with the next other change.
+// A new anonymous identity is written with the next other change. quirk: NET-8
 bool NetworkFields::needsSave() const noexcept {
     return (m_dirty & ~setOf(Field::EAP_ANONYMOUS_IDENTITY)) != 0;
 }

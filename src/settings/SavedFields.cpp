@@ -47,18 +47,19 @@ Value orEmpty(const NetworkFields& fields, Field field) {
     return send(text ? text : EMPTY);
 }
 
-// A secret that was loaded is the mask; it was not changed.
+// A secret that was loaded is the mask; it was not changed. quirk: SAVE-9
 Value masked(const NetworkFields& fields, Field field) {
     const char* const text = fields.text(field);
     return text && std::strcmp(text, MASK) == 0 ? skip() : orEmpty(fields, field);
 }
 
-// Signed, as the supplicant's numbers are: those above INT_MAX become negative.
+// Signed, as the supplicant's numbers are: those above INT_MAX become negative. quirk: SAVE-11
 Value decimal(const NetworkFields& fields, Field field) {
     return send(std::to_string(static_cast<int>(fields.number(field))));
 }
 
 // A set is compared as a whole: there is no word for several flags, so the supplicant keeps its value.
+// quirk: SAVE-5
 template <const auto& WORDS>
 Value oneWord(const NetworkFields& fields, Field field) {
     const unsigned int number = fields.number(field);
@@ -122,7 +123,7 @@ constexpr SavedField SAVED_FIELDS[] = {
     {Field::CA_CERTIFICATE_DIR2, "ca_path2", orEmpty},
     {Field::CLIENT_CERTIFICATE2, "client_cert2", orEmpty},
     {Field::PRIVATE_KEY_FILE2, "private_key2", orEmpty},
-    {Field::PRIVATE_KEY_PASSWORD2, "private_key_passwd2", masked},
+    {Field::PRIVATE_KEY_PASSWORD2, "private_key_passwd2", masked}, // quirk: LOAD-15
 };
 
 // Writes fields of one network. A value that the supplicant refuses changes nothing for the others: the

@@ -102,7 +102,7 @@ bool WifiHostSettings::getNetworkDatabaseSsids(const char* /*iface*/, char** out
     const WifiNetwork* network = networkList ? networkList->getHead() : nullptr;
     for (; network && *count < capacity; network = network->getNext()) {
         if (!network->getSsid())
-            return false; // deliberately with the lock still held
+            return false; // with the lock still held; quirk: OP-7
         out[(*count)++] = copyOf(network->getSsid());
     }
     unlockNetworks();

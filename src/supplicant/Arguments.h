@@ -35,7 +35,7 @@ private:
 
 /// The list for the parameters of WifiUtil::launchProcess(), each of which may be null. A null
 /// `command` drops itself and all arguments, a null `arg1` drops all three arguments. Any other
-/// null drops only itself.
+/// null drops only itself. quirk: CMD-7
 ArgumentList argumentsOf(const char* path, const char* interfaceArg, const char* command,
                          const char* arg1, const char* arg2, const char* arg3) noexcept;
 

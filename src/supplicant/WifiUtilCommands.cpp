@@ -93,7 +93,7 @@ bool WifiUtil::getNetworkValue(const char* iface, unsigned char id, const char* 
     if (timestampedOutput == 1)
         ignoreTimestamp(line.text);
     stripQuotes(line.text);
-    std::strncpy(out, line.text, outSize); // no NUL is added to a value that fills `out`
+    std::strncpy(out, line.text, outSize); // no NUL after a full buffer; quirk: REPLY-13
     return true;
 }
 

@@ -59,7 +59,7 @@ bool readListLine(const std::string& line, WifiNetwork& network) {
         return false;
     const std::string& bssid = columns[bssidAt];
     network.setNetworkId(static_cast<unsigned char>(decimalOf(columns[0].c_str())));
-    network.setSsid(hasSsid ? columns[1].c_str() : NO_SSID);
+    network.setSsid(hasSsid ? columns[1].c_str() : NO_SSID); // quirk: LOAD-8
     network.setBssid(isAddress(bssid) ? bssid.c_str() : NO_BSSID);
     return true;
 }

@@ -135,7 +135,7 @@ constexpr NetworkKey NETWORK_KEYS[] = {
     {"private_key", text<&Network::setPrivateKeyFile>, unchanged},
     {"phase1", text<&Network::setPhase1Step>, unchanged},
     {"phase2", text<&Network::setPhase2Step>, unchanged},
-    {"private_key_passwd2", text<&Network::setPrivateKeyPassword2>, unchanged},
+    {"private_key_passwd2", text<&Network::setPrivateKeyPassword2>, unchanged}, // quirk: LOAD-15
     {"ca_cert2", text<&Network::setCACertificate2>, unchanged},
     {"ca_path2", text<&Network::setCACertificateDir2>, unchanged},
     {"client_cert2", text<&Network::setClientCertificate2>, unchanged},

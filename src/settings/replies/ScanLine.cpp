@@ -67,10 +67,10 @@ unsigned int channelAt(const char* frequency) {
         if (channel.megahertz == megahertz)
             return channel.number;
     }
-    return OTHER_CHANNEL;
+    return OTHER_CHANNEL; // quirk: LOAD-19
 }
 
-// Unsigned on purpose: a signal below 160 wraps around and gives 100.
+// Unsigned on purpose: a signal below 160 wraps around and gives 100. quirk: LOAD-20
 unsigned int strengthOf(const char* signal) {
     const unsigned int above = static_cast<unsigned int>(decimalOf(signal)) - WEAKEST_SIGNAL;
     const double share = static_cast<double>(std::min(above, SIGNAL_RANGE)) / SIGNAL_RANGE;
@@ -88,6 +88,7 @@ bool isWholeLine(const char* line, const char* ssid) {
     return std::strcmp(line, ssid) == 0;
 }
 
+// quirk: STATUS-4
 bool isInLine(const char* line, const char* ssid) {
     return std::strstr(line, ssid) != nullptr;
 }

@@ -18,7 +18,7 @@ enum class StatusReader {
     LOAD,
 
     /// getCurrentStatus(): the line of the state is looked for first. "ssid=" is found inside "bssid=", too,
-    /// so that the BSSID is taken for the SSID until the line of the SSID follows.
+    /// so that the BSSID is taken for the SSID until the line of the SSID follows. quirk: STATUS-9
     CURRENT_STATUS,
 
     /// getCurrentNetwork(): an SSID must stand at the beginning of its line. The state is not read.

@@ -5,8 +5,8 @@
 namespace platwifi {
 namespace {
 
-// The dump prints the flags of a set in orders of its own, which its description fixes: they are neither
-// those of the bits nor those of the command line.
+// quirk: DUMP-5. The dump prints the flags of a set in fixed orders of its own: neither in that of the bits
+// nor in that of the command line.
 // clang-format off
 
 constexpr auto KEY_MANAGEMENT_ORDER = inOrder(KEY_MANAGEMENT_WORDS, {

@@ -40,7 +40,7 @@ constexpr unsigned int WEP = COMMON_ATTRIBUTES | KEY_MGMT_ATTRIBUTE | WEP_ATTRIB
 constexpr unsigned int DYNAMIC_WEP = WEP | EAP_ATTRIBUTES;
 constexpr unsigned int EAP = COMMON_ATTRIBUTES | KEY_MGMT_ATTRIBUTE | EAP_ATTRIBUTES;
 constexpr unsigned int WPA_PSK = COMMON_ATTRIBUTES | KEY_MGMT_ATTRIBUTE | PSK_ATTRIBUTE;
-// no key_mgmt attribute: existing readers of the document expect none
+// no key_mgmt attribute: existing readers of the document expect none. quirk: XML-11
 constexpr unsigned int WPA2_PSK = COMMON_ATTRIBUTES | PSK_ATTRIBUTE;
 
 // In the order in which they are tried; a network has the first that fits.
