@@ -45,7 +45,7 @@ TEST_F(KeyChecks, ReportAKeyFileThatOthersCanRead) {
     const Finding finding = cli::checkKeyFile("");
     EXPECT_EQ(finding.health, Health::BAD);
     EXPECT_EQ(finding.found, "key file " + KEY_FILE + " is open to group or others");
-    EXPECT_EQ(finding.toDo, "make sure that nobody has read it, then: chmod 600");
+    EXPECT_EQ(finding.toDo, "make sure that no other user has read it, then: chmod 600");
 }
 
 TEST_F(KeyChecks, ReportAKeyFileOfAnotherSize) {

@@ -68,7 +68,7 @@ TEST_F(SocketChecks, ReportASocketThatNoProcessListensAt) {
     const Finding finding = cli::checkControlSocket("wlan0");
     EXPECT_EQ(finding.health, Health::BAD);
     EXPECT_EQ(finding.found,
-              "nobody listens at " + SOCKET + ", which a dead supplicant has left behind");
+              "no process listens at " + SOCKET + ", which a dead supplicant has left behind");
     EXPECT_THAT(finding.toDo, HasSubstr("rm " + SOCKET));
 }
 
@@ -79,7 +79,7 @@ TEST_F(SocketChecks, ReportADeadSocketThatTheClientTakesFirst) {
     const Finding finding = cli::checkControlSocket(isOther ? "wlan0" : "wlan1");
     EXPECT_EQ(finding.health, Health::BAD);
     EXPECT_THAT(finding.found,
-                HasSubstr("nobody listens at " + FOLDER + (isOther ? "/wlan1" : "/wlan0")));
+                HasSubstr("no process listens at " + FOLDER + (isOther ? "/wlan1" : "/wlan0")));
 }
 
 TEST_F(SocketChecks, IgnoreADeadSocketThatTheClientDoesNotTake) {

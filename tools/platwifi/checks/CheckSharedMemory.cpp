@@ -55,7 +55,7 @@ Finding usage(const struct stat& status) {
                     listOf(sharers));
     if (status.st_uid != geteuid())
         return good("there, and open to this user; root can see who uses it");
-    return note(blockPathAnd(" was left behind by a process that died: nobody uses it"),
+    return note(blockPathAnd(" was left behind by a process that died: no process uses it"),
                 std::string("nothing, as the next process takes it over; or: rm ") + BLOCK_PATH);
 }
 

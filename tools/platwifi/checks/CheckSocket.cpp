@@ -56,7 +56,7 @@ Finding checkSocketOf(const std::string& iface) {
         return bad("the supplicant does not serve " + iface + ": there is no " + path,
                    "start it for this interface, or name another one with -i");
     if (error == ECONNREFUSED) {
-        return bad("nobody listens at " + path + ", which a dead supplicant has left behind",
+        return bad("no process listens at " + path + ", which a dead supplicant has left behind",
                    "remove it as root: rm " + path +
                        ", and restart the supplicant if it is to serve " + iface);
     }

@@ -34,7 +34,7 @@ Finding checkReply(const std::string& iface) {
         return good("comes for " + asked);
     const std::string noAnswer = "the supplicant does not answer for " + asked;
     if (!reply.empty())
-        return bad(noAnswer + ": " + firstLine(reply), "mend that, or restart the supplicant");
+        return bad(noAnswer + ": " + firstLine(reply), "correct that, or restart the supplicant");
     return bad(noAnswer, "it is suspended or stuck: wake it by kill -CONT and its process id, or "
                          "restart it");
 }
