@@ -25,8 +25,8 @@ private:
     int m_socket;
 };
 
-/// Gives this process the user and the group "nobody" while the object exists, if it runs as root.
-/// Converts to whether it does so.
+/// Gives a process of root the user id and the group id 65534, which have no rights of their own, while the
+/// object exists. Converts to whether it does so.
 class OrdinaryUser {
 public:
     OrdinaryUser();
