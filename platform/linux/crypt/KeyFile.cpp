@@ -40,10 +40,11 @@ void checkKeyFile(const struct stat& file, const std::string& path) {
     if (file.st_uid != geteuid())
         fail("crypt.key-owner", path,
              "belongs to another user; give this user a key file of its own");
-    if ((file.st_mode & (S_IRWXG | S_IRWXO)) != 0)
+    if ((file.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
         fail("crypt.key-exposed", path,
              "is open to group or others; make sure that no other user has read it, "
              "then: chmod 600");
+    }
     if (file.st_size != static_cast<off_t>(KEY_BYTES))
         fail("crypt.key-size", path,
              "does not hold 32 bytes; restore it, or remove it for a new key");
