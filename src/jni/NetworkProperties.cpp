@@ -2,19 +2,15 @@
 
 #include "jni/CipherCode.h"
 #include "jni/Secrets.h"
-#include "model/WifiNetwork.h"
+#include "model/NetworkFields.h"
 #include "settings/replies/Columns.h"
 
 #include <cstring>
-#include <functional>
 
 namespace platwifi {
 namespace {
 
-using N = WifiNetwork;
-
-// Conversions of the value. `Set` is a setter of WifiNetwork, or a function that takes a network and
-// the value. The result of a setter, whether the field changed, is not used.
+// Conversions of the value. Whether the field changed is not used.
 
 unsigned int numberOf(const char* value) {
     return value ? static_cast<unsigned int>(decimalOf(value)) : 0;
@@ -24,97 +20,83 @@ const char* textOrNull(const char* value) {
     return value && value[0] != '\0' ? value : nullptr;
 }
 
-template <auto Set>
-void number(N& network, const char* value, ErrorHandler* /*errors*/) {
-    std::invoke(Set, network, numberOf(value));
+void number(NetworkFields& fields, Field field, const char* value, ErrorHandler* /*errors*/) {
+    fields.setNumber(field, numberOf(value));
 }
 
-template <auto Set>
-void byte(N& network, const char* value, ErrorHandler* /*errors*/) {
-    std::invoke(Set, network, static_cast<unsigned char>(numberOf(value)));
+void verbatim(NetworkFields& fields, Field field, const char* value, ErrorHandler* /*errors*/) {
+    fields.setText(field, value);
 }
 
-template <auto Set>
-void verbatim(N& network, const char* value, ErrorHandler* /*errors*/) {
-    std::invoke(Set, network, value);
+void text(NetworkFields& fields, Field field, const char* value, ErrorHandler* /*errors*/) {
+    fields.setText(field, textOrNull(value));
 }
 
-template <auto Set>
-void text(N& network, const char* value, ErrorHandler* /*errors*/) {
-    std::invoke(Set, network, textOrNull(value));
-}
-
-template <auto Set>
-void secret(N& network, const char* value, ErrorHandler* errors) {
+void secret(NetworkFields& fields, Field field, const char* value, ErrorHandler* errors) {
     const DecipheredText plain(errors, textOrNull(value));
     if (plain)
-        std::invoke(Set, network, plain.text());
+        fields.setText(field, plain.text());
 }
 
-template <auto Set>
-void boolean(N& network, const char* value, ErrorHandler* /*errors*/) {
-    std::invoke(Set, network, value && std::strcmp(value, "true") == 0);
+void boolean(NetworkFields& fields, Field field, const char* value, ErrorHandler* /*errors*/) {
+    fields.setNumber(field, value && std::strcmp(value, "true") == 0 ? 1 : 0);
 }
 
-template <unsigned int Slot>
-void setWepKey(N& network, const char* key) {
-    network.setWepKey(Slot, key);
-}
-
-void setCiphers(N& network, unsigned int code) {
-    const CipherSets sets = cipherSetsOf(code);
+// One code has the ciphers of both sets.
+void ciphers(NetworkFields& fields, Field /*field*/, const char* value, ErrorHandler* /*errors*/) {
+    const CipherSets sets = cipherSetsOf(numberOf(value));
     if (sets.pairwise)
-        network.setPairwiseCiphers(*sets.pairwise);
+        fields.setNumber(Field::PAIRWISE_CIPHERS, *sets.pairwise);
     if (sets.group)
-        network.setGroupCiphers(*sets.group);
+        fields.setNumber(Field::GROUP_CIPHERS, *sets.group);
 }
 
 // The property exists, but it never changes: a network is not renamed in this way.
-void readOnly(N& /*network*/, const char* /*value*/, ErrorHandler* /*errors*/) {}
+void readOnly(NetworkFields& /*fields*/, Field /*field*/, const char* /*value*/,
+              ErrorHandler* /*errors*/) {}
 
 struct Property {
     const char* name;
-    void (*set)(N& network, const char* value, ErrorHandler* errors);
+    Field field;
+    void (*set)(NetworkFields&, Field, const char* value, ErrorHandler* errors);
 };
 
-// clang-format off
 constexpr Property PROPERTIES[] = {
-    {"authentication", number<&N::setAuthAlg>},
-    {"bssid", verbatim<&N::setBssid>},
-    {"channel", number<&N::setChannel>},
-    {"clientCertificate", text<&N::setClientCertificate>},
-    {"clientCertificate2", text<&N::setClientCertificate2>},
-    {"CACertificateFile", text<&N::setCACertificate>},
-    {"CACertificateDir", text<&N::setCACertificateDir>},
-    {"CACertificateFile2", text<&N::setCACertificate2>},
-    {"CACertificateDir2", text<&N::setCACertificateDir2>},
-    {"eapIdentity", text<&N::setEAPIdentity>},
-    {"eapAnonymousIdentity", text<&N::setEAPAnonymousIdentity>},
-    {"eapPassword", secret<&N::setEAPPassword>},
-    {"encryption", number<setCiphers>},
-    {"eap", number<&N::setEapModes>},
-    {"index", number<&N::setWepIndex>},
-    {"key1", text<setWepKey<0>>},
-    {"key2", text<setWepKey<1>>},
-    {"key3", text<setWepKey<2>>},
-    {"key4", text<setWepKey<3>>},
-    {"key_mgmt", number<&N::setKeyManagement>},
-    {"mode", byte<&N::setNetworkMode>},
-    {"phase1", text<&N::setPhase1Step>},
-    {"phase2", text<&N::setPhase2Step>},
-    {"priority", number<&N::setPriority>},
-    {"protocol", number<&N::setProtocol>},
-    {"psk", secret<&N::setPsk>},
-    {"privateKeyFile", text<&N::setPrivateKeyFile>},
-    {"privateKeyFile2", text<&N::setPrivateKeyFile2>},
-    {"privateKeyPassword", secret<&N::setPrivateKeyPassword>},
-    {"privateKeyPassword2", secret<&N::setPrivateKeyPassword2>},
-    {"ssid", readOnly}, // quirk: API-9
-    {"strength", number<&N::setStrength>},
-    {"status", number<&N::setNetworkStatus>},
-    {"ssidBroadcasted", boolean<&N::setSsidBroadcasted>},
+    {"authentication", Field::AUTH_ALG, number},
+    {"bssid", Field::BSSID, verbatim},
+    {"channel", Field::CHANNEL, number},
+    {"clientCertificate", Field::CLIENT_CERTIFICATE, text},
+    {"clientCertificate2", Field::CLIENT_CERTIFICATE2, text},
+    {"CACertificateFile", Field::CA_CERTIFICATE, text},
+    {"CACertificateDir", Field::CA_CERTIFICATE_DIR, text},
+    {"CACertificateFile2", Field::CA_CERTIFICATE2, text},
+    {"CACertificateDir2", Field::CA_CERTIFICATE_DIR2, text},
+    {"eapIdentity", Field::EAP_IDENTITY, text},
+    {"eapAnonymousIdentity", Field::EAP_ANONYMOUS_IDENTITY, text},
+    {"eapPassword", Field::EAP_PASSWORD, secret},
+    {"encryption", Field::PAIRWISE_CIPHERS, ciphers},
+    {"eap", Field::EAP_MODES, number},
+    {"index", Field::WEP_INDEX, number},
+    {"key1", Field::WEP_KEY0, text},
+    {"key2", Field::WEP_KEY1, text},
+    {"key3", Field::WEP_KEY2, text},
+    {"key4", Field::WEP_KEY3, text},
+    {"key_mgmt", Field::KEY_MANAGEMENT, number},
+    {"mode", Field::NETWORK_MODE, number},
+    {"phase1", Field::PHASE1_STEP, text},
+    {"phase2", Field::PHASE2_STEP, text},
+    {"priority", Field::PRIORITY, number},
+    {"protocol", Field::PROTOCOL, number},
+    {"psk", Field::PSK, secret},
+    {"privateKeyFile", Field::PRIVATE_KEY_FILE, text},
+    {"privateKeyFile2", Field::PRIVATE_KEY_FILE2, text},
+    {"privateKeyPassword", Field::PRIVATE_KEY_PASSWORD, secret},
+    {"privateKeyPassword2", Field::PRIVATE_KEY_PASSWORD2, secret},
+    {"ssid", Field::SSID, readOnly}, // quirk: API-9
+    {"strength", Field::STRENGTH, number},
+    {"status", Field::NETWORK_STATUS, number},
+    {"ssidBroadcasted", Field::SSID_BROADCASTED, boolean},
 };
-// clang-format on
 
 } // namespace
 
@@ -122,7 +104,7 @@ void setNetworkProperty(WifiNetwork& network, const char* name, const char* valu
                         ErrorHandler* errors) {
     for (const Property& property : PROPERTIES) {
         if (name && std::strcmp(name, property.name) == 0)
-            return property.set(network, value, errors);
+            return property.set(NetworkFields::of(network), property.field, value, errors);
     }
 }
 

@@ -1,8 +1,10 @@
 #include "model/NetworkFields.h"
 
+#include "TextCopy.h"
 #include "model/WifiTypes.h"
 
 #include <cassert>
+#include <cstring>
 
 namespace platwifi {
 namespace {
@@ -29,7 +31,19 @@ std::size_t numberIndex(Field field) {
     return indexOf(field) - TEXT_FIELD_COUNT;
 }
 
+// Null and "" count as the same.
+bool sameText(const char* left, const char* right) {
+    return std::strcmp(left ? left : "", right ? right : "") == 0;
+}
+
 } // namespace
+
+bool OwnedText::assign(const char* value) noexcept {
+    if (sameText(m_text.get(), value))
+        return false;
+    m_text.reset(value ? copyOf(value) : nullptr); // copied before the old text is freed
+    return true;
+}
 
 NetworkFields::NetworkFields() noexcept {
     m_numbers[numberIndex(Field::NETWORK_MODE)] = NETWORK_MODE_UNKNOWN;

@@ -18,12 +18,6 @@ inline bool hasSsid(const WifiNetwork* network, const char* ssid) {
     return own && ssid && std::strcmp(own, ssid) == 0;
 }
 
-/// The WEP key in one slot, as a getter for tables of fields.
-template <unsigned int Slot>
-const char* wepKey(const WifiNetwork& network) {
-    return network.getWepKey(Slot);
-}
-
 /// Gives a network that is no longer the current one its status: enabled, unless it is disabled.
 inline void enableUnlessDisabled(WifiNetwork& network) {
     if (network.getNetworkStatus() != NETWORK_STATUS_DISABLED)

@@ -10,7 +10,6 @@
 #include "settings/NullExceptionHandler.h"
 #include "settings/SettingsLock.h"
 #include "supplicant/ReplyLines.h"
-#include "watchdog/ReloadHook.h"
 #include "watchdog/WifiHostSettingsWatchdog.h"
 #include "zam/Zam.h"
 
@@ -24,6 +23,9 @@ namespace {
 constexpr unsigned int REFRESH_WAIT_SECONDS = 1;
 
 constexpr std::uint64_t REFRESH_PAUSE_MS = 5000; // between two updates of the networks' status
+
+// Set when the library is loaded, so that a watchdog which a program makes by itself reloads, too.
+[[maybe_unused]] const bool REFRESHES = (setReloadHook(refreshSettings), true);
 
 } // namespace
 
@@ -154,6 +156,7 @@ bool WifiHostSettings::loadAgain() {
     return initializeSettings();
 }
 
+// For the refresh thread. False when the gate was held all the time that it may wait.
 bool platwifi::refreshSettings() noexcept {
     WifiHostSettings& settings = WifiHostSettings::instance();
     const auto deadline = platform::deadlineAfter(REFRESH_WAIT_SECONDS);

@@ -2,7 +2,6 @@
 
 #include "Paths.h"
 #include "platform/Deadline.h"
-#include "watchdog/ReloadHook.h"
 #include "watchdog/SharedSignalBlock.h"
 
 #include <cerrno>
@@ -13,11 +12,22 @@ namespace {
 
 constexpr const char* THREAD_NAME = "tWifiRefreshWatchdog";
 
+std::atomic<ReloadHook> reloadHook{nullptr};
+
+bool reload() noexcept {
+    const ReloadHook hook = reloadHook;
+    return !hook || hook();
+}
+
 std::uint32_t ownId() noexcept {
     return static_cast<std::uint32_t>(PlatformUtil::threadId());
 }
 
 } // namespace
+
+void platwifi::setReloadHook(ReloadHook hook) noexcept {
+    reloadHook = hook;
+}
 
 WifiHostSettingsWatchdog::WifiHostSettingsWatchdog() noexcept
     : block(nullptr), shmCreator(false), threadId(NO_THREAD), hasBegun(false), runner(NO_THREAD),
@@ -110,7 +120,7 @@ void WifiHostSettingsWatchdog::run() noexcept {
         if (hasSaved || notifyAgain)
             notifyAgain = !notifyPeers();
         if (!hasSaved && (checkForRefreshSignal(1) != 0 || reloadAgain))
-            reloadAgain = !refreshSettings();
+            reloadAgain = !reload();
         if (isDestroyed)
             return;
     }

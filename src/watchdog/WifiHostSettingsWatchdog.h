@@ -11,6 +11,20 @@
 
 struct SharedSignalBlock;
 
+namespace platwifi {
+
+/// Loads the settings again, or for the first time. It runs on the refresh thread and may destroy the
+/// watchdog. It must not wait without limit: a thread that holds a lock which it needs may itself wait for the
+/// end of the refresh thread.
+/// @return false when it could not get such a lock; the refresh thread calls it again in its next cycle
+using ReloadHook = bool (*)() noexcept;
+
+/// Makes all watchdogs of the process call this after another process has saved. Until then they reload nothing.
+/// Any thread may call it.
+void setReloadHook(ReloadHook hook) noexcept;
+
+} // namespace platwifi
+
 /// Keeps the settings of the processes of a host up to date. Its thread reloads the settings after
 /// another process has saved, and notifies the other processes after this one has. Processes notify
 /// each other through a block of shared memory, "/wifi_shmem".
@@ -25,7 +39,7 @@ struct SharedSignalBlock;
 /// cycle what it could not do without the lock.
 ///
 /// After start() has returned, the thread may destroy its own watchdog from within
-/// platwifi::refreshSettings().
+/// the reload hook.
 class PLATWIFI_API WifiHostSettingsWatchdog {
 public:
     /// Touches nothing outside of the object.

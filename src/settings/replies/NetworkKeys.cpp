@@ -1,7 +1,8 @@
 #include "settings/replies/NetworkKeys.h"
 
+#include "model/NetworkFields.h"
 #include "model/NetworkFunctions.h"
-#include "model/WifiNetwork.h"
+#include "model/WifiTypes.h"
 #include "settings/replies/Columns.h"
 #include "settings/replies/ValueWords.h"
 
@@ -10,25 +11,17 @@
 namespace platwifi {
 namespace {
 
-using Network = WifiNetwork;
-
 // What is done with the value of a field.
 
-using OnValue = void (*)(Network&, const char* value);
+using OnValue = void (*)(NetworkFields&, Field, const char* value);
 
-template <bool (Network::*SET)(const char*)>
-void text(Network& network, const char* value) {
-    (network.*SET)(value);
+void text(NetworkFields& fields, Field field, const char* value) {
+    fields.setText(field, value);
 }
 
-template <bool (Network::*SET)(unsigned int), unsigned int (*MEANING)(const char*)>
-void number(Network& network, const char* value) {
-    (network.*SET)(MEANING(value));
-}
-
-template <unsigned int SLOT>
-void wepKey(Network& network, const char* value) {
-    network.setWepKey(SLOT, value);
+template <unsigned int (*MEANING)(const char*)>
+void number(NetworkFields& fields, Field field, const char* value) {
+    fields.setNumber(field, MEANING(value));
 }
 
 unsigned int decimal(const char* value) {
@@ -36,33 +29,29 @@ unsigned int decimal(const char* value) {
 }
 
 // Overrides the status by the flag of the list, which is read before the fields.
-void disabled(Network& network, const char* value) {
+void disabled(NetworkFields& fields, Field status, const char* value) {
     if (decimalOf(value) != 0)
-        network.setNetworkStatus(NETWORK_STATUS_DISABLED);
-}
-
-void mode(Network& network, const char* value) {
-    network.setNetworkMode(static_cast<unsigned char>(decimalOf(value)));
+        fields.setNumber(status, NETWORK_STATUS_DISABLED);
 }
 
 // scan_ssid=0: the SSID is broadcast. Any other value has probe requests sent for it, as hidden networks need.
-void scanSsid(Network& network, const char* value) {
-    network.setSsidBroadcasted(std::strcmp(value, "0") == 0);
+unsigned int isBroadcast(const char* scanSsid) {
+    return std::strcmp(scanSsid, "0") == 0 ? 1 : 0;
 }
 
 // What is done with a field that is not set: the network gets the supplicant's default, where it has one.
 
-using OnUnset = void (*)(Network&);
+using OnUnset = void (*)(NetworkFields&, Field);
 
-void unchanged(Network& /*network*/) {}
+void unchanged(NetworkFields& /*fields*/, Field /*field*/) {}
 
-void noBssid(Network& network) {
-    network.setBssid(NO_BSSID);
+void noBssid(NetworkFields& fields, Field field) {
+    fields.setText(field, NO_BSSID);
 }
 
-template <bool (Network::*SET)(unsigned int), unsigned int FLAGS>
-void flags(Network& network) {
-    (network.*SET)(FLAGS);
+template <unsigned int FLAGS>
+void flags(NetworkFields& fields, Field field) {
+    fields.setNumber(field, FLAGS);
 }
 
 constexpr unsigned int ANY_KEY_MGMT = KEY_MGMT_WPA_PSK | KEY_MGMT_WPA_EAP;
@@ -72,14 +61,14 @@ constexpr unsigned int ANY_PROTO = PROTOCOL_WPA | PROTOCOL_RSN;
 
 // Whether a field applies to a network; it is asked for only then.
 
-using Applies = bool (*)(const Network&);
+using Applies = bool (*)(const NetworkFields&);
 
-bool always(const Network& /*network*/) {
+bool always(const NetworkFields& /*fields*/) {
     return true;
 }
 
-bool ifWep(const Network& network) {
-    return (network.getKeyManagement() & (KEY_MGMT_NONE | KEY_MGMT_IEEE8021X)) != 0;
+bool ifWep(const NetworkFields& fields) {
+    return (fields.number(Field::KEY_MANAGEMENT) & (KEY_MGMT_NONE | KEY_MGMT_IEEE8021X)) != 0;
 }
 
 struct NetworkKey;
@@ -94,78 +83,77 @@ struct Keys {
 
 struct NetworkKey {
     const char* name;
+    Field field;
     OnValue onValue;
-    OnUnset onUnset;
+    OnUnset onUnset = unchanged;
     Applies applies = always;
     Keys dependents = {}; // asked for right after this field, and only where it has a value
 };
 
 constexpr NetworkKey WEP_KEYS[] = {
-    {"wep_key0", wepKey<0>, unchanged},
-    {"wep_key1", wepKey<1>, unchanged},
-    {"wep_key2", wepKey<2>, unchanged},
-    {"wep_key3", wepKey<3>, unchanged},
+    {"wep_key0", Field::WEP_KEY0, text},
+    {"wep_key1", Field::WEP_KEY1, text},
+    {"wep_key2", Field::WEP_KEY2, text},
+    {"wep_key3", Field::WEP_KEY3, text},
 };
 constexpr Keys ALL_WEP_KEYS{std::begin(WEP_KEYS), std::end(WEP_KEYS)};
 
 // In the order in which they are asked for. The key management comes before the WEP keys, which apply only to
 // some of its methods.
-// clang-format off
 constexpr NetworkKey NETWORK_KEYS[] = {
-    {"disabled", disabled, unchanged},
-    {"bssid", text<&Network::setBssid>, noBssid},
-    {"mode", mode, unchanged},
-    {"priority", number<&Network::setPriority, decimal>, unchanged},
-    {"key_mgmt", number<&Network::setKeyManagement, keyManagementIn>, flags<&Network::setKeyManagement, ANY_KEY_MGMT>},
-    {"psk", text<&Network::setPsk>, unchanged},
-    {"pairwise", number<&Network::setPairwiseCiphers, pairwiseCiphersIn>, flags<&Network::setPairwiseCiphers, ANY_PAIRWISE>},
-    {"group", number<&Network::setGroupCiphers, groupCiphersIn>, flags<&Network::setGroupCiphers, ANY_GROUP>},
-    {"proto", number<&Network::setProtocol, protocolsIn>, flags<&Network::setProtocol, ANY_PROTO>},
-    {"eap", number<&Network::setEapModes, eapModeIn>, unchanged},
-    {"auth_alg", number<&Network::setAuthAlg, authAlgIn>, unchanged},
-    {"wep_tx_keyidx", number<&Network::setWepIndex, decimal>, unchanged, ifWep, ALL_WEP_KEYS},
-    {"scan_ssid", scanSsid, unchanged},
-    {"identity", text<&Network::setEAPIdentity>, unchanged},
-    {"anonymous_identity", text<&Network::setEAPAnonymousIdentity>, unchanged},
-    {"password", text<&Network::setEAPPassword>, unchanged},
-    {"private_key_passwd", text<&Network::setPrivateKeyPassword>, unchanged},
-    {"ca_cert", text<&Network::setCACertificate>, unchanged},
-    {"ca_path", text<&Network::setCACertificateDir>, unchanged},
-    {"client_cert", text<&Network::setClientCertificate>, unchanged},
-    {"private_key", text<&Network::setPrivateKeyFile>, unchanged},
-    {"phase1", text<&Network::setPhase1Step>, unchanged},
-    {"phase2", text<&Network::setPhase2Step>, unchanged},
-    {"private_key_passwd2", text<&Network::setPrivateKeyPassword2>, unchanged}, // quirk: LOAD-15
-    {"ca_cert2", text<&Network::setCACertificate2>, unchanged},
-    {"ca_path2", text<&Network::setCACertificateDir2>, unchanged},
-    {"client_cert2", text<&Network::setClientCertificate2>, unchanged},
-    {"private_key2", text<&Network::setPrivateKeyFile2>, unchanged},
+    {"disabled", Field::NETWORK_STATUS, disabled},
+    {"bssid", Field::BSSID, text, noBssid},
+    {"mode", Field::NETWORK_MODE, number<decimal>},
+    {"priority", Field::PRIORITY, number<decimal>},
+    {"key_mgmt", Field::KEY_MANAGEMENT, number<keyManagementIn>, flags<ANY_KEY_MGMT>},
+    {"psk", Field::PSK, text},
+    {"pairwise", Field::PAIRWISE_CIPHERS, number<pairwiseCiphersIn>, flags<ANY_PAIRWISE>},
+    {"group", Field::GROUP_CIPHERS, number<groupCiphersIn>, flags<ANY_GROUP>},
+    {"proto", Field::PROTOCOL, number<protocolsIn>, flags<ANY_PROTO>},
+    {"eap", Field::EAP_MODES, number<eapModeIn>},
+    {"auth_alg", Field::AUTH_ALG, number<authAlgIn>},
+    {"wep_tx_keyidx", Field::WEP_INDEX, number<decimal>, unchanged, ifWep, ALL_WEP_KEYS},
+    {"scan_ssid", Field::SSID_BROADCASTED, number<isBroadcast>},
+    {"identity", Field::EAP_IDENTITY, text},
+    {"anonymous_identity", Field::EAP_ANONYMOUS_IDENTITY, text},
+    {"password", Field::EAP_PASSWORD, text},
+    {"private_key_passwd", Field::PRIVATE_KEY_PASSWORD, text},
+    {"ca_cert", Field::CA_CERTIFICATE, text},
+    {"ca_path", Field::CA_CERTIFICATE_DIR, text},
+    {"client_cert", Field::CLIENT_CERTIFICATE, text},
+    {"private_key", Field::PRIVATE_KEY_FILE, text},
+    {"phase1", Field::PHASE1_STEP, text},
+    {"phase2", Field::PHASE2_STEP, text},
+    {"private_key_passwd2", Field::PRIVATE_KEY_PASSWORD2, text}, // quirk: LOAD-15
+    {"ca_cert2", Field::CA_CERTIFICATE2, text},
+    {"ca_path2", Field::CA_CERTIFICATE_DIR2, text},
+    {"client_cert2", Field::CLIENT_CERTIFICATE2, text},
+    {"private_key2", Field::PRIVATE_KEY_FILE2, text},
 };
-// clang-format on
 
-void read(const Keys& keys, Network& network, const ValueSource& valueOf);
+void read(const Keys& keys, NetworkFields& fields, const ValueSource& valueOf);
 
-void read(const NetworkKey& key, Network& network, const ValueSource& valueOf) {
-    if (!key.applies(network))
+void read(const NetworkKey& key, NetworkFields& fields, const ValueSource& valueOf) {
+    if (!key.applies(fields))
         return;
     const char* const value = valueOf(key.name);
     if (!value) {
-        key.onUnset(network);
+        key.onUnset(fields, key.field);
         return;
     }
-    key.onValue(network, value);
-    read(key.dependents, network, valueOf);
+    key.onValue(fields, key.field, value);
+    read(key.dependents, fields, valueOf);
 }
 
-void read(const Keys& keys, Network& network, const ValueSource& valueOf) {
+void read(const Keys& keys, NetworkFields& fields, const ValueSource& valueOf) {
     for (const NetworkKey& key : keys)
-        read(key, network, valueOf);
+        read(key, fields, valueOf);
 }
 
 } // namespace
 
-void readNetworkKeys(Network& network, const ValueSource& valueOf) {
-    read({std::begin(NETWORK_KEYS), std::end(NETWORK_KEYS)}, network, valueOf);
+void readNetworkKeys(WifiNetwork& network, const ValueSource& valueOf) {
+    read({std::begin(NETWORK_KEYS), std::end(NETWORK_KEYS)}, NetworkFields::of(network), valueOf);
 }
 
 } // namespace platwifi

@@ -1,110 +1,97 @@
 #include "settings/report/NetworkAttributes.h"
 
-#include "model/NetworkFunctions.h"
+#include "model/NetworkFields.h"
 #include "settings/report/SecurityType.h"
 
 #include <cstddef>
-#include <functional>
 
 namespace platwifi {
 namespace {
 
-using Write = void (*)(AttributeWriter&, const char* name, const WifiNetwork&);
+using Write = void (*)(AttributeWriter&, const char* name, const NetworkFields&, Field);
 
 struct Attribute {
     unsigned int group; // of attributes that are written together
     const char* name;
+    Field field;
     Write write;
 };
 
-// `Get` is a getter of WifiNetwork, or a function that takes a network.
-
-template <auto Get>
-void text(AttributeWriter& out, const char* name, const WifiNetwork& network) {
-    out.text(name, std::invoke(Get, network));
+void text(AttributeWriter& out, const char* name, const NetworkFields& fields, Field field) {
+    out.text(name, fields.text(field));
 }
 
-template <auto Get>
-void number(AttributeWriter& out, const char* name, const WifiNetwork& network) {
-    out.number(name, std::invoke(Get, network));
+void number(AttributeWriter& out, const char* name, const NetworkFields& fields, Field field) {
+    out.number(name, fields.number(field));
 }
 
-template <auto Get>
-void boolean(AttributeWriter& out, const char* name, const WifiNetwork& network) {
-    out.boolean(name, std::invoke(Get, network) != 0);
+void boolean(AttributeWriter& out, const char* name, const NetworkFields& fields, Field field) {
+    out.boolean(name, fields.number(field) != 0);
 }
 
-template <auto Get>
-void secret(AttributeWriter& out, const char* name, const WifiNetwork& network) {
-    out.secret(name, std::invoke(Get, network));
-}
-
-void alwaysTrue(AttributeWriter& out, const char* name, const WifiNetwork& /*network*/) {
-    out.boolean(name, true);
+void secret(AttributeWriter& out, const char* name, const NetworkFields& fields, Field field) {
+    out.secret(name, fields.text(field));
 }
 
 // The ciphers that are of both kinds have the same number in both, so that one number holds the two sets.
-unsigned int ciphers(const WifiNetwork& network) {
-    return network.getGroupCiphers() | network.getPairwiseCiphers();
+void ciphers(AttributeWriter& out, const char* name, const NetworkFields& fields, Field /*field*/) {
+    out.number(name, fields.number(Field::GROUP_CIPHERS) | fields.number(Field::PAIRWISE_CIPHERS));
 }
 
-unsigned int oneBasedWepIndex(const WifiNetwork& network) {
-    return network.getWepIndex() + 1;
+void oneBased(AttributeWriter& out, const char* name, const NetworkFields& fields, Field field) {
+    out.number(name, fields.number(field) + 1);
 }
-
-using N = WifiNetwork;
 
 constexpr unsigned int LISTED = 0x1;
 constexpr unsigned int DETAIL = 0x2;
 
 constexpr Attribute DESCRIPTION[] = {
-    {LISTED, "ssid", text<&N::getSsid>},
-    {DETAIL, "bssid", text<&N::getBssid>},
-    {DETAIL, "ssidBroadcasted", boolean<&N::getSsidBroadcasted>},
-    {DETAIL, "mode", number<&N::getNetworkMode>},
-    {DETAIL, "channel", number<&N::getChannel>},
-    {LISTED, "strength", number<&N::getStrength>},
-    {DETAIL, "priority", number<&N::getPriority>},
-    {LISTED, "status", number<&N::getNetworkStatus>},
+    {LISTED, "ssid", Field::SSID, text},
+    {DETAIL, "bssid", Field::BSSID, text},
+    {DETAIL, "ssidBroadcasted", Field::SSID_BROADCASTED, boolean},
+    {DETAIL, "mode", Field::NETWORK_MODE, number},
+    {DETAIL, "channel", Field::CHANNEL, number},
+    {LISTED, "strength", Field::STRENGTH, number},
+    {DETAIL, "priority", Field::PRIORITY, number},
+    {LISTED, "status", Field::NETWORK_STATUS, number},
 };
 
 constexpr Attribute CONFIGURATION[] = {
-    {COMMON_ATTRIBUTES, "supported", alwaysTrue},
-    {COMMON_ATTRIBUTES, "use", alwaysTrue},
-    {COMMON_ATTRIBUTES, "protocol", number<&N::getProtocol>},
-    {COMMON_ATTRIBUTES, "authentication", number<&N::getAuthAlg>},
-    {COMMON_ATTRIBUTES, "encryption", number<ciphers>},
-    {KEY_MGMT_ATTRIBUTE, "key_mgmt", number<&N::getKeyManagement>},
-    {WEP_ATTRIBUTES, "key1", text<wepKey<0>>},
-    {WEP_ATTRIBUTES, "key2", text<wepKey<1>>},
-    {WEP_ATTRIBUTES, "key3", text<wepKey<2>>},
-    {WEP_ATTRIBUTES, "key4", text<wepKey<3>>},
-    {WEP_ATTRIBUTES, "index", number<oneBasedWepIndex>},
-    {PSK_ATTRIBUTE, "psk", secret<&N::getPsk>},
-    {EAP_ATTRIBUTES, "eap", number<&N::getEapModes>},
-    {EAP_ATTRIBUTES, "eapIdentity", text<&N::getEAPIdentity>},
-    {EAP_ATTRIBUTES, "eapAnonymousIdentity", text<&N::getEAPAnonymousIdentity>},
-    {EAP_ATTRIBUTES, "eapPassword", secret<&N::getEAPPassword>},
-    {EAP_ATTRIBUTES, "CACertificateFile", text<&N::getCACertificate>},
-    {EAP_ATTRIBUTES, "CACertificateDir", text<&N::getCACertificateDir>},
-    {EAP_ATTRIBUTES, "clientCertificate", text<&N::getClientCertificate>},
-    {EAP_ATTRIBUTES, "privateKeyFile", text<&N::getPrivateKeyFile>},
-    {EAP_ATTRIBUTES, "privateKeyPassword", secret<&N::getPrivateKeyPassword>},
-    {EAP_ATTRIBUTES, "phase1", text<&N::getPhase1Step>},
-    {EAP_ATTRIBUTES, "phase2", text<&N::getPhase2Step>},
-    {EAP_ATTRIBUTES, "CACertificateFile2", text<&N::getCACertificate2>},
-    {EAP_ATTRIBUTES, "CACertificateDir2", text<&N::getCACertificateDir2>},
-    {EAP_ATTRIBUTES, "clientCertificate2", text<&N::getClientCertificate2>},
-    {EAP_ATTRIBUTES, "privateKeyFile2", text<&N::getPrivateKeyFile2>},
-    {EAP_ATTRIBUTES, "privateKeyPassword2", secret<&N::getPrivateKeyPassword2>},
+    {COMMON_ATTRIBUTES, "protocol", Field::PROTOCOL, number},
+    {COMMON_ATTRIBUTES, "authentication", Field::AUTH_ALG, number},
+    {COMMON_ATTRIBUTES, "encryption", Field::PAIRWISE_CIPHERS, ciphers},
+    {KEY_MGMT_ATTRIBUTE, "key_mgmt", Field::KEY_MANAGEMENT, number},
+    {WEP_ATTRIBUTES, "key1", Field::WEP_KEY0, text},
+    {WEP_ATTRIBUTES, "key2", Field::WEP_KEY1, text},
+    {WEP_ATTRIBUTES, "key3", Field::WEP_KEY2, text},
+    {WEP_ATTRIBUTES, "key4", Field::WEP_KEY3, text},
+    {WEP_ATTRIBUTES, "index", Field::WEP_INDEX, oneBased},
+    {PSK_ATTRIBUTE, "psk", Field::PSK, secret},
+    {EAP_ATTRIBUTES, "eap", Field::EAP_MODES, number},
+    {EAP_ATTRIBUTES, "eapIdentity", Field::EAP_IDENTITY, text},
+    {EAP_ATTRIBUTES, "eapAnonymousIdentity", Field::EAP_ANONYMOUS_IDENTITY, text},
+    {EAP_ATTRIBUTES, "eapPassword", Field::EAP_PASSWORD, secret},
+    {EAP_ATTRIBUTES, "CACertificateFile", Field::CA_CERTIFICATE, text},
+    {EAP_ATTRIBUTES, "CACertificateDir", Field::CA_CERTIFICATE_DIR, text},
+    {EAP_ATTRIBUTES, "clientCertificate", Field::CLIENT_CERTIFICATE, text},
+    {EAP_ATTRIBUTES, "privateKeyFile", Field::PRIVATE_KEY_FILE, text},
+    {EAP_ATTRIBUTES, "privateKeyPassword", Field::PRIVATE_KEY_PASSWORD, secret},
+    {EAP_ATTRIBUTES, "phase1", Field::PHASE1_STEP, text},
+    {EAP_ATTRIBUTES, "phase2", Field::PHASE2_STEP, text},
+    {EAP_ATTRIBUTES, "CACertificateFile2", Field::CA_CERTIFICATE2, text},
+    {EAP_ATTRIBUTES, "CACertificateDir2", Field::CA_CERTIFICATE_DIR2, text},
+    {EAP_ATTRIBUTES, "clientCertificate2", Field::CLIENT_CERTIFICATE2, text},
+    {EAP_ATTRIBUTES, "privateKeyFile2", Field::PRIVATE_KEY_FILE2, text},
+    {EAP_ATTRIBUTES, "privateKeyPassword2", Field::PRIVATE_KEY_PASSWORD2, secret},
 };
 
 template <std::size_t SIZE>
 void write(AttributeWriter& out, const WifiNetwork& network, const Attribute (&attributes)[SIZE],
            unsigned int groups) {
+    const NetworkFields& fields = NetworkFields::of(network);
     for (const Attribute& attribute : attributes) {
         if (attribute.group & groups)
-            attribute.write(out, attribute.name, network);
+            attribute.write(out, attribute.name, fields, attribute.field);
     }
 }
 
@@ -119,6 +106,8 @@ void writeListEntry(AttributeWriter& out, const WifiNetwork& network) {
 }
 
 void writeConfiguration(AttributeWriter& out, const WifiNetwork& network, unsigned int attributes) {
+    out.boolean("supported", true);
+    out.boolean("use", true);
     write(out, network, CONFIGURATION, attributes);
 }
 

@@ -1,94 +1,101 @@
 #include "settings/report/NetworkDump.h"
 
-#include "model/NetworkFunctions.h"
+#include "model/NetworkFields.h"
 #include "settings/report/DumpWords.h"
 
-#include <functional>
 #include <string>
 
 namespace platwifi {
 namespace {
 
-struct Line {
-    const char* label;
-    std::string (*value)(const WifiNetwork&);
-    bool (*isShown)(const WifiNetwork&) = nullptr; // null: always
-};
+// A field's value as the dump shows it, behind a blank.
+using Print = std::string (*)(const NetworkFields&, Field);
 
-// `Get` is a getter of WifiNetwork, or a function that takes a network.
-
-template <auto Get>
-std::string text(const WifiNetwork& network) {
-    const char* const value = std::invoke(Get, network);
+std::string text(const NetworkFields& fields, Field field) {
+    const char* const value = fields.text(field);
     return std::string(" ") + (value ? value : "");
 }
 
 // Printed as signed: a number above INT_MAX is negative.
-template <auto Get>
-std::string number(const WifiNetwork& network) {
-    return " " + std::to_string(static_cast<int>(std::invoke(Get, network)));
+std::string number(const NetworkFields& fields, Field field) {
+    return " " + std::to_string(static_cast<int>(fields.number(field)));
 }
 
-template <auto Get, auto Words>
-std::string words(const WifiNetwork& network) {
-    return Words(std::invoke(Get, network));
+template <std::string (*WORDS)(unsigned int)>
+std::string words(const NetworkFields& fields, Field field) {
+    return WORDS(fields.number(field));
 }
 
-std::string broadcast(const WifiNetwork& network) {
-    return network.getSsidBroadcasted() ? " yes" : " no";
+std::string yesOrNo(const NetworkFields& fields, Field field) {
+    return fields.number(field) != 0 ? " yes" : " no";
 }
 
-// The WEP index and the other keys are shown only where the first key is set.
-template <unsigned int Slot>
-bool hasWepKey(const WifiNetwork& network) {
-    return network.getWepKey(0) && network.getWepKey(Slot);
+using IsShown = bool (*)(const NetworkFields&, Field);
+
+bool always(const NetworkFields& /*fields*/, Field /*field*/) {
+    return true;
 }
 
-using N = WifiNetwork;
+bool ifWep(const NetworkFields& fields, Field /*field*/) {
+    return fields.text(Field::WEP_KEY0) != nullptr;
+}
+
+// The other keys, too, are shown only where the first key is set.
+bool ifWepKey(const NetworkFields& fields, Field key) {
+    return ifWep(fields, key) && fields.text(key);
+}
+
+struct Line {
+    const char* label;
+    Field field;
+    Print print;
+    IsShown isShown = always;
+};
 
 constexpr Line LINES[] = {
-    {"Network SSID    :", text<&N::getSsid>},
-    {"Network BSSID   :", text<&N::getBssid>},
-    {"Channel         :", number<&N::getChannel>},
-    {"Strength        :", number<&N::getStrength>},
-    {"SSID Broadcast  :", broadcast},
-    {"Priority        :", number<&N::getPriority>},
-    {"Network Mode    :", words<&N::getNetworkMode, networkModeWord>},
-    {"Protocol        :", words<&N::getProtocol, protocolWords>},
-    {"KeyManagement   :", words<&N::getKeyManagement, keyManagementWords>},
-    {"Pairwise        :", words<&N::getPairwiseCiphers, pairwiseWords>},
-    {"Group           :", words<&N::getGroupCiphers, groupWords>},
-    {"EAP Modes       :", words<&N::getEapModes, eapModeWords>},
-    {"AUTH_ALG        :", words<&N::getAuthAlg, authAlgWord>},
-    {"Pre Shared Key  :", text<&N::getPsk>},
-    {"WEP Index       :", number<&N::getWepIndex>, hasWepKey<0>},
-    {"WEP Key 0       :", text<wepKey<0>>, hasWepKey<0>},
-    {"WEP Key 1       :", text<wepKey<1>>, hasWepKey<1>},
-    {"WEP Key 2       :", text<wepKey<2>>, hasWepKey<2>},
-    {"WEP Key 3       :", text<wepKey<3>>, hasWepKey<3>},
-    {"EAP Identity                  :", text<&N::getEAPIdentity>},
-    {"EAP Anonymous Identity        :", text<&N::getEAPAnonymousIdentity>},
-    {"EAP Password                  :", text<&N::getEAPPassword>},
-    {"Outer Private Key Password    :", text<&N::getPrivateKeyPassword>},
-    {"Outer CA Certificate File     :", text<&N::getCACertificate>},
-    {"Outer CA Certificate Path     :", text<&N::getCACertificateDir>},
-    {"Outer Client Certificate      :", text<&N::getClientCertificate>},
-    {"Outer Private Key File        :", text<&N::getPrivateKeyFile>},
-    {"Phase 1                       :", text<&N::getPhase1Step>},
-    {"Phase 2                       :", text<&N::getPhase2Step>},
-    {"Inner Private Key Password    :", text<&N::getPrivateKeyPassword2>},
-    {"Inner CA Certificate File     :", text<&N::getCACertificate2>},
-    {"Inner CA Certificate Path     :", text<&N::getCACertificateDir2>},
-    {"Inner Client Certificate      :", text<&N::getClientCertificate2>},
-    {"Inner Private Key File        :", text<&N::getPrivateKeyFile2>},
+    {"Network SSID    :", Field::SSID, text},
+    {"Network BSSID   :", Field::BSSID, text},
+    {"Channel         :", Field::CHANNEL, number},
+    {"Strength        :", Field::STRENGTH, number},
+    {"SSID Broadcast  :", Field::SSID_BROADCASTED, yesOrNo},
+    {"Priority        :", Field::PRIORITY, number},
+    {"Network Mode    :", Field::NETWORK_MODE, words<networkModeWord>},
+    {"Protocol        :", Field::PROTOCOL, words<protocolWords>},
+    {"KeyManagement   :", Field::KEY_MANAGEMENT, words<keyManagementWords>},
+    {"Pairwise        :", Field::PAIRWISE_CIPHERS, words<pairwiseWords>},
+    {"Group           :", Field::GROUP_CIPHERS, words<groupWords>},
+    {"EAP Modes       :", Field::EAP_MODES, words<eapModeWords>},
+    {"AUTH_ALG        :", Field::AUTH_ALG, words<authAlgWord>},
+    {"Pre Shared Key  :", Field::PSK, text},
+    {"WEP Index       :", Field::WEP_INDEX, number, ifWep},
+    {"WEP Key 0       :", Field::WEP_KEY0, text, ifWepKey},
+    {"WEP Key 1       :", Field::WEP_KEY1, text, ifWepKey},
+    {"WEP Key 2       :", Field::WEP_KEY2, text, ifWepKey},
+    {"WEP Key 3       :", Field::WEP_KEY3, text, ifWepKey},
+    {"EAP Identity                  :", Field::EAP_IDENTITY, text},
+    {"EAP Anonymous Identity        :", Field::EAP_ANONYMOUS_IDENTITY, text},
+    {"EAP Password                  :", Field::EAP_PASSWORD, text},
+    {"Outer Private Key Password    :", Field::PRIVATE_KEY_PASSWORD, text},
+    {"Outer CA Certificate File     :", Field::CA_CERTIFICATE, text},
+    {"Outer CA Certificate Path     :", Field::CA_CERTIFICATE_DIR, text},
+    {"Outer Client Certificate      :", Field::CLIENT_CERTIFICATE, text},
+    {"Outer Private Key File        :", Field::PRIVATE_KEY_FILE, text},
+    {"Phase 1                       :", Field::PHASE1_STEP, text},
+    {"Phase 2                       :", Field::PHASE2_STEP, text},
+    {"Inner Private Key Password    :", Field::PRIVATE_KEY_PASSWORD2, text},
+    {"Inner CA Certificate File     :", Field::CA_CERTIFICATE2, text},
+    {"Inner CA Certificate Path     :", Field::CA_CERTIFICATE_DIR2, text},
+    {"Inner Client Certificate      :", Field::CLIENT_CERTIFICATE2, text},
+    {"Inner Private Key File        :", Field::PRIVATE_KEY_FILE2, text},
 };
 
 } // namespace
 
 void printNetwork(std::FILE* out, const WifiNetwork& network) {
+    const NetworkFields& fields = NetworkFields::of(network);
     for (const Line& line : LINES) {
-        if (!line.isShown || line.isShown(network))
-            std::fprintf(out, "\t%s%s\n", line.label, line.value(network).c_str());
+        if (line.isShown(fields, line.field))
+            std::fprintf(out, "\t%s%s\n", line.label, line.print(fields, line.field).c_str());
     }
     std::fputs("\n", out);
 }

@@ -1,6 +1,6 @@
 #include "RecordedReloads.h"
 
-#include "watchdog/ReloadHook.h"
+#include "watchdog/WifiHostSettingsWatchdog.h"
 
 #include <condition_variable>
 #include <mutex>
@@ -14,6 +14,21 @@ std::condition_variable changed;
 std::function<void()> action;
 int refusals = 0;
 int count = 0;
+
+bool recordReload() noexcept {
+    std::unique_lock<std::mutex> guard(mutex);
+    ++count;
+    changed.notify_all();
+    const auto duringReload = action;
+    const bool done = refusals == 0;
+    refusals -= done ? 0 : 1;
+    guard.unlock();
+    if (duringReload)
+        duringReload();
+    return done;
+}
+
+[[maybe_unused]] const bool RECORDS = (platwifi::setReloadHook(recordReload), true);
 
 } // namespace
 
@@ -44,16 +59,3 @@ void RecordedReloads::awaitCalls(int wanted) {
 }
 
 } // namespace test
-
-bool platwifi::refreshSettings() noexcept {
-    std::unique_lock<std::mutex> guard(test::mutex);
-    ++test::count;
-    test::changed.notify_all();
-    const auto action = test::action;
-    const bool done = test::refusals == 0;
-    test::refusals -= done ? 0 : 1;
-    guard.unlock();
-    if (action)
-        action();
-    return done;
-}
