@@ -2,6 +2,7 @@
 
 #include "display/Text.h"
 #include "edits/PropertyRules.h"
+#include "model/NetworkFunctions.h"
 #include "model/Vocabulary.h"
 #include "model/WifiNetwork.h"
 #include "values/Failure.h"
@@ -93,7 +94,7 @@ const char* wepKey(const N& network) {
 // The address of all zeros stands for any access point.
 Value bssid(const N& network) {
     const Value address = text<&N::getBssid>(network);
-    return address == Value("00:00:00:00:00:00") ? "any" : address;
+    return address == Value(NO_BSSID) ? "any" : address;
 }
 
 Value ciphers(const N& network) {
