@@ -108,10 +108,10 @@ bool queryList(WifiUtil& util, const char* iface, Lines& lines) {
     return run(util, &WifiUtil::getNetworkDatabaseSsids, iface, wholeListLines, lines);
 }
 
-bool queryScan(WifiUtil& util, const char* iface, Lines& lines) {
+bool queryScan(WifiUtil& util, const char* iface, Lines& lines, std::size_t most) {
     if (!run(util, &WifiUtil::discoverNetworks, iface, wholeScanLines, lines))
         return false;
-    limit(lines, NETWORK_LINES);
+    limit(lines, most);
     return true;
 }
 
