@@ -48,11 +48,9 @@ using Values = std::map<Field, std::string>;
 // Of a network that has nothing but an SSID.
 Values blank() {
     Values values;
-    for (const Field field : DUMP_ORDER) {
-        if (contains(WEP_FIELDS, field))
-            continue;
-        values[field] = isText(rowOf(field)) ? " " : wordsOf(field).empty() ? " 0" : " UNKNOWN";
-    }
+    for (const Field field : DUMP_ORDER)
+        if (!contains(WEP_FIELDS, field))
+            values[field] = isText(rowOf(field)) ? " " : wordsOf(field).empty() ? " 0" : " UNKNOWN";
     values[Field::SSID] = " home";
     values[Field::SSID_BROADCASTED] = " no";
     return values;
@@ -100,21 +98,14 @@ TEST_F(Dump, AfterAFailureHasNoNetworks) {
 TEST_F(Dump, HasALineForEveryField) {
     NetworkFields& fields = add("home");
     Values values;
-    unsigned int number = 3;
     for (const Field field : DUMP_ORDER) {
-        if (isText(rowOf(field))) {
-            values[field] = std::string(" the ") + rowOf(field).name;
-            fields.setText(field, values[field].c_str() + 1);
-        } else if (field == Field::WEP_INDEX) {
-            values[field] = " 2";
-            fields.setNumber(field, 2);
-        } else if (wordsOf(field).empty()) {
-            values[field] = " " + std::to_string(++number);
-            fields.setNumber(field, number);
-        } else {
-            values[field] = std::string(" ") + wordsOf(field).front().dumpWord;
-            fields.setNumber(field, wordsOf(field).front().number);
-        }
+        const WordRow number = wordsOf(field).empty() ? WordRow{3, "3"} : wordsOf(field).front();
+        const std::string text = isText(rowOf(field)) ? rowOf(field).name : number.dumpWord;
+        if (isText(rowOf(field)))
+            fields.setText(field, text.c_str());
+        else
+            fields.setNumber(field, number.number);
+        values[field] = " " + text;
     }
     EXPECT_EQ(reported.dump(), HEADER + linesOf(values) + IDLE);
 }
