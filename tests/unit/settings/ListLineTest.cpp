@@ -98,10 +98,7 @@ TEST(ListLine, ItsFlagGivesTheStatus) {
 
 // A status refresh takes the number that a line begins with; a blank ends it as a tab does.
 TEST(ListLine, BeginsWithAnId) {
-    const struct {
-        const char* line;
-        int id;
-    } rows[] = {
+    const std::map<std::string, int> ids = {
         {"0\thome\tany\t[CURRENT]", 0},
         {"7\thome net\tany\t", 7},
         {"7 home", 7},
@@ -113,13 +110,10 @@ TEST(ListLine, BeginsWithAnId) {
         {"- 1\thome", 0},
         {"FAIL", 0},
         {"home\t5", 0},
+        {std::string(255, ' ') + "12", 1}, // 256 characters are read
     };
-    for (const auto& row : rows) {
-        const std::optional<int> id = listedId(row.line);
-        ASSERT_TRUE(id) << row.line;
-        EXPECT_EQ(*id, row.id) << row.line;
-    }
-    EXPECT_EQ(listedId(std::string(255, ' ') + "12"), 1) << "256 characters are read";
+    for (const auto& [line, id] : ids)
+        EXPECT_EQ(listedId(line), id) << line;
 }
 
 TEST(ListLine, HasNoIdWhereItIsBlank) {

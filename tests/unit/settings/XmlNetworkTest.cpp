@@ -12,7 +12,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <climits>
 #include <memory>
 #include <regex>
@@ -54,25 +53,25 @@ const std::vector<Field> EAP = {
     Field::PRIVATE_KEY_FILE2, Field::PRIVATE_KEY_PASSWORD2,
 };
 
-const Type TYPES[] = {
+const Type OPEN = {"none", 3, 0, PAIRWISE_NONE, GROUP_WEP104, "", {}};
+const Type WPA = {"wpa", 1, KEY_MGMT_WPA_EAP, PAIRWISE_TKIP, GROUP_TKIP | GROUP_CCMP, R"( encryption="6" key_mgmt="4")", EAP};
+const Type WPA_PSK = {"wpa_psk", 1, KEY_MGMT_WPA_PSK, 0, 0, R"( encryption="0" key_mgmt="2")", {Field::PSK}};
+const Type WPA2_PSK = {"wpa2_psk", 2, KEY_MGMT_WPA_PSK, PAIRWISE_CCMP, GROUP_TKIP, R"( encryption="6")", {Field::PSK}};
+
+const std::vector<Type> TYPES = {
     {"wep", 3, KEY_MGMT_NONE, PAIRWISE_TKIP, GROUP_WEP40, R"( encryption="18" key_mgmt="1")", WEP},
     {"wep", 3, 0, 0, GROUP_WEP104, R"( encryption="8" key_mgmt="0")", WEP},
     {"wep", 3, KEY_MGMT_IEEE8021X, PAIRWISE_CCMP, GROUP_TKIP | GROUP_WEP40, R"( encryption="22" key_mgmt="8")", WEP, EAP},
     {"wep", 3, KEY_MGMT_NONE | KEY_MGMT_IEEE8021X, PAIRWISE_CCMP, GROUP_CCMP | GROUP_WEP104, R"( encryption="12" key_mgmt="9")", WEP, EAP},
-    {"wpa", 1, KEY_MGMT_WPA_EAP, PAIRWISE_TKIP, GROUP_TKIP | GROUP_CCMP, R"( encryption="6" key_mgmt="4")", EAP},
-    {"wpa_psk", 1, KEY_MGMT_WPA_PSK, 0, 0, R"( encryption="0" key_mgmt="2")", {Field::PSK}},
+    WPA,
+    WPA_PSK,
     {"wpa2", 2, KEY_MGMT_WPA_EAP, PAIRWISE_TKIP, GROUP_TKIP | GROUP_CCMP, R"( encryption="6" key_mgmt="4")", EAP},
-    {"wpa2_psk", 2, KEY_MGMT_WPA_PSK, PAIRWISE_CCMP, GROUP_TKIP, R"( encryption="6")", {Field::PSK}},
+    WPA2_PSK,
 };
 
 // With two methods of key management the key decides.
 const Type WPA_PSK_BY_KEY = {"wpa_psk", 1, KEY_MGMT_WPA_PSK | KEY_MGMT_WPA_EAP, 0, 0, R"( encryption="0" key_mgmt="6")", {Field::PSK}};
 // clang-format on
-
-const Type& typeNamed(const std::string& name) {
-    return *std::find_if(std::begin(TYPES), std::end(TYPES),
-                         [&](const Type& type) { return type.name == name; });
-}
 
 const std::string BLANK = R"(ssid="home" bssid="" ssidBroadcasted="false" mode="2" channel="0")"
                           R"( strength="0" priority="0" status="1")";
@@ -115,24 +114,23 @@ std::string element(const std::string& name, const std::string& count, const std
     return start + attribute(count, "1") + ">\n        <" + entry + "/>\n      </" + name + ">\n";
 }
 
-// The document of one network, which supports a type of security, or none, and is configured for it.
-std::string document(const std::string& description, const std::string& type = "",
+// A document of one network with what it supports and what it is configured for.
+std::string document(const std::string& description, const std::string& security = "",
                      const std::string& configuration = "") {
-    const std::string typed = attribute("type", type);
-    const std::string security = "wifiSecurity" + typed;
-    const std::string configured =
-        "configuration" + typed + R"( supported="true" use="true")" + configuration;
-    return documentOf(
-        "    <wifiNetwork " + description + ">\n" +
-        element("wifiSecuritySupported", "numberSupported", type.empty() ? "" : security) +
-        element("wifiSecurityConfiguration", "numberConfigured",
-                configuration.empty() ? "" : configured) +
-        "    </wifiNetwork>\n");
+    return documentOf("    <wifiNetwork " + description + ">\n" +
+                      element("wifiSecuritySupported", "numberSupported", security) +
+                      element("wifiSecurityConfiguration", "numberConfigured", configuration) +
+                      "    </wifiNetwork>\n");
+}
+
+std::string document(const Type& type, Filled filled, const std::string& configuration) {
+    const std::string typed = attribute("type", type.name);
+    return document(filled == Filled::NOTHING ? BLANK : FILLED, "wifiSecurity" + typed,
+                    "configuration" + typed + R"( supported="true" use="true")" + configuration);
 }
 
 std::string document(const Type& type, Filled filled) {
-    return document(filled == Filled::NOTHING ? BLANK : FILLED, type.name,
-                    configurationOf(type, filled));
+    return document(type, filled, configurationOf(type, filled));
 }
 
 void fill(NetworkFields& fields, Filled filled) {
@@ -187,8 +185,8 @@ TEST_F(XmlNetwork, WithoutProtocolHasNoSecurity) {
 // XML-10
 TEST_F(XmlNetwork, WithoutEncryptionHasNothingToConfigure) {
     fill(fields, Filled::ALL);
-    setType(fields, {"none", 3, 0, PAIRWISE_NONE, GROUP_WEP104, "", {}});
-    EXPECT_EQ(reported.xml(FULL), document(FILLED, "none"));
+    setType(fields, OPEN);
+    EXPECT_EQ(reported.xml(FULL), document(FILLED, R"(wifiSecurity type="none")"));
 }
 
 // XML-14
@@ -258,7 +256,7 @@ protected:
 
 // XML-15
 TEST_F(XmlSecrets, AreEncipheredForEveryType) {
-    std::vector<Type> types(std::begin(TYPES), std::end(TYPES));
+    std::vector<Type> types = TYPES;
     types.push_back(WPA_PSK_BY_KEY);
     for (const Type& type : types) {
         setType(*fields, type);
@@ -275,7 +273,7 @@ TEST_F(XmlSecrets, AreEncipheredForEveryType) {
 
 // XML-15
 TEST_F(XmlSecrets, AreEncipheredAnewEachTime) {
-    setType(*fields, typeNamed("wpa2_psk"));
+    setType(*fields, WPA2_PSK);
     const std::string first = reported->xml(FULL);
     const std::string second = reported->xml(FULL);
     EXPECT_NE(first, second);
@@ -284,13 +282,12 @@ TEST_F(XmlSecrets, AreEncipheredAnewEachTime) {
 
 // XML-16, XML-18
 TEST_F(XmlSecrets, MayBeAnything) {
-    const Type& type = typeNamed("wpa2_psk");
-    setType(*fields, type);
+    setType(*fields, WPA2_PSK);
     for (const std::string secret : {"", "*", "<&\">", "caf\xC3\xA9", "\xFF\x01"}) {
         fields->setText(Field::PSK, "another"); // "" is stored over a text only
         fields->setText(Field::PSK, secret.c_str());
         EXPECT_EQ(deciphered(reported->xml(FULL)),
-                  document(FILLED, type.name,
+                  document(WPA2_PSK, Filled::ALL,
                            R"( protocol="2" authentication="3" encryption="6" psk="{)" + secret +
                                R"(}")"));
     }
@@ -298,11 +295,10 @@ TEST_F(XmlSecrets, MayBeAnything) {
 
 // XML-17
 TEST_F(XmlSecrets, ThatCannotBeEncipheredAreEmptyAndReported) {
-    const Type& type = typeNamed("wpa");
-    setType(*fields, type);
+    setType(*fields, WPA);
     putKey(std::string(32, 'k'));
     setKeyMode(0644);
-    const std::string expected = document(type, Filled::ALL_BUT_SECRETS);
+    const std::string expected = document(WPA, Filled::ALL_BUT_SECRETS);
     EXPECT_EQ(reported->xml(FULL), expected);
     EXPECT_EQ(errorId(), "crypt.key-exposed");
 
@@ -312,17 +308,16 @@ TEST_F(XmlSecrets, ThatCannotBeEncipheredAreEmptyAndReported) {
 }
 
 TEST_F(XmlSecrets, FailOneByOne) {
-    const Type& type = typeNamed("wpa");
-    setType(*fields, type);
+    setType(*fields, WPA);
     fields->setText(Field::EAP_PASSWORD, std::string(Crypt::MAXIMUM_LENGTH + 1, 'x').c_str());
-    const std::string others = std::regex_replace(configurationOf(type, Filled::ALL),
+    const std::string others = std::regex_replace(configurationOf(WPA, Filled::ALL),
                                                   std::regex(R"(\{the EAPPassword\})"), "");
-    EXPECT_EQ(deciphered(reported->xml(FULL)), document(FILLED, type.name, others));
+    EXPECT_EQ(deciphered(reported->xml(FULL)), document(WPA, Filled::ALL, others));
     EXPECT_EQ(errorId(), "crypt.too-long");
 }
 
 TEST_F(XmlSecrets, AreNotTouchedByAShortDocument) {
-    setType(*fields, typeNamed("wpa_psk"));
+    setType(*fields, WPA_PSK);
     putKey("damaged");
     EXPECT_THAT(reported->xml(SHORT), HasSubstr(R"(ssid="home" strength="83" status="1"/>)"));
     EXPECT_EQ(errorId(), "");

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 namespace test {
 namespace {
@@ -74,10 +75,7 @@ TEST_F(XmlSchema, RefusesADocumentWithAPieceMissing) {
 }
 
 TEST_F(XmlSchema, RefusesWhatNoDocumentHas) {
-    const struct {
-        std::string piece;
-        std::string other;
-    } rows[] = {
+    const std::pair<std::string, std::string> rows[] = {
         {R"(wifiEnabled="true")", R"(wifiEnabled="yes")"},
         {R"(currentDaemonState="2")", R"(currentDaemonState="9")"},
         {R"(mode="2")", R"(mode="256")"},
@@ -99,8 +97,8 @@ TEST_F(XmlSchema, RefusesWhatNoDocumentHas) {
         {OFFER + CONFIGURATION, CONFIGURATION + OFFER},
         {NETWORK + OFFER, NETWORK + "<other/>" + OFFER},
     };
-    for (const auto& row : rows)
-        EXPECT_NE(faultOf(with(row.piece, row.other)), "") << row.piece << " -> " << row.other;
+    for (const auto& [piece, other] : rows)
+        EXPECT_NE(faultOf(with(piece, other)), "") << piece << " -> " << other;
 }
 
 TEST_F(XmlSchema, IsNotThatOfAShortDocument) {
