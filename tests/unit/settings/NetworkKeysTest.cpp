@@ -8,8 +8,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 using namespace platwifi;
@@ -41,7 +43,7 @@ const Field LOAD_ORDER[] = {
 };
 // clang-format on
 
-// The configuration can only disable a network; that is the one status it knows.
+// The configuration has one status of a network: whether it is disabled.
 const char* keyOf(Field field) {
     return field == Field::NETWORK_STATUS ? "disabled" : rowOf(field).key;
 }

@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <stdexcept>
+
 using namespace platwifi;
 
 namespace test {

@@ -1,4 +1,4 @@
-// What a full document says about one network.
+// One network in a full document.
 
 #include "ReportedSettings.h"
 
