@@ -79,18 +79,23 @@ protected:
 
     void setState(WpaState state) { reported.settings->*memberOf(SupplicantState{}) = state; }
 
+    // @param networks  their lines
+    void expectDump(const std::string& networks, const std::string& end = IDLE) {
+        EXPECT_EQ(reported.dump(), std::string(HEADER).append(networks).append(end));
+    }
+
     NetworkFields& add(const char* ssid) { return NetworkFields::of(reported.add(ssid)); }
 
     ReportedSettings reported;
 };
 
 TEST_F(Dump, OfAnEmptyDatabaseHasTheStateAlone) {
-    EXPECT_EQ(reported.dump(), HEADER + IDLE);
+    expectDump("");
 }
 
 TEST_F(Dump, AfterAFailureHasNoNetworks) {
     reported.fail();
-    EXPECT_EQ(reported.dump(), HEADER + "Current WPA_STATUS        : UNKNOWN\n");
+    expectDump("", "Current WPA_STATUS        : UNKNOWN\n");
     EXPECT_THAT(reported.loaded.commands(), IsEmpty());
 }
 
@@ -107,21 +112,21 @@ TEST_F(Dump, HasALineForEveryField) {
             fields.setNumber(field, number.number);
         values[field] = " " + text;
     }
-    EXPECT_EQ(reported.dump(), HEADER + linesOf(values) + IDLE);
+    expectDump(linesOf(values));
 }
 
 TEST_F(Dump, OfANetworkWithNothingSetHasEmptyLines) {
     NetworkFields& fields = add("home");
-    EXPECT_EQ(reported.dump(), HEADER + linesWith({}) + IDLE);
+    expectDump(linesWith({}));
     fields.setText(Field::SSID, nullptr);
-    EXPECT_EQ(reported.dump(), HEADER + linesWith({{Field::SSID, " "}}) + IDLE);
+    expectDump(linesWith({{Field::SSID, " "}}));
 }
 
 TEST_F(Dump, HasTheNetworkAddedLastFirst) {
     for (const char* const ssid : {"home", "work", "train"})
         add(ssid);
-    EXPECT_EQ(reported.dump(), HEADER + linesWith({{Field::SSID, " train"}}) +
-                                   linesWith({{Field::SSID, " work"}}) + linesWith({}) + IDLE);
+    expectDump(linesWith({{Field::SSID, " train"}}) + linesWith({{Field::SSID, " work"}}) +
+               linesWith({}));
 }
 
 TEST_F(Dump, HasAnyTextAsItIs) {
@@ -129,7 +134,7 @@ TEST_F(Dump, HasAnyTextAsItIs) {
     for (const std::string& text :
          {std::string("<caf\xC3\xA9> %s \xFF"), std::string(1000000, 'x')}) {
         fields.setText(Field::PSK, text.c_str());
-        EXPECT_TRUE(reported.dump() == HEADER + linesWith({{Field::PSK, " " + text}}) + IDLE);
+        expectDump(linesWith({{Field::PSK, " " + text}}));
     }
 }
 
@@ -139,11 +144,9 @@ TEST_F(Dump, HasSignedNumbers) {
     fields.setNumber(Field::CHANNEL, UINT_MAX);
     fields.setNumber(Field::STRENGTH, INT_MAX);
     fields.setNumber(Field::PRIORITY, 1U << 31U);
-    EXPECT_EQ(reported.dump(), HEADER +
-                                   linesWith({{Field::CHANNEL, " -1"},
-                                              {Field::STRENGTH, " 2147483647"},
-                                              {Field::PRIORITY, " -2147483648"}}) +
-                                   IDLE);
+    expectDump(linesWith({{Field::CHANNEL, " -1"},
+                          {Field::STRENGTH, " 2147483647"},
+                          {Field::PRIORITY, " -2147483648"}}));
 }
 
 // DUMP-6
@@ -162,7 +165,7 @@ TEST_F(Dump, HasWepKeysOnlyBesideTheFirst) {
         }
         if (!shown.empty())
             shown[Field::WEP_INDEX] = " 3";
-        EXPECT_EQ(reported.dump(), HEADER + linesWith(shown) + IDLE);
+        expectDump(linesWith(shown));
     }
 }
 
@@ -170,9 +173,9 @@ TEST_F(Dump, HasWepKeysOnlyBesideTheFirst) {
 class DumpWords : public Dump {
 protected:
     void expectWords(Field field, unsigned int number, const std::string& words) {
+        SCOPED_TRACE(rowOf(field).name + (" " + std::to_string(number)));
         m_fields.setNumber(field, number);
-        EXPECT_EQ(reported.dump(), HEADER + linesWith({{field, words}}) + IDLE)
-            << rowOf(field).name << " " << number;
+        expectDump(linesWith({{field, words}}));
         m_fields.setNumber(field, NetworkFields().number(field));
     }
 
@@ -217,8 +220,7 @@ TEST_F(DumpWords, AreThatOfTheState) {
         words[row.number] = std::string(" ") + row.dumpWord;
     for (const auto& [state, word] : words) {
         setState(static_cast<WpaState>(state));
-        EXPECT_EQ(reported.dump(),
-                  HEADER + linesWith({}) + "Current WPA_STATUS        :" + word + "\n");
+        expectDump(linesWith({}), "Current WPA_STATUS        :" + word + "\n");
     }
 }
 
@@ -227,10 +229,9 @@ TEST_F(Dump, HasTheCurrentNetwork) {
     reported.answerStatus("ssid=home\nwpa_state=COMPLETED\n");
     reported.settings->getCurrentStatus("wlan0");
     const std::string end = "Current WPA_STATUS        : COMPLETED\n";
-    EXPECT_EQ(reported.dump(), HEADER + linesWith({}) + "Currently associated with: home\n" + end);
+    expectDump(linesWith({}), "Currently associated with: home\n" + end);
     fields.setText(Field::SSID, nullptr);
-    EXPECT_EQ(reported.dump(),
-              HEADER + linesWith({{Field::SSID, " "}}) + "Currently associated with: \n" + end);
+    expectDump(linesWith({{Field::SSID, " "}}), "Currently associated with: \n" + end);
 }
 
 // DUMP-2
