@@ -26,11 +26,9 @@ const std::map<Field, Words> TABLES = {
 void expectRows(Words words, const WordRows& rows) {
     EXPECT_EQ(static_cast<std::size_t>(words.end() - words.begin()), rows.size());
     for (const WordRow& row : rows) {
-        SCOPED_TRACE(row.word);
-        const Word* const word = wordFor(words, row.number);
-        ASSERT_NE(word, nullptr);
-        EXPECT_STREQ(word->text, row.word);
-        EXPECT_STREQ(word->dumpText, row.dumpWord);
+        const Word& word = platwifi::rowOf(words, row.number); // throws where there is none
+        EXPECT_STREQ(word.text, row.word);
+        EXPECT_STREQ(word.dumpText, row.dumpWord);
     }
 }
 
