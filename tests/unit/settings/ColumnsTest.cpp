@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <map>
 #include <string>
 
 using namespace platwifi;
@@ -56,13 +57,9 @@ TEST(Columns, CanBeABssidWithAColonOrAsTheWordAny) {
 }
 
 TEST(Decimal, IsTheNumberThatATextBeginsWith) {
-    struct Row {
-        const char* text;
-        int number;
-    };
     constexpr int LOWEST = std::numeric_limits<int>::min();
     constexpr int HIGHEST = std::numeric_limits<int>::max();
-    const Row rows[] = {
+    const std::map<std::string, int> numbers = {
         {"0", 0},
         {"7", 7},
         {"007", 7},
@@ -75,14 +72,14 @@ TEST(Decimal, IsTheNumberThatATextBeginsWith) {
         {"--1", 0},
         {"2147483647", HIGHEST},
         {"2147483648", HIGHEST},
-        {"4294967297", HIGHEST}, // not 1, whatever a long holds here
+        {"4294967297", HIGHEST}, // not 1, however many bits a long has
         {"99999999999999999999999", HIGHEST},
         {"-2147483648", LOWEST},
         {"-2147483649", LOWEST},
         {"-99999999999999999999999", LOWEST},
     };
-    for (const Row& row : rows)
-        EXPECT_EQ(decimalOf(row.text), row.number) << row.text;
+    for (const auto& [text, number] : numbers)
+        EXPECT_EQ(decimalOf(text.c_str()), number) << text;
 }
 
 } // namespace

@@ -1,169 +1,237 @@
 // The listing of everything on standard error.
 
-#include "DumpFixture.h"
+#include "ReportedSettings.h"
+#include "SettingsState.h"
+
+#include "model/NetworkFields.h"
+#include "support/FieldTable.h"
+#include "support/WordTable.h"
 
 #include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <climits>
+#include <map>
+#include <string>
 
+using namespace platwifi;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
 namespace test {
 namespace {
 
+const std::string HEADER = "Network Database: \n";
+const std::string IDLE = "Current WPA_STATUS        : IDLE\n";
+
+// Every field that is shown, in this order.
+// clang-format off
+const Field DUMP_ORDER[] = {
+    Field::SSID, Field::BSSID, Field::CHANNEL, Field::STRENGTH, Field::SSID_BROADCASTED,
+    Field::PRIORITY, Field::NETWORK_MODE, Field::PROTOCOL, Field::KEY_MANAGEMENT,
+    Field::PAIRWISE_CIPHERS, Field::GROUP_CIPHERS, Field::EAP_MODES, Field::AUTH_ALG, Field::PSK,
+    Field::WEP_INDEX, Field::WEP_KEY0, Field::WEP_KEY1, Field::WEP_KEY2, Field::WEP_KEY3,
+    Field::EAP_IDENTITY, Field::EAP_ANONYMOUS_IDENTITY, Field::EAP_PASSWORD,
+    Field::PRIVATE_KEY_PASSWORD, Field::CA_CERTIFICATE, Field::CA_CERTIFICATE_DIR,
+    Field::CLIENT_CERTIFICATE, Field::PRIVATE_KEY_FILE, Field::PHASE1_STEP, Field::PHASE2_STEP,
+    Field::PRIVATE_KEY_PASSWORD2, Field::CA_CERTIFICATE2, Field::CA_CERTIFICATE_DIR2,
+    Field::CLIENT_CERTIFICATE2, Field::PRIVATE_KEY_FILE2,
+};
+// clang-format on
+
+constexpr FieldSet WEP_FIELDS =
+    setOf(Field::WEP_INDEX, Field::WEP_KEY0, Field::WEP_KEY1, Field::WEP_KEY2, Field::WEP_KEY3);
+
+// What stands behind the label of each field that is shown.
+using Values = std::map<Field, std::string>;
+
+// Of a network that has nothing but an SSID.
+Values blank() {
+    Values values;
+    for (const Field field : DUMP_ORDER)
+        if (!contains(WEP_FIELDS, field))
+            values[field] = isText(rowOf(field)) ? " " : wordsOf(field).empty() ? " 0" : " UNKNOWN";
+    values[Field::SSID] = " home";
+    values[Field::SSID_BROADCASTED] = " no";
+    return values;
+}
+
+std::string linesOf(const Values& values) {
+    std::string lines;
+    for (const Field field : DUMP_ORDER) {
+        const auto value = values.find(field);
+        if (value != values.end())
+            lines += std::string("\t") + rowOf(field).label + value->second + "\n";
+    }
+    return lines + "\n";
+}
+
+// The lines of a network that has nothing but an SSID and these values.
+std::string linesWith(const Values& others) {
+    Values values = others;
+    values.merge(blank());
+    return linesOf(values);
+}
+
+class Dump : public testing::Test {
+protected:
+    Dump() { setState(WPA_STATE_IDLE); }
+
+    void setState(WpaState state) { reported.settings->*memberOf(SupplicantState{}) = state; }
+
+    // @param networks  their lines
+    void expectDump(const std::string& networks, const std::string& end = IDLE) {
+        EXPECT_EQ(reported.dump(), std::string(HEADER).append(networks).append(end));
+    }
+
+    NetworkFields& add(const char* ssid) { return NetworkFields::of(reported.add(ssid)); }
+
+    ReportedSettings reported;
+};
+
 TEST_F(Dump, OfAnEmptyDatabaseHasTheStateAlone) {
-    EXPECT_EQ(reported.dump(), HEADER + IDLE);
+    expectDump("");
 }
 
 TEST_F(Dump, AfterAFailureHasNoNetworks) {
     reported.fail();
-    EXPECT_EQ(reported.dump(), HEADER + "Current WPA_STATUS        : UNKNOWN\n");
+    expectDump("", "Current WPA_STATUS        : UNKNOWN\n");
     EXPECT_THAT(reported.loaded.commands(), IsEmpty());
 }
 
 // DUMP-1
 TEST_F(Dump, HasALineForEveryField) {
-    WifiNetwork& network = reported.add("home");
-    fill(network);
-    network.setProtocol(PROTOCOL_RSN);
-    network.setKeyManagement(KEY_MGMT_WPA_EAP);
-    network.setPairwiseCiphers(PAIRWISE_CCMP);
-    network.setGroupCiphers(GROUP_WEP104);
-    EXPECT_EQ(reported.dump(), HEADER +
-                                   "\tNetwork SSID    : home\n"
-                                   "\tNetwork BSSID   : the bssid\n"
-                                   "\tChannel         : 11\n"
-                                   "\tStrength        : 83\n"
-                                   "\tSSID Broadcast  : yes\n"
-                                   "\tPriority        : 7\n"
-                                   "\tNetwork Mode    : ADHOC\n"
-                                   "\tProtocol        : RSN\n"
-                                   "\tKeyManagement   : WPA_EAP\n"
-                                   "\tPairwise        : CCMP\n"
-                                   "\tGroup           : WEP104\n"
-                                   "\tEAP Modes       : PEAP FAST\n"
-                                   "\tAUTH_ALG        : LEAP\n"
-                                   "\tPre Shared Key  : the psk\n"
-                                   "\tWEP Index       : 2\n"
-                                   "\tWEP Key 0       : the first key\n"
-                                   "\tWEP Key 1       : the second key\n"
-                                   "\tWEP Key 2       : the third key\n"
-                                   "\tWEP Key 3       : the fourth key\n"
-                                   "\tEAP Identity                  : the identity\n"
-                                   "\tEAP Anonymous Identity        : the anonymous identity\n"
-                                   "\tEAP Password                  : the password\n"
-                                   "\tOuter Private Key Password    : the key password\n"
-                                   "\tOuter CA Certificate File     : the ca file\n"
-                                   "\tOuter CA Certificate Path     : the ca folder\n"
-                                   "\tOuter Client Certificate      : the client file\n"
-                                   "\tOuter Private Key File        : the key file\n"
-                                   "\tPhase 1                       : the phase1\n"
-                                   "\tPhase 2                       : the phase2\n"
-                                   "\tInner Private Key Password    : the inner key password\n"
-                                   "\tInner CA Certificate File     : the inner ca file\n"
-                                   "\tInner CA Certificate Path     : the inner ca folder\n"
-                                   "\tInner Client Certificate      : the inner client file\n"
-                                   "\tInner Private Key File        : the inner key file\n"
-                                   "\n" +
-                                   IDLE);
+    NetworkFields& fields = add("home");
+    Values values;
+    for (const Field field : DUMP_ORDER) {
+        const WordRow number = wordsOf(field).empty() ? WordRow{3, "3"} : wordsOf(field).front();
+        const std::string text = isText(rowOf(field)) ? rowOf(field).name : number.dumpWord;
+        if (isText(rowOf(field)))
+            fields.setText(field, text.c_str());
+        else
+            fields.setNumber(field, number.number);
+        values[field] = " " + text;
+    }
+    expectDump(linesOf(values));
 }
 
 TEST_F(Dump, OfANetworkWithNothingSetHasEmptyLines) {
-    reported.add("home");
-    EXPECT_EQ(reported.dump(), HEADER + BLANK + IDLE);
-}
-
-TEST_F(Dump, OfANetworkWithoutSsidHasAnEmptyOne) {
-    reported.add("home").setSsid(nullptr);
-    EXPECT_EQ(reported.dump(),
-              HEADER + with("\tNetwork SSID    : home\n", "\tNetwork SSID    : \n") + IDLE);
+    NetworkFields& fields = add("home");
+    expectDump(linesWith({}));
+    fields.setText(Field::SSID, nullptr);
+    expectDump(linesWith({{Field::SSID, " "}}));
 }
 
 TEST_F(Dump, HasTheNetworkAddedLastFirst) {
     for (const char* const ssid : {"home", "work", "train"})
-        reported.add(ssid);
-    EXPECT_EQ(reported.dump(),
-              HEADER + with("home", "train") + with("home", "work") + BLANK + IDLE);
+        add(ssid);
+    expectDump(linesWith({{Field::SSID, " train"}}) + linesWith({{Field::SSID, " work"}}) +
+               linesWith({}));
 }
 
-TEST_F(Dump, HasTextAsItIs) {
-    reported.add("home").setSsid("<caf\xC3\xA9> %s \xFF");
-    EXPECT_EQ(reported.dump(), HEADER + with("home", "<caf\xC3\xA9> %s \xFF") + IDLE);
-}
-
-TEST_F(Dump, HasTextOfAnyLength) {
-    const std::string longText(1000000, 'x');
-    reported.add("home").setPsk(longText.c_str());
-    EXPECT_EQ(reported.dump(), HEADER + with("Key  : ", "Key  : " + longText) + IDLE);
+TEST_F(Dump, HasAnyTextAsItIs) {
+    NetworkFields& fields = add("home");
+    for (const std::string& text :
+         {std::string("<caf\xC3\xA9> %s \xFF"), std::string(1000000, 'x')}) {
+        fields.setText(Field::PSK, text.c_str());
+        expectDump(linesWith({{Field::PSK, " " + text}}));
+    }
 }
 
 // DUMP-3
 TEST_F(Dump, HasSignedNumbers) {
-    WifiNetwork& network = reported.add("home");
-    network.setChannel(UINT_MAX);
-    network.setStrength(INT_MAX);
-    network.setPriority(1U << 31U);
-    EXPECT_THAT(reported.dump(), HasSubstr("\tChannel         : -1\n"
-                                           "\tStrength        : 2147483647\n"
-                                           "\tSSID Broadcast  : no\n"
-                                           "\tPriority        : -2147483648\n"));
+    NetworkFields& fields = add("home");
+    fields.setNumber(Field::CHANNEL, UINT_MAX);
+    fields.setNumber(Field::STRENGTH, INT_MAX);
+    fields.setNumber(Field::PRIORITY, 1U << 31U);
+    expectDump(linesWith({{Field::CHANNEL, " -1"},
+                          {Field::STRENGTH, " 2147483647"},
+                          {Field::PRIORITY, " -2147483648"}}));
 }
 
 // DUMP-6
 TEST_F(Dump, HasWepKeysOnlyBesideTheFirst) {
-    struct Row {
-        const char* keys[4];
-        const char* lines;
-    };
-    const Row rows[] = {
-        {{nullptr, "b", "c", nullptr}, ""},
-        {{nullptr, "b", "c", "d"}, ""},
-        {{"a", nullptr, nullptr, nullptr}, "\tWEP Index       : 3\n\tWEP Key 0       : a\n"},
-        {{"a", "b", nullptr, nullptr},
-         "\tWEP Index       : 3\n\tWEP Key 0       : a\n\tWEP Key 1       : b\n"},
-        {{"a", nullptr, "c", nullptr},
-         "\tWEP Index       : 3\n\tWEP Key 0       : a\n\tWEP Key 2       : c\n"},
-        {{"a", nullptr, nullptr, "d"},
-         "\tWEP Index       : 3\n\tWEP Key 0       : a\n\tWEP Key 3       : d\n"},
-    };
-    WifiNetwork& network = reported.add("home");
-    network.setWepIndex(3);
-    const std::string before = "\tPre Shared Key  : \n";
-    for (const Row& row : rows) {
-        for (unsigned int slot = 0; slot < 4; ++slot)
-            network.setWepKey(slot, row.keys[slot]);
-        EXPECT_EQ(reported.dump(), HEADER + with(before, before + row.lines) + IDLE);
+    NetworkFields& fields = add("home");
+    fields.setNumber(Field::WEP_INDEX, 3);
+    // each set of keys, one bit a key
+    for (unsigned int keys = 0; keys < 16; ++keys) {
+        SCOPED_TRACE(keys);
+        Values shown;
+        for (unsigned int slot = 0; slot < WEP_KEY_COUNT; ++slot) {
+            const bool isSet = (keys & (1U << slot)) != 0;
+            fields.setText(wepKeyField(slot), isSet ? "a key" : nullptr);
+            if (isSet && (keys & 1U) != 0)
+                shown[wepKeyField(slot)] = " a key";
+        }
+        if (!shown.empty())
+            shown[Field::WEP_INDEX] = " 3";
+        expectDump(linesWith(shown));
     }
 }
 
-TEST_F(Dump, HasTheWordOfTheState) {
-    const char* const words[] = {" UNKNOWN",
-                                 " DISCONNECTED",
-                                 " IDLE",
-                                 " SCANNING",
-                                 " ASSOCIATING",
-                                 " ASSOCIATED",
-                                 " 4-WAY HANDSHAKE",
-                                 " GROUP HANDSHAKE",
-                                 " COMPLETED",
-                                 "",
-                                 ""};
-    unsigned int state = 0;
-    for (const char* const word : words) {
-        reported.settings->*memberOf(SupplicantState{}) = static_cast<WpaState>(state++);
-        EXPECT_EQ(reported.dump(), HEADER + "Current WPA_STATUS        :" + word + "\n");
+// The words of a number, each behind a blank.
+class DumpWords : public Dump {
+protected:
+    void expectWords(Field field, unsigned int number, const std::string& words) {
+        SCOPED_TRACE(rowOf(field).name + (" " + std::to_string(number)));
+        m_fields.setNumber(field, number);
+        expectDump(linesWith({{field, words}}));
+        m_fields.setNumber(field, NetworkFields().number(field));
+    }
+
+private:
+    NetworkFields& m_fields = add("home");
+};
+
+// DUMP-4, DUMP-5
+TEST_F(DumpWords, AreThoseOfTheFlagsOfASet) {
+    for (const auto& [field, rows] : fieldWords()) {
+        if (!isSet(field))
+            continue;
+        std::string all;
+        unsigned int known = 0;
+        for (const WordRow& row : rows) {
+            expectWords(field, row.number, std::string(" ") + row.dumpWord);
+            all += std::string(" ") + row.dumpWord;
+            known |= row.number;
+        }
+        expectWords(field, 0, " UNKNOWN");
+        expectWords(field, UINT_MAX, all);
+        expectWords(field, UINT_MAX & ~known, "");
+    }
+}
+
+TEST_F(DumpWords, AreThatOfTheNumberWhereItIsNoSet) {
+    for (const Field field : {Field::NETWORK_MODE, Field::SSID_BROADCASTED, Field::AUTH_ALG}) {
+        for (const WordRow& row : wordsOf(field))
+            expectWords(field, row.number, std::string(" ") + row.dumpWord);
+    }
+    for (const unsigned int number : {2U, 3U, 255U})
+        expectWords(Field::NETWORK_MODE, number, " UNKNOWN");
+    expectWords(Field::AUTH_ALG, 0, " UNKNOWN");
+    expectWords(Field::AUTH_ALG, 4, " AUTO");
+    for (const unsigned int number : {5U, UINT_MAX})
+        expectWords(Field::AUTH_ALG, number, "");
+}
+
+TEST_F(DumpWords, AreThatOfTheState) {
+    std::map<unsigned int, std::string> words = {{0, " UNKNOWN"}, {9, ""}, {10, ""}};
+    for (const WordRow& row : stateWords())
+        words[row.number] = std::string(" ") + row.dumpWord;
+    for (const auto& [state, word] : words) {
+        setState(static_cast<WpaState>(state));
+        expectDump(linesWith({}), "Current WPA_STATUS        :" + word + "\n");
     }
 }
 
 TEST_F(Dump, HasTheCurrentNetwork) {
-    WifiNetwork& network = reported.add("home");
+    NetworkFields& fields = add("home");
     reported.answerStatus("ssid=home\nwpa_state=COMPLETED\n");
     reported.settings->getCurrentStatus("wlan0");
     const std::string end = "Current WPA_STATUS        : COMPLETED\n";
-    EXPECT_EQ(reported.dump(), HEADER + BLANK + "Currently associated with: home\n" + end);
-    network.setSsid(nullptr);
-    EXPECT_EQ(reported.dump(), HEADER + with("home", "") + "Currently associated with: \n" + end);
+    expectDump(linesWith({}), "Currently associated with: home\n" + end);
+    fields.setText(Field::SSID, nullptr);
+    expectDump(linesWith({{Field::SSID, " "}}), "Currently associated with: \n" + end);
 }
 
 // DUMP-2

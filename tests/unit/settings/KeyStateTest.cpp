@@ -1,4 +1,4 @@
-// What wpa_supplicant 2.10 keeps in its file, and what not: tests/supplicant/RenumberingTest.cpp asks it.
+// What wpa_supplicant 2.10 writes to its file, and what not; tests/supplicant/RenumberingTest.cpp asks it.
 
 #include "settings/KeyState.h"
 
@@ -17,41 +17,27 @@ KeyState loaded(const char* methods, const char* psk) {
     return state;
 }
 
+void expectLeftOut(const char* methods, bool withoutKey, bool withKey) {
+    SCOPED_TRACE(methods ? methods : "none");
+    EXPECT_EQ(loaded(methods, nullptr).mayBeLeftOut(), withoutKey);
+    EXPECT_EQ(loaded(methods, "*").mayBeLeftOut(), withKey);
+}
+
+// Without a key management there is one that was refused: the file will not have any.
 // ID-2
 TEST(KeyState, OfALoadedNetwork) {
-    struct Row {
-        const char* methods;
-        bool mayBeLeftOutWithoutKey;
-        bool mayBeLeftOutWithKey;
-    };
-    const Row rows[] = {
-        {nullptr, true, false}, // it was refused: the file will not hold any
-        {"WPA-PSK WPA-EAP", true, false},
-        {"WPA-PSK", true, false},
-        {"WPA-PSK-SHA256", true, false},
-        {"FT-PSK", true, false},
-        {"NONE WPA-PSK", true, false},
-        {"SAE", true, true},
-        {"WPA-PSK SAE", true, true},
-        {"FT-SAE", true, true},
-        {"WPS", true, true},
-        {"WPA-PSK WPS", true, true},
-        {"NONE", false, false},
-        {"WPA-EAP", false, false},
-        {"WPA-EAP IEEE8021X", false, false},
-        {"IEEE8021X", false, false},
-        {"WPA-NONE", false, false},
-        {"OWE", false, false},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.methods ? row.methods : "none");
-        EXPECT_EQ(loaded(row.methods, nullptr).mayBeLeftOut(), row.mayBeLeftOutWithoutKey);
-        EXPECT_EQ(loaded(row.methods, "*").mayBeLeftOut(), row.mayBeLeftOutWithKey);
-    }
+    for (const char* const methods : {static_cast<const char*>(nullptr), "WPA-PSK WPA-EAP",
+                                      "WPA-PSK", "WPA-PSK-SHA256", "FT-PSK", "NONE WPA-PSK"})
+        expectLeftOut(methods, true, false);
+    for (const char* const methods : {"SAE", "WPA-PSK SAE", "FT-SAE", "WPS", "WPA-PSK WPS"})
+        expectLeftOut(methods, true, true);
+    for (const char* const methods :
+         {"NONE", "WPA-EAP", "WPA-EAP IEEE8021X", "IEEE8021X", "WPA-NONE", "OWE"})
+        expectLeftOut(methods, false, false);
 }
 
 // Nothing is known then; a network that is written is known again.
-TEST(KeyState, OfANetworkWithoutAnyValueSaysThatItStays) {
+TEST(KeyState, OfANetworkWithoutAnyValueIsThatItStays) {
     KeyState state = KeyState::beforeLoad();
     for (const char* const key : {"disabled", "key_mgmt", "psk"})
         state.read(key, nullptr);
@@ -90,7 +76,7 @@ TEST(KeyState, KeepsTheKeyOverOneThatIsRefused) {
     EXPECT_FALSE(state.mayBeLeftOut());
 }
 
-TEST(KeyState, PassesOverOtherFields) {
+TEST(KeyState, IgnoresOtherFields) {
     KeyState state = loaded("WPA-PSK", nullptr);
     for (const char* const key : {"ssid", "password", "wep_key0", "psk2", "key_mgmt2"})
         state.written(key, "NONE", true);

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
+#include <vector>
 
 using namespace platwifi;
 
@@ -13,16 +15,13 @@ namespace {
 constexpr const char* ZERO = "00:00:00:00:00:00";
 constexpr const char* BSSID = "02:11:22:33:44:55";
 
-struct Read {
-    const char* line;
-    unsigned int id;
-    const char* ssid;
-    const char* bssid;
-};
-
-TEST(ListLine, TellsNumberSsidAndBssid) {
-    const Read rows[] = {
-        // as the client prints them
+TEST(ListLine, HasIdSsidAndBssid) {
+    const struct {
+        const char* line;
+        unsigned int id;
+        const char* ssid;
+        const char* bssid;
+    } rows[] = {
         {"0\tlab-psk\tany\t[CURRENT]", 0, "lab-psk", ZERO},
         {"2\tno such net\t02:11:22:33:44:55\t", 2, "no such net", BSSID},
         {"0\t\tany\t[DISABLED]", 0, "SSID N/A", ZERO},
@@ -47,7 +46,7 @@ TEST(ListLine, TellsNumberSsidAndBssid) {
         {"\t7\t\thome\t\tany\t", 7, "home", ZERO},
         {"8 home\tother net\tany", 8, "other net", ZERO},
     };
-    for (const Read& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.line);
         WifiNetwork network;
         ASSERT_TRUE(readListLine(row.line, network));
@@ -57,7 +56,7 @@ TEST(ListLine, TellsNumberSsidAndBssid) {
     }
 }
 
-TEST(ListLine, TellsOfNoNetworkWithoutItsFields) {
+TEST(ListLine, IsOfNoNetworkWithoutItsFields) {
     for (const char* line : {"", "\t", "\t\t\t", "0", "FAIL", "0\t", "0\thome", "0\thome\t"}) {
         WifiNetwork network;
         EXPECT_FALSE(readListLine(line, network)) << line;
@@ -65,50 +64,41 @@ TEST(ListLine, TellsOfNoNetworkWithoutItsFields) {
 }
 
 TEST(ListLine, HasItsFlagAnywhere) {
-    EXPECT_EQ(listFlagIn("0\thome\tany\t[DISABLED]"), ListFlag::DISABLED);
-    EXPECT_EQ(listFlagIn("0\thome\tany\t[CURRENT]"), ListFlag::CURRENT);
-    EXPECT_EQ(listFlagIn("0\thome\tany\t[CURRENT][DISABLED]"), ListFlag::DISABLED);
-    EXPECT_EQ(listFlagIn("0\thome\tany\t[CURRENT][P2P-PERSISTENT]"), ListFlag::CURRENT);
-    EXPECT_EQ(listFlagIn("0\thome\tany\t[TEMP-DISABLED]"), ListFlag::NONE);
-    EXPECT_EQ(listFlagIn("0\tDISABLED\tany\tCURRENT"), ListFlag::NONE);
-    EXPECT_EQ(listFlagIn("0\thome\tany\t"), ListFlag::NONE);
-    EXPECT_EQ(listFlagIn("0\tmy [DISABLED] net\tany\t"), ListFlag::DISABLED);
-    EXPECT_EQ(listFlagIn(""), ListFlag::NONE);
+    const std::map<ListFlag, std::vector<const char*>> lines = {
+        {ListFlag::DISABLED,
+         {"0\thome\tany\t[DISABLED]", "0\thome\tany\t[CURRENT][DISABLED]",
+          "0\tmy [DISABLED] net\tany\t"}},
+        {ListFlag::CURRENT, {"0\thome\tany\t[CURRENT]", "0\thome\tany\t[CURRENT][P2P-PERSISTENT]"}},
+        {ListFlag::NONE,
+         {"0\thome\tany\t[TEMP-DISABLED]", "0\tDISABLED\tany\tCURRENT", "0\thome\tany\t", ""}},
+    };
+    for (const auto& [flag, linesOfFlag] : lines)
+        for (const char* const line : linesOfFlag)
+            EXPECT_EQ(listFlagIn(line), flag) << line;
 }
 
 // LOAD-22
 TEST(ListLine, ItsFlagGivesTheStatus) {
-    struct Row {
-        ListFlag flag;
-        unsigned int before;
-        unsigned int after;
-    };
-    const Row rows[] = {
-        {ListFlag::DISABLED, NETWORK_STATUS_UNKNOWN, NETWORK_STATUS_DISABLED},
-        {ListFlag::DISABLED, NETWORK_STATUS_CONNECTED, NETWORK_STATUS_DISABLED},
-        {ListFlag::CURRENT, NETWORK_STATUS_UNKNOWN, NETWORK_STATUS_CONNECTING},
-        {ListFlag::CURRENT, NETWORK_STATUS_DISABLED, NETWORK_STATUS_CONNECTING},
-        {ListFlag::CURRENT, NETWORK_STATUS_CONNECTED, NETWORK_STATUS_CONNECTED},
-        {ListFlag::NONE, NETWORK_STATUS_UNKNOWN, NETWORK_STATUS_ENABLED},
-        {ListFlag::NONE, NETWORK_STATUS_CONNECTED, NETWORK_STATUS_ENABLED},
-        {ListFlag::NONE, NETWORK_STATUS_DISABLED, NETWORK_STATUS_ENABLED},
-    };
-    for (const Row& row : rows) {
-        WifiNetwork network;
-        network.setNetworkStatus(row.before);
-        setStatusByFlag(network, row.flag);
-        EXPECT_EQ(network.getNetworkStatus(), row.after)
-            << static_cast<int>(row.flag) << " over " << row.before;
+    for (const unsigned int before :
+         {NETWORK_STATUS_UNKNOWN, NETWORK_STATUS_CONNECTED, NETWORK_STATUS_DISABLED}) {
+        const auto statusAfter = [=](ListFlag flag) {
+            WifiNetwork network;
+            network.setNetworkStatus(before);
+            setStatusByFlag(network, flag);
+            return network.getNetworkStatus();
+        };
+        SCOPED_TRACE(before);
+        const bool isConnected = before == NETWORK_STATUS_CONNECTED;
+        EXPECT_EQ(statusAfter(ListFlag::DISABLED), NETWORK_STATUS_DISABLED);
+        EXPECT_EQ(statusAfter(ListFlag::NONE), NETWORK_STATUS_ENABLED);
+        EXPECT_EQ(statusAfter(ListFlag::CURRENT),
+                  isConnected ? NETWORK_STATUS_CONNECTED : NETWORK_STATUS_CONNECTING);
     }
 }
 
 // A status refresh takes the number that a line begins with; a blank ends it as a tab does.
 TEST(ListLine, BeginsWithAnId) {
-    struct Row {
-        const char* line;
-        int id;
-    };
-    const Row rows[] = {
+    const std::map<std::string, int> ids = {
         {"0\thome\tany\t[CURRENT]", 0},
         {"7\thome net\tany\t", 7},
         {"7 home", 7},
@@ -120,13 +110,10 @@ TEST(ListLine, BeginsWithAnId) {
         {"- 1\thome", 0},
         {"FAIL", 0},
         {"home\t5", 0},
+        {std::string(255, ' ') + "12", 1}, // 256 characters are read
     };
-    for (const Row& row : rows) {
-        const std::optional<int> id = listedId(row.line);
-        ASSERT_TRUE(id) << row.line;
-        EXPECT_EQ(*id, row.id) << row.line;
-    }
-    EXPECT_EQ(listedId(std::string(255, ' ') + "12"), 1) << "256 characters are read";
+    for (const auto& [line, id] : ids)
+        EXPECT_EQ(listedId(line), id) << line;
 }
 
 TEST(ListLine, HasNoIdWhereItIsBlank) {
@@ -136,12 +123,11 @@ TEST(ListLine, HasNoIdWhereItIsBlank) {
 }
 
 TEST(ListedSsid, IsReadFromALine) {
-    struct Row {
+    const struct {
         const char* line;
-        int id; // -1: none that could be used
+        int id; // -1: none
         const char* printed;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"0\thome\tany\t[CURRENT]", 0, "home"},
         {"255\thome\t02:00:00:00:01:00\t", 255, "home"},
         {"7\thome\tany", 7, "home"},
@@ -159,7 +145,7 @@ TEST(ListedSsid, IsReadFromALine) {
         {"0x1\thome\tany\t", -1, "home"},
         {"\thome\tany\t", -1, "home"},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.line);
         const auto network = listedSsid(row.line);
         ASSERT_TRUE(network);

@@ -12,8 +12,7 @@
 #include <cstring>
 #include <string>
 
-using platwifi::Lines;
-using platwifi::ReplyLines;
+using namespace platwifi;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
@@ -40,8 +39,8 @@ Lines joined(Join join, const Lines& lines) {
     return join(reply);
 }
 
-Lines joinedList(const Lines& lines) {
-    return joined(platwifi::wholeListLines, lines);
+void expectWhole(Join join, const Lines& lines) {
+    ASSERT_EQ(joined(join, lines), lines);
 }
 
 // A line of the list; `rest` is what stands behind the SSID.
@@ -59,11 +58,10 @@ TEST(WholeLines, OfAListAreThoseThatTheClientPrinted) {
             for (const std::string& bssid : bssids)
                 for (const std::string& flag : flags) {
                     const std::string ssid = std::string(length, 'x') + ending;
-                    const Lines lines = {line("9", ssid, bssid + "\t" + flag),
-                                         line("10", "x", "any\t"),
-                                         line("11", ssid, bssid + "\t" + flag),
-                                         line("12", ssid, bssid + "\t" + flag)};
-                    ASSERT_EQ(joinedList(lines), lines);
+                    const std::string rest = bssid + "\t" + flag;
+                    ASSERT_NO_FATAL_FAILURE(expectWhole(
+                        wholeListLines, {line("9", ssid, rest), line("10", "x", "any\t"),
+                                         line("11", ssid, rest), line("12", ssid, rest)}));
                 }
 }
 
@@ -73,8 +71,7 @@ TEST(WholeLines, OfAListHaveAnyNumberOfPieces) {
         const std::string rest = "\tany\t[CURRENT]";
         const std::string whole = "0\t" + std::string(length - 2 - rest.size(), 'x') + rest;
         ASSERT_EQ(whole.size(), length);
-        const Lines lines = {whole, "1\twork\tany\t", whole};
-        EXPECT_EQ(joinedList(lines), lines);
+        expectWhole(wholeListLines, {whole, "1\twork\tany\t", whole});
     }
 }
 
@@ -83,27 +80,24 @@ TEST(WholeLines, OfAListMayEndBehindTheBssid) {
     for (const char* const bssid : {"any", "02:00:00:00:01:00"}) {
         const std::string start = "0\t" + std::string(PIECE - 3 - std::strlen(bssid), 'x') + "\t";
         ASSERT_EQ((start + bssid).size(), PIECE);
-        const Lines lines = {start + bssid, "1\twork\tany"};
-        EXPECT_EQ(joinedList(lines), lines);
-        const Lines longer = {start + bssid + "\t[CURRENT]", "1\twork\tany"};
-        EXPECT_EQ(joinedList(longer), longer);
+        for (const char* const flags : {"", "\t[CURRENT]"})
+            expectWhole(wholeListLines, {start + bssid + flags, "1\twork\tany"});
     }
 }
 
 TEST(WholeLines, AreEndedByAPieceThatIsNotFull) {
     const std::string half(PIECE - 1, 'x');
-    for (const Join join :
-         {platwifi::wholeListLines, platwifi::wholeScanLines, platwifi::wholeStatusLines})
-        EXPECT_THAT(joined(join, {half, "y", half}), ElementsAre(half, "y", half));
+    for (const Join join : {wholeListLines, wholeScanLines, wholeStatusLines})
+        expectWhole(join, {half, "y", half});
 }
 
-TEST(WholeLines, PassOverNullEntries) {
+TEST(WholeLines, SkipNullEntries) {
     ReplyLines reply(3);
     addPiece(reply, std::string(PIECE, 'x'));
     ++reply.count;
     addPiece(reply, "y");
-    EXPECT_THAT(platwifi::wholeListLines(reply), ElementsAre(std::string(PIECE, 'x') + "y"));
-    EXPECT_THAT(platwifi::wholeListLines(ReplyLines(3)), IsEmpty());
+    EXPECT_THAT(wholeListLines(reply), ElementsAre(std::string(PIECE, 'x') + "y"));
+    EXPECT_THAT(wholeListLines(ReplyLines(3)), IsEmpty());
 }
 
 // LOAD-2
@@ -111,21 +105,21 @@ TEST(WholeLines, OfAScanBeginWithABssid) {
     const std::string start = "02:00:00:00:01:00\t2412\t-30\t[WPA2-PSK-CCMP][ESS]\t";
     const std::string other = "aa:BB:00:00:01:0f\t2412\t-30\t\tx";
     for (std::size_t length = 1; length <= 400; ++length) {
-        const Lines lines = {start + std::string(length, 'x'), other,
-                             start + std::string(length, 'y')};
-        ASSERT_EQ(joined(platwifi::wholeScanLines, lines), lines) << length;
+        ASSERT_NO_FATAL_FAILURE(
+            expectWhole(wholeScanLines, {start + std::string(length, 'x'), other,
+                                         start + std::string(length, 'y')}));
     }
     for (const char* const rest :
          {"02:00:00:00:01:00", "02:00:00:00:01:0\tx", "02:00:00:00:01:00 x", "02:00:00:00:01:0g\tx",
           "02-00-00-00-01-00\tx", "x2:00:00:00:01:00\tx", "lab"}) {
         const std::string full = start + std::string(PIECE - start.size(), 'x');
-        EXPECT_THAT(joined(platwifi::wholeScanLines, {full + rest}), SizeIs(1)) << rest;
+        EXPECT_THAT(joined(wholeScanLines, {full + rest}), SizeIs(1)) << rest;
     }
 }
 
 // LOAD-2
 TEST(WholeLines, OfAStatusBeginWithAKey) {
-    // 32 bytes: up to 128 characters, and whatever escape is cut.
+    // 32 bytes: up to 128 characters, with each escape cut somewhere.
     for (std::size_t plain = 0; plain <= 32; ++plain)
         for (const char* const byte : {"\xd0", "\xdd", "\xff", "\x01"})
             for (const char* const ending : {"", "=", "a=", "\\"}) {
@@ -133,85 +127,78 @@ TEST(WholeLines, OfAStatusBeginWithAKey) {
                 while (ssid.size() + std::strlen(ending) < 32)
                     ssid += byte;
                 ssid += ending;
-                const Lines lines = {"bssid=02:00:00:00:01:00",
-                                     "freq=2412",
-                                     "ssid=" + platwifi::printedSsid(ssid),
-                                     "id=0",
-                                     "mode=station",
-                                     "wpa_state=COMPLETED"};
-                ASSERT_EQ(joined(platwifi::wholeStatusLines, lines), lines);
+                ASSERT_NO_FATAL_FAILURE(
+                    expectWhole(wholeStatusLines, {"bssid=02:00:00:00:01:00", "freq=2412",
+                                                   "ssid=" + printedSsid(ssid), "id=0",
+                                                   "mode=station", "wpa_state=COMPLETED"}));
             }
 }
 
 TEST(WholeLines, OfAStatusMayBeJustAsLongAsAPiece) {
     const std::string full = "ssid=" + std::string(PIECE - 5, 'x');
-    for (const char* const next :
-         {"id=0", "mode=station", "EAP state=IDLE", "wpa_state=COMPLETED"}) {
-        const Lines lines = {full, next};
-        EXPECT_EQ(joined(platwifi::wholeStatusLines, lines), lines);
-    }
+    for (const char* const next : {"id=0", "mode=station", "EAP state=IDLE", "wpa_state=COMPLETED"})
+        expectWhole(wholeStatusLines, {full, next});
 }
 
 class Queries : public testing::Test {
 protected:
+    using Query = bool (*)(WifiUtil&, const char*, Lines&);
+
+    void answer(const char* command, const std::string& header, const Lines& printed) {
+        std::string text = header;
+        for (const std::string& line : printed)
+            text += line + "\n";
+        standIn.on({"-iwlan0", command}).prints(text);
+    }
+
+    void expect(Query query, const Lines& expected) {
+        EXPECT_TRUE(query(util, "wlan0", lines));
+        EXPECT_THAT(lines, ElementsAreArray(expected));
+    }
+
     test::StandIn standIn;
     WifiUtil util;
     Lines lines;
 };
 
-std::string text(const Lines& lines) {
-    std::string all;
-    for (const std::string& line : lines)
-        all += line + "\n";
-    return all;
-}
-
 TEST_F(Queries, GiveWholeLines) {
-    const std::string ssid = platwifi::printedSsid(std::string(32, '\xd0'));
+    const std::string ssid = printedSsid(std::string(32, '\xd0'));
     const Lines list = {line("0", ssid, "any\t[CURRENT]"), line("1", "x", "any\t")};
     const Lines scan = {"02:00:00:00:01:00\t2412\t-30\t[ESS]\t" + ssid,
                         "02:00:00:00:01:01\t2412\t-30\t\tx"};
     const Lines status = {"ssid=" + ssid, "id=0", "wpa_state=COMPLETED"};
-    standIn.on({"-iwlan0", "list_networks"}).prints("header\n" + text(list));
-    standIn.on({"-iwlan0", "scan_results"}).prints("header\n" + text(scan));
-    standIn.on({"-iwlan0", "status"}).prints(text(status));
-    EXPECT_TRUE(platwifi::queryList(util, "wlan0", lines));
-    EXPECT_EQ(lines, list);
-    EXPECT_TRUE(platwifi::queryScan(util, "wlan0", lines));
-    EXPECT_EQ(lines, scan);
-    EXPECT_TRUE(platwifi::queryStatus(util, "wlan0", lines));
-    EXPECT_EQ(lines, status);
+    answer("list_networks", "header\n", list);
+    answer("scan_results", "header\n", scan);
+    answer("status", "", status);
+    expect(queryList, list);
+    expect(queryScan, scan);
+    expect(queryStatus, status);
 }
 
 // Lines count, not pieces.
-TEST_F(Queries, TakeThe32LinesOfAScanAndThe16OfAStatusWhateverTheirLength) {
-    Lines scan(40, "02:00:00:00:01:00\t2412\t-30\t[ESS]\t" + std::string(128, 'x'));
-    Lines status(20, "ssid=" + std::string(128, 'x'));
-    standIn.on({"-iwlan0", "scan_results"}).prints("header\n" + text(scan));
-    standIn.on({"-iwlan0", "status"}).prints(text(status));
-    EXPECT_TRUE(platwifi::queryScan(util, "wlan0", lines));
-    scan.resize(32);
-    EXPECT_EQ(lines, scan);
-    EXPECT_TRUE(platwifi::queryStatus(util, "wlan0", lines));
-    status.resize(16);
-    EXPECT_EQ(lines, status);
+TEST_F(Queries, TakeThe32LinesOfAScanAndThe16OfAStatusOfAnyLength) {
+    const std::string scanLine = "02:00:00:00:01:00\t2412\t-30\t[ESS]\t" + std::string(128, 'x');
+    const std::string statusLine = "ssid=" + std::string(128, 'x');
+    answer("scan_results", "header\n", Lines(40, scanLine));
+    answer("status", "", Lines(20, statusLine));
+    expect(queryScan, Lines(32, scanLine));
+    expect(queryStatus, Lines(16, statusLine));
 }
 
 TEST_F(Queries, GiveMoreLinesOfTheListThanALoadTakes) {
     Lines list;
     for (int i = 0; i < 255; ++i)
         list.push_back(line(std::to_string(i), "x", "any\t"));
-    standIn.on({"*"}).prints("header\n" + text(list));
-    EXPECT_TRUE(platwifi::queryList(util, "wlan0", lines));
-    EXPECT_THAT(lines, ElementsAreArray(list));
+    answer("list_networks", "header\n", list);
+    expect(queryList, list);
 }
 
 TEST_F(Queries, FailWhenTheSupplicantDoesNotAnswer) {
     standIn.on({"*"}).exits(255);
-    EXPECT_FALSE(platwifi::queryList(util, "wlan0", lines));
-    EXPECT_FALSE(platwifi::queryScan(util, "wlan0", lines));
-    EXPECT_FALSE(platwifi::queryStatus(util, "wlan0", lines));
-    EXPECT_FALSE(platwifi::queryList(util, nullptr, lines));
+    EXPECT_FALSE(queryList(util, "wlan0", lines));
+    EXPECT_FALSE(queryScan(util, "wlan0", lines));
+    EXPECT_FALSE(queryStatus(util, "wlan0", lines));
+    EXPECT_FALSE(queryList(util, nullptr, lines));
     EXPECT_THAT(lines, IsEmpty());
 }
 

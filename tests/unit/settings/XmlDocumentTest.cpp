@@ -1,10 +1,11 @@
-// The document as a whole: the host, the list, and what becomes of it when things are missing.
+// The document as a whole: the host, the list, and what is written when things are missing.
 
 #include "MissingWifiUtil.h"
 #include "ReportedSettings.h"
 #include "SettingsState.h"
 #include "platform/BufferedXWriter.h"
 #include "supplicant/WifiUtil.h"
+#include "support/WordTable.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,34 +23,47 @@ namespace {
 constexpr bool FULL = true;
 constexpr bool SHORT = false;
 
+const std::string IDLE = R"(adapter="wlan0" wifiEnabled="true" currentDaemonState="2")"
+                         R"( currentNetwork="" currentNetworkState="0")";
+const std::string FAILED = R"(adapter="Unknown" wifiEnabled="false" currentDaemonState="0")"
+                           R"( currentNetwork="" currentNetworkState="0")";
+
+// A document with this host and this number of networks.
+std::string document(const std::string& host, int count = 0, const std::string& networks = "") {
+    return "<wifiHostSettings " + host + ">\n  <wifiNetworkDatabase numberNetworks=\"" +
+           std::to_string(count) + "\">\n" + networks +
+           "  </wifiNetworkDatabase>\n</wifiHostSettings>\n";
+}
+
+std::string blankNetwork(const std::string& ssid) {
+    return "    <wifiNetwork ssid=\"" + ssid +
+           R"(" bssid="" ssidBroadcasted="false" mode="2" channel="0" strength="0" priority="0")"
+           R"( status="1">
+      <wifiSecuritySupported numberSupported="0"/>
+      <wifiSecurityConfiguration numberConfigured="0"/>
+    </wifiNetwork>
+)";
+}
+
 class XmlDocument : public testing::Test {
 protected:
+    void setState(WpaState state) { reported.settings->*memberOf(SupplicantState{}) = state; }
+
+    void expectBothForms(const std::string& document) {
+        EXPECT_EQ(reported.xml(FULL), document);
+        EXPECT_EQ(reported.xml(SHORT), document);
+    }
+
     ReportedSettings reported;
 };
 
 TEST_F(XmlDocument, OfAnEmptyDatabaseHasNoEntries) {
-    const std::string expected =
-        R"(<wifiHostSettings adapter="wlan0" wifiEnabled="true" currentDaemonState="2")"
-        R"( currentNetwork="" currentNetworkState="0">
-  <wifiNetworkDatabase numberNetworks="0">
-  </wifiNetworkDatabase>
-</wifiHostSettings>
-)";
-    EXPECT_EQ(reported.xml(FULL), expected);
-    EXPECT_EQ(reported.xml(SHORT), expected);
+    expectBothForms(document(IDLE));
 }
 
-TEST_F(XmlDocument, AfterAFailureTellsOfNoAdapterAndNoNetworks) {
+TEST_F(XmlDocument, AfterAFailureHasNoAdapterAndNoNetworks) {
     reported.fail();
-    const std::string expected =
-        R"(<wifiHostSettings adapter="Unknown" wifiEnabled="false" currentDaemonState="0")"
-        R"( currentNetwork="" currentNetworkState="0">
-  <wifiNetworkDatabase numberNetworks="0">
-  </wifiNetworkDatabase>
-</wifiHostSettings>
-)";
-    EXPECT_EQ(reported.xml(FULL), expected);
-    EXPECT_EQ(reported.xml(SHORT), expected);
+    expectBothForms(document(FAILED));
     EXPECT_THAT(reported.loaded.commands(), IsEmpty());
 }
 
@@ -64,58 +78,49 @@ TEST_F(XmlDocument, WithoutAnAdapterAsksForTheSupplicantOfAny) {
 }
 
 // XML-4
-TEST_F(XmlDocument, WithoutAnAdapterTellsTheStateInMemory) {
+TEST_F(XmlDocument, WithoutAnAdapterHasTheStateInMemory) {
     reported.fail();
-    reported.settings->*memberOf(SupplicantState{}) = WPA_STATE_ASSOCIATED;
+    setState(WPA_STATE_ASSOCIATED);
     EXPECT_EQ(reported.xml(FULL),
-              R"(<wifiHostSettings adapter="Unknown" wifiEnabled="false" currentDaemonState="5")"
-              R"( currentNetwork="" currentNetworkState="0">
-  <wifiNetworkDatabase numberNetworks="0">
-  </wifiNetworkDatabase>
-</wifiHostSettings>
-)");
+              document(R"(adapter="Unknown" wifiEnabled="false" currentDaemonState="5")"
+                       R"( currentNetwork="" currentNetworkState="0")"));
 }
 
 // XML-3
-TEST_F(XmlDocument, TellsThatTheSupplicantDoesNotRun) {
+TEST_F(XmlDocument, SaysThatTheSupplicantDoesNotRun) {
     reported.answerStatus("wpa_state=INACTIVE\n", "1 init\n");
     EXPECT_THAT(reported.xml(FULL), HasSubstr(R"( wifiEnabled="false" currentDaemonState="2" )"));
 }
 
 // XML-2
-TEST_F(XmlDocument, TellsTheStateOfTheMoment) {
-    const char* const states[] = {
-        "ODD",        "DISCONNECTED",   "INACTIVE",        "SCANNING", "ASSOCIATING",
-        "ASSOCIATED", "4WAY_HANDSHAKE", "GROUP_HANDSHAKE", "COMPLETED"};
-    unsigned int number = 0;
-    for (const std::string state : states) {
-        reported.answerStatus("wpa_state=" + state + "\n");
+TEST_F(XmlDocument, HasTheStateOfTheMoment) {
+    WordRows states = stateWords();
+    states.push_back({0, "ODD"});
+    for (const WordRow& state : states) {
+        reported.answerStatus(std::string("wpa_state=") + state.word + "\n");
         EXPECT_THAT(reported.xml(FULL),
-                    HasSubstr(" currentDaemonState=\"" + std::to_string(number++) + "\" "))
-            << state;
+                    HasSubstr(" currentDaemonState=\"" + std::to_string(state.number) + "\" "))
+            << state.word;
     }
 }
 
-TEST_F(XmlDocument, TellsTheStateUnknownWhenTheSupplicantDoesNotAnswer) {
-    reported.settings->*memberOf(SupplicantState{}) = WPA_STATE_COMPLETED;
+TEST_F(XmlDocument, HasAnUnknownStateWhenTheSupplicantDoesNotAnswer) {
+    setState(WPA_STATE_COMPLETED);
     reported.loaded.standIn.reset();
     EXPECT_THAT(reported.xml(FULL), HasSubstr(R"( wifiEnabled="false" currentDaemonState="0" )"));
 }
 
 // XML-2
-TEST_F(XmlDocument, TellsTheNetworkThatTheSupplicantIsOnByNow) {
+TEST_F(XmlDocument, HasTheNetworkThatIsCurrentAfterTheStatus) {
     reported.add("home");
     reported.add("work");
     reported.answerStatus("ssid=home\nwpa_state=COMPLETED\n");
     EXPECT_EQ(reported.xml(SHORT),
-              R"(<wifiHostSettings adapter="wlan0" wifiEnabled="true" currentDaemonState="8")"
-              R"( currentNetwork="home" currentNetworkState="3">
-  <wifiNetworkDatabase numberNetworks="2">
-    <wifiNetwork ssid="work" strength="0" status="1"/>)"
-              R"(    <wifiNetwork ssid="home" strength="0" status="3"/>)"
-              R"(  </wifiNetworkDatabase>
-</wifiHostSettings>
-)");
+              document(R"(adapter="wlan0" wifiEnabled="true" currentDaemonState="8")"
+                       R"( currentNetwork="home" currentNetworkState="3")",
+                       2,
+                       R"(    <wifiNetwork ssid="work" strength="0" status="1"/>)"
+                       R"(    <wifiNetwork ssid="home" strength="0" status="3"/>)"));
     reported.answerStatus("wpa_state=SCANNING\n");
     EXPECT_THAT(reported.xml(SHORT),
                 HasSubstr(R"(currentNetwork="home" currentNetworkState="4">)"));
@@ -123,47 +128,25 @@ TEST_F(XmlDocument, TellsTheNetworkThatTheSupplicantIsOnByNow) {
     EXPECT_THAT(reported.xml(SHORT), HasSubstr(R"(currentNetwork="" currentNetworkState="0">)"));
 }
 
-TEST_F(XmlDocument, TellsACurrentNetworkWithoutSsid) {
+TEST_F(XmlDocument, HasACurrentNetworkWithoutSsid) {
     WifiNetwork& network = reported.add("home");
     reported.answerStatus("ssid=home\nwpa_state=COMPLETED\n");
     reported.xml(SHORT);
     network.setSsid(nullptr);
     reported.answerStatus("wpa_state=COMPLETED\n");
     EXPECT_EQ(reported.xml(SHORT),
-              R"(<wifiHostSettings adapter="wlan0" wifiEnabled="true" currentDaemonState="8")"
-              R"( currentNetwork="" currentNetworkState="3">
-  <wifiNetworkDatabase numberNetworks="1">
-    <wifiNetwork ssid="" strength="0" status="3"/>  </wifiNetworkDatabase>
-</wifiHostSettings>
-)");
+              document(R"(adapter="wlan0" wifiEnabled="true" currentDaemonState="8")"
+                       R"( currentNetwork="" currentNetworkState="3")",
+                       1, R"(    <wifiNetwork ssid="" strength="0" status="3"/>)"));
 }
 
 // XML-5
 TEST_F(XmlDocument, ListsTheNetworkAddedLastFirst) {
     for (const char* const ssid : {"home", "work", "train"})
         reported.add(ssid);
-    EXPECT_EQ(reported.xml(FULL),
-              R"(<wifiHostSettings adapter="wlan0" wifiEnabled="true" currentDaemonState="2")"
-              R"( currentNetwork="" currentNetworkState="0">
-  <wifiNetworkDatabase numberNetworks="3">
-    <wifiNetwork ssid="train" bssid="" ssidBroadcasted="false" mode="2" channel="0" strength="0")"
-              R"( priority="0" status="1">
-      <wifiSecuritySupported numberSupported="0"/>
-      <wifiSecurityConfiguration numberConfigured="0"/>
-    </wifiNetwork>
-    <wifiNetwork ssid="work" bssid="" ssidBroadcasted="false" mode="2" channel="0" strength="0")"
-              R"( priority="0" status="1">
-      <wifiSecuritySupported numberSupported="0"/>
-      <wifiSecurityConfiguration numberConfigured="0"/>
-    </wifiNetwork>
-    <wifiNetwork ssid="home" bssid="" ssidBroadcasted="false" mode="2" channel="0" strength="0")"
-              R"( priority="0" status="1">
-      <wifiSecuritySupported numberSupported="0"/>
-      <wifiSecurityConfiguration numberConfigured="0"/>
-    </wifiNetwork>
-  </wifiNetworkDatabase>
-</wifiHostSettings>
-)");
+    EXPECT_EQ(
+        reported.xml(FULL),
+        document(IDLE, 3, blankNetwork("train") + blankNetwork("work") + blankNetwork("home")));
 }
 
 // XML-5
@@ -177,13 +160,9 @@ TEST_F(XmlDocument, InShortHasAllNetworksOnOneLine) {
     work.setKeyManagement(KEY_MGMT_WPA_PSK);
     work.setStrength(100);
     EXPECT_EQ(reported.xml(SHORT),
-              R"(<wifiHostSettings adapter="wlan0" wifiEnabled="true" currentDaemonState="2")"
-              R"( currentNetwork="" currentNetworkState="0">
-  <wifiNetworkDatabase numberNetworks="2">
-    <wifiNetwork ssid="work" strength="100" status="1"/>)"
-              R"(    <wifiNetwork ssid="home" strength="83" status="5"/>  </wifiNetworkDatabase>
-</wifiHostSettings>
-)");
+              document(IDLE, 2,
+                       R"(    <wifiNetwork ssid="work" strength="100" status="1"/>)"
+                       R"(    <wifiNetwork ssid="home" strength="83" status="5"/>)"));
 }
 
 // XML-1
