@@ -108,6 +108,11 @@ bool queryList(WifiUtil& util, const char* iface, Lines& lines) {
     return run(util, &WifiUtil::getNetworkDatabaseSsids, iface, wholeListLines, lines);
 }
 
+bool queryScan(WifiUtil& util, const char* iface, Lines& lines) {
+    constexpr std::size_t MOST_LINES = 32;
+    return queryScan(util, iface, lines, MOST_LINES);
+}
+
 bool queryScan(WifiUtil& util, const char* iface, Lines& lines, std::size_t most) {
     if (!run(util, &WifiUtil::discoverNetworks, iface, wholeScanLines, lines))
         return false;
