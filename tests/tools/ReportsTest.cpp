@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <sstream>
 
-using test::Ending;
 using test::platwifi;
 using testing::AllOf;
 using testing::HasSubstr;
@@ -17,12 +16,12 @@ namespace {
 
 class Reports : public test::CommandFixture {
 protected:
-    static std::string of(const test::Arguments& arguments) { return of(platwifi(arguments)); }
+    static std::string of(const test::Arguments& arguments) {
+        return outputOf(platwifi(arguments));
+    }
 
-    static std::string of(const Ending& ending) {
-        EXPECT_EQ(ending.status, 0);
-        EXPECT_EQ(ending.err, "");
-        return ending.out;
+    static std::string ofQuick(const test::Arguments& arguments) {
+        return outputOf(test::quickPlatwifi(arguments));
     }
 };
 
@@ -37,7 +36,7 @@ TEST_F(Reports, MarkTheDefaultAdapter) {
 }
 
 TEST_F(Reports, ShowTheStatus) {
-    host.on({"-iwlan0", "status"}).prints("ssid=home\nid=0\nwpa_state=COMPLETED\n");
+    on({"status"}).prints("ssid=home\nid=0\nwpa_state=COMPLETED\n");
     serve({"home", "work"});
     EXPECT_EQ(of({"status"}), "Adapter:   wlan0\n"
                               "State:     COMPLETED\n"
@@ -51,9 +50,9 @@ TEST_F(Reports, ShowTheStatusWithoutANetwork) {
 }
 
 TEST_F(Reports, ListTheNetworks) {
-    host.on({"-iwlan0", "get_network", "0", "key_mgmt"}).prints("WPA-PSK");
-    host.on({"-iwlan0", "get_network", "0", "priority"}).prints("12");
-    host.on({"-iwlan0", "get_network", "1", "key_mgmt"}).prints("NONE");
+    on({"get_network", "0", "key_mgmt"}).prints("WPA-PSK");
+    on({"get_network", "0", "priority"}).prints("12");
+    on({"get_network", "1", "key_mgmt"}).prints("NONE");
     serve({"\\xe5\\x92\\x96\\xe5\\x95\\xa1", "home"});
     EXPECT_EQ(of({"networks"}), "SSID  Status   Key management  Priority  BSSID\n"
                                 "home  enabled  NONE                   0  any\n"
@@ -61,14 +60,14 @@ TEST_F(Reports, ListTheNetworks) {
 }
 
 TEST_F(Reports, SayThatThereIsNothing) {
-    host.on({"-iwlan0", "scan"}).prints("OK\n");
+    accept({"scan"});
     serve({});
     EXPECT_THAT(of({"networks"}), HasSubstr("platwifi add SSID psk=-"));
-    EXPECT_EQ(of(test::quickPlatwifi({"scan"})), "No access point is in range.\n");
+    EXPECT_EQ(ofQuick({"scan"}), "No access point is in range.\n");
 }
 
 TEST_F(Reports, ShowANetwork) {
-    host.on({"-iwlan0", "get_network", "0", "psk"}).prints("*");
+    on({"get_network", "0", "psk"}).prints("*");
     serve({"home"});
     const std::string shown = of({"show", "home"});
     EXPECT_THAT(shown, StartsWith("Property         Value\nssid             home\n"));
@@ -89,17 +88,16 @@ TEST_F(Reports, ShowANetworkWhoseSsidBeginsWithADash) {
 }
 
 TEST_F(Reports, ListTheScanStrongestFirst) {
-    host.on({"-iwlan0", "scan"}).prints("OK\n");
-    host.on({"-iwlan0", "scan_results"})
+    accept({"scan"});
+    on({"scan_results"})
         .prints("bssid / frequency / signal level / flags / ssid\n"
                 "02:00:00:00:01:00\t2412\t-71\t[WPA2-PSK-CCMP][ESS]\tfar\n"
                 "02:00:00:00:02:00\t5180\t-30\t[ESS]\t\n");
     serve({});
-    EXPECT_EQ(of(test::quickPlatwifi({"scan"})),
-              "SSID      BSSID              Channel   MHz  dBm  Security\n"
-              "(hidden)  02:00:00:00:02:00       36  5180  -30  open\n"
-              "far       02:00:00:00:01:00        1  2412  -71  WPA2-PSK\n");
-    EXPECT_EQ(host.callsOf({"-iwlan0", "scan"}), 1u);
+    EXPECT_EQ(ofQuick({"scan"}), "SSID      BSSID              Channel   MHz  dBm  Security\n"
+                                 "(hidden)  02:00:00:00:02:00       36  5180  -30  open\n"
+                                 "far       02:00:00:00:01:00        1  2412  -71  WPA2-PSK\n");
+    EXPECT_EQ(callsOf({"scan"}), 1u);
 }
 
 TEST_F(Reports, ScanAnyInterfaceThatIsListed) {
@@ -108,14 +106,14 @@ TEST_F(Reports, ScanAnyInterfaceThatIsListed) {
     host.on({"-iwlan1", "scan"}).prints("OK\n");
     host.on({"-iwlan1", "scan_results"}).prints("header\nb\t2412\t-7\t[ESS]\tbeside\n");
     serve({});
-    EXPECT_THAT(of(test::quickPlatwifi({"scan", "-i", "wlan1"})), HasSubstr("beside"));
-    EXPECT_THAT(of(test::quickPlatwifi({"scan", "-iwlan0"})), HasSubstr("No access point"));
+    EXPECT_THAT(ofQuick({"scan", "-i", "wlan1"}), HasSubstr("beside"));
+    EXPECT_THAT(ofQuick({"scan", "-iwlan0"}), HasSubstr("No access point"));
 }
 
 TEST_F(Reports, LeaveNoResultFileOfAScan) {
-    host.on({"-iwlan0", "scan"}).prints("OK\n");
+    accept({"scan"});
     serve({});
-    of(test::quickPlatwifi({"scan"}));
+    ofQuick({"scan"});
     EXPECT_TRUE(test::resultFiles().empty());
 }
 

@@ -66,10 +66,10 @@ protected:
         std::string found = "bssid / frequency / signal level / flags / ssid\n";
         for (const std::string& ssid : SSIDS)
             found += "02:00:00:00:01:00\t2412\t-30\t[WPA2-PSK-CCMP][ESS]\t" + ssid + "\n";
-        host.on({"-iwlan0", "scan"}).prints("OK\n");
-        host.on({"-iwlan0", "scan_results"}).prints(found);
-        host.on({"-iwlan0", "status"}).prints("ssid=" + SSIDS.back() + "\nwpa_state=COMPLETED\n");
-        host.on({"-iwlan0", "get_network", "0", "phase1"}).prints(std::string(120, 'x'));
+        accept({"scan"});
+        on({"scan_results"}).prints(found);
+        on({"status"}).prints("ssid=" + SSIDS.back() + "\nwpa_state=COMPLETED\n");
+        on({"get_network", "0", "phase1"}).prints(std::string(120, 'x'));
         serve({SSIDS[0], SSIDS[2], SSIDS.back()}); // few: a load takes many calls for each
     }
 
@@ -120,7 +120,7 @@ class ALongLoad : public OnATerminal {
 protected:
     std::string seenOf(const std::vector<std::string>& ssids, const std::string& awaited) {
         test::Checkpoint loading("/tmp/loading");
-        host.on({"-iwlan0", "get_network", "0", "priority"}).pausesAt(loading.path()).prints("5");
+        on({"get_network", "0", "priority"}).pausesAt(loading.path()).prints("5");
         serve(ssids);
         Program program({"networks"}, {CAPTURED, CAPTURED, m_terminal.ownEnd()});
         m_terminal.closeOwnEnd();

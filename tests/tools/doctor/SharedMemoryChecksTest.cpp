@@ -1,11 +1,8 @@
 // The check of the shared memory: whether the library would use it, and which processes do.
 
-#include "checks/CheckFunctions.h"
+#include "Findings.h"
 #include "process/SharedBlock.h"
 #include "watchdog/SharedSignalBlock.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <csignal>
 #include <fcntl.h>
@@ -21,8 +18,10 @@
 namespace {
 
 using cli::BLOCK_PATH;
-using cli::Finding;
-using cli::Health;
+using test::isBad;
+using test::isGood;
+using test::isNote;
+using testing::AllOf;
 using testing::HasSubstr;
 
 constexpr std::size_t SIZE = sizeof(SharedSignalBlock);
@@ -89,14 +88,11 @@ private:
 };
 
 void expectBad(const std::string& found, const std::string& toDo) {
-    const Finding finding = cli::checkSharedMemory("");
-    EXPECT_EQ(finding.health, Health::BAD);
-    EXPECT_THAT(finding.found, HasSubstr(found));
-    EXPECT_THAT(finding.toDo, HasSubstr(toDo));
+    EXPECT_THAT(cli::checkSharedMemory(""), isBad(HasSubstr(found), HasSubstr(toDo)));
 }
 
 TEST_F(SharedMemoryChecks, AcceptThatThereIsNone) {
-    EXPECT_EQ(cli::checkSharedMemory("").health, Health::GOOD);
+    EXPECT_THAT(cli::checkSharedMemory(""), isGood());
     EXPECT_FALSE(std::filesystem::exists(BLOCK_PATH)) << "the check creates none";
 }
 
@@ -104,31 +100,27 @@ TEST_F(SharedMemoryChecks, NameTheProcessesThatUseIt) {
     put(SIZE);
     const BlockUser one;
     ASSERT_TRUE(one.isMapped());
-    EXPECT_EQ(cli::checkSharedMemory("").found, "used by process " + one.id());
+    EXPECT_THAT(cli::checkSharedMemory(""), isGood("used by process " + one.id()));
     const BlockUser other;
     ASSERT_TRUE(other.isMapped());
-    const Finding finding = cli::checkSharedMemory("");
-    EXPECT_EQ(finding.health, Health::GOOD);
-    EXPECT_THAT(finding.found, HasSubstr("used by processes "));
-    EXPECT_THAT(finding.found, HasSubstr(" " + one.id()));
-    EXPECT_THAT(finding.found, HasSubstr(" " + other.id()));
+    EXPECT_THAT(cli::checkSharedMemory(""),
+                isGood(AllOf(HasSubstr("used by processes "), HasSubstr(" " + one.id()),
+                             HasSubstr(" " + other.id()))));
 }
 
 TEST_F(SharedMemoryChecks, NoteOneThatNoProcessUses) {
     put(SIZE);
-    const Finding finding = cli::checkSharedMemory("");
-    EXPECT_EQ(finding.health, Health::NOTE);
-    EXPECT_THAT(finding.found, HasSubstr("left behind"));
-    EXPECT_THAT(finding.toDo, HasSubstr("rm /dev/shm/wifi_shmem"));
+    EXPECT_THAT(cli::checkSharedMemory(""),
+                isNote(HasSubstr("left behind"), HasSubstr("rm /dev/shm/wifi_shmem")));
     EXPECT_TRUE(std::filesystem::exists(BLOCK_PATH)) << "the check does not remove it";
 }
 
 TEST_F(SharedMemoryChecks, DoNotCountAProcessThatUsesAnotherBlockOfThatName) {
     put(SIZE);
-    const BlockUser stranger(BlockUser::Where::OTHER_MOUNT);
-    if (!stranger.isMapped())
-        GTEST_SKIP() << "this system allows no mounts of one's own";
-    EXPECT_EQ(cli::checkSharedMemory("").health, Health::NOTE);
+    const BlockUser other(BlockUser::Where::OTHER_MOUNT);
+    if (!other.isMapped())
+        GTEST_SKIP() << "this system allows no private mounts";
+    EXPECT_THAT(cli::checkSharedMemory(""), isNote());
 }
 
 TEST_F(SharedMemoryChecks, ReportOneOfAnotherSize) {
@@ -178,7 +170,7 @@ TEST_F(BlockOfRoot, IsBadWhereItIsClosedToThisUser) {
 
 TEST_F(BlockOfRoot, IsGoodWhereItIsOpenToThisUser) {
     setMode(0777);
-    EXPECT_EQ(cli::checkSharedMemory("").health, Health::GOOD);
+    EXPECT_THAT(cli::checkSharedMemory(""), isGood());
 }
 
 } // namespace
