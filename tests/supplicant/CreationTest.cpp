@@ -1,4 +1,4 @@
-// Networks come and go.
+// Adding and removing networks.
 
 #include "SupplicantTest.h"
 
@@ -17,7 +17,7 @@ namespace {
 using Creation = test::SupplicantTest;
 using Removal = test::SupplicantTest;
 
-TEST_F(Creation, GivesAnEnabledNetworkWithThisSsid) {
+TEST_F(Creation, AddsAnEnabledNetworkWithThisSsid) {
     supplicant.start();
     unsigned char id = 99;
     EXPECT_TRUE(util().createNetwork(WLAN, "home", &id));
@@ -26,7 +26,7 @@ TEST_F(Creation, GivesAnEnabledNetworkWithThisSsid) {
     EXPECT_THAT(supplicant.ask("get_network 0 disabled"), ElementsAre("0"));
 }
 
-TEST_F(Creation, TellsTheNumberThatTheSupplicantChose) {
+TEST_F(Creation, ReturnsTheIdThatTheSupplicantChose) {
     supplicant.start(openNetworks({"home", "work"}));
     unsigned char id = 99;
     EXPECT_TRUE(util().createNetwork(WLAN, "guest", &id));
@@ -34,7 +34,7 @@ TEST_F(Creation, TellsTheNumberThatTheSupplicantChose) {
     EXPECT_THAT(supplicant.ask("get_network 2 ssid"), ElementsAre("\"guest\""));
 }
 
-TEST_F(Creation, LeavesANamelessNetworkWhereTheSsidIsRefused) {
+TEST_F(Creation, LeavesANetworkWithoutSsidIfTheSsidIsRefused) {
     supplicant.start(openNetworks({"home"}));
     unsigned char id = 99;
     EXPECT_FALSE(util().createNetwork(WLAN, std::string(33, 'x').c_str(), &id));
@@ -42,7 +42,7 @@ TEST_F(Creation, LeavesANamelessNetworkWhereTheSsidIsRefused) {
     EXPECT_EQ(supplicant.networks().at(1), "1\t\tany\t[DISABLED]");
 }
 
-TEST_F(Creation, ByManyThreadsGivesEachItsOwnNetwork) {
+TEST_F(Creation, ByManyThreadsAddsANetworkForEach) {
     supplicant.start();
     constexpr std::size_t COUNT = 4;
     std::vector<unsigned char> ids(COUNT, 99);
@@ -99,7 +99,7 @@ TEST_P(CreationWithSsid, KeepsItAndReadsItBackAsTheSupplicantPrintsIt) {
 INSTANTIATE_TEST_SUITE_P(Supplicant, CreationWithSsid, testing::ValuesIn(SSIDS),
                          [](const auto& ssid) { return ssid.param.name; });
 
-TEST_F(Removal, TakesTheNetworkAwayAndLeavesTheOthersTheirNumbers) {
+TEST_F(Removal, KeepsTheIdsOfTheOtherNetworks) {
     supplicant.start(openNetworks({"home", "work", "guest"}));
     supplicant.awaitStatus("ssid=home");
     EXPECT_TRUE(util().removeNetwork(WLAN, 1));

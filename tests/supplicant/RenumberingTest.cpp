@@ -1,4 +1,4 @@
-// Networks that the supplicant has numbered anew are still told apart.
+// After the supplicant has assigned new network ids, an operation still reaches its own network.
 
 #include "SupplicantTest.h"
 #include "model/WifiNetwork.h"
@@ -25,7 +25,7 @@ protected:
 
     WifiHostSettings& settings() { return *WifiHostSettings::getInstance(nullptr); }
 
-    // Without keys: the supplicant does not save a network that lacks the key it needs.
+    // An open network: the supplicant does not save one that lacks the key that it needs.
     void add(const char* ssid) {
         ASSERT_TRUE(settings().addNetwork(WLAN, ssid));
         const platwifi::SettingsLock lock(settings());
@@ -65,12 +65,12 @@ TEST_F(Renumbering, FindsAnySsidAgain) {
                     ElementsAre(StartsWith("0\twork\t"), StartsWith("2\tlast\t")));
         ASSERT_TRUE(settings().removeNetwork(WLAN, "last"));
         add("home");
-        // As it was at first, "home" behind "work".
+        // The first state again, with "home" after "work".
         ASSERT_EQ(settings().saveNetworkSettings(), 1);
     }
 }
 
-// What the three steps of a change are to a network in memory.
+// Changes a network in memory.
 void edit(WifiHostSettings& settings, const char* ssid, bool (*change)(WifiNetwork&)) {
     const platwifi::SettingsLock lock(settings);
     WifiNetwork* const network = settings.getNetwork(WLAN, ssid);
@@ -82,17 +82,17 @@ bool setPriority(WifiNetwork& network) {
     return network.setPriority(3);
 }
 
-bool needKey(WifiNetwork& network) {
+bool requireKey(WifiNetwork& network) {
     return network.setKeyManagement(KEY_MGMT_WPA_PSK);
 }
 
-bool giveShortKey(WifiNetwork& network) {
+bool setShortKey(WifiNetwork& network) {
     return network.setPsk("short");
 }
 
 TEST_F(Renumbering, ByANetworkWithoutItsKeyDoesNotLeadToAnotherOne) {
     supplicant.start(openNetworks({"home", "work", "cafe"}));
-    edit(settings(), "home", needKey);
+    edit(settings(), "home", requireKey);
     EXPECT_EQ(settings().saveNetworkSettings(), 1);
     EXPECT_THAT(supplicant.networks(),
                 ElementsAre(StartsWith("0\twork\t"), StartsWith("1\tcafe\t")));
@@ -103,14 +103,14 @@ TEST_F(Renumbering, ByANetworkWithoutItsKeyDoesNotLeadToAnotherOne) {
     EXPECT_THAT(supplicant.ask("get_network 0 identity"), ElementsAre("\"me\""));
     EXPECT_THAT(supplicant.ask("get_network 1 identity"), ElementsAre("FAIL"));
     edit(settings(), "home", setPriority);
-    EXPECT_EQ(settings().saveNetworkSettings(), 0) << "it is not there any more";
+    EXPECT_EQ(settings().saveNetworkSettings(), 0) << "the supplicant has lost it";
     EXPECT_FALSE(settings().connectNetwork(WLAN, "home"));
 }
 
 TEST_F(Renumbering, ByANetworkWhoseKeyWasRefusedDoesNotLeadToAnotherOne) {
     supplicant.start(openNetworks({"home", "work"}));
-    edit(settings(), "home", needKey);
-    edit(settings(), "home", giveShortKey);
+    edit(settings(), "home", requireKey);
+    edit(settings(), "home", setShortKey);
     EXPECT_EQ(settings().saveNetworkSettings(), 1);
     EXPECT_TRUE(settings().removeNetwork(WLAN, "work"));
     EXPECT_THAT(supplicant.networks(), IsEmpty());
@@ -130,8 +130,8 @@ TEST_F(Renumbering, AfterARemovalAndAReloadDoesNotLeadToAnotherNetwork) {
     EXPECT_THAT(supplicant.ask("get_network 1 identity"), ElementsAre("FAIL"));
 }
 
-// Networks of the file, and what another program has added since without a save. Each is the first of
-// two; where the supplicant leaves it out of its file, the other gets its id.
+// The first network of the configuration file. If the supplicant leaves it out of its file, the second
+// gets its id.
 struct Configured {
     const char* name;
     const char* fields;
@@ -178,7 +178,7 @@ TEST_P(RenumberingBy, ANetworkThatIsLeftOutOfTheFileDoesNotLeadToAnotherOne) {
 INSTANTIATE_TEST_SUITE_P(Supplicant, RenumberingBy, testing::ValuesIn(CONFIGURED),
                          [](const auto& test) { return test.param.name; });
 
-// As the client prints bytes that are all beyond ASCII.
+// How the client prints bytes that are not ASCII.
 std::string printed(const std::string& bytes) {
     std::ostringstream text;
     for (const char byte : bytes)

@@ -23,8 +23,8 @@ protected:
             remove(file.c_str());
     }
 
-    // What the client said to the scan.
-    static test::Lines answer() {
+    // The client's reply to the scan.
+    static test::Lines reply() {
         EXPECT_THAT(resultFiles(), ElementsAre(StartsWith(RESULT)));
         return test::linesOfFile(resultFiles().at(0));
     }
@@ -33,23 +33,23 @@ protected:
 TEST_F(Scan, IsStartedWhileNothingIsConnected) {
     supplicant.start();
     EXPECT_TRUE(util().scanNetworks(WLAN));
-    EXPECT_THAT(answer(), ElementsAre("OK"));
+    EXPECT_THAT(reply(), ElementsAre("OK"));
 }
 
 TEST_F(Scan, IsStartedWhileConnected) {
     supplicant.start(openNetworks({"home"}));
     supplicant.awaitStatus("wpa_state=COMPLETED");
     EXPECT_TRUE(util().scanNetworks(WLAN));
-    EXPECT_THAT(answer(), ElementsAre("OK"));
+    EXPECT_THAT(reply(), ElementsAre("OK"));
 }
 
-// The supplicant has no time for a scan while it waits for its partner.
+// The supplicant refuses a scan while it waits for the other side of a handshake.
 // SCAN-3
-TEST_F(Scan, CountsAsDoneWhereTheSupplicantRefusesIt) {
+TEST_F(Scan, SucceedsIfTheSupplicantRefusesIt) {
     supplicant.start("network={\n\tssid=\"home\"\n\tpsk=\"12345678\"\n}\n");
     supplicant.awaitStatus("wpa_state=ASSOCIATED");
     EXPECT_TRUE(util().scanNetworks(WLAN));
-    EXPECT_THAT(answer(), ElementsAre("FAIL-BUSY"));
+    EXPECT_THAT(reply(), ElementsAre("FAIL-BUSY"));
 }
 
 TEST_F(Scan, FindsNothing) {

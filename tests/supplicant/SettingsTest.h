@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Records.h"
-#include "Supplicant.h"
+#include "SharedSupplicant.h"
 #include "settings/WifiHostSettings.h"
 #include "support/Leftovers.h"
 
@@ -10,16 +10,13 @@
 
 namespace test {
 
-constexpr const char* WLAN = "wlan0";
-
-/// A test of the settings against the host's supplicant. One supplicant and one instance serve all
-/// tests, since starting the one and ending the other takes most of their time; each begins with a
-/// configuration file of its own.
+/// A test of the settings against the shared supplicant. The settings stay loaded from test to test,
+/// because unloading them takes long. Each test begins with its own configuration file.
 class SettingsTest : public testing::Test {
 protected:
     Supplicant& supplicant = sharedSupplicant();
 
-    // No scan is started, so that no file may stay.
+    // Only a scan leaves a file, and no test starts one.
     void TearDown() override { EXPECT_THAT(resultFiles(), testing::IsEmpty()); }
 
     /// Makes the supplicant read these networks, waits until its status holds this line, and loads.
@@ -29,7 +26,7 @@ protected:
 
     static Lines loadedSsids() { return ssidsOf(loadedRecords(settings())); }
 
-    /// A field of the network in memory, in words.
+    /// A field of the network in memory, as Record has it.
     static std::string loaded(const std::string& ssid, const std::string& field);
 
     static void expectAllAsConfigured() {
@@ -38,9 +35,6 @@ protected:
 
     /// The SSIDs that the supplicant has, in its order.
     Lines configuredSsids() const;
-
-private:
-    static Supplicant& sharedSupplicant();
 };
 
 } // namespace test
