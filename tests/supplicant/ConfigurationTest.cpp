@@ -18,8 +18,7 @@ using ReloadedConfiguration = test::SupplicantTest;
 
 TEST_F(SavedConfiguration, IsInTheFile) {
     supplicant.start();
-    unsigned char id = 99;
-    ASSERT_TRUE(util().createNetwork(WLAN, "home", &id));
+    const unsigned char id = create("home");
     ASSERT_TRUE(util().setNetworkValue(WLAN, id, "psk", "correct horse battery"));
     EXPECT_THAT(supplicant.file(), Not(Contains("\tssid=\"home\"")));
     EXPECT_TRUE(util().saveConfiguration(WLAN));
@@ -47,8 +46,7 @@ TEST_F(SavedConfiguration, FailsIfTheSupplicantMayNotChangeTheFile) {
 // A network must have its key before it is saved.
 TEST_F(SavedConfiguration, LacksANetworkWhoseKeyIsMissing) {
     supplicant.start();
-    unsigned char id = 99;
-    ASSERT_TRUE(util().createNetwork(WLAN, "home", &id));
+    create("home");
     EXPECT_TRUE(util().saveConfiguration(WLAN));
     EXPECT_THAT(supplicant.file(), Not(Contains("\tssid=\"home\"")));
 }
@@ -66,8 +64,7 @@ TEST_F(ReloadedConfiguration, HasIdsFrom0Again) {
 
 TEST_F(ReloadedConfiguration, LacksWhatWasNotSaved) {
     supplicant.start();
-    unsigned char id = 99;
-    ASSERT_TRUE(util().createNetwork(WLAN, "home", &id));
+    create("home");
     EXPECT_TRUE(util().reloadConfiguration(WLAN));
     EXPECT_THAT(supplicant.networks(), IsEmpty());
 }

@@ -19,18 +19,14 @@ using Removal = test::SupplicantTest;
 
 TEST_F(Creation, AddsAnEnabledNetworkWithThisSsid) {
     supplicant.start();
-    unsigned char id = 99;
-    EXPECT_TRUE(util().createNetwork(WLAN, "home", &id));
-    EXPECT_EQ(id, 0);
+    EXPECT_EQ(create("home"), 0);
     EXPECT_THAT(supplicant.ask("get_network 0 ssid"), ElementsAre("\"home\""));
     EXPECT_THAT(supplicant.ask("get_network 0 disabled"), ElementsAre("0"));
 }
 
 TEST_F(Creation, ReturnsTheIdThatTheSupplicantChose) {
     supplicant.start(openNetworks({"home", "work"}));
-    unsigned char id = 99;
-    EXPECT_TRUE(util().createNetwork(WLAN, "guest", &id));
-    EXPECT_EQ(id, 2);
+    EXPECT_EQ(create("guest"), 2);
     EXPECT_THAT(supplicant.ask("get_network 2 ssid"), ElementsAre("\"guest\""));
 }
 
@@ -86,8 +82,7 @@ class CreationWithSsid : public test::SharedSupplicantTest,
 
 TEST_P(CreationWithSsid, KeepsItAndReadsItBackAsTheSupplicantPrintsIt) {
     supplicant.reload();
-    unsigned char id = 99;
-    ASSERT_TRUE(util().createNetwork(WLAN, GetParam().text.c_str(), &id));
+    const unsigned char id = create(GetParam().text.c_str());
     const auto listed = ElementsAre(StartsWith("0\t" + GetParam().listed + "\tany\t"));
     EXPECT_THAT(supplicant.networks(), listed);
     EXPECT_THAT(list(&WifiUtil::getNetworkDatabaseSsids), listed);
@@ -107,8 +102,7 @@ TEST_F(Removal, KeepsTheIdsOfTheOtherNetworks) {
 }
 
 TEST_F(Removal, OfTheCurrentNetworkEndsItsConnection) {
-    supplicant.start(openNetworks({"home"}));
-    supplicant.awaitStatus("wpa_state=COMPLETED");
+    startConnected();
     EXPECT_TRUE(util().removeNetwork(WLAN, 0));
     supplicant.awaitStatus("wpa_state=DISCONNECTED");
     EXPECT_THAT(supplicant.networks(), IsEmpty());

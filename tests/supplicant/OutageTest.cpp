@@ -97,8 +97,7 @@ std::vector<std::string> clientSockets() {
 class StoppedSupplicant : public test::SupplicantTest {};
 
 TEST_F(StoppedSupplicant, MakesTheLibraryKillTheClient) {
-    supplicant.start(openNetworks({"home"}));
-    supplicant.awaitStatus("wpa_state=COMPLETED");
+    startConnected();
     EXPECT_EQ(list(&WifiUtil::getCurrentNetworkStatus), supplicant.ask("status"));
     const Leftovers before = Leftovers::now();
     supplicant.suspend();
@@ -114,8 +113,7 @@ TEST_F(StoppedSupplicant, MakesTheLibraryKillTheClient) {
 
 // CMD-12
 TEST_F(StoppedSupplicant, LeavesTheCommandOfAKilledClientInTheSocket) {
-    supplicant.start(openNetworks({"home"}));
-    supplicant.awaitStatus("wpa_state=COMPLETED");
+    startConnected();
     EXPECT_TRUE(util().setNetworkValue(WLAN, 0, "priority", "1"));
     supplicant.suspend();
     testing::internal::CaptureStderr();

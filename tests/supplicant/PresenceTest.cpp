@@ -42,8 +42,7 @@ TEST_F(Presence, IsStillReadFromThePidFileAfterACrash) {
 
 // A BSSID has colons, as a stamp has: if stamps were expected, its beginning would be removed.
 TEST_F(Presence, GivesRepliesWithoutStamps) {
-    supplicant.start(openNetworks({"home"}));
-    supplicant.awaitStatus("wpa_state=COMPLETED");
+    startConnected();
     EXPECT_EQ(list(&WifiUtil::getCurrentNetworkStatus).at(0), "bssid=01:80:c2:00:00:03");
 }
 

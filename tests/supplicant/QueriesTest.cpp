@@ -32,8 +32,7 @@ TEST_F(NetworkList, IsEmptyWithoutNetworks) {
 }
 
 TEST_F(NetworkList, HasTheOnlyNetwork) {
-    supplicant.start(openNetworks({"home"}));
-    supplicant.awaitStatus("wpa_state=COMPLETED");
+    startConnected();
     EXPECT_THAT(list(&WifiUtil::getNetworkDatabaseSsids), ElementsAre("0\thome\tany\t[CURRENT]"));
 }
 
@@ -76,8 +75,7 @@ TEST_F(Status, SaysThatNothingIsConnected) {
 }
 
 TEST_F(Status, HasTheLinesOfTheSupplicant) {
-    supplicant.start(openNetworks({"home"}));
-    supplicant.awaitStatus("wpa_state=COMPLETED");
+    startConnected();
     const Lines status = list(&WifiUtil::getCurrentNetworkStatus);
     EXPECT_EQ(status, supplicant.ask("status"));
     EXPECT_THAT(status, Contains("ssid=home"));
@@ -87,8 +85,7 @@ TEST_F(Status, HasTheLinesOfTheSupplicant) {
 }
 
 TEST_F(Status, HasNoMoreEntriesThanTheCallerCanTake) {
-    supplicant.start(openNetworks({"home"}));
-    supplicant.awaitStatus("wpa_state=COMPLETED");
+    startConnected();
     EXPECT_THAT(list(&WifiUtil::getCurrentNetworkStatus, 2),
                 ElementsAre("bssid=01:80:c2:00:00:03", "freq=0"));
 }

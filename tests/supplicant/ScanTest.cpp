@@ -37,8 +37,7 @@ TEST_F(Scan, IsStartedWhileNothingIsConnected) {
 }
 
 TEST_F(Scan, IsStartedWhileConnected) {
-    supplicant.start(openNetworks({"home"}));
-    supplicant.awaitStatus("wpa_state=COMPLETED");
+    startConnected();
     EXPECT_TRUE(util().scanNetworks(WLAN));
     EXPECT_THAT(reply(), ElementsAre("OK"));
 }

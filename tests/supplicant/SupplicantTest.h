@@ -24,6 +24,13 @@ protected:
 
     static WifiUtil& util() { return *WifiUtil::getInstance(); }
 
+    /// Adds a network, which must succeed. @return its id
+    static unsigned char create(const char* ssid) {
+        unsigned char id = 99;
+        EXPECT_TRUE(util().createNetwork(WLAN, ssid, &id));
+        return id;
+    }
+
     static Lines list(ListQuery query, unsigned char max = 32) {
         platwifi::ReplyLines lines(max);
         EXPECT_TRUE((util().*query)(WLAN, lines.data(), lines.capacity(), &lines.count));
@@ -35,6 +42,12 @@ protected:
 class SupplicantTest : public WifiUtilTest {
 protected:
     SupplicantTest() { stopSharedSupplicant(); }
+
+    /// Starts the supplicant with the open network "home", and waits until it is connected.
+    void startConnected() {
+        supplicant.start(openNetworks({"home"}));
+        supplicant.awaitStatus("wpa_state=COMPLETED");
+    }
 
     Supplicant supplicant;
 };

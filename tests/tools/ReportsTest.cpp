@@ -1,10 +1,9 @@
 // The output of commands to a file or a pipe.
 
 #include "CommandFixture.h"
+#include "TextLines.h"
+#include "commands/CommandTable.h"
 #include "support/Leftovers.h"
-
-#include <algorithm>
-#include <sstream>
 
 using test::platwifi;
 using testing::AllOf;
@@ -143,28 +142,18 @@ TEST_F(Reports, DoNotDependOnTheLocale) {
     unsetenv("LC_ALL");
 }
 
-std::size_t longestLine(const std::string& text) {
-    std::size_t longest = 0;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);)
-        longest = std::max(longest, line.size());
-    return longest;
-}
-
 TEST_F(Reports, HaveHelpFor80Columns) {
-    for (const char* command :
-         {"", "adapters", "status", "scan", "networks", "show", "set", "add", "remove", "connect",
-          "disconnect", "roam", "xml", "dump", "doctor"}) {
-        test::Arguments arguments;
-        if (command[0] != '\0')
-            arguments.emplace_back(command);
-        arguments.emplace_back("--help");
+    std::vector<test::Arguments> helps{{"--help"}};
+    for (const cli::Command& command : cli::commands())
+        helps.push_back({command.name, "--help"});
+    ASSERT_EQ(helps.size(), 15u);
+    for (const test::Arguments& arguments : helps) {
         const std::string help = of(arguments);
-        EXPECT_LE(longestLine(help), 80u) << command;
-        EXPECT_THAT(help, HasSubstr(std::string("Usage: platwifi ") + command));
-        EXPECT_THAT(help, HasSubstr("Examples:"));
-        EXPECT_THAT(help, Not(HasSubstr("REQUIRED")));
-        EXPECT_THAT(help, Not(HasSubstr("TEXT")));
+        for (const std::string& line : test::linesOf(help))
+            EXPECT_LE(line.size(), 80u) << line;
+        const std::string command = arguments.size() == 1 ? "" : arguments[0];
+        EXPECT_THAT(help, AllOf(HasSubstr("Usage: platwifi " + command), HasSubstr("Examples:"),
+                                Not(HasSubstr("REQUIRED")), Not(HasSubstr("TEXT"))));
     }
 }
 

@@ -2,10 +2,10 @@
 
 #include "Terminal.h"
 #include "CommandFixture.h"
+#include "TextLines.h"
 #include "display/Text.h"
 #include "support/Checkpoint.h"
 
-#include <sstream>
 #include <unistd.h>
 
 using test::Arguments;
@@ -40,14 +40,6 @@ std::string withoutColours(const std::string& text) {
     return plain;
 }
 
-std::vector<std::string> linesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);)
-        lines.push_back(line);
-    return lines;
-}
-
 class OnATerminal : public test::CommandFixture {
 protected:
     /// The standard output of a command when that is a terminal.
@@ -56,9 +48,7 @@ protected:
         Program program(arguments, {CAPTURED, terminal.ownEnd()}, QUICK_PLATWIFI_PROGRAM);
         terminal.closeOwnEnd();
         const std::string text = terminal.readToEnd();
-        const Ending ending = program.end();
-        EXPECT_EQ(ending.status, 0);
-        EXPECT_EQ(ending.err, "");
+        outputOf(program.end());
         return text;
     }
 
@@ -84,7 +74,7 @@ TEST_F(OnATerminal, NoLineIsWiderThanTheTerminal) {
     for (const unsigned short columns : WIDTHS) {
         for (const Arguments& command : commands) {
             forgetCalls();
-            const auto lines = linesOf(withoutColours(seen(command, columns)));
+            const auto lines = test::linesOf(withoutColours(seen(command, columns)));
             EXPECT_GE(lines.size(), 4u) << command[0];
             for (const std::string& line : lines)
                 EXPECT_LE(cli::cellsOf(line), columns) << command[0] << ": " << line;

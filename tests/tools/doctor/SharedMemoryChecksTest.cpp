@@ -1,5 +1,6 @@
 // The check of the shared memory: whether the library would use it, and which processes do.
 
+#include "DoctorWorld.h"
 #include "Findings.h"
 #include "process/SharedBlock.h"
 #include "watchdog/SharedSignalBlock.h"
@@ -25,7 +26,7 @@ using testing::AllOf;
 using testing::HasSubstr;
 
 constexpr std::size_t SIZE = sizeof(SharedSignalBlock);
-constexpr uid_t NOBODY = 65534;
+constexpr uid_t OTHER_ID = 65534;
 
 void put(std::size_t size) {
     std::ofstream(BLOCK_PATH) << std::string(size, '\0');
@@ -140,7 +141,7 @@ TEST_F(SharedMemoryChecks, ReportWhatIsNoRegularFile) {
 
 TEST_F(SharedMemoryChecks, ReportOneOfAnotherUser) {
     put(SIZE);
-    if (chown(BLOCK_PATH, NOBODY, NOBODY) != 0)
+    if (chown(BLOCK_PATH, OTHER_ID, OTHER_ID) != 0)
         GTEST_SKIP() << "only root can give a file away";
     expectBad("belongs to another user", "let all of them run as one user");
 }
@@ -149,28 +150,24 @@ class BlockOfRoot : public SharedMemoryChecks {
 protected:
     void SetUp() override {
         put(SIZE);
-        if (seteuid(NOBODY) != 0)
+        if (!test::OrdinaryUser())
             GTEST_SKIP() << "only root can become another user";
     }
-    void TearDown() override {
-        EXPECT_EQ(seteuid(getuid()), 0);
-        SharedMemoryChecks::TearDown();
-    }
-    static void setMode(mode_t mode) {
-        EXPECT_EQ(seteuid(0), 0);
+
+    static cli::Finding findingWithMode(mode_t mode) {
         chmod(BLOCK_PATH, mode);
-        EXPECT_EQ(seteuid(NOBODY), 0);
+        const test::OrdinaryUser user;
+        return cli::checkSharedMemory("");
     }
 };
 
 TEST_F(BlockOfRoot, IsBadWhereItIsClosedToThisUser) {
-    setMode(0755);
-    expectBad("is closed to this user", "run platwifi as the user");
+    EXPECT_THAT(findingWithMode(0755),
+                isBad(HasSubstr("is closed to this user"), HasSubstr("run platwifi as the user")));
 }
 
 TEST_F(BlockOfRoot, IsGoodWhereItIsOpenToThisUser) {
-    setMode(0777);
-    EXPECT_THAT(cli::checkSharedMemory(""), isGood());
+    EXPECT_THAT(findingWithMode(0777), isGood());
 }
 
 } // namespace
