@@ -1,9 +1,6 @@
 // After the supplicant has assigned new network ids, an operation still reaches its own network.
 
-#include "SupplicantTest.h"
-#include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
-#include "settings/WifiHostSettings.h"
+#include "SettingsTest.h"
 
 #include <sstream>
 #include <string>
@@ -19,22 +16,21 @@ using testing::StartsWith;
 
 namespace {
 
-class Renumbering : public test::SupplicantTest {
+class Renumbering : public test::SettingsTest {
 protected:
-    ~Renumbering() override { WifiHostSettings::unload(); }
-
-    WifiHostSettings& settings() { return *WifiHostSettings::getInstance(nullptr); }
-
-    // An open network: the supplicant does not save one that lacks the key that it needs.
-    void add(const char* ssid) {
-        ASSERT_TRUE(settings().addNetwork(WLAN, ssid));
-        const platwifi::SettingsLock lock(settings());
-        settings().getNetwork(WLAN, ssid)->setKeyManagement(KEY_MGMT_NONE);
+    // "work" has the id 0 now.
+    void expectIdentityReachesWork() {
+        EXPECT_TRUE(settings().connectNetwork(WLAN, "work"));
+        supplicant.awaitStatus("ssid=work");
+        change("work", [](WifiNetwork& network) { return network.setEAPIdentity("me"); });
+        EXPECT_EQ(settings().saveNetworkSettings(), 1);
+        EXPECT_THAT(supplicant.ask("get_network 0 identity"), ElementsAre("\"me\""));
+        EXPECT_THAT(supplicant.ask("get_network 1 identity"), ElementsAre("FAIL"));
     }
 };
 
 TEST_F(Renumbering, DoesNotLeadToAnotherNetwork) {
-    supplicant.start(openNetworks({"home", "work", "cafe"}));
+    load(openNetworks({"home", "work", "cafe"}));
     EXPECT_TRUE(settings().removeNetwork(WLAN, "home"));
     EXPECT_EQ(settings().saveNetworkSettings(), 1);
     EXPECT_THAT(supplicant.networks(),
@@ -48,11 +44,11 @@ TEST_F(Renumbering, DoesNotLeadToAnotherNetwork) {
 TEST_F(Renumbering, FindsAnySsidAgain) {
     const std::string ssids[] = {"caf\xc3\xa9",    "caf\xe9", "a\"b\\c", std::string(32, '\xd0'),
                                  "\x1b\t\x01\x7f", "my:net",  "any",     " two words "};
-    supplicant.start(openNetworks({"home", "work"}));
+    load(openNetworks({"home", "work"}));
     for (const std::string& ssid : ssids) {
         SCOPED_TRACE(ssid);
-        add(ssid.c_str());
-        add("last");
+        addOpen(ssid);
+        addOpen("last");
         ASSERT_TRUE(settings().removeNetwork(WLAN, "home"));
         ASSERT_EQ(settings().saveNetworkSettings(), 1);
         EXPECT_TRUE(settings().connectNetwork(WLAN, ssid.c_str()));
@@ -64,22 +60,10 @@ TEST_F(Renumbering, FindsAnySsidAgain) {
         EXPECT_THAT(supplicant.networks(),
                     ElementsAre(StartsWith("0\twork\t"), StartsWith("2\tlast\t")));
         ASSERT_TRUE(settings().removeNetwork(WLAN, "last"));
-        add("home");
+        addOpen("home");
         // The first state again, with "home" after "work".
         ASSERT_EQ(settings().saveNetworkSettings(), 1);
     }
-}
-
-// Changes a network in memory.
-void edit(WifiHostSettings& settings, const char* ssid, bool (*change)(WifiNetwork&)) {
-    const platwifi::SettingsLock lock(settings);
-    WifiNetwork* const network = settings.getNetwork(WLAN, ssid);
-    ASSERT_NE(network, nullptr) << ssid;
-    EXPECT_TRUE(change(*network));
-}
-
-bool setPriority(WifiNetwork& network) {
-    return network.setPriority(3);
 }
 
 bool requireKey(WifiNetwork& network) {
@@ -91,43 +75,33 @@ bool setShortKey(WifiNetwork& network) {
 }
 
 TEST_F(Renumbering, ByANetworkWithoutItsKeyDoesNotLeadToAnotherOne) {
-    supplicant.start(openNetworks({"home", "work", "cafe"}));
-    edit(settings(), "home", requireKey);
+    load(openNetworks({"home", "work", "cafe"}));
+    change("home", requireKey);
     EXPECT_EQ(settings().saveNetworkSettings(), 1);
     EXPECT_THAT(supplicant.networks(),
                 ElementsAre(StartsWith("0\twork\t"), StartsWith("1\tcafe\t")));
-    EXPECT_TRUE(settings().connectNetwork(WLAN, "work"));
-    supplicant.awaitStatus("ssid=work");
-    edit(settings(), "work", [](WifiNetwork& network) { return network.setEAPIdentity("me"); });
-    EXPECT_EQ(settings().saveNetworkSettings(), 1);
-    EXPECT_THAT(supplicant.ask("get_network 0 identity"), ElementsAre("\"me\""));
-    EXPECT_THAT(supplicant.ask("get_network 1 identity"), ElementsAre("FAIL"));
-    edit(settings(), "home", setPriority);
+    expectIdentityReachesWork();
+    changePriority("home", 3);
     EXPECT_EQ(settings().saveNetworkSettings(), 0) << "the supplicant has lost it";
     EXPECT_FALSE(settings().connectNetwork(WLAN, "home"));
 }
 
 TEST_F(Renumbering, ByANetworkWhoseKeyWasRefusedDoesNotLeadToAnotherOne) {
-    supplicant.start(openNetworks({"home", "work"}));
-    edit(settings(), "home", requireKey);
-    edit(settings(), "home", setShortKey);
+    load(openNetworks({"home", "work"}));
+    change("home", requireKey);
+    change("home", setShortKey);
     EXPECT_EQ(settings().saveNetworkSettings(), 1);
     EXPECT_TRUE(settings().removeNetwork(WLAN, "work"));
     EXPECT_THAT(supplicant.networks(), IsEmpty());
 }
 
 TEST_F(Renumbering, AfterARemovalAndAReloadDoesNotLeadToAnotherNetwork) {
-    supplicant.start(openNetworks({"home", "work", "cafe"}));
+    load(openNetworks({"home", "work", "cafe"}));
     EXPECT_TRUE(settings().removeNetwork(WLAN, "home"));
     EXPECT_TRUE(settings().refreshAllSettings());
-    edit(settings(), "cafe", setPriority);
+    changePriority("cafe", 3);
     EXPECT_EQ(settings().saveNetworkSettings(), 1);
-    EXPECT_TRUE(settings().connectNetwork(WLAN, "work"));
-    supplicant.awaitStatus("ssid=work");
-    edit(settings(), "work", [](WifiNetwork& network) { return network.setEAPIdentity("me"); });
-    EXPECT_EQ(settings().saveNetworkSettings(), 1);
-    EXPECT_THAT(supplicant.ask("get_network 0 identity"), ElementsAre("\"me\""));
-    EXPECT_THAT(supplicant.ask("get_network 1 identity"), ElementsAre("FAIL"));
+    expectIdentityReachesWork();
 }
 
 // The first network of the configuration file. If the supplicant leaves it out of its file, the second
@@ -160,12 +134,11 @@ class RenumberingBy : public Renumbering, public testing::WithParamInterface<Con
 
 // ID-2
 TEST_P(RenumberingBy, ANetworkThatIsLeftOutOfTheFileDoesNotLeadToAnotherOne) {
-    supplicant.start(std::string("network={\nssid=\"first\"\n") + GetParam().fields + "\n}\n" +
-                     openNetworks({"second", "third"}));
-    for (int i = 0; i < 2; ++i) {
-        edit(
-            settings(), "third",
-            i == 0 ? setPriority : [](WifiNetwork& network) { return network.setPriority(4); });
+    load(std::string("network={\nssid=\"first\"\n") + GetParam().fields + "\n}\n" +
+             openNetworks({"second", "third"}),
+         "");
+    for (const unsigned int priority : {3u, 4u}) {
+        changePriority("third", priority);
         EXPECT_EQ(settings().saveNetworkSettings(), 1);
         EXPECT_TRUE(settings().connectNetwork(WLAN, "second"));
         for (const std::string& line : supplicant.networks())
@@ -193,12 +166,11 @@ TEST_F(Renumbering, LeadsToNoOtherNetworkThanTheOneWithALongSsid) {
         "\xf0\x9f\x98\x84\xf0\x9f\x98\x85\xf0\x9f\x98\x86\xf0\x9f\x98\x87",
         "\xd0\xb0\xd0\xb1\xd0\xb2\xd0\xb3\xd0\xb4\xd0\xb5\xd0\xb6\xd0\xb7"
         "\xd0\xb8\xd0\xb9\xd0\xba\xd0\xbb\xd0\xbc\xd0\xbd\xd0\xbe\xd0\xbf"};
-    supplicant.start(openNetworks({"home", ssids[0], "work", ssids[1], "cafe"}));
-    settings().refreshAllSettings();
+    load(openNetworks({"home", ssids[0], "work", ssids[1], "cafe"}));
     for (const std::string& bytes : ssids) {
         SCOPED_TRACE(bytes);
         const std::string ssid = printed(bytes);
-        edit(settings(), ssid.c_str(), setPriority);
+        changePriority(ssid, 3);
         EXPECT_EQ(settings().saveNetworkSettings(), 1);
         EXPECT_TRUE(settings().connectNetwork(WLAN, ssid.c_str()));
         supplicant.awaitStatus("ssid=" + ssid);

@@ -1,10 +1,6 @@
 // Saving: what is in the configuration file afterwards, and which network a change reaches.
 
 #include "SettingsTest.h"
-#include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
-
-#include <functional>
 
 using test::openNetworks;
 using test::WLAN;
@@ -17,17 +13,6 @@ namespace {
 
 class Saving : public test::SettingsTest {
 protected:
-    static void change(const char* ssid, const std::function<void(WifiNetwork&)>& edit) {
-        const platwifi::SettingsLock lock(settings());
-        WifiNetwork* const network = settings().getNetwork(WLAN, ssid);
-        ASSERT_NE(network, nullptr) << ssid;
-        edit(*network);
-    }
-
-    static void changePriority(const char* ssid, unsigned int priority) {
-        change(ssid, [&](WifiNetwork& network) { network.setPriority(priority); });
-    }
-
     // Of every network in the supplicant, as "SSID priority".
     test::Lines priorities() const {
         test::Lines lines;
@@ -52,7 +37,7 @@ TEST_F(Saving, WritesANewNetworkIntoTheFile) {
         network.setPsk("correct horse");
         network.setProtocol(PROTOCOL_RSN);
         network.setPriority(3);
-        network.setSsidBroadcasted(false);
+        return network.setSsidBroadcasted(false);
     });
     EXPECT_EQ(settings().saveNetworkSettings(), 1);
     EXPECT_THAT(supplicant.file(),

@@ -15,14 +15,6 @@ constexpr const char* RESULT = "/tmp/wpa_cli_scan_result_";
 
 class Scan : public test::SupplicantTest {
 protected:
-    Scan() { removeResult(); }
-    ~Scan() override { removeResult(); }
-
-    static void removeResult() {
-        for (const std::string& file : resultFiles())
-            remove(file.c_str());
-    }
-
     // The client's reply to the scan.
     static test::Lines reply() {
         EXPECT_THAT(resultFiles(), ElementsAre(StartsWith(RESULT)));

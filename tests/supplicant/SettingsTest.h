@@ -2,9 +2,12 @@
 
 #include "Records.h"
 #include "SharedSupplicant.h"
+#include "model/WifiNetwork.h"
+#include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
 #include "support/Leftovers.h"
 
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -19,10 +22,18 @@ protected:
     // Only a scan leaves a file, and no test starts one.
     void TearDown() override { EXPECT_THAT(resultFiles(), testing::IsEmpty()); }
 
-    /// Makes the supplicant read these networks, waits until its status holds this line, and loads.
+    /// Makes the supplicant read these networks, waits until its status contains this line, and loads.
+    /// An empty line is not waited for.
     void load(const std::string& networks, const std::string& status = "wpa_state=COMPLETED");
 
     static WifiHostSettings& settings() { return *WifiHostSettings::getInstance(nullptr); }
+
+    /// Changes a network in memory. Expects that `edit` returns true.
+    static void change(const std::string& ssid, const std::function<bool(WifiNetwork&)>& edit);
+    static void changePriority(const std::string& ssid, unsigned int priority);
+
+    /// Adds a network without keys. The supplicant does not save one that lacks the key that it needs.
+    static void addOpen(const std::string& ssid);
 
     static Lines loadedSsids() { return ssidsOf(loadedRecords(settings())); }
 

@@ -5,6 +5,7 @@
 #include "support/Leftovers.h"
 #include "support/Lines.h"
 
+#include <cstdio>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -15,9 +16,12 @@ class WifiUtilTest : public testing::Test {
 protected:
     ~WifiUtilTest() override { WifiUtil::unload(); }
 
-    // Only a scan leaves a file, which the thread's next scan replaces.
+    // Only a scan leaves a file, which the next test must not find.
     void TearDown() override {
-        EXPECT_THAT(resultFiles(), testing::Each(testing::StartsWith("/tmp/wpa_cli_scan_result_")));
+        for (const std::string& file : resultFiles()) {
+            EXPECT_THAT(file, testing::StartsWith("/tmp/wpa_cli_scan_result_"));
+            remove(file.c_str());
+        }
     }
 
     using ListQuery = bool (WifiUtil::*)(const char*, char**, unsigned char, unsigned char*);

@@ -1,8 +1,6 @@
 // Two processes with a copy of the settings each.
 
 #include "SettingsTest.h"
-#include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
 #include "unit/watchdog/BlockView.h"
 #include "unit/watchdog/Peer.h"
 
@@ -37,17 +35,8 @@ protected:
         EXPECT_EQ(peer.ask("has home"), "yes");
     }
 
-    static void addOpenNetwork(const char* ssid) {
-        const platwifi::SettingsLock lock(settings());
-        EXPECT_TRUE(settings().addNetwork(WLAN, ssid));
-        settings().getNetwork(WLAN, ssid)->setKeyManagement(KEY_MGMT_NONE);
-    }
-
     // A reload of this process discards the mark.
-    static void setMark() {
-        const platwifi::SettingsLock lock(settings());
-        settings().getNetwork(WLAN, "home")->setPriority(9);
-    }
+    static void setMark() { changePriority("home", 9); }
 
     static bool hasMark() { return loaded("home", "priority") == "9"; }
 
@@ -56,7 +45,7 @@ protected:
 
 TEST_F(TwoProcesses, ReloadWhenTheOtherOneHasSaved) {
     EXPECT_EQ(test::BlockView()->attachCount, 2u);
-    addOpenNetwork("mine");
+    addOpen("mine");
     EXPECT_EQ(settings().saveNetworkSettings(), 1);
     setMark();
     EXPECT_TRUE(becomesTrue([&] { return peer.ask("has mine") == "yes"; }));

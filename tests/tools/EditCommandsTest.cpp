@@ -45,9 +45,9 @@ TEST_F(EditCommands, GiveTheClientAPlainSecret) {
 }
 
 TEST_F(EditCommands, ReadASecretFromAFile) {
-    std::ofstream("/tmp/key") << "correct horse\r\n";
+    std::ofstream("/tmp/psk") << "correct horse\r\n";
     serve({"home"});
-    platwifi({"set", "home", "psk=@/tmp/key"});
+    platwifi({"set", "home", "psk=@/tmp/psk"});
     EXPECT_THAT(changes(), Contains("set_network 0 psk \"correct horse\""));
 }
 
