@@ -11,15 +11,15 @@ using Arguments = std::vector<std::string>;
 extern const char* const CLIENT;
 
 enum class Wait {
-    ForTheEnd,     ///< in the system, which tells when a child has ended
-    InPausesOf50Ms ///< looking again and again
+    ForTheEnd,     ///< by a system call that returns when the child has ended
+    InPausesOf50Ms ///< by polling
 };
 
-/// What a command costs at least: starts a program with its output going to a new file, waits for its
-/// end, reads the file and removes it.
-/// @param arguments  those after the program's name
-/// @return what it printed
-/// @throws std::runtime_error where it cannot be started, or ends with another status than 0
+/// The least work of a command: starts a program with its output in a new file, waits until it has ended,
+/// reads the file and removes it.
+/// @param arguments  the arguments after the program's name
+/// @return the output
+/// @throws std::runtime_error if the program cannot be started, or its exit status is not 0
 std::string runBare(const std::string& program, const Arguments& arguments,
                     Wait wait = Wait::ForTheEnd);
 

@@ -8,7 +8,7 @@
 namespace bench {
 namespace {
 
-// Takes the times, in place of the reporter that prints them.
+// Collects the times instead of printing them.
 class Collector : public benchmark::BenchmarkReporter {
 public:
     explicit Collector(Timings& timings) : m_timings(timings) {}

@@ -5,16 +5,16 @@
 
 namespace bench {
 
-/// One of several that do the same work.
+/// One of several pieces of code that do the same work.
 struct Contestant {
     std::function<void()> run;
     std::function<void()> prepare = nullptr; ///< before each run, not timed; may be empty
 };
 
-/// How often each of them runs.
+/// How often each contestant runs.
 struct Pace {
     int rounds;
-    double seconds; ///< for which one is repeated in a round, at least; 0: it runs once
+    double seconds; ///< the least time for which each is repeated in a round; 0: it runs once
 };
 
 /// Seconds a run takes: a list for each contestant, in it one value for each round.

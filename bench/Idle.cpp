@@ -1,5 +1,4 @@
-// A process that has the settings loaded and does nothing, beside one whose only thread but the first
-// wakes once a second.
+// An idle process with the settings loaded, compared with one in which a second thread wakes once a second.
 
 #include "Measurements.h"
 #include "Subject.h"
@@ -12,14 +11,15 @@ namespace bench {
 namespace {
 
 constexpr int ROUNDS = 5;
-constexpr int ROUND_SECONDS = 3; // the refresh thread looks at three things in turn, a second each
+constexpr int ROUND_SECONDS =
+    3; // the refresh thread waits for three signals in turn, a second each
 
 struct Usage {
-    std::vector<double> switches; // a second
-    std::vector<double> time;     // of a processor, a second
+    std::vector<double> switches; // context switches a second
+    std::vector<double> time;     // processor time a second
 };
 
-/// Tells what a process has taken since the last time.
+/// Measures what a process has used since the last call.
 class Meter {
 public:
     explicit Meter(const Subject& subject) : m_subject(subject) {}

@@ -12,7 +12,7 @@ namespace bench {
 namespace {
 
 constexpr int MACHINES = 3;
-constexpr int ROUNDS = 15; // in each of them
+constexpr int ROUNDS = 15; // in each virtual machine
 
 struct Calls {
     std::vector<double> getter; // seconds a call, one for each round
@@ -31,7 +31,7 @@ void take(Calls& calls, const std::string& output) {
         double getter = 0;
         double empty = 0;
         if (!(lines >> getter >> empty))
-            throw std::runtime_error("the virtual machine says something else: " + output);
+            throw std::runtime_error("unexpected output of the virtual machine: " + output);
         calls.getter.push_back(getter * 1e-9);
         calls.empty.push_back(empty * 1e-9);
     }
@@ -39,7 +39,7 @@ void take(Calls& calls, const std::string& output) {
 
 } // namespace
 
-// A virtual machine compiles what it runs in its own way each time: several are asked.
+// Each run of a virtual machine compiles the code differently, so several are measured.
 Rows measureJava() {
     Calls calls;
     for (int i = 0; i < MACHINES; ++i) {

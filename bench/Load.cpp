@@ -40,7 +40,7 @@ Arguments wordsOf(const std::string& line) {
     return words;
 }
 
-// No argument of a load holds a blank.
+// No argument of a load contains a blank.
 std::vector<Arguments> commandsOfALoad() {
     const test::WatchedClient client;
     unload();

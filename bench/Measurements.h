@@ -4,9 +4,9 @@
 
 namespace bench {
 
-/// What can be measured, each in a file of its own. The supplicant runs and has the networks of
-/// Networks.h; a measurement leaves it, and this process, as it found them.
-/// @throws std::runtime_error where something does not work
+/// The measurements, one a file. The supplicant runs and has the networks of Networks.h. A measurement
+/// changes neither the supplicant nor this process.
+/// @throws std::runtime_error if the measurement is not possible
 Rows measureCommand();
 Rows measureLoad();
 Rows measureJava();

@@ -11,7 +11,7 @@ namespace {
 constexpr int ROUNDS = 5;
 
 struct Account {
-    const char* name; // as the system calls it
+    const char* name; // in the system's list
     const char* what;
     const char* meaning;
 };
@@ -29,7 +29,7 @@ struct BeforeAndAfter {
     std::vector<double> after;
 };
 
-using Figures = std::vector<BeforeAndAfter>; // one an account
+using Figures = std::vector<BeforeAndAfter>; // one for each name
 
 void lookAt(Figures& figures) {
     Subject subject("settings");

@@ -5,7 +5,7 @@
 namespace bench {
 namespace {
 
-// What there is beside the SSID.
+// The fields of a network other than the SSID.
 const char* const KINDS[] = {
     "key_mgmt=NONE\n priority=9",
     "proto=RSN\n key_mgmt=WPA-PSK\n pairwise=CCMP\n group=CCMP\n psk=\"correct horse battery\"",
@@ -24,7 +24,7 @@ const char* const KINDS[] = {
     "proto=RSN\n key_mgmt=WPA-PSK\n psk=\"battery staple\"\n priority=3\n disabled=1",
 };
 
-// The first one is connected to: it needs no key, and any address will do.
+// The supplicant connects to the first network, which needs no key and has no BSSID.
 std::string network(unsigned int number) {
     const std::string digits = (number < 10 ? "0" : "") + std::to_string(number);
     const std::string address = number == 0 ? "" : " bssid=02:00:00:00:00:" + digits + "\n";

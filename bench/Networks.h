@@ -7,11 +7,11 @@ namespace bench {
 constexpr const char* WLAN = "wlan0";
 constexpr unsigned int NETWORK_COUNT = 32;
 
-/// One that is in the middle of the list, and its address.
+/// A network in the middle of the list, and its BSSID.
 constexpr const char* SOME_SSID = "network 16";
 constexpr const char* SOME_BSSID = "02:00:00:00:00:16";
 
-/// As many networks as the library holds, of several kinds, as the supplicant's file has them.
+/// As many networks of several kinds as the library can hold, as text of the configuration file.
 std::string networks();
 
 } // namespace bench

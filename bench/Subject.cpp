@@ -43,7 +43,7 @@ pid_t start(const char* role, const FileDescriptor& input, const FileDescriptor&
     return id;
 }
 
-// The number behind a name and a colon, of all lines that begin so.
+// The sum of the numbers in all lines that begin with the name and a colon.
 double sumInFile(const std::filesystem::path& path, const std::string& name) {
     std::ifstream file(path);
     double sum = 0;

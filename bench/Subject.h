@@ -7,7 +7,7 @@
 
 namespace bench {
 
-/// Another process that is looked at from outside: see subject_program.cpp. It ends with this object.
+/// Another process, which is measured from outside; see subject_program.cpp. The destructor ends it.
 class Subject {
 public:
     /// Starts it, and waits until it is ready.
@@ -18,16 +18,16 @@ public:
     Subject(const Subject&) = delete;
     Subject& operator=(const Subject&) = delete;
 
-    /// Has it begin, and waits until it has.
+    /// Makes it begin its work, and waits until it has begun.
     void begin();
 
-    /// How often its threads have left a processor, so far.
+    /// The number of context switches of its threads so far.
     double switches() const;
 
-    /// How many seconds of a processor it has taken, so far.
+    /// Its processor time so far, in seconds.
     double processorTime() const;
 
-    /// A line of its memory's account, in bytes: "Rss", say.
+    /// A value of its memory use, such as "Rss", in bytes.
     double memory(const std::string& name) const;
 
 private:

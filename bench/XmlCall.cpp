@@ -1,4 +1,4 @@
-// The call that makes the XML document, and the parts of its work.
+// The call that returns the XML document, and the parts of its work.
 
 #include "Contest.h"
 #include "Measurements.h"
@@ -33,7 +33,7 @@ int secretsIn(const XmlElement& element) {
     return count;
 }
 
-// What the supplicant tells in place of a secret is what the library enciphers.
+// The library enciphers the text that the supplicant returns in place of a secret.
 void encipher(int count) {
     for (int i = 0; i < count; ++i) {
         char* result = nullptr;
@@ -44,7 +44,7 @@ void encipher(int count) {
     }
 }
 
-// The two questions of each call; every 5 s it asks for the list, too.
+// The two queries of each call. Every 5 s a call also queries the list.
 void askSupplicant() {
     WifiUtil& util = *WifiUtil::getInstance();
     platwifi::ReplyLines status(32);

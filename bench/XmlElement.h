@@ -6,7 +6,7 @@
 
 namespace bench {
 
-/// An element of a document, without text: the library's documents have none.
+/// An element of a document. It has no text, because the library's documents have none.
 struct XmlElement {
     std::string name;
     std::vector<std::pair<std::string, std::string>> attributes;
@@ -16,11 +16,11 @@ struct XmlElement {
 bool operator==(const XmlElement& one, const XmlElement& other);
 
 /// The root of a document.
-/// @throws std::runtime_error where it is not well-formed
+/// @throws std::runtime_error if it is not well-formed
 XmlElement parse(const std::string& document);
 
 /// The document of the library, in full.
-/// @throws std::runtime_error where there is none
+/// @throws std::runtime_error if the library returns none
 std::string libraryDocument();
 
 } // namespace bench

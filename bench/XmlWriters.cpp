@@ -10,7 +10,7 @@
 namespace bench {
 namespace {
 
-// As the library uses it: pieces of markup, and attributes with a blank in front.
+// As the library uses it: pieces of markup, and attributes after a blank.
 void write(XWriter& out, const XmlElement& element) {
     out.w('<');
     out.w(element.name.c_str());
@@ -34,7 +34,7 @@ std::string withPlatform(const XmlElement& root) {
     return out.text();
 }
 
-// The least that can be done: the five characters of markup, no check of the text.
+// The least work: the five characters of markup are escaped, and the text is not checked.
 void append(std::string& out, char character) {
     switch (character) {
     case '&':
@@ -94,7 +94,7 @@ std::string withTinyXml2(const XmlElement& root) {
     return out.CStr();
 }
 
-// It has no writer without a tree.
+// This library can only write a tree.
 void build(pugi::xml_node parent, const XmlElement& element) {
     pugi::xml_node node = parent.append_child(element.name.c_str());
     for (const auto& [name, value] : element.attributes)
@@ -137,7 +137,7 @@ std::string withLibXml2(const XmlElement& root) {
                                                                       xmlBufferFree);
     xmlTextWriter* const out = xmlNewTextWriterMemory(buffer.get(), 0);
     write(out, root);
-    xmlFreeTextWriter(out); // the rest reaches the buffer only now
+    xmlFreeTextWriter(out); // writes the rest to the buffer
     return reinterpret_cast<const char*>(xmlBufferContent(buffer.get()));
 }
 

@@ -4,7 +4,7 @@
 
 namespace bench {
 
-/// One way to make a document of an element.
+/// A way to write an element as a document.
 struct XmlWriter {
     const char* name;
     std::string (*write)(const XmlElement& root);

@@ -1,4 +1,4 @@
-// The least that a native with a String for a result can do which other threads may call, too.
+// The least work of a native that returns a String and that several threads may call.
 
 #include <jni.h>
 

@@ -1,4 +1,4 @@
-// Makes one measurement, prints a dot for each round, and writes what came out as rows of a table.
+// Makes one measurement, prints a dot for each round, and writes the result as rows of a table.
 
 #include "Measurements.h"
 #include "Networks.h"
@@ -26,7 +26,7 @@ constexpr Measurement MEASUREMENTS[] = {
     {"size", bench::measureSize},        {"memory", bench::measureMemory},
 };
 
-// Null where there is no such measurement.
+// Null if there is no such measurement.
 Measure measurementNamed(const char* name) {
     for (const Measurement& measurement : MEASUREMENTS) {
         if (std::strcmp(name, measurement.name) == 0)

@@ -1,5 +1,5 @@
-// A process to be looked at from outside. It says "ready", begins when it is told to by a line, says
-// "begun", and does nothing from then on until its input ends.
+// A process that is measured from outside. It prints "ready", reads a line, does its work, prints "begun",
+// and then waits until its input ends.
 
 #include "settings/WifiHostSettings.h"
 
@@ -20,7 +20,7 @@ void loadSettings() {
     WifiHostSettings::getInstance(nullptr);
 }
 
-// What the least watchful process has that looks at something once a second.
+// The least that a process needs to check something once a second.
 void wakeEverySecond() {
     std::thread([] {
         for (;;)

@@ -1,4 +1,4 @@
-# Shared by the programs of this folder; sourced, never run.
+# Functions for the programs of this folder, which source it.
 # shellcheck shell=bash
 
 set -euo pipefail
@@ -9,7 +9,7 @@ BUILD_DIR=$SOURCE_DIR/build/release
 PACKAGE_LIST=$SOURCE_DIR/scripts/packages.txt
 LOG_DIR=$SOURCE_DIR/build/logs
 
-# If standard input is closed, the next file that is opened gets its number.
+# If standard input is closed, the next file that is opened gets descriptor 0.
 [ -e /proc/self/fd/0 ] || exec </dev/null
 
 step() { printf '==> %s\n' "$*"; }
@@ -20,7 +20,7 @@ fail() {
     exit "${FAIL_STATUS:-1}"
 }
 
-# run_logged NAME COMMAND...: runs quietly; on failure shows the end of the log and where the rest is.
+# run_logged NAME COMMAND...: writes the output to a log; after a failure shows the end of the log and its path.
 run_logged() {
     local name=$1
     shift
@@ -42,7 +42,7 @@ missing_packages() {
     done
 }
 
-# as_root COMMAND...: the command itself for root, through sudo where that needs no password.
+# as_root COMMAND...: runs the command as root, by sudo if this user is not root and sudo needs no password.
 as_root() {
     if [ "$(id -u)" = 0 ]; then
         "$@"
@@ -69,7 +69,7 @@ install_packages() {
 
 configure() { run_logged "configure-$1" cmake -S "$SOURCE_DIR" --preset "$1"; }
 
-# build PRESET [TARGET...]: configures where needed and builds.
+# build PRESET [TARGET...]: configures if needed, and builds.
 build() {
     local preset=$1
     shift

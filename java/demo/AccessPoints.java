@@ -20,7 +20,7 @@ final class AccessPoints {
 
     static AccessPoints scan(String iface, PrintStream out) throws Stop {
         String[] lines = Progress.during(out, "Scanning on " + iface,
-                tell -> BWifiPlatformService.discoverNetworks0(iface));
+                show -> BWifiPlatformService.discoverNetworks0(iface));
         if (lines == null)
             throw new Stop("the supplicant does not scan on %s; see which interfaces it serves:"
                     + " wpa_cli interface", iface);
@@ -46,8 +46,8 @@ final class AccessPoints {
         table.print(out);
     }
 
-    /** How a network can be joined, as all of its access points say; none when none is in range. */
-    Set<String> waysInto(String ssid) {
+    /** The kinds of security that the access points of a network announce; empty out of range. */
+    Set<String> securityOf(String ssid) {
         return results.stream().filter(result -> result.ssid.toString().equals(ssid))
                 .flatMap(result -> Stream.of(result.security.split("/")))
                 .collect(Collectors.toCollection(LinkedHashSet::new));

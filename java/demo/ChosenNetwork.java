@@ -5,14 +5,14 @@ import com.quorvel.platwifi.BWifiPlatformService;
 import java.io.PrintStream;
 import java.util.Optional;
 
-/** The network to connect to: configured already, or added and removed again by closing. */
+/** The network to connect to. One that was not configured is added, and removed by close(). */
 final class ChosenNetwork implements AutoCloseable {
-    /** What the supplicant's client prints as it is. */
+    /** An SSID that the supplicant's client prints without escapes. */
     private static final String PLAIN_SSID = "[ -~&&[^\"\\\\]]*";
 
     private final Options options;
     private final PrintStream out;
-    private final Protection protection; // null for a network that is configured already
+    private final Protection protection; // null for a network that was configured before
     private String name;
     private boolean isReady;
 
@@ -24,29 +24,29 @@ final class ChosenNetwork implements AutoCloseable {
         isReady = !isAdded();
     }
 
-    /** @param key  null when the user has given none */
+    /** @param key  null if the user gave none */
     static ChosenNetwork open(Options options, Key key, AccessPoints inRange, PrintStream out)
             throws Stop {
         String ssid = options.ssid();
         Optional<String> known = ConfiguredNetworks.read(options.iface()).named(ssid);
         if (known.isEmpty())
-            return add(options, Protection.of(ssid, inRange.waysInto(ssid), key), out);
+            return add(options, Protection.of(ssid, inRange.securityOf(ssid), key), out);
         out.println(ssid + " is configured already" + (key == null ? "." : ", with its own key."));
         return new ChosenNetwork(options, known.get(), null, out);
     }
 
-    /** Has the supplicant know what it needs to connect. */
+    /** Gives a new network its security and saves it. */
     void makeReady() throws Stop {
         if (isReady)
             return;
-        protection.setOn(options, name, out);
+        protection.apply(options, name, out);
         if (!BWifiPlatformService.saveHostSettings0())
             throw new Stop("the supplicant did not save %s; see that its configuration file can be"
                     + " written and says update_config=1, then try again", options.ssid());
         isReady = true;
         out.println("Saved " + options.ssid() + ".");
         if (!name.matches(PLAIN_SSID))
-            readAnew();
+            reload();
     }
 
     void connect() throws Stop {
@@ -66,7 +66,7 @@ final class ChosenNetwork implements AutoCloseable {
         if (!isReady)
             BWifiPlatformService.removeNetwork0(options.iface(), name);
         else if (!options.keep())
-            putBack();
+            undo();
     }
 
     private static ChosenNetwork add(Options options, Protection protection, PrintStream out)
@@ -79,14 +79,14 @@ final class ChosenNetwork implements AutoCloseable {
         return new ChosenNetwork(options, ssid, protection, out);
     }
 
-    /** A status names the network as the client prints it, and so does only a list read anew. */
-    private void readAnew() throws Stop {
+    /** Loads the networks again, so that the new one has its SSID in the notation of a status. */
+    private void reload() throws Stop {
         BWifiPlatformService.unloadWifiSettings0();
         name = ConfiguredNetworks.read(options.iface()).named(options.ssid()).orElse(name);
     }
 
-    /** Connecting to one network disables all others: each is enabled before anything is saved. */
-    private void putBack() throws Stop {
+    /** Connecting to one network has disabled all others, so they are enabled before a save. */
+    private void undo() throws Stop {
         boolean isUndone = BWifiPlatformService.roamNetworks0(options.iface())
                 && (!isAdded() || remove());
         if (!isUndone)

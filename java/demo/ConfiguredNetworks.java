@@ -6,7 +6,7 @@ import java.io.PrintStream;
 import java.util.List;
 import java.util.Optional;
 
-/** The networks that the supplicant knows how to join. */
+/** The networks of the supplicant's configuration. */
 final class ConfiguredNetworks {
     private final List<String> names;
 
@@ -28,7 +28,7 @@ final class ConfiguredNetworks {
             out.println("  " + shown(name));
     }
 
-    /** What the library calls the network that is shown so. */
+    /** The library's name of the network whose SSID is shown like this. */
     Optional<String> named(String ssid) {
         return names.stream().filter(name -> shown(name).equals(ssid)).findFirst();
     }

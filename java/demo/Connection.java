@@ -5,69 +5,70 @@ import java.time.Duration;
 import java.util.function.Consumer;
 import java.util.function.Predicate;
 
-/** Connects and disconnects, and waits until the supplicant says that it has. */
+/** Connects and disconnects, and waits until the supplicant reports the new state. */
 final class Connection {
     private static final int PAUSE_MILLISECONDS = 50;
 
     private final Options options;
-    private final Duration patience;
+    private final Duration timeout;
     private final PrintStream out;
-    private String told;
+    private String shown;
 
-    /** @param patience  how long it may take until a state is reached */
-    Connection(Options options, Duration patience, PrintStream out) {
+    /** @param timeout  the longest wait for a state */
+    Connection(Options options, Duration timeout, PrintStream out) {
         this.options = options;
-        this.patience = patience;
+        this.timeout = timeout;
         this.out = out;
     }
 
     void make(ChosenNetwork network) throws Stop {
-        SupplicantState last = Progress.during(out, "Connecting to " + options.ssid(), tell -> {
-            begin(tell);
+        SupplicantState last = Progress.during(out, "Connecting to " + options.ssid(), show -> {
+            begin(show);
             network.connect();
-            return await(state -> state.isConnectedTo(options.ssid()), tell);
+            return await(state -> state.isConnectedTo(options.ssid()), show);
         });
         if (!last.isConnectedTo(options.ssid()))
             throw new Stop("%s is not connected after %d s, the last state was %s; see whether it"
                     + " is in range and its key and configuration are right, then try again",
-                    options.ssid(), patience.toSeconds(), last.onTheWayTo(options.ssid()));
+                    options.ssid(), timeout.toSeconds(),
+                    last.nameWhileConnectingTo(options.ssid()));
     }
 
     void end(ChosenNetwork network) throws Stop {
         SupplicantState last = Progress.during(out, "Disconnecting from " + options.ssid(),
-                tell -> {
-                    begin(tell);
+                show -> {
+                    begin(show);
                     network.disconnect();
-                    return await(state -> !state.isConnected(), tell);
+                    return await(state -> !state.isConnected(), show);
                 });
         if (last.isConnected())
-            throw new Stop("the supplicant is %s %d s after it was told to disconnect; see"
-                    + " whether another program connects it", last, patience.toSeconds());
+            throw new Stop("the supplicant is %s %d s after the command to disconnect; see"
+                    + " whether another program connects it", last, timeout.toSeconds());
     }
 
-    private void begin(Consumer<String> tell) {
-        told = "";
-        next(tell);
+    private void begin(Consumer<String> show) {
+        shown = "";
+        next(show);
     }
 
-    /** The last state: as wanted, or what it was when the patience ended. */
-    private SupplicantState await(Predicate<SupplicantState> isWanted, Consumer<String> tell)
+    /** Waits until the state is as wanted, or the time is over, and returns the last state. */
+    private SupplicantState await(Predicate<SupplicantState> isWanted, Consumer<String> show)
             throws Stop {
         long start = System.nanoTime();
-        SupplicantState state = next(tell);
-        while (!isWanted.test(state) && System.nanoTime() - start < patience.toNanos()) {
+        SupplicantState state = next(show);
+        while (!isWanted.test(state) && System.nanoTime() - start < timeout.toNanos()) {
             pause();
-            state = next(tell);
+            state = next(show);
         }
         return state;
     }
 
-    private SupplicantState next(Consumer<String> tell) {
+    private SupplicantState next(Consumer<String> show) {
         SupplicantState state = SupplicantState.of(options.iface());
-        String now = state.onTheWayTo(options.ssid());
-        if (state.isKnown() && !now.equals(told)) {
-            tell.accept(now);
-            told = now;
+        String now = state.nameWhileConnectingTo(options.ssid());
+        if (state.isKnown() && !now.equals(shown)) {
+            show.accept(now);
+            shown = now;
         }
         return state;
     }

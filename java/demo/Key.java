@@ -8,7 +8,7 @@ import java.nio.ByteBuffer;
 import java.nio.charset.CharacterCodingException;
 import java.nio.charset.StandardCharsets;
 
-/** The key of a network, in plain. It has no text form: none shall get into a message. */
+/** The key of a network in plain text. It has no toString(), so that no message can contain it. */
 final class Key {
     private static final String STANDARD_INPUT = "-";
     private static final int SHORTEST = 8;
@@ -22,7 +22,8 @@ final class Key {
     }
 
     /**
-     * The first line of a file, and not an argument: those stand in the list of processes.
+     * Reads the first line of a file. A key is no argument of the program, because every user can
+     * see the arguments of a process.
      *
      * @param file  "-" for standard input
      */
@@ -50,7 +51,7 @@ final class Key {
         }
     }
 
-    /** No further than needed to see that it is too long: a file may be endless. */
+    /** Reads at most 128 bytes, which is too long for a key: a file may have no end. */
     private static byte[] firstLine(InputStream in) throws IOException {
         ByteArrayOutputStream line = new ByteArrayOutputStream();
         for (int one = in.read(); one >= 0 && one != '\n' && line.size() < 128; one = in.read())

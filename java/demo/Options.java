@@ -5,7 +5,7 @@ import java.util.ArrayDeque;
 import java.util.Deque;
 import java.util.List;
 
-/** What the user asks for. */
+/** The arguments of the program. */
 final class Options {
     static final String USAGE =
             "[INTERFACE] [--connect SSID [--key-file FILE] [--keep]] [--xml PROGRAM]";
@@ -36,22 +36,22 @@ final class Options {
         return iface;
     }
 
-    /** The network to connect to; null when the user names none. */
+    /** The network to connect to; null if the user names none. */
     String ssid() {
         return ssid;
     }
 
-    /** The file with the key of the network, "-" for standard input; null when there is none. */
+    /** The file with the key of the network, "-" for standard input; null if there is none. */
     String keyFile() {
         return keyFile;
     }
 
-    /** The program that prints the state as an XML document; null when none shall. */
+    /** The program that prints the state as an XML document; null if there is none. */
     String xmlProgram() {
         return xmlProgram;
     }
 
-    /** Whether the connection and the network remain. */
+    /** Whether the network stays configured and connected. */
     boolean keep() {
         return keep;
     }

@@ -7,13 +7,13 @@ import java.util.concurrent.TimeUnit;
 import java.util.function.Consumer;
 
 /**
- * Shows that something long is going on: its name and a dot at once, a dot every half second, and
- * between the dots what the work tells of itself.
+ * Shows the progress of an operation on a line: its name and a dot at once, a dot every half
+ * second, and between the dots the words that the operation shows.
  */
 final class Progress {
     interface Work<T> {
-        /** @param tell  takes a word to show */
-        T run(Consumer<String> tell) throws Stop;
+        /** @param show  shows a word */
+        T run(Consumer<String> show) throws Stop;
     }
 
     private static final int WIDTH = 80;
@@ -29,7 +29,7 @@ final class Progress {
         this.out = out;
     }
 
-    /** Does the work and gives its result; the line is complete when it returns. */
+    /** Runs the operation and returns its result; the line is complete then. */
     static <T> T during(PrintStream out, String name, Work<T> work) throws Stop {
         Progress progress = new Progress(out);
         progress.begin(name);

@@ -6,12 +6,12 @@ import java.io.PrintStream;
 import java.util.Collection;
 import java.util.Map;
 
-/** How a new network is protected: what is set before the supplicant can save and use it. */
+/** The security of a new network: the fields that are set before the supplicant can save it. */
 final class Protection {
     private static final int KEY_MANAGEMENT_NONE = 0x1;
     private static final int KEY_MANAGEMENT_WPA_PSK = 0x2;
 
-    /** The ways in with a pre-shared key, each with the flag of its protocol. */
+    /** The kinds of security with a pre-shared key, each with the flag of its protocol. */
     private static final Map<String, Integer> PROTOCOLS = Map.of("WPA-PSK", 0x1, "WPA2-PSK", 0x2);
 
     private final Key key;
@@ -23,8 +23,9 @@ final class Protection {
     }
 
     /**
-     * @param offered  the ways in that its access points offer; none when it is not in range
-     * @param key      null when the user has given none
+     * @param offered  the kinds of security that its access points announce; empty if none is in
+     *                 range
+     * @param key      null if the user gave none
      */
     static Protection of(String ssid, Collection<String> offered, Key key) throws Stop {
         boolean isOpen = offered.isEmpty() || offered.contains(Security.OPEN);
@@ -34,8 +35,8 @@ final class Protection {
         throw cannotAdd(ssid, offered, protocols != 0, isOpen);
     }
 
-    /** @param name  what the library calls the network */
-    void setOn(Options options, String name, PrintStream out) throws Stop {
+    /** @param name  the library's name of the network */
+    void apply(Options options, String name, PrintStream out) throws Stop {
         boolean isSet = key == null
                 ? BWifiPlatformService.setKeyManagement0(
                         options.iface(), name, KEY_MANAGEMENT_NONE)
@@ -54,8 +55,8 @@ final class Protection {
         return key == null ? "an open network" : "a network with a pre-shared key";
     }
 
-    private static int protocolsOf(Collection<String> ways) {
-        return ways.stream().mapToInt(way -> PROTOCOLS.getOrDefault(way, 0)).sum();
+    private static int protocolsOf(Collection<String> kinds) {
+        return kinds.stream().mapToInt(kind -> PROTOCOLS.getOrDefault(kind, 0)).sum();
     }
 
     private static Stop cannotAdd(String ssid, Collection<String> offered, boolean takesKey,

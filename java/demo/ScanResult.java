@@ -36,7 +36,7 @@ final class ScanResult {
         ssid = Ssid.fromClient(line.group("ssid"));
     }
 
-    /** The access points of discovered lines; lines that describe none are left out. */
+    /** The access points of discovered lines; other lines are skipped. */
     static List<ScanResult> parse(String... lines) {
         List<ScanResult> results = new ArrayList<>();
         for (String line : joined(lines)) {
@@ -47,7 +47,7 @@ final class ScanResult {
         return results;
     }
 
-    /** The channel number of the frequency, 0 where it is none of the known bands. */
+    /** The channel number of the frequency, 0 if it is in none of the known bands. */
     int channel() {
         for (int[] band : BANDS) {
             if (frequency >= band[0] && frequency <= band[1] && (frequency - band[2]) % 5 == 0)
@@ -56,7 +56,7 @@ final class ScanResult {
         return 0;
     }
 
-    /** A long line comes in pieces: only the first begins with an address. */
+    /** Joins the pieces of long lines. Only the first piece of a line begins with an address. */
     private static List<String> joined(String... pieces) {
         List<String> lines = new ArrayList<>();
         for (String piece : pieces) {

@@ -7,7 +7,7 @@ import java.util.Set;
 import java.util.regex.Matcher;
 import java.util.regex.Pattern;
 
-/** Puts the client's flags, such as {@code [WPA2-PSK-CCMP][ESS]}, into words. */
+/** Names the kinds of security in the client's flags, such as {@code [WPA2-PSK-CCMP][ESS]}. */
 final class Security {
     static final String OPEN = "open";
 
@@ -27,7 +27,7 @@ final class Security {
 
     private Security() {}
 
-    /** The words for each way in, joined by "/"; a way without a word as the client names it. */
+    /** The kinds of security, joined by "/"; a kind without a name here as the client prints it. */
     static String words(String flags) {
         Set<String> words = new LinkedHashSet<>();
         Matcher flag = FLAG.matcher(flags);

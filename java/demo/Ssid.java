@@ -10,7 +10,7 @@ import java.util.Map;
 import java.util.regex.Matcher;
 import java.util.regex.Pattern;
 
-/** A network name: up to 32 bytes, mostly but not always UTF-8. */
+/** An SSID: up to 32 bytes, usually but not always UTF-8. */
 final class Ssid {
     private static final Pattern PIECE = Pattern.compile(
             "\\\\x(?<hex>[0-9a-fA-F]{2})|\\\\(?<letter>[\\\\\"enrt])|(?<plain>.)", Pattern.DOTALL);
@@ -29,7 +29,7 @@ final class Ssid {
         this.bytes = bytes;
     }
 
-    /** From the client's notation, with {@code \xNN} for a byte, {@code \n} and the like. */
+    /** Reads the client's notation, with {@code \xNN} for a byte, {@code \n} and other escapes. */
     static Ssid fromClient(String text) {
         ByteArrayOutputStream bytes = new ByteArrayOutputStream();
         Matcher piece = PIECE.matcher(text);
@@ -38,7 +38,7 @@ final class Ssid {
         return new Ssid(bytes.toByteArray());
     }
 
-    /** Hidden networks announce an empty name, or one of zeros. */
+    /** A hidden network announces an empty SSID, or one of NUL bytes. */
     boolean isHidden() {
         for (byte one : bytes) {
             if (one != 0)
@@ -47,7 +47,7 @@ final class Ssid {
         return true;
     }
 
-    /** Fit for a terminal: what cannot be printed, or would move the cursor, stays escaped. */
+    /** The text for a terminal: characters that are not printable stay escaped. */
     @Override
     public String toString() {
         if (isHidden())

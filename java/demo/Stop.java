@@ -6,7 +6,7 @@ final class Stop extends Exception {
     private static final int FAILED = 1;
     private static final int WRONG_USE = 2;
 
-    /** What the program ends with. */
+    /** The exit status of the program. */
     final int status;
 
     Stop(String format, Object... values) {

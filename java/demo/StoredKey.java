@@ -5,14 +5,14 @@ import com.quorvel.platwifi.PlatformCrypt;
 
 import java.io.PrintStream;
 
-/** Stores the key of a network in the library, and shows that it crosses enciphered both ways. */
+/** Stores the key of a network in the library, and shows that both directions encipher it. */
 final class StoredKey {
-    /** What tells the cipher's key, and part of what is drawn for each text: none of the secret. */
+    /** How much of a text is shown: the id of the cipher's key and random bytes, no secret. */
     private static final int SHOWN = "crypt1:".length() + 24;
 
     private StoredKey() {}
 
-    /** @param name  what the library calls the network */
+    /** @param name  the library's name of the network */
     static void store(Key key, Options options, String name, PrintStream out) throws Stop {
         try {
             String enciphered = PlatformCrypt.encrypt(key.plain());

@@ -4,7 +4,7 @@ import com.quorvel.platwifi.BWifiPlatformService;
 
 import java.util.List;
 
-/** What the supplicant is doing, and for which network. */
+/** The state of the supplicant, and the network that it is connected to. */
 final class SupplicantState {
     /** In the order of their codes. */
     private static final List<String> NAMES = List.of("UNKNOWN", "DISCONNECTED", "IDLE", "SCANNING",
@@ -38,18 +38,21 @@ final class SupplicantState {
         return isConnected() && ssid.equals(network);
     }
 
-    /** Its name; a network that is still to be left for another one is named too. */
-    String onTheWayTo(String network) {
+    /** The name of the state, with the SSID of another network that is still connected. */
+    String nameWhileConnectingTo(String network) {
         return isConnectedTo(network) ? NAMES.get(code) : toString();
     }
 
-    /** The network is named only where it is a configured one. */
+    /** The name of the state, with the SSID of a configured network that is connected. */
     @Override
     public String toString() {
         return NAMES.get(code) + (isConnected() && !ssid.isEmpty() ? " on " + ssid : "");
     }
 
-    /** The network first: the state that is asked for later is that of this network then. */
+    /**
+     * Queries the network first and then the state, so that the state is never that of an earlier
+     * network.
+     */
     private static SupplicantState withNetwork(String iface) {
         String name = BWifiPlatformService.getCurrentNetwork0(iface);
         return new SupplicantState(BWifiPlatformService.getDaemonStatus0(iface), name);

@@ -18,7 +18,7 @@ final class Table {
         rows.add(new ArrayList<>());
     }
 
-    /** Adds a column; all columns come before the first row. */
+    /** Adds a column. All columns have to be added before the first row. */
     Table column(String heading, Align align) {
         rows.get(0).add(heading);
         aligns.add(align);
@@ -26,7 +26,7 @@ final class Table {
         return this;
     }
 
-    /** Adds a row of one cell a column. */
+    /** Adds a row with one cell for each column. */
     void row(Object... values) {
         if (values.length != aligns.size())
             throw new IllegalArgumentException(

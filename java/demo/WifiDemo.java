@@ -10,61 +10,61 @@ import java.time.Duration;
 
 /** Shows on a terminal what the library can do with one adapter, step by step. */
 public final class WifiDemo {
-    /** Half a minute, unless a slow machine's owner says otherwise: -Ddemo.patience=SECONDS. */
-    private static final Duration PATIENCE =
-            Duration.ofSeconds(Long.getLong("demo.patience", 30));
+    /** The longest wait for a state: 30 s, or another time by -Ddemo.timeout=SECONDS. */
+    private static final Duration TIMEOUT =
+            Duration.ofSeconds(Long.getLong("demo.timeout", 30));
     private static final int SHOWN = 0;
-    private static final int NOTHING_TO_SHOW = 1;
+    private static final int FAILED = 1;
 
     private final Options options;
-    private final Key key; // null when the user has given none
-    private final OrderlyEnd end;
-    private final Duration patience;
+    private final Key key; // null if the user gave none
+    private final ShutdownGuard guard;
+    private final Duration timeout;
     private final PrintStream out;
 
-    private WifiDemo(Options options, OrderlyEnd end, Duration patience, PrintStream out)
+    private WifiDemo(Options options, ShutdownGuard guard, Duration timeout, PrintStream out)
             throws Stop {
         this.options = options;
-        this.end = end;
+        this.guard = guard;
         key = options.keyFile() == null ? null : Key.read(options.keyFile(), System.in);
-        this.patience = patience;
+        this.timeout = timeout;
         this.out = out;
     }
 
-    /** @param arguments  as {@link Options#USAGE} says */
+    /** @param arguments  see {@link Options#USAGE} */
     public static void main(String[] arguments) {
-        System.exit(run(PATIENCE, utf8(FileDescriptor.out), utf8(FileDescriptor.err), arguments));
+        System.exit(run(TIMEOUT, utf8(FileDescriptor.out), utf8(FileDescriptor.err), arguments));
     }
 
     /**
      * The program without its exit.
      *
-     * @param patience  how long a connection may take
-     * @return 0 everything was shown, 1 there was nothing to show or something failed, 2 wrong use
+     * @param timeout  the longest wait for a state
+     * @return 0 if everything was shown, 1 after a failure, 2 after wrong use
      */
-    static int run(Duration patience, PrintStream out, PrintStream err, String... arguments) {
-        try (OrderlyEnd end = new OrderlyEnd()) {
-            return run(end, patience, out, err, arguments);
+    static int run(Duration timeout, PrintStream out, PrintStream err, String... arguments) {
+        try (ShutdownGuard guard = new ShutdownGuard()) {
+            return run(guard, timeout, out, err, arguments);
         }
     }
 
-    private static int run(OrderlyEnd end, Duration patience, PrintStream out, PrintStream err,
+    private static int run(ShutdownGuard guard, Duration timeout, PrintStream out, PrintStream err,
             String... arguments) {
         try {
-            new WifiDemo(Options.parse(arguments), end, patience, out).show();
+            new WifiDemo(Options.parse(arguments), guard, timeout, out).show();
             return SHOWN;
         } catch (Stop reason) {
-            tell(err, reason);
+            report(err, reason);
             for (Throwable further : reason.getSuppressed())
-                tell(err, further);
+                report(err, further);
             return reason.status;
         } catch (UnsatisfiedLinkError reason) {
-            tell(err, reason);
-            return NOTHING_TO_SHOW;
+            report(err, reason);
+            return FAILED;
         }
     }
 
-    private static void tell(PrintStream err, Throwable reason) {
+    private static void report(PrintStream err, Throwable reason) {
         err.println("wifi-demo: " + reason.getMessage());
     }
 
@@ -79,7 +79,7 @@ public final class WifiDemo {
             if (options.ssid() == null) {
                 showDocument();
             } else {
-                end.require();
+                guard.activate();
                 connect(inRange);
             }
         } finally {
@@ -114,7 +114,7 @@ public final class WifiDemo {
     private void connect(AccessPoints inRange) throws Stop {
         try (ChosenNetwork network = ChosenNetwork.open(options, key, inRange, out)) {
             network.makeReady();
-            Connection connection = new Connection(options, patience, out);
+            Connection connection = new Connection(options, timeout, out);
             connection.make(network);
             showDocument();
             if (!options.keep())
@@ -122,7 +122,7 @@ public final class WifiDemo {
         }
     }
 
-    /** Network names are UTF-8, also where no locale is set, as in a container. */
+    /** SSIDs are printed in UTF-8, also if no locale is set, as in a container. */
     private static PrintStream utf8(FileDescriptor descriptor) {
         return new PrintStream(new FileOutputStream(descriptor), true, StandardCharsets.UTF_8);
     }

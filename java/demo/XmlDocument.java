@@ -3,7 +3,7 @@ package demo;
 import java.io.IOException;
 import java.io.PrintStream;
 
-/** The state as an XML document, which the library writes for native programs only. */
+/** The settings as an XML document, which the library writes for native programs only. */
 final class XmlDocument {
     private XmlDocument() {}
 

@@ -1,4 +1,5 @@
-// The cipher: round trip; a damaged text never deciphers, and no text does that was not enciphered.
+// The cipher: an enciphered text deciphers to the same text; a damaged text, and one that was never
+// enciphered, is refused.
 
 #include "Input.h"
 #include "Require.h"
@@ -46,7 +47,7 @@ void roundTrip(Input& input) {
 // One change of an enciphered text: another byte, one more, one less, a piece less.
 std::string damaged(std::string text, Input& input) {
     const std::size_t place = input.number() % text.size();
-    const char byte = static_cast<char>(input.byte() | 1U); // none that ends the text
+    const char byte = static_cast<char>(input.byte() | 1U); // never NUL, which would end the text
     switch (input.below(4)) {
     case 0:
         text[place] = byte;

@@ -1,5 +1,5 @@
-// What the command line reads: SSIDs in the client's notation, scan lines, values of properties,
-// arguments, words to complete; and what it prints of them.
+// The input of the command line (SSIDs in the client's notation, scan lines, values of properties, arguments,
+// words to complete) and the output for it.
 
 #include "Input.h"
 #include "ModelSupplicant.h"
@@ -27,7 +27,7 @@
 using fuzz::Input;
 using fuzz::ModelSupplicant;
 
-// The commands of the program, which do nothing but note what they were called with.
+// The commands of the program, which only record their arguments.
 const std::vector<cli::Command>& realCommands() __asm__("__real__ZN3cli8commandsEv");
 const std::vector<cli::Command>& idleCommands() __asm__("__wrap__ZN3cli8commandsEv");
 
@@ -53,7 +53,7 @@ const std::vector<cli::Command>& idleCommands() {
 
 namespace {
 
-// Discards what is written, and never fails.
+// Discards the output, and never fails.
 class Nowhere : public std::streambuf {
 protected:
     int overflow(int byte) override { return byte == EOF ? 0 : byte; }
@@ -82,7 +82,7 @@ void ssids(Input& input) {
     REQUIRE(isAllowed == (!bytes.empty() && bytes.size() <= 32));
 }
 
-// Any bytes, as the client prints them, are read back.
+// Any bytes are read back from the client's notation.
 void printedSsids(Input& input) {
     const std::string bytes = input.rest();
     const std::string printed = platwifi::printedSsid(bytes);
@@ -138,8 +138,8 @@ void tables(Input& input) {
         REQUIRE_FOR(cli::cellsOf(line) <= width && cli::isUtf8(line), line);
 }
 
-// A value is taken as the library understands it, or refused in words that are fit for a terminal and
-// never hold a secret.
+// A value is converted to one that the library accepts, or refused by a message that a terminal can show and
+// that contains no secret.
 void properties(Input& input) {
     const auto& all = cli::properties();
     const cli::Property& property = all[input.byte() % all.size()];
@@ -183,7 +183,7 @@ void arguments(Input& input) {
     REQUIRE(lastRequest.timeout >= 1 && lastRequest.timeout <= 3600);
 }
 
-// Answered anything at all by the supplicant, completion offers words that begin as they have to.
+// For any reply of the supplicant, completion offers words that begin with the typed text.
 void completion(Input& input) {
     ModelSupplicant& model = ModelSupplicant::instance();
     model.reset();

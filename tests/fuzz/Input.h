@@ -6,8 +6,8 @@
 
 namespace fuzz {
 
-/// The bytes of one run, taken piece by piece. At their end every piece is empty or 0. Texts end at
-/// the next NUL, so that a corpus file can be written by hand.
+/// The bytes of one run, read piece by piece. At their end every piece is empty or 0. A text ends at the next
+/// NUL, so that a corpus file can be written by hand.
 class Input {
 public:
     Input(const std::uint8_t* data, std::size_t size) noexcept : m_next(data), m_end(data + size) {}
@@ -40,7 +40,7 @@ public:
         return taken;
     }
 
-    /// All that is left, NULs included.
+    /// The rest, NULs included.
     std::string rest() {
         const std::string taken(reinterpret_cast<const char*>(m_next),
                                 static_cast<std::size_t>(m_end - m_next));
@@ -55,5 +55,5 @@ private:
 
 } // namespace fuzz
 
-/// What the fuzzer, or the replay of a corpus, calls with each input.
+/// Called by the fuzzer, or by the replay of a corpus, with each input.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);

@@ -1,4 +1,4 @@
-// Text between C and Java, both ways.
+// The conversion of text between C and Java in both directions.
 
 #include "Input.h"
 #include "Require.h"
@@ -24,8 +24,8 @@ struct Character {
     std::size_t length;
 };
 
-// The character of UTF-8 that stands at `at`, worked out by its number: it has the shortest form, is no
-// surrogate and lies within U+10FFFF.
+// The UTF-8 character at `at`, computed from its code point: it has the shortest form, is no surrogate and is
+// at most U+10FFFF.
 std::optional<Character> characterAt(const std::string& text, std::size_t at) {
     constexpr std::uint32_t LOWEST[] = {0, 0, 0x80, 0x800, 0x10000};
     const std::uint32_t first = unsignedByte(text, at);
@@ -55,7 +55,7 @@ void append(Units& units, std::uint32_t code) {
     units.push_back(static_cast<std::uint16_t>(0xDC00U + ((code - 0x10000U) & 0x3FFU)));
 }
 
-// What Java has to see: characters, and for each byte that is part of none a lone low surrogate.
+// The text that Java must get: characters, and a lone low surrogate for each byte that is part of none.
 Units unitsOfBytes(const std::string& bytes) {
     Units units;
     for (std::size_t at = 0; at < bytes.size();) {
@@ -66,7 +66,7 @@ Units unitsOfBytes(const std::string& bytes) {
     return units;
 }
 
-// What a virtual machine makes of modified UTF-8.
+// Decodes modified UTF-8 as a virtual machine does.
 Units unitsOfModified(const std::string& text) {
     Units units;
     for (std::size_t at = 0; at < text.size();) {
@@ -103,8 +103,8 @@ std::string modifiedOf(std::uint16_t unit) {
             byte(0x80U | (unit & 0x3FU))};
 }
 
-// Any text of Java, lone surrogates and U+0000 included, comes in without harm; what came in goes out
-// and in again unchanged.
+// Any Java text, with lone surrogates and U+0000, can be converted; after that it converts to Java and back
+// unchanged.
 void inAndBack(Input& input) {
     std::string java;
     while (!input.isEmpty()) {
@@ -119,7 +119,7 @@ void inAndBack(Input& input) {
     REQUIRE(platform::fromModifiedUtf8(again.c_str()) == bytes);
 }
 
-// Bytes that no virtual machine would hand over must do no harm either.
+// Bytes that no virtual machine would pass must not crash the library either.
 void anyBytesIn(Input& input) {
     const std::string text = input.text();
     const std::string bytes = platform::fromModifiedUtf8(text.c_str());

@@ -1,7 +1,6 @@
-// The whole library above its children: natives, flat functions and operations of the settings in any
-// order, with a supplicant in memory that answers plausibly, fails now and then, or answers anything
-// at all. As long as it answers plausibly, no command may name another network than the one the call
-// was about.
+// The whole library without children: natives, flat functions and operations of the settings in any order,
+// with a supplicant in memory that answers plausibly, fails sometimes, or answers any bytes. As long as its
+// answers are plausible, a command must name the network of the call.
 
 #include "Input.h"
 #include "ModelSupplicant.h"
@@ -29,7 +28,7 @@ using fuzz::ModelSupplicant;
 using Fault = ModelSupplicant::Fault;
 using Command = ModelSupplicant::Command;
 
-// Most of a load is reading values one by one. All but some runs do so without a result file.
+// Most of the time of a load is for reading values. Most runs read them without result files.
 bool realValue(WifiUtil*, const char*, unsigned char, const char*, char*,
                unsigned int) __asm__("__real__ZN8WifiUtil15getNetworkValueEPKchS1_Pcj");
 bool quickValue(WifiUtil*, const char*, unsigned char, const char*, char*,
@@ -37,7 +36,7 @@ bool quickValue(WifiUtil*, const char*, unsigned char, const char*, char*,
 
 namespace {
 
-bool readsFiles = true; // else values come straight from the model
+bool readsFiles = true; // else values come directly from the model
 
 std::string firstLine(const std::string& text) {
     return text.substr(0, std::min<std::size_t>(text.find('\n'), 127));
@@ -94,11 +93,11 @@ using Marks = std::map<std::string, unsigned int>;
 
 enum class Call { NONE, LOAD, ADD, REMOVE, CONNECT, ROAM, SAVE };
 
-/// What the call in progress may name, and the faults that it meets.
+/// What the call in progress may name, and its faults.
 struct Watch {
     Call call = Call::NONE;
     std::string ssid;            ///< of REMOVE and CONNECT
-    bool isPlausible = true;     ///< no reply was garbage: ids must be right
+    bool isPlausible = true;     ///< no reply was garbage, so ids must be right
     std::map<int, Fault> faults; ///< by the number of the command
     Marks marks;
     std::map<unsigned int, std::optional<std::string>> ssids; ///< of marks, as they were last seen
@@ -122,8 +121,8 @@ void noteSsids() {
         watch.ssids[network.mark] = network.ssid;
 }
 
-// Of several networks with one SSID, which only other programs make, any will do: the library tells
-// networks apart by that.
+// Only other programs add several networks with one SSID. The command may then name any of them, because the
+// library finds networks by SSID.
 bool isMeant(const ModelSupplicant::Network& network, unsigned int mark) {
     const auto seen = watch.ssids.find(mark);
     return network.mark == mark || (seen != watch.ssids.end() && seen->second == network.ssid);
@@ -149,14 +148,14 @@ void requireOwnValue(const Command& command, const ModelSupplicant::Network& net
     REQUIRE_FOR(isMeant(network, mark), lineOf(command));
 }
 
-// A number that the supplicant does not know is refused by it and does no harm.
+// The supplicant refuses an id that it does not know, so such a command changes nothing.
 void requireRightNetwork(const Command& command) {
     const ModelSupplicant::Network* const network = model().withId(command[1]);
     if (!network)
         return;
     switch (watch.call) {
     case Call::LOAD:
-        return; // what was read is compared when the load is over
+        return; // values are compared after the load
     case Call::ADD:
         REQUIRE_FOR(watch.added.count(network->mark) != 0, lineOf(command));
         return;
@@ -228,7 +227,7 @@ unsigned int loadedMarkOf(const std::string& name) {
     return 0;
 }
 
-// After a load every network in memory is one of the supplicant's, and has that one's values.
+// After a load every network in memory is a network of the supplicant and has its values.
 void followLoad(WifiHostSettings& settings) {
     watch.marks.clear();
     for (const std::string& name : namesInMemory(settings)) {
@@ -320,7 +319,7 @@ void save(Input&, WifiHostSettings&) {
     saveWifiHostSettings(nullptr);
 }
 
-// Each edit also sets a field that is written as a text and tells which network was meant.
+// Each edit also sets a text field that contains the mark of its network.
 void edit(Input& input, WifiHostSettings& settings) {
     const std::string ssid = ssidFrom(input, &settings);
     const std::string own =
@@ -403,7 +402,8 @@ std::string modified(const std::string& text) {
     return ascii;
 }
 
-// Natives that load, add, remove, rename, connect and save are called above, by what they call.
+// Natives that load, add, remove, rename, connect and save are left out: the functions that they call are
+// called above.
 bool isPlain(const std::string& name) {
     return name.rfind("get", 0) == 0 ||
            (name.rfind("set", 0) == 0 && name != "setSsid0" && name != "setKeyManagement0") ||

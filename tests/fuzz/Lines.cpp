@@ -1,5 +1,5 @@
-// Lines of the client and values of networks: whatever the client prints is read without harm, and
-// what it comes to stays within its bounds.
+// Lines of the client and values of networks: any output is read without a fault, and the results stay
+// within their bounds.
 
 #include "Input.h"
 #include "Require.h"
@@ -27,7 +27,7 @@ using fuzz::Input;
 
 namespace {
 
-constexpr std::size_t PIECE = 127; // characters of a line that a query hands back at once
+constexpr std::size_t PIECE = 127; // the longest piece of a line that a query returns
 
 bool endsWith(const std::string& text, const std::string& end) {
     return text.size() >= end.size() &&
@@ -38,7 +38,7 @@ bool holds(const std::string& text, const char* word) {
     return text.find(word) != std::string::npos;
 }
 
-// The digits that a text begins with, after blanks and a sign, as a number that stays in its range.
+// The number at the start of a text, after blanks and a sign, limited to its range.
 int plainDecimal(const std::string& text) {
     std::size_t place = text.find_first_not_of(" \t\n\v\f\r");
     if (place == std::string::npos)
@@ -198,7 +198,7 @@ void timestamps(Input& input) {
                            ':') >= 3);
 }
 
-// A reply as a query hands it back: in pieces, none of them empty.
+// A reply as a query returns it: in pieces, none of them empty.
 void addPieces(ReplyLines& reply, const std::string& line) {
     for (std::size_t at = 0; at < line.size() && reply.count < reply.capacity(); at += PIECE) {
         const std::string piece = line.substr(at, PIECE);

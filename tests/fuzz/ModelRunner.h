@@ -4,9 +4,8 @@
 
 namespace fuzz {
 
-/// Takes the place of platwifi::runChild(): the model of a supplicant answers. Writes its reply to
-/// `resultFile`, and returns whether its client has exited with status 0. Waits of the library take no
-/// time in a program that is linked with this.
+/// Replaces platwifi::runChild(): writes the reply of the model of a supplicant to `resultFile`, and returns
+/// whether the client's exit status is 0. In a program that links this, waits of the library take no time.
 bool runOnModel(const platwifi::ArgumentList& arguments, const char* resultFile);
 
 } // namespace fuzz

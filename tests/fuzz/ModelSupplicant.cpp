@@ -38,7 +38,7 @@ std::string printedByte(char byte) {
     return escape;
 }
 
-// Left out of the file: a WPA key management, which is the default one, too, and no key for it.
+// A network is left out of the file if its key management is a kind of WPA, as by default, and it has no key.
 bool isSavable(const ModelSupplicant::Network& network) {
     const auto keys = network.values.find("key_mgmt");
     const bool isOpen =
@@ -107,7 +107,7 @@ ModelSupplicant::Answer ModelSupplicant::run(const std::string& iface, const Com
     return fault == Fault::KILLED_AFTER ? Answer{false, ""} : Answer{true, output};
 }
 
-// A client that stamps its replies does so once, in front of what it was asked for.
+// A client with stamps writes one in front of each reply.
 std::string ModelSupplicant::stamped(const std::string& word, std::string reply) const {
     if (hasStamps)
         reply.insert(word == "interface" ? reply.find(adapters) : 0, "12:34:56.789: ");

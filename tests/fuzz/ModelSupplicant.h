@@ -8,20 +8,20 @@
 
 namespace fuzz {
 
-/// A supplicant in memory, and its client: answers commands as wpa_supplicant 2.10 does, numbers its
-/// networks anew when it reads its file, and leaves networks out of the file that it cannot save. It
-/// takes the place of the library's children in a program that is linked with ModelRunner.cpp.
+/// A supplicant in memory, and its client. It answers commands as wpa_supplicant 2.10 does, assigns new
+/// network ids when it reads its file, and leaves networks out of the file that it cannot save. It replaces
+/// the library's children in a program that links ModelRunner.cpp.
 class ModelSupplicant {
 public:
     struct Network {
-        unsigned int mark; ///< of this model alone: stays when ids change
+        unsigned int mark; ///< known to this model alone; unlike the id it never changes
         unsigned int id;
         std::optional<std::string> ssid; ///< bytes
         std::map<std::string, std::string> values;
         bool isDisabled = false;
     };
 
-    /// What becomes of one command.
+    /// What happens to a command.
     enum class Fault {
         NONE,
         REFUSED,      ///< not carried out, "FAIL"
@@ -38,10 +38,10 @@ public:
 
     using Command = std::vector<std::string>; ///< the word of the client, then its arguments
 
-    /// The one that the library of this program talks to.
+    /// The instance that the library of this program uses.
     static ModelSupplicant& instance();
 
-    /// Forgets everything: one adapter, "wlan0", no networks.
+    /// Restores the first state: one adapter, "wlan0", and no networks.
     void reset();
 
     /// A network that is in the file already.
@@ -55,23 +55,23 @@ public:
     const Network* withId(const std::string& id) const;
     const Network* withMark(unsigned int mark) const;
 
-    /// Of the network that was made last; marks count up.
+    /// The mark of the network that was added last; marks increase.
     unsigned int lastMark() const { return m_marks; }
 
     /// The column of list_networks for an SSID.
     static std::string printed(const std::string& ssid);
 
-    /// Asked before each command that is carried out, and what its fault is.
+    /// Called before each command, and returns its fault.
     std::function<Fault(const Command&)> before;
 
     std::string garbage;
     std::string adapters = "wlan0\n"; ///< a line each
     std::string found;                ///< lines of scan_results
     std::string state = "INACTIVE";
-    unsigned int current = 0; ///< mark of the network that it is on, or 0
+    unsigned int current = 0; ///< mark of the current network, or 0
     bool hasStamps = false;
     bool isListed = true; ///< in the process table
-    int commands = 0;     ///< that were run since reset()
+    int commands = 0;     ///< number of commands since reset()
 
 private:
     std::string carriedOut(const Command& command);

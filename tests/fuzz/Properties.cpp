@@ -139,7 +139,7 @@ std::string enciphered(const std::string& plain) {
     return text;
 }
 
-// A secret that was enciphered arrives in plain; any other text changes nothing and is reported.
+// An enciphered secret is stored as plain text; any other text changes nothing and is reported.
 void setSecret(WifiNetwork& network, const Text& secret, Input& input) {
     const State before = stateOf(network);
     const Copy old = copyOf((network.*secret.get)());
@@ -159,7 +159,7 @@ void setSecret(WifiNetwork& network, const Text& secret, Input& input) {
     }
 }
 
-// An empty value clears a text; the BSSID takes it as it stands.
+// An empty value clears a text; the BSSID is then the empty text.
 Copy expected(const char* name, const std::string& value, const Copy& old) {
     if (!value.empty())
         return value;

@@ -1,4 +1,4 @@
-// What goes to the client: quotes around values, arguments, names of result files.
+// What the client gets: quotes around values, arguments, names of result files.
 
 #include "Input.h"
 #include "Require.h"
@@ -82,7 +82,7 @@ void quoting(Input& input) {
 void options(Input& input) {
     const std::string text = input.text();
     const bool isNegative = text.size() > 1 && text[1] >= '0' && text[1] <= '9';
-    // A lone "-" is none, and is judged by other tests.
+    // A lone "-" is no option; other tests cover it.
     if (text != "-")
         REQUIRE(isClientOption(text.c_str()) == (text[0] == '-' && !isNegative));
 }
@@ -100,7 +100,7 @@ void networkIds(Input& input) {
     REQUIRE(std::to_string(id) == NetworkIdArgument(id).text());
 }
 
-// Entries as a caller gives them; one that begins with a NUL character is null.
+// The entries of a caller; one that begins with a NUL character is null.
 std::optional<std::string> entryFrom(Input& input) {
     if (input.flag())
         return std::nullopt;
@@ -134,7 +134,7 @@ void vectors(Input& input) {
 void resultFiles(Input& input) {
     const std::string prefix = "/tmp/" + input.text();
     ResultFile file(prefix.c_str());
-    file.keep(); // none was made: nothing may be removed
+    file.keep(); // no file was created, so none may be removed
     const std::string path = file.path();
     REQUIRE(path.size() <= 127);
     REQUIRE(beginsWith(path, prefix.substr(0, 127).c_str()));

@@ -1,5 +1,5 @@
-// What the linker puts in the place of functions of the library (see the options in CMakeLists.txt): the
-// model of a supplicant for children, and no refresh thread and no shared memory.
+// The linker replaces functions of the library by these (see the options in CMakeLists.txt): the model of a
+// supplicant replaces children, and there is no refresh thread and no shared memory.
 
 #include "ModelRunner.h"
 #include "ModelSupplicant.h"
@@ -25,5 +25,5 @@ bool modelIsListed(WifiUtil* /*util*/, const char* /*iface*/) {
 }
 
 bool noWatchdog(WifiHostSettingsWatchdog* /*watchdog*/) {
-    return false; // the settings go on without one
+    return false; // the settings continue without one
 }

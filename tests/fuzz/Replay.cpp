@@ -1,4 +1,4 @@
-// Runs a target over the files of a corpus, where no fuzzer is linked.
+// Runs a target over the files of a corpus, in a build without the fuzzer.
 
 #include "Input.h"
 
@@ -22,7 +22,7 @@ int runFolder(const char* folder) {
     int count = 0;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         std::printf("%s\n", entry.path().c_str());
-        std::fflush(stdout); // the last one named is the one that ended the program
+        std::fflush(stdout); // after a crash the last name is that of the input
         runFile(entry.path());
         ++count;
     }

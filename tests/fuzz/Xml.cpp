@@ -1,5 +1,5 @@
-// The XML document: whatever the networks hold, a reader takes it, the full form follows its schema,
-// and every value that XML can hold comes back.
+// The XML document: for any values of the networks it is well-formed, its full form is valid, and a reader
+// gets back every value that XML can contain.
 
 #include "Input.h"
 #include "ModelSupplicant.h"
@@ -92,7 +92,7 @@ bool isTail(const std::string& text, std::size_t at) {
     return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
 }
 
-// How many bytes the character of UTF-8 at `at` has; 0 where there is none.
+// The number of bytes of the UTF-8 character at `at`; 0 if there is none.
 std::size_t characterLength(const std::string& text, std::size_t at) {
     const auto first = static_cast<unsigned char>(text[at]);
     const std::size_t length = first < 0x80 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
@@ -116,7 +116,7 @@ bool isInXml(const std::string& character) {
     return character != "\xEF\xBF\xBE" && character != "\xEF\xBF\xBF";
 }
 
-// What a reader of the document has to get for these bytes.
+// The text that a reader of the document must get for these bytes.
 std::string inXml(const char* bytes) {
     const std::string text = bytes ? bytes : "";
     std::string result;
@@ -213,7 +213,7 @@ void set(WifiNetwork& network, SetText setter, Input& input) {
 
 void fill(WifiNetwork& network, Input& input) {
     using N = WifiNetwork;
-    // The whole of small numbers, so that every kind of security comes about.
+    // Only small numbers, so that every type of security occurs.
     network.setProtocol(input.byte());
     network.setKeyManagement(input.byte());
     network.setPairwiseCiphers(input.byte());

@@ -1,4 +1,4 @@
-# Makes real access points of the simulated radios, a row of the file access-points each.
+# Starts an access point on a simulated radio for each row of the file access-points.
 # shellcheck shell=bash
 
 lines() { printf '%s\n' "$@"; }

@@ -1,4 +1,4 @@
-# What the lab makes once and keeps: each thing is a folder, complete or not there at all.
+# The cache of the lab: each entry is a folder that gets its name when it is complete.
 # shellcheck shell=bash
 
 LAB_CACHE=${XDG_CACHE_HOME:-${HOME:-$SOURCE_DIR}/.cache}/platwifi

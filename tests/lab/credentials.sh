@@ -1,4 +1,4 @@
-# Who may join the access points, and how. The same for the access points and for the jobs.
+# The keys and passwords of the access points, for these and for the jobs.
 # shellcheck shell=bash
 
 export LAB_PASSPHRASE='lab passphrase 1'

@@ -76,7 +76,7 @@ TABLE
 module_files() {
     local module
     for module in "${KERNEL_MODULES[@]}"; do
-        # A cipher may be built in or gone from a newer kernel: the jobs tell whether it is missed.
+        # A cipher may be built in, or removed from a newer kernel: if one is missing, a job fails.
         modprobe -d "$1" -S "$2" --show-depends "$module" 2>/dev/null |
             sed -n 's/^insmod \([^ ]*\).*/\1/p' || true
     done | awk '!seen[$0]++'

@@ -1,4 +1,4 @@
-# What a job of the virtual radio lab can source: "$SOURCE_DIR/tests/lab/lab.sh".
+# Functions for the jobs of the lab, which source "$SOURCE_DIR/tests/lab/lab.sh".
 # shellcheck shell=bash
 
 # shellcheck source=tests/lab/credentials.sh
@@ -9,14 +9,14 @@ export LAB_SUPPLICANT_CONF=/run/lab/wpa_supplicant.conf
 export LAB_SUPPLICANT_LOG=$LAB_OUT/supplicant.log
 LAB_SUPPLICANT_PID=/var/run/wpa_supplicant.pid
 
-# What grows while something still happens; a job adds the files that its own programs write.
+# Files that grow while there is progress. A job adds the files that its own programs write.
 LAB_WATCHED=("$LAB_SUPPLICANT_LOG")
 LAB_LONGEST_SILENCE=120
 
 progress() { stat -c %s "${LAB_WATCHED[@]}" 2>/dev/null | tr '\n' ' ' || true; }
 
-# wait_for COMMAND...: until the command succeeds. Fails where it has not, and nothing that is watched has
-# grown for two minutes: how fast the machine is plays no part.
+# wait_for COMMAND...: waits until the command succeeds. Fails if no watched file has grown for two minutes,
+# so the speed of the machine does not matter.
 wait_for() {
     local seen now start=$SECONDS end=$((SECONDS + LAB_LONGEST_SILENCE))
     seen=$(progress)
@@ -33,7 +33,7 @@ wait_for() {
 
 client() { wpa_cli -iwlan0 "$@"; }
 
-# client_ok COMMAND...: the client ends well even where the supplicant refused.
+# client_ok COMMAND...: the exit status of the client is 0 even if the supplicant refuses.
 client_ok() { [ "$(client "$@")" = OK ]; }
 
 supplicant_state() { client status 2>/dev/null | sed -n 's/^wpa_state=//p'; }
@@ -58,7 +58,7 @@ END
 
 supplicant_answers() { [ "$(client ping 2>/dev/null)" = PONG ]; }
 
-# start_supplicant [CONF]: on wlan0; LAB_SUPPLICANT_CONF, the usual one, stands ready for that.
+# start_supplicant [CONF]: on wlan0, by default with LAB_SUPPLICANT_CONF.
 start_supplicant() {
     local conf=${1:-$LAB_SUPPLICANT_CONF}
     wpa_supplicant -B -t -Dnl80211 -iwlan0 -c "$conf" -P "$LAB_SUPPLICANT_PID" \

@@ -1,5 +1,5 @@
-// Networks of real access points: what the settings load of them, and what they do with them. Runs in
-// the guest of the lab, whose supplicant reads the configuration file that is written here.
+// Loading and using networks of real access points. Runs in the virtual machine of the lab, whose supplicant
+// reads the configuration file that is written here.
 
 #include "model/WifiNetwork.h"
 #include "settings/SettingsLock.h"
@@ -30,9 +30,8 @@ namespace {
 
 constexpr const char* WLAN = "wlan0";
 
-// The last resort against waiting for ever.
-constexpr std::chrono::seconds LONG_ENOUGH{300};
-constexpr std::chrono::milliseconds BETWEEN_LOOKS{200}; // a look takes the guest half of that
+constexpr std::chrono::seconds MAX_WAIT{300};           // in case that the event never comes
+constexpr std::chrono::milliseconds POLL_INTERVAL{200}; // twice the time that a query takes here
 
 std::string variable(const char* name) {
     const char* const value = std::getenv(name);
@@ -43,11 +42,9 @@ std::string quoted(const std::string& text) {
     return '"' + text + '"';
 }
 
-// The supplicant of the guest.
-
 const std::string CONFIGURATION = variable("LAB_SUPPLICANT_CONF");
 
-// What stands in the file before the networks, as the lab has written it.
+// The lines before the networks, which the lab has written.
 const Lines& globalLines() {
     static const Lines lines = test::linesOfFile(CONFIGURATION);
     return lines;
@@ -68,17 +65,16 @@ void configure(const std::string& networks) {
 }
 
 testing::AssertionResult statusGets(const Lines& wanted) {
-    const auto end = std::chrono::steady_clock::now() + LONG_ENOUGH;
+    const auto end = std::chrono::steady_clock::now() + MAX_WAIT;
     while (!testing::Matches(IsSupersetOf(wanted))(ask("status"))) {
         if (std::chrono::steady_clock::now() > end)
             return testing::AssertionFailure() << testing::PrintToString(ask("status"));
-        std::this_thread::sleep_for(BETWEEN_LOOKS);
+        std::this_thread::sleep_for(POLL_INTERVAL);
     }
     return testing::AssertionSuccess();
 }
 
-// Configured networks. All are disabled, so that nothing changes until one is asked for.
-
+// A configured network, disabled, so that the supplicant connects only on request.
 std::string network(const std::string& ssid, const std::string& fields) {
     return "network={\nssid=" + quoted(ssid) + "\ndisabled=1\n" + fields + "}\n";
 }
@@ -116,7 +112,7 @@ std::string networksOfEveryKind() {
                                               "phase2=\"auth=MSCHAPV2\"\n"));
 }
 
-// One instance serves all tests: the end of its refresh thread takes seconds.
+// The settings stay loaded from test to test, because unloading them takes seconds.
 class Settings : public testing::Environment {
     void TearDown() override {
         WifiHostSettings::unload();
@@ -131,7 +127,7 @@ WifiHostSettings& settings() {
 }
 
 void load(const std::string& networks) {
-    WifiHostSettings& loaded = settings(); // before there is much to load
+    WifiHostSettings& loaded = settings(); // before there are networks to load
     configure(networks);
     loaded.refreshAllSettings();
 }
@@ -154,7 +150,7 @@ void disconnectFrom(const std::string& ssid) {
     EXPECT_TRUE(statusGets({"wpa_state=DISCONNECTED"})) << ssid;
 }
 
-TEST(ConfiguredNetworks, AreLoadedAsTheyAreAndConnectedTo) {
+TEST(ConfiguredNetworks, AreLoadedAndConnect) {
     load(networksOfEveryKind());
     EXPECT_THAT(loadedSsids(), ElementsAre("lab-eap", "lab-wep", "lab-wpa1-tkip", "lab-hidden",
                                            "lab-psk", "lab-open"));
@@ -165,7 +161,7 @@ TEST(ConfiguredNetworks, AreLoadedAsTheyAreAndConnectedTo) {
     }
 }
 
-// There is one access point for all methods, and one network with its SSID at a time.
+// One access point serves all methods, so there is one network at a time.
 struct Method {
     const char* name;
     std::function<std::string()> fields;
@@ -178,7 +174,7 @@ const Method METHODS[] = {
 
 class EnterpriseNetwork : public testing::TestWithParam<Method> {};
 
-TEST_P(EnterpriseNetwork, IsConnectedToAndLoadedAsConnected) {
+TEST_P(EnterpriseNetwork, ConnectsAndIsLoadedAsConnected) {
     load(network("lab-eap", GetParam().fields()));
     connectTo("lab-eap");
     settings().refreshAllSettings();
@@ -194,7 +190,7 @@ struct Security {
     const char* name;
     const char* ssid;
     void (*set)(WifiNetwork&);
-    Lines fields; // as they come to stand in the file
+    Lines fields; // in the file after a save
 };
 
 const Security SECURITIES[] = {
@@ -229,8 +225,8 @@ protected:
     }
 };
 
-// Another network goes at the same time, so that the new one has another number after the save.
-TEST_P(NewNetwork, IsSavedConnectedToAndRemoved) {
+// Another network is removed at the same time, so that the new one gets another id at the save.
+TEST_P(NewNetwork, IsSavedConnectsAndIsRemoved) {
     load(network("old", "key_mgmt=NONE\n"));
     EXPECT_TRUE(settings().removeNetwork(WLAN, "old"));
     add();

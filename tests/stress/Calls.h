@@ -7,17 +7,17 @@ namespace stress {
 /// Calls of the library that check their results. The checks require that no other thread or
 /// process changes FIXED_NETWORKS and the worker's guest.
 
-/// Unload and load the settings and the driver, with and without a lock held.
+/// Calls that unload and load the settings and the driver, with and without a lock held.
 Calls lifetimeCalls();
 
-/// How many times they have unloaded or reloaded the settings.
+/// How many times these calls have unloaded or reloaded the settings.
 std::uint32_t unloads();
 
-/// Run client commands, and dumps, which discardDumps() keeps from standard error.
+/// Calls that run client commands, and dumps, which discardDumps() keeps from standard error.
 Calls commandCalls();
 void discardDumps();
 
-/// Read and change the settings in memory.
+/// Calls that read and change the settings in memory.
 Calls memoryCalls();
 
 } // namespace stress

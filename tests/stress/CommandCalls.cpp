@@ -36,7 +36,7 @@ bool isNetwork(const char* ssid) {
 }
 
 void checkSelected(const std::string& ssid) {
-    expect(Supplicant::lastSelected() == ssid, "another network was selected than was asked for");
+    expect(Supplicant::lastSelected() == ssid, "the wrong network was selected");
 }
 
 void connect(Worker& worker) {
@@ -56,7 +56,7 @@ void connectNative(Worker& worker) {
 
 void connectToGuest(Worker& worker) {
     const bool connected = connectToNetwork(nullptr, IFACE, worker.guest.c_str()) != 0;
-    expect(connected == worker.hasGuest, "a connection to the guest network is answered wrongly");
+    expect(connected == worker.hasGuest, "a connection to the guest network has the wrong result");
     if (connected)
         checkSelected(worker.guest);
 }
@@ -86,7 +86,7 @@ void roamNative(Worker& worker) {
 
 void addGuest(Worker& worker) {
     const bool added = addWifiNetwork(nullptr, IFACE, worker.guest.c_str()) != 0;
-    expect(added != worker.hasGuest, "an addition is answered wrongly");
+    expect(added != worker.hasGuest, "an addition has the wrong result");
     worker.hasGuest = true;
     expect(Supplicant::get().has(worker.guest), "an added network is not in the supplicant");
 }
@@ -124,7 +124,7 @@ void askCurrentNetwork(Worker&) {
     char* ssid = nullptr;
     const int found = getCurrentNetwork(nullptr, IFACE, &ssid);
     expect((found == 1) == (ssid != nullptr), "a current network without a name, or the reverse");
-    expect(!ssid || isNetwork(ssid), "the current network is none that there is");
+    expect(!ssid || isNetwork(ssid), "the current network is not configured");
     delete[] ssid;
 }
 
@@ -132,7 +132,8 @@ void askCurrentNetworkNative(Worker& worker) {
     test::FakeJni& java = worker.java();
     const jstring ssid =
         NATIVE(getCurrentNetwork0)(java.environment(), nullptr, java.javaString(IFACE));
-    expect(!ssid || isNetwork(java.textOf(ssid).c_str()), "the native's current network is none");
+    expect(!ssid || isNetwork(java.textOf(ssid).c_str()),
+           "the native's current network is not configured");
 }
 
 void askNetworkStatus(Worker& worker) {

@@ -15,7 +15,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr auto LOOK_PAUSE = std::chrono::milliseconds(100);
-constexpr unsigned int STUCK_LOOKS = 600; // without a completed call
+constexpr unsigned int STUCK_CHECKS = 600; // without a completed call
 constexpr std::uint32_t PROGRESS_SECONDS = 5;
 constexpr int FATAL_SIGNALS[] = {SIGSEGV, SIGBUS, SIGABRT, SIGFPE, SIGILL};
 
@@ -164,8 +164,8 @@ void Crew::checkProgress() {
         const Worker& worker = *m_workers[i];
         Watched& seen = m_watched[i];
         const bool rests = !worker.isFinished() && worker.done() == seen.done;
-        seen = {worker.done(), rests ? seen.looksWithoutProgress + 1 : 0};
-        if (seen.looksWithoutProgress == STUCK_LOOKS) {
+        seen = {worker.done(), rests ? seen.checksWithoutProgress + 1 : 0};
+        if (seen.checksWithoutProgress == STUCK_CHECKS) {
             showCalls();
             fail("thread " + std::to_string(i) + " has made no progress for a minute");
         }

@@ -36,7 +36,7 @@ public:
     /// Makes one call.
     void step();
 
-    /// Makes a call inside of a call. Does nothing inside of a nested call.
+    /// Makes a call inside another call. Does nothing inside a nested call.
     void nest();
 
     /// A Java environment for one native, which leaves nothing behind.
@@ -46,13 +46,13 @@ public:
     const char* call() const { return m_call; }
     std::uint32_t done() const { return m_done; }
 
-    /// Whether there is no more to do.
+    /// Whether the thread has made its last call.
     void setFinished(bool isFinished) { m_isFinished = isFinished; }
     bool isFinished() const { return m_isFinished; }
 
     Random random;
     std::string guest;     ///< the SSID of a network that this thread alone adds and removes
-    bool hasGuest = false; ///< whether it is there now
+    bool hasGuest = false; ///< whether that network is configured now
 
 private:
     const Call& choose();
@@ -90,10 +90,10 @@ public:
     std::uint32_t seconds() const;
 
 private:
-    /// The state of a worker at the last look.
+    /// The state of a worker at the last check.
     struct Watched {
         std::uint32_t done = 0;
-        unsigned int looksWithoutProgress = 0;
+        unsigned int checksWithoutProgress = 0;
     };
 
     void work(Worker& worker);

@@ -1,5 +1,5 @@
-// Loads and unloads the settings again and again: each unload ends the refresh thread and leaves
-// the shared block, and memory, threads and descriptors stay as they were.
+// Loads and unloads the settings many times. Each unload must end the refresh thread and detach from the
+// shared block; memory, threads and descriptors must not grow.
 
 #include "InProcessChild.h"
 #include "Job.h"
@@ -41,16 +41,16 @@ void cycle() {
     load();
     stress::expect(usersOf(block) == 2, "a load did not join the shared block");
     stress::unloadAll();
-    stress::expect(usersOf(block) == 1, "an unload did not leave the shared block");
-    stress::expect(!test::blockHasName(),
-                   "an unload did not take the name of the shared block away");
+    stress::expect(usersOf(block) == 1, "an unload did not detach from the shared block");
+    stress::expect(!test::blockHasName(), "an unload did not remove the name of the shared block");
 }
 
 void cycleAlone() {
     load();
     stress::expect(test::blockHasName(), "a load made no shared block");
     stress::unloadAll();
-    stress::expect(!test::blockHasName(), "the last unload left the name of the shared block");
+    stress::expect(!test::blockHasName(),
+                   "the last unload did not remove the name of the shared block");
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 // Three processes save in a loop. At random moments one of them is killed and replaced, or stopped
-// for some time, often while it holds a lock of the shared block. No operation of the others may
-// take longer than is documented, and no files or shared objects may pile up.
+// for some time, often while it holds a lock of the shared block. No operation of the others may take
+// longer than documented, and files and shared objects must not accumulate.
 
 #include "Job.h"
 #include "OtherProcess.h"
@@ -31,7 +31,7 @@ constexpr std::size_t SAVERS = 3;
 constexpr std::uint32_t LONGEST_PAUSE_MS = 60; // between two kills
 constexpr std::uint32_t SHORT_STOP_MS = 200;
 constexpr auto LONG_STOP =
-    std::chrono::seconds(8); // longer than any documented wait and what is allowed
+    std::chrono::seconds(8); // longer than any documented wait plus ALLOWED_MILLISECONDS
 constexpr std::uint32_t LONG_STOP_EVERY = 150; // actions
 constexpr std::uint32_t FIRST_LONG_STOP = 20;
 constexpr auto AIMING_TIME = milliseconds(100);
@@ -297,8 +297,8 @@ private:
     static void checkFiles() {
         const std::size_t files = test::resultFiles().size();
         if (files > MOST_RESULT_FILES)
-            fail(std::to_string(files) + " result files have piled up");
-        expect(sharedObjects() <= MOST_SHARED_OBJECTS, "shared objects have piled up");
+            fail(std::to_string(files) + " result files have accumulated");
+        expect(sharedObjects() <= MOST_SHARED_OBJECTS, "shared objects have accumulated");
     }
 
     void showProgress() {

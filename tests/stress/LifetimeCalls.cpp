@@ -1,4 +1,4 @@
-// Calls that unload and load what the other calls use.
+// Calls that unload and load the settings and the driver, which the other calls use.
 
 #include "Calls.h"
 #include "Supplicant.h"
@@ -53,7 +53,7 @@ void unloadDriver(Worker&) {
 void lookUp(WifiHostSettings& settings, const std::string& ssid) {
     const WifiNetwork* const network = settings.getNetwork("wlan0", ssid.c_str());
     expect(network != nullptr, "a configured network is not found under the lock");
-    expect(network->getSsid() == ssid, "a network has another SSID than it was found by");
+    expect(network->getSsid() == ssid, "a network does not have the SSID that it was found by");
     const char* const identity = network->getEAPIdentity();
     expect(!identity || std::strncmp(identity, (ssid + '#').c_str(), ssid.size() + 1) == 0,
            "a network has the identity of another one");

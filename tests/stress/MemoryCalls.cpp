@@ -57,7 +57,7 @@ constexpr NumberField NUMBERS[] = {NUMBER_FIELDS(FIELD_ROW)};
 constexpr TextField TEXTS[] = {TEXT_FIELDS(FIELD_ROW)};
 constexpr TextField IDENTITY = {NATIVE(getEAPIdentity0), NATIVE(setEAPIdentity0)};
 
-// The model of the supplicant checks by it that the value is for this network.
+// By this identity the model of the supplicant checks that the value is for this network.
 std::string identityFor(const std::string& ssid, Random& random) {
     return ssid + '#' + std::to_string(random.below(1000));
 }
@@ -81,7 +81,7 @@ void readText(Worker& worker) {
         worker.random.oneOf(TEXTS).get(java.environment(), nullptr, java.javaString(IFACE),
                                        java.javaString(worker.random.oneOf(FIXED_NETWORKS)));
     expect(!text || java.textOf(text).compare(0, 5, "/etc/") == 0 || java.textOf(text).empty(),
-           "a text is none that was ever set");
+           "a text was never set");
 }
 
 void writeText(Worker& worker) {
@@ -117,8 +117,8 @@ void setParameters(Worker& worker) {
     const char* const values[] = {identity.c_str(), priority.c_str(), "/etc/phase"};
     expect(setNetworkParameters(nullptr, IFACE, ssid.c_str(), names, values, 3) == 1,
            "a configured network cannot be changed");
-    expect(setNetworkParameters(nullptr, IFACE, "stranger", names, values, 3) == 0,
-           "a network that is not there can be changed");
+    expect(setNetworkParameters(nullptr, IFACE, "unknown", names, values, 3) == 0,
+           "a network that is not configured can be changed");
 }
 
 void setHost(Worker&) {
@@ -130,7 +130,7 @@ void readAdapter(Worker&) {
     char* name = nullptr;
     const int found = getWifiAdapter(nullptr, &name);
     expect((found == 1) == (name != nullptr), "an adapter without a name, or the reverse");
-    expect(!name || std::strcmp(name, IFACE) == 0, "the adapter is another one");
+    expect(!name || std::strcmp(name, IFACE) == 0, "the adapter is wrong");
     delete[] name;
 }
 
@@ -138,7 +138,7 @@ void readAdaptersNative(Worker& worker) {
     test::FakeJni& java = worker.java();
     const jobjectArray names = NATIVE(getWifiAdapters0)(java.environment(), nullptr);
     for (const auto& name : java.elementsOf(names))
-        expect(name == IFACE, "the native's adapter is another one");
+        expect(name == IFACE, "the native's adapter is wrong");
 }
 
 // Other threads add and remove networks meanwhile.

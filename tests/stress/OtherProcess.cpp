@@ -41,7 +41,7 @@ void OtherProcess::awaitEnd() {
     int status = -1;
     expect(waitpid(m_id, &status, 0) == m_id, "a process cannot be waited for");
     m_id = -1;
-    expect(status == 0, "a process did not end well");
+    expect(status == 0, "the exit status of a process is not 0");
 }
 
 void OtherProcess::expectAlive() {

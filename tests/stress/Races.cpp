@@ -33,7 +33,8 @@ std::string numbers() {
            std::to_string(stress::realChildren()) + " real children";
 }
 
-// A short run may end before the refresh thread has seen a save of the other process, which goes on saving.
+// A short run may end before the refresh thread has received a save of the other process, which continues to
+// save.
 void awaitRefresh() {
     using Clock = std::chrono::steady_clock;
     WifiHostSettings::getInstance(nullptr);

@@ -3,7 +3,7 @@
 namespace stress {
 
 // The runs of the program stress_runs. Each takes the options of Job, prints its result, and ends the
-// program with status 1 where a check fails.
+// program with status 1 if a check fails.
 
 void cycles(char* arguments[]);
 void kills(char* arguments[]);

@@ -1,5 +1,5 @@
 // A process that keeps saving, and is killed when its parent ends. PARENT --again: it saves once,
-// lets its refresh thread raise the signal, and executes itself again without leaving the shared
+// lets its refresh thread raise the signal, and executes itself again without detaching from the shared
 // block, so that the block keeps its name. PARENT --slot DESCRIPTOR INDEX SEED: it saves until the
 // slot asks it to end, records its progress in the slot, unloads from time to time, and holds the
 // locks of the shared block for a long time.
@@ -27,7 +27,7 @@ namespace {
 using namespace stress;
 
 constexpr auto SIGNAL_TIME = std::chrono::milliseconds(10); // some cycles of a quick refresh thread
-// Pauses, because a refresh thread does not wait for saves of others in a cycle with an own save.
+// Pauses, because in a cycle with its own save a refresh thread does not wait for saves of others.
 constexpr std::uint32_t LONGEST_PAUSE_MS = 80;
 constexpr std::uint32_t SAVES_A_LOAD = 50;
 constexpr std::uint32_t REAL_SHARE = 50;

@@ -19,7 +19,7 @@ enum OperationNumber : std::uint32_t { LOAD, SAVE, UNLOAD, OPERATIONS };
 // which takes five seconds at most, and takes one lock itself. A save takes none.
 constexpr Operation OPERATION[OPERATIONS] = {{"load", 2000}, {"save", 0}, {"unload", 6000}};
 
-constexpr std::uint32_t ALLOWED_MILLISECONDS = 1000; // beyond that
+constexpr std::uint32_t ALLOWED_MILLISECONDS = 1000; // in addition
 constexpr std::chrono::milliseconds BEAT{5};
 
 constexpr std::uint32_t SLOTS = 8;

@@ -1,4 +1,4 @@
-// A million calls; memory, descriptors, threads, children and files stay as they were.
+// A million calls. Memory, descriptors, threads, children and files must not grow.
 
 #include "Calls.h"
 #include "InProcessChild.h"
@@ -13,9 +13,9 @@ namespace {
 
 constexpr unsigned int THREADS = 4;
 constexpr std::uint32_t DEFAULT_CALLS = 1000000;
-constexpr std::uint32_t SETTLING_SHARE = 4; // after which part of the calls the first look is
+constexpr std::uint32_t SETTLING_SHARE = 4; // the first measurement is after this part of the calls
 
-// Most are in memory.
+// Most calls only use memory.
 stress::Calls allCalls() {
     stress::Calls all = stress::memoryCalls();
     for (stress::Call& call : all)

@@ -43,8 +43,8 @@ std::size_t entriesOf(const char* folder) {
 
 void expectAtMost(std::size_t later, std::size_t limit, const char* what) {
     if (later > limit)
-        fail(std::string(what) + ": " + std::to_string(later) + " where at most " +
-             std::to_string(limit) + " are right");
+        fail(std::string(what) + ": " + std::to_string(later) + " and not at most " +
+             std::to_string(limit));
 }
 
 } // namespace

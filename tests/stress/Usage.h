@@ -5,8 +5,8 @@
 
 namespace stress {
 
-/// The resources of this process, and the files that it leaves. Comparable when all threads of the
-/// program have ended and the settings are unloaded.
+/// The resources of this process, and the files that it leaves. Two of them are comparable if all threads of
+/// the program have ended and the settings are unloaded.
 struct Usage {
     std::size_t
         heapBytes; ///< allocated from the C library, 0 with a sanitizer that has its own heap

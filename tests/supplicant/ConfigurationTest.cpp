@@ -18,8 +18,7 @@ using ReloadedConfiguration = test::SupplicantTest;
 
 TEST_F(SavedConfiguration, IsInTheFile) {
     supplicant.start();
-    unsigned char id = 99;
-    ASSERT_TRUE(util().createNetwork(WLAN, "home", &id));
+    const unsigned char id = create("home");
     ASSERT_TRUE(util().setNetworkValue(WLAN, id, "psk", "correct horse battery"));
     EXPECT_THAT(supplicant.file(), Not(Contains("\tssid=\"home\"")));
     EXPECT_TRUE(util().saveConfiguration(WLAN));
@@ -36,7 +35,7 @@ TEST_F(SavedConfiguration, OutlivesTheSupplicant) {
     EXPECT_THAT(supplicant.ask("get_network 0 priority"), ElementsAre("5"));
 }
 
-TEST_F(SavedConfiguration, IsRefusedWhereTheFileIsNotToBeChanged) {
+TEST_F(SavedConfiguration, FailsIfTheSupplicantMayNotChangeTheFile) {
     supplicant.start(openNetworks({"home"}), Supplicant::Saving::Refused);
     const Lines before = supplicant.file();
     ASSERT_TRUE(util().setNetworkValue(WLAN, 0, "priority", "5"));
@@ -44,16 +43,15 @@ TEST_F(SavedConfiguration, IsRefusedWhereTheFileIsNotToBeChanged) {
     EXPECT_EQ(supplicant.file(), before);
 }
 
-// So a network must have its key before it is saved.
+// A network must have its key before it is saved.
 TEST_F(SavedConfiguration, LacksANetworkWhoseKeyIsMissing) {
     supplicant.start();
-    unsigned char id = 99;
-    ASSERT_TRUE(util().createNetwork(WLAN, "home", &id));
+    create("home");
     EXPECT_TRUE(util().saveConfiguration(WLAN));
     EXPECT_THAT(supplicant.file(), Not(Contains("\tssid=\"home\"")));
 }
 
-TEST_F(ReloadedConfiguration, IsNumberedAnewFrom0) {
+TEST_F(ReloadedConfiguration, HasIdsFrom0Again) {
     supplicant.start(openNetworks({"home", "work", "guest"}));
     ASSERT_TRUE(util().removeNetwork(WLAN, 0));
     ASSERT_TRUE(util().saveConfiguration(WLAN));
@@ -66,27 +64,26 @@ TEST_F(ReloadedConfiguration, IsNumberedAnewFrom0) {
 
 TEST_F(ReloadedConfiguration, LacksWhatWasNotSaved) {
     supplicant.start();
-    unsigned char id = 99;
-    ASSERT_TRUE(util().createNetwork(WLAN, "home", &id));
+    create("home");
     EXPECT_TRUE(util().reloadConfiguration(WLAN));
     EXPECT_THAT(supplicant.networks(), IsEmpty());
 }
 
-TEST_F(ReloadedConfiguration, IsTheFilesOwn) {
+TEST_F(ReloadedConfiguration, IsThatOfTheFile) {
     supplicant.start(openNetworks({"home"}));
     supplicant.replaceFile(openNetworks({"work"}));
     EXPECT_TRUE(util().reloadConfiguration(WLAN));
     EXPECT_THAT(supplicant.ask("get_network 0 ssid"), ElementsAre("\"work\""));
 }
 
-TEST_F(ReloadedConfiguration, StaysAsItWasWhereTheFileIsDamaged) {
+TEST_F(ReloadedConfiguration, StaysAsItWasIfTheFileIsDamaged) {
     supplicant.start(openNetworks({"home"}));
     supplicant.replaceFile("network={\n\tssid=\"work\"\n");
     EXPECT_FALSE(util().reloadConfiguration(WLAN));
     EXPECT_THAT(supplicant.ask("get_network 0 ssid"), ElementsAre("\"home\""));
 }
 
-TEST_F(ReloadedConfiguration, StaysAsItWasWhereTheFileIsGone) {
+TEST_F(ReloadedConfiguration, StaysAsItWasIfTheFileIsMissing) {
     supplicant.start(openNetworks({"home"}));
     supplicant.removeFile();
     EXPECT_FALSE(util().reloadConfiguration(WLAN));

@@ -1,4 +1,4 @@
-// Selecting networks, leaving them, and commands of the caller's own choice.
+// Selecting a network, disconnecting, and custom commands.
 
 #include "SupplicantTest.h"
 
@@ -25,7 +25,7 @@ TEST_F(Connection, GoesToTheSelectedNetworkAndDisablesTheOthers) {
                             "2\tguest\tany\t[DISABLED]"));
 }
 
-// The client says how it fared in words only, and nobody reads them.
+// The client reports the refusal only by what it prints, which the library does not read here.
 TEST_F(Connection, ToAnUnknownNetworkIsNoFailureAndChangesNothing) {
     const test::Lines before = supplicant.networks();
     EXPECT_TRUE(util().connectToNetwork(WLAN, 7));
@@ -33,7 +33,7 @@ TEST_F(Connection, ToAnUnknownNetworkIsNoFailureAndChangesNothing) {
     EXPECT_THAT(supplicant.ask("status"), testing::Contains("id=0"));
 }
 
-TEST_F(Connection, EndsWithDisconnectionWhateverTheNumber) {
+TEST_F(Connection, EndsByADisconnectionWithAnyNetworkId) {
     EXPECT_TRUE(util().disconnectFromNetwork(WLAN, 7));
     supplicant.awaitStatus("wpa_state=DISCONNECTED");
 }
@@ -63,7 +63,7 @@ TEST_F(CustomCommand, RunsWithoutAValue) {
     EXPECT_THAT(supplicant.ask("get_network 1 disabled"), ElementsAre("1"));
 }
 
-TEST_F(CustomCommand, FailsWhereItIsRefused) {
+TEST_F(CustomCommand, FailsIfItIsRefused) {
     EXPECT_FALSE(util().executeCustom(WLAN, 1, "bssid", "any"));
     EXPECT_FALSE(util().executeCustom(WLAN, 7, "bssid", "02:11:22:33:44:55"));
     EXPECT_FALSE(util().executeCustom(WLAN, 1, "bssid", nullptr));

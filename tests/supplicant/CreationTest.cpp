@@ -1,4 +1,4 @@
-// Networks come and go.
+// Adding and removing networks.
 
 #include "SupplicantTest.h"
 
@@ -17,24 +17,20 @@ namespace {
 using Creation = test::SupplicantTest;
 using Removal = test::SupplicantTest;
 
-TEST_F(Creation, GivesAnEnabledNetworkWithThisSsid) {
+TEST_F(Creation, AddsAnEnabledNetworkWithThisSsid) {
     supplicant.start();
-    unsigned char id = 99;
-    EXPECT_TRUE(util().createNetwork(WLAN, "home", &id));
-    EXPECT_EQ(id, 0);
+    EXPECT_EQ(create("home"), 0);
     EXPECT_THAT(supplicant.ask("get_network 0 ssid"), ElementsAre("\"home\""));
     EXPECT_THAT(supplicant.ask("get_network 0 disabled"), ElementsAre("0"));
 }
 
-TEST_F(Creation, TellsTheNumberThatTheSupplicantChose) {
+TEST_F(Creation, ReturnsTheIdThatTheSupplicantChose) {
     supplicant.start(openNetworks({"home", "work"}));
-    unsigned char id = 99;
-    EXPECT_TRUE(util().createNetwork(WLAN, "guest", &id));
-    EXPECT_EQ(id, 2);
+    EXPECT_EQ(create("guest"), 2);
     EXPECT_THAT(supplicant.ask("get_network 2 ssid"), ElementsAre("\"guest\""));
 }
 
-TEST_F(Creation, LeavesANamelessNetworkWhereTheSsidIsRefused) {
+TEST_F(Creation, LeavesANetworkWithoutSsidIfTheSsidIsRefused) {
     supplicant.start(openNetworks({"home"}));
     unsigned char id = 99;
     EXPECT_FALSE(util().createNetwork(WLAN, std::string(33, 'x').c_str(), &id));
@@ -42,7 +38,7 @@ TEST_F(Creation, LeavesANamelessNetworkWhereTheSsidIsRefused) {
     EXPECT_EQ(supplicant.networks().at(1), "1\t\tany\t[DISABLED]");
 }
 
-TEST_F(Creation, ByManyThreadsGivesEachItsOwnNetwork) {
+TEST_F(Creation, ByManyThreadsAddsANetworkForEach) {
     supplicant.start();
     constexpr std::size_t COUNT = 4;
     std::vector<unsigned char> ids(COUNT, 99);
@@ -86,8 +82,7 @@ class CreationWithSsid : public test::SharedSupplicantTest,
 
 TEST_P(CreationWithSsid, KeepsItAndReadsItBackAsTheSupplicantPrintsIt) {
     supplicant.reload();
-    unsigned char id = 99;
-    ASSERT_TRUE(util().createNetwork(WLAN, GetParam().text.c_str(), &id));
+    const unsigned char id = create(GetParam().text.c_str());
     const auto listed = ElementsAre(StartsWith("0\t" + GetParam().listed + "\tany\t"));
     EXPECT_THAT(supplicant.networks(), listed);
     EXPECT_THAT(list(&WifiUtil::getNetworkDatabaseSsids), listed);
@@ -99,7 +94,7 @@ TEST_P(CreationWithSsid, KeepsItAndReadsItBackAsTheSupplicantPrintsIt) {
 INSTANTIATE_TEST_SUITE_P(Supplicant, CreationWithSsid, testing::ValuesIn(SSIDS),
                          [](const auto& ssid) { return ssid.param.name; });
 
-TEST_F(Removal, TakesTheNetworkAwayAndLeavesTheOthersTheirNumbers) {
+TEST_F(Removal, KeepsTheIdsOfTheOtherNetworks) {
     supplicant.start(openNetworks({"home", "work", "guest"}));
     supplicant.awaitStatus("ssid=home");
     EXPECT_TRUE(util().removeNetwork(WLAN, 1));
@@ -107,8 +102,7 @@ TEST_F(Removal, TakesTheNetworkAwayAndLeavesTheOthersTheirNumbers) {
 }
 
 TEST_F(Removal, OfTheCurrentNetworkEndsItsConnection) {
-    supplicant.start(openNetworks({"home"}));
-    supplicant.awaitStatus("wpa_state=COMPLETED");
+    startConnected();
     EXPECT_TRUE(util().removeNetwork(WLAN, 0));
     supplicant.awaitStatus("wpa_state=DISCONNECTED");
     EXPECT_THAT(supplicant.networks(), IsEmpty());

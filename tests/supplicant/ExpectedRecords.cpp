@@ -1,11 +1,11 @@
-// Networks as they have to be in memory, worked out from what the client answers with code of its
-// own: nothing here is the library's.
+// Networks as they must be in memory, computed from the client's replies. Nothing here is the library's,
+// so that a mistake of the library is not repeated.
 
 #include "Records.h"
+#include "support/FieldTable.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <iterator>
 #include <optional>
 #include <set>
 #include <sstream>
@@ -14,24 +14,38 @@
 namespace test {
 namespace {
 
+using platwifi::Field;
 using Value = std::optional<std::string>;
+using Values = std::map<std::string, Value>; ///< by the client's keys
 
-constexpr std::size_t LONGEST_VALUE = 127; // of a longer one this is left
-constexpr std::size_t MOST_LINES = 32;
+constexpr std::size_t MAX_VALUE = 127; // the rest of a longer value is dropped
+constexpr std::size_t MAX_LINES = 32;
 
 const char* const CLIENT = "wpa_cli -iwlan0 ";
-const char* const KEYS =
-    "disabled bssid mode priority key_mgmt psk pairwise group proto eap auth_alg wep_tx_keyidx "
-    "wep_key0 wep_key1 wep_key2 wep_key3 scan_ssid identity anonymous_identity password "
-    "private_key_passwd ca_cert ca_path client_cert private_key phase1 phase2 private_key_passwd2 "
-    "ca_cert2 ca_path2 client_cert2 private_key2";
-const char* const TEXTS =
-    "psk identity anonymous_identity password private_key_passwd ca_cert ca_path client_cert "
-    "private_key phase1 phase2 private_key_passwd2 ca_cert2 ca_path2 client_cert2 private_key2";
 
-Lines wordsOf(const std::string& text) {
-    std::istringstream stream(text);
-    return {std::istream_iterator<std::string>(stream), {}};
+Lines keysOf(bool (*isWanted)(const FieldRow&)) {
+    Lines keys;
+    for (const FieldRow& row : fieldRows()) {
+        if (row.key && isWanted(row))
+            keys.push_back(row.key);
+    }
+    return keys;
+}
+
+// What is asked about each network.
+Lines queriedKeys() {
+    Lines keys = keysOf([](const FieldRow& row) { return row.field != Field::SSID; });
+    keys.push_back("disabled");
+    return keys;
+}
+
+bool isWepKey(const FieldRow& row) {
+    return row.field >= Field::WEP_KEY0 && row.field <= Field::WEP_KEY3;
+}
+
+// The texts that are read for every network.
+bool isPlainText(const FieldRow& row) {
+    return isText(row) && !isWepKey(row) && row.field != Field::SSID && row.field != Field::BSSID;
 }
 
 bool contains(const std::string& text, const std::string& part) {
@@ -73,25 +87,28 @@ Value withoutQuotes(std::string value) {
 Value valueIn(const std::string& reply) {
     if (reply.empty() || contains(reply, "FAIL") || contains(reply, "Invalid"))
         return {};
-    return withoutQuotes(reply.substr(0, LONGEST_VALUE));
+    return withoutQuotes(reply.substr(0, MAX_VALUE));
 }
 
-// In its conversation the client repeats a question behind its prompt; the answer is the next line.
-std::string answerTo(const std::string& question, const Lines& conversation) {
-    const auto asked = std::find(conversation.begin(), conversation.end(), "> " + question);
-    if (asked == conversation.end() || asked + 1 == conversation.end())
-        throw std::runtime_error("the client does not say anything to: " + question);
-    return *(asked + 1);
+// In its interactive mode the client repeats a command after its prompt; the reply is the next line.
+std::string replyTo(const std::string& command, const Lines& output) {
+    const auto echo = std::find(output.begin(), output.end(), "> " + command);
+    if (echo == output.end() || echo + 1 == output.end())
+        throw std::runtime_error("the client has no reply to: " + command);
+    return *(echo + 1);
 }
 
-// All fields of a network, asked of one client, which is far quicker than one each.
-std::map<std::string, Value> valuesOf(unsigned int number) {
-    const std::string question = "get_network " + std::to_string(number) + " ";
-    const HostCommand client("{ printf '" + question + "%s\\n' " + KEYS + "; echo quit; } | " +
-                             CLIENT);
-    std::map<std::string, Value> values;
-    for (const std::string& key : wordsOf(KEYS))
-        values[key] = valueIn(answerTo(question + key, client.lines));
+// All fields of a network from one client, which is much faster than a client for each.
+Values valuesOf(unsigned int id) {
+    const std::string command = "get_network " + std::to_string(id) + " ";
+    const Lines keys = queriedKeys();
+    std::string input;
+    for (const std::string& key : keys)
+        input += command + key + "\n";
+    const HostCommand client("echo '" + input + "quit' | " + CLIENT);
+    Values values;
+    for (const std::string& key : keys)
+        values[key] = valueIn(replyTo(command + key, client.lines));
     return values;
 }
 
@@ -114,7 +131,7 @@ Status statusNow() {
 }
 
 struct Listed {
-    unsigned int number;
+    unsigned int id;
     std::string ssid;
     bool isDisabled;
     bool isCurrent;
@@ -137,7 +154,7 @@ std::optional<Listed> listedIn(const std::string& line) {
     const bool isNamed = columns[1] != "any" && !contains(columns[1], ":");
     if (isNamed && columns.size() < 3)
         return {};
-    // Marks are looked for in the whole line, the SSID included.
+    // Flags are looked for in the whole line, the SSID included.
     const bool isDisabled = contains(line, "[DISABLED]");
     return Listed{static_cast<unsigned int>(std::atoi(columns[0].c_str())) & 0xff,
                   isNamed ? columns[1] : "SSID N/A", isDisabled,
@@ -148,7 +165,7 @@ Lines listedLines() {
     Lines lines = HostCommand(std::string(CLIENT) + "list_networks").lines;
     if (!lines.empty())
         lines.erase(lines.begin()); // the header
-    lines.resize(std::min(lines.size(), MOST_LINES));
+    lines.resize(std::min(lines.size(), MAX_LINES));
     return lines;
 }
 
@@ -206,24 +223,24 @@ unsigned int authAlg(const Value& value) {
     return value ? first(*value, {{"OPEN", 1}, {"SHARED", 2}, {"LEAP", 3}}, 4) : 0;
 }
 
-// An empty text is none where there was none before.
+// An empty text does not replace an unset one.
 std::string text(const Value& value) {
     return inWords(value && !value->empty() ? value->c_str() : nullptr);
 }
 
-void addWepKeys(Record& record, const std::map<std::string, Value>& values, bool areRead) {
+void addWepKeys(Record& record, const Values& values, bool areRead) {
     record["wep_tx_keyidx"] = inWords(areRead ? decimal(values.at("wep_tx_keyidx")) : 0);
-    for (const char* const key : {"wep_key0", "wep_key1", "wep_key2", "wep_key3"})
+    for (const std::string& key : keysOf(isWepKey))
         record[key] = text(areRead ? values.at(key) : Value());
 }
 
 Record recordOf(const Listed& listed, bool isCurrent, const std::string& state) {
-    const auto values = valuesOf(listed.number);
+    const auto values = valuesOf(listed.id);
     const unsigned int keys = keyManagement(values.at("key_mgmt"));
     const bool isDisabled = listed.isDisabled || decimal(values.at("disabled")) != 0;
     Record record{
         {"ssid", listed.ssid},
-        {"number", inWords(listed.number)},
+        {"id", inWords(listed.id)},
         {"status", inWords(networkStatus(isDisabled, isCurrent, state))},
         {"bssid", values.at("bssid").value_or("00:00:00:00:00:00")},
         {"mode", inWords(decimal(values.at("mode"), 2))},
@@ -235,13 +252,13 @@ Record recordOf(const Listed& listed, bool isCurrent, const std::string& state) 
         {"eap", inWords(eap(values.at("eap")))},
         {"auth_alg", inWords(authAlg(values.at("auth_alg")))},
         {"broadcast", inWords(values.at("scan_ssid") == "0")},
-        // No line of a scan is nothing but an SSID, so that a scan tells nothing.
+        // A load takes nothing from a scan line that is more than an SSID.
         {"channel", inWords(0u)},
         {"strength", inWords(0u)},
         {"ip_address", inWords(nullptr)},
         {"changed", inWords(false)},
     };
-    for (const std::string& key : wordsOf(TEXTS))
+    for (const std::string& key : keysOf(isPlainText))
         record[key] = text(values.at(key));
     addWepKeys(record, values, keys == 1 || keys == 8);
     return record;
@@ -255,7 +272,7 @@ Records expectedRecords() {
     Records records;
     for (const std::string& line : listedLines()) {
         const auto listed = listedIn(line);
-        if (!listed || !ssids.insert(listed->ssid).second) // the first one with an SSID stays
+        if (!listed || !ssids.insert(listed->ssid).second) // of two with one SSID the first is kept
             continue;
         const bool isCurrent = status.ssid ? *status.ssid == listed->ssid : listed->isCurrent;
         records.push_back(recordOf(*listed, isCurrent, status.state));

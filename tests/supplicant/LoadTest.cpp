@@ -1,4 +1,4 @@
-// Loading: every field of every kind of network, as the supplicant has it.
+// Loading every field of every kind of network.
 
 #include "SettingsTest.h"
 
@@ -79,7 +79,7 @@ TEST_F(Loading, TakesEveryFieldOfEveryKindOfNetwork) {
     expectAllAsConfigured();
 }
 
-// What the client itself was told, so that no common mistake of the two readings is overlooked.
+// With constant values, because expectedRecords() could make the same mistake as the library.
 // LOAD-5
 TEST_F(Loading, TakesWhatIsConfigured) {
     load(
@@ -90,7 +90,7 @@ TEST_F(Loading, TakesWhatIsConfigured) {
         network("ssid=\"old\"\n key_mgmt=NONE\n wep_key2=\"abcde\"\n wep_tx_keyidx=2\n"
                 " auth_alg=SHARED"));
     const test::Record office{
-        {"number", "1"},     {"status", "5"},       {"bssid", "02:11:22:33:44:55"},
+        {"id", "1"},         {"status", "5"},       {"bssid", "02:11:22:33:44:55"},
         {"mode", "0"},       {"priority", "7"},     {"key_mgmt", "4"},
         {"psk", "not set"},  {"pairwise", "4"},     {"group", "6"},
         {"proto", "2"},      {"eap", "4"},          {"auth_alg", "0"},
@@ -133,14 +133,14 @@ TEST_F(Loading, TakesOddSsidsAsTheClientPrintsThem) {
 }
 
 // LOAD-8
-TEST_F(Loading, TakesANameWithAColonForAnAddress) {
+TEST_F(Loading, TakesAnSsidWithAColonForABssid) {
     load(openNetworks({"open", "a:b"}));
     expectAllAsConfigured();
     EXPECT_THAT(loadedSsids(), ElementsAre("SSID N/A", "open"));
-    EXPECT_EQ(loaded("SSID N/A", "number"), "1");
+    EXPECT_EQ(loaded("SSID N/A", "id"), "1");
 }
 
-// Its line arrives in two pieces, and the second one looks like one without SSID.
+// Its line arrives in two pieces, and the second looks like the line of a network without an SSID.
 TEST_F(Loading, TakesTheLongestSsidWhole) {
     std::string ssid;
     std::string printed;
@@ -152,13 +152,13 @@ TEST_F(Loading, TakesTheLongestSsidWhole) {
          openNetworks({"last"}));
     expectAllAsConfigured();
     EXPECT_THAT(loadedSsids(), ElementsAre("last", printed, "open"));
-    EXPECT_EQ(loaded(printed, "number"), "1");
+    EXPECT_EQ(loaded(printed, "id"), "1");
 }
 
 TEST_F(Loading, NamesANetworkWithoutSsid) {
     load(openNetworks({"open"}) + network("key_mgmt=NONE\n disabled=1\n priority=4"));
     expectAllAsConfigured();
-    EXPECT_EQ(loaded("SSID N/A", "number"), "1");
+    EXPECT_EQ(loaded("SSID N/A", "id"), "1");
     EXPECT_EQ(loaded("SSID N/A", "priority"), "4");
 }
 
@@ -167,7 +167,7 @@ TEST_F(Loading, KeepsTheFirstOfTwoNetworksWithOneSsid) {
          network("ssid=\"twin\"\n psk=\"12345678\"\n disabled=1"));
     expectAllAsConfigured();
     EXPECT_THAT(loadedSsids(), ElementsAre("twin", "first"));
-    EXPECT_EQ(loaded("twin", "number"), "1");
+    EXPECT_EQ(loaded("twin", "id"), "1");
 }
 
 TEST_F(Loading, TakesThe32NetworksListedFirstAndPutsTheLastOfThemInFront) {
@@ -196,7 +196,7 @@ TEST_F(Loading, OfNoNetworkIsNoFailure) {
     EXPECT_TRUE(settings().addNetwork(test::WLAN, "new"));
 }
 
-TEST_F(Loading, SeesThatNoNetworkIsUsedAfterADisconnection) {
+TEST_F(Loading, ShowsNoConnectedNetworkAfterADisconnection) {
     load(openNetworks({"home", "work"}));
     ASSERT_THAT(supplicant.ask("disconnect"), ElementsAre("OK"));
     supplicant.awaitStatus("wpa_state=DISCONNECTED");

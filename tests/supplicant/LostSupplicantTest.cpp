@@ -1,4 +1,4 @@
-// A supplicant that is gone, or goes while its networks are loaded.
+// A supplicant that ends while its networks are loaded.
 
 #include "SettingsTest.h"
 #include "WatchedClient.h"
@@ -10,8 +10,8 @@ using testing::IsEmpty;
 
 namespace {
 
-// The third question about a network finds no supplicant any more.
-const std::string CRASH_AMID_A_LOAD =
+// Kills the supplicant before the client's third get_network.
+const std::string CRASH_DURING_A_LOAD =
     "if [ $(grep -c get_network /tmp/watched-client/commands) = 3 ]; then\n"
     "    supplicant=$(cat /var/run/wpa_supplicant.pid)\n"
     "    kill -9 $supplicant\n"
@@ -27,21 +27,21 @@ void expectNoNetworks(WifiHostSettings& settings) {
 
 using LostSupplicant = test::SettingsTest;
 
-TEST_F(LostSupplicant, IsMissedUntilAReloadFindsItAgain) {
+TEST_F(LostSupplicant, LeavesNoNetworksUntilAReload) {
     load(openNetworks({"home", "work"}));
     const Leftovers before = Leftovers::now();
     {
-        const test::WatchedClient client(CRASH_AMID_A_LOAD);
+        const test::WatchedClient client(CRASH_DURING_A_LOAD);
         EXPECT_TRUE(settings().refreshAllSettings());
         EXPECT_THAT(client.commands(), testing::Contains("-iwlan0 get_network 1 priority"));
     }
-    supplicant.crash(); // it is dead, and still to be reaped
+    supplicant.crash(); // reaps it
     expectNoNetworks(settings());
     WifiHostSettings::reload(nullptr);
     expectNoNetworks(settings());
     supplicant.startAgain();
-    EXPECT_TRUE(settings().addNetwork(WLAN, "new")) << "the supplicant takes it";
-    expectNoNetworks(settings()); // until somebody asks for them
+    EXPECT_TRUE(settings().addNetwork(WLAN, "new")) << "the supplicant accepts it";
+    expectNoNetworks(settings()); // before a reload
     supplicant.awaitStatus("wpa_state=COMPLETED");
     WifiHostSettings::reload(nullptr);
     EXPECT_THAT(loadedSsids(), testing::ElementsAre("new", "work", "home"));

@@ -1,4 +1,4 @@
-// What is done with one network at the supplicant, asked of the supplicant.
+// Operations on one network, with their effect in the supplicant.
 
 #include "SettingsTest.h"
 #include "WatchedClient.h"
@@ -16,8 +16,8 @@ class Operations : public test::SettingsTest {
 protected:
     Operations() { load(openNetworks({"home", "work", "guest"}), "ssid=home"); }
 
-    // How the supplicant itself has marked the network.
-    std::string mark(const std::string& ssid) const {
+    // The flag of the network in the supplicant's list.
+    std::string listFlag(const std::string& ssid) const {
         for (const std::string& line : supplicant.networks()) {
             if (line.find("\t" + ssid + "\t") != std::string::npos)
                 return line.substr(line.rfind('\t') + 1);
@@ -29,9 +29,9 @@ protected:
 TEST_F(Operations, AddAnEnabledNetwork) {
     EXPECT_TRUE(settings().addNetwork(WLAN, "new"));
     EXPECT_THAT(configuredSsids(), ElementsAre("home", "work", "guest", "new"));
-    EXPECT_EQ(supplicant.ask("get_network " + loaded("new", "number") + " ssid"),
+    EXPECT_EQ(supplicant.ask("get_network " + loaded("new", "id") + " ssid"),
               test::Lines{"\"new\""});
-    EXPECT_EQ(mark("new"), "");
+    EXPECT_EQ(listFlag("new"), "");
     EXPECT_THAT(loadedSsids(), ElementsAre("new", "guest", "work", "home"));
 }
 
@@ -43,7 +43,7 @@ TEST_F(Operations, AddNoSecondNetworkWithAnSsid) {
 TEST_F(Operations, RemoveTheNetworkWithTheSsid) {
     EXPECT_TRUE(settings().removeNetwork(WLAN, "work"));
     EXPECT_THAT(configuredSsids(), ElementsAre("home", "guest"));
-    EXPECT_TRUE(settings().removeNetwork(WLAN, "work")) << "not there any more";
+    EXPECT_TRUE(settings().removeNetwork(WLAN, "work")) << "it is removed already";
     EXPECT_THAT(configuredSsids(), ElementsAre("home", "guest"));
     EXPECT_THAT(loadedSsids(), ElementsAre("guest", "home"));
 }
@@ -52,11 +52,11 @@ TEST_F(Operations, ConnectToTheNetworkWithTheSsid) {
     EXPECT_TRUE(settings().connectNetwork(WLAN, "work"));
     supplicant.awaitStatus("ssid=work");
     supplicant.awaitStatus("wpa_state=COMPLETED");
-    EXPECT_EQ(mark("work"), "[CURRENT]");
+    EXPECT_EQ(listFlag("work"), "[CURRENT]");
     EXPECT_EQ(loaded("work", "status"), "4") << "connecting";
     EXPECT_EQ(loaded("home", "status"), "1") << "enabled";
     EXPECT_FALSE(settings().connectNetwork(WLAN, "nowhere"));
-    EXPECT_EQ(mark("work"), "[CURRENT]");
+    EXPECT_EQ(listFlag("work"), "[CURRENT]");
 }
 
 TEST_F(Operations, DisconnectUntilTheNextConnection) {
@@ -79,7 +79,7 @@ TEST_F(Operations, ReassociateBeforeAConnectionThatFollowsADisconnection) {
                                                "-iwlan0 reassociate", "-iwlan0 select 1"));
 }
 
-TEST_F(Operations, DisconnectFromNothingWhereTheSsidIsUnknown) {
+TEST_F(Operations, DisconnectFromNoNetworkIfTheSsidIsUnknown) {
     EXPECT_TRUE(settings().disconnectNetwork(WLAN, "nowhere"));
     EXPECT_THAT(supplicant.ask("status"), Contains("wpa_state=COMPLETED"));
 }
@@ -87,14 +87,14 @@ TEST_F(Operations, DisconnectFromNothingWhereTheSsidIsUnknown) {
 TEST_F(Operations, RoamWithEveryNetworkEnabledAgain) {
     EXPECT_TRUE(settings().connectNetwork(WLAN, "guest"));
     supplicant.awaitStatus("ssid=guest");
-    ASSERT_EQ(mark("home"), "[DISABLED]") << "a selection disables the others";
+    ASSERT_EQ(listFlag("home"), "[DISABLED]") << "a selection disables the others";
     EXPECT_TRUE(settings().roamNetworks(WLAN));
     supplicant.awaitStatus("wpa_state=COMPLETED");
     for (const char* const ssid : {"home", "work", "guest"})
-        EXPECT_NE(mark(ssid), "[DISABLED]") << ssid;
+        EXPECT_NE(listFlag(ssid), "[DISABLED]") << ssid;
 }
 
-TEST_F(Operations, TellTheNameOfTheAdapter) {
+TEST_F(Operations, ListTheAdapter) {
     platwifi::ReplyLines names(2);
     EXPECT_TRUE(settings().getWifiAdapters(names.data(), names.capacity(), &names.count));
     EXPECT_THAT(test::toStrings(names), ElementsAre(WLAN));

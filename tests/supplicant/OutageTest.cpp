@@ -1,4 +1,4 @@
-// A supplicant that is gone, or stands still.
+// A supplicant that has ended, or is stopped.
 
 #include "SupplicantTest.h"
 
@@ -66,20 +66,20 @@ protected:
 
     bool run() { return GetParam().run(util()); }
 
-    void expectFailureWithoutTrace() {
+    void expectFailureWithoutLeftovers() {
         const Leftovers before = Leftovers::now();
         EXPECT_FALSE(run());
         EXPECT_TRUE(Leftovers::now() == before);
     }
 };
 
-TEST_P(Outage, LetsItFailUntilTheSupplicantIsBack) {
+TEST_P(Outage, MakesTheOperationFailUntilTheNextStart) {
     supplicant.stop();
-    expectFailureWithoutTrace();
+    expectFailureWithoutLeftovers();
     supplicant.startAgain();
     EXPECT_TRUE(run());
     supplicant.crash();
-    expectFailureWithoutTrace();
+    expectFailureWithoutLeftovers();
 }
 
 INSTANTIATE_TEST_SUITE_P(Supplicant, Outage, testing::ValuesIn(OPERATIONS),
@@ -94,11 +94,10 @@ std::vector<std::string> clientSockets() {
     return sockets;
 }
 
-class StandStill : public test::SupplicantTest {};
+class StoppedSupplicant : public test::SupplicantTest {};
 
-TEST_F(StandStill, EndsTheClientsPatienceUntilTheSupplicantGoesOn) {
-    supplicant.start(openNetworks({"home"}));
-    supplicant.awaitStatus("wpa_state=COMPLETED");
+TEST_F(StoppedSupplicant, MakesTheLibraryKillTheClient) {
+    startConnected();
     EXPECT_EQ(list(&WifiUtil::getCurrentNetworkStatus), supplicant.ask("status"));
     const Leftovers before = Leftovers::now();
     supplicant.suspend();
@@ -113,9 +112,8 @@ TEST_F(StandStill, EndsTheClientsPatienceUntilTheSupplicantGoesOn) {
 }
 
 // CMD-12
-TEST_F(StandStill, LeavesTheCommandOfAKilledClientInTheSocket) {
-    supplicant.start(openNetworks({"home"}));
-    supplicant.awaitStatus("wpa_state=COMPLETED");
+TEST_F(StoppedSupplicant, LeavesTheCommandOfAKilledClientInTheSocket) {
+    startConnected();
     EXPECT_TRUE(util().setNetworkValue(WLAN, 0, "priority", "1"));
     supplicant.suspend();
     testing::internal::CaptureStderr();

@@ -1,4 +1,4 @@
-// Whether the supplicant runs, and what the library makes of the client's replies.
+// Whether the supplicant runs, and whether replies begin with a stamp.
 
 #include "SupplicantTest.h"
 
@@ -10,7 +10,7 @@ namespace {
 
 using Presence = test::SupplicantTest;
 
-TEST_F(Presence, IsToldByThePidFile) {
+TEST_F(Presence, IsReadFromThePidFile) {
     EXPECT_FALSE(util().isWifiEnabled(nullptr));
     supplicant.start();
     EXPECT_TRUE(util().isWifiEnabled(nullptr));
@@ -18,7 +18,7 @@ TEST_F(Presence, IsToldByThePidFile) {
     EXPECT_FALSE(util().isWifiEnabled(nullptr));
 }
 
-TEST_F(Presence, IsToldByTheProcessList) {
+TEST_F(Presence, IsReadFromTheProcessList) {
     EXPECT_FALSE(util().isWifiEnabled(WLAN));
     supplicant.start();
     EXPECT_TRUE(util().isWifiEnabled(WLAN));
@@ -33,17 +33,16 @@ TEST_F(Presence, OfAnyInterfaceCountsInTheProcessList) {
 }
 
 // RUNS-3
-TEST_F(Presence, IsStillClaimedByThePidFileAfterACrash) {
+TEST_F(Presence, IsStillReadFromThePidFileAfterACrash) {
     supplicant.start();
     supplicant.crash();
     EXPECT_TRUE(util().isWifiEnabled(nullptr));
     EXPECT_FALSE(util().isWifiEnabled(WLAN));
 }
 
-// A BSSID has the colons of a time of day: were stamps expected, it would lose its head.
-TEST_F(Presence, BringsRepliesWithoutStamps) {
-    supplicant.start(openNetworks({"home"}));
-    supplicant.awaitStatus("wpa_state=COMPLETED");
+// A BSSID has colons, as a stamp has: if stamps were expected, its beginning would be removed.
+TEST_F(Presence, GivesRepliesWithoutStamps) {
+    startConnected();
     EXPECT_EQ(list(&WifiUtil::getCurrentNetworkStatus).at(0), "bssid=01:80:c2:00:00:03");
 }
 

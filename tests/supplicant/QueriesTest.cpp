@@ -1,4 +1,4 @@
-// What the supplicant is asked: adapters, networks, status.
+// The queries: adapters, networks, status.
 
 #include "SupplicantTest.h"
 
@@ -21,7 +21,7 @@ Lines adapters(WifiUtil& util) {
     return test::toStrings(lines);
 }
 
-TEST_F(Adapters, AreThoseTheSupplicantServes) {
+TEST_F(Adapters, AreThoseThatTheSupplicantServes) {
     supplicant.start();
     EXPECT_THAT(adapters(util()), ElementsAre(WLAN));
 }
@@ -31,13 +31,12 @@ TEST_F(NetworkList, IsEmptyWithoutNetworks) {
     EXPECT_THAT(list(&WifiUtil::getNetworkDatabaseSsids), IsEmpty());
 }
 
-TEST_F(NetworkList, HoldsTheOneNetwork) {
-    supplicant.start(openNetworks({"home"}));
-    supplicant.awaitStatus("wpa_state=COMPLETED");
+TEST_F(NetworkList, HasTheOnlyNetwork) {
+    startConnected();
     EXPECT_THAT(list(&WifiUtil::getNetworkDatabaseSsids), ElementsAre("0\thome\tany\t[CURRENT]"));
 }
 
-TEST_F(NetworkList, HoldsNumberSsidBssidAndFlagsOfEachNetwork) {
+TEST_F(NetworkList, HasIdSsidBssidAndFlagsOfEachNetwork) {
     supplicant.start(openNetworks({"home"}) +
                      "network={\n\tssid=\"work\"\n\tbssid=02:11:22:33:44:55\n\tkey_mgmt=NONE\n}\n"
                      "network={\n\tssid=\"guest\"\n\tkey_mgmt=NONE\n\tdisabled=1\n}\n");
@@ -47,7 +46,7 @@ TEST_F(NetworkList, HoldsNumberSsidBssidAndFlagsOfEachNetwork) {
                             "2\tguest\tany\t[DISABLED]"));
 }
 
-TEST_F(NetworkList, EndsWhereTheCallersRoomEnds) {
+TEST_F(NetworkList, HasNoMoreEntriesThanTheCallerCanTake) {
     Lines ssids;
     for (int i = 0; i < 40; ++i)
         ssids.push_back("net " + std::to_string(i));
@@ -75,9 +74,8 @@ TEST_F(Status, SaysThatNothingIsConnected) {
     EXPECT_THAT(list(&WifiUtil::getCurrentNetworkStatus), Contains("wpa_state=DISCONNECTED"));
 }
 
-TEST_F(Status, IsWhatTheSupplicantSaysLineByLine) {
-    supplicant.start(openNetworks({"home"}));
-    supplicant.awaitStatus("wpa_state=COMPLETED");
+TEST_F(Status, HasTheLinesOfTheSupplicant) {
+    startConnected();
     const Lines status = list(&WifiUtil::getCurrentNetworkStatus);
     EXPECT_EQ(status, supplicant.ask("status"));
     EXPECT_THAT(status, Contains("ssid=home"));
@@ -86,9 +84,8 @@ TEST_F(Status, IsWhatTheSupplicantSaysLineByLine) {
     EXPECT_THAT(status, Contains("wpa_state=COMPLETED"));
 }
 
-TEST_F(Status, EndsWhereTheCallersRoomEnds) {
-    supplicant.start(openNetworks({"home"}));
-    supplicant.awaitStatus("wpa_state=COMPLETED");
+TEST_F(Status, HasNoMoreEntriesThanTheCallerCanTake) {
+    startConnected();
     EXPECT_THAT(list(&WifiUtil::getCurrentNetworkStatus, 2),
                 ElementsAre("bssid=01:80:c2:00:00:03", "freq=0"));
 }

@@ -63,7 +63,7 @@ protected:
     char value[256] = "untouched";
 };
 
-// The supplicant forgets the old value over a new one that it refuses.
+// The supplicant drops the old value when it refuses a new one.
 TEST_F(ReadValue, FailsAfterARefusedKeyManagement) {
     EXPECT_TRUE(read("key_mgmt"));
     EXPECT_STREQ(value, "NONE");
@@ -86,12 +86,12 @@ TEST_F(ReadValue, FailsForAnUnknownNetwork) {
     EXPECT_FALSE(read("ssid", 7));
 }
 
-TEST_F(ReadValue, FillsSmallRoomWithoutAnEnd) {
+TEST_F(ReadValue, FillsASmallBufferWithoutATerminator) {
     EXPECT_TRUE(util().getNetworkValue(WLAN, 0, "ssid", value, 2));
-    EXPECT_STREQ(value, "netouched") << "two characters, and what was there";
+    EXPECT_STREQ(value, "netouched") << "two characters, and the rest unchanged";
 }
 
-// The reply is searched for the words of a refusal, wherever they stand in it.
+// The library looks for the words of a refusal anywhere in the reply.
 // REPLY-4
 TEST_F(ReadValue, FailsForAValueThatReadsLikeARefusal) {
     for (const std::string ssid : {"FAILSAFE", "Invalid"}) {
@@ -101,8 +101,8 @@ TEST_F(ReadValue, FailsForAValueThatReadsLikeARefusal) {
     }
 }
 
-// A reply line holds 127 characters. A longer text is cut before its closing quote, and then cut
-// again at the opening one.
+// A line of a reply has at most 127 characters. A longer text loses its closing quote; the library then
+// cuts it at the last quote, which is the opening one.
 // REPLY-9
 TEST_F(ReadValue, IsEmptyForATextThatDoesNotFitALine) {
     EXPECT_TRUE(util().setNetworkValue(WLAN, 0, "identity", std::string(125, 'x').c_str()));

@@ -1,9 +1,6 @@
-// Networks that the supplicant has numbered anew are still told apart.
+// After the supplicant has assigned new network ids, an operation still reaches its own network.
 
-#include "SupplicantTest.h"
-#include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
-#include "settings/WifiHostSettings.h"
+#include "SettingsTest.h"
 
 #include <sstream>
 #include <string>
@@ -19,22 +16,21 @@ using testing::StartsWith;
 
 namespace {
 
-class Renumbering : public test::SupplicantTest {
+class Renumbering : public test::SettingsTest {
 protected:
-    ~Renumbering() override { WifiHostSettings::unload(); }
-
-    WifiHostSettings& settings() { return *WifiHostSettings::getInstance(nullptr); }
-
-    // Without keys: the supplicant does not save a network that lacks the key it needs.
-    void add(const char* ssid) {
-        ASSERT_TRUE(settings().addNetwork(WLAN, ssid));
-        const platwifi::SettingsLock lock(settings());
-        settings().getNetwork(WLAN, ssid)->setKeyManagement(KEY_MGMT_NONE);
+    // "work" has the id 0 now.
+    void expectIdentityReachesWork() {
+        EXPECT_TRUE(settings().connectNetwork(WLAN, "work"));
+        supplicant.awaitStatus("ssid=work");
+        change("work", [](WifiNetwork& network) { return network.setEAPIdentity("me"); });
+        EXPECT_EQ(settings().saveNetworkSettings(), 1);
+        EXPECT_THAT(supplicant.ask("get_network 0 identity"), ElementsAre("\"me\""));
+        EXPECT_THAT(supplicant.ask("get_network 1 identity"), ElementsAre("FAIL"));
     }
 };
 
 TEST_F(Renumbering, DoesNotLeadToAnotherNetwork) {
-    supplicant.start(openNetworks({"home", "work", "cafe"}));
+    load(openNetworks({"home", "work", "cafe"}));
     EXPECT_TRUE(settings().removeNetwork(WLAN, "home"));
     EXPECT_EQ(settings().saveNetworkSettings(), 1);
     EXPECT_THAT(supplicant.networks(),
@@ -48,11 +44,11 @@ TEST_F(Renumbering, DoesNotLeadToAnotherNetwork) {
 TEST_F(Renumbering, FindsAnySsidAgain) {
     const std::string ssids[] = {"caf\xc3\xa9",    "caf\xe9", "a\"b\\c", std::string(32, '\xd0'),
                                  "\x1b\t\x01\x7f", "my:net",  "any",     " two words "};
-    supplicant.start(openNetworks({"home", "work"}));
+    load(openNetworks({"home", "work"}));
     for (const std::string& ssid : ssids) {
         SCOPED_TRACE(ssid);
-        add(ssid.c_str());
-        add("last");
+        addOpen(ssid);
+        addOpen("last");
         ASSERT_TRUE(settings().removeNetwork(WLAN, "home"));
         ASSERT_EQ(settings().saveNetworkSettings(), 1);
         EXPECT_TRUE(settings().connectNetwork(WLAN, ssid.c_str()));
@@ -64,74 +60,52 @@ TEST_F(Renumbering, FindsAnySsidAgain) {
         EXPECT_THAT(supplicant.networks(),
                     ElementsAre(StartsWith("0\twork\t"), StartsWith("2\tlast\t")));
         ASSERT_TRUE(settings().removeNetwork(WLAN, "last"));
-        add("home");
-        // As it was at first, "home" behind "work".
+        addOpen("home");
+        // The first state again, with "home" after "work".
         ASSERT_EQ(settings().saveNetworkSettings(), 1);
     }
 }
 
-// What the three steps of a change are to a network in memory.
-void edit(WifiHostSettings& settings, const char* ssid, bool (*change)(WifiNetwork&)) {
-    const platwifi::SettingsLock lock(settings);
-    WifiNetwork* const network = settings.getNetwork(WLAN, ssid);
-    ASSERT_NE(network, nullptr) << ssid;
-    EXPECT_TRUE(change(*network));
-}
-
-bool setPriority(WifiNetwork& network) {
-    return network.setPriority(3);
-}
-
-bool needKey(WifiNetwork& network) {
+bool requireKey(WifiNetwork& network) {
     return network.setKeyManagement(KEY_MGMT_WPA_PSK);
 }
 
-bool giveShortKey(WifiNetwork& network) {
+bool setShortKey(WifiNetwork& network) {
     return network.setPsk("short");
 }
 
 TEST_F(Renumbering, ByANetworkWithoutItsKeyDoesNotLeadToAnotherOne) {
-    supplicant.start(openNetworks({"home", "work", "cafe"}));
-    edit(settings(), "home", needKey);
+    load(openNetworks({"home", "work", "cafe"}));
+    change("home", requireKey);
     EXPECT_EQ(settings().saveNetworkSettings(), 1);
     EXPECT_THAT(supplicant.networks(),
                 ElementsAre(StartsWith("0\twork\t"), StartsWith("1\tcafe\t")));
-    EXPECT_TRUE(settings().connectNetwork(WLAN, "work"));
-    supplicant.awaitStatus("ssid=work");
-    edit(settings(), "work", [](WifiNetwork& network) { return network.setEAPIdentity("me"); });
-    EXPECT_EQ(settings().saveNetworkSettings(), 1);
-    EXPECT_THAT(supplicant.ask("get_network 0 identity"), ElementsAre("\"me\""));
-    EXPECT_THAT(supplicant.ask("get_network 1 identity"), ElementsAre("FAIL"));
-    edit(settings(), "home", setPriority);
-    EXPECT_EQ(settings().saveNetworkSettings(), 0) << "it is not there any more";
+    expectIdentityReachesWork();
+    changePriority("home", 3);
+    EXPECT_EQ(settings().saveNetworkSettings(), 0) << "the supplicant has lost it";
     EXPECT_FALSE(settings().connectNetwork(WLAN, "home"));
 }
 
 TEST_F(Renumbering, ByANetworkWhoseKeyWasRefusedDoesNotLeadToAnotherOne) {
-    supplicant.start(openNetworks({"home", "work"}));
-    edit(settings(), "home", needKey);
-    edit(settings(), "home", giveShortKey);
+    load(openNetworks({"home", "work"}));
+    change("home", requireKey);
+    change("home", setShortKey);
     EXPECT_EQ(settings().saveNetworkSettings(), 1);
     EXPECT_TRUE(settings().removeNetwork(WLAN, "work"));
     EXPECT_THAT(supplicant.networks(), IsEmpty());
 }
 
 TEST_F(Renumbering, AfterARemovalAndAReloadDoesNotLeadToAnotherNetwork) {
-    supplicant.start(openNetworks({"home", "work", "cafe"}));
+    load(openNetworks({"home", "work", "cafe"}));
     EXPECT_TRUE(settings().removeNetwork(WLAN, "home"));
     EXPECT_TRUE(settings().refreshAllSettings());
-    edit(settings(), "cafe", setPriority);
+    changePriority("cafe", 3);
     EXPECT_EQ(settings().saveNetworkSettings(), 1);
-    EXPECT_TRUE(settings().connectNetwork(WLAN, "work"));
-    supplicant.awaitStatus("ssid=work");
-    edit(settings(), "work", [](WifiNetwork& network) { return network.setEAPIdentity("me"); });
-    EXPECT_EQ(settings().saveNetworkSettings(), 1);
-    EXPECT_THAT(supplicant.ask("get_network 0 identity"), ElementsAre("\"me\""));
-    EXPECT_THAT(supplicant.ask("get_network 1 identity"), ElementsAre("FAIL"));
+    expectIdentityReachesWork();
 }
 
-// Networks of the file, and what another program has added since without a save. Each is the first of
-// two; where the supplicant leaves it out of its file, the other gets its id.
+// The first network of the configuration file. If the supplicant leaves it out of its file, the second
+// gets its id.
 struct Configured {
     const char* name;
     const char* fields;
@@ -160,12 +134,11 @@ class RenumberingBy : public Renumbering, public testing::WithParamInterface<Con
 
 // ID-2
 TEST_P(RenumberingBy, ANetworkThatIsLeftOutOfTheFileDoesNotLeadToAnotherOne) {
-    supplicant.start(std::string("network={\nssid=\"first\"\n") + GetParam().fields + "\n}\n" +
-                     openNetworks({"second", "third"}));
-    for (int i = 0; i < 2; ++i) {
-        edit(
-            settings(), "third",
-            i == 0 ? setPriority : [](WifiNetwork& network) { return network.setPriority(4); });
+    load(std::string("network={\nssid=\"first\"\n") + GetParam().fields + "\n}\n" +
+             openNetworks({"second", "third"}),
+         "");
+    for (const unsigned int priority : {3u, 4u}) {
+        changePriority("third", priority);
         EXPECT_EQ(settings().saveNetworkSettings(), 1);
         EXPECT_TRUE(settings().connectNetwork(WLAN, "second"));
         for (const std::string& line : supplicant.networks())
@@ -178,7 +151,7 @@ TEST_P(RenumberingBy, ANetworkThatIsLeftOutOfTheFileDoesNotLeadToAnotherOne) {
 INSTANTIATE_TEST_SUITE_P(Supplicant, RenumberingBy, testing::ValuesIn(CONFIGURED),
                          [](const auto& test) { return test.param.name; });
 
-// As the client prints bytes that are all beyond ASCII.
+// How the client prints bytes that are not ASCII.
 std::string printed(const std::string& bytes) {
     std::ostringstream text;
     for (const char byte : bytes)
@@ -193,12 +166,11 @@ TEST_F(Renumbering, LeadsToNoOtherNetworkThanTheOneWithALongSsid) {
         "\xf0\x9f\x98\x84\xf0\x9f\x98\x85\xf0\x9f\x98\x86\xf0\x9f\x98\x87",
         "\xd0\xb0\xd0\xb1\xd0\xb2\xd0\xb3\xd0\xb4\xd0\xb5\xd0\xb6\xd0\xb7"
         "\xd0\xb8\xd0\xb9\xd0\xba\xd0\xbb\xd0\xbc\xd0\xbd\xd0\xbe\xd0\xbf"};
-    supplicant.start(openNetworks({"home", ssids[0], "work", ssids[1], "cafe"}));
-    settings().refreshAllSettings();
+    load(openNetworks({"home", ssids[0], "work", ssids[1], "cafe"}));
     for (const std::string& bytes : ssids) {
         SCOPED_TRACE(bytes);
         const std::string ssid = printed(bytes);
-        edit(settings(), ssid.c_str(), setPriority);
+        changePriority(ssid, 3);
         EXPECT_EQ(settings().saveNetworkSettings(), 1);
         EXPECT_TRUE(settings().connectNetwork(WLAN, ssid.c_str()));
         supplicant.awaitStatus("ssid=" + ssid);

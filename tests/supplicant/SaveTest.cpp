@@ -1,10 +1,6 @@
-// Saving: what comes to stand in the configuration file, and which network it is done to.
+// Saving: what is in the configuration file afterwards, and which network a change reaches.
 
 #include "SettingsTest.h"
-#include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
-
-#include <functional>
 
 using test::openNetworks;
 using test::WLAN;
@@ -17,17 +13,6 @@ namespace {
 
 class Saving : public test::SettingsTest {
 protected:
-    static void change(const char* ssid, const std::function<void(WifiNetwork&)>& edit) {
-        const platwifi::SettingsLock lock(settings());
-        WifiNetwork* const network = settings().getNetwork(WLAN, ssid);
-        ASSERT_NE(network, nullptr) << ssid;
-        edit(*network);
-    }
-
-    static void changePriority(const char* ssid, unsigned int priority) {
-        change(ssid, [&](WifiNetwork& network) { network.setPriority(priority); });
-    }
-
     // Of every network in the supplicant, as "SSID priority".
     test::Lines priorities() const {
         test::Lines lines;
@@ -52,7 +37,7 @@ TEST_F(Saving, WritesANewNetworkIntoTheFile) {
         network.setPsk("correct horse");
         network.setProtocol(PROTOCOL_RSN);
         network.setPriority(3);
-        network.setSsidBroadcasted(false);
+        return network.setSsidBroadcasted(false);
     });
     EXPECT_EQ(settings().saveNetworkSettings(), 1);
     EXPECT_THAT(supplicant.file(),
@@ -71,8 +56,8 @@ TEST_F(Saving, WritesNothingThatWasNotChanged) {
                                                  "\tkey_mgmt=WPA-PSK IEEE8021X", "\tpriority=5"}));
 }
 
-// It is for WPA as long as nobody says otherwise, and the supplicant saves no such network without a
-// key. What is left in memory must not be taken for another network.
+// By default the key management is a kind of WPA, and the supplicant saves no such network without a
+// key. The network that is left in memory must not be taken for another one.
 // ID-2, ID-3
 TEST_F(Saving, LosesANewNetworkWithoutAnySecurityInTheSupplicant) {
     load(openNetworks({"home", "work"}));
@@ -85,7 +70,7 @@ TEST_F(Saving, LosesANewNetworkWithoutAnySecurityInTheSupplicant) {
     EXPECT_THAT(configuredSsids(), ElementsAre("work"));
 }
 
-TEST_F(Saving, FailsWhereTheSupplicantMayNotSave) {
+TEST_F(Saving, FailsIfTheSupplicantMayNotSave) {
     supplicant.replaceFile(openNetworks({"home"}), test::Supplicant::Saving::Refused);
     ASSERT_THAT(supplicant.ask("reconfigure"), ElementsAre("OK"));
     settings().refreshAllSettings();
@@ -95,10 +80,10 @@ TEST_F(Saving, FailsWhereTheSupplicantMayNotSave) {
     EXPECT_EQ(supplicant.file(), before);
 }
 
-// The supplicant numbers its networks anew when it reads its file again.
-class Renumbering : public Saving {
+// The supplicant assigns new network ids when it reads its file.
+class RenumberedNetworks : public Saving {
 protected:
-    Renumbering() {
+    RenumberedNetworks() {
         load(openNetworks({"first", "second", "third", "fourth"}), "ssid=first");
         EXPECT_TRUE(settings().removeNetwork(WLAN, "first"));
         EXPECT_EQ(settings().saveNetworkSettings(), 1);
@@ -106,28 +91,28 @@ protected:
     }
 };
 
-TEST_F(Renumbering, LetsTheNetworkBeSelectedThatWasAskedFor) {
+TEST_F(RenumberedNetworks, AreSelectedBySsid) {
     EXPECT_TRUE(settings().connectNetwork(WLAN, "third"));
     expectCurrent("third");
 }
 
-TEST_F(Renumbering, LetsTheNetworkBeRemovedThatWasAskedFor) {
+TEST_F(RenumberedNetworks, AreRemovedBySsid) {
     EXPECT_TRUE(settings().removeNetwork(WLAN, "second"));
     EXPECT_THAT(configuredSsids(), ElementsAre("third", "fourth"));
     EXPECT_EQ(settings().saveNetworkSettings(), 1);
-    EXPECT_TRUE(settings().removeNetwork(WLAN, "third")) << "numbered anew once more";
+    EXPECT_TRUE(settings().removeNetwork(WLAN, "third")) << "after new ids once more";
     EXPECT_THAT(configuredSsids(), ElementsAre("fourth"));
 }
 
-TEST_F(Renumbering, LetsTheNetworkBeChangedThatWasChosen) {
+TEST_F(RenumberedNetworks, AreChangedBySsid) {
     changePriority("third", 9);
     EXPECT_EQ(settings().saveNetworkSettings(), 1);
     EXPECT_THAT(priorities(), ElementsAre("second 0", "third 9", "fourth 0"));
 }
 
-TEST_F(Renumbering, LetsEveryNetworkBeEnabledForRoaming) {
-    for (const char* const number : {"0", "1", "2"})
-        ASSERT_THAT(supplicant.ask(std::string("disable_network ") + number), ElementsAre("OK"));
+TEST_F(RenumberedNetworks, AreAllEnabledForRoaming) {
+    for (const char* const id : {"0", "1", "2"})
+        ASSERT_THAT(supplicant.ask(std::string("disable_network ") + id), ElementsAre("OK"));
     EXPECT_TRUE(settings().roamNetworks(WLAN));
     EXPECT_THAT(supplicant.networks(), Not(Contains(testing::HasSubstr("[DISABLED]"))));
 }

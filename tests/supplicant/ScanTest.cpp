@@ -15,16 +15,8 @@ constexpr const char* RESULT = "/tmp/wpa_cli_scan_result_";
 
 class Scan : public test::SupplicantTest {
 protected:
-    Scan() { removeResult(); }
-    ~Scan() override { removeResult(); }
-
-    static void removeResult() {
-        for (const std::string& file : resultFiles())
-            remove(file.c_str());
-    }
-
-    // What the client said to the scan.
-    static test::Lines answer() {
+    // The client's reply to the scan.
+    static test::Lines reply() {
         EXPECT_THAT(resultFiles(), ElementsAre(StartsWith(RESULT)));
         return test::linesOfFile(resultFiles().at(0));
     }
@@ -33,23 +25,22 @@ protected:
 TEST_F(Scan, IsStartedWhileNothingIsConnected) {
     supplicant.start();
     EXPECT_TRUE(util().scanNetworks(WLAN));
-    EXPECT_THAT(answer(), ElementsAre("OK"));
+    EXPECT_THAT(reply(), ElementsAre("OK"));
 }
 
 TEST_F(Scan, IsStartedWhileConnected) {
-    supplicant.start(openNetworks({"home"}));
-    supplicant.awaitStatus("wpa_state=COMPLETED");
+    startConnected();
     EXPECT_TRUE(util().scanNetworks(WLAN));
-    EXPECT_THAT(answer(), ElementsAre("OK"));
+    EXPECT_THAT(reply(), ElementsAre("OK"));
 }
 
-// The supplicant has no time for a scan while it waits for its partner.
+// The supplicant refuses a scan while it waits for the other side of a handshake.
 // SCAN-3
-TEST_F(Scan, CountsAsDoneWhereTheSupplicantRefusesIt) {
+TEST_F(Scan, SucceedsIfTheSupplicantRefusesIt) {
     supplicant.start("network={\n\tssid=\"home\"\n\tpsk=\"12345678\"\n}\n");
     supplicant.awaitStatus("wpa_state=ASSOCIATED");
     EXPECT_TRUE(util().scanNetworks(WLAN));
-    EXPECT_THAT(answer(), ElementsAre("FAIL-BUSY"));
+    EXPECT_THAT(reply(), ElementsAre("FAIL-BUSY"));
 }
 
 TEST_F(Scan, FindsNothing) {

@@ -1,35 +1,7 @@
 #include "SettingsTest.h"
 
-#include "supplicant/WifiUtil.h"
-
-#include <memory>
-
 namespace test {
 namespace {
-
-// GoogleTest's own last step, after the tests of all suites.
-class SharedHost : public testing::Environment {
-public:
-    Supplicant& supplicant() {
-        if (!m_supplicant) {
-            m_supplicant = std::make_unique<Supplicant>();
-            m_supplicant->start();
-        }
-        return *m_supplicant;
-    }
-
-    void TearDown() override {
-        WifiHostSettings::unload();
-        WifiUtil::unload();
-        m_supplicant.reset();
-    }
-
-private:
-    std::unique_ptr<Supplicant> m_supplicant;
-};
-
-SharedHost* const SHARED_HOST = new SharedHost; // GoogleTest's own now
-const testing::Environment* const REGISTERED = testing::AddGlobalTestEnvironment(SHARED_HOST);
 
 std::string column(const std::string& line, std::size_t number) {
     std::size_t begin = 0;
@@ -40,16 +12,29 @@ std::string column(const std::string& line, std::size_t number) {
 
 } // namespace
 
-Supplicant& SettingsTest::sharedSupplicant() {
-    return SHARED_HOST->supplicant();
-}
-
 void SettingsTest::load(const std::string& networks, const std::string& status) {
     WifiHostSettings& loaded = settings(); // the first one before there is much to load
     supplicant.reload(networks);
     supplicant.ask("reassociate"); // an earlier test may have disconnected it
-    supplicant.awaitStatus(status);
+    if (!status.empty())
+        supplicant.awaitStatus(status);
     loaded.refreshAllSettings();
+}
+
+void SettingsTest::change(const std::string& ssid, const std::function<bool(WifiNetwork&)>& edit) {
+    const platwifi::SettingsLock lock(settings());
+    WifiNetwork* const network = settings().getNetwork(WLAN, ssid.c_str());
+    ASSERT_NE(network, nullptr) << ssid;
+    EXPECT_TRUE(edit(*network));
+}
+
+void SettingsTest::changePriority(const std::string& ssid, unsigned int priority) {
+    change(ssid, [&](WifiNetwork& network) { return network.setPriority(priority); });
+}
+
+void SettingsTest::addOpen(const std::string& ssid) {
+    ASSERT_TRUE(settings().addNetwork(WLAN, ssid.c_str()));
+    change(ssid, [](WifiNetwork& network) { return network.setKeyManagement(KEY_MGMT_NONE); });
 }
 
 std::string SettingsTest::loaded(const std::string& ssid, const std::string& field) {

@@ -28,16 +28,15 @@ std::string joined(const Lines& lines) {
     return text;
 }
 
-// The last resort against waiting for ever; in good order it plays no part.
-constexpr std::chrono::seconds LONG_ENOUGH{300};
-constexpr std::chrono::milliseconds BETWEEN_LOOKS{5};
+constexpr std::chrono::seconds MAX_WAIT{300}; // in case that the event never comes
+constexpr std::chrono::milliseconds POLL_INTERVAL{5};
 
 void await(const std::string& what, const std::function<bool()>& happened) {
-    const auto end = std::chrono::steady_clock::now() + LONG_ENOUGH;
+    const auto end = std::chrono::steady_clock::now() + MAX_WAIT;
     while (!happened()) {
         if (std::chrono::steady_clock::now() > end)
-            throw std::runtime_error("waited in vain: " + what + "\n" + joined(linesOfFile(LOG)));
-        std::this_thread::sleep_for(BETWEEN_LOOKS);
+            throw std::runtime_error("timed out: " + what + "\n" + joined(linesOfFile(LOG)));
+        std::this_thread::sleep_for(POLL_INTERVAL);
     }
 }
 
@@ -57,7 +56,7 @@ Supplicant::Supplicant() {
     if (!std::getenv("PLATWIFI_PRIVATE_INTERFACE")) // never the interface of the host
         throw std::runtime_error(
             "no private interface: start this program with tests/supplicant/run");
-    prctl(PR_SET_CHILD_SUBREAPER, 1); // it puts itself in the background, and is still ours to reap
+    prctl(PR_SET_CHILD_SUBREAPER, 1); // reaps the supplicant, which runs in the background
 }
 
 Supplicant::~Supplicant() {

@@ -7,11 +7,11 @@
 
 namespace test {
 
-/// The host's supplicant on the interface wlan0, which is an Ethernet interface in disguise: with
-/// the wired driver a network without keys is connected at once, whatever its SSID, and a scan
-/// finds nothing. Ends with this object.
+/// The host's supplicant on wlan0, an Ethernet interface with this name. With the wired driver the
+/// supplicant connects at once to a network without keys, whatever its SSID, and a scan finds nothing.
+/// The destructor stops it.
 ///
-/// What cannot be done is thrown as std::runtime_error, with the supplicant's own words.
+/// A failure is thrown as std::runtime_error, with the supplicant's messages.
 class Supplicant {
 public:
     Supplicant();
@@ -22,22 +22,22 @@ public:
 
     enum class Saving { Allowed, Refused };
 
-    /// Starts it with these networks in its configuration file; it answers when this returns.
+    /// Starts it with these networks in its configuration file, and waits until it answers.
     void start(const std::string& networks = "", Saving saving = Saving::Allowed);
 
-    /// Makes a running one read these networks in place of those it has.
+    /// Replaces the networks of the file, and makes the running supplicant read it.
     void reload(const std::string& networks = "") const;
 
-    /// Starts it with its file as it stands.
+    /// Starts it with the file that is there.
     void startAgain();
 
-    /// Ends it in good order and waits for its end.
+    /// Ends it by SIGTERM, and waits until it has ended.
     void stop();
 
-    /// Kills it: its pid file and its socket stay behind.
+    /// Ends it by SIGKILL: its pid file and its socket stay.
     void crash();
 
-    /// Makes it stand still, without its end, until resume().
+    /// Stops its execution until resume().
     void suspend();
     void resume();
 
@@ -47,7 +47,7 @@ public:
     /// The configured networks as the host's own client lists them.
     Lines networks() const;
 
-    /// Waits until the status holds this line.
+    /// Waits until the status contains this line.
     void awaitStatus(const std::string& line) const;
 
     /// The configuration file.

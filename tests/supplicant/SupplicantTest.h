@@ -1,32 +1,39 @@
 #pragma once
 
-#include "Supplicant.h"
+#include "SharedSupplicant.h"
 #include "supplicant/WifiUtil.h"
 #include "support/Leftovers.h"
 #include "support/Lines.h"
 
+#include <cstdio>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <memory>
-
 namespace test {
-
-constexpr const char* WLAN = "wlan0";
 
 /// A test of the library against the host's supplicant.
 class WifiUtilTest : public testing::Test {
 protected:
     ~WifiUtilTest() override { WifiUtil::unload(); }
 
-    // Only the scan leaves a file, which the thread's next scan empties.
+    // Only a scan leaves a file, which the next test must not find.
     void TearDown() override {
-        EXPECT_THAT(resultFiles(), testing::Each(testing::StartsWith("/tmp/wpa_cli_scan_result_")));
+        for (const std::string& file : resultFiles()) {
+            EXPECT_THAT(file, testing::StartsWith("/tmp/wpa_cli_scan_result_"));
+            remove(file.c_str());
+        }
     }
 
     using ListQuery = bool (WifiUtil::*)(const char*, char**, unsigned char, unsigned char*);
 
     static WifiUtil& util() { return *WifiUtil::getInstance(); }
+
+    /// Adds a network, which must succeed. @return its id
+    static unsigned char create(const char* ssid) {
+        unsigned char id = 99;
+        EXPECT_TRUE(util().createNetwork(WLAN, ssid, &id));
+        return id;
+    }
 
     static Lines list(ListQuery query, unsigned char max = 32) {
         platwifi::ReplyLines lines(max);
@@ -35,31 +42,24 @@ protected:
     }
 };
 
-/// Each test starts a supplicant of its own.
+/// Each test starts its own supplicant.
 class SupplicantTest : public WifiUtilTest {
 protected:
+    SupplicantTest() { stopSharedSupplicant(); }
+
+    /// Starts the supplicant with the open network "home", and waits until it is connected.
+    void startConnected() {
+        supplicant.start(openNetworks({"home"}));
+        supplicant.awaitStatus("wpa_state=COMPLETED");
+    }
+
     Supplicant supplicant;
 };
 
-/// The tests of a suite share one supplicant, since its start takes most of their time; each begins
-/// with a file of its own, which it reloads.
+/// The tests use the shared supplicant. Each begins with its own configuration file.
 class SharedSupplicantTest : public WifiUtilTest {
-public:
-    static void TearDownTestSuite() { s_shared.reset(); }
-
 protected:
-    Supplicant& supplicant = shared();
-
-private:
-    static Supplicant& shared() {
-        if (!s_shared) {
-            s_shared = std::make_unique<Supplicant>();
-            s_shared->start();
-        }
-        return *s_shared;
-    }
-
-    inline static std::unique_ptr<Supplicant> s_shared;
+    Supplicant& supplicant = sharedSupplicant();
 };
 
 } // namespace test

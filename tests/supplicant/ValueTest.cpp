@@ -1,6 +1,9 @@
-// One field of a network: every key that is quoted, and those that are not.
+// Setting a field of a network: every key of the client, with and without quotes.
 
 #include "SupplicantTest.h"
+#include "support/FieldTable.h"
+
+#include <set>
 
 using test::openNetworks;
 using test::WLAN;
@@ -87,6 +90,18 @@ const Value VALUES[] = {
     word("priority", "5"),
     word("wep_tx_keyidx", "2"),
 };
+
+// LOAD-15
+TEST(NetworkValues, IncludeEveryKeyThatTheSupplicantKnows) {
+    std::set<std::string> missing;
+    for (const test::FieldRow& row : test::fieldRows()) {
+        if (row.key)
+            missing.insert(row.key);
+    }
+    for (const Value& value : VALUES)
+        missing.erase(value.key);
+    EXPECT_THAT(missing, ElementsAre("private_key_passwd2"));
+}
 
 class NetworkValue : public test::SharedSupplicantTest, public testing::WithParamInterface<Value> {
 protected:

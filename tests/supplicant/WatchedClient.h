@@ -6,18 +6,18 @@
 
 namespace test {
 
-/// Stands between the library and the host's client as long as it lives, and writes down the
-/// commands. Only the library's: what a test asks goes to the client directly.
+/// Records the library's commands and passes them on to the host's client, during its lifetime. A test's
+/// own commands go to the client directly and are not recorded.
 class WatchedClient {
 public:
-    /// @param before  what a shell does before each command, whose arguments are in "$@"
+    /// @param before  a shell script that runs before each command, whose arguments are in "$@"
     explicit WatchedClient(const std::string& before = ":");
     ~WatchedClient();
 
     WatchedClient(const WatchedClient&) = delete;
     WatchedClient& operator=(const WatchedClient&) = delete;
 
-    /// The arguments of each command so far, a line each.
+    /// The arguments of each command so far, one line a command.
     Lines commands() const;
 };
 

@@ -1,5 +1,6 @@
-// Another process that uses the settings: does what the lines of its standard input say, and answers
-// each with a line. A line is a word, an SSID that some words need, and a number that none does.
+// Another process that uses the settings. It executes commands from its standard input, one a line, and
+// answers each with a line. A command is a word, an SSID, which some commands ignore, and a number, which
+// all of them ignore.
 
 #include "model/WifiNetwork.h"
 #include "settings/SettingsLock.h"

@@ -33,7 +33,7 @@ CommandFixture::CommandFixture() {
 
 void CommandFixture::serve(const std::vector<std::string>& ssids, const std::string& state) {
     for (const char* word : {"save_config", "reconfigure", "reassociate"})
-        host.on({"-iwlan0", word}).prints("OK\n");
+        accept({word});
     host.answers(ssids, state);
 }
 
@@ -46,11 +46,33 @@ std::vector<std::string> CommandFixture::changes() const {
     return changes;
 }
 
+StandIn::Answer CommandFixture::on(Arguments command) {
+    command.insert(command.begin(), "-iwlan0");
+    return host.on(command);
+}
+
+std::size_t CommandFixture::callsOf(Arguments command) const {
+    command.insert(command.begin(), "-iwlan0");
+    return host.callsOf(command);
+}
+
+std::string CommandFixture::outputOf(const Ending& ending) {
+    EXPECT_EQ(ending.status, 0);
+    EXPECT_EQ(ending.err, "");
+    return ending.out;
+}
+
 void CommandFixture::expectOneLine(const Ending& ending, const std::string& says) {
     EXPECT_THAT(ending.err, StartsWith("platwifi: "));
     EXPECT_EQ(std::count(ending.err.begin(), ending.err.end(), '\n'), 1) << ending.err;
     EXPECT_EQ(ending.err.empty() ? '\0' : ending.err.back(), '\n');
     EXPECT_THAT(ending.err, HasSubstr(says));
+}
+
+void CommandFixture::expectFailure(const Ending& ending, const std::string& says, int status) {
+    EXPECT_EQ(ending.status, status);
+    EXPECT_EQ(ending.out, "");
+    expectOneLine(ending, says);
 }
 
 } // namespace test

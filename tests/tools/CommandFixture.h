@@ -24,8 +24,23 @@ protected:
     /// without the option that names the interface.
     std::vector<std::string> changes() const;
 
+    /// The answer to a command of the client for wlan0.
+    StandIn::Answer on(Arguments command);
+
+    /// The supplicant accepts a command for wlan0.
+    void accept(const Arguments& command) { on(command).prints("OK\n"); }
+
+    /// How often the client was called with exactly this command for wlan0.
+    std::size_t callsOf(Arguments command) const;
+
+    /// Expects success, and nothing on standard error. @return what was printed
+    static std::string outputOf(const Ending& ending);
+
     /// Expects one line on standard error that contains this text.
     static void expectOneLine(const Ending& ending, const std::string& says);
+
+    /// Expects also this status, and nothing on standard output.
+    static void expectFailure(const Ending& ending, const std::string& says, int status = 1);
 
     LoadedHost host;
 };

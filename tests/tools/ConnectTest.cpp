@@ -18,7 +18,7 @@ class Connect : public test::CommandFixture {
 protected:
     // The answers to the client's command "status", from the load on; the last one repeats.
     void serveStates(const std::vector<std::string>& answers) {
-        auto rule = host.on({"-iwlan0", "status"});
+        auto rule = on({"status"});
         for (std::size_t i = 0; i < answers.size(); ++i) {
             if (i > 0)
                 rule.then();
@@ -35,6 +35,7 @@ protected:
         return all;
     }
 
+    // The states are shown before.
     static void expectFailure(const Ending& ending, const std::string& says) {
         EXPECT_EQ(ending.status, 1);
         expectOneLine(ending, says);
@@ -48,21 +49,18 @@ TEST_F(Connect, ShowsTheStatesUntilItIsComplete) {
     serveStates(
         twice({SCANNING, SCANNING, stateOn("ASSOCIATING"), stateOn("ASSOCIATED"),
                stateOn("4WAY_HANDSHAKE"), stateOn("GROUP_HANDSHAKE"), stateOn("COMPLETED")}));
-    const Ending ending = platwifi({"connect", "home"});
-    EXPECT_EQ(ending.status, 0);
-    EXPECT_EQ(ending.err, "");
-    EXPECT_THAT(ending.out, HasSubstr("Connecting to home: SCANNING ASSOCIATING ASSOCIATED "
-                                      "4WAY_HANDSHAKE GROUP_HANDSHAKE COMPLETED\n"));
-    EXPECT_THAT(ending.out, ContainsRegex("\nConnected to home after [0-9]+\\.[0-9] s\\.\n"));
-    EXPECT_EQ(host.callsOf({"-iwlan0", "select", "0"}), 1u);
+    const std::string shown = outputOf(platwifi({"connect", "home"}));
+    EXPECT_THAT(shown, HasSubstr("Connecting to home: SCANNING ASSOCIATING ASSOCIATED "
+                                 "4WAY_HANDSHAKE GROUP_HANDSHAKE COMPLETED\n"));
+    EXPECT_THAT(shown, ContainsRegex("\nConnected to home after [0-9]+\\.[0-9] s\\.\n"));
+    EXPECT_EQ(callsOf({"select", "0"}), 1u);
 }
 
 TEST_F(Connect, IgnoresTheConnectionToAnotherNetwork) {
     serveStates(twice(
         {"ssid=work\nid=1\nwpa_state=COMPLETED\n", DISCONNECTED, SCANNING, stateOn("COMPLETED")}));
-    const Ending ending = platwifi({"connect", "home"});
-    EXPECT_EQ(ending.status, 0);
-    EXPECT_THAT(ending.out, HasSubstr("home: DISCONNECTED SCANNING COMPLETED\n"));
+    EXPECT_THAT(outputOf(platwifi({"connect", "home"})),
+                HasSubstr("home: DISCONNECTED SCANNING COMPLETED\n"));
 }
 
 TEST_F(Connect, ReportsAWrongKey) {
@@ -82,14 +80,10 @@ TEST_F(Connect, ReportsARefusalByTheFlagOfTheNetwork) {
     const std::string head = "network id / ssid / bssid / flags\n";
     const std::string notAvoided =
         head + "0\thome\tany\t[CURRENT]\n1\twork\tany\t[TEMP-DISABLED]\n";
-    host.on({"-iwlan0", "list_networks"})
-        .prints(notAvoided)
-        .then()
-        .prints(notAvoided)
-        .then()
-        .prints(notAvoided)
-        .then()
-        .prints(head + "0\thome\tany\t[TEMP-DISABLED]\n1\twork\tany\t\n");
+    auto rule = on({"list_networks"});
+    for (int i = 0; i < 3; ++i)
+        rule.prints(notAvoided).then();
+    rule.prints(head + "0\thome\tany\t[TEMP-DISABLED]\n1\twork\tany\t\n");
     serveStates(twice({SCANNING}));
     expectFailure(platwifi({"connect", "home"}), "refuses the key, or the identity and password");
 }
@@ -105,9 +99,8 @@ TEST_F(Connect, FailsAfterTheTimeoutWithTheLastState) {
 
 TEST_F(Connect, PrintsNoStatesWithJson) {
     serveStates(twice({SCANNING, stateOn("4WAY_HANDSHAKE"), DISCONNECTED}));
-    const Ending ending = platwifi({"connect", "--json", "home"});
-    expectFailure(ending, "the key is probably wrong");
-    EXPECT_EQ(ending.out, "");
+    CommandFixture::expectFailure(platwifi({"connect", "--json", "home"}),
+                                  "the key is probably wrong");
 }
 
 } // namespace

@@ -21,22 +21,17 @@ class EditCommands : public test::CommandFixture {
 protected:
     // The supplicant gives a new network this id.
     void acceptNew(const std::string& ssid, const std::string& id = "1") {
-        host.on({"-iwlan0", "add_network"}).prints(id + "\n");
-        host.on({"-iwlan0", "set_network", id, "ssid", '"' + ssid + '"'}).prints("OK\n");
-        host.on({"-iwlan0", "enable_network", id}).prints("OK\n");
-    }
-
-    static void expectDone(const Ending& ending, const std::string& says) {
-        EXPECT_EQ(ending.status, 0);
-        EXPECT_EQ(ending.err, "");
-        EXPECT_EQ(ending.out, says);
+        on({"add_network"}).prints(id + "\n");
+        accept({"set_network", id, "ssid", '"' + ssid + '"'});
+        accept({"enable_network", id});
     }
 };
 
 TEST_F(EditCommands, SaveOnceForSeveralEdits) {
     serve({"home"});
-    expectDone(platwifi({"set", "home", "priority=5", "ssidBroadcasted=false", "key_mgmt=NONE"}),
-               "home is saved.\n");
+    EXPECT_EQ(
+        outputOf(platwifi({"set", "home", "priority=5", "ssidBroadcasted=false", "key_mgmt=NONE"})),
+        "home is saved.\n");
     EXPECT_THAT(changes(), ElementsAre("set_network 0 scan_ssid 1", "set_network 0 key_mgmt NONE",
                                        "set_network 0 priority 5", "save_config", "reconfigure"));
 }
@@ -44,16 +39,15 @@ TEST_F(EditCommands, SaveOnceForSeveralEdits) {
 // TEXT-4
 TEST_F(EditCommands, GiveTheClientAPlainSecret) {
     serve({"home"});
-    const Ending ending = platwifi({"set", "home", "psk=-"}, "correct horse\n");
-    expectDone(ending, "home is saved.\n");
+    EXPECT_EQ(outputOf(platwifi({"set", "home", "psk=-"}, "correct horse\n")), "home is saved.\n");
     EXPECT_THAT(changes(),
                 ElementsAre("set_network 0 psk \"correct horse\"", "save_config", "reconfigure"));
 }
 
 TEST_F(EditCommands, ReadASecretFromAFile) {
-    std::ofstream("/tmp/key") << "correct horse\r\n";
+    std::ofstream("/tmp/psk") << "correct horse\r\n";
     serve({"home"});
-    platwifi({"set", "home", "psk=@/tmp/key"});
+    platwifi({"set", "home", "psk=@/tmp/psk"});
     EXPECT_THAT(changes(), Contains("set_network 0 psk \"correct horse\""));
 }
 
@@ -68,9 +62,9 @@ TEST_F(EditCommands, ReadALineForEachSecret) {
 TEST_F(EditCommands, HaveNoSecretAmongTheirOwnArguments) {
     const test::Streams typed{test::fileWith("correct horse\n").release()};
 
-    host.on({"-iwlan0", "set_network", "0", "psk", "\"correct horse\""}).prints("OK\n");
+    accept({"set_network", "0", "psk", "\"correct horse\""});
     test::Checkpoint saving("/tmp/saving");
-    host.on({"-iwlan0", "save_config"}).pausesAt(saving.path()).prints("OK\n");
+    on({"save_config"}).pausesAt(saving.path()).prints("OK\n");
     serve({"home"});
     test::Program program({"set", "home", "psk=-"}, typed);
     saving.awaitArrival();
@@ -85,7 +79,8 @@ TEST_F(EditCommands, HaveNoSecretAmongTheirOwnArguments) {
 TEST_F(EditCommands, AddANetwork) {
     acceptNew("cafe");
     serve({"home"});
-    expectDone(platwifi({"add", "cafe", "key_mgmt=NONE", "priority=2"}), "cafe is added.\n");
+    EXPECT_EQ(outputOf(platwifi({"add", "cafe", "key_mgmt=NONE", "priority=2"})),
+              "cafe is added.\n");
     EXPECT_THAT(changes(),
                 ElementsAre("add_network", "set_network 1 ssid \"cafe\"", "enable_network 1",
                             "set_network 1 ssid \"cafe\"", "set_network 1 key_mgmt NONE",
@@ -103,71 +98,62 @@ TEST_F(EditCommands, AddANetworkOfAnyName) {
 }
 
 TEST_F(EditCommands, RemoveANetwork) {
-    host.on({"-iwlan0", "remove_network", "1"}).prints("OK\n");
+    accept({"remove_network", "1"});
     serve({"home", "work"});
-    expectDone(platwifi({"remove", "work"}), "work is removed.\n");
+    EXPECT_EQ(outputOf(platwifi({"remove", "work"})), "work is removed.\n");
     EXPECT_THAT(changes(), ElementsAre("remove_network 1", "save_config", "reconfigure"));
 }
 
 // "reconfigure" makes the supplicant read its file again.
 TEST_F(EditCommands, AreUndoneIfTheyCannotBeSaved) {
     acceptNew("cafe");
-    host.on({"-iwlan0", "remove_network", "0"}).prints("OK\n");
-    host.on({"-iwlan0", "save_config"}).prints("FAIL\n");
+    accept({"remove_network", "0"});
+    on({"save_config"}).prints("FAIL\n");
     serve({"home"});
     const Arguments commands[] = {
         {"set", "home", "priority=5"}, {"add", "cafe", "key_mgmt=NONE"}, {"remove", "home"}};
     for (const Arguments& command : commands) {
         const Ending ending = platwifi(command);
-        EXPECT_EQ(ending.status, 1);
-        EXPECT_EQ(ending.out, "");
-        expectOneLine(ending, "did not save its configuration, and nothing was changed");
+        expectFailure(ending, "did not save its configuration, and nothing was changed");
         EXPECT_THAT(ending.err, HasSubstr("update_config=1"));
         EXPECT_EQ(changes().back(), "reconfigure");
     }
-    EXPECT_EQ(host.callsOf({"-iwlan0", "save_config"}), 3u);
-    EXPECT_EQ(host.callsOf({"-iwlan0", "reconfigure"}), 3u);
+    EXPECT_EQ(callsOf({"save_config"}), 3u);
+    EXPECT_EQ(callsOf({"reconfigure"}), 3u);
 }
 
 TEST_F(EditCommands, AreUndoneIfTheSupplicantDoesNotAddTheNetwork) {
-    host.on({"-iwlan0", "add_network"}).prints("FAIL\n");
+    on({"add_network"}).prints("FAIL\n");
     serve({"home"});
-    const Ending ending = platwifi({"add", "cafe", "key_mgmt=NONE"});
-    EXPECT_EQ(ending.status, 1);
-    expectOneLine(ending, "the supplicant did not add cafe");
+    expectFailure(platwifi({"add", "cafe", "key_mgmt=NONE"}), "the supplicant did not add cafe");
     EXPECT_THAT(changes(), ElementsAre("add_network", "reconfigure"));
 }
 
 TEST_F(EditCommands, AreUndoneIfTheSupplicantDoesNotRemoveTheNetwork) {
     serve({"home"});
-    const Ending ending = platwifi({"remove", "home"});
-    EXPECT_EQ(ending.status, 1);
-    expectOneLine(ending, "the supplicant did not remove home");
+    expectFailure(platwifi({"remove", "home"}), "the supplicant did not remove home");
     EXPECT_THAT(changes(), ElementsAre("remove_network 0", "reconfigure"));
 }
 
 TEST_F(EditCommands, AreSavedEvenIfTheResultCannotBePrinted) {
     const platform::FileDescriptor full(open("/dev/full", O_WRONLY | O_CLOEXEC));
     serve({"home"});
-    const Ending ending =
-        platwifi({"set", "home", "priority=5"}, test::Streams{test::CAPTURED, full.number()});
-    EXPECT_EQ(ending.status, 1);
-    expectOneLine(ending, "the result cannot be written");
+    expectFailure(
+        platwifi({"set", "home", "priority=5"}, test::Streams{test::CAPTURED, full.number()}),
+        "the result cannot be written");
     EXPECT_THAT(changes(), Contains("save_config"));
 }
 
 TEST_F(EditCommands, DisconnectFromTheCurrentNetwork) {
-    host.on({"-iwlan0", "status"}).prints("ssid=home\nid=0\nwpa_state=COMPLETED\n");
+    on({"status"}).prints("ssid=home\nid=0\nwpa_state=COMPLETED\n");
     serve({"home"});
-    expectDone(platwifi({"disconnect"}), "Disconnected from home.\n");
+    EXPECT_EQ(outputOf(platwifi({"disconnect"})), "Disconnected from home.\n");
     EXPECT_THAT(changes(), ElementsAre("disconnect"));
 }
 
 TEST_F(EditCommands, EnableAllNetworksToRoam) {
     serve({"home"});
-    const Ending ending = platwifi({"roam"});
-    EXPECT_EQ(ending.status, 0);
-    EXPECT_THAT(ending.out, HasSubstr("the supplicant chooses among them"));
+    EXPECT_THAT(outputOf(platwifi({"roam"})), HasSubstr("the supplicant chooses among them"));
     EXPECT_THAT(changes(), ElementsAre("disconnect", "set_network 0 disabled 0", "reassociate"));
 }
 

@@ -67,7 +67,7 @@ protected:
 TEST_F(Interrupted, WhileItWaitsForAConnection) {
     serve({"home"}, "SCANNING");
     for (const int signal : SIGNALS) {
-        const std::size_t before = host.callsOf({"-iwlan0", "status"});
+        const std::size_t before = callsOf({"status"});
         Program program({"connect", "home"});
         awaitCalls({"-iwlan0", "status"},
                    before + 4); // that of the load, and those of one poll at least
@@ -87,10 +87,7 @@ TEST_F(Interrupted, WhileTheClientHangs) {
         Program program({"status"});
         const pid_t client = awaitClient();
         program.signal(signal);
-        const Ending ending = program.end();
-        EXPECT_EQ(ending.status, -signal);
-        EXPECT_EQ(ending.out, "");
-        expectOneLine(ending, "interrupted");
+        expectFailure(program.end(), "interrupted", -signal);
         expectNothingLeft(client);
     }
 }
@@ -101,24 +98,20 @@ TEST_F(Interrupted, WhileItLoads) {
     Program program({"networks"});
     const pid_t client = awaitClient();
     program.signal(SIGINT);
-    const Ending ending = program.end();
-    EXPECT_EQ(ending.status, -SIGINT);
-    expectOneLine(ending, "interrupted");
+    expectFailure(program.end(), "interrupted", -SIGINT);
     expectNothingLeft(client);
 }
 
 // A save that has begun is finished, so that the supplicant and its file agree.
 TEST_F(Interrupted, WhileItSavesEndsAfterTheSave) {
     test::Checkpoint saving("/tmp/saving");
-    host.on({"-iwlan0", "save_config"}).pausesAt(saving.path()).prints("OK\n");
+    on({"save_config"}).pausesAt(saving.path()).prints("OK\n");
     serve({"home"});
     Program program({"set", "home", "priority=5"});
     saving.awaitArrival();
     program.signal(SIGTERM);
     saving.letGo();
-    const Ending ending = program.end();
-    EXPECT_EQ(ending.status, -SIGTERM);
-    expectOneLine(ending, "interrupted while saving");
+    expectFailure(program.end(), "interrupted while saving", -SIGTERM);
     EXPECT_EQ(changes().back(), "reconfigure");
     EXPECT_FALSE(std::filesystem::exists("/dev/shm/wifi_shmem"));
 }

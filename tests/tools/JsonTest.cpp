@@ -5,49 +5,44 @@
 #include <nlohmann/json.hpp>
 
 using nlohmann::json;
-using test::Ending;
 using testing::ElementsAre;
 
 namespace {
 
 class Json : public test::CommandFixture {
 protected:
-    static json of(const Ending& ending) {
-        EXPECT_EQ(ending.status, 0) << ending.err;
-        EXPECT_EQ(ending.err, "");
-        return json::parse(ending.out);
-    }
-
-    static json of(const test::Arguments& arguments, const std::string& input = "") {
-        return of(test::platwifi(arguments, input));
+    /// What a command prints.
+    static json of(test::Arguments arguments) {
+        arguments.emplace_back("--json");
+        return json::parse(outputOf(test::quickPlatwifi(arguments)));
     }
 };
 
 TEST_F(Json, ListsTheAdapters) {
     host.on({"interface"}).prints("Selected\nAvailable interfaces:\nwlan0\nwlan1\n");
-    EXPECT_EQ(of({"adapters", "--json"}), json({"wlan0", "wlan1"}));
+    EXPECT_EQ(of({"adapters"}), json({"wlan0", "wlan1"}));
 }
 
 TEST_F(Json, ShowsTheStatus) {
-    host.on({"-iwlan0", "status"}).prints("ssid=caf\\xc3\\xa9\nid=0\nwpa_state=COMPLETED\n");
+    on({"status"}).prints("ssid=caf\\xc3\\xa9\nid=0\nwpa_state=COMPLETED\n");
     serve({"caf\\xc3\\xa9", "home"});
     EXPECT_EQ(
-        of({"status", "--json"}),
+        of({"status"}),
         json({{"adapter", "wlan0"}, {"state", "COMPLETED"}, {"network", "café"}, {"networks", 2}}));
 }
 
 TEST_F(Json, HasNullIfThereIsNoNetwork) {
     serve({});
     EXPECT_EQ(
-        of({"status", "--json"}),
+        of({"status"}),
         json({{"adapter", "wlan0"}, {"state", "INACTIVE"}, {"network", nullptr}, {"networks", 0}}));
 }
 
 TEST_F(Json, ListsTheNetworks) {
-    host.on({"-iwlan0", "get_network", "0", "key_mgmt"}).prints("WPA-PSK");
-    host.on({"-iwlan0", "get_network", "0", "priority"}).prints("-3");
-    host.on({"-iwlan0", "get_network", "1", "disabled"}).prints("1");
-    host.on({"-iwlan0", "get_network", "1", "key_mgmt"}).prints("NONE");
+    on({"get_network", "0", "key_mgmt"}).prints("WPA-PSK");
+    on({"get_network", "0", "priority"}).prints("-3");
+    on({"get_network", "1", "disabled"}).prints("1");
+    on({"get_network", "1", "key_mgmt"}).prints("NONE");
     serve({"home", "\\xff"});
     const json home = {{"ssid", "home"},
                        {"status", "enabled"},
@@ -59,19 +54,19 @@ TEST_F(Json, ListsTheNetworks) {
                         {"key_mgmt", "NONE"},
                         {"priority", 0},
                         {"bssid", "any"}};
-    EXPECT_EQ(of({"networks", "--json"}), json({other, home}));
+    EXPECT_EQ(of({"networks"}), json({other, home}));
 }
 
 TEST_F(Json, OfNoNetworkIsAnEmptyList) {
     serve({});
-    EXPECT_EQ(of({"networks", "--json"}), json::array());
+    EXPECT_EQ(of({"networks"}), json::array());
 }
 
 TEST_F(Json, ShowsANetworkWithoutItsSecrets) {
-    host.on({"-iwlan0", "get_network", "0", "psk"}).prints("*");
-    host.on({"-iwlan0", "get_network", "0", "identity"}).prints("\"me\"");
+    on({"get_network", "0", "psk"}).prints("*");
+    on({"get_network", "0", "identity"}).prints("\"me\"");
     serve({"home"});
-    const json shown = of({"show", "home", "--json"});
+    const json shown = of({"show", "home"});
     EXPECT_EQ(shown["ssid"], "home");
     EXPECT_EQ(shown["psk"], true);
     EXPECT_EQ(shown["eapPassword"], false);
@@ -82,8 +77,8 @@ TEST_F(Json, ShowsANetworkWithoutItsSecrets) {
 }
 
 TEST_F(Json, ListsTheScanStrongestFirst) {
-    host.on({"-iwlan0", "scan"}).prints("OK\n");
-    host.on({"-iwlan0", "scan_results"})
+    accept({"scan"});
+    on({"scan_results"})
         .prints("bssid / frequency / signal level / flags / ssid\n"
                 "02:00:00:00:01:00\t2412\t-71\t[WPA2-PSK-CCMP][ESS]\tfar\\xe2\\x80\\xa6\n"
                 "02:00:00:00:02:00\t5180\t-30\t[ESS]\t\\x00\n");
@@ -98,45 +93,39 @@ TEST_F(Json, ListsTheScanStrongestFirst) {
                       {"signal", -71},
                       {"security", "WPA2-PSK"},
                       {"flags", "[WPA2-PSK-CCMP][ESS]"}};
-    EXPECT_EQ(of(test::quickPlatwifi({"scan", "--json"})), json({near, far}));
+    EXPECT_EQ(of({"scan"}), json({near, far}));
 }
 
 TEST_F(Json, ShowsWhatWasDone) {
     serve({"home"});
-    EXPECT_EQ(of({"set", "home", "priority=5", "--json"}),
-              json({{"ssid", "home"}, {"done", "saved"}}));
-    EXPECT_EQ(of({"disconnect", "home", "--json"}),
-              json({{"ssid", "home"}, {"done", "disconnected"}}));
-    EXPECT_EQ(of({"roam", "--json"}), json({{"done", "roaming"}}));
+    EXPECT_EQ(of({"set", "home", "priority=5"}), json({{"ssid", "home"}, {"done", "saved"}}));
+    EXPECT_EQ(of({"disconnect", "home"}), json({{"ssid", "home"}, {"done", "disconnected"}}));
+    EXPECT_EQ(of({"roam"}), json({{"done", "roaming"}}));
 }
 
 TEST_F(Json, ShowsWhatWasRemoved) {
-    host.on({"-iwlan0", "remove_network", "0"}).prints("OK\n");
+    accept({"remove_network", "0"});
     serve({"home"});
-    EXPECT_EQ(of({"remove", "home", "--json"}), json({{"ssid", "home"}, {"done", "removed"}}));
+    EXPECT_EQ(of({"remove", "home"}), json({{"ssid", "home"}, {"done", "removed"}}));
 }
 
 TEST_F(Json, ShowsWhatWasAdded) {
-    host.on({"-iwlan0", "add_network"}).prints("0\n");
-    host.on({"-iwlan0", "set_network", "0", "ssid", "\"cafe\""}).prints("OK\n");
-    host.on({"-iwlan0", "enable_network", "0"}).prints("OK\n");
+    on({"add_network"}).prints("0\n");
+    accept({"set_network", "0", "ssid", "\"cafe\""});
+    accept({"enable_network", "0"});
     serve({});
-    EXPECT_EQ(of({"add", "cafe", "key_mgmt=NONE", "--json"}),
-              json({{"ssid", "cafe"}, {"done", "added"}}));
+    EXPECT_EQ(of({"add", "cafe", "key_mgmt=NONE"}), json({{"ssid", "cafe"}, {"done", "added"}}));
 }
 
 TEST_F(Json, ShowsAConnection) {
-    host.on({"-iwlan0", "status"}).prints("ssid=home\nid=0\nwpa_state=COMPLETED\n");
+    on({"status"}).prints("ssid=home\nid=0\nwpa_state=COMPLETED\n");
     serve({"home"});
-    EXPECT_EQ(of({"connect", "home", "--json"}), json({{"ssid", "home"}, {"state", "COMPLETED"}}));
+    EXPECT_EQ(of({"connect", "home"}), json({{"ssid", "home"}, {"state", "COMPLETED"}}));
 }
 
 TEST_F(Json, IsNotPrintedAfterAFailure) {
     serve({});
-    const Ending ending = test::platwifi({"show", "home", "--json"});
-    EXPECT_EQ(ending.status, 1);
-    EXPECT_EQ(ending.out, "");
-    expectOneLine(ending, "there is no network home");
+    expectFailure(test::platwifi({"show", "home", "--json"}), "there is no network home");
 }
 
 } // namespace

@@ -9,7 +9,6 @@
 #include <filesystem>
 #include <thread>
 
-using test::Ending;
 using test::platwifi;
 
 namespace {
@@ -18,7 +17,7 @@ class OtherProcesses : public test::CommandFixture {
 protected:
     static bool hasName() { return std::filesystem::exists(test::BLOCK_PATH); }
 
-    std::size_t loads() const { return host.callsOf({"-iwlan0", "list_networks"}); }
+    std::size_t loads() const { return callsOf({"list_networks"}); }
 
     void awaitLoads(std::size_t times) const {
         while (loads() < times)
@@ -26,10 +25,8 @@ protected:
     }
 
     static void edit(const char* priority) {
-        const Ending ending = platwifi({"set", "home", std::string("priority=") + priority});
-        EXPECT_EQ(ending.status, 0);
-        EXPECT_EQ(ending.out, "home is saved.\n");
-        EXPECT_EQ(ending.err, "");
+        EXPECT_EQ(outputOf(platwifi({"set", "home", std::string("priority=") + priority})),
+                  "home is saved.\n");
     }
 };
 
@@ -60,16 +57,15 @@ TEST_F(OtherProcesses, ReloadAfterASaveWhoseResultCannotBePrinted) {
     test::Peer peer;
     ASSERT_EQ(peer.ask("has home"), "yes");
     const std::size_t before = loads();
-    const Ending ending =
-        platwifi({"set", "home", "priority=5"}, test::Streams{test::CAPTURED, test::CLOSED});
-    EXPECT_EQ(ending.status, 1);
-    expectOneLine(ending, "the result cannot be written");
+    expectFailure(
+        platwifi({"set", "home", "priority=5"}, test::Streams{test::CAPTURED, test::CLOSED}),
+        "the result cannot be written");
     awaitLoads(before + 3);
 }
 
 TEST_F(OtherProcesses, ReloadAfterAnInterruptedSave) {
     test::Checkpoint saving("/tmp/saving");
-    host.on({"-iwlan0", "save_config"}).pausesAt(saving.path()).prints("OK\n");
+    on({"save_config"}).pausesAt(saving.path()).prints("OK\n");
     serve({"home"});
     test::Peer peer;
     ASSERT_EQ(peer.ask("has home"), "yes");

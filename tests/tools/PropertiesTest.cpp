@@ -5,6 +5,7 @@
 #include "model/WifiNetwork.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/WifiUtil.h"
+#include "support/FieldTable.h"
 #include "support/LoadedHost.h"
 #include "values/Failure.h"
 
@@ -251,6 +252,15 @@ TEST_F(TheProperties, CanAllBeReadAndAllButTheReportedOnesBeSet) {
         EXPECT_NE(property.read, nullptr);
         EXPECT_EQ(property.take == nullptr, property.entry == Entry::REPORTED) << property.name;
         EXPECT_FALSE(isSecret(property) && !property.words.empty());
+    }
+}
+
+TEST_F(TheProperties, AreEncipheredWhereTheLibraryTakesThemEnciphered) {
+    for (const test::FieldRow& row : test::fieldRows()) {
+        if (row.property) {
+            EXPECT_EQ(propertyOf(row.property).entry == Entry::ENCIPHERED, isEnciphered(row))
+                << row.property;
+        }
     }
 }
 

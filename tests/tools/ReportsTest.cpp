@@ -1,12 +1,10 @@
 // The output of commands to a file or a pipe.
 
 #include "CommandFixture.h"
+#include "TextLines.h"
+#include "commands/CommandTable.h"
 #include "support/Leftovers.h"
 
-#include <algorithm>
-#include <sstream>
-
-using test::Ending;
 using test::platwifi;
 using testing::AllOf;
 using testing::HasSubstr;
@@ -17,12 +15,12 @@ namespace {
 
 class Reports : public test::CommandFixture {
 protected:
-    static std::string of(const test::Arguments& arguments) { return of(platwifi(arguments)); }
+    static std::string of(const test::Arguments& arguments) {
+        return outputOf(platwifi(arguments));
+    }
 
-    static std::string of(const Ending& ending) {
-        EXPECT_EQ(ending.status, 0);
-        EXPECT_EQ(ending.err, "");
-        return ending.out;
+    static std::string ofQuick(const test::Arguments& arguments) {
+        return outputOf(test::quickPlatwifi(arguments));
     }
 };
 
@@ -37,7 +35,7 @@ TEST_F(Reports, MarkTheDefaultAdapter) {
 }
 
 TEST_F(Reports, ShowTheStatus) {
-    host.on({"-iwlan0", "status"}).prints("ssid=home\nid=0\nwpa_state=COMPLETED\n");
+    on({"status"}).prints("ssid=home\nid=0\nwpa_state=COMPLETED\n");
     serve({"home", "work"});
     EXPECT_EQ(of({"status"}), "Adapter:   wlan0\n"
                               "State:     COMPLETED\n"
@@ -51,9 +49,9 @@ TEST_F(Reports, ShowTheStatusWithoutANetwork) {
 }
 
 TEST_F(Reports, ListTheNetworks) {
-    host.on({"-iwlan0", "get_network", "0", "key_mgmt"}).prints("WPA-PSK");
-    host.on({"-iwlan0", "get_network", "0", "priority"}).prints("12");
-    host.on({"-iwlan0", "get_network", "1", "key_mgmt"}).prints("NONE");
+    on({"get_network", "0", "key_mgmt"}).prints("WPA-PSK");
+    on({"get_network", "0", "priority"}).prints("12");
+    on({"get_network", "1", "key_mgmt"}).prints("NONE");
     serve({"\\xe5\\x92\\x96\\xe5\\x95\\xa1", "home"});
     EXPECT_EQ(of({"networks"}), "SSID  Status   Key management  Priority  BSSID\n"
                                 "home  enabled  NONE                   0  any\n"
@@ -61,14 +59,14 @@ TEST_F(Reports, ListTheNetworks) {
 }
 
 TEST_F(Reports, SayThatThereIsNothing) {
-    host.on({"-iwlan0", "scan"}).prints("OK\n");
+    accept({"scan"});
     serve({});
     EXPECT_THAT(of({"networks"}), HasSubstr("platwifi add SSID psk=-"));
-    EXPECT_EQ(of(test::quickPlatwifi({"scan"})), "No access point is in range.\n");
+    EXPECT_EQ(ofQuick({"scan"}), "No access point is in range.\n");
 }
 
 TEST_F(Reports, ShowANetwork) {
-    host.on({"-iwlan0", "get_network", "0", "psk"}).prints("*");
+    on({"get_network", "0", "psk"}).prints("*");
     serve({"home"});
     const std::string shown = of({"show", "home"});
     EXPECT_THAT(shown, StartsWith("Property         Value\nssid             home\n"));
@@ -89,17 +87,16 @@ TEST_F(Reports, ShowANetworkWhoseSsidBeginsWithADash) {
 }
 
 TEST_F(Reports, ListTheScanStrongestFirst) {
-    host.on({"-iwlan0", "scan"}).prints("OK\n");
-    host.on({"-iwlan0", "scan_results"})
+    accept({"scan"});
+    on({"scan_results"})
         .prints("bssid / frequency / signal level / flags / ssid\n"
                 "02:00:00:00:01:00\t2412\t-71\t[WPA2-PSK-CCMP][ESS]\tfar\n"
                 "02:00:00:00:02:00\t5180\t-30\t[ESS]\t\n");
     serve({});
-    EXPECT_EQ(of(test::quickPlatwifi({"scan"})),
-              "SSID      BSSID              Channel   MHz  dBm  Security\n"
-              "(hidden)  02:00:00:00:02:00       36  5180  -30  open\n"
-              "far       02:00:00:00:01:00        1  2412  -71  WPA2-PSK\n");
-    EXPECT_EQ(host.callsOf({"-iwlan0", "scan"}), 1u);
+    EXPECT_EQ(ofQuick({"scan"}), "SSID      BSSID              Channel   MHz  dBm  Security\n"
+                                 "(hidden)  02:00:00:00:02:00       36  5180  -30  open\n"
+                                 "far       02:00:00:00:01:00        1  2412  -71  WPA2-PSK\n");
+    EXPECT_EQ(callsOf({"scan"}), 1u);
 }
 
 TEST_F(Reports, ScanAnyInterfaceThatIsListed) {
@@ -108,14 +105,14 @@ TEST_F(Reports, ScanAnyInterfaceThatIsListed) {
     host.on({"-iwlan1", "scan"}).prints("OK\n");
     host.on({"-iwlan1", "scan_results"}).prints("header\nb\t2412\t-7\t[ESS]\tbeside\n");
     serve({});
-    EXPECT_THAT(of(test::quickPlatwifi({"scan", "-i", "wlan1"})), HasSubstr("beside"));
-    EXPECT_THAT(of(test::quickPlatwifi({"scan", "-iwlan0"})), HasSubstr("No access point"));
+    EXPECT_THAT(ofQuick({"scan", "-i", "wlan1"}), HasSubstr("beside"));
+    EXPECT_THAT(ofQuick({"scan", "-iwlan0"}), HasSubstr("No access point"));
 }
 
 TEST_F(Reports, LeaveNoResultFileOfAScan) {
-    host.on({"-iwlan0", "scan"}).prints("OK\n");
+    accept({"scan"});
     serve({});
-    of(test::quickPlatwifi({"scan"}));
+    ofQuick({"scan"});
     EXPECT_TRUE(test::resultFiles().empty());
 }
 
@@ -145,28 +142,18 @@ TEST_F(Reports, DoNotDependOnTheLocale) {
     unsetenv("LC_ALL");
 }
 
-std::size_t longestLine(const std::string& text) {
-    std::size_t longest = 0;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);)
-        longest = std::max(longest, line.size());
-    return longest;
-}
-
 TEST_F(Reports, HaveHelpFor80Columns) {
-    for (const char* command :
-         {"", "adapters", "status", "scan", "networks", "show", "set", "add", "remove", "connect",
-          "disconnect", "roam", "xml", "dump", "doctor"}) {
-        test::Arguments arguments;
-        if (command[0] != '\0')
-            arguments.emplace_back(command);
-        arguments.emplace_back("--help");
+    std::vector<test::Arguments> helps{{"--help"}};
+    for (const cli::Command& command : cli::commands())
+        helps.push_back({command.name, "--help"});
+    ASSERT_EQ(helps.size(), 15u);
+    for (const test::Arguments& arguments : helps) {
         const std::string help = of(arguments);
-        EXPECT_LE(longestLine(help), 80u) << command;
-        EXPECT_THAT(help, HasSubstr(std::string("Usage: platwifi ") + command));
-        EXPECT_THAT(help, HasSubstr("Examples:"));
-        EXPECT_THAT(help, Not(HasSubstr("REQUIRED")));
-        EXPECT_THAT(help, Not(HasSubstr("TEXT")));
+        for (const std::string& line : test::linesOf(help))
+            EXPECT_LE(line.size(), 80u) << line;
+        const std::string command = arguments.size() == 1 ? "" : arguments[0];
+        EXPECT_THAT(help, AllOf(HasSubstr("Usage: platwifi " + command), HasSubstr("Examples:"),
+                                Not(HasSubstr("REQUIRED")), Not(HasSubstr("TEXT"))));
     }
 }
 

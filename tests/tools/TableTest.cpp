@@ -1,5 +1,6 @@
 #include "display/Table.h"
 
+#include "TextLines.h"
 #include "display/Text.h"
 
 #include <gmock/gmock.h>
@@ -21,11 +22,7 @@ std::vector<std::string> linesOf(const Table& table, unsigned int width) {
     console.width = width;
     std::ostringstream out;
     table.print(out, console);
-    std::vector<std::string> lines;
-    std::istringstream in(out.str());
-    for (std::string line; std::getline(in, line);)
-        lines.push_back(line);
-    return lines;
+    return test::linesOf(out.str());
 }
 
 Table everyScript() {

@@ -2,10 +2,10 @@
 
 #include "Terminal.h"
 #include "CommandFixture.h"
+#include "TextLines.h"
 #include "display/Text.h"
 #include "support/Checkpoint.h"
 
-#include <sstream>
 #include <unistd.h>
 
 using test::Arguments;
@@ -40,14 +40,6 @@ std::string withoutColours(const std::string& text) {
     return plain;
 }
 
-std::vector<std::string> linesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);)
-        lines.push_back(line);
-    return lines;
-}
-
 class OnATerminal : public test::CommandFixture {
 protected:
     /// The standard output of a command when that is a terminal.
@@ -56,9 +48,7 @@ protected:
         Program program(arguments, {CAPTURED, terminal.ownEnd()}, QUICK_PLATWIFI_PROGRAM);
         terminal.closeOwnEnd();
         const std::string text = terminal.readToEnd();
-        const Ending ending = program.end();
-        EXPECT_EQ(ending.status, 0);
-        EXPECT_EQ(ending.err, "");
+        outputOf(program.end());
         return text;
     }
 
@@ -66,10 +56,10 @@ protected:
         std::string found = "bssid / frequency / signal level / flags / ssid\n";
         for (const std::string& ssid : SSIDS)
             found += "02:00:00:00:01:00\t2412\t-30\t[WPA2-PSK-CCMP][ESS]\t" + ssid + "\n";
-        host.on({"-iwlan0", "scan"}).prints("OK\n");
-        host.on({"-iwlan0", "scan_results"}).prints(found);
-        host.on({"-iwlan0", "status"}).prints("ssid=" + SSIDS.back() + "\nwpa_state=COMPLETED\n");
-        host.on({"-iwlan0", "get_network", "0", "phase1"}).prints(std::string(120, 'x'));
+        accept({"scan"});
+        on({"scan_results"}).prints(found);
+        on({"status"}).prints("ssid=" + SSIDS.back() + "\nwpa_state=COMPLETED\n");
+        on({"get_network", "0", "phase1"}).prints(std::string(120, 'x'));
         serve({SSIDS[0], SSIDS[2], SSIDS.back()}); // few: a load takes many calls for each
     }
 
@@ -84,7 +74,7 @@ TEST_F(OnATerminal, NoLineIsWiderThanTheTerminal) {
     for (const unsigned short columns : WIDTHS) {
         for (const Arguments& command : commands) {
             forgetCalls();
-            const auto lines = linesOf(withoutColours(seen(command, columns)));
+            const auto lines = test::linesOf(withoutColours(seen(command, columns)));
             EXPECT_GE(lines.size(), 4u) << command[0];
             for (const std::string& line : lines)
                 EXPECT_LE(cli::cellsOf(line), columns) << command[0] << ": " << line;
@@ -120,7 +110,7 @@ class ALongLoad : public OnATerminal {
 protected:
     std::string seenOf(const std::vector<std::string>& ssids, const std::string& awaited) {
         test::Checkpoint loading("/tmp/loading");
-        host.on({"-iwlan0", "get_network", "0", "priority"}).pausesAt(loading.path()).prints("5");
+        on({"get_network", "0", "priority"}).pausesAt(loading.path()).prints("5");
         serve(ssids);
         Program program({"networks"}, {CAPTURED, CAPTURED, m_terminal.ownEnd()});
         m_terminal.closeOwnEnd();

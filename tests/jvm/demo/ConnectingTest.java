@@ -24,7 +24,7 @@ class ConnectingTest {
     private final DemoRun demo = new DemoRun();
 
     @Test
-    void addsAnOpenNetworkConnectsToItAndPutsEverythingBack() {
+    void addsAnOpenNetworkConnectsToItAndUndoesEverything() {
         connecting("cafe", "", "0\tcafe\tany\t\n").scan(CAFE).when("*").print("OK\n")
                 .play();
         assertEquals(0, demo.run("wlan0", "--connect", "cafe"), demo::errors);
@@ -39,7 +39,7 @@ class ConnectingTest {
     }
 
     @Test
-    void whatIsKeptIsLeftAlone() {
+    void aNetworkThatIsKeptStaysConnected() {
         connecting("cafe", "", "0\tcafe\tany\t\n").scan(CAFE).when("*").print("OK\n")
                 .play();
         assertEquals(0, demo.run("--connect", "cafe", "--keep"), demo::errors);
@@ -86,7 +86,7 @@ class ConnectingTest {
     }
 
     @Test
-    void aConnectionThatDoesNotCompleteEndsWithTheLastStateAndPutsEverythingBack() {
+    void aConnectionThatDoesNotCompleteEndsWithTheLastStateAndUndoesEverything() {
         supplicant("", "0\tcafe\tany\t\n").scan(CAFE)
                 .when("-iwlan0", "add_network").print("0\n")
                 .when("*").print("OK\n").play();
@@ -98,7 +98,7 @@ class ConnectingTest {
     }
 
     @Test
-    void whatIsNotPutBackIsToldToo() {
+    void aChangeThatIsNotUndoneIsReportedToo() {
         supplicant(HOME).scan(CAFE).when("-iwlan0", "reassociate").print("FAIL\n")
                 .when("*").print("OK\n").play();
         assertEquals(1, demo.run(Duration.ZERO, "--connect", "home"));
@@ -107,7 +107,7 @@ class ConnectingTest {
     }
 
     @Test
-    void aStateWithoutANameIsNotTold() {
+    void aStateWithoutANameIsNotShown() {
         connecting("home", HOME).scan(CAFE).when("*").print("OK\n").play();
         demo.run("--connect", "home");
         assertFalse(demo.out().toString().contains("UNKNOWN"), demo.out()::toString);
@@ -122,7 +122,7 @@ class ConnectingTest {
     }
 
     @Test
-    void anInterruptionPutsEverythingBack() {
+    void anInterruptionUndoesEverything() {
         supplicant("", "0\tcafe\tany\t\n").scan(CAFE)
                 .when("-iwlan0", "add_network").print("0\n")
                 .when("*").print("OK\n").play();
@@ -142,7 +142,7 @@ class ConnectingTest {
     }
 
     @Test
-    void aDocumentThatCannotBeHadIsExplainedAndEverythingPutBack() throws IOException {
+    void aDocumentThatFailsIsExplainedAndEverythingIsUndone() throws IOException {
         connecting("cafe", "", "0\tcafe\tany\t\n").scan(CAFE).when("*").print("OK\n").play();
         assertEquals(1, demo.run("--connect", "cafe", "--xml", Programs.make(folder, "exit 1")));
         demo.assertErrors("wifi-demo: .* xml ended with status 1; .*");

@@ -12,12 +12,12 @@ import java.util.List;
 import java.util.stream.Collectors;
 import java.util.stream.Stream;
 
-/** A run of the whole program with a supplicant that the stand-in plays. */
+/** Runs the whole program with the stand-in in place of the client. */
 final class DemoRun {
     static final String HOME = "0\thome\tany\t[CURRENT]\n";
     static final String CAFE = "02:00:00:00:02:00\t5180\t-71\t[ESS]\tcafe";
 
-    private static final Duration PATIENCE = Duration.ofMinutes(5);
+    private static final Duration TIMEOUT = Duration.ofMinutes(5);
     private static final String INTERFACES =
             "Selected interface 'wlan0'\nAvailable interfaces:\nwlan0\n";
     private static final String LIST = "network id / ssid / bssid / flags\n";
@@ -25,7 +25,7 @@ final class DemoRun {
     private final ByteArrayOutputStream out = new ByteArrayOutputStream();
     private final ByteArrayOutputStream err = new ByteArrayOutputStream();
 
-    /** Lists are what list_networks prints, one a call; the last one repeats. */
+    /** @param lists  the output of each call of list_networks; the last one repeats */
     static StandIn supplicant(String... lists) {
         StandIn standIn = new StandIn().processes("4711 /sbin/wpa_supplicant -iwlan0\n")
                 .when("interface").print(INTERFACES)
@@ -35,9 +35,9 @@ final class DemoRun {
     }
 
     /**
-     * One that connects, and disconnects when the connection has been seen twice, with three
-     * questions each time. There are more idle answers than come before the connection: how many
-     * those are is the library's.
+     * A supplicant that connects, and disconnects after the program has seen the connection twice,
+     * with three queries each time. How often the library queries the status before the connection
+     * is not fixed, so there are more idle answers than it takes.
      */
     static StandIn connecting(String ssid, String... lists) {
         StandIn standIn = supplicant(lists)
@@ -49,7 +49,7 @@ final class DemoRun {
         return standIn.then().print("wpa_state=DISCONNECTED\n");
     }
 
-    /** What the supplicant was told, without what it was asked. */
+    /** The commands that change something, without the queries. */
     static List<String> changes() {
         return StandIn.calls().stream().map(call -> call.replaceFirst("^-iwlan0 ", ""))
                 .filter(call -> !call.matches("(arg|interface|status|list_networks|get_network.*"
@@ -58,11 +58,11 @@ final class DemoRun {
     }
 
     int run(String... arguments) {
-        return run(PATIENCE, arguments);
+        return run(TIMEOUT, arguments);
     }
 
-    int run(Duration patience, String... arguments) {
-        return WifiDemo.run(patience, new PrintStream(out, true, StandardCharsets.UTF_8),
+    int run(Duration timeout, String... arguments) {
+        return WifiDemo.run(timeout, new PrintStream(out, true, StandardCharsets.UTF_8),
                 new PrintStream(err, true, StandardCharsets.UTF_8), arguments);
     }
 
@@ -78,7 +78,7 @@ final class DemoRun {
         return err.toString(StandardCharsets.UTF_8);
     }
 
-    /** What was printed at the end. */
+    /** Compares the last lines of the output. */
     void assertLast(String... expected) {
         List<String> all = out();
         assertLinesMatch(List.of(expected),

@@ -5,7 +5,7 @@ import java.nio.file.Files;
 import java.nio.file.Path;
 import java.nio.file.attribute.PosixFilePermissions;
 
-/** Programs that tests have others run. */
+/** Makes programs for tests. */
 final class Programs {
     private Programs() {}
 

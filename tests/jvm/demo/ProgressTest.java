@@ -24,18 +24,18 @@ class ProgressTest {
     private final PrintStream out = new PrintStream(bytes, true, StandardCharsets.UTF_8);
 
     @Test
-    void aDotFollowsTheOtherWhileTheWorkGoesOn() throws Stop {
+    void dotsFollowWhileTheOperationRuns() throws Stop {
         assertEquals("done", Progress.during(out, "Scanning",
-                tell -> workUntilTwoDotsAreOut()));
+                show -> workUntilTwoDotsAreOut()));
         assertTrue(printed().matches("Scanning \\.{2,}\n"), printed());
     }
 
     @Test
-    void wordsOfTheWorkStandBetweenTheDots() throws Stop {
-        Progress.during(out, "Connecting", tell -> {
-            tell.accept("SCANNING");
+    void wordsOfTheOperationAreBetweenTheDots() throws Stop {
+        Progress.during(out, "Connecting", show -> {
+            show.accept("SCANNING");
             workUntilTwoDotsAreOut();
-            tell.accept("COMPLETED");
+            show.accept("COMPLETED");
             return null;
         });
         assertTrue(printed().matches("Connecting( \\.)? SCANNING \\.+ COMPLETED\n"), printed());
@@ -43,9 +43,9 @@ class ProgressTest {
 
     @Test
     void aFullLineIsContinuedOnTheNext() throws Stop {
-        Progress.during(out, "Connecting", tell -> {
+        Progress.during(out, "Connecting", show -> {
             for (int i = 0; i < 20; ++i)
-                tell.accept("SCANNING");
+                show.accept("SCANNING");
             return null;
         });
         assertTrue(printed().lines().allMatch(line -> line.length() <= 80), printed());
@@ -54,8 +54,8 @@ class ProgressTest {
     }
 
     @Test
-    void workThatFailsEndsTheLineToo() {
-        assertThrows(IllegalStateException.class, () -> Progress.during(out, "Scanning", tell -> {
+    void anOperationThatFailsEndsTheLineToo() {
+        assertThrows(IllegalStateException.class, () -> Progress.during(out, "Scanning", show -> {
             throw new IllegalStateException();
         }));
         assertTrue(printed().endsWith("\n"), printed());

@@ -45,7 +45,7 @@ class SsidTest {
     }
 
     @Test
-    void charactersThatComeInTwoWaysMeet() {
+    void bytesInBothNotationsFormOneCharacter() {
         assertEquals("é", shown("\uDCC3\\xa9"));
     }
 

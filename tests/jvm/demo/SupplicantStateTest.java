@@ -35,9 +35,9 @@ class SupplicantStateTest {
         "ASSOCIATING, ASSOCIATING", "ASSOCIATED, ASSOCIATED", "4WAY_HANDSHAKE, 4WAY_HANDSHAKE",
         "GROUP_HANDSHAKE, GROUP_HANDSHAKE", "SOMETHING, UNKNOWN",
     })
-    void aStateOnTheWayIsNamed(String supplicants, String name) {
+    void aStateBeforeTheConnectionIsNamed(String supplicants, String name) {
         SupplicantState state = state(BSSID + "ssid=cafe\nwpa_state=" + supplicants + "\n");
-        assertEquals(name, state.onTheWayTo("cafe"));
+        assertEquals(name, state.nameWhileConnectingTo("cafe"));
         assertEquals(name, state.toString());
         assertEquals(!name.equals("UNKNOWN"), state.isKnown());
         assertFalse(state.isConnected());
@@ -47,7 +47,7 @@ class SupplicantStateTest {
     @Test
     void completedIsConnected() {
         SupplicantState state = state(BSSID + "ssid=cafe\nid=0\nwpa_state=COMPLETED\n");
-        assertEquals("COMPLETED", state.onTheWayTo("cafe"));
+        assertEquals("COMPLETED", state.nameWhileConnectingTo("cafe"));
         assertEquals("COMPLETED on cafe", state.toString());
         assertTrue(state.isConnectedTo("cafe"));
     }
@@ -55,7 +55,7 @@ class SupplicantStateTest {
     @Test
     void completedOnAnotherNetworkIsNotConnected() {
         SupplicantState state = state(BSSID + "ssid=home\nid=0\nwpa_state=COMPLETED\n");
-        assertEquals("COMPLETED on home", state.onTheWayTo("cafe"));
+        assertEquals("COMPLETED on home", state.nameWhileConnectingTo("cafe"));
         assertTrue(state.isConnected());
         assertFalse(state.isConnectedTo("cafe"));
     }
@@ -63,11 +63,11 @@ class SupplicantStateTest {
     @Test
     void completedOnANetworkThatIsNotConfiguredHasNoName() {
         SupplicantState state = state("ssid=elsewhere\nwpa_state=COMPLETED\n");
-        assertEquals("COMPLETED", state.onTheWayTo("cafe"));
+        assertEquals("COMPLETED", state.nameWhileConnectingTo("cafe"));
         assertFalse(state.isConnectedTo("cafe"));
     }
 
-    /** The old network is left while it is asked for: its state is not that of the new one. */
+    /** The supplicant changes networks between the queries for the network and for the state. */
     @Test
     void theStateIsThatOfTheNetworkOrALaterOne() {
         new StandIn().when("-iwlan0", "status").print("ssid=home\nwpa_state=COMPLETED\n")
@@ -82,9 +82,9 @@ class SupplicantStateTest {
     }
 
     @Test
-    void aClientThatFailsLeavesItUnknown() {
+    void aClientThatFailsMeansUnknown() {
         new StandIn().when("-iwlan0", "status").exit(255).play();
-        assertEquals("UNKNOWN", SupplicantState.of("wlan0").onTheWayTo("cafe"));
+        assertEquals("UNKNOWN", SupplicantState.of("wlan0").nameWhileConnectingTo("cafe"));
     }
 
     private static SupplicantState state(String reply) {

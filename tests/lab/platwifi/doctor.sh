@@ -57,7 +57,7 @@ finds_a_closed_socket() {
     cp "$BUILD_DIR"/lib/lib*.so $copy/lib
     cp -P "$BUILD_DIR"/boot/* $copy/boot
     finds "control socket" '/run/wpa_supplicant.* is closed to all but root.*' \
-        '.*run platwifi as root.*' env PLATFORM_KEY_FILE=/tmp/nobody/crypt.key \
+        '.*run platwifi as root.*' env PLATFORM_KEY_FILE=/tmp/missing/crypt.key \
         setpriv --reuid=65534 --regid=65534 --clear-groups $copy/bin/platwifi
     rm -r $copy
 }

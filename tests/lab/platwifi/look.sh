@@ -51,6 +51,6 @@ test_look() {
     json_has /adapter wlan0 /network null /networks 0
     run "an unknown interface" 1 status -i wlan9
     complains 'the supplicant does not serve wlan9; .*'
-    run "an unknown network" 1 show nobody
-    complains 'there is no network nobody; .*'
+    run "an unknown network" 1 show elsewhere
+    complains 'there is no network elsewhere; .*'
 }

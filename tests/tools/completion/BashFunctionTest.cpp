@@ -1,10 +1,10 @@
 // The completion function, called with the variables that bash sets for it.
 
 #include "Shell.h"
+#include "TextLines.h"
 
 #include <fstream>
 #include <gmock/gmock.h>
-#include <sstream>
 #include <sys/stat.h>
 #include <vector>
 
@@ -23,25 +23,17 @@ COMP_LINE=$LEFT$REPLACED$RIGHT COMP_POINT=$((${#LEFT} + ${#REPLACED}))
 _platwifi platwifi "$REPLACED" ''
 [ ${#COMPREPLY[@]} = 0 ] || printf '%s\n' "${COMPREPLY[@]}")";
 
-Texts linesOf(const std::string& text) {
-    Texts lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);)
-        lines.push_back(line);
-    return lines;
-}
-
 /// The completions of a command line.
 /// @param left      the text before the part that readline replaces
 /// @param replaced  that part, up to the cursor
 /// @param right     the text behind the cursor
 Texts replies(const std::string& left, const std::string& replaced, const std::string& right = "") {
-    return linesOf(test::outputOf(CALL, {{"CLI_SOURCES", CLI_SOURCES},
-                                         {"LEFT", left},
-                                         {"REPLACED", replaced},
-                                         {"RIGHT", right},
-                                         {"LC_ALL", "C.UTF-8"}})
-                       .text);
+    return test::linesOf(test::outputOf(CALL, {{"CLI_SOURCES", CLI_SOURCES},
+                                               {"LEFT", left},
+                                               {"REPLACED", replaced},
+                                               {"RIGHT", right},
+                                               {"LC_ALL", "C.UTF-8"}})
+                             .text);
 }
 
 class BashFunction : public testing::Test {
@@ -126,5 +118,6 @@ TEST_F(BashFunction, PrintsNothingWithoutASupplicant) {
 TEST_F(BashFunction, UsesTheProgramOnThePathOrPrintsNothing) {
     EXPECT_THAT(replies("/nowhere/platwifi ", "stat"),
                 ElementsAre("status")); // from the program on the path
-    EXPECT_THAT(linesOf(test::outputOf(std::string("PATH=/nowhere\n") + CALL).text), IsEmpty());
+    EXPECT_THAT(test::linesOf(test::outputOf(std::string("PATH=/nowhere\n") + CALL).text),
+                IsEmpty());
 }

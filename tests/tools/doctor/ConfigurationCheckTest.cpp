@@ -1,8 +1,7 @@
 // The check of the permissions of the supplicant's configuration file.
 
 #include "DoctorWorld.h"
-
-#include <gmock/gmock.h>
+#include "Findings.h"
 
 #include <filesystem>
 #include <fstream>
@@ -10,8 +9,9 @@
 namespace {
 
 using cli::Finding;
-using cli::Health;
 using std::filesystem::perms;
+using test::isGood;
+using test::isNote;
 using testing::HasSubstr;
 
 class ConfigurationCheck : public test::DoctorWorld {
@@ -34,31 +34,26 @@ protected:
 TEST_F(ConfigurationCheck, NotesAFileThatAllUsersCanRead) {
     write(perms::owner_read | perms::group_read | perms::others_read);
     for (const std::string& option : {"-c " + m_file, "-c" + m_file}) {
-        const Finding finding =
-            foundFor("1 init\n7 /usr/sbin/wpa_supplicant -B " + option + " -iwlan0\n");
-        EXPECT_EQ(finding.health, Health::NOTE) << option;
-        EXPECT_THAT(finding.found, HasSubstr(m_file));
-        EXPECT_THAT(finding.toDo, HasSubstr("chmod 600 " + m_file));
+        EXPECT_THAT(foundFor("1 init\n7 /usr/sbin/wpa_supplicant -B " + option + " -iwlan0\n"),
+                    isNote(HasSubstr(m_file), HasSubstr("chmod 600 " + m_file)))
+            << option;
     }
 }
 
 TEST_F(ConfigurationCheck, AcceptsAFileThatIsClosedToOthers) {
     write(perms::owner_read | perms::owner_write | perms::group_read);
-    const Finding finding = foundFor("7 wpa_supplicant -c " + m_file + "\n");
-    EXPECT_EQ(finding.health, Health::GOOD);
-    EXPECT_THAT(finding.found, HasSubstr(m_file));
+    EXPECT_THAT(foundFor("7 wpa_supplicant -c " + m_file + "\n"), isGood(HasSubstr(m_file)));
 }
 
 TEST_F(ConfigurationCheck, IgnoresTheArgumentsOfAnotherProgram) {
     write(perms::all);
-    EXPECT_EQ(foundFor("7 editor wpa_supplicant -c " + m_file + "\n").health, Health::GOOD);
+    EXPECT_THAT(foundFor("7 editor wpa_supplicant -c " + m_file + "\n"), isGood());
 }
 
 TEST_F(ConfigurationCheck, AcceptsAFileThatIsMissingOrNotNamed) {
     for (const char* const arguments :
          {"-c /no/such/file", "-c", "-c relative.conf", "-iwlan0", ""})
-        EXPECT_EQ(foundFor(std::string("7 wpa_supplicant ") + arguments + "\n").health,
-                  Health::GOOD)
+        EXPECT_THAT(foundFor(std::string("7 wpa_supplicant ") + arguments + "\n"), isGood())
             << arguments;
 }
 

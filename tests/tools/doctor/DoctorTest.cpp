@@ -2,6 +2,7 @@
 
 #include "CommandLine.h"
 #include "DoctorWorld.h"
+#include "TextLines.h"
 #include "commands/Commands.h"
 #include "display/Text.h"
 #include "host/Host.h"
@@ -96,7 +97,7 @@ TEST_F(Doctor, SucceedsIfThereAreOnlyNotes) {
     answer();
     const std::string text = printed();
     EXPECT_EQ(m_status, cli::DONE);
-    EXPECT_THAT(text, HasSubstr("\nnote  update_config   cannot be told"));
+    EXPECT_THAT(text, HasSubstr("\nnote  update_config   is unknown"));
     EXPECT_THAT(text, EndsWith("\nNothing is wrong.\n"));
 }
 
@@ -113,8 +114,7 @@ TEST_F(Doctor, IsNeverWiderThanTheConsole) {
     std::filesystem::remove_all(FOLDER);
     for (const unsigned int width : {1U, 2U, 3U, 5U, 6U, 7U, 19U, 20U, 41U, 42U, 43U, 60U, 80U}) {
         m_console.width = width;
-        std::istringstream lines(printed());
-        for (std::string line; std::getline(lines, line);)
+        for (const std::string& line : test::linesOf(printed()))
             EXPECT_LE(cli::cellsOf(line), width) << line;
     }
 }

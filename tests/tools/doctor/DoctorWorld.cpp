@@ -14,7 +14,7 @@
 namespace test {
 namespace {
 
-constexpr unsigned int NOBODY = 65534;
+constexpr unsigned int OTHER_ID = 65534;
 
 } // namespace
 
@@ -34,7 +34,7 @@ ListeningSocket::~ListeningSocket() {
 
 OrdinaryUser::OrdinaryUser() : m_groups(static_cast<std::size_t>(getgroups(0, nullptr))) {
     getgroups(static_cast<int>(m_groups.size()), m_groups.data());
-    m_done = setgroups(0, nullptr) == 0 && setegid(NOBODY) == 0 && seteuid(NOBODY) == 0;
+    m_done = setgroups(0, nullptr) == 0 && setegid(OTHER_ID) == 0 && seteuid(OTHER_ID) == 0;
 }
 
 OrdinaryUser::~OrdinaryUser() {

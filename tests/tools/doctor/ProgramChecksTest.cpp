@@ -1,8 +1,7 @@
 // The checks of the programs that the library runs, of the supplicant's process and of its pid file.
 
 #include "DoctorWorld.h"
-
-#include <gmock/gmock.h>
+#include "Findings.h"
 
 #include <filesystem>
 #include <fstream>
@@ -11,8 +10,10 @@
 
 namespace {
 
-using cli::Finding;
-using cli::Health;
+using test::isBad;
+using test::isGood;
+using test::isNote;
+using testing::_;
 using testing::HasSubstr;
 
 class ProgramChecks : public test::DoctorWorld {
@@ -30,70 +31,58 @@ TEST_F(ProgramChecks, ShowThePathThatALinkToTheClientLeadsTo) {
     replace("elsewhere", std::filesystem::perms::owner_all);
     std::filesystem::remove(program("wpa_cli"));
     std::filesystem::create_symlink("elsewhere", program("wpa_cli"));
-    const Finding finding = cli::checkClient("");
-    EXPECT_EQ(finding.health, Health::GOOD);
-    EXPECT_EQ(finding.found, program("elsewhere"));
+    EXPECT_THAT(cli::checkClient(""), isGood(program("elsewhere")));
 }
 
 TEST_F(ProgramChecks, ReportAMissingClient) {
     std::filesystem::remove(program("wpa_cli"));
-    const Finding finding = cli::checkClient("");
-    EXPECT_EQ(finding.health, Health::BAD);
-    EXPECT_EQ(finding.found, "there is no program " + program("wpa_cli"));
-    EXPECT_THAT(finding.toDo, HasSubstr("apt-get install wpasupplicant"));
+    EXPECT_THAT(cli::checkClient(""), isBad("there is no program " + program("wpa_cli"),
+                                            HasSubstr("apt-get install wpasupplicant")));
 }
 
 TEST_F(ProgramChecks, ReportALinkToAMissingClient) {
     std::filesystem::remove(program("wpa_cli"));
     std::filesystem::create_symlink("/no/such/client", program("wpa_cli"));
-    EXPECT_EQ(cli::checkClient("").health, Health::BAD);
+    EXPECT_THAT(cli::checkClient(""), isBad());
 }
 
 TEST_F(ProgramChecks, ReportAFolderInPlaceOfTheClient) {
     std::filesystem::remove(program("wpa_cli"));
     std::filesystem::create_directory(program("wpa_cli"));
-    EXPECT_EQ(cli::checkClient("").health, Health::BAD);
+    EXPECT_THAT(cli::checkClient(""), isBad());
 }
 
 TEST_F(ProgramChecks, ReportAClientThatCannotBeExecuted) {
     replace("wpa_cli", std::filesystem::perms::owner_read);
-    const Finding finding = cli::checkClient("");
-    EXPECT_EQ(finding.health, Health::BAD);
-    EXPECT_EQ(finding.toDo, "allow it: chmod a+x " + program("wpa_cli"));
+    EXPECT_THAT(cli::checkClient(""), isBad(_, "allow it: chmod a+x " + program("wpa_cli")));
 }
 
 TEST_F(ProgramChecks, ReportAMissingProcessLister) {
-    EXPECT_EQ(cli::checkProcessLister("").health, Health::GOOD);
+    EXPECT_THAT(cli::checkProcessLister(""), isGood());
     std::filesystem::remove(program("pidin"));
-    const Finding finding = cli::checkProcessLister("");
-    EXPECT_EQ(finding.health, Health::BAD);
-    EXPECT_EQ(finding.found, "there is no program " + program("pidin"));
+    EXPECT_THAT(cli::checkProcessLister(""), isBad("there is no program " + program("pidin")));
 }
 
 TEST_F(ProgramChecks, SayHowToStartTheSupplicantForTheInterface) {
-    EXPECT_EQ(cli::checkProcess("").health, Health::GOOD);
+    EXPECT_THAT(cli::checkProcess(""), isGood());
     m_standIn.reset();
     m_standIn.on({"*"}).prints("1 init\n");
-    const Finding finding = cli::checkProcess("wlan5");
-    EXPECT_EQ(finding.health, Health::BAD);
-    EXPECT_EQ(finding.found, "wpa_supplicant is not running");
-    EXPECT_THAT(finding.toDo, HasSubstr("-i wlan5 -c FILE"));
+    EXPECT_THAT(cli::checkProcess("wlan5"),
+                isBad("wpa_supplicant is not running", HasSubstr("-i wlan5 -c FILE")));
     EXPECT_THAT(cli::checkProcess("").toDo, HasSubstr("-i wlan0 -c FILE"));
 }
 
 TEST_F(ProgramChecks, FindTheSupplicantWithAnyNameOfAnInterface) {
-    EXPECT_EQ(cli::checkProcess("a name that no interface can have").health, Health::GOOD);
+    EXPECT_THAT(cli::checkProcess("a name that no interface can have"), isGood());
 }
 
 TEST_F(ProgramChecks, AcceptAMissingPidFile) {
-    EXPECT_EQ(cli::checkPidFile("").health, Health::GOOD);
+    EXPECT_THAT(cli::checkPidFile(""), isGood());
 }
 
 TEST_F(ProgramChecks, AcceptThePidFileOfARunningProcess) {
     std::ofstream(PID_FILE) << getpid() << '\n';
-    const Finding finding = cli::checkPidFile("");
-    EXPECT_EQ(finding.health, Health::GOOD);
-    EXPECT_EQ(finding.found, "names process " + std::to_string(getpid()));
+    EXPECT_THAT(cli::checkPidFile(""), isGood("names process " + std::to_string(getpid())));
 }
 
 TEST_F(ProgramChecks, NoteThePidFileOfAProcessThatHasEnded) {
@@ -102,15 +91,13 @@ TEST_F(ProgramChecks, NoteThePidFileOfAProcessThatHasEnded) {
         _exit(0);
     waitpid(child, nullptr, 0);
     std::ofstream(PID_FILE) << child << '\n';
-    const Finding finding = cli::checkPidFile("");
-    EXPECT_EQ(finding.health, Health::NOTE);
-    EXPECT_EQ(finding.toDo, "remove it as root: rm " + PID_FILE);
+    EXPECT_THAT(cli::checkPidFile(""), isNote(_, "remove it as root: rm " + PID_FILE));
 }
 
 TEST_F(ProgramChecks, NoteAPidFileThatNamesNoProcess) {
     for (const char* const text : {"", "none\n", "-1\n", "0\n"}) {
         std::ofstream(PID_FILE) << text;
-        EXPECT_EQ(cli::checkPidFile("").health, Health::NOTE) << text;
+        EXPECT_THAT(cli::checkPidFile(""), isNote()) << text;
     }
 }
 

@@ -1,11 +1,9 @@
 // The check of the shared memory: whether the library would use it, and which processes do.
 
-#include "checks/CheckFunctions.h"
+#include "DoctorWorld.h"
+#include "Findings.h"
 #include "process/SharedBlock.h"
 #include "watchdog/SharedSignalBlock.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <csignal>
 #include <fcntl.h>
@@ -21,12 +19,14 @@
 namespace {
 
 using cli::BLOCK_PATH;
-using cli::Finding;
-using cli::Health;
+using test::isBad;
+using test::isGood;
+using test::isNote;
+using testing::AllOf;
 using testing::HasSubstr;
 
 constexpr std::size_t SIZE = sizeof(SharedSignalBlock);
-constexpr uid_t NOBODY = 65534;
+constexpr uid_t OTHER_ID = 65534;
 
 void put(std::size_t size) {
     std::ofstream(BLOCK_PATH) << std::string(size, '\0');
@@ -89,14 +89,11 @@ private:
 };
 
 void expectBad(const std::string& found, const std::string& toDo) {
-    const Finding finding = cli::checkSharedMemory("");
-    EXPECT_EQ(finding.health, Health::BAD);
-    EXPECT_THAT(finding.found, HasSubstr(found));
-    EXPECT_THAT(finding.toDo, HasSubstr(toDo));
+    EXPECT_THAT(cli::checkSharedMemory(""), isBad(HasSubstr(found), HasSubstr(toDo)));
 }
 
 TEST_F(SharedMemoryChecks, AcceptThatThereIsNone) {
-    EXPECT_EQ(cli::checkSharedMemory("").health, Health::GOOD);
+    EXPECT_THAT(cli::checkSharedMemory(""), isGood());
     EXPECT_FALSE(std::filesystem::exists(BLOCK_PATH)) << "the check creates none";
 }
 
@@ -104,31 +101,27 @@ TEST_F(SharedMemoryChecks, NameTheProcessesThatUseIt) {
     put(SIZE);
     const BlockUser one;
     ASSERT_TRUE(one.isMapped());
-    EXPECT_EQ(cli::checkSharedMemory("").found, "used by process " + one.id());
+    EXPECT_THAT(cli::checkSharedMemory(""), isGood("used by process " + one.id()));
     const BlockUser other;
     ASSERT_TRUE(other.isMapped());
-    const Finding finding = cli::checkSharedMemory("");
-    EXPECT_EQ(finding.health, Health::GOOD);
-    EXPECT_THAT(finding.found, HasSubstr("used by processes "));
-    EXPECT_THAT(finding.found, HasSubstr(" " + one.id()));
-    EXPECT_THAT(finding.found, HasSubstr(" " + other.id()));
+    EXPECT_THAT(cli::checkSharedMemory(""),
+                isGood(AllOf(HasSubstr("used by processes "), HasSubstr(" " + one.id()),
+                             HasSubstr(" " + other.id()))));
 }
 
 TEST_F(SharedMemoryChecks, NoteOneThatNoProcessUses) {
     put(SIZE);
-    const Finding finding = cli::checkSharedMemory("");
-    EXPECT_EQ(finding.health, Health::NOTE);
-    EXPECT_THAT(finding.found, HasSubstr("left behind"));
-    EXPECT_THAT(finding.toDo, HasSubstr("rm /dev/shm/wifi_shmem"));
+    EXPECT_THAT(cli::checkSharedMemory(""),
+                isNote(HasSubstr("left behind"), HasSubstr("rm /dev/shm/wifi_shmem")));
     EXPECT_TRUE(std::filesystem::exists(BLOCK_PATH)) << "the check does not remove it";
 }
 
 TEST_F(SharedMemoryChecks, DoNotCountAProcessThatUsesAnotherBlockOfThatName) {
     put(SIZE);
-    const BlockUser stranger(BlockUser::Where::OTHER_MOUNT);
-    if (!stranger.isMapped())
-        GTEST_SKIP() << "this system allows no mounts of one's own";
-    EXPECT_EQ(cli::checkSharedMemory("").health, Health::NOTE);
+    const BlockUser other(BlockUser::Where::OTHER_MOUNT);
+    if (!other.isMapped())
+        GTEST_SKIP() << "this system allows no private mounts";
+    EXPECT_THAT(cli::checkSharedMemory(""), isNote());
 }
 
 TEST_F(SharedMemoryChecks, ReportOneOfAnotherSize) {
@@ -148,7 +141,7 @@ TEST_F(SharedMemoryChecks, ReportWhatIsNoRegularFile) {
 
 TEST_F(SharedMemoryChecks, ReportOneOfAnotherUser) {
     put(SIZE);
-    if (chown(BLOCK_PATH, NOBODY, NOBODY) != 0)
+    if (chown(BLOCK_PATH, OTHER_ID, OTHER_ID) != 0)
         GTEST_SKIP() << "only root can give a file away";
     expectBad("belongs to another user", "let all of them run as one user");
 }
@@ -157,28 +150,24 @@ class BlockOfRoot : public SharedMemoryChecks {
 protected:
     void SetUp() override {
         put(SIZE);
-        if (seteuid(NOBODY) != 0)
+        if (!test::OrdinaryUser())
             GTEST_SKIP() << "only root can become another user";
     }
-    void TearDown() override {
-        EXPECT_EQ(seteuid(getuid()), 0);
-        SharedMemoryChecks::TearDown();
-    }
-    static void setMode(mode_t mode) {
-        EXPECT_EQ(seteuid(0), 0);
+
+    static cli::Finding findingWithMode(mode_t mode) {
         chmod(BLOCK_PATH, mode);
-        EXPECT_EQ(seteuid(NOBODY), 0);
+        const test::OrdinaryUser user;
+        return cli::checkSharedMemory("");
     }
 };
 
 TEST_F(BlockOfRoot, IsBadWhereItIsClosedToThisUser) {
-    setMode(0755);
-    expectBad("is closed to this user", "run platwifi as the user");
+    EXPECT_THAT(findingWithMode(0755),
+                isBad(HasSubstr("is closed to this user"), HasSubstr("run platwifi as the user")));
 }
 
 TEST_F(BlockOfRoot, IsGoodWhereItIsOpenToThisUser) {
-    setMode(0777);
-    EXPECT_EQ(cli::checkSharedMemory("").health, Health::GOOD);
+    EXPECT_THAT(findingWithMode(0777), isGood());
 }
 
 } // namespace

@@ -66,8 +66,8 @@ Finding checkSaving(const std::string& iface) {
     if (last == '0')
         return bad("is off: nothing can be saved",
                    "put update_config=1 into the supplicant's configuration, then restart it");
-    return note("cannot be told: this supplicant does not say",
-                "see that update_config=1 stands in the supplicant's configuration");
+    return note("is unknown: this supplicant does not report it",
+                "make sure that update_config=1 is in the supplicant's configuration");
 }
 
 } // namespace cli

@@ -3,7 +3,7 @@ package lab;
 import java.util.function.BooleanSupplier;
 import java.util.function.Supplier;
 
-/** A line for each check, and how many have failed. */
+/** Prints a line for each check, and counts those that failed. */
 final class Checks {
     interface Steps {
         void run() throws Exception;
@@ -21,7 +21,7 @@ final class Checks {
         check(title, isRight, () -> "no");
     }
 
-    /** @param found what there is instead; without secrets */
+    /** @param found the value if the check fails; without secrets */
     static void check(String title, boolean isRight, Supplier<String> found) {
         System.out.println(isRight ? "ok      " + title : "FAILED  " + title + ": " + found.get());
         if (!isRight)
@@ -32,7 +32,7 @@ final class Checks {
         check(title, wanted.equals(found), () -> found + " instead of " + wanted);
     }
 
-    /** What is thrown ends these steps only. */
+    /** An exception ends these steps only, and counts as a failure. */
     static void section(String title, Steps steps) {
         long start = System.nanoTime();
         try {

@@ -8,12 +8,12 @@ import java.util.List;
 import java.util.stream.Collectors;
 import java.util.stream.Stream;
 
-/** The supplicant's configuration file. Its networks are in order; the lines of each are sorted. */
+/** The networks of the supplicant's configuration file, in its order; the lines of each sorted. */
 final class ConfigurationFile {
     private static final Path PATH = Path.of(Host.variable("LAB_SUPPLICANT_CONF"));
 
-    /** What the supplicant writes of each network, set or not. */
-    private static final String ALWAYS_THERE = "mesh_fwding=1";
+    /** A line that the supplicant writes for every network. */
+    private static final String ALWAYS_WRITTEN = "mesh_fwding=1";
 
     private ConfigurationFile() {}
 
@@ -39,7 +39,7 @@ final class ConfigurationFile {
     }
 
     private static void addSet(List<String> block, String line) {
-        if (!line.equals(ALWAYS_THERE))
+        if (!line.equals(ALWAYS_WRITTEN))
             block.add(line);
     }
 
@@ -61,7 +61,7 @@ final class ConfigurationFile {
                 + "; " + found.size() + " networks where " + wanted.size() + " are wanted";
     }
 
-    /** Without values: there are secrets among them. */
+    /** Keys without values, because some values are secrets. */
     private static List<String> keysBeyond(List<List<String>> these, List<List<String>> those) {
         List<String> beyond = named(these);
         beyond.removeAll(named(those));

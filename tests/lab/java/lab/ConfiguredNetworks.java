@@ -6,7 +6,7 @@ import static lab.Wifi.WLAN;
 import java.io.IOException;
 import java.util.List;
 
-/** Networks of every kind: what comes to stand in the file, and that they are connected to. */
+/** Networks of every kind: what the file contains after a save, and whether they connect. */
 final class ConfiguredNetworks {
     private static final Network OPEN = Networks.open();
     private static final Network PSK = Networks.psk(Networks.PASSPHRASE);
@@ -22,7 +22,7 @@ final class ConfiguredNetworks {
         ConfigurationFile.checkHolds("the file holds what was set", OPEN, PSK, HIDDEN, otherWep,
                 PEAP);
         Supplicant.restart();
-        Checks.equal("a supplicant that is started anew has them",
+        Checks.equal("a supplicant that is started again has them",
                 List.of(OPEN.ssid, PSK.ssid, HIDDEN.ssid, WEP.ssid, PEAP.ssid), Supplicant.ssids());
         oneFieldEdited();
         for (Network network : List.of(PEAP, WEP, HIDDEN, PSK, OPEN))
@@ -30,7 +30,7 @@ final class ConfiguredNetworks {
         theFirstRemoved();
     }
 
-    /** One after the other: they share an SSID. */
+    /** One after the other, because they have the same SSID. */
     static void tunnelAndCertificate() {
         for (Network network : List.of(Networks.ttls(), Networks.tls("client.pem"))) {
             Wifi.configure(network);
@@ -52,7 +52,7 @@ final class ConfiguredNetworks {
                 OPEN, PSK, HIDDEN, WEP, PEAP);
     }
 
-    /** The supplicant numbers the others anew, from where the removed one was. */
+    /** After the save the supplicant assigns new ids to the others. */
     private static void theFirstRemoved() {
         Checks.check("the first is removed", removeNetwork0(WLAN, OPEN.ssid));
         Wifi.save();

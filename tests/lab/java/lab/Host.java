@@ -5,7 +5,7 @@ import java.nio.charset.StandardCharsets;
 import java.util.List;
 import java.util.stream.Collectors;
 
-/** The guest that all this runs in. */
+/** The virtual machine that the job runs in. */
 final class Host {
     private Host() {}
 
@@ -20,7 +20,7 @@ final class Host {
         return variable("LAB_CERTIFICATES") + "/" + file;
     }
 
-    /** Standard output of a command that ends in order. */
+    /** The standard output of a command, which must succeed. */
     static List<String> run(String... command) {
         try {
             Process process = new ProcessBuilder(command)

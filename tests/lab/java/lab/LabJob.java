@@ -1,6 +1,6 @@
 package lab;
 
-/** The library from Java with real access points and the real supplicant. */
+/** Tests the library from Java with real access points and the real supplicant. */
 public final class LabJob {
     private LabJob() {}
 
@@ -11,7 +11,7 @@ public final class LabJob {
         Checks.section("enterprise refusals", Refusals::enterprise);
         Checks.section("another process", OtherProcess::seesWhatIsSaved);
         Checks.section("a suspended supplicant", SuspendedSupplicant::failsInTime);
-        // The unloading that the end of a process would do takes seconds.
+        // An exit would unload the settings, which takes seconds.
         Runtime.getRuntime().halt(Checks.failures() == 0 ? 0 : 1);
     }
 }

@@ -10,7 +10,7 @@ import java.util.List;
 import java.util.stream.Collectors;
 import java.util.stream.Stream;
 
-/** A network to configure: what is set, and the line that it becomes in the configuration file. */
+/** A network to configure: its settings, and their lines in the configuration file. */
 final class Network {
     interface TextSetter {
         boolean set(String iface, String ssid, String value);
@@ -44,7 +44,7 @@ final class Network {
         return with(() -> setter.set(WLAN, ssid, value), key + "=" + quoted(value));
     }
 
-    /** A setter that takes the value enciphered. */
+    /** For a setter that takes the value enciphered. */
     Network secret(TextSetter setter, String key, String value) {
         return with(() -> setter.set(WLAN, ssid, PlatformCrypt.encrypt(value)),
                 key + "=" + quoted(value));
@@ -60,13 +60,13 @@ final class Network {
                 "scan_ssid=1");
     }
 
-    /** Whether it was added and every setter said that it has changed something. */
+    /** Adds and sets it. @return whether it was added and every setter returned true */
     boolean add() {
         return BWifiPlatformService.addNetwork0(WLAN, ssid)
                 && settings.stream().filter(setting -> !setting.make()).count() == 0;
     }
 
-    /** Its block in the configuration file, in the order of ConfigurationFile. */
+    /** Its lines in the configuration file, sorted. */
     List<String> block() {
         return lines.stream().sorted().collect(Collectors.toList());
     }

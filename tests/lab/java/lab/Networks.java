@@ -2,7 +2,7 @@ package lab;
 
 import com.quorvel.platwifi.BWifiPlatformService;
 
-/** The networks of the access points, as they are configured here. */
+/** A network for each access point. */
 final class Networks {
     static final int NONE = 0x1;
     static final int WPA_PSK = 0x2;
@@ -41,7 +41,7 @@ final class Networks {
                 .secret(BWifiPlatformService::setPreSharedKey0, "psk", PASSPHRASE);
     }
 
-    /** The access point has the first key only. */
+    /** The access point knows only the first key. */
     static Network wep(int index) {
         Network network = new Network("WEP, shared", "lab-wep")
                 .with(BWifiPlatformService::setKeyManagement0, NONE, "key_mgmt=NONE")
@@ -66,7 +66,7 @@ final class Networks {
                 .secret(BWifiPlatformService::setEAPPassword0, "password", PASSWORD);
     }
 
-    /** @param certificate the client's; its key is encrypted */
+    /** @param certificate the file of the client's certificate */
     static Network tls(String certificate) {
         return enterprise("TLS", TLS)
                 .text(BWifiPlatformService::setClientCertificate0, "client_cert",

@@ -5,7 +5,7 @@ import static lab.Wifi.WLAN;
 
 import java.io.IOException;
 
-/** What one process saves, the other has soon. */
+/** After one process has saved, the other one reloads. */
 final class OtherProcess {
     private static final String PEERS_SSID = "from-the-peer";
 
@@ -17,10 +17,10 @@ final class OtherProcess {
             Checks.check("the peer does not have " + network.ssid, !peer.has(network.ssid));
             Checks.check(network.ssid + " is added", network.add());
             Wifi.save();
-            Checks.eventually("the peer comes to have it", () -> peer.has(network.ssid),
+            Checks.eventually("the peer has it after a reload", () -> peer.has(network.ssid),
                     () -> "it does not");
             Checks.check("the peer adds another", peer.addOpen(PEERS_SSID) && peer.save());
-            Checks.eventually("it comes to be here", () -> Wifi.ssids().contains(PEERS_SSID),
+            Checks.eventually("this process has it after a reload", () -> Wifi.ssids().contains(PEERS_SSID),
                     () -> Wifi.ssids().toString());
         }
         Wifi.checkConnects(network);

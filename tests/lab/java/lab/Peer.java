@@ -5,10 +5,10 @@ import java.io.IOException;
 import java.io.InputStreamReader;
 import java.io.PrintStream;
 
-/** Another process that uses the settings; it does what it is told, a line each. */
+/** Another process that uses the settings. It executes commands, one a line. */
 final class Peer implements AutoCloseable {
     private static final String PROGRAM = Host.variable("BUILD_DIR") + "/tests/settings_peer";
-    private static final int NUMBER = 0; // that no command needs
+    private static final int NUMBER = 0; // part of a command; ignored
 
     private final Process process;
     private final PrintStream commands;
@@ -33,7 +33,7 @@ final class Peer implements AutoCloseable {
         return does("save nothing");
     }
 
-    /** It ends when there are no more commands, which takes it some seconds; nobody waits. */
+    /** Ends the process, which takes some seconds, without waiting for it. */
     @Override
     public void close() {
         commands.close();

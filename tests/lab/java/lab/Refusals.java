@@ -7,7 +7,7 @@ import com.quorvel.platwifi.PlatformCrypt;
 
 import java.util.Set;
 
-/** Wrong secrets and a missing file: no connection, and nothing else goes wrong. */
+/** Wrong secrets and a missing file: there is no connection, and no other failure. */
 final class Refusals {
     private static final int ENABLED = 1;
     private static final int CONNECTING = 4;
@@ -38,18 +38,18 @@ final class Refusals {
         Checks.eventually(why + ": is refused, " + reason, () -> {
             wasCompleted[0] |= getDaemonStatus0(WLAN) == Wifi.COMPLETED;
             return Supplicant.hasLogged(before, line -> line.matches(pattern));
-        }, Supplicant::place);
+        }, Supplicant::connection);
         Checks.check(why + ": was never connected", !wasCompleted[0]);
         checkIsNotConnected(why, network);
-        Supplicant.forgive();
+        Supplicant.clearRefusals();
     }
 
     private static void checkIsNotConnected(String why, Network network) {
         int state = getDaemonStatus0(WLAN);
-        Checks.check(why + ": the supplicant is there and not connected",
+        Checks.check(why + ": the supplicant answers and is not connected",
                 state != Wifi.UNKNOWN_STATE && state != Wifi.COMPLETED, () -> "state " + state);
         int status = getNetworkStatus0(WLAN, network.ssid);
-        Checks.check(why + ": the network is at most tried",
+        Checks.check(why + ": the network is enabled or connecting",
                 Set.of(ENABLED, CONNECTING).contains(status), () -> "status " + status);
     }
 }

@@ -9,7 +9,7 @@ import java.util.function.Predicate;
 import java.util.stream.Collectors;
 import java.util.stream.Stream;
 
-/** The supplicant of wlan0, asked by a client of one's own: the library has no part in it. */
+/** The supplicant of wlan0, controlled by the client without the library. */
 final class Supplicant {
     private static final Path LOG = Path.of(Host.variable("LAB_SUPPLICANT_LOG"));
 
@@ -24,14 +24,14 @@ final class Supplicant {
         return ask("status").containsAll(List.of("ssid=" + ssid, "wpa_state=COMPLETED"));
     }
 
-    /** Of the networks that it has, in its order. */
+    /** The SSIDs of its networks, in its order. */
     static List<String> ssids() {
         return ask("list_networks").stream().skip(1).map(line -> line.split("\t")[1])
                 .collect(Collectors.toList());
     }
 
-    /** What of its status tells where it is; there are no secrets in it. */
-    static String place() {
+    /** The state and the network in its status, without secrets. */
+    static String connection() {
         return ask("status").stream().filter(line -> line.matches("(ssid|id|wpa_state)=.*"))
                 .collect(Collectors.joining(" "));
     }
@@ -41,17 +41,17 @@ final class Supplicant {
                 + " && stop_supplicant && start_supplicant");
     }
 
-    /** Suspends it: it is there and does not answer. */
-    static void stop() {
+    /** Stops its execution, so that it does not answer. */
+    static void suspend() {
         signal("STOP");
     }
 
-    static void goOn() {
+    static void resume() {
         signal("CONT");
     }
 
-    /** Forgets what was refused; else it stays away from the access point for a while. */
-    static void forgive() {
+    /** After a refusal it would avoid the access point for some time. */
+    static void clearRefusals() {
         ask("disconnect");
         ask("bssid_ignore", "clear");
     }
@@ -60,7 +60,7 @@ final class Supplicant {
         return log().size();
     }
 
-    /** Whether a line behind the first ones of the log says so. */
+    /** Whether a line after the first ones of the log matches. */
     static boolean hasLogged(int first, Predicate<String> line) {
         return log().stream().skip(first).anyMatch(line);
     }

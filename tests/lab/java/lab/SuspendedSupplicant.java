@@ -5,25 +5,25 @@ import static lab.Wifi.WLAN;
 
 import java.util.function.Supplier;
 
-/** A supplicant that does not answer: calls fail while it is silent, and succeed when it goes on. */
+/** Calls fail while the supplicant is suspended, and succeed after it is resumed. */
 final class SuspendedSupplicant {
     private SuspendedSupplicant() {}
 
     static void failsInTime() {
         Network removed = Networks.open();
-        Wifi.configure(removed); // so that saving its removal is all that there is to save
+        Wifi.configure(removed); // so that its removal is the only change to save
         Checks.check("a network is removed", removeNetwork0(WLAN, removed.ssid));
-        Supplicant.stop();
+        Supplicant.suspend();
         try {
             checkFails("getDaemonStatus0", Wifi.UNKNOWN_STATE, () -> getDaemonStatus0(WLAN));
             checkFails("saveHostSettings0", false, () -> saveHostSettings0());
         } finally {
-            Supplicant.goOn();
+            Supplicant.resume();
         }
-        Checks.eventually("the supplicant goes on and answers",
+        Checks.eventually("the supplicant is resumed and answers",
                 () -> getDaemonStatus0(WLAN) != Wifi.UNKNOWN_STATE, () -> "state 0");
         Wifi.save();
-        ConfigurationFile.checkHolds("now the file is without it");
+        ConfigurationFile.checkHolds("the file has no network any more");
     }
 
     private static <T> void checkFails(String name, T failure, Supplier<T> call) {

@@ -3,17 +3,17 @@ package lab;
 import java.util.concurrent.TimeUnit;
 import java.util.function.BooleanSupplier;
 
-/** Waits for what comes soon; the limit is only against waiting for ever. */
+/** Waits for a condition. The limit is for the case that it never becomes true. */
 final class Wait {
-    private static final double LONG_ENOUGH = 300;
-    private static final long BETWEEN_LOOKS_MS = 100;
+    private static final double MAX_SECONDS = 300;
+    private static final long POLL_INTERVAL_MS = 100;
 
     private Wait() {}
 
     static boolean until(BooleanSupplier condition) {
         long start = System.nanoTime();
         while (!condition.getAsBoolean()) {
-            if (secondsSince(start) > LONG_ENOUGH)
+            if (secondsSince(start) > MAX_SECONDS)
                 return false;
             pause();
         }
@@ -26,9 +26,9 @@ final class Wait {
 
     private static void pause() {
         try {
-            Thread.sleep(BETWEEN_LOOKS_MS);
-        } catch (InterruptedException never) {
-            throw new IllegalStateException(never);
+            Thread.sleep(POLL_INTERVAL_MS);
+        } catch (InterruptedException unexpected) {
+            throw new IllegalStateException(unexpected);
         }
     }
 }

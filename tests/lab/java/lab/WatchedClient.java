@@ -7,8 +7,8 @@ import java.nio.file.attribute.PosixFilePermissions;
 import java.util.List;
 
 /**
- * Stands between the library and the client as long as it is open, and writes down the words of the
- * commands: the name and, of a value that is set, the key. Values may be secrets.
+ * Records the library's commands while it is open: the name and, of set_network, the key. Values may
+ * be secrets and are not recorded.
  */
 final class WatchedClient implements AutoCloseable {
     private static final Path PROGRAM = Path.of(Host.variable("PLATFORM_BOOT_DIR"), "wpa_cli");

@@ -4,7 +4,7 @@ import static com.quorvel.platwifi.BWifiPlatformService.*;
 
 import java.util.List;
 
-/** What is done with the library, and what is checked each time. */
+/** Operations of the library, each with its checks. */
 final class Wifi {
     static final String WLAN = "wlan0";
 
@@ -14,7 +14,7 @@ final class Wifi {
 
     private Wifi() {}
 
-    /** Has the supplicant and its file know these networks and no others. */
+    /** Makes these the only networks of the supplicant and of its file. */
     static void configure(Network... networks) {
         removeAll();
         for (Network network : networks)
@@ -34,15 +34,16 @@ final class Wifi {
     static void checkConnects(Network network) {
         long start = System.nanoTime();
         Checks.check(network.title + ": starts to connect", connectToNetwork0(WLAN, network.ssid));
-        boolean isThere = Wait.until(() -> isOn(network.ssid));
+        boolean isConnected = Wait.until(() -> isOn(network.ssid));
         String title = String.format("%s: is connected after %.1f s", network.title,
                 Wait.secondsSince(start));
-        Checks.check(title, isThere && Supplicant.isOn(network.ssid), Supplicant::place);
+        Checks.check(title, isConnected && Supplicant.isOn(network.ssid),
+                Supplicant::connection);
         Checks.equal(network.title + ": its status", CONNECTED,
                 getNetworkStatus0(WLAN, network.ssid));
     }
 
-    /** The network first: the state that is asked for later is that of this network then. */
+    /** Queries the network first and then the state, which is then never that of an earlier network. */
     private static boolean isOn(String ssid) {
         return ssid.equals(getCurrentNetwork0(WLAN)) && getDaemonStatus0(WLAN) == COMPLETED;
     }

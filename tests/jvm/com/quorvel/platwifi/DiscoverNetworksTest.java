@@ -19,7 +19,7 @@ class DiscoverNetworksTest {
     private static final String WORK = "02:00:00:00:03:00\t2462\t-61\t[WPA2-EAP-CCMP][ESS]\twork";
 
     @Test
-    void scansAndGivesTheLinesAfterTheHeader() {
+    void scansAndReturnsTheLinesAfterTheHeader() {
         new StandIn().scan(HOME, WORK).play();
         assertArrayEquals(new String[] {HOME, WORK}, discoverNetworks0("wlan0"));
         assertEquals(List.of("-iwlan0 status", "-iwlan0 scan", "-iwlan0 status",
@@ -44,19 +44,19 @@ class DiscoverNetworksTest {
     }
 
     @Test
-    void aStatusThatFailsIsNull() {
+    void aStatusThatFailsMeansNull() {
         new StandIn().when("-iwlan0", "status").exit(255).play();
         assertNull(discoverNetworks0("wlan0"));
     }
 
     @Test
-    void aScanThatFailsIsNull() {
+    void aScanThatFailsMeansNull() {
         new StandIn().idle().when("-iwlan0", "scan").exit(255).play();
         assertNull(discoverNetworks0("wlan0"));
     }
 
     @Test
-    void resultsThatFailAreNull() {
+    void resultsThatFailMeanNull() {
         new StandIn().scan(HOME).exit(255).play();
         assertNull(discoverNetworks0("wlan0"));
     }
@@ -101,7 +101,7 @@ class DiscoverNetworksTest {
     }
 
     @Test
-    void givesTheFirst32LinesOfMore() {
+    void returnsTheFirst32Lines() {
         String[] lines = IntStream.range(0, 40).mapToObj(i -> HOME + i).toArray(String[]::new);
         new StandIn().scan(lines).play();
         assertArrayEquals(Arrays.copyOf(lines, 32), discoverNetworks0("wlan0"));

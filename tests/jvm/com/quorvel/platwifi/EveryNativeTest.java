@@ -15,19 +15,19 @@ import java.util.HashMap;
 import java.util.Map;
 import java.util.stream.Stream;
 
-/** What each native gives where there is nothing to work on: never an exception, never a crash. */
+/** What each native returns without a network or an adapter: no exception and no crash. */
 class EveryNativeTest {
     private static final String UNBOUND = "setSsid0";
     private static final String[] NO_KEYS = {"", "", "", ""};
     private static final String[] NOTHING = {};
 
-    /** By the kind of result. */
+    /** The result of a failure, by the type of the result. */
     private static final Map<Class<?>, Object> FAILURE = new HashMap<>();
-    /** Natives for which a network that is not there is no failure. */
+    /** The results of the natives that do not fail for an unknown network. */
     private static final Map<String, Object> OF_NO_NETWORK = Map.of(
             "setWepKey0", true, "setWepIndex0", true,
             "removeNetwork0", true, "disconnectFromNetwork0", true, "getWepKeys0", NO_KEYS);
-    /** Natives for which settings that could not be loaded are no failure. */
+    /** The results of the natives that do not fail without an adapter. */
     private static final Map<String, Object> OF_NO_ADAPTER = new HashMap<>(OF_NO_NETWORK);
 
     static {
@@ -87,7 +87,7 @@ class EveryNativeTest {
         assertGives(expected(method, expected), method, null, null, null);
     }
 
-    /** The library has it under a C++ name: only native code could bind it. */
+    /** The library exports it under a C++ name, which Java does not look for. */
     // API-2
     @Test
     void setSsidIsNotBound() {
@@ -95,7 +95,7 @@ class EveryNativeTest {
         assertThrows(UnsatisfiedLinkError.class, () -> Natives.set(UNBOUND, "villa"));
     }
 
-    /** From here on the client refuses everything. */
+    /** Loads the settings; the client refuses every command after that. */
     private static void load() {
         Natives.loadHome();
         new StandIn().when("*").print("FAIL\n").exit(1).play();
@@ -107,7 +107,7 @@ class EveryNativeTest {
                 : FAILURE.get(method.getReturnType());
     }
 
-    /** The texts go to the parameters that are texts; a number is 1, a truth true. */
+    /** @param texts  the arguments for the parameters that are texts; a number is 1, a boolean true */
     private static void assertGives(Object expected, Method method, String... texts) {
         Class<?>[] types = method.getParameterTypes();
         Object[] arguments = new Object[types.length];

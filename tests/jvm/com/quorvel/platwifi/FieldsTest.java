@@ -35,7 +35,7 @@ class FieldsTest {
         BWifiPlatformService.unloadWifiSettings0();
     }
 
-    /** What a save sends for the fields that were changed, without interface and network. */
+    /** The commands of a save for the changed fields, without interface and network id. */
     private static List<String> saved() {
         new StandIn().when("*").print("OK\n").play();
         assertTrue(BWifiPlatformService.saveHostSettings0());
@@ -155,7 +155,7 @@ class FieldsTest {
         assertEquals(List.of(sent), saved());
     }
 
-    /** A network for which the supplicant allows everything has 6 and 30. */
+    /** 6 and 30 are the supplicant's defaults. */
     @ParameterizedTest
     @CsvSource({
         "6, 6, pairwise CCMP;group TKIP",
@@ -174,7 +174,7 @@ class FieldsTest {
     }
 
     @Test
-    void theGroupCiphersStayWhereThePairwiseOnesDo() {
+    void theGroupCiphersStayIfThePairwiseOnesAreUnchanged() {
         assertTrue(set("setEncryption0", 4));
         assertTrue(set("setEncryption0", 8));
         assertFalse(set("setEncryption0", 4));
@@ -182,7 +182,7 @@ class FieldsTest {
     }
 
     @Test
-    void wepKeysAreInPlain() {
+    void wepKeysArePlainText() {
         assertArrayEquals(new String[] {"", "", "", ""}, (String[]) ofHome("getWepKeys0"));
         assertTrue(set("setWepKey0", 1, "secret"));
         assertTrue(set("setWepKey0", 1, "secret"), "also the same again");

@@ -18,7 +18,7 @@ class IsWifiEnabledTest {
     private static final String SUPPLICANT = "4711 /sbin/wpa_supplicant -B -iwlan0\n";
 
     @BeforeEach
-    void nothingIsToBeCalled() {
+    void resetTheStandIn() {
         new StandIn().play();
     }
 
@@ -50,26 +50,26 @@ class IsWifiEnabledTest {
     }
 
     @Test
-    void aListWithoutSupplicantIsNo() throws IOException {
+    void aListWithoutSupplicantMeansFalse() throws IOException {
         Files.createFile(PID_FILE);
         new StandIn().processes("1 /sbin/init\n4712 /bin/sh\n").play();
         assertFalse(BWifiPlatformService.isWifiEnabled0("wlan0"));
     }
 
     @Test
-    void anEmptyListIsNo() {
+    void anEmptyListMeansFalse() {
         new StandIn().processes("").play();
         assertFalse(BWifiPlatformService.isWifiEnabled0("wlan0"));
     }
 
     @Test
-    void aListerThatFailsIsNoWhateverItPrinted() {
+    void aListerThatFailsMeansFalseForAnyOutput() {
         new StandIn().processes(SUPPLICANT).exit(1).play();
         assertFalse(BWifiPlatformService.isWifiEnabled0("wlan0"));
     }
 
     @Test
-    void aListerThatIsMissingIsNo() throws IOException {
+    void aListerThatIsMissingMeansFalse() throws IOException {
         Path lister = Path.of(System.getenv("PLATFORM_BOOT_DIR"), "pidin");
         Path aside = lister.resolveSibling("pidin.aside");
         Files.move(lister, aside);
@@ -81,7 +81,7 @@ class IsWifiEnabledTest {
     }
 
     @Test
-    void aNameThatIsTooLongIsNo() {
+    void aNameThatIsTooLongMeansFalse() {
         new StandIn().when("*").print(SUPPLICANT).play();
         assertTrue(BWifiPlatformService.isWifiEnabled0("a".repeat(13)));
         assertFalse(BWifiPlatformService.isWifiEnabled0("a".repeat(14)));

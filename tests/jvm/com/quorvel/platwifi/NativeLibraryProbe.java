@@ -1,8 +1,8 @@
 package com.quorvel.platwifi;
 
 /**
- * What a program sees that uses one of the classes: run in a virtual machine of its own. With an
- * argument it uses the cipher.
+ * A program that uses one of the classes, run in another virtual machine. With an argument it uses
+ * the cipher.
  */
 final class NativeLibraryProbe {
     private NativeLibraryProbe() {}

@@ -60,7 +60,7 @@ class NativeLibraryTest {
     }
 
     @Test
-    void aLibraryOfAnotherMachineIsToldFromAMissingOne() throws Exception {
+    void aLibraryForAnotherMachineIsNotReportedAsMissing() throws Exception {
         byte[] library = Files.readAllBytes(LIBRARY);
         library[ELF_MACHINE] ^= 0x55;
         Files.write(directory.resolve("libplatwifi.so"), library);

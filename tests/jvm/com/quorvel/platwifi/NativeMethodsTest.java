@@ -11,7 +11,7 @@ import java.util.TreeSet;
 import java.util.stream.Collectors;
 import java.util.stream.Stream;
 
-/** The library is bound to these names and parameters: none may go, change or come unnoticed. */
+/** The names and parameters of the natives, to which the library is bound. */
 class NativeMethodsTest {
     private static final int KIND = Modifier.PUBLIC | Modifier.STATIC | Modifier.NATIVE;
     private static final Set<String> METHODS = Set.of(
@@ -102,7 +102,7 @@ class NativeMethodsTest {
         methods().forEach(method -> assertEquals(KIND, method.getModifiers(), method.toString()));
     }
 
-    /** Without initialising the class: its shape does not depend on the library. */
+    /** Does not initialise the class, which would load the library. */
     private static Stream<Method> methods() throws ClassNotFoundException {
         ClassLoader loader = NativeMethodsTest.class.getClassLoader();
         return Stream.of(Class.forName("com.quorvel.platwifi.BWifiPlatformService", false, loader)

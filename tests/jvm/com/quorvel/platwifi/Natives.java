@@ -7,9 +7,9 @@ import java.lang.reflect.Method;
 import java.lang.reflect.Modifier;
 import java.util.stream.Stream;
 
-/** The natives of the class by their names, for tests that go through tables of them. */
+/** Calls natives by their names, for tests that run over a table. */
 final class Natives {
-    /** A network that has nothing set. */
+    /** A line of the list of networks. */
     static final String HOME = "0\thome\tany\t";
 
     private Natives() {}
@@ -45,7 +45,7 @@ final class Natives {
         return (boolean) ofHome(name, values);
     }
 
-    /** Loads these networks of the script; from then on the client answers everything with OK. */
+    /** Loads these networks with this script; after that the client answers every command with OK. */
     static void load(StandIn script, String... networks) {
         BWifiPlatformService.unloadWifiSettings0();
         script.settings(networks).play();

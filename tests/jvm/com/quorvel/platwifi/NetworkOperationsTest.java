@@ -29,7 +29,7 @@ class NetworkOperationsTest {
         assertTrue(unloadWifiSettings0());
     }
 
-    /** Loads these networks; what the client answers from then on is for the test to say. */
+    /** Loads these networks. The test scripts the replies to later commands. */
     private static void load(String... networks) {
         unloadWifiSettings0();
         new StandIn().settings(networks).play();
@@ -49,7 +49,7 @@ class NetworkOperationsTest {
     }
 
     @Test
-    void withoutAnAdapterThereIsNothingToList() {
+    void withoutAnAdapterThereIsNoList() {
         unloadWifiSettings0();
         new StandIn().when("*").exit(255).play();
         assertArrayEquals(new String[0], getWifiAdapters0());
@@ -85,7 +85,7 @@ class NetworkOperationsTest {
     }
 
     @Test
-    void whatTheSupplicantRefusesIsFalse() {
+    void aRefusalMeansFalse() {
         load(HOME_AND_WORK);
         new StandIn().when("*").print("FAIL\n").exit(1).play();
         assertFalse(addNetwork0("wlan0", "new"));
@@ -146,7 +146,7 @@ class NetworkOperationsTest {
     }
 
     @Test
-    void unloadingForgetsWhatWasReadAndTheNextCallReadsAnew() {
+    void theNextCallAfterUnloadingLoadsAgain() {
         load(HOME_AND_WORK);
         assertTrue(unloadWifiSettings0());
         assertTrue(unloadWifiSettings0());

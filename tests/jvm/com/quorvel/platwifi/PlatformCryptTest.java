@@ -23,7 +23,7 @@ class PlatformCryptTest {
     private static final Path KEY_FILE = Path.of(System.getenv("PLATFORM_KEY_FILE"));
     private static final int MAXIMUM = 1 << 20;
 
-    /** A key of its own for each test; it is made by the first text that is enciphered. */
+    /** The first encryption of each test creates a new key. */
     @BeforeEach
     @AfterEach
     void removeKey() throws IOException {
@@ -44,7 +44,7 @@ class PlatformCryptTest {
     }
 
     @Test
-    void eachTimeTheTextIsAnotherOne() {
+    void eachEncryptionGivesAnotherText() {
         assertNotEquals(encrypt("hush"), encrypt("hush"));
     }
 
@@ -55,7 +55,7 @@ class PlatformCryptTest {
         assertExplained("shorten it", () -> encrypt(longest + "x"));
     }
 
-    /** Their bytes would come back as something else. */
+    /** Deciphering would not return the same text. */
     @ParameterizedTest
     @ValueSource(strings = {
         "a\0b", "\0", "\uD800", "\uDBFFx", "\uDC00", "\uDC7F", "\uDD00", "\uDFFF",
@@ -85,7 +85,7 @@ class PlatformCryptTest {
         assertExplained("another version", () -> decrypt("crypt2:AAAA"));
     }
 
-    /** No character of it can be changed, left out or added. */
+    /** Any character that is changed, removed or added. */
     @Test
     void aDamagedTextIsRefused() {
         String good = encrypt("hush");
@@ -101,7 +101,7 @@ class PlatformCryptTest {
     }
 
     @Test
-    void anotherKeyIsTold() throws IOException {
+    void anotherKeyIsReported() throws IOException {
         String enciphered = encrypt("hush");
         Path aside = KEY_FILE.resolveSibling("aside");
         Files.move(KEY_FILE, aside);

@@ -17,7 +17,7 @@ import org.junit.jupiter.params.provider.CsvSource;
 import java.lang.annotation.Retention;
 import java.lang.annotation.RetentionPolicy;
 
-/** Secrets of one network, which cross the boundary enciphered. */
+/** Secrets of a network, which natives take and return enciphered. */
 class SecretsTest {
     @Retention(RetentionPolicy.RUNTIME)
     @ParameterizedTest(name = "{0}")

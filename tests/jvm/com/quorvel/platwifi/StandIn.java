@@ -13,9 +13,9 @@ import java.util.stream.Collectors;
 import java.util.stream.Stream;
 
 /**
- * The program that stands in for the supplicant's client and for the process lister: says what it
- * is to answer and tells how it was called. Rules come in order, each followed by its answer;
- * {@link #play} makes them valid and forgets the calls so far.
+ * Scripts the stand-in, which replaces the supplicant's client and the process lister, and returns
+ * its calls. Rules are in order, each followed by its answer; {@link #play} activates them and
+ * removes earlier calls.
  */
 public final class StandIn {
     public static final String HEADER = "bssid / frequency / signal level / flags / ssid\n";
@@ -44,12 +44,12 @@ public final class StandIn {
         return line("exit", Integer.toString(status));
     }
 
-    /** What follows answers the next call; the last answer repeats. */
+    /** Begins the answer to the next call; the last answer repeats. */
     public StandIn then() {
         return line("then");
     }
 
-    /** Rules for a scan on wlan0 that works and gives these bytes after the header. */
+    /** Rules for a scan on wlan0 with these bytes after the header. */
     public StandIn scan(byte[] results) {
         return idle().scanWorks().when("-iwlan0", "scan_results").print(HEADER).print(results);
     }
@@ -92,8 +92,8 @@ public final class StandIn {
     }
 
     /**
-     * The calls since {@link #play}, each as its arguments joined by blanks. The question that the
-     * first call of a process asks the client is left out: which test comes first is left to JUnit.
+     * The calls since {@link #play}, each as its arguments joined by blanks, without the query that
+     * the first use of the library in a process makes: JUnit chooses which test is the first.
      */
     public static List<String> calls() {
         try {
@@ -120,7 +120,7 @@ public final class StandIn {
         return bytes.toByteArray();
     }
 
-    /** How {@link #calls} tells of this text, in which a lone surrogate U+DCNN is the byte NN. */
+    /** This text as {@link #calls} has it; a lone surrogate U+DCNN is the byte NN. */
     public static String recorded(String text) {
         return escaped(bytes(text));
     }

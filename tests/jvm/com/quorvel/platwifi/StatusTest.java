@@ -17,7 +17,7 @@ import org.junit.jupiter.params.provider.ValueSource;
 
 import java.util.List;
 
-/** What the supplicant is doing now. */
+/** The state of the supplicant and the status of networks. */
 class StatusTest {
     @BeforeEach
     void load() {
@@ -83,10 +83,10 @@ class StatusTest {
         assertEquals(ssid, getCurrentNetwork0("wlan0"));
     }
 
-    /** Asked of the supplicant at most every five seconds: so long this goes on. */
+    /** Takes up to 5 s, because the status is refreshed only every 5 s. */
     @Test
     @Timeout(600)
-    void theStatusOfANetworkIsBroughtUpToDate() throws InterruptedException {
+    void theStatusOfANetworkIsRefreshed() throws InterruptedException {
         new StandIn()
                 .when("-iwlan0", "list_networks").print("header\n0\thome\tany\t[CURRENT]\n")
                 .when("-iwlan0", "scan_results").print(StandIn.HEADER

@@ -117,16 +117,16 @@ TEST_F(Candidates, AreTheTwoSourcesOfASecret) {
 }
 
 TEST_F(Candidates, AreFilesThatATerminalCanShow) {
-    ASSERT_EQ(mkdir("/tmp/keys", 0700), 0);
-    ASSERT_EQ(mkdir("/tmp/keys/more", 0700), 0);
+    ASSERT_EQ(mkdir("/tmp/listed", 0700), 0);
+    ASSERT_EQ(mkdir("/tmp/listed/more", 0700), 0);
     for (const char* const name : {"home", "work", ".hidden", "be\all"})
-        std::ofstream(std::string("/tmp/keys/") + name);
+        std::ofstream(std::string("/tmp/listed/") + name);
     EXPECT_THAT(
-        candidates({"set", "x", "psk=@/tmp/keys/"}),
-        ElementsAre("psk=@/tmp/keys/home", "psk=@/tmp/keys/more/...", "psk=@/tmp/keys/work"));
-    EXPECT_THAT(candidates({"set", "x", "psk=@/tmp/keys/.h"}),
-                ElementsAre("psk=@/tmp/keys/.hidden"));
-    EXPECT_THAT(candidates({"set", "x", "privateKeyFile=/tmp/ke"}),
-                ElementsAre("privateKeyFile=/tmp/keys/..."));
+        candidates({"set", "x", "psk=@/tmp/listed/"}),
+        ElementsAre("psk=@/tmp/listed/home", "psk=@/tmp/listed/more/...", "psk=@/tmp/listed/work"));
+    EXPECT_THAT(candidates({"set", "x", "psk=@/tmp/listed/.h"}),
+                ElementsAre("psk=@/tmp/listed/.hidden"));
+    EXPECT_THAT(candidates({"set", "x", "privateKeyFile=/tmp/list"}),
+                ElementsAre("privateKeyFile=/tmp/listed/..."));
     EXPECT_THAT(candidates({"set", "x", "psk=@/nowhere/"}), IsEmpty());
 }
