@@ -134,7 +134,8 @@ Value bssid(const NetworkFields& fields, Field field) {
 
 Value pmf(const NetworkFields& fields, Field field) {
     const unsigned int number = fields.number(field);
-    return number < PMF_DEFAULT ? send(std::to_string(number)) : skip();
+    const bool isSent = number < PMF_DEFAULT && rule::TODAYS_SECURITY_IS_KNOWN();
+    return isSent ? send(std::to_string(number)) : skip();
 }
 
 // scan_ssid is the opposite of the broadcast flag: a network that hides its SSID answers only to a probe
