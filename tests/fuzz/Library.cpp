@@ -16,7 +16,7 @@
 #include "supplicant/WifiUtil.h"
 #include "support/AllNatives.h"
 #include "support/FakeJni.h"
-#include "support/SettableClock.h"
+#include "support/TestTime.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -360,7 +360,8 @@ void report(Input& input, WifiHostSettings&) {
 }
 
 void refreshStatus(Input&, WifiHostSettings& settings) {
-    test::SettableClock::advance(6000);
+    static test::TestTime time;
+    time.advance(std::chrono::seconds(6));
     settings.refreshDatabaseNetworksStatus();
 }
 
