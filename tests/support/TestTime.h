@@ -63,7 +63,7 @@ public:
     void lockWaitsAre(Milliseconds second);
 
     /// The clock of Zam stands still, and shows this number of milliseconds.
-    void clockIs(std::uint64_t reading);
+    void clockIs(std::uint64_t milliseconds);
 
     /// Moves the clock of Zam. A clock that runs stands still from then on.
     void advance(Milliseconds step);
