@@ -45,7 +45,13 @@ protected:
         std::filesystem::remove_all(test::BLOCK_PATH);
     }
 
-    static void raiseAsAnotherProcess() { BlockView().raise(SharedSignalBlock::NO_SENDER); }
+    static void raiseAsAnotherProcess() {
+        const BlockView block;
+        if (block)
+            block.raise(SharedSignalBlock::NO_SENDER);
+        else
+            ADD_FAILURE() << "there is no block with the name";
+    }
 
     TestTime time;
     std::unique_ptr<WifiHostSettingsWatchdog> watchdog;
