@@ -11,7 +11,6 @@ namespace {
 
 using test::BlockView;
 using test::Peer;
-using test::RecordedReloads;
 using test::RefreshThread;
 
 using namespace std::chrono_literals;
