@@ -3,6 +3,7 @@
 
 #include "FieldNatives.h"
 #include "RecordedCall.h"
+#include "support/TestTime.h"
 
 #include <gmock/gmock.h>
 
@@ -84,6 +85,7 @@ protected:
             [&] { native(world.java.environment(), nullptr, world.javaText(strings)...); });
     }
 
+    const TestTime time{[](TestTime& t) { t.clockIs(1000000); }}; // the status is never due
     OneNetwork world;
     const RecordedCall recorded{world.settings()};
 };

@@ -3,6 +3,7 @@
 #include "support/FakeJni.h"
 #include "support/Leftovers.h"
 #include "support/StandIn.h"
+#include "support/TestTime.h"
 #include "unit/settings/MissingWifiUtil.h"
 
 #include <gmock/gmock.h>
@@ -28,6 +29,7 @@ namespace {
 
 class Natives : public testing::Test {
 protected:
+    Natives() { time.sleepsAreRecorded(); } // a scan takes no time
     ~Natives() override {
         WifiUtil::unload();
         EXPECT_EQ(java.heldCharacters(), 0U);
@@ -46,6 +48,7 @@ protected:
                                                                                 nullptr, iface);
     }
 
+    test::TestTime time;
     FakeJni java;
     test::StandIn standIn;
 };

@@ -3,6 +3,7 @@
 #include "supplicant/WifiUtil.h"
 #include "support/Leftovers.h"
 #include "support/StandIn.h"
+#include "support/TestTime.h"
 #include "unit/settings/MissingWifiUtil.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +16,10 @@ namespace {
 
 class ServiceFunctions : public testing::Test {
 protected:
-    ServiceFunctions() { standIn.on({"interface"}); }
+    ServiceFunctions() {
+        time.sleepsAreRecorded(); // a scan takes no time
+        standIn.on({"interface"});
+    }
     ~ServiceFunctions() override {
         WifiUtil::unload();
         for (const std::string& file : test::resultFiles())
@@ -28,6 +32,7 @@ protected:
         standIn.on({"-iwlan0", "scan_results"}).prints(results).exits(status);
     }
 
+    test::TestTime time;
     test::StandIn standIn;
     char* none = nullptr;
     char** list = &none; // what no failure before the list may touch

@@ -2,8 +2,8 @@
 
 #include "FieldNatives.h"
 
+#include "support/TestTime.h"
 #include "unit/settings/RecordedLocks.h"
-#include "zam/Zam.h"
 
 #include <gmock/gmock.h>
 
@@ -16,15 +16,6 @@ jint NATIVE(getDaemonStatus0)(JNIEnv*, jclass, jstring);
 jstring NATIVE(getCurrentNetwork0)(JNIEnv*, jclass, jstring);
 jint NATIVE(getNetworkStatus0)(JNIEnv*, jclass, jstring, jstring);
 jobjectArray NATIVE(getWepKeys0)(JNIEnv*, jclass, jstring, jstring);
-}
-
-// Takes the place of the runtime's clock in this program.
-namespace {
-std::uint64_t now = 1000000;
-} // namespace
-
-std::uint64_t Zam::milliseconds() const noexcept {
-    return now;
 }
 
 namespace {
@@ -59,6 +50,7 @@ protected:
         return answer;
     }
 
+    TestTime time{[](TestTime& t) { t.clockIs(1000000); }};
     FakeJni java;
     LoadedSettings loaded;
 };
@@ -115,10 +107,10 @@ TEST_F(StatusNatives, BringTheStatusOfANetworkUpToDateFirst) {
     loaded.standIn.on({"-iwlan0", "list_networks"})
         .prints("header\n0\thome\tany\t[CURRENT]\n3\twork\tany\t[DISABLED]\n");
     loaded.answer("FAIL\n", 255);
-    now += 4999;
+    time.advance(std::chrono::milliseconds(4999));
     EXPECT_EQ(status("home"), 1) << "as it was loaded";
     EXPECT_THAT(loaded.commands(), IsEmpty());
-    ++now;
+    time.advance(std::chrono::milliseconds(1));
     EXPECT_EQ(status("home"), 4);
     EXPECT_EQ(status("work"), 5);
     EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 list_networks", "-iwlan0 scan_results"));
@@ -127,7 +119,7 @@ TEST_F(StatusNatives, BringTheStatusOfANetworkUpToDateFirst) {
 TEST_F(StatusNatives, BringTheStatusUpToDateAlsoForANetworkThatIsNotThere) {
     loaded.load(NETWORKS);
     loaded.answer("FAIL\n", 255);
-    now += 5000;
+    time.advance(std::chrono::seconds(5));
     EXPECT_EQ(status("other"), 0);
     EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 list_networks"));
     EXPECT_EQ(status(nullptr), 0);
@@ -164,7 +156,7 @@ TEST_F(StatusNatives, HoldTheLockAlsoWhileTheyAskTheSupplicant) {
                                           [this] { current(); }};
     for (const auto& ask : asks) {
         const std::size_t commands = loaded.commands().size();
-        now += 5000;
+        time.advance(std::chrono::seconds(5));
         EXPECT_TRUE(mutexes.pairIsHeldThroughout(eventsOf(ask)));
         EXPECT_GT(loaded.commands().size(), commands);
     }

@@ -6,11 +6,19 @@
 #include "supplicant/WifiUtil.h"
 
 #include "support/Lines.h"
+#include "support/TestTime.h"
 
 #include <gtest/gtest.h>
 
 namespace test {
 namespace {
+
+// For every test of a program that is linked with this. The refresh thread soon sees the signal to stop, and
+// a client may wait at a checkpoint for as long as a test needs.
+const TestTime timeOfSettings([](TestTime& time) {
+    time.deadlinesAre(QUICK);
+    time.pausesEndWithTheChild();
+});
 
 std::string joined(const Arguments& call) {
     std::string text;

@@ -11,7 +11,8 @@ namespace test {
 
 using Commands = std::vector<std::string>;
 
-/// Settings that were loaded from a scripted client, and what they run from then on.
+/// Settings that were loaded from a scripted client, and what they run from then on. In a program
+/// that is linked with this the refresh thread is quick, and no client is killed.
 class LoadedSettings {
 public:
     LoadedSettings() = default;

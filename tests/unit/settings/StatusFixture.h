@@ -2,7 +2,7 @@
 
 #include "LoadFixture.h"
 
-#include "support/SettableClock.h"
+#include "support/TestTime.h"
 
 namespace test {
 
@@ -10,6 +10,8 @@ namespace test {
 /// supplicant and before it in memory. None of them is the current one.
 class StatusFixture : public LoadFixture {
 protected:
+    StatusFixture() { time.clockIs(1000000); }
+
     static WifiHostSettings& settings() { return *WifiHostSettings::getInstance(nullptr); }
 
     /// Loads them; the client has no replies afterwards.
@@ -42,10 +44,12 @@ protected:
     }
 
     /// The same with the replies there are.
-    static bool refreshLater() {
-        SettableClock::advance(5000);
+    bool refreshLater() {
+        time.advance(std::chrono::seconds(5));
         return settings().refreshDatabaseNetworksStatus();
     }
+
+    TestTime time; ///< its clock stands still
 };
 
 } // namespace test

@@ -5,10 +5,8 @@
 #include "support/Checkpoint.h"
 #include "support/Doing.h"
 
-using test::SettableClock;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 namespace {
 
@@ -18,13 +16,11 @@ const std::string SCAN = "-iwlan0 scan_results";
 
 class StatusPause : public test::StatusFixture {
 protected:
-    StatusPause() { SettableClock::set(1000000); }
-
     static bool refreshNow() { return settings().refreshDatabaseNetworksStatus(); }
 
     // The same after some time.
-    static bool refreshAfter(std::uint64_t milliseconds) {
-        SettableClock::advance(milliseconds);
+    bool refreshAfter(int milliseconds) {
+        time.advance(std::chrono::milliseconds(milliseconds));
         return refreshNow();
     }
 
@@ -58,7 +54,7 @@ TEST_F(StatusPause, BeginsBeforeTheFirstLoadAsksAnything) {
     {
         const test::Doing loading([this] { load(); });
         checkpoint.awaitArrival();
-        SettableClock::advance(4000);
+        time.advance(std::chrono::seconds(4));
         checkpoint.letGo();
     }
     replies(HOME);
@@ -90,9 +86,9 @@ TEST_F(StatusPause, CountsFromTheZeroOfTheClockAfterAReloadOfEverything) {
     load(HOME);
     load(HOME);
     replies(HOME);
-    SettableClock::set(4999);
+    time.clockIs(4999);
     expectSkipped(refreshNow());
-    SettableClock::set(5000);
+    time.clockIs(5000);
     expectRun(refreshNow());
 }
 
@@ -115,9 +111,9 @@ TEST_F(StatusPause, CountsFromBeforeTheQueries) {
     standIn.on({"-iwlan0", "list_networks"}).pausesAt(checkpoint.path());
     script(HOME);
     {
-        const test::Doing refreshing([] { refreshAfter(5000); });
+        const test::Doing refreshing([this] { refreshAfter(5000); });
         checkpoint.awaitArrival();
-        SettableClock::advance(4000);
+        time.advance(std::chrono::seconds(4));
         checkpoint.letGo();
     }
     replies(HOME);
@@ -128,7 +124,7 @@ TEST_F(StatusPause, CountsFromBeforeTheQueries) {
 TEST_F(StatusPause, IsCutShortByAClockThatGoesBackwards) {
     load(HOME);
     replies(HOME);
-    SettableClock::set(999999);
+    time.clockIs(999999);
     expectRun(refreshNow());
     expectSkipped(refreshNow());
 }

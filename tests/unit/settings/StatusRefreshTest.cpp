@@ -270,7 +270,7 @@ TEST_F(StatusRefresh, LetsNobodyInBetweenItsQueries) {
     test::Checkpoint scan("/tmp/scan");
     standIn.on({"-iwlan0", "list_networks"}).pausesAt(list.path());
     standIn.on({"-iwlan0", "scan_results"}).pausesAt(scan.path());
-    const test::Doing refreshing([] { refreshLater(); });
+    const test::Doing refreshing([this] { refreshLater(); });
     list.awaitArrival();
     list.letGo();
     scan.awaitArrival();

@@ -11,8 +11,8 @@
 
 #include "support/Checkpoint.h"
 #include "support/Leftovers.h"
-#include "support/RecordedPlatform.h"
 #include "support/StandIn.h"
+#include "support/TestTime.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -173,6 +173,8 @@ void askStatus(WifiUtil& util) {
 
 // CMD-14
 TEST_F(LeftoverFiles, OfKilledProcessesAreRemovedAndThoseOfLivingOnesStay) {
+    test::TestTime time;
+    time.pausesEndWithTheChild();
     test::StandIn standIn;
     test::Checkpoint status("/tmp/status-checkpoint");
     test::Checkpoint table("/tmp/table-checkpoint");
@@ -231,12 +233,13 @@ TEST_F(LeftoverFiles, AreRemovedWhileCommandsRun) {
 }
 
 TEST_F(LeftoverFiles, DelayACommandForALimitedTimeWhileTheyAreRemoved) {
-    test::RecordedPlatform::begin();
+    test::TestTime time;
+    time.sleepsAreRecorded();
     { const ResultFile result(command::STATUS.resultPrefix); }
-    EXPECT_THAT(test::RecordedPlatform::events(), IsEmpty());
+    EXPECT_THAT(time.events(), IsEmpty());
     const platform::FolderClaim removal(paths::RESULT_FOLDER, ResultTag().removalClaim());
     { const ResultFile result(command::STATUS.resultPrefix); }
-    EXPECT_EQ(test::RecordedPlatform::events(), std::vector<std::string>(500, "sleep 1"));
+    EXPECT_EQ(time.events(), std::vector<std::string>(500, "sleep 1"));
 }
 
 } // namespace

@@ -3,8 +3,8 @@
 #include "supplicant/WifiUtil.h"
 
 #include "support/Leftovers.h"
-#include "support/RecordedPlatform.h"
 #include "support/StandIn.h"
+#include "support/TestTime.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,7 +16,6 @@
 #include <vector>
 
 using test::Arguments;
-using test::RecordedPlatform;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -27,7 +26,7 @@ const Arguments SCAN{"/proc/boot/wpa_cli", "-iwlan0", "scan"};
 
 class Scan : public testing::Test {
 protected:
-    Scan() { RecordedPlatform::begin(); }
+    Scan() { time.sleepsAreRecorded(); }
     ~Scan() override {
         for (const std::string& file : test::resultFiles())
             std::remove(file.c_str());
@@ -39,11 +38,12 @@ protected:
         return answer;
     }
 
-    static std::size_t secondsSlept() {
-        const auto events = RecordedPlatform::events();
+    std::size_t secondsSlept() const {
+        const auto events = time.events();
         return static_cast<std::size_t>(std::count(events.begin(), events.end(), "sleep 1000"));
     }
 
+    test::TestTime time;
     test::StandIn standIn;
     WifiUtil util;
 };
@@ -67,7 +67,7 @@ TEST_F(Scan, IsStartedInEveryStateButTheUnknownAndTheScanning) {
     };
     for (const Row& row : rows) {
         standIn.reset();
-        RecordedPlatform::begin();
+        time.clearRecord();
         onStatus(row.state);
         standIn.on({"-iwlan0", "scan"}).prints("OK\n");
         EXPECT_TRUE(util.scanNetworks("wlan0")) << row.state;
@@ -117,7 +117,7 @@ TEST_F(Scan, IsWaitedForAfterItWasStarted) {
 TEST_F(Scan, LetsOtherThreadsRunCommandsWhileItWaits) {
     onStatus("COMPLETED");
     standIn.on({"*"}).prints("OK\n");
-    RecordedPlatform::duringSleeps(
+    time.duringSleeps(
         [this] { std::thread([this] { EXPECT_TRUE(util.saveConfiguration("wlan0")); }).join(); });
     EXPECT_TRUE(util.scanNetworks("wlan0"));
     const Arguments save{"/proc/boot/wpa_cli", "-iwlan0", "save_config"};

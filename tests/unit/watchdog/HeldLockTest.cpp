@@ -3,7 +3,6 @@
 
 #include "Peer.h"
 #include "RefreshThread.h"
-#include "support/ShortLocks.h"
 
 #include <cstring>
 #include <gmock/gmock.h>
@@ -12,9 +11,7 @@ namespace {
 
 using test::BlockView;
 using test::Peer;
-using test::RecordedReloads;
 using test::RefreshThread;
-using test::ShortLocks;
 
 using namespace std::chrono_literals;
 
@@ -22,14 +19,14 @@ class HeldLock : public RefreshThread {
 protected:
     void SetUp() override {
         RefreshThread::SetUp();
-        ShortLocks::reset();
+        time.lockWaitsAre(test::QUICK);
         EXPECT_EQ(holder.ask("initialize"), "1");
     }
 
     void expectWaitsOfASecond() const {
-        EXPECT_GT(ShortLocks::timeouts(), 0);
-        EXPECT_GT(ShortLocks::longest(), 900ms);
-        EXPECT_LE(ShortLocks::longest(), 1s);
+        EXPECT_GT(time.lockTimeouts(), 0);
+        EXPECT_GT(time.longestLockWait(), 900ms);
+        EXPECT_LE(time.longestLockWait(), 1s);
     }
 
     Peer holder; // does nothing unless asked, like a stopped process
@@ -99,8 +96,7 @@ TEST_F(HeldLock, DelaysTheNotificationOfASaveUntilItIsReleased) {
         holder.ask(lock);
         watchdog->start();
         watchdog->sendSaveSettingsSignal();
-        ShortLocks::reset();
-        ShortLocks::awaitTimeouts(3); // while raising the signal, and while waiting for one
+        test::TestTime::awaitLockTimeouts(3); // while raising the signal, and while waiting for one
         holder.ask(lock == std::string("lock") ? "unlock" : "unlock-signal");
         EXPECT_EQ(other.ask("wait", 100), "waiting");
         EXPECT_EQ(other.answer(), "-1");

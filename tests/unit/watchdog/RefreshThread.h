@@ -2,6 +2,7 @@
 
 #include "BlockView.h"
 #include "RecordedReloads.h"
+#include "support/TestTime.h"
 #include "watchdog/WifiHostSettingsWatchdog.h"
 
 #include <filesystem>
@@ -26,10 +27,11 @@ inline std::vector<int> refreshThreads() {
     return ids;
 }
 
-/// A watchdog that has its block. A test starts its thread.
+/// A watchdog that has its block. A test starts its thread, whose waits are quick.
 class RefreshThread : public testing::Test {
 protected:
     void SetUp() override {
+        time.deadlinesAre(QUICK);
         RecordedReloads::reset();
         watchdog = std::make_unique<WifiHostSettingsWatchdog>();
         watchdog->initialize();
@@ -43,8 +45,15 @@ protected:
         std::filesystem::remove_all(test::BLOCK_PATH);
     }
 
-    static void raiseAsAnotherProcess() { BlockView().raise(SharedSignalBlock::NO_SENDER); }
+    static void raiseAsAnotherProcess() {
+        const BlockView block;
+        if (block)
+            block.raise(SharedSignalBlock::NO_SENDER);
+        else
+            ADD_FAILURE() << "there is no block with the name";
+    }
 
+    TestTime time;
     std::unique_ptr<WifiHostSettingsWatchdog> watchdog;
 };
 
