@@ -1,5 +1,5 @@
-# Runs the guest for scripts/lab, which sets: name, job, arguments, timeout, out, out_lock, kernel,
-# initramfs, certificates.
+# Runs the guest for scripts/lab, which sets: name, job, access_points, arguments, timeout, out, out_lock,
+# kernel, initramfs, certificates.
 # shellcheck shell=bash
 # shellcheck disable=SC2154
 
@@ -13,12 +13,20 @@ variables() {
     done
 }
 
+# The options of mac80211_hwsim: a radio for the supplicant, and one for each access point. Without a
+# database of regulatory domains no access point may start at 5 GHz; regtest=5 makes radios with rules
+# of their own, which allow it.
+radio_options() {
+    awk '!/^#/ { ++count; if ($2 > 14) rules = " regtest=5" }
+        END { print "radios=" count + 1 rules }' "$access_points"
+}
+
 # The environment of a job, and its arguments.
 write_boot_env() {
     local argument
     variables "SOURCE_DIR=$SOURCE_DIR" "BUILD_DIR=$BUILD_DIR" "LAB_OUT=$out" "LAB_JOB=$job" \
         "LAB_CERTIFICATES=$certificates" LAB_AP_TABLE=/run/lab/access-points \
-        "LAB_RADIOS=$(($(grep -vc '^#' "$LAB_DIR/access-points") + 1))" \
+        "LAB_ACCESS_POINTS=$access_points" "LAB_RADIO_OPTIONS=$(radio_options)" \
         PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin \
         HOME=/tmp/home "JAVA_HOME=${JAVA_HOME:-}" LC_ALL=C.UTF-8
     printf 'set --'
