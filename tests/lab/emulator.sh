@@ -40,14 +40,24 @@ share() {
         -device "virtio-9p-pci,fsdev=$1,mount_tag=$1"
 }
 
+# Sets the options of the guest's clock. By default it is the host's, and a busy host makes a slow guest. With
+# "# lab: instruction-clock" in the job, a nanosecond passes for each instruction, and the guest never misses a
+# limit because the host is busy. A station's kernel repeats a request for association after 0.1 s; a hostapd
+# that is slower answers twice, starts a second 4-way handshake, and the keys of both sides differ.
+choose_clock() {
+    thread=multi clock=()
+    if grep -q '^# lab: instruction-clock$' "$job"; then thread=single clock=(-icount shift=0); fi
+}
+
 # Hardware virtualisation stays off: where it is half there, a stock kernel hangs in it. The kernel does not
 # check its timer: on a busy host no tick may come in time, and it would panic.
 run_emulator() {
-    local shares
+    local shares thread clock
+    choose_clock
     mapfile -t shares < <(share root / readonly=on,multidevs=remap &&
         share out "$out" multidevs=remap)
     exec qemu-system-x86_64 \
-        -accel tcg,thread=multi,tb-size=512 -cpu max -M q35 -m 2048 -smp 1 \
+        -accel "tcg,thread=$thread,tb-size=512" "${clock[@]}" -cpu max -M q35 -m 2048 -smp 1 \
         -nodefaults -no-user-config -display none -monitor none -no-reboot \
         -serial "file:$out/console.log" -kernel "$kernel/vmlinux" -initrd "$initramfs/initramfs" \
         -append 'console=ttyS0 quiet panic=-1 oops=panic no_timer_check' \
