@@ -1,4 +1,4 @@
-# Makes real access points of the simulated radios, a row of the file LAB_ACCESS_POINTS each.
+# Makes real access points of the simulated radios, a row of the file access-points each.
 # shellcheck shell=bash
 
 lines() { printf '%s\n' "$@"; }
@@ -46,6 +46,7 @@ write_eap_users() {
         >/run/lab/eap-users
 }
 
+# LAB_ACCESS_POINTS is the table that the job selects.
 access_point_rows() { grep -v '^#' "$LAB_ACCESS_POINTS"; }
 
 # Channels up to 14 are at 2.4 GHz, others at 5 GHz.
