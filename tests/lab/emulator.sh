@@ -42,8 +42,8 @@ share() {
 
 # Sets the options of the guest's clock. By default it is the host's, and a busy host makes a slow guest. With
 # "# lab: instruction-clock" in the job, a nanosecond passes for each instruction, and the guest does not miss a
-# limit because the processors of the host are busy. A station's kernel repeats a request for association after 0.1 s; a hostapd
-# that is slower answers twice, starts a second 4-way handshake, and the keys of both sides differ.
+# limit because the processors of the host are busy. A station's kernel repeats a request for association after
+# 0.1 s; a hostapd that is slower answers twice, starts a second 4-way handshake, and the keys of both sides differ.
 choose_clock() {
     thread=multi clock=()
     if grep -q '^# lab: instruction-clock$' "$job"; then thread=single clock=(-icount shift=0); fi
