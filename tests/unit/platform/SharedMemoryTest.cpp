@@ -1,6 +1,7 @@
 #include "platform/SharedMemory.h"
 
 #include "platform/FileDescriptor.h"
+#include "support/Files.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -114,9 +115,7 @@ TEST_F(NamedSharedMemory, IsKeptByItsUsersWithoutItsName) {
 
 TEST_F(NamedSharedMemory, IsUnmappedWhenItIsDetached) {
     const auto isMapped = [] {
-        std::ifstream maps("/proc/self/maps");
-        const std::string text(std::istreambuf_iterator<char>(maps), {});
-        return text.find(PATH) != std::string::npos;
+        return test::contentOf("/proc/self/maps").find(PATH) != std::string::npos;
     };
     put(std::string(SIZE, FILLED));
     SharedMemory memory;
