@@ -186,6 +186,22 @@ TEST_F(FieldSetters, AlwaysSucceedForAWepKey) {
     EXPECT_STREQ(network().getWepKey(0), "key 0");
 }
 
+// Without memory.
+
+// A string without characters is null; those behind it are converted.
+TEST_F(FieldSetters, TakeNullForAStringThatJavaCannotConvert) {
+    const auto setWithFailure = [this](int successes) {
+        java.failCall(FakeJni::Call::GetStringUTFChars, successes);
+        return set("setEAPIdentity0", "me");
+    };
+    EXPECT_TRUE(setWithFailure(0)) << "the interface";
+    EXPECT_STREQ(network().getEAPIdentity(), "me");
+    EXPECT_FALSE(setWithFailure(1)) << "the SSID";
+    EXPECT_STREQ(network().getEAPIdentity(), "me");
+    EXPECT_TRUE(setWithFailure(2)) << "the value";
+    EXPECT_EQ(network().getEAPIdentity(), nullptr);
+}
+
 // Without a network.
 
 // API-6

@@ -32,6 +32,7 @@ protected:
     std::vector<FieldRow> secrets;
 };
 
+// TEXT-2
 TEST_F(SecretNatives, ReadEnciphered) {
     EXPECT_EQ(secrets.size(), 4U);
     for (const FieldRow& row : secrets)
@@ -83,6 +84,8 @@ TEST_F(SecretNatives, ClearWithoutACipher) {
     }
 }
 
+// TEXT-3
+// API-10
 TEST_F(SecretNatives, LeaveTheFieldIfATextDoesNotDecipher) {
     for (const FieldRow& row : secrets) {
         SCOPED_TRACE(row.setter);
