@@ -52,24 +52,22 @@ protected:
     WifiUtil util;
 };
 
-TEST_F(Launch, PutsTheInterfaceOptionBeforeTheCommand) {
-    standIn.on({"*"});
-    EXPECT_TRUE(run("set_network", "-iwlan0", "3", "ssid", "\"home\""));
-    EXPECT_THAT(standIn.calls(),
-                ElementsAre(Arguments{CLIENT, "-iwlan0", "set_network", "3", "ssid", "\"home\""}));
-}
-
 // CMD-7
-TEST_F(Launch, DropsArgumentsByTheRulesForNulls) {
+TEST_F(Launch, PutsTheInterfaceOptionFirstAndDropsArgumentsByTheRulesForNulls) {
     standIn.on({"*"});
+    EXPECT_TRUE(run("c", "-iwlan0", "1", "2", "3"));
     EXPECT_TRUE(run("c", nullptr, "1", "2", "3"));
     EXPECT_TRUE(run(nullptr, "-iwlan0", "1", "2", "3"));
     EXPECT_TRUE(run("c", "-iwlan0", nullptr, "2", "3"));
     EXPECT_TRUE(run("c", "-iwlan0", "1", nullptr, "3"));
+    EXPECT_TRUE(run("c", "-iwlan0", "1", "2", nullptr));
+    EXPECT_TRUE(run(nullptr, nullptr));
     EXPECT_THAT(standIn.calls(),
-                ElementsAre(Arguments{CLIENT, "c", "1", "2", "3"}, Arguments{CLIENT, "-iwlan0"},
+                ElementsAre(Arguments{CLIENT, "-iwlan0", "c", "1", "2", "3"},
+                            Arguments{CLIENT, "c", "1", "2", "3"}, Arguments{CLIENT, "-iwlan0"},
                             Arguments{CLIENT, "-iwlan0", "c"},
-                            Arguments{CLIENT, "-iwlan0", "c", "1", "3"}));
+                            Arguments{CLIENT, "-iwlan0", "c", "1", "3"},
+                            Arguments{CLIENT, "-iwlan0", "c", "1", "2"}, Arguments{CLIENT}));
 }
 
 TEST_F(Launch, PassesArgumentsUnchanged) {
