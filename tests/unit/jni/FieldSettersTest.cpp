@@ -27,8 +27,8 @@ protected:
         }
     }
 
-    bool setBroadcast(jboolean value, const char* ssid = "home") {
-        return flag("setSsidBroadcasted0", {"wlan0", ssid, nullptr, 0, value});
+    bool setBroadcast(jboolean value) {
+        return flag("setSsidBroadcasted0", {"wlan0", "home", nullptr, 0, value});
     }
 
     bool setWepKey(jint slot, const char* key, const char* ssid = "home") {
