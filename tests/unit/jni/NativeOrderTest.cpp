@@ -64,10 +64,9 @@ std::vector<Kind> fieldNatives() {
                                {"setEncryption0", "", false},
                                {"setWepKey0", "", true}};
     for (const FieldRow& row : fieldRows()) {
+        const char* const read = isEnciphered(row) ? " encipher string" : " string";
         if (row.getter)
-            kinds.push_back(
-                {row.getter,
-                 isEnciphered(row) ? " encipher string" : (isText(row) ? " string" : ""), false});
+            kinds.push_back({row.getter, isText(row) ? read : "", false});
         if (row.setter)
             kinds.push_back({row.setter, isEnciphered(row) ? " decipher" : "", isText(row)});
     }
