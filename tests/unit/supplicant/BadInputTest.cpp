@@ -14,7 +14,6 @@ using namespace test;
 using testing::_;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 namespace {
 
