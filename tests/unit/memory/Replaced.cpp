@@ -1,6 +1,5 @@
-// What takes the place of functions of the library: the model of a supplicant, whose own allocations
-// neither count nor fail, for children; and a refresh thread that ends at once, since thousands of
-// processes wait for one.
+// Replaces two functions of the library: children are calls of a model of a supplicant, whose own allocations
+// neither count nor fail; and the refresh thread ends at once, because thousands of processes wait for it.
 
 #include "Paths.h"
 #include "fuzz/ModelRunner.h"

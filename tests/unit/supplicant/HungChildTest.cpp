@@ -2,6 +2,7 @@
 
 #include "supplicant/WifiUtil.h"
 
+#include "RealTime.h"
 #include "support/Leftovers.h"
 #include "support/StandIn.h"
 #include "support/TestTime.h"
@@ -101,31 +102,20 @@ TEST_F(HungChild, LeavesNothingBehind) {
 
 // CMD-16
 TEST_F(HungChild, IsKilledAtRaisedPriorityUpToTheHighestOfThePolicy) {
-    struct Row {
-        int before;
-        int during;
-    };
     const int highest = sched_get_priority_max(SCHED_RR);
-    const Row rows[] = {{1, 26}, {highest - 25, highest}, {highest - 24, highest - 24}};
+    const std::pair<int, int> priorities[] = {
+        {1, 26}, {highest - 25, highest}, {highest - 24, highest - 24}};
     testing::internal::CaptureStderr();
-    bool allowed = true;
-    std::thread([&] {
-        for (const Row& row : rows) {
-            sched_param parameters{};
-            parameters.sched_priority = row.before;
-            allowed = allowed && pthread_setschedparam(pthread_self(), SCHED_RR, &parameters) == 0;
-            if (!allowed)
-                return;
-            time.clearRecord();
-            EXPECT_FALSE(run());
-            std::vector<int> expected(99 + 2, row.before);
-            expected[99] = row.during;
-            EXPECT_EQ(time.priorities(), expected) << "for the kill alone";
-            int policy = 0;
-            pthread_getschedparam(pthread_self(), &policy, &parameters);
-            EXPECT_EQ(parameters.sched_priority, row.before) << "restored";
-        }
-    }).join();
+    const bool allowed = test::atEachPriority(priorities, [this](int raised) {
+        sched_param own{};
+        int policy = 0;
+        pthread_getschedparam(pthread_self(), &policy, &own);
+        time.clearRecord();
+        EXPECT_FALSE(run());
+        std::vector<int> expected(99 + 2, own.sched_priority);
+        expected[99] = raised;
+        EXPECT_EQ(time.priorities(), expected) << "for the kill alone";
+    });
     testing::internal::GetCapturedStderr();
     if (!allowed)
         GTEST_SKIP() << "this machine allows no real-time scheduling";

@@ -67,8 +67,7 @@ TEST_F(LeftoverFiles, OfEveryCommandAreRemoved) {
                                     "process_table_result_"};
     for (const char* prefix : prefixes) {
         put(std::string("/tmp/") + prefix + A_TAG);
-        put(std::string("/tmp/") + prefix + "7");
-        std::filesystem::permissions(std::string("/tmp/") + prefix + "7",
+        std::filesystem::permissions(put(std::string("/tmp/") + prefix + "7"),
                                      std::filesystem::perms::owner_read);
     }
     removeLeftoverFiles();
