@@ -11,7 +11,7 @@
 namespace {
 
 using test::BlockView;
-using test::Peer;
+using test::JoinedPeer;
 using test::RecordedReloads;
 using test::RefreshThread;
 using test::ShortLocks;
@@ -23,7 +23,6 @@ protected:
     void SetUp() override {
         RefreshThread::SetUp();
         ShortLocks::reset();
-        EXPECT_EQ(holder.ask("initialize"), "1");
     }
 
     void expectWaitsOfASecond() const {
@@ -32,7 +31,7 @@ protected:
         EXPECT_LE(ShortLocks::longest(), 1s);
     }
 
-    Peer holder; // does nothing unless asked, like a stopped process
+    JoinedPeer holder; // does nothing unless asked, like a stopped process
 };
 
 // PEER-8
@@ -92,8 +91,7 @@ TEST_F(HeldLock, DoesNotStopAProcessFromLeaving) {
 
 // PEER-8
 TEST_F(HeldLock, DelaysTheNotificationOfASaveUntilItIsReleased) {
-    Peer other;
-    other.ask("initialize");
+    JoinedPeer other;
     for (const char* lock : {"lock", "lock-signal"}) {
         SCOPED_TRACE(lock);
         holder.ask(lock);
@@ -126,8 +124,7 @@ TEST_F(HeldLock, OfAHolderThatDoesNotExistIsWaitedForASecond) {
 TEST_F(HeldLock, IsReportedOnce) {
     testing::internal::CaptureStderr();
     {
-        Peer reporter;
-        EXPECT_EQ(reporter.ask("initialize"), "1");
+        JoinedPeer reporter;
         holder.ask("lock");
         reporter.ask("refresh");
         reporter.ask("refresh");
