@@ -16,8 +16,6 @@ using namespace test;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-}
-
 namespace {
 
 const std::string NETWORKS = "0\thome\tany\t\n3\twork\tany\t\n";

@@ -78,6 +78,14 @@ LockEvents SettingsMutexes::among(const LockEvents& events) const {
     return found;
 }
 
+bool SettingsMutexes::areHeldThroughout(const LockEvents& events) const {
+    return events.size() >= 6 && LockEvents(events.begin(), events.begin() + 3) == taking() &&
+           LockEvents(events.end() - 3, events.end()) == givingBack() &&
+           std::all_of(all.begin(), all.end(), [&events](const PlatformMutex* mutex) {
+               return isHeldThroughout(events, mutex);
+           });
+}
+
 bool SettingsMutexes::pairIsHeldThroughout(const LockEvents& events) const {
     LockEvents found;
     std::copy_if(

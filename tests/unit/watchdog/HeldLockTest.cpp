@@ -10,7 +10,7 @@
 namespace {
 
 using test::BlockView;
-using test::Peer;
+using test::JoinedPeer;
 using test::RefreshThread;
 
 using namespace std::chrono_literals;
@@ -20,7 +20,6 @@ protected:
     void SetUp() override {
         RefreshThread::SetUp();
         time.lockWaitsAre(test::QUICK);
-        EXPECT_EQ(holder.ask("initialize"), "1");
     }
 
     void expectWaitsOfASecond() const {
@@ -29,7 +28,7 @@ protected:
         EXPECT_LE(time.longestLockWait(), 1s);
     }
 
-    Peer holder; // does nothing unless asked, like a stopped process
+    JoinedPeer holder; // does nothing unless asked, like a stopped process
 };
 
 // PEER-8
@@ -89,8 +88,7 @@ TEST_F(HeldLock, DoesNotStopAProcessFromLeaving) {
 
 // PEER-8
 TEST_F(HeldLock, DelaysTheNotificationOfASaveUntilItIsReleased) {
-    Peer other;
-    other.ask("initialize");
+    JoinedPeer other;
     for (const char* lock : {"lock", "lock-signal"}) {
         SCOPED_TRACE(lock);
         holder.ask(lock);
@@ -122,8 +120,7 @@ TEST_F(HeldLock, OfAHolderThatDoesNotExistIsWaitedForASecond) {
 TEST_F(HeldLock, IsReportedOnce) {
     testing::internal::CaptureStderr();
     {
-        Peer reporter;
-        EXPECT_EQ(reporter.ask("initialize"), "1");
+        JoinedPeer reporter;
         holder.ask("lock");
         reporter.ask("refresh");
         reporter.ask("refresh");

@@ -1,9 +1,10 @@
-// The list that a refresh of the status reads also tells the numbers that the supplicant has given its
-// networks since a save.
+// After a save, the list that a refresh of the status reads also shows the new ids.
 
-#include "StatusFixture.h"
+#include "StatusTest.h"
+
 #include "settings/replies/PrintedSsid.h"
 
+using test::Commands;
 using testing::ElementsAre;
 
 namespace {
@@ -11,26 +12,24 @@ namespace {
 const std::string LIST = "-iwlan0 list_networks";
 const std::string SCAN = "-iwlan0 scan_results";
 
-class StatusNumbers : public test::StatusFixture {
+class StatusIds : public test::StatusTest {
 protected:
     // The first of three networks was removed, and that was saved.
     void loadAndSave() {
-        load("0\tgone\tany\t\n1\thome\tany\t\n2\twork\tany\t\n");
-        standIn.on({"*"}).prints("OK\n");
+        load(test::LoadedHost::linesOf({"gone", "home", "work"}));
+        acceptAll();
         EXPECT_TRUE(settings().removeNetwork("wlan0", "gone"));
         EXPECT_EQ(settings().saveNetworkSettings(), 1);
     }
 
-    std::vector<std::string> commandsOfConnecting(const char* ssid, bool result) {
-        standIn.reset();
-        standIn.on({"-iwlan0", "list_networks"}).prints(test::LIST_HEADER + "0\thome\tany\t\n");
-        standIn.on({"*"}).prints("OK\n");
+    Commands commandsOfConnecting(const char* ssid, bool result) {
+        list("0\thome\tany\t\n");
         EXPECT_EQ(settings().connectNetwork("wlan0", ssid), result);
         return commands();
     }
 };
 
-TEST_F(StatusNumbers, AreThoseOfTheListItselfAfterASave) {
+TEST_F(StatusIds, AreThoseOfTheListAfterASave) {
     loadAndSave();
     EXPECT_TRUE(refresh("0\thome\tany\t[DISABLED]\n1\twork\tany\t[CURRENT]\n"));
     EXPECT_THAT(commands(), ElementsAre(LIST, SCAN));
@@ -39,16 +38,12 @@ TEST_F(StatusNumbers, AreThoseOfTheListItselfAfterASave) {
     EXPECT_EQ(current(), "work");
     EXPECT_EQ(network("home")->getNetworkId(), 0);
     EXPECT_EQ(network("work")->getNetworkId(), 1);
+    EXPECT_THAT(commandsOfConnecting("work", true), ElementsAre("-iwlan0 select 1"))
+        << "they need no other confirmation";
 }
 
-TEST_F(StatusNumbers, NeedNoOtherConfirmation) {
-    loadAndSave();
-    EXPECT_TRUE(refresh("0\thome\tany\t\n1\twork\tany\t\n"));
-    EXPECT_THAT(commandsOfConnecting("work", true), ElementsAre("-iwlan0 select 1"));
-}
-
-// Its number may be another one's by now.
-TEST_F(StatusNumbers, AreNotUsedForANetworkThatIsNotListed) {
+// Another network may have the id by now.
+TEST_F(StatusIds, AreNotUsedForANetworkThatIsNotListed) {
     loadAndSave();
     setStatus("work", NETWORK_STATUS_CONNECTED);
     EXPECT_TRUE(refresh("0\thome\tany\t\n2\tother\tany\t[DISABLED]\n"));
@@ -57,40 +52,39 @@ TEST_F(StatusNumbers, AreNotUsedForANetworkThatIsNotListed) {
     EXPECT_THAT(commandsOfConnecting("work", false), ElementsAre(LIST)) << "still to be confirmed";
 }
 
-TEST_F(StatusNumbers, StayStaleWhenTheListCannotBeRead) {
+TEST_F(StatusIds, StayStaleWhenTheListCannotBeRead) {
     loadAndSave();
     standIn.reset();
-    standIn.on({"*"}).exits(255);
     EXPECT_FALSE(refreshLater());
     EXPECT_THAT(commandsOfConnecting("home", true), ElementsAre(LIST, "-iwlan0 select 0"));
 }
 
-TEST_F(StatusNumbers, EndTheRefreshAtALineWithoutAnyFieldAllTheSame) {
+TEST_F(StatusIds, DoNotKeepALineWithoutAnyFieldFromEndingTheRefresh) {
     loadAndSave();
     EXPECT_FALSE(refresh(" \n")) << "no network is listed";
 }
 
-// The rest of a long line would be the mark of network 0.
-TEST_F(StatusNumbers, AreThoseOfWholeLines) {
+// The rest of a long line would be a line of network 0.
+TEST_F(StatusIds, AreThoseOfWholeLines) {
     const std::string ssid = platwifi::printedSsid(std::string(32, '\xd0'));
-    load("0\thome\tany\t\n1\t" + ssid + "\tany\t\n");
-    ASSERT_NE(network(ssid.c_str()), nullptr);
+    load(test::LoadedHost::linesOf({"home", ssid}));
+    ASSERT_NE(network(ssid), nullptr);
     EXPECT_TRUE(refresh("0\thome\tany\t\n1\t" + ssid + "\tany\t[CURRENT]\n",
                         "02:00:00:00:01:00\t2412\t185\t[ESS]\t" + ssid + "\n"));
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
-    EXPECT_EQ(statusOf(ssid.c_str()), NETWORK_STATUS_CONNECTING);
+    EXPECT_EQ(statusOf(ssid), NETWORK_STATUS_CONNECTING);
     EXPECT_EQ(current(), ssid);
-    EXPECT_STREQ(network(ssid.c_str())->getBssid(), "02:00:00:00:01:00");
-    EXPECT_EQ(network(ssid.c_str())->getChannel(), 1U);
-    replies("", "ssid=" + ssid + "\nid=1\nwpa_state=COMPLETED\n");
-    EXPECT_EQ(settings().getCurrentNetwork("wlan0"), network(ssid.c_str()));
+    EXPECT_STREQ(network(ssid)->getBssid(), "02:00:00:00:01:00");
+    EXPECT_EQ(network(ssid)->getChannel(), 1U);
+    scriptLoad("", "ssid=" + ssid + "\nid=1\nwpa_state=COMPLETED\n");
+    EXPECT_EQ(settings().getCurrentNetwork("wlan0"), network(ssid));
     EXPECT_EQ(settings().getCurrentStatus("wlan0"), static_cast<unsigned int>(WPA_STATE_COMPLETED));
-    EXPECT_EQ(statusOf(ssid.c_str()), NETWORK_STATUS_CONNECTED);
+    EXPECT_EQ(statusOf(ssid), NETWORK_STATUS_CONNECTED);
 }
 
-// Nothing tells of other numbers: a network keeps the one it has.
+// Nothing shows other ids: a network keeps the one it has.
 // ID-7
-TEST_F(StatusNumbers, AreNotTakenWithoutASave) {
+TEST_F(StatusIds, AreNotTakenWithoutASave) {
     loadBoth();
     EXPECT_TRUE(refresh("0\twork\tany\t[DISABLED]\n1\thome\tany\t\n"));
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_DISABLED);
