@@ -1,6 +1,7 @@
 // What the messages of the supplicant mean, for programs and for a terminal.
 
 #include "commands/EventReport.h"
+#include "display/Text.h"
 #include "events/EventParser.h"
 
 #include <gmock/gmock.h>
@@ -303,9 +304,15 @@ TEST(EventReport, ContinuesBelowTheDetailsOnATerminal) {
     console.width = 24;
     const std::string narrow = cli::reportOf(parseEvent("<3>Associated with a"), 0, console);
     EXPECT_EQ(narrow.substr(10), "other\n  Associated with a\n");
-    for (const unsigned int width : {1U, 2U, 9U, 12U}) {
+}
+
+TEST(EventReport, IsNoWiderThanATinyTerminal) {
+    cli::Console console;
+    for (const unsigned int width : {2U, 3U, 4U, 9U, 12U}) {
         console.width = width;
-        EXPECT_NE(cli::reportOf(parseEvent("<3>Associated with a"), 0, console), "");
+        std::istringstream lines(cli::reportOf(parseEvent("<3>Associated with 😀"), 0, console));
+        for (std::string line; std::getline(lines, line);)
+            EXPECT_LE(cli::cellsOf(line), width) << line;
     }
 }
 

@@ -148,6 +148,11 @@ std::string head(const Event& event, std::time_t time, const Console& console) {
            console.plain();
 }
 
+// Where details begin below the kind: a character takes up to two cells.
+unsigned int narrowColumn(unsigned int width) {
+    return width >= INDENTATION + 2 ? INDENTATION : 0;
+}
+
 void add(Record& record, const char* name, const std::string& text) {
     if (!text.empty())
         record.emplace_back(name, text);
@@ -171,8 +176,7 @@ std::string reportOf(const Event& event, std::time_t time, const Console& consol
     if (details.empty())
         return report + '\n';
     const bool isNarrow = console.width < DETAILS_COLUMN + MIN_DETAILS;
-    const unsigned int column =
-        std::min(isNarrow ? INDENTATION : DETAILS_COLUMN, console.width - 1);
+    const unsigned int column = isNarrow ? narrowColumn(console.width) : DETAILS_COLUMN;
     const std::string indentation(column, ' ');
     const unsigned int taken = TIME_COLUMN + cellsOf(styleOf(event.kind).label);
     std::string gap = isNarrow ? '\n' + indentation : std::string(DETAILS_COLUMN - taken, ' ');

@@ -21,7 +21,7 @@ namespace cli {
 ///     EventSource events(host.iface(), context.interrupt);
 ///     connectToNetwork(...);
 ///     while (const auto event = events.next(deadline))
-///         ...
+///         ...                                          // ends at LOST, too
 ///
 /// For one thread. Needs a socket of its own in /tmp, which the destructor removes.
 class EventSource {
@@ -37,7 +37,7 @@ public:
     EventSource(const EventSource&) = delete;
     EventSource& operator=(const EventSource&) = delete;
 
-    /// Waits for the next event. After TERMINATING or LOST there are no more than further LOST.
+    /// Waits for the next event. After TERMINATING or LOST it returns LOST at once, so the caller ends there.
     /// @param deadline  when to stop waiting; an event that has arrived before is returned also later
     /// @return nothing at the deadline
     /// @throws Interrupted as soon as a signal comes
