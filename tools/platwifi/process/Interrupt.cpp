@@ -87,6 +87,13 @@ void Interrupt::waitForInput(int descriptor) const {
     check();
 }
 
+bool Interrupt::waitForInput(int descriptor, milliseconds time) const {
+    pollfd either[] = {{m_pipe[0], POLLIN, 0}, {descriptor, POLLIN, 0}};
+    const int ready = poll(either, 2, static_cast<int>(time.count()));
+    check();
+    return ready > 0 && either[1].revents != 0;
+}
+
 void Interrupt::wakeOwner() const {
     const char byte = 0;
     while (write(m_pipe[1], &byte, 1) < 0 && errno == EINTR) {
@@ -117,6 +124,7 @@ void Interrupt::endByForce(int signal) {
     const std::vector<std::string> results = resultsOf(m_owner);
     stop(m_owner);
     killChildrenOf(getpid());
+    removeSocketOf(getpid());
     removeFiles(results);
     endBySignal(signal);
 }

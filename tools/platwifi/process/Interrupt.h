@@ -36,6 +36,9 @@ public:
     /// Waits until the descriptor is readable. @throws Interrupted as soon as a signal comes
     void waitForInput(int descriptor) const;
 
+    /// Waits for the same, that long at most. @return whether the descriptor is readable
+    bool waitForInput(int descriptor, std::chrono::milliseconds time) const;
+
     /// While an object exists, the command is not ended by force: it is changing the configuration,
     /// and must finish that.
     class Deferred {
