@@ -37,7 +37,7 @@ void runInterruptibly(const Command& command, Context& context) {
     try {
         command.run(context);
     } catch (const Failure&) {
-        context.interrupt.check();
+        context.interrupt.checkFinally();
         throw;
     }
 }

@@ -5,6 +5,7 @@
 #include "process/SharedBlock.h"
 #include "values/Failure.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <iostream>
@@ -57,6 +58,14 @@ Interrupt::Interrupt() : m_signals(watchedSignals()) {
 }
 
 Interrupt::~Interrupt() {
+    endWatch();
+    close(m_pipe[0]);
+    close(m_pipe[1]);
+}
+
+void Interrupt::endWatch() {
+    if (!m_watcher.joinable())
+        return;
     {
         const std::lock_guard<std::mutex> guard(m_mutex);
         m_isEnding = true;
@@ -64,8 +73,15 @@ Interrupt::~Interrupt() {
     }
     pthread_kill(m_watcher.native_handle(), END_OF_WATCH);
     m_watcher.join();
-    close(m_pipe[0]);
-    close(m_pipe[1]);
+}
+
+// Ctrl-C ends the client, too. This thread may notice that before the watching thread notices the signal.
+void Interrupt::checkFinally() {
+    endWatch();
+    const timespec now{};
+    if (m_signal == 0)
+        m_signal = std::max(sigtimedwait(&m_signals, nullptr, &now), 0);
+    check();
 }
 
 void Interrupt::check() const {

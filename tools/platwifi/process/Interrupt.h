@@ -30,6 +30,10 @@ public:
     /// @throws Interrupted after a signal
     void check() const;
 
+    /// Ends the handling of signals. Of a signal that came before, the command has seen the effect on a child
+    /// process at most; this takes care that it counts. @throws Interrupted after a signal
+    void checkFinally();
+
     /// Waits that long. @throws Interrupted as soon as a signal comes
     void pause(std::chrono::milliseconds time) const;
 
@@ -57,6 +61,7 @@ public:
 
 private:
     void watch();
+    void endWatch();
     void endByForce(int signal);
     void wakeOwner() const;
 
