@@ -3,24 +3,20 @@
 #include "Profile.h"
 #include "model/Vocabulary.h"
 
-// The words that the profile of this process knows. Those of the device stand first in their tables.
+// The words that the profile of this process knows.
 
 namespace platwifi {
 
-inline Words known(Words all, std::size_t ofDevice) noexcept {
-    return rule::TODAYS_SECURITY_IS_KNOWN() ? all : all.first(ofDevice);
-}
-
 inline Words knownKeyManagement() noexcept {
-    return known(KEY_MANAGEMENT_WORDS, 5);
+    return rule::TODAYS_SECURITY_IS_KNOWN() ? KEY_MANAGEMENT_WORDS : DEVICE_KEY_MANAGEMENT_WORDS;
 }
 
 inline Words knownPairwise() noexcept {
-    return known(PAIRWISE_WORDS, 3);
+    return rule::TODAYS_SECURITY_IS_KNOWN() ? PAIRWISE_WORDS : DEVICE_PAIRWISE_WORDS;
 }
 
 inline Words knownGroup() noexcept {
-    return known(GROUP_WORDS, 4);
+    return rule::TODAYS_SECURITY_IS_KNOWN() ? GROUP_WORDS : DEVICE_GROUP_WORDS;
 }
 
 } // namespace platwifi

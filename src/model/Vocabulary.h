@@ -100,6 +100,11 @@ inline constexpr Word GROUP_WORDS[] = {
     {GROUP_CCMP_256, "CCMP-256"},
 };
 
+// The words that the profile `device` knows stand first in their tables.
+inline constexpr Words DEVICE_KEY_MANAGEMENT_WORDS = Words(KEY_MANAGEMENT_WORDS).first(5);
+inline constexpr Words DEVICE_PAIRWISE_WORDS = Words(PAIRWISE_WORDS).first(3);
+inline constexpr Words DEVICE_GROUP_WORDS = Words(GROUP_WORDS).first(4);
+
 inline constexpr Word EAP_WORDS[] = {
     {EAP_TLS, "TLS"},
     {EAP_PEAP, "PEAP"},

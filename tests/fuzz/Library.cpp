@@ -15,7 +15,7 @@
 #include "supplicant/WifiUtil.h"
 #include "support/AllNatives.h"
 #include "support/FakeJni.h"
-#include "support/SettableClock.h"
+#include "support/TestTime.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -359,7 +359,8 @@ void report(Input& input, WifiHostSettings&) {
 }
 
 void refreshStatus(Input&, WifiHostSettings& settings) {
-    test::SettableClock::advance(6000);
+    static test::TestTime time;
+    time.advance(std::chrono::seconds(6));
     settings.refreshDatabaseNetworksStatus();
 }
 

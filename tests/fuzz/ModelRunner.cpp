@@ -3,7 +3,6 @@
 #include "ModelSupplicant.h"
 
 #include "platform/FileDescriptor.h"
-#include "platform/PlatformUtil.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -38,5 +37,3 @@ bool runOnModel(const platwifi::ArgumentList& arguments, const char* resultFile)
 }
 
 } // namespace fuzz
-
-void PlatformUtil::sleep(int /*milliseconds*/) noexcept {}

@@ -1,13 +1,23 @@
 // The linker replaces functions of the library by these (see the options in CMakeLists.txt): the model of a
-// supplicant replaces children, and there is no refresh thread and no shared memory.
+// supplicant replaces children, and there is no refresh thread and no shared memory. Sleeps take no time.
 
 #include "ModelRunner.h"
 #include "ModelSupplicant.h"
 
 #include "platform/PlatformUtil.h"
+#include "support/TestTime.h"
 
 class WifiHostSettingsWatchdog;
 class WifiUtil;
+
+namespace {
+
+const test::TestTime timeOfModel([](test::TestTime& time) {
+    time.sleepsAre(std::chrono::milliseconds(0));
+    time.clockIs(1000000);
+});
+
+} // namespace
 
 bool modelChild(PlatformMutex&, const platwifi::ArgumentList&, const char*, const char*) __asm__(
     "__wrap__ZN8platwifi8runChildER15pthread_mutex_tRKNS_12ArgumentListEPKcS6_");

@@ -14,6 +14,18 @@ security_of() {
     wpa2-psk)
         lines wpa=2 wpa_key_mgmt=WPA-PSK rsn_pairwise=CCMP "wpa_passphrase=$LAB_PASSPHRASE"
         ;;
+    wpa3)
+        lines wpa=2 wpa_key_mgmt=SAE rsn_pairwise=CCMP ieee80211w=2 "sae_password=$LAB_SAE_PASSWORD"
+        ;;
+    wpa2-wpa3)
+        lines wpa=2 'wpa_key_mgmt=WPA-PSK SAE' rsn_pairwise=CCMP ieee80211w=1 sae_require_mfp=1 \
+            "wpa_passphrase=$LAB_PASSPHRASE"
+        ;;
+    wpa2-sha256)
+        lines wpa=2 wpa_key_mgmt=WPA-PSK-SHA256 rsn_pairwise=CCMP ieee80211w=2 \
+            "wpa_passphrase=$LAB_PASSPHRASE"
+        ;;
+    owe) lines wpa=2 wpa_key_mgmt=OWE rsn_pairwise=CCMP ieee80211w=2 ;;
     hidden)
         security_of wpa2-psk
         lines ignore_broadcast_ssid=1
@@ -34,19 +46,25 @@ write_eap_users() {
         >/run/lab/eap-users
 }
 
-access_point_rows() { grep -v '^#' "$SOURCE_DIR/tests/lab/access-points"; }
+# LAB_ACCESS_POINTS is the table that the job selects.
+access_point_rows() { grep -v '^#' "$LAB_ACCESS_POINTS"; }
+
+# Channels up to 14 are at 2.4 GHz, others at 5 GHz.
+frequency_of() { echo $(($1 > 14 ? 5000 + 5 * $1 : 2407 + 5 * $1)); }
+mode_of() { if [ "$1" -gt 14 ]; then echo a; else echo g; fi; }
 
 # write_access_point INTERFACE SSID CHANNEL KIND
 write_access_point() {
-    lines "interface=$1" driver=nl80211 ctrl_interface=/run/hostapd hw_mode=g \
-        "ssid=$2" "channel=$3" >"/run/lab/$1.conf"
+    lines "interface=$1" driver=nl80211 ctrl_interface=/run/hostapd "hw_mode=$(mode_of "$3")" \
+        "ssid2=P\"$2\"" "channel=$3" >"/run/lab/$1.conf"
     security_of "$4" >>"/run/lab/$1.conf"
 }
 
-# add_to_table INTERFACE SSID CHANNEL KIND FLAGS: one line of LAB_AP_TABLE, separated by tabs.
+# add_to_table INTERFACE SSID CHANNEL KIND FLAGS: one line of LAB_AP_TABLE, separated by tabs. Its SSID is
+# what the client prints.
 add_to_table() {
-    printf '%s\t%s\t%s\t%s\t%s\t%s\n' "$2" "$(cat "/sys/class/net/$1/address")" \
-        "$((2407 + 5 * $3))" "$4" "$5" "$1" >>"$LAB_AP_TABLE"
+    printf '%s\t%s\t%s\t%s\t%s\t%s\n' "${2//\\x20/ }" "$(cat "/sys/class/net/$1/address")" \
+        "$(frequency_of "$3")" "$4" "$5" "$1" >>"$LAB_AP_TABLE"
 }
 
 access_points_ready() {

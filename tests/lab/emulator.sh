@@ -1,5 +1,5 @@
-# Runs the guest for scripts/lab, which sets: name, job, arguments, timeout, out, out_lock, kernel,
-# initramfs, certificates.
+# Runs the guest for scripts/lab, which sets: name, job, access_points, arguments, timeout, out, out_lock,
+# kernel, initramfs, certificates.
 # shellcheck shell=bash
 # shellcheck disable=SC2154
 
@@ -13,12 +13,20 @@ variables() {
     done
 }
 
+# The options of mac80211_hwsim: a radio for the supplicant, and one for each access point. Without a
+# database of regulatory domains no access point may start at 5 GHz; regtest=5 makes radios with rules
+# of their own, which allow it.
+radio_options() {
+    awk '!/^#/ { ++count; if ($2 > 14) rules = " regtest=5" }
+        END { print "radios=" count + 1 rules }' "$access_points"
+}
+
 # The environment of a job, and its arguments.
 write_boot_env() {
     local argument
     variables "SOURCE_DIR=$SOURCE_DIR" "BUILD_DIR=$BUILD_DIR" "LAB_OUT=$out" "LAB_JOB=$job" \
         "LAB_CERTIFICATES=$certificates" LAB_AP_TABLE=/run/lab/access-points \
-        "LAB_RADIOS=$(($(grep -vc '^#' "$LAB_DIR/access-points") + 1))" \
+        "LAB_ACCESS_POINTS=$access_points" "LAB_RADIO_OPTIONS=$(radio_options)" \
         PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin \
         HOME=/tmp/home "JAVA_HOME=${JAVA_HOME:-}" LC_ALL=C.UTF-8
     printf 'set --'
@@ -32,14 +40,24 @@ share() {
         -device "virtio-9p-pci,fsdev=$1,mount_tag=$1"
 }
 
+# Sets the options of the guest's clock. By default it is the host's, and a busy host makes a slow guest. With
+# "# lab: instruction-clock" in the job, a nanosecond passes for each instruction, and the guest does not miss a
+# limit because the processors of the host are busy. A station's kernel repeats a request for association after
+# 0.1 s; a hostapd that is slower answers twice, starts a second 4-way handshake, and the keys of both sides differ.
+choose_clock() {
+    thread=multi clock=()
+    if grep -q '^# lab: instruction-clock$' "$job"; then thread=single clock=(-icount shift=0); fi
+}
+
 # Hardware virtualisation stays off: where it is half there, a stock kernel hangs in it. The kernel does not
 # check its timer: on a busy host no tick may come in time, and it would panic.
 run_emulator() {
-    local shares
+    local shares thread clock
+    choose_clock
     mapfile -t shares < <(share root / readonly=on,multidevs=remap &&
         share out "$out" multidevs=remap)
     exec qemu-system-x86_64 \
-        -accel tcg,thread=multi,tb-size=512 -cpu max -M q35 -m 2048 -smp 1 \
+        -accel "tcg,thread=$thread,tb-size=512" "${clock[@]}" -cpu max -M q35 -m 2048 -smp 1 \
         -nodefaults -no-user-config -display none -monitor none -no-reboot \
         -serial "file:$out/console.log" -kernel "$kernel/vmlinux" -initrd "$initramfs/initramfs" \
         -append 'console=ttyS0 quiet panic=-1 oops=panic no_timer_check' \

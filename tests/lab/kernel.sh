@@ -1,7 +1,8 @@
 # Fetches a distribution kernel with simulated radios; it is unpacked, never installed.
 # shellcheck shell=bash
 
-KERNEL_MODULES=(ccm gcm cmac ctr michael_mic virtio_pci 9pnet_virtio 9p mac80211_hwsim)
+# Without ghash-generic the radios refuse keys for GCMP.
+KERNEL_MODULES=(ccm gcm ghash-generic cmac ctr michael_mic virtio_pci 9pnet_virtio 9p mac80211_hwsim)
 
 # A list of our own helps where the system's is old or empty, and needs no root.
 apt_option=()

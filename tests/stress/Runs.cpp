@@ -3,6 +3,7 @@
 #include "Runs.h"
 
 #include "support/PrivateWorld.h"
+#include "support/TestTime.h"
 
 #include <cstdio>
 #include <cstring>
@@ -25,6 +26,9 @@ constexpr Run RUNS[] = {
 
 int main(int count, char* arguments[]) {
     test::enterPrivateWorld(arguments);
+    test::TestTime time;
+    time.deadlinesAre(std::chrono::milliseconds(1));
+    time.sleepsAre(test::QUICK);
     for (const Run& run : RUNS) {
         if (count > 1 && std::strcmp(arguments[1], run.name) == 0) {
             run.run(arguments + 1);

@@ -29,6 +29,12 @@ public:
             std::this_thread::yield();
     }
 
+    /// Returns when the function has returned.
+    void awaitEnd() const {
+        while (!m_done)
+            std::this_thread::yield();
+    }
+
     bool isDone() const { return m_done; }
 
 private:

@@ -9,6 +9,11 @@
 #include <unistd.h>
 
 namespace test {
+namespace {
+
+constexpr const char* BOOT_FOLDER = "PLATFORM_BOOT_DIR";
+
+} // namespace
 
 StandIn::Answer& StandIn::Answer::add(const Arguments& line) {
     m_standIn.append(line);
@@ -22,11 +27,16 @@ StandIn::StandIn() {
     m_folder = folder;
     for (const char* name : {"wpa_cli", "pidin"})
         std::filesystem::create_symlink(STANDIN_PROGRAM, m_folder + "/" + name);
-    setenv("PLATFORM_BOOT_DIR", folder, 1);
+    if (const char* const outer = getenv(BOOT_FOLDER))
+        m_outerFolder = outer;
+    setenv(BOOT_FOLDER, folder, 1);
 }
 
 StandIn::~StandIn() {
-    unsetenv("PLATFORM_BOOT_DIR");
+    if (m_outerFolder.empty())
+        unsetenv(BOOT_FOLDER);
+    else
+        setenv(BOOT_FOLDER, m_outerFolder.c_str(), 1);
     std::filesystem::remove_all(m_folder);
 }
 

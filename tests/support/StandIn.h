@@ -8,7 +8,7 @@ namespace test {
 using Arguments = std::vector<std::string>;
 
 /// Replaces the client and the process lister by the stand-in during its lifetime, scripts the
-/// answers and returns the calls.
+/// answers and returns the calls. One that is made later replaces an earlier one until it ends.
 class StandIn {
 public:
     StandIn();
@@ -57,6 +57,7 @@ private:
     void append(const Arguments& line) const;
 
     std::string m_folder;
+    std::string m_outerFolder; ///< of the stand-in that is replaced, or empty
 };
 
 } // namespace test

@@ -7,6 +7,7 @@
 #include "supplicant/WifiUtil.h"
 #include "support/FieldTable.h"
 #include "support/LoadedHost.h"
+#include "support/TestTime.h"
 #include "values/Failure.h"
 
 #include <gmock/gmock.h>
@@ -28,6 +29,8 @@ namespace {
 class TheProperties : public testing::Test {
 protected:
     static void SetUpTestSuite() {
+        time = std::make_unique<test::TestTime>();
+        time->deadlinesAre(test::QUICK);
         setenv("PLATFORM_KEY_FILE", "/tmp/crypt.key", 1);
         host = std::make_unique<test::LoadedHost>();
         host->answers({"home"});
@@ -38,6 +41,7 @@ protected:
         WifiHostSettings::unload();
         WifiUtil::unload();
         host.reset();
+        time.reset();
     }
 
     static const WifiNetwork& network() {
@@ -56,9 +60,11 @@ protected:
         return shown(property, network());
     }
 
+    static std::unique_ptr<test::TestTime> time;
     static std::unique_ptr<test::LoadedHost> host;
 };
 
+std::unique_ptr<test::TestTime> TheProperties::time;
 std::unique_ptr<test::LoadedHost> TheProperties::host;
 
 // The message of the refusal; "" if the value is accepted.

@@ -20,6 +20,15 @@ TerminalPair::TerminalPair(unsigned short columns) {
     fcntl(other, F_SETFD, FD_CLOEXEC);
     fcntl(own, F_SETFD, FD_CLOEXEC);
     setWidth(columns);
+    keepOutputAtInterrupts();
+}
+
+// The system sends the signal of Ctrl-C first and discards output then: what a program prints at once could be
+// lost.
+void TerminalPair::keepOutputAtInterrupts() const {
+    termios changed = settings();
+    changed.c_lflag |= NOFLSH;
+    EXPECT_EQ(tcsetattr(m_other.number(), TCSANOW, &changed), 0);
 }
 
 void TerminalPair::setWidth(unsigned short columns) const {

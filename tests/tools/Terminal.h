@@ -33,6 +33,7 @@ public:
 
 private:
     bool readMore();
+    void keepOutputAtInterrupts() const;
 
     platform::FileDescriptor m_other;
     platform::FileDescriptor m_own;

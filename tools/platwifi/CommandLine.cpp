@@ -17,13 +17,18 @@ int printError(const std::string& message, int status) {
     return status;
 }
 
+// A failure without a message is none to report: the reader has closed its end of the pipe.
+int printFailure(const Failure& error) {
+    return error.what()[0] == '\0' ? FAILED : printError(error.what(), FAILED);
+}
+
 // If the output cannot be written, that is the error that counts.
 int flushed(Status status) {
     try {
         flushOutput();
         return status;
     } catch (const Failure& error) {
-        return error.what()[0] == '\0' ? FAILED : printError(error.what(), FAILED);
+        return printFailure(error);
     }
 }
 
@@ -32,7 +37,7 @@ void runInterruptibly(const Command& command, Context& context) {
     try {
         command.run(context);
     } catch (const Failure&) {
-        context.interrupt.check();
+        context.interrupt.checkFinally();
         throw;
     }
 }
@@ -67,7 +72,7 @@ int runCommandLine(int count, char* arguments[]) {
     } catch (const WrongUse& error) {
         return printError(error.what(), WRONG_USE);
     } catch (const Failure& error) {
-        return printError(error.what(), FAILED);
+        return printFailure(error);
     } catch (const std::exception& error) {
         return printError(std::string("something went wrong: ") + error.what(), FAILED);
     }

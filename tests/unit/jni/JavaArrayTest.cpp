@@ -1,14 +1,10 @@
 #include "jni/JavaArray.h"
 
-#include "jni/NativeCall.h"
-#include "supplicant/ReplyLines.h"
 #include "support/FakeJni.h"
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-#include <stdexcept>
-#include <string>
+#include <optional>
 #include <vector>
 
 using platwifi::newJavaArray;
@@ -16,77 +12,42 @@ using test::FakeJni;
 
 namespace {
 
-TEST(JavaArray, HoldsTheEntries) {
+TEST(JavaArray, HoldsTheEntriesAndAnEmptyTextForNull) {
     FakeJni java;
-    const char* const entries[] = {"one", "two", ""};
-    EXPECT_EQ(java.elementsOf(newJavaArray(java.environment(), entries, 3)),
-              (FakeJni::Elements{"one", "two", ""}));
+    const char* const entries[] = {"one", nullptr, "", "\xF0\x9F\x93\xB6", "\xE9t\xE9", nullptr};
+    const jobjectArray array = newJavaArray(java.environment(), entries, 6);
+    EXPECT_EQ(java.elementsOf(array), (FakeJni::Elements{"one", "", "", "\xED\xA0\xBD\xED\xB3\xB6",
+                                                         "\xED\xB3\xA9t\xED\xB3\xA9", ""}));
+    EXPECT_EQ(java.elementClassOf(array), "java/lang/String");
 }
 
-TEST(JavaArray, HoldsAnEmptyTextForANullEntry) {
-    FakeJni java;
-    const char* const entries[] = {nullptr, "two", nullptr};
-    EXPECT_EQ(java.elementsOf(newJavaArray(java.environment(), entries, 3)),
-              (FakeJni::Elements{"", "two", ""}));
-}
-
-TEST(JavaArray, MayBeEmpty) {
-    FakeJni java;
-    EXPECT_EQ(java.elementsOf(newJavaArray(java.environment(), nullptr, 0)), FakeJni::Elements{});
-}
-
-TEST(JavaArray, IsMadeForStrings) {
-    FakeJni java;
-    EXPECT_EQ(java.elementClassOf(newJavaArray(java.environment(), nullptr, 0)),
-              "java/lang/String");
-}
-
-TEST(JavaArray, CountsBeyondAByte) {
-    FakeJni java;
-    const std::vector<const char*> entries(1000, "x");
-    EXPECT_EQ(java.elementsOf(newJavaArray(java.environment(), entries.data(), 1000)),
-              FakeJni::Elements(1000, "x"));
-    EXPECT_LE(java.liveReferences(), 16U) << "what every virtual machine has room for";
-}
-
-TEST(JavaArray, TakesAnyBytes) {
-    FakeJni java;
-    const char* const entries[] = {"\xF0\x9F\x93\xB6", "\xE9t\xE9"};
-    EXPECT_EQ(java.elementsOf(newJavaArray(java.environment(), entries, 2)),
-              (FakeJni::Elements{"\xED\xA0\xBD\xED\xB3\xB6", "\xED\xB3\xA9t\xED\xB3\xA9"}));
+TEST(JavaArray, HasAnyNumberOfEntriesAndFewReferences) {
+    for (const std::size_t count : {0U, 1000U}) {
+        FakeJni java;
+        const std::vector<const char*> entries(count, "x");
+        EXPECT_EQ(java.elementsOf(newJavaArray(java.environment(), entries.data(),
+                                               static_cast<unsigned short>(count))),
+                  FakeJni::Elements(count, "x"));
+        EXPECT_LE(java.liveReferences(), 16U) << "what every virtual machine has room for";
+    }
 }
 
 TEST(JavaArray, IsNullWithoutMemory) {
-    const FakeJni::Call calls[] = {FakeJni::Call::FindClass, FakeJni::Call::NewStringUTF,
-                                   FakeJni::Call::NewObjectArray};
+    const struct {
+        FakeJni::Call call;
+        int successes;
+    } failures[] = {{FakeJni::Call::FindClass, 0},
+                    {FakeJni::Call::NewObjectArray, 0},
+                    {FakeJni::Call::NewStringUTF, 0},
+                    {FakeJni::Call::NewStringUTF, 1},
+                    {FakeJni::Call::NewStringUTF, 2}};
     const char* const entries[] = {"one", "two"};
-    for (const FakeJni::Call call : calls) {
+    for (const auto& failure : failures) {
         FakeJni java;
-        java.failCall(call);
+        java.failCall(failure.call, failure.successes);
         EXPECT_EQ(newJavaArray(java.environment(), entries, 2), nullptr);
         EXPECT_TRUE(java.pendingException()) << "the virtual machine's own";
     }
-    for (int made = 1; made <= 2; ++made) {
-        FakeJni java;
-        java.failCall(FakeJni::Call::NewStringUTF, made);
-        EXPECT_EQ(newJavaArray(java.environment(), entries, 2), nullptr);
-        EXPECT_TRUE(java.pendingException());
-    }
-}
-
-TEST(JavaArray, LosesNoLineWhenAnExceptionPassesThrough) {
-    FakeJni java;
-    EXPECT_THROW(
-        {
-            const platwifi::NativeCall call(java.environment(), java.javaString("wlan0"));
-            platwifi::ReplyLines lines(4);
-            lines.data()[0] = new char[6];
-            std::memcpy(lines.data()[0], "wlan0", 6);
-            lines.count = 1;
-            throw std::runtime_error("below");
-        },
-        std::runtime_error);
-    EXPECT_EQ(java.heldCharacters(), 0U);
 }
 
 } // namespace

@@ -1,8 +1,9 @@
 #include "jni/NetworkProperties.h"
 
-#include "model/WifiNetwork.h"
+#include "model/NetworkFields.h"
 #include "platform/ErrorHandler.h"
 
+#include "support/FieldTable.h"
 #include "support/KeyWorld.h"
 #include "unit/model/NetworkRows.h"
 
@@ -10,134 +11,109 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <functional>
 #include <set>
-#include <string>
-#include <vector>
 
+using namespace test;
+using platwifi::Field;
+using platwifi::NetworkFields;
 using platwifi::setNetworkProperty;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Values = std::vector<std::string>;
 
 namespace {
 
-struct Property {
-    const char* name;
-    const char* field; // as test::valuesOf() calls it
-};
-
-const Property NUMBERS[] = {
-    {"authentication", "authAlg"}, {"channel", "channel"},      {"eap", "eapModes"},
-    {"key_mgmt", "keyManagement"}, {"priority", "priority"},    {"protocol", "protocol"},
-    {"strength", "strength"},      {"status", "networkStatus"},
-};
-
-const Property TEXTS[] = {
-    {"clientCertificate", "ClientCertificate"},
-    {"clientCertificate2", "ClientCertificate2"},
-    {"CACertificateFile", "CACertificate"},
-    {"CACertificateDir", "CACertificateDir"},
-    {"CACertificateFile2", "CACertificate2"},
-    {"CACertificateDir2", "CACertificateDir2"},
-    {"eapIdentity", "EAPIdentity"},
-    {"eapAnonymousIdentity", "EAPAnonymousIdentity"},
-    {"key1", "wepKey0"},
-    {"key2", "wepKey1"},
-    {"key3", "wepKey2"},
-    {"key4", "wepKey3"},
-    {"phase1", "Phase1Step"},
-    {"phase2", "Phase2Step"},
-    {"privateKeyFile", "PrivateKeyFile"},
-    {"privateKeyFile2", "PrivateKeyFile2"},
-};
-
-const Property SECRETS[] = {
-    {"eapPassword", "EAPPassword"},
-    {"psk", "psk"},
-    {"privateKeyPassword", "PrivateKeyPassword"},
-    {"privateKeyPassword2", "PrivateKeyPassword2"},
-};
-
-const char* const OTHERS[] = {"bssid", "encryption", "index", "mode", "ssid", "ssidBroadcasted"};
-
-std::set<std::string> allNames() {
-    std::set<std::string> names(std::begin(OTHERS), std::end(OTHERS));
-    for (const Property& property : NUMBERS)
-        names.insert(property.name);
-    for (const Property& property : TEXTS)
-        names.insert(property.name);
-    for (const Property& property : SECRETS)
-        names.insert(property.name);
-    return names;
+// Properties with rules of their own.
+bool isSpecial(const FieldRow& row) {
+    switch (row.field) {
+    case Field::SSID:
+    case Field::BSSID:
+    case Field::SSID_BROADCASTED:
+    case Field::NETWORK_MODE:
+    case Field::GROUP_CIPHERS:
+    case Field::PAIRWISE_CIPHERS:
+    case Field::WEP_INDEX:
+        return true;
+    default:
+        return false;
+    }
 }
 
-// The names of the facts that are never written back have no dirty flag.
-bool isWrittenBack(const std::string& field) {
-    return field != "strength" && field != "networkStatus";
+bool isNumber(const FieldRow& row) {
+    return !isText(row) && !isSpecial(row);
 }
 
-/// A network in which everything is set, and clean.
+bool isPlainText(const FieldRow& row) {
+    return isText(row) && !isSpecial(row) && !isEnciphered(row);
+}
+
+std::vector<FieldRow> rowsThat(const std::function<bool(const FieldRow&)>& match) {
+    std::vector<FieldRow> rows;
+    for (const FieldRow& row : fieldRows()) {
+        if (row.property && match(row))
+            rows.push_back(row);
+    }
+    return rows;
+}
+
+/// A network in which everything is set, and nothing is dirty.
 class FullNetwork {
 protected:
     FullNetwork() {
-        for (const test::TextRow& row : test::textRows())
-            (network.*row.set)("old");
-        for (const test::NumberRow& row : test::numberRows())
-            (network.*row.set)(77);
-        for (unsigned int slot = 0; slot < 4; ++slot)
-            network.setWepKey(slot, "old");
-        network.setWepIndex(1);
-        network.setNetworkMode(77);
-        network.setNetworkStatus(77);
-        network.setStrength(77);
+        for (const FieldRow& row : fieldRows()) {
+            if (isText(row))
+                fields().setText(row.field, "old");
+            else
+                fields().setNumber(row.field, row.field == Field::WEP_INDEX ? 1 : 77);
+        }
         network.setSsidBroadcasted(true);
         network.cleanDirtyFields();
     }
 
-    // Sets a property and tells which fields have another value now.
-    Values changesBy(const char* name, const char* value) {
-        const Values before = test::valuesOf(network);
+    NetworkFields& fields() { return NetworkFields::of(network); }
+
+    // Sets a property. Returns the fields that have another value now.
+    FieldValues changesBy(const char* name, const char* value) {
+        const FieldValues before = valuesOf(network);
         setNetworkProperty(network, name, value, &errors);
-        const Values after = test::valuesOf(network);
-        Values changes;
-        for (std::size_t i = 0; i < after.size(); ++i) {
-            if (after[i] != before[i])
-                changes.push_back(after[i]);
-        }
-        return changes;
+        return changesSince(before, network);
     }
 
-    Values dirty() const { return test::dirtyOf(network); }
+    std::vector<std::string> dirty() const { return dirtyOf(network); }
 
     WifiNetwork network;
     ErrorHandler errors;
+    const std::vector<FieldRow> secrets = rowsThat(isEnciphered);
 };
 
 class NetworkProperties : public FullNetwork, public testing::Test {};
-class SecretProperties : public FullNetwork, public test::KeyWorld {};
+class SecretProperties : public FullNetwork, public KeyWorld {};
+
+std::string equals(const FieldRow& row, const std::string& value) {
+    return std::string(row.name) + "=" + value;
+}
 
 TEST_F(NetworkProperties, TakeTheNumberThatAValueBeginsWith) {
     const struct {
         const char* value;
         const char* number;
-    } rows[] = {
+    } values[] = {
         {"5", "5"},      {"0", "0"},    {"300", "300"},
         {"", "0"},       {"abc", "0"},  {nullptr, "0"},
         {" 12x3", "12"}, {"0x10", "0"}, {"-1", "4294967295"},
         {"007", "7"},    {"1.9", "1"},  {"99999999999999999999", "2147483647"},
         {"+3", "3"},
     };
-    for (const Property& property : NUMBERS) {
-        for (const auto& row : rows) {
-            SCOPED_TRACE(std::string(property.name) + " " + (row.value ? row.value : "null"));
-            setNetworkProperty(network, property.name, "77", nullptr);
+    const std::vector<FieldRow> numbers = rowsThat(isNumber);
+    EXPECT_EQ(numbers.size(), 8U);
+    for (const FieldRow& row : numbers) {
+        for (const auto& given : values) {
+            SCOPED_TRACE(std::string(row.property) + " " + (given.value ? given.value : "null"));
+            fields().setNumber(row.field, 77);
             network.cleanDirtyFields();
-            EXPECT_THAT(changesBy(property.name, row.value),
-                        ElementsAre(std::string(property.field) + "=" + row.number));
-            if (isWrittenBack(property.field))
-                EXPECT_THAT(dirty(), ElementsAre(property.field));
-            else
-                EXPECT_THAT(dirty(), IsEmpty());
+            EXPECT_THAT(changesBy(row.property, given.value),
+                        ElementsAre(equals(row, given.number)));
+            EXPECT_EQ(dirty(), hasFlag(row) ? FieldValues{row.name} : FieldValues{});
         }
     }
 }
@@ -161,23 +137,22 @@ TEST_F(NetworkProperties, RefuseAWepIndexThatIsNone) {
     EXPECT_THAT(dirty(), ElementsAre("wepIndex"));
 }
 
-TEST_F(NetworkProperties, StoreATextAndClearItWithNothing) {
-    for (const Property& property : TEXTS) {
-        SCOPED_TRACE(property.name);
-        const std::string field = property.field;
-        network.cleanDirtyFields();
-        EXPECT_THAT(changesBy(property.name, "a value"), ElementsAre(field + "=a value"));
-        EXPECT_THAT(dirty(), ElementsAre(field));
-        network.cleanDirtyFields();
-        EXPECT_THAT(changesBy(property.name, ""), ElementsAre(field + "=null"));
-        EXPECT_THAT(dirty(), ElementsAre(field));
-        EXPECT_THAT(changesBy(property.name, "\xff caf\xc3\xa9"),
-                    ElementsAre(field + "=\xff caf\xc3\xa9"));
-        EXPECT_THAT(changesBy(property.name, nullptr), ElementsAre(field + "=null"));
+TEST_F(NetworkProperties, StoreATextAndClearItWithAnEmptyOneOrNull) {
+    const std::vector<FieldRow> texts = rowsThat(isPlainText);
+    EXPECT_EQ(texts.size(), 16U);
+    for (const FieldRow& row : texts) {
+        SCOPED_TRACE(row.property);
+        for (const char* const value : {"a value", "", "\xff caf\xc3\xa9"}) {
+            network.cleanDirtyFields();
+            EXPECT_THAT(changesBy(row.property, value),
+                        ElementsAre(equals(row, *value ? value : "null")));
+            EXPECT_THAT(dirty(), ElementsAre(row.name));
+        }
+        EXPECT_THAT(changesBy(row.property, nullptr), ElementsAre(equals(row, "null")));
     }
 }
 
-TEST_F(NetworkProperties, TakeABssidAsItStands) {
+TEST_F(NetworkProperties, TakeABssidUnchanged) {
     EXPECT_THAT(changesBy("bssid", "any"), ElementsAre("bssid=any"));
     EXPECT_THAT(changesBy("bssid", ""), ElementsAre("bssid="));
     EXPECT_THAT(changesBy("bssid", "x"), ElementsAre("bssid=x"));
@@ -186,43 +161,40 @@ TEST_F(NetworkProperties, TakeABssidAsItStands) {
 }
 
 TEST_F(SecretProperties, DecipherASecret) {
-    for (const Property& property : SECRETS) {
-        SCOPED_TRACE(property.name);
+    EXPECT_EQ(secrets.size(), 4U);
+    for (const FieldRow& row : secrets) {
+        SCOPED_TRACE(row.property);
         network.cleanDirtyFields();
-        const std::string plain = std::string("hush ") + property.name;
-        EXPECT_THAT(changesBy(property.name, test::encrypted(plain).text->c_str()),
-                    ElementsAre(property.field + ("=" + plain)));
-        EXPECT_THAT(dirty(), ElementsAre(property.field));
+        const std::string plain = std::string("hush ") + row.property;
+        EXPECT_THAT(changesBy(row.property, encrypted(plain).text->c_str()),
+                    ElementsAre(equals(row, plain)));
+        EXPECT_THAT(dirty(), ElementsAre(row.name));
         EXPECT_EQ(errors.savedError(), nullptr);
     }
 }
 
 TEST_F(SecretProperties, ClearASecretWithoutACipher) {
     putKey("too short");
-    for (const Property& property : SECRETS) {
-        SCOPED_TRACE(property.name);
-        EXPECT_THAT(changesBy(property.name, ""),
-                    ElementsAre(std::string(property.field) + "=null"));
-        EXPECT_THAT(changesBy(property.name, nullptr), IsEmpty());
+    for (const FieldRow& row : secrets) {
+        SCOPED_TRACE(row.property);
+        for (const char* const nothing : {"", static_cast<const char*>(nullptr)}) {
+            fields().setText(row.field, "old");
+            EXPECT_THAT(changesBy(row.property, nothing), ElementsAre(equals(row, "null")));
+            EXPECT_THAT(changesBy(row.property, nothing), IsEmpty());
+        }
         EXPECT_EQ(errors.savedError(), nullptr);
     }
 }
 
-TEST_F(NetworkProperties, ClearASecretWithNull) {
-    for (const Property& property : SECRETS)
-        EXPECT_THAT(changesBy(property.name, nullptr),
-                    ElementsAre(std::string(property.field) + "=null"));
-}
-
 TEST_F(SecretProperties, LeaveASecretThatDoesNotDecipherAndReportIt) {
-    for (const Property& property : SECRETS) {
-        SCOPED_TRACE(property.name);
+    for (const FieldRow& row : secrets) {
+        SCOPED_TRACE(row.property);
         errors.clearError();
-        EXPECT_THAT(changesBy(property.name, "in plain"), IsEmpty());
+        EXPECT_THAT(changesBy(row.property, "in plain"), IsEmpty());
         ASSERT_NE(errors.savedError(), nullptr);
         EXPECT_STREQ(errors.savedError()->id(), "crypt.damaged");
         EXPECT_EQ(std::string(errors.savedError()->text()).find("in plain"), std::string::npos);
-        setNetworkProperty(network, property.name, "in plain", nullptr);
+        setNetworkProperty(network, row.property, "in plain", nullptr);
     }
     EXPECT_THAT(dirty(), IsEmpty());
 }
@@ -230,7 +202,7 @@ TEST_F(SecretProperties, LeaveASecretThatDoesNotDecipherAndReportIt) {
 TEST_F(NetworkProperties, SplitTheEncryptionIntoCiphers) {
     const struct {
         const char* code;
-        Values changes;
+        FieldValues changes;
     } rows[] = {
         {"6", {"groupCiphers=2", "pairwiseCiphers=4"}},
         {"16", {"groupCiphers=16"}},
@@ -250,13 +222,13 @@ TEST_F(NetworkProperties, SplitTheEncryptionIntoCiphers) {
 }
 
 // API-5
-TEST_F(NetworkProperties, SetTheGroupCiphersAlsoWhereThePairwiseOnesStay) {
+TEST_F(NetworkProperties, SetTheGroupCiphersAlsoIfThePairwiseOnesStay) {
     network.setPairwiseCiphers(4);
     EXPECT_THAT(changesBy("encryption", "4"), ElementsAre("groupCiphers=4"));
     EXPECT_THAT(changesBy("encryption", "6"), ElementsAre("groupCiphers=2"));
 }
 
-TEST_F(NetworkProperties, TakeNothingButTrueForABroadcastSsid) {
+TEST_F(NetworkProperties, TakeOnlyTrueForABroadcastSsid) {
     for (const char* const value :
          {"True", "TRUE", "1", "", " true", "true ", "false", static_cast<const char*>(nullptr)}) {
         network.cleanDirtyFields();
@@ -274,27 +246,35 @@ TEST_F(NetworkProperties, NeverRenameTheNetwork) {
     EXPECT_THAT(dirty(), IsEmpty());
 }
 
-// Neither another case nor a part of a name, nor more than it.
+// The name in another case, a part of it, and more than it.
+std::vector<std::string> variantsOf(const std::string& name) {
+    std::string otherCase = name;
+    otherCase[0] = static_cast<char>(std::islower(otherCase[0]) ? std::toupper(otherCase[0])
+                                                                : std::tolower(otherCase[0]));
+    std::string upper;
+    for (const char character : name)
+        upper += static_cast<char>(std::toupper(character));
+    return {otherCase, upper, name + " ", " " + name, name + "3", name.substr(0, name.size() - 1)};
+}
+
 TEST_F(NetworkProperties, SkipEveryOtherName) {
-    const std::set<std::string> names = allNames();
-    EXPECT_EQ(names.size(), 34U);
-    for (const std::string& name : names) {
-        std::string otherCase = name;
-        otherCase[0] = static_cast<char>(std::islower(otherCase[0]) ? std::toupper(otherCase[0])
-                                                                    : std::tolower(otherCase[0]));
-        std::string upper;
-        for (const char character : name)
-            upper += static_cast<char>(std::toupper(character));
-        for (const std::string& wrong : {otherCase, upper, name + " ", " " + name, name + "3",
-                                         name.substr(0, name.size() - 1)}) {
-            if (names.count(wrong) != 0)
-                continue;
-            EXPECT_THAT(changesBy(wrong.c_str(), "1"), IsEmpty()) << wrong;
-        }
+    std::set<std::string> names;
+    for (const FieldRow& row : fieldRows()) {
+        if (row.property)
+            names.insert(row.property);
     }
-    for (const char* const wrong :
-         {"", "ip", "networkId", "Channel", "SSID", "key0", "key5", "\xff"})
-        EXPECT_THAT(changesBy(wrong, "1"), IsEmpty()) << wrong;
+    EXPECT_EQ(names.size(), 34U);
+    std::vector<std::string> others = {"",     "ip",   "networkId", "Channel",
+                                       "SSID", "key0", "key5",      "\xff"};
+    for (const std::string& name : names) {
+        for (const std::string& variant : variantsOf(name))
+            others.push_back(variant);
+    }
+    for (const std::string& name : others) {
+        if (names.count(name) != 0)
+            continue;
+        EXPECT_THAT(changesBy(name.c_str(), "1"), IsEmpty()) << name;
+    }
     EXPECT_THAT(changesBy(nullptr, "1"), IsEmpty());
     EXPECT_THAT(dirty(), IsEmpty());
     EXPECT_EQ(errors.savedError(), nullptr);

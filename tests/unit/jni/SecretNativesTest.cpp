@@ -1,134 +1,105 @@
 // Natives for secrets, which cross to Java and back enciphered.
 
-#include "FieldNatives.h"
+#include "OneNetwork.h"
 
+#include "support/FieldTable.h"
 #include "support/KeyWorld.h"
 
 using namespace test;
 
-#define READS(method) jstring NATIVE(method)(JNIEnv*, jclass, jstring, jstring);
-#define WRITES(method) jboolean NATIVE(method)(JNIEnv*, jclass, jstring, jstring, jstring);
-
-extern "C" {
-READS(getPreSharedKey0)
-WRITES(setPreSharedKey0)
-READS(getEAPPassword0)
-WRITES(setEAPPassword0)
-READS(getPrivateKeyPassword0)
-WRITES(setPrivateKeyPassword0)
-READS(getPrivateKeyPassword20)
-WRITES(setPrivateKeyPassword20)
-}
-
 namespace {
 
-struct Secret {
-    const char* name;
-    GetterNative<jstring> get;
-    SetterNative<jstring> set;
-    const char* (WifiNetwork::*read)() const;
-    bool (WifiNetwork::*write)(const char*);
-};
-
-// clang-format off
-const Secret SECRETS[] = {
-    {"Psk", NATIVE(getPreSharedKey0), NATIVE(setPreSharedKey0), &WifiNetwork::getPsk, &WifiNetwork::setPsk},
-    {"EAPPassword", NATIVE(getEAPPassword0), NATIVE(setEAPPassword0), &WifiNetwork::getEAPPassword, &WifiNetwork::setEAPPassword},
-    {"PrivateKeyPassword", NATIVE(getPrivateKeyPassword0), NATIVE(setPrivateKeyPassword0), &WifiNetwork::getPrivateKeyPassword, &WifiNetwork::setPrivateKeyPassword},
-    {"PrivateKeyPassword2", NATIVE(getPrivateKeyPassword20), NATIVE(setPrivateKeyPassword20), &WifiNetwork::getPrivateKeyPassword2, &WifiNetwork::setPrivateKeyPassword2},
-};
-// clang-format on
-
-class SecretNatives : public KeyWorld {
+class SecretNatives : public OneNetwork, public KeyWorld {
 protected:
-    const char* read(const Secret& secret) { return (world.network().*secret.read)(); }
-
-    bool write(const Secret& secret, const char* plain) {
-        return (world.network().*secret.write)(plain);
+    SecretNatives() {
+        for (const FieldRow& row : fieldRows()) {
+            if (isEnciphered(row))
+                secrets.push_back(row);
+        }
     }
 
-    jboolean set(const Secret& secret, const char* enciphered, const char* ssid = "home") {
-        return world.call(secret.set, ssid, world.javaText(enciphered));
-    }
+    const char* stored(const FieldRow& row) { return fields().text(row.field); }
+    void store(const FieldRow& row, const char* plain) { fields().setText(row.field, plain); }
+    std::string read(const FieldRow& row) { return text(row.getter, {"wlan0", "home"}); }
 
-    // Whether an exception was pending that does not tell the text.
+    // Whether an exception was pending that does not contain the text.
     bool catchException(const std::string& text) {
-        const auto exception = world.java.pendingException();
-        world.java.catchException();
+        const auto exception = java.pendingException();
+        java.catchException();
         return exception && exception->message.find(text) == std::string::npos;
     }
 
-    OneNetwork world;
+    std::vector<FieldRow> secrets;
 };
 
+// TEXT-2
 TEST_F(SecretNatives, ReadEnciphered) {
-    for (const Secret& secret : SECRETS)
-        write(secret, secret.name);
-    for (const Secret& secret : SECRETS) {
-        SCOPED_TRACE(secret.name);
-        const jstring text = world.call(secret.get, "home");
-        ASSERT_NE(text, nullptr);
-        const std::string enciphered = world.java.textOf(text);
-        EXPECT_EQ(enciphered.find(secret.name), std::string::npos);
-        EXPECT_EQ(decrypted(enciphered).text, secret.name);
+    EXPECT_EQ(secrets.size(), 4U);
+    for (const FieldRow& row : secrets)
+        store(row, row.name);
+    for (const FieldRow& row : secrets) {
+        SCOPED_TRACE(row.getter);
+        const std::string enciphered = read(row);
+        EXPECT_EQ(enciphered.find(row.name), std::string::npos);
+        EXPECT_EQ(decrypted(enciphered).text, row.name);
     }
 }
 
-TEST_F(SecretNatives, ReadWhatIsUnsetAsNull) {
-    for (const Secret& secret : SECRETS)
-        EXPECT_EQ(world.call(secret.get, "home"), nullptr) << secret.name;
+TEST_F(SecretNatives, ReadAnUnsetSecretAsNull) {
+    for (const FieldRow& row : secrets)
+        EXPECT_EQ(read(row), "(null)") << row.getter;
 }
 
 TEST_F(SecretNatives, ReadNullWithTheCausePendingWithoutACipher) {
     putKey("too short");
-    for (const Secret& secret : SECRETS) {
-        write(secret, "hush");
-        EXPECT_EQ(world.call(secret.get, "home"), nullptr) << secret.name;
+    for (const FieldRow& row : secrets) {
+        store(row, "hush");
+        EXPECT_EQ(read(row), "(null)") << row.getter;
         EXPECT_TRUE(catchException("hush"));
     }
 }
 
 // NET-6
 TEST_F(SecretNatives, StoreThePlainText) {
-    for (const Secret& secret : SECRETS) {
-        SCOPED_TRACE(secret.name);
-        EXPECT_EQ(set(secret, encrypted(secret.name).text->c_str()), JNI_TRUE);
-        EXPECT_STREQ(read(secret), secret.name);
-        EXPECT_EQ(set(secret, encrypted(secret.name).text->c_str()), JNI_FALSE) << "no change";
+    for (const FieldRow& row : secrets) {
+        SCOPED_TRACE(row.setter);
+        EXPECT_TRUE(set(row.setter, encrypted(row.name).text->c_str()));
+        EXPECT_FALSE(set(row.setter, encrypted(row.name).text->c_str())) << "no change";
     }
-    for (const Secret& secret : SECRETS)
-        EXPECT_STREQ(read(secret), secret.name) << "each in a field of its own";
+    for (const FieldRow& row : secrets)
+        EXPECT_STREQ(stored(row), row.name) << "each in a field of its own";
 }
 
 TEST_F(SecretNatives, ClearWithoutACipher) {
     putKey("too short");
-    for (const Secret& secret : SECRETS) {
-        SCOPED_TRACE(secret.name);
-        write(secret, "hush");
-        EXPECT_EQ(set(secret, ""), JNI_TRUE);
-        EXPECT_STREQ(read(secret), "");
-        EXPECT_EQ(set(secret, ""), JNI_FALSE);
-        write(secret, "hush");
-        EXPECT_EQ(set(secret, nullptr), JNI_TRUE);
-        EXPECT_EQ(read(secret), nullptr);
+    for (const FieldRow& row : secrets) {
+        SCOPED_TRACE(row.setter);
+        store(row, "hush");
+        EXPECT_TRUE(set(row.setter, ""));
+        EXPECT_STREQ(stored(row), "");
+        EXPECT_FALSE(set(row.setter, ""));
+        store(row, "hush");
+        EXPECT_TRUE(set(row.setter, nullptr));
+        EXPECT_EQ(stored(row), nullptr);
     }
 }
 
-TEST_F(SecretNatives, LeaveTheFieldWhereATextDoesNotDecipher) {
-    for (const Secret& secret : SECRETS) {
-        SCOPED_TRACE(secret.name);
-        write(secret, "before");
-        EXPECT_EQ(set(secret, "in plain"), JNI_FALSE);
+// TEXT-3
+// API-10
+TEST_F(SecretNatives, LeaveTheFieldIfATextDoesNotDecipher) {
+    for (const FieldRow& row : secrets) {
+        SCOPED_TRACE(row.setter);
+        store(row, "before");
+        EXPECT_FALSE(set(row.setter, "in plain"));
         EXPECT_TRUE(catchException("in plain"));
-        EXPECT_STREQ(read(secret), "before");
+        EXPECT_STREQ(stored(row), "before");
     }
 }
 
 TEST_F(SecretNatives, FailWithoutTheNetworkAndWithoutDeciphering) {
-    for (const Secret& secret : SECRETS) {
-        SCOPED_TRACE(secret.name);
-        EXPECT_EQ(set(secret, "in plain", "other"), JNI_FALSE);
-        EXPECT_EQ(world.call(secret.get, "other"), nullptr);
+    for (const FieldRow& row : secrets) {
+        EXPECT_FALSE(set(row.setter, "in plain", "other")) << row.setter;
+        EXPECT_EQ(object(row.getter, {"wlan0", "other"}), nullptr) << row.getter;
     }
 }
 

@@ -48,7 +48,7 @@ TEST_F(ServiceParameters, ChangeTheNetworkInMemoryOnly) {
     EXPECT_EQ(network().getChannel(), 11U);
     EXPECT_EQ(network().getPriority(), 300U) << "not cut";
     EXPECT_STREQ(network().getEAPIdentity(), "me");
-    EXPECT_THAT(test::dirtyOf(network()), ElementsAre("channel", "priority", "EAPIdentity"));
+    EXPECT_THAT(test::dirtyOf(network()), ElementsAre("EAPIdentity", "channel", "priority"));
     EXPECT_THAT(test::dirtyOf(*settings->getNetwork("wlan0", "work")), IsEmpty());
     EXPECT_THAT(loaded.commands(), IsEmpty());
 }
@@ -60,7 +60,7 @@ TEST_F(ServiceParameters, ApplyThemInOrder) {
     EXPECT_EQ(network().getGroupCiphers(), 8U);
 }
 
-TEST_F(SecretParameters, GoOnBehindOneThatIsSkippedOrFails) {
+TEST_F(SecretParameters, ContinueAfterOneThatIsSkippedOrFails) {
     network().setPsk("before");
     EXPECT_EQ(set({"nonsense", nullptr, "psk", "ssid", "SSID", "", "index", "priority"},
                   {"1", "2", "in plain", "villa", "villa", "3", "9", "4"}),
@@ -115,8 +115,8 @@ TEST_F(ServiceParameters, FailWithoutTheNetwork) {
 TEST_F(ServiceParameters, HoldOneLockFromTheLookupToTheLastProperty) {
     const test::SettingsMutexes mutexes(*settings);
     test::LockEvents expected = mutexes.taking();
-    for (const test::LockEvent& event : mutexes.givingBack())
-        expected.push_back(event);
+    const test::LockEvents released = mutexes.givingBack();
+    expected.insert(expected.end(), released.begin(), released.end());
     EXPECT_EQ(test::eventsOf([this] {
                   set({"priority", "psk", "no"}, {"5", "in plain", "1"});
               }),
@@ -142,7 +142,7 @@ TEST_F(ServiceParameters, OfTheHostChangeNothing) {
     EXPECT_EQ(setHostParameters(nullptr, "wlan0", names, values, 4), 1) << "there is an instance";
 }
 
-TEST_F(ServiceParameters, LoadTheSettingsWhereThereAreNone) {
+TEST_F(ServiceParameters, LoadTheSettingsIfThereAreNone) {
     EXPECT_EQ(stopWifiService(nullptr), 1);
     loaded.scriptLoad("0\tother\tany\t\n");
     EXPECT_EQ(set({}, {}, "other"), 1);

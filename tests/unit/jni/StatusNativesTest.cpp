@@ -1,235 +1,198 @@
-// Natives that ask what the supplicant is doing, and the WEP keys.
+// Natives and flat functions that ask for the state of the supplicant.
 
-#include "FieldNatives.h"
+#include "EitherInterface.h"
 
+#include "model/WifiNetwork.h"
+#include "support/TestTime.h"
+#include "unit/settings/LoadedSettings.h"
 #include "unit/settings/RecordedLocks.h"
-#include "zam/Zam.h"
 
 #include <gmock/gmock.h>
+
+#include <functional>
+#include <memory>
 
 using namespace test;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-extern "C" {
-jint NATIVE(getDaemonStatus0)(JNIEnv*, jclass, jstring);
-jstring NATIVE(getCurrentNetwork0)(JNIEnv*, jclass, jstring);
-jint NATIVE(getNetworkStatus0)(JNIEnv*, jclass, jstring, jstring);
-jobjectArray NATIVE(getWepKeys0)(JNIEnv*, jclass, jstring, jstring);
-}
-
-// Takes the place of the runtime's clock in this program.
-namespace {
-std::uint64_t now = 1000000;
-} // namespace
-
-std::uint64_t Zam::milliseconds() const noexcept {
-    return now;
-}
-
 namespace {
 
-class StatusNatives : public testing::Test {
+const std::string NETWORKS = "0\thome\tany\t\n3\twork\tany\t\n";
+const std::string AT_HOME = "bssid=02:00:00:00:01:00\nssid=home\nwpa_state=COMPLETED\n";
+
+class ScriptedStatus {
 protected:
-    ~StatusNatives() override {
-        EXPECT_EQ(java.heldCharacters(), 0U);
-        EXPECT_FALSE(java.pendingException());
-    }
-
-    jstring text(const char* characters) {
-        return characters ? java.javaString(characters) : nullptr;
-    }
-
-    jint daemonStatus(const char* iface = "wlan0") {
-        return NATIVE(getDaemonStatus0)(java.environment(), nullptr, text(iface));
-    }
-
-    std::string current(const char* iface = "wlan0") {
-        const jstring ssid = NATIVE(getCurrentNetwork0)(java.environment(), nullptr, text(iface));
-        return ssid ? java.textOf(ssid) : "null";
-    }
-
-    jint status(const char* ssid, const char* iface = "wlan0") {
-        return NATIVE(getNetworkStatus0)(java.environment(), nullptr, text(iface), text(ssid));
-    }
-
     StandIn::Answer statusPrints(const std::string& reply) {
         auto answer = loaded.standIn.on({"-iwlan0", "status"});
         answer.prints(reply);
         return answer;
     }
 
-    FakeJni java;
+    TestTime time{[](TestTime& t) { t.clockIs(1000000); }};
     LoadedSettings loaded;
 };
 
-const std::string NETWORKS = "0\thome\tany\t\n3\twork\tany\t\n";
+// The state, and the current network.
 
-TEST_F(StatusNatives, TellTheStateOfTheSupplicant) {
+class Status : public EitherInterface, public ScriptedStatus {
+protected:
+    int daemonStatus(const char* iface = "wlan0") {
+        return isNative() ? number("getDaemonStatus0", {iface}) : getDaemonStatus(nullptr, iface);
+    }
+
+    // "(null)" for null.
+    std::string current(const char* iface = "wlan0") {
+        if (isNative())
+            return text("getCurrentNetwork0", {iface});
+        char before = 'x';
+        char* ssid = &before;
+        const int result = getCurrentNetwork(nullptr, iface, &ssid);
+        const std::unique_ptr<char[]> owner(ssid);
+        EXPECT_EQ(result, ssid ? 1 : 0);
+        return ssid ? ssid : "(null)";
+    }
+};
+
+TEST_P(Status, IsThatOfTheSupplicant) {
     loaded.load(NETWORKS);
-    statusPrints("ssid=home\nwpa_state=COMPLETED\n")
-        .then()
-        .prints("wpa_state=4WAY_HANDSHAKE\n")
-        .then()
-        .exits(255);
+    statusPrints(AT_HOME).then().prints("wpa_state=4WAY_HANDSHAKE\n").then().exits(255);
     EXPECT_EQ(daemonStatus(), 8);
-    EXPECT_EQ(daemonStatus("whichever"), 6);
+    EXPECT_EQ(daemonStatus("any interface"), 6);
     EXPECT_EQ(daemonStatus(nullptr), 0);
     EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 status", "-iwlan0 status"));
-    EXPECT_EQ(daemonStatus(), 0);
+    EXPECT_EQ(daemonStatus(), 0) << "no answer";
 }
 
-TEST_F(StatusNatives, TellZeroWithoutNetworks) {
+TEST_P(Status, IsZeroAndNullWithoutNetworks) {
     loaded.fail();
     EXPECT_EQ(daemonStatus(), 0);
-    EXPECT_EQ(current(), "null");
-    EXPECT_EQ(status("home"), 0);
+    EXPECT_EQ(current(), "(null)");
 }
 
-TEST_F(StatusNatives, TellTheCurrentNetwork) {
+TEST_P(Status, HasTheCurrentNetwork) {
     loaded.load(NETWORKS);
-    statusPrints("bssid=x\nssid=work\nwpa_state=COMPLETED\n").then().prints("ssid=none of them\n");
+    statusPrints("bssid=x\nssid=work\nwpa_state=COMPLETED\n")
+        .then()
+        .prints("ssid=elsewhere\nwpa_state=COMPLETED\n")
+        .then()
+        .exits(255);
     EXPECT_EQ(current(), "work");
-    EXPECT_EQ(current(nullptr), "null");
-    EXPECT_EQ(loaded.commands().size(), 1U);
-    EXPECT_EQ(current(), "null") << "not configured";
-    EXPECT_EQ(current("fourteen-chars"), "null");
+    EXPECT_EQ(current(nullptr), "(null)");
+    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 status"));
+    EXPECT_EQ(current(), "(null)") << "not configured";
+    EXPECT_EQ(current(), "(null)") << "no answer";
+    EXPECT_EQ(current("fourteen-chars"), "(null)");
 }
 
-TEST_F(StatusNatives, TellTheCurrentNetworkInAnyScript) {
+TEST_P(Status, HasTheCurrentNetworkInAnyScript) {
     WifiHostSettings& settings = loaded.load("0\thome\tany\t\n");
-    settings.getNetwork("wlan0", "home")->setSsid("caf\xe9 \xf0\x9f\x98\x80");
-    statusPrints("ssid=caf\xe9 \xf0\x9f\x98\x80\n");
-    EXPECT_EQ(current(), "caf\xed\xb3\xa9 \xed\xa0\xbd\xed\xb8\x80");
+    const char* const ssid = "caf\xe9 \xf0\x9f\x98\x80";
+    settings.getNetwork("wlan0", "home")->setSsid(ssid);
+    statusPrints(std::string("ssid=") + ssid + "\n");
+    EXPECT_EQ(current(), isNative() ? "caf\xed\xb3\xa9 \xed\xa0\xbd\xed\xb8\x80" : ssid);
 }
 
-TEST_F(StatusNatives, TellNullWhereTheCurrentNetworkHasNoSsid) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, "ssid=home\nwpa_state=COMPLETED\n");
+TEST_P(Status, HasNoCurrentNetworkWithoutAnSsid) {
+    WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
     settings.getNetwork("wlan0", "home")->setSsid(nullptr);
     statusPrints("wpa_state=COMPLETED\n");
-    EXPECT_EQ(current(), "null");
+    ASSERT_NE(settings.getCurrentNetwork("wlan0"), nullptr);
+    EXPECT_EQ(current(), "(null)");
 }
 
-TEST_F(StatusNatives, BringTheStatusOfANetworkUpToDateFirst) {
-    loaded.load(NETWORKS);
-    loaded.standIn.on({"-iwlan0", "list_networks"})
-        .prints("header\n0\thome\tany\t[CURRENT]\n3\twork\tany\t[DISABLED]\n");
-    loaded.answer("FAIL\n", 255);
-    now += 4999;
-    EXPECT_EQ(status("home"), 1) << "as it was loaded";
-    EXPECT_THAT(loaded.commands(), IsEmpty());
-    ++now;
-    EXPECT_EQ(status("home"), 4);
-    EXPECT_EQ(status("work"), 5);
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 list_networks", "-iwlan0 scan_results"));
-}
-
-TEST_F(StatusNatives, BringTheStatusUpToDateAlsoForANetworkThatIsNotThere) {
-    loaded.load(NETWORKS);
-    loaded.answer("FAIL\n", 255);
-    now += 5000;
-    EXPECT_EQ(status("other"), 0);
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 list_networks"));
-    EXPECT_EQ(status(nullptr), 0);
-    EXPECT_EQ(status("", nullptr), 0);
-    EXPECT_EQ(status("home", nullptr), 1) << "the adapter plays no part";
-}
-
-TEST_F(StatusNatives, HoldTheLock) {
-    WifiHostSettings& settings = loaded.load(NETWORKS);
-    const SettingsMutexes mutexes(settings);
-    const std::function<void()> asks[] = {
-        [this] { status("home"); }, [this] { daemonStatus(nullptr); }, [this] { current(nullptr); },
-        [this] {
-            NATIVE(getWepKeys0)
-            (java.environment(), nullptr, text("wlan0"), text("home"));
-        }};
-    for (const auto& ask : asks) {
+TEST_P(Status, IsAskedForUnderTheLock) {
+    const SettingsMutexes mutexes(loaded.load(NETWORKS, AT_HOME));
+    for (const auto& ask : {std::function<void()>([this] { daemonStatus(nullptr); }),
+                            std::function<void()>([this] { current(nullptr); })}) {
         const LockEvents events = eventsOf(ask);
         ASSERT_GE(events.size(), 6U);
         EXPECT_EQ(LockEvents(events.begin(), events.begin() + 3), mutexes.taking());
         EXPECT_EQ(LockEvents(events.end() - 3, events.end()), mutexes.givingBack());
-        for (PlatformMutex* const mutex : mutexes.all)
-            EXPECT_TRUE(isFree(mutex));
     }
 }
 
 // Both refresh the status, which is due.
 // STATUS-3
-TEST_F(StatusNatives, HoldTheLockAlsoWhileTheyAskTheSupplicant) {
+TEST_P(Status, IsReadFromTheSupplicantUnderTheLock) {
     const SettingsMutexes mutexes(loaded.load(NETWORKS));
     statusPrints("ssid=home\nwpa_state=COMPLETED\n");
     loaded.standIn.on({"-iwlan0", "list_networks"}).prints("header\n0\thome\tany\t[CURRENT]\n");
-    const std::function<void()> asks[] = {[this] { status("home"); }, [this] { daemonStatus(); },
-                                          [this] { current(); }};
-    for (const auto& ask : asks) {
+    for (const auto& ask : {std::function<void()>([this] { daemonStatus(); }),
+                            std::function<void()>([this] { current(); })}) {
         const std::size_t commands = loaded.commands().size();
-        now += 5000;
+        time.advance(std::chrono::seconds(5));
         EXPECT_TRUE(mutexes.pairIsHeldThroughout(eventsOf(ask)));
         EXPECT_GT(loaded.commands().size(), commands);
     }
 }
 
-// Another thread could free the SSID once the locks are given back.
+BY_EITHER_INTERFACE(Status);
+
+TEST(CurrentNetworkFunction, NeedsAPlaceForTheSsid) {
+    LoadedSettings loaded;
+    loaded.load(NETWORKS);
+    EXPECT_EQ(getCurrentNetwork(nullptr, "wlan0", nullptr), 0);
+}
+
+// Natives for one network.
+
+class StatusNatives : public NativeCaller, public ScriptedStatus, public testing::Test {
+protected:
+    jint status(const char* ssid, const char* iface = "wlan0") {
+        return number("getNetworkStatus0", {iface, ssid});
+    }
+};
+
+TEST_F(StatusNatives, RefreshTheStatusOfANetworkFirst) {
+    loaded.load(NETWORKS);
+    loaded.standIn.on({"-iwlan0", "list_networks"})
+        .prints("header\n0\thome\tany\t[CURRENT]\n3\twork\tany\t[DISABLED]\n");
+    loaded.answer("FAIL\n", 255);
+    time.advance(std::chrono::milliseconds(4999));
+    EXPECT_EQ(status("home"), 1) << "as it was loaded";
+    EXPECT_THAT(loaded.commands(), IsEmpty());
+    time.advance(std::chrono::milliseconds(1));
+    EXPECT_EQ(status("home"), 4);
+    EXPECT_EQ(status("work"), 5);
+    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 list_networks", "-iwlan0 scan_results"));
+}
+
+TEST_F(StatusNatives, RefreshTheStatusAlsoForAnUnknownNetwork) {
+    loaded.load(NETWORKS);
+    loaded.answer("FAIL\n", 255);
+    time.advance(std::chrono::seconds(5));
+    EXPECT_EQ(status("other"), 0);
+    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 list_networks"));
+    EXPECT_EQ(status(nullptr), 0);
+    EXPECT_EQ(status("", nullptr), 0);
+    EXPECT_EQ(status("home", nullptr), 1) << "any interface";
+}
+
+// STATUS-3
+TEST_F(StatusNatives, RefreshTheStatusUnderTheLock) {
+    const SettingsMutexes mutexes(loaded.load(NETWORKS));
+    statusPrints(AT_HOME);
+    loaded.standIn.on({"-iwlan0", "list_networks"}).prints("header\n0\thome\tany\t[CURRENT]\n");
+    time.advance(std::chrono::seconds(5));
+    EXPECT_TRUE(mutexes.pairIsHeldThroughout(eventsOf([this] { status("home"); })));
+    EXPECT_THAT(loaded.commands(), testing::Contains("-iwlan0 list_networks"));
+    for (PlatformMutex* const mutex : mutexes.all)
+        EXPECT_TRUE(isFree(mutex));
+}
+
+// Another thread could free the SSID after the unlock.
 // STATUS-3
 TEST_F(StatusNatives, HoldTheLockWhileTheStringOfTheCurrentNetworkIsMade) {
     const SettingsMutexes mutexes(loaded.load(NETWORKS));
-    statusPrints("ssid=home\nwpa_state=COMPLETED\n");
+    statusPrints(AT_HOME);
     int strings = 0;
     java.atEveryString([&] {
         ++strings;
         EXPECT_TRUE(mutexes.pairIsHeld());
     });
-    EXPECT_EQ(current(), "home");
+    EXPECT_EQ(text("getCurrentNetwork0"), "home");
     EXPECT_EQ(strings, 1);
-}
-
-// WEP keys.
-
-class WepKeys : public testing::Test {
-protected:
-    FakeJni::Elements keys(const char* ssid = "home") {
-        return world.java.elementsOf(world.call(NATIVE(getWepKeys0), ssid));
-    }
-
-    OneNetwork world;
-};
-
-// TEXT-2
-TEST_F(WepKeys, ComeInPlainByTheirSlots) {
-    world.network().setWepKey(1, "second");
-    world.network().setWepKey(3, "caf\xe9");
-    EXPECT_THAT(keys(), ElementsAre("", "second", "", "caf\xed\xb3\xa9"));
-    for (unsigned int slot = 0; slot < 4; ++slot)
-        world.network().setWepKey(slot, std::to_string(slot).c_str());
-    EXPECT_THAT(keys(), ElementsAre("0", "1", "2", "3"));
-}
-
-TEST_F(WepKeys, AreFourEmptyTextsWithoutTheNetwork) {
-    world.network().setWepKey(0, "key");
-    for (const char* const ssid : {"other", "", static_cast<const char*>(nullptr)})
-        EXPECT_THAT(keys(ssid), ElementsAre("", "", "", ""));
-    world.loseNetworks();
-    EXPECT_THAT(keys(), ElementsAre("", "", "", ""));
-}
-
-TEST_F(WepKeys, AreNullWhereTheVirtualMachineHasNoMemory) {
-    world.network().setWepKey(0, "key");
-    for (int successes = 0; successes < 2; ++successes) {
-        world.java.failCall(FakeJni::Call::NewStringUTF, successes);
-        EXPECT_EQ(world.call(NATIVE(getWepKeys0), "home"), nullptr);
-        EXPECT_TRUE(world.java.pendingException());
-        world.java.catchException();
-    }
-}
-
-TEST_F(WepKeys, AreMadeBeforeTheSettingsAreAskedFor) {
-    WifiHostSettings::unload();
-    world.java.failCall(FakeJni::Call::NewObjectArray);
-    EXPECT_EQ(world.call(NATIVE(getWepKeys0), "home"), nullptr);
-    world.java.catchException();
-    EXPECT_THAT(world.commands(), IsEmpty()) << "nothing was loaded";
-    world.loseNetworks();
 }
 
 } // namespace

@@ -34,12 +34,6 @@ void failEach(int& runs, const char* name, int step, void (*prepare)(), void (*w
     }
 }
 
-TEST(AFailedAllocation, DoesNoHarmInALoad) {
-    int runs = 0;
-    failEach(runs, "load", stride(7), test::nothingYet, test::load);
-    EXPECT_GT(runs, 1);
-}
-
 TEST(AFailedAllocation, DoesNoHarmInASave) {
     int runs = 0;
     failEach(runs, "save", 1, test::edited, test::save);
@@ -61,8 +55,8 @@ TEST(AFailedAllocation, DoesNoHarmInANative) {
     EXPECT_GT(runs, 100);
 }
 
-// Those of processes that have ended go when the next one starts its driver.
-TEST(AFailedAllocation, LeavesNothingBehindTheNextProcess) {
+// A process removes the files of ended ones when it starts its driver.
+TEST(AFailedAllocation, DoesNoHarmInALoadAndLeavesNothingBehindTheNextProcess) {
     int runs = 0;
     failEach(runs, "load", stride(7), test::nothingYet, test::load);
     EXPECT_GT(runs, 1);

@@ -7,31 +7,32 @@
 #include "support/AllNatives.h"
 #include "support/FailingAllocator.h"
 #include "support/FakeJni.h"
+#include "support/FieldTable.h"
 
-#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <future>
-#include <iterator>
 #include <memory>
 #include <new>
 #include <sys/wait.h>
 #include <thread>
+#include <tuple>
 #include <unistd.h>
+#include <utility>
 
 using fuzz::ModelSupplicant;
 
 namespace test {
 namespace {
 
-constexpr unsigned int PATIENCE_S = 30; // a hang ends by a signal; it is no failure to be slow
+constexpr unsigned int TIME_LIMIT_S = 30; // then an alarm ends a process that hangs
 constexpr const char* ADAPTER = "wlan0";
 constexpr const char* LONG_TEXT = "a text that has to be allocated wherever it is copied to";
-constexpr const char* CALLED = "home"; // the network that natives are called for
-constexpr const char* OTHER = "work";  // is there whatever they do
+constexpr const char* EDITED = "home"; // the network that natives are called for
+constexpr const char* OTHER = "work";  // which no native removes
 
 // How a child ends.
 enum Status : int { WORKED = 0, NOTHING_FAILED = 10, LOCK_STAYS = 11, DOES_NOT_WORK = 12 };
@@ -43,6 +44,7 @@ ModelSupplicant& model() {
 // The Java environment's own allocations are not those of the library.
 const JNINativeInterface_* plainTable = nullptr;
 
+// A function of the Java environment during which no allocation fails.
 template <auto SLOT, typename Function = decltype(SLOT)>
 struct Paused;
 
@@ -89,7 +91,7 @@ FakeJni& java() {
 
 // Made before the failure, like the environment.
 const NativeArguments* javaArguments() {
-    static const NativeArguments arguments{java().javaString(ADAPTER), java().javaString(CALLED),
+    static const NativeArguments arguments{java().javaString(ADAPTER), java().javaString(EDITED),
                                            java().javaString(LONG_TEXT), 2, true};
     return &arguments;
 }
@@ -103,7 +105,7 @@ bool anotherThreadGetsTheLock() {
         }
         done.set_value();
     }).detach();
-    return done.get_future().wait_for(std::chrono::seconds(PATIENCE_S / 2)) ==
+    return done.get_future().wait_for(std::chrono::seconds(TIME_LIMIT_S / 2)) ==
            std::future_status::ready;
 }
 
@@ -115,7 +117,7 @@ bool worksAgain() {
            saveWifiHostSettings(nullptr) == 1;
 }
 
-// A virtual machine has no handler for what leaves a native: here, that work is over then.
+// A virtual machine has no handler for a C++ exception that a native throws.
 void runUnderFailure(int n, void (*work)(std::size_t), std::size_t which) {
     FailingAllocator::failAt(n);
     try {
@@ -125,7 +127,7 @@ void runUnderFailure(int n, void (*work)(std::size_t), std::size_t which) {
 }
 
 [[noreturn]] void runChild(int n, void (*prepare)(), void (*work)(std::size_t), std::size_t which) {
-    alarm(PATIENCE_S);
+    alarm(TIME_LIMIT_S);
     prepare();
     javaArguments();
     runUnderFailure(n, work, which);
@@ -136,29 +138,23 @@ void runUnderFailure(int n, void (*work)(std::size_t), std::size_t which) {
     _exit(worksAgain() ? WORKED : DOES_NOT_WORK);
 }
 
-std::string namedEnd(int status) {
+std::pair<Outcome, std::string> outcomeOf(int status) {
+    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT)
+        return {Outcome::ABORTED, "aborted"};
     if (WIFSIGNALED(status))
-        return WTERMSIG(status) == SIGALRM ? "hangs" : strsignal(WTERMSIG(status));
-    switch (WEXITSTATUS(status)) {
-    case LOCK_STAYS:
-        return "a lock stays";
-    case DOES_NOT_WORK:
-        return "the process does not work any more";
-    default:
-        return "ended with status " + std::to_string(WEXITSTATUS(status));
-    }
-}
-
-Outcome outcomeOf(int status) {
-    if (WIFSIGNALED(status))
-        return WTERMSIG(status) == SIGABRT ? Outcome::ABORTED : Outcome::WRONG;
+        return {Outcome::WRONG,
+                WTERMSIG(status) == SIGALRM ? "hangs" : strsignal(WTERMSIG(status))};
     switch (WEXITSTATUS(status)) {
     case WORKED:
-        return Outcome::WORKS_ON;
+        return {Outcome::WORKS_ON, "works"};
     case NOTHING_FAILED:
-        return Outcome::NO_FAILURE;
+        return {Outcome::NO_FAILURE, "nothing failed"};
+    case LOCK_STAYS:
+        return {Outcome::WRONG, "a lock stays"};
+    case DOES_NOT_WORK:
+        return {Outcome::WRONG, "the process does not work any more"};
     default:
-        return Outcome::WRONG;
+        return {Outcome::WRONG, "ended with status " + std::to_string(WEXITSTATUS(status))};
     }
 }
 
@@ -174,10 +170,10 @@ int runForked(Body body) {
     return status;
 }
 
-// Attaches to what the process before has left, and detaches as it should.
+// A process that uses what the one before has left, and unloads.
 int runNextProcess() {
     return runForked([] {
-        alarm(PATIENCE_S);
+        alarm(TIME_LIMIT_S);
         nothingYet();
         const bool works = worksAgain();
         WifiHostSettings::unload();
@@ -189,22 +185,20 @@ int runNextProcess() {
 } // namespace
 
 FailedRun::FailedRun(int n, void (*prepare)(), void (*work)(std::size_t), std::size_t which) {
-    int status = runForked([=] { runChild(n, prepare, work, which); });
-    m_outcome = outcomeOf(status);
-    m_what = namedEnd(status);
+    std::tie(m_outcome, m_what) = outcomeOf(runForked([=] { runChild(n, prepare, work, which); }));
     if (m_outcome != Outcome::ABORTED)
         return;
-    status = runNextProcess();
-    if (outcomeOf(status) != Outcome::WORKS_ON) {
+    const auto [next, what] = outcomeOf(runNextProcess());
+    if (next != Outcome::WORKS_ON) {
         m_outcome = Outcome::WRONG;
-        m_what = "the next process: " + namedEnd(status);
+        m_what = "the next process: " + what;
     }
 }
 
 void nothingYet() {
     setenv("PLATFORM_KEY_FILE", "/tmp/key/of the test", 1);
     model().reset();
-    model().configure(0, CALLED, true).values["psk"] = "\"a key of it\"";
+    model().configure(0, EDITED, true).values["psk"] = "\"a key of it\"";
     model().configure(1, OTHER, true);
 }
 
@@ -215,15 +209,10 @@ void loaded() {
 
 void edited() {
     loaded();
-    static constexpr const char* NAMES[] = {
-        "bssid",           "eapIdentity",        "CACertificateFile",    "CACertificateDir",
-        "phase1",          "clientCertificate",  "privateKeyFile",       "key1",
-        "phase2",          "CACertificateFile2", "CACertificateDir2",    "key2",
-        "privateKeyFile2", "clientCertificate2", "eapAnonymousIdentity",
-    };
-    const char* values[sizeof(NAMES) / sizeof(NAMES[0])];
-    std::fill(std::begin(values), std::end(values), LONG_TEXT);
-    setNetworkParameters(nullptr, ADAPTER, CALLED, NAMES, values, sizeof(NAMES) / sizeof(NAMES[0]));
+    for (const FieldRow& row : fieldRows()) {
+        if (row.property && isText(row) && !isEnciphered(row))
+            setNetworkParameters(nullptr, ADAPTER, EDITED, &row.property, &LONG_TEXT, 1);
+    }
 }
 
 void load(std::size_t /*which*/) {
@@ -247,7 +236,7 @@ std::string leftBehindTheNextProcess() {
     std::string left;
     for (const char* const folder : {"/tmp", "/dev/shm"}) {
         for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-            // Folders, the key's among them, are not looked into.
+            // Folders, the key's among them, are skipped.
             const bool isScan = entry.path().string().find("/wpa_cli_scan_result_") == 4;
             if (entry.is_regular_file() && !isScan)
                 left += entry.path().string() + "\n";

@@ -7,7 +7,7 @@ namespace test {
 
 enum class Outcome {
     NO_FAILURE, ///< the work made fewer allocations
-    WORKS_ON,   ///< it ended in one way or another, and the process works
+    WORKS_ON,   ///< the work ended, and the process works
     ABORTED,    ///< the process ended by abort()
     WRONG,      ///< anything else
 };
@@ -16,7 +16,7 @@ enum class Outcome {
 class FailedRun {
 public:
     /// @param n        the allocation that fails, counted from 1 at the beginning of `work`
-    /// @param prepare  what is done before
+    /// @param prepare  is called before `work`
     /// @param which    handed on to `work`
     FailedRun(int n, void (*prepare)(), void (*work)(std::size_t), std::size_t which);
 
@@ -28,21 +28,21 @@ private:
     std::string m_what;
 };
 
-// What is done before the failure.
+// Preparations.
 
 void nothingYet(); ///< two networks in the supplicant
 void loaded();     ///< and in memory
 void edited();     ///< and changed, so that there is something to save
 
-// What meets it.
+// Work in which an allocation fails.
 
 void load(std::size_t which);
 void save(std::size_t which);
 void reload(std::size_t which);
 void callNative(std::size_t which); ///< of NATIVES
 
-/// What is in /tmp and in /dev/shm when another process has loaded and unloaded; "" for nothing. The
-/// output of a scan stays by design and is not in it.
+/// The files in /tmp and in /dev/shm after another process has loaded and unloaded, one a line. The output
+/// of a scan, which stays by design, is not listed.
 std::string leftBehindTheNextProcess();
 
 } // namespace test

@@ -1,14 +1,22 @@
-// What takes the place of functions of the library: the model of a supplicant, whose own allocations
-// neither count nor fail, for children; and a refresh thread that ends at once, since thousands of
-// processes wait for one.
+// Replaces two functions of the library: children are calls of a model of a supplicant, whose own allocations
+// neither count nor fail; and the refresh thread ends at once, because thousands of processes wait for it.
 
 #include "Paths.h"
 #include "fuzz/ModelRunner.h"
-#include "platform/Deadline.h"
 #include "platform/PlatformUtil.h"
 #include "support/FailingAllocator.h"
+#include "support/TestTime.h"
 
 #include <cstring>
+
+namespace {
+
+const test::TestTime quickTime([](test::TestTime& time) {
+    time.deadlinesAre(std::chrono::milliseconds(1));
+    time.sleepsAre(std::chrono::milliseconds(0));
+});
+
+} // namespace
 
 #define RUN_CHILD "_ZN8platwifi8runChildER15pthread_mutex_tRKNS_12ArgumentListEPKcS6_"
 bool realChild(PlatformMutex&, const platwifi::ArgumentList&, const char*,
@@ -23,8 +31,4 @@ bool modelChild(PlatformMutex& launchMutex, const platwifi::ArgumentList& argume
         return realChild(launchMutex, arguments, command, resultFile);
     const test::FailingAllocator::Pause pause;
     return fuzz::runOnModel(arguments, resultFile);
-}
-
-std::chrono::steady_clock::time_point platform::deadlineAfter(unsigned int seconds) noexcept {
-    return std::chrono::steady_clock::now() + std::chrono::milliseconds(1) * seconds;
 }

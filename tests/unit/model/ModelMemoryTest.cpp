@@ -1,7 +1,8 @@
-#include "model/WifiNetwork.h"
-#include "model/WifiNetworkList.h"
+#include "AddedNetworks.h"
+#include "model/NetworkFields.h"
 
-#include <gmock/gmock.h>
+#include "support/FieldTable.h"
+
 #include <gtest/gtest.h>
 
 #include <csignal>
@@ -11,7 +12,7 @@
 
 namespace {
 
-// Arrays, and nothing else here, are what texts are made of.
+// Texts are the only arrays here.
 bool watched = false;
 bool exhausted = false;
 std::size_t lastSize = 0;
@@ -74,62 +75,30 @@ TEST_F(ModelMemory, HoldsATextInAnArrayOfItsLengthAndOne) {
     EXPECT_EQ(arrays, 0);
 }
 
-void setAllTexts(WifiNetwork& network) {
-    using Setter = bool (WifiNetwork::*)(const char*);
-    const Setter setters[] = {
-        &WifiNetwork::setSsid,
-        &WifiNetwork::setBssid,
-        &WifiNetwork::setPsk,
-        &WifiNetwork::setEAPIdentity,
-        &WifiNetwork::setEAPAnonymousIdentity,
-        &WifiNetwork::setEAPPassword,
-        &WifiNetwork::setCACertificate,
-        &WifiNetwork::setCACertificateDir,
-        &WifiNetwork::setClientCertificate,
-        &WifiNetwork::setPrivateKeyFile,
-        &WifiNetwork::setPrivateKeyPassword,
-        &WifiNetwork::setPhase1Step,
-        &WifiNetwork::setPhase2Step,
-        &WifiNetwork::setCACertificate2,
-        &WifiNetwork::setCACertificateDir2,
-        &WifiNetwork::setClientCertificate2,
-        &WifiNetwork::setPrivateKeyFile2,
-        &WifiNetwork::setPrivateKeyPassword2,
-        &WifiNetwork::setIpAddress,
-    };
-    for (const Setter set : setters)
-        (network.*set)("text");
-    for (unsigned int slot = 0; slot < 4; ++slot)
-        network.setWepKey(slot, "abcde");
-}
-
 TEST_F(ModelMemory, IsFreedWithTheNetwork) {
     {
         WifiNetwork network;
-        setAllTexts(network);
+        for (const test::FieldRow& row : test::fieldRows()) {
+            if (test::isText(row))
+                platwifi::NetworkFields::of(network).setText(row.field, "text");
+        }
         EXPECT_EQ(arrays, 23);
     }
     EXPECT_EQ(arrays, 0);
 }
 
-WifiNetwork* networkCalled(const char* ssid) {
-    auto* network = new WifiNetwork;
-    network->setSsid(ssid);
-    return network;
-}
-
-TEST_F(ModelMemory, IsFreedWithTheListAndWhatLeavesIt) {
+TEST_F(ModelMemory, IsFreedWithTheListAndWithARemovedNetwork) {
     {
         WifiNetworkList list;
         for (const char* ssid : {"A", "B", "C", "D"})
-            EXPECT_TRUE(list.addNetworkToList(networkCalled(ssid)));
+            EXPECT_TRUE(test::add(list, ssid));
         EXPECT_EQ(arrays, 4);
         list.removeNetworkFromList("B");
         EXPECT_EQ(arrays, 3);
         list.removeAllFromList();
         EXPECT_EQ(arrays, 0);
         for (const char* ssid : {"A", "B"})
-            EXPECT_TRUE(list.addNetworkToList(networkCalled(ssid)));
+            EXPECT_TRUE(test::add(list, ssid));
         EXPECT_EQ(arrays, 2);
     }
     EXPECT_EQ(arrays, 0);
@@ -137,11 +106,11 @@ TEST_F(ModelMemory, IsFreedWithTheListAndWhatLeavesIt) {
 
 TEST_F(ModelMemory, IsLeftAloneByARefusal) {
     WifiNetworkList list;
-    EXPECT_TRUE(list.addNetworkToList(networkCalled("A")));
-    WifiNetwork* const rejected = networkCalled("A");
-    EXPECT_FALSE(list.addNetworkToList(rejected));
+    EXPECT_TRUE(test::add(list, "A"));
+    auto rejected = test::networkWithSsid("A");
+    EXPECT_FALSE(list.addNetworkToList(rejected.get()));
     EXPECT_EQ(arrays, 2);
-    delete rejected;
+    rejected.reset();
     EXPECT_EQ(arrays, 1);
 }
 

@@ -3,17 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-using test::dirtyOf;
-using test::FlagRow;
-using test::markAll;
-using test::valuesOf;
+using namespace test;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Byte = unsigned char;
 
 namespace {
 
-constexpr unsigned int FLAGS = 33; // 29 and four WEP keys
+constexpr unsigned int FLAGS = 34; // 30 and four WEP keys
 
 class NetworkDirty : public testing::TestWithParam<FlagRow> {
 protected:
@@ -24,7 +20,7 @@ protected:
 };
 
 TEST_P(NetworkDirty, IsStoredAlone) {
-    const auto before = valuesOf(network);
+    const FieldValues before = valuesOf(network);
     EXPECT_FALSE(get());
     EXPECT_TRUE(mark(true));
     EXPECT_TRUE(get());
@@ -32,40 +28,37 @@ TEST_P(NetworkDirty, IsStoredAlone) {
     EXPECT_EQ(valuesOf(network), before);
 }
 
-TEST_P(NetworkDirty, IsTakenBackAlone) {
+TEST_P(NetworkDirty, IsClearedAlone) {
     markAll(network);
     EXPECT_TRUE(mark(false));
     EXPECT_FALSE(get());
     EXPECT_EQ(dirtyOf(network).size(), FLAGS - 1);
-    EXPECT_TRUE(mark(false)) << "the result tells nothing about a change";
+    EXPECT_TRUE(mark(false)) << "true also without a change";
 }
 
+// NET-8
 TEST_P(NetworkDirty, MakesTheNetworkDirtyExceptTheAnonymousIdentity) {
     mark(true);
-    EXPECT_EQ(network.getNetworkDirty(), GetParam().name != std::string("EAPAnonymousIdentity"));
+    EXPECT_EQ(network.getNetworkDirty(),
+              GetParam().field != platwifi::Field::EAP_ANONYMOUS_IDENTITY);
     mark(false);
     EXPECT_FALSE(network.getNetworkDirty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Flags, NetworkDirty, testing::ValuesIn(test::flagRows()),
+INSTANTIATE_TEST_SUITE_P(Flags, NetworkDirty, testing::ValuesIn(flagRows()),
                          [](const auto& row) { return row.param.name; });
 
-TEST(NetworkDirtyFlags, AreAllCleared) {
+TEST(NetworkDirtyFlags, AreAllClearedWithoutAChangeOfValues) {
     WifiNetwork network;
+    network.setSsid("abc");
+    network.setPriority(5);
     markAll(network);
+    const FieldValues before = valuesOf(network);
     EXPECT_EQ(dirtyOf(network).size(), FLAGS);
     EXPECT_TRUE(network.getNetworkDirty());
     network.cleanDirtyFields();
     EXPECT_THAT(dirtyOf(network), IsEmpty());
     EXPECT_FALSE(network.getNetworkDirty());
-}
-
-TEST(NetworkDirtyFlags, LeaveTheValuesWhenTheyAreCleared) {
-    WifiNetwork network;
-    network.setSsid("abc");
-    network.setPriority(5);
-    const auto before = valuesOf(network);
-    network.cleanDirtyFields();
     EXPECT_EQ(valuesOf(network), before);
 }
 
@@ -96,16 +89,17 @@ TEST(NetworkWepKeyDirty, HasAFlagASlot) {
 }
 
 TEST(NetworkWepKeyDirty, RefusesWhatIsNoSlot) {
-    WifiNetwork network;
-    for (const unsigned char index : {Byte{4}, Byte{5}, Byte{128}, Byte{255}}) {
-        EXPECT_FALSE(network.setWepKeyDirty(true, index));
-        EXPECT_FALSE(network.getWepKeyDirty(index));
+    for (const int index : {4, 5, 128, 255}) {
+        const auto slot = static_cast<unsigned char>(index);
+        WifiNetwork network;
+        EXPECT_FALSE(network.setWepKeyDirty(true, slot));
+        EXPECT_FALSE(network.getWepKeyDirty(slot));
         EXPECT_THAT(dirtyOf(network), IsEmpty());
+        markAll(network);
+        EXPECT_FALSE(network.setWepKeyDirty(false, slot));
+        EXPECT_FALSE(network.getWepKeyDirty(slot));
+        EXPECT_EQ(dirtyOf(network).size(), FLAGS);
     }
-    markAll(network);
-    EXPECT_FALSE(network.setWepKeyDirty(false, 4));
-    EXPECT_FALSE(network.getWepKeyDirty(4));
-    EXPECT_EQ(dirtyOf(network).size(), FLAGS);
 }
 
 } // namespace

@@ -3,86 +3,23 @@
 #include "model/NetworkFields.h"
 
 #include "NetworkRows.h"
-#include "model/WifiTypes.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
+using namespace test;
 using platwifi::Field;
 using platwifi::NetworkFields;
-using test::dirtyOf;
-using test::valuesOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
 
-/// A field with the name that NetworkRows gives it.
-struct NamedField {
-    Field field;
-    const char* name;
-};
-
-const NamedField WRITTEN_TEXTS[] = {
-    {Field::SSID, "ssid"},
-    {Field::BSSID, "bssid"},
-    {Field::PSK, "psk"},
-    {Field::EAP_IDENTITY, "EAPIdentity"},
-    {Field::EAP_ANONYMOUS_IDENTITY, "EAPAnonymousIdentity"},
-    {Field::EAP_PASSWORD, "EAPPassword"},
-    {Field::CA_CERTIFICATE, "CACertificate"},
-    {Field::CA_CERTIFICATE_DIR, "CACertificateDir"},
-    {Field::CLIENT_CERTIFICATE, "ClientCertificate"},
-    {Field::PRIVATE_KEY_FILE, "PrivateKeyFile"},
-    {Field::PRIVATE_KEY_PASSWORD, "PrivateKeyPassword"},
-    {Field::PHASE1_STEP, "Phase1Step"},
-    {Field::PHASE2_STEP, "Phase2Step"},
-    {Field::CA_CERTIFICATE2, "CACertificate2"},
-    {Field::CA_CERTIFICATE_DIR2, "CACertificateDir2"},
-    {Field::CLIENT_CERTIFICATE2, "ClientCertificate2"},
-    {Field::PRIVATE_KEY_FILE2, "PrivateKeyFile2"},
-    {Field::PRIVATE_KEY_PASSWORD2, "PrivateKeyPassword2"},
-    {Field::WEP_KEY0, "wepKey0"},
-    {Field::WEP_KEY1, "wepKey1"},
-    {Field::WEP_KEY2, "wepKey2"},
-    {Field::WEP_KEY3, "wepKey3"},
-};
-
-const NamedField WRITTEN_NUMBERS[] = {
-    {Field::SSID_BROADCASTED, "ssidBroadcasted"},
-    {Field::NETWORK_MODE, "networkMode"},
-    {Field::CHANNEL, "channel"},
-    {Field::PRIORITY, "priority"},
-    {Field::PROTOCOL, "protocol"},
-    {Field::KEY_MANAGEMENT, "keyManagement"},
-    {Field::AUTH_ALG, "authAlg"},
-    {Field::GROUP_CIPHERS, "groupCiphers"},
-    {Field::PAIRWISE_CIPHERS, "pairwiseCiphers"},
-    {Field::EAP_MODES, "eapModes"},
-    {Field::WEP_INDEX, "wepIndex"},
-};
-
-const NamedField REPORTED_NUMBERS[] = {
-    {Field::NETWORK_ID, "networkId"},
-    {Field::NETWORK_STATUS, "networkStatus"},
-    {Field::STRENGTH, "strength"},
-};
-
-class NetworkFieldsTest : public testing::Test {
+/// A network, and a record of its values at the last startAnew().
+class FieldsOfANetwork {
 protected:
-    /// What the getters of the network give differently than before.
-    std::vector<std::string> changes() const {
-        const std::vector<std::string> now = valuesOf(network);
-        std::vector<std::string> changed;
-        for (std::size_t i = 0; i < now.size(); ++i) {
-            if (now[i] != m_before[i])
-                changed.push_back(now[i]);
-        }
-        return changed;
-    }
+    /// What the getters of the network return differently than before.
+    FieldValues changes() const { return changesSince(m_before, network); }
 
     void startAnew() {
         network.cleanDirtyFields();
@@ -93,57 +30,47 @@ protected:
     NetworkFields& fields = NetworkFields::of(network);
 
 private:
-    std::vector<std::string> m_before = valuesOf(network);
+    FieldValues m_before = valuesOf(network);
 };
 
-TEST_F(NetworkFieldsTest, ATextIsThatOfItsGetterAndMarksItsOwnFlag) {
-    for (const NamedField& row : WRITTEN_TEXTS) {
-        SCOPED_TRACE(row.name);
-        startAnew();
-        EXPECT_EQ(fields.text(row.field), nullptr);
-        EXPECT_TRUE(fields.setText(row.field, "text"));
-        EXPECT_STREQ(fields.text(row.field), "text");
-        EXPECT_THAT(changes(), ElementsAre(row.name + std::string("=text")));
-        EXPECT_THAT(dirtyOf(network), ElementsAre(row.name));
-        EXPECT_TRUE(fields.isDirty(row.field));
-        fields.setDirty(row.field, false);
-        EXPECT_FALSE(fields.setText(row.field, "text"));
-        EXPECT_THAT(dirtyOf(network), IsEmpty());
+class NetworkFieldsTest : public FieldsOfANetwork, public testing::Test {};
+class NetworkField : public FieldsOfANetwork, public testing::TestWithParam<FieldRow> {
+protected:
+    bool set() {
+        const Field field = GetParam().field;
+        return isText(GetParam()) ? fields.setText(field, "1") : fields.setNumber(field, 1);
     }
+
+    std::string get() const {
+        const Field field = GetParam().field;
+        return isText(GetParam()) ? fields.text(field) : std::to_string(fields.number(field));
+    }
+};
+
+TEST_P(NetworkField, IsThatOfItsGetterAndMarksItsOwnFlag) {
+    EXPECT_TRUE(set());
+    EXPECT_EQ(get(), "1");
+    EXPECT_THAT(changes(), ElementsAre(GetParam().name + std::string("=1")));
+    EXPECT_EQ(dirtyOf(network), hasFlag(GetParam()) ? FieldValues{GetParam().name} : FieldValues{});
+    EXPECT_EQ(fields.isDirty(GetParam().field), hasFlag(GetParam()));
 }
 
-TEST_F(NetworkFieldsTest, ANumberIsThatOfItsGetterAndMarksItsOwnFlag) {
-    for (const NamedField& row : WRITTEN_NUMBERS) {
-        SCOPED_TRACE(row.name);
-        startAnew();
-        EXPECT_TRUE(fields.setNumber(row.field, 1));
-        EXPECT_EQ(fields.number(row.field), 1U);
-        EXPECT_THAT(changes(), ElementsAre(row.name + std::string("=1")));
-        EXPECT_THAT(dirtyOf(network), ElementsAre(row.name));
-        EXPECT_TRUE(fields.isDirty(row.field));
-        fields.setDirty(row.field, false);
-        EXPECT_EQ(fields.setNumber(row.field, 1), row.field == Field::SSID_BROADCASTED);
-    }
+TEST_P(NetworkField, IsComparedUnlessItIsAReportedNumberOrTheBroadcastFlag) {
+    set();
+    network.cleanDirtyFields();
+    const bool isCompared = isText(GetParam()) || hasFlag(GetParam());
+    EXPECT_EQ(set(), !isCompared || GetParam().field == Field::SSID_BROADCASTED);
 }
 
-TEST_F(NetworkFieldsTest, WhatTheSupplicantReportsIsNeverDirty) {
-    for (const NamedField& row : REPORTED_NUMBERS) {
-        SCOPED_TRACE(row.name);
-        startAnew();
-        EXPECT_TRUE(fields.setNumber(row.field, 7));
-        EXPECT_TRUE(fields.setNumber(row.field, 7)) << "not compared";
-        EXPECT_EQ(fields.number(row.field), 7U);
-        EXPECT_THAT(changes(), ElementsAre(row.name + std::string("=7")));
-        fields.setDirty(row.field, true);
-        EXPECT_FALSE(network.getNetworkDirty());
-    }
-    startAnew();
-    EXPECT_TRUE(fields.setText(Field::IP_ADDRESS, "10.0.0.1"));
-    EXPECT_FALSE(fields.setText(Field::IP_ADDRESS, "10.0.0.1"));
-    EXPECT_STREQ(fields.text(Field::IP_ADDRESS), "10.0.0.1");
-    EXPECT_THAT(changes(), ElementsAre("ipAddress=10.0.0.1"));
-    EXPECT_FALSE(network.getNetworkDirty());
+TEST_P(NetworkField, IsMarkedByItsNameUnlessItIsReported) {
+    fields.setDirty(GetParam().field, true);
+    EXPECT_EQ(dirtyOf(network), hasFlag(GetParam()) ? FieldValues{GetParam().name} : FieldValues{});
+    fields.setDirty(GetParam().field, false);
+    EXPECT_THAT(dirtyOf(network), IsEmpty());
 }
+
+INSTANTIATE_TEST_SUITE_P(Every, NetworkField, testing::ValuesIn(fieldRows()),
+                         [](const auto& row) { return row.param.name; });
 
 TEST_F(NetworkFieldsTest, AnEmptyWepKeyClearsItsSlotAndChangesNoFlag) {
     fields.setText(Field::WEP_KEY2, "abcde");

@@ -1,6 +1,4 @@
-#include "model/WifiNetworkList.h"
-
-#include "model/WifiNetwork.h"
+#include "AddedNetworks.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -25,7 +23,7 @@ int note(const char* event) {
 
 } // namespace
 
-// In place of the platform's: what is asked of the mutex, in order.
+// These replace the platform's functions and record the operations on the mutex.
 int PlatformUtil::createMutex(PlatformMutex* /*mutex*/) noexcept {
     return note("create");
 }
@@ -47,9 +45,7 @@ namespace {
 class NetworkListLock : public testing::Test {
 protected:
     NetworkListLock() {
-        auto network = std::make_unique<WifiNetwork>();
-        network->setSsid("A");
-        static_cast<void>(list->addNetworkToList(network.release()));
+        test::add(*list, "A");
         events.clear();
     }
 
@@ -72,7 +68,7 @@ TEST_F(NetworkListLock, IsMadeWithTheListAndNotTaken) {
     EXPECT_THAT(events, ElementsAre("create"));
 }
 
-TEST_F(NetworkListLock, IsTakenAndGivenBack) {
+TEST_F(NetworkListLock, IsTakenAndReleased) {
     list->lock();
     EXPECT_THAT(events, ElementsAre("lock"));
     list->unlock();
@@ -85,19 +81,14 @@ TEST_F(NetworkListLock, IsNotTakenForTheHead) {
 }
 
 TEST_F(NetworkListLock, IsHeldThroughoutEveryOtherOperation) {
-    WifiNetwork twin;
-    twin.setSsid("A");
-    auto added = std::make_unique<WifiNetwork>();
-    added->setSsid("B");
-    struct Row {
+    const struct {
         const char* name;
         std::function<void(WifiNetworkList&)> run;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"count", [](WifiNetworkList& l) { l.getCount(); }},
         {"contains", [](WifiNetworkList& l) { l.containsNetwork("A"); }},
-        {"refuse", [&](WifiNetworkList& l) { l.addNetworkToList(&twin); }},
-        {"add", [&](WifiNetworkList& l) { l.addNetworkToList(added.release()); }},
+        {"refuse", [](WifiNetworkList& l) { test::add(l, "A"); }},
+        {"add", [](WifiNetworkList& l) { test::add(l, "B"); }},
         {"remove unknown", [](WifiNetworkList& l) { l.removeNetworkFromList("C"); }},
         {"remove", [](WifiNetworkList& l) { l.removeNetworkFromList("A"); }},
         {"remove all", [](WifiNetworkList& l) { l.removeAllFromList(); }},
@@ -105,14 +96,14 @@ TEST_F(NetworkListLock, IsHeldThroughoutEveryOtherOperation) {
         {"validate", [](WifiNetworkList& l) { l.validateDatabase(); }},
         {"invalidate", [](WifiNetworkList& l) { l.invalidateDatabase(); }},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         events.clear();
         row.run(*list);
         EXPECT_TRUE(isHeldThroughout(events)) << row.name << testing::PrintToString(events);
     }
 }
 
-TEST_F(NetworkListLock, IsTakenAtTheEndAndNeverGivenBack) {
+TEST_F(NetworkListLock, IsDestroyedWhileItIsHeld) {
     list.reset();
     EXPECT_THAT(events, ElementsAre("lock", "destroy"));
 }

@@ -1,33 +1,17 @@
-#include "model/WifiNetworkList.h"
-
-#include "model/WifiNetwork.h"
+#include "AddedNetworks.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
+using test::add;
+using test::networkWithSsid;
 using testing::ElementsAre;
 using Names = std::vector<std::string>;
 
 namespace {
-
-std::unique_ptr<WifiNetwork> networkCalled(const char* ssid) {
-    auto network = std::make_unique<WifiNetwork>();
-    network->setSsid("something else"); // so that an empty one can be set
-    network->setSsid(ssid);
-    return network;
-}
-
-bool add(WifiNetworkList& list, const char* ssid) {
-    auto network = networkCalled(ssid);
-    const bool taken = list.addNetworkToList(network.get());
-    if (taken)
-        static_cast<void>(network.release()); // the list's own now
-    return taken;
-}
 
 void fill(WifiNetworkList& list, const Names& ssids) {
     for (const std::string& ssid : ssids)
@@ -66,10 +50,10 @@ TEST_F(NetworkList, HoldsTheLastAddedFirst) {
     EXPECT_FALSE(list.isValid());
 }
 
-TEST_F(NetworkList, HoldsTheVeryNetworkAndEndsItsChain) {
-    auto network = networkCalled("A");
-    WifiNetwork stranger;
-    network->setNext(&stranger);
+TEST_F(NetworkList, HoldsTheNetworkItselfAndEndsItsChain) {
+    auto network = networkWithSsid("A");
+    WifiNetwork other;
+    network->setNext(&other);
     WifiNetwork* const added = network.release();
     EXPECT_TRUE(list.addNetworkToList(added));
     EXPECT_EQ(list.getHead(), added);
@@ -77,40 +61,29 @@ TEST_F(NetworkList, HoldsTheVeryNetworkAndEndsItsChain) {
 }
 
 // NET-10
-TEST_F(NetworkList, RefusesAnSsidThatItHas) {
+TEST_F(NetworkList, RefusesNullAndWhatItHas) {
     fill(list, {"A", "B"});
     for (const char* ssid : {"A", "B"}) {
-        const auto rejected = networkCalled(ssid); // stays ours, and is deleted here
+        const auto rejected = networkWithSsid(ssid); // remains the caller's
         EXPECT_FALSE(list.addNetworkToList(rejected.get())) << ssid;
         EXPECT_EQ(rejected->getNext(), nullptr);
     }
-    EXPECT_THAT(ssidsOf(list), ElementsAre("B", "A"));
-    EXPECT_TRUE(list.isValid());
-}
-
-TEST_F(NetworkList, RefusesTheNetworkThatItHas) {
-    fill(list, {"A", "B"});
     EXPECT_FALSE(list.addNetworkToList(list.getHead()));
-    EXPECT_THAT(ssidsOf(list), ElementsAre("B", "A"));
-}
-
-TEST_F(NetworkList, RefusesNull) {
     EXPECT_FALSE(list.addNetworkToList(nullptr));
-    EXPECT_EQ(list.getCount(), 0U);
+    EXPECT_THAT(ssidsOf(list), ElementsAre("B", "A"));
     EXPECT_TRUE(list.isValid());
 }
 
 TEST_F(NetworkList, FindsSsidsByteForByte) {
     fill(list, {"home", "caf\xe9", "Home"});
-    struct Row {
+    const struct {
         const char* ssid;
         bool found;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"home", true},   {"Home", true}, {"caf\xe9", true},      {"HOME", false}, {"hom", false},
         {"home ", false}, {"caf", false}, {"caf\xc3\xa9", false}, {"", false},     {nullptr, false},
     };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
         EXPECT_EQ(list.containsNetwork(row.ssid), row.found) << (row.ssid ? row.ssid : "null");
     EXPECT_TRUE(list.isValid()) << "asking changes nothing";
 }
@@ -152,16 +125,11 @@ TEST_F(NetworkList, TakesAnUnsetSsidForNoOther) {
 }
 
 TEST_F(NetworkList, RemovesFromAnyPlace) {
-    struct Row {
+    const struct {
         const char* ssid;
         Names left;
-    };
-    const Row rows[] = {
-        {"C", {"B", "A"}},
-        {"B", {"C", "A"}},
-        {"A", {"C", "B"}},
-    };
-    for (const Row& row : rows) {
+    } rows[] = {{"C", {"B", "A"}}, {"B", {"C", "A"}}, {"A", {"C", "B"}}};
+    for (const auto& row : rows) {
         WifiNetworkList three;
         fill(three, {"A", "B", "C"});
         EXPECT_TRUE(three.removeNetworkFromList(row.ssid));
@@ -209,22 +177,18 @@ TEST_F(NetworkList, TakesARemovedSsidAgain) {
     EXPECT_THAT(ssidsOf(list), ElementsAre("A", "B"));
 }
 
-TEST_F(NetworkList, RemovesAll) {
-    fill(list, {"A", "B", "C"});
-    EXPECT_TRUE(list.removeAllFromList());
-    EXPECT_EQ(list.getHead(), nullptr);
-    EXPECT_EQ(list.getCount(), 0U);
-    EXPECT_FALSE(list.isValid());
-}
-
 // NET-12
-TEST_F(NetworkList, IsInvalidAfterRemovingAllOfNothing) {
-    EXPECT_TRUE(list.removeAllFromList());
-    EXPECT_FALSE(list.isValid());
-    EXPECT_EQ(list.getCount(), 0U);
+TEST_F(NetworkList, RemovesAllAndIsThenInvalidAlsoIfItWasEmpty) {
+    for (const Names& ssids : {Names{"A", "B", "C"}, Names{}}) {
+        fill(list, ssids);
+        EXPECT_TRUE(list.removeAllFromList());
+        EXPECT_EQ(list.getHead(), nullptr);
+        EXPECT_EQ(list.getCount(), 0U);
+        EXPECT_FALSE(list.isValid());
+    }
 }
 
-TEST_F(NetworkList, IsValidByWordAlone) {
+TEST_F(NetworkList, IsValidatedByItsCallerAlone) {
     list.invalidateDatabase();
     list.invalidateDatabase();
     EXPECT_FALSE(list.isValid());
@@ -235,10 +199,10 @@ TEST_F(NetworkList, IsValidByWordAlone) {
     list.validateDatabase();
     EXPECT_TRUE(list.isValid());
     list.getHead()->setPriority(5);
-    EXPECT_TRUE(list.isValid()) << "a change inside a network is not the list's";
+    EXPECT_TRUE(list.isValid()) << "the values of a network do not count";
 }
 
-TEST_F(NetworkList, LetsTheHolderOfItsLockDoEverything) {
+TEST_F(NetworkList, CanBeUsedByTheHolderOfItsLock) {
     list.lock();
     list.lock();
     EXPECT_TRUE(add(list, "A"));
@@ -253,12 +217,12 @@ TEST_F(NetworkList, LetsTheHolderOfItsLockDoEverything) {
     list.unlock();
 }
 
-TEST_F(NetworkList, MayBeEndedByTheHolderOfItsLock) {
+TEST_F(NetworkList, CanBeDestroyedByTheHolderOfItsLock) {
     for (int depth = 0; depth <= 2; ++depth) {
-        WifiNetworkList ended;
-        fill(ended, {"A", "B"});
+        WifiNetworkList destroyed;
+        fill(destroyed, {"A", "B"});
         for (int i = 0; i < depth; ++i)
-            ended.lock();
+            destroyed.lock();
     }
 }
 

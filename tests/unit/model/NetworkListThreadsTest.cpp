@@ -1,29 +1,19 @@
-#include "model/WifiNetworkList.h"
-
-#include "model/WifiNetwork.h"
+#include "AddedNetworks.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <functional>
-#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
+
+using test::add;
 
 namespace {
 
 constexpr int THREADS = 4;
 constexpr int ROUNDS = 200;
-
-bool add(WifiNetworkList& list, const std::string& ssid) {
-    auto network = std::make_unique<WifiNetwork>();
-    network->setSsid(ssid.c_str());
-    const bool taken = list.addNetworkToList(network.get());
-    if (taken)
-        static_cast<void>(network.release()); // the list's own now
-    return taken;
-}
 
 void onThreads(const std::function<void(int)>& body) {
     std::vector<std::thread> threads;
@@ -38,7 +28,7 @@ TEST(NetworkListThreads, KeepEachOthersNetworks) {
     onThreads([&list](int thread) {
         for (int round = 0; round < ROUNDS; ++round) {
             const std::string ssid = std::to_string(thread) + " " + std::to_string(round);
-            EXPECT_TRUE(add(list, ssid));
+            EXPECT_TRUE(add(list, ssid.c_str()));
             EXPECT_TRUE(list.containsNetwork(ssid.c_str()));
             const bool leaves = round % 2 == 1;
             EXPECT_EQ(leaves && list.removeNetworkFromList(ssid.c_str()), leaves);
@@ -53,13 +43,13 @@ TEST(NetworkListThreads, AddAnSsidOnceAmongThemAll) {
     std::atomic<int> taken{0};
     onThreads([&](int) {
         for (int round = 0; round < ROUNDS; ++round)
-            taken += add(list, std::to_string(round)) ? 1 : 0;
+            taken += add(list, std::to_string(round).c_str()) ? 1 : 0;
     });
     EXPECT_EQ(taken, ROUNDS);
     EXPECT_EQ(list.getCount(), static_cast<unsigned int>(ROUNDS));
 }
 
-// One thread swaps the networks under the lock, again and again; nobody may see it half done.
+// One thread replaces the networks under the lock; others see all of it or nothing.
 void swapNetworks(WifiNetworkList& list) {
     list.lock();
     list.removeAllFromList();

@@ -1,9 +1,53 @@
 #include "NetworkRows.h"
 
+using platwifi::Field;
+
 namespace test {
 namespace {
 
 using Network = WifiNetwork;
+
+// Each field with the part of its accessors' names behind "set" and "get".
+// clang-format off
+#define TEXTS(ROW)                                      \
+    ROW(SSID, Ssid)                                     \
+    ROW(BSSID, Bssid)                                   \
+    ROW(PSK, Psk)                                       \
+    ROW(EAP_IDENTITY, EAPIdentity)                      \
+    ROW(EAP_ANONYMOUS_IDENTITY, EAPAnonymousIdentity)   \
+    ROW(EAP_PASSWORD, EAPPassword)                      \
+    ROW(CA_CERTIFICATE, CACertificate)                  \
+    ROW(CA_CERTIFICATE_DIR, CACertificateDir)           \
+    ROW(CLIENT_CERTIFICATE, ClientCertificate)          \
+    ROW(PRIVATE_KEY_FILE, PrivateKeyFile)               \
+    ROW(PRIVATE_KEY_PASSWORD, PrivateKeyPassword)       \
+    ROW(PHASE1_STEP, Phase1Step)                        \
+    ROW(PHASE2_STEP, Phase2Step)                        \
+    ROW(CA_CERTIFICATE2, CACertificate2)                \
+    ROW(CA_CERTIFICATE_DIR2, CACertificateDir2)         \
+    ROW(CLIENT_CERTIFICATE2, ClientCertificate2)        \
+    ROW(PRIVATE_KEY_FILE2, PrivateKeyFile2)             \
+    ROW(PRIVATE_KEY_PASSWORD2, PrivateKeyPassword2)
+
+#define NUMBERS(ROW)                                    \
+    ROW(CHANNEL, Channel)                               \
+    ROW(PRIORITY, Priority)                             \
+    ROW(PROTOCOL, Protocol)                             \
+    ROW(KEY_MANAGEMENT, KeyManagement)                  \
+    ROW(AUTH_ALG, AuthAlg)                              \
+    ROW(GROUP_CIPHERS, GroupCiphers)                    \
+    ROW(PAIRWISE_CIPHERS, PairwiseCiphers)              \
+    ROW(EAP_MODES, EapModes)
+
+#define OTHERS(ROW)                                     \
+    ROW(SSID_BROADCASTED, SsidBroadcasted)              \
+    ROW(NETWORK_MODE, NetworkMode)                      \
+    ROW(WEP_INDEX, WepIndex)                            \
+    ROW(PMF, Pmf)
+// clang-format on
+
+#define VALUE(field, name) {Field::field, &Network::set##name, &Network::get##name},
+#define FLAG(field, name) {Field::field, &Network::set##name##Dirty, &Network::get##name##Dirty},
 
 std::string orNull(const char* text) {
     return text ? text : "null";
@@ -12,94 +56,41 @@ std::string orNull(const char* text) {
 } // namespace
 
 const std::vector<TextRow>& textRows() {
-    static const std::vector<TextRow> rows = {
-        {"ssid", &Network::setSsid, &Network::getSsid},
-        {"bssid", &Network::setBssid, &Network::getBssid},
-        {"psk", &Network::setPsk, &Network::getPsk},
-        {"EAPIdentity", &Network::setEAPIdentity, &Network::getEAPIdentity},
-        {"EAPAnonymousIdentity", &Network::setEAPAnonymousIdentity,
-         &Network::getEAPAnonymousIdentity},
-        {"EAPPassword", &Network::setEAPPassword, &Network::getEAPPassword},
-        {"CACertificate", &Network::setCACertificate, &Network::getCACertificate},
-        {"CACertificateDir", &Network::setCACertificateDir, &Network::getCACertificateDir},
-        {"ClientCertificate", &Network::setClientCertificate, &Network::getClientCertificate},
-        {"PrivateKeyFile", &Network::setPrivateKeyFile, &Network::getPrivateKeyFile},
-        {"PrivateKeyPassword", &Network::setPrivateKeyPassword, &Network::getPrivateKeyPassword},
-        {"Phase1Step", &Network::setPhase1Step, &Network::getPhase1Step},
-        {"Phase2Step", &Network::setPhase2Step, &Network::getPhase2Step},
-        {"CACertificate2", &Network::setCACertificate2, &Network::getCACertificate2},
-        {"CACertificateDir2", &Network::setCACertificateDir2, &Network::getCACertificateDir2},
-        {"ClientCertificate2", &Network::setClientCertificate2, &Network::getClientCertificate2},
-        {"PrivateKeyFile2", &Network::setPrivateKeyFile2, &Network::getPrivateKeyFile2},
-        {"PrivateKeyPassword2", &Network::setPrivateKeyPassword2, &Network::getPrivateKeyPassword2},
-    };
+    static const std::vector<TextRow> rows = {TEXTS(VALUE)};
     return rows;
 }
 
 const std::vector<NumberRow>& numberRows() {
-    static const std::vector<NumberRow> rows = {
-        {"channel", &Network::setChannel, &Network::getChannel},
-        {"priority", &Network::setPriority, &Network::getPriority},
-        {"protocol", &Network::setProtocol, &Network::getProtocol},
-        {"keyManagement", &Network::setKeyManagement, &Network::getKeyManagement},
-        {"authAlg", &Network::setAuthAlg, &Network::getAuthAlg},
-        {"groupCiphers", &Network::setGroupCiphers, &Network::getGroupCiphers},
-        {"pairwiseCiphers", &Network::setPairwiseCiphers, &Network::getPairwiseCiphers},
-        {"eapModes", &Network::setEapModes, &Network::getEapModes},
-    };
+    static const std::vector<NumberRow> rows = {NUMBERS(VALUE)};
     return rows;
 }
 
 const std::vector<FlagRow>& flagRows() {
-    static const std::vector<FlagRow> rows = {
-        {"ssid", &Network::setSsidDirty, &Network::getSsidDirty},
-        {"bssid", &Network::setBssidDirty, &Network::getBssidDirty},
-        {"ssidBroadcasted", &Network::setSsidBroadcastedDirty, &Network::getSsidBroadcastedDirty},
-        {"networkMode", &Network::setNetworkModeDirty, &Network::getNetworkModeDirty},
-        {"channel", &Network::setChannelDirty, &Network::getChannelDirty},
-        {"priority", &Network::setPriorityDirty, &Network::getPriorityDirty},
-        {"protocol", &Network::setProtocolDirty, &Network::getProtocolDirty},
-        {"keyManagement", &Network::setKeyManagementDirty, &Network::getKeyManagementDirty},
-        {"authAlg", &Network::setAuthAlgDirty, &Network::getAuthAlgDirty},
-        {"groupCiphers", &Network::setGroupCiphersDirty, &Network::getGroupCiphersDirty},
-        {"pairwiseCiphers", &Network::setPairwiseCiphersDirty, &Network::getPairwiseCiphersDirty},
-        {"wepIndex", &Network::setWepIndexDirty, &Network::getWepIndexDirty},
-        {"psk", &Network::setPskDirty, &Network::getPskDirty},
-        {"eapModes", &Network::setEapModesDirty, &Network::getEapModesDirty},
-        {"EAPIdentity", &Network::setEAPIdentityDirty, &Network::getEAPIdentityDirty},
-        {"EAPAnonymousIdentity", &Network::setEAPAnonymousIdentityDirty,
-         &Network::getEAPAnonymousIdentityDirty},
-        {"EAPPassword", &Network::setEAPPasswordDirty, &Network::getEAPPasswordDirty},
-        {"CACertificate", &Network::setCACertificateDirty, &Network::getCACertificateDirty},
-        {"CACertificateDir", &Network::setCACertificateDirDirty,
-         &Network::getCACertificateDirDirty},
-        {"ClientCertificate", &Network::setClientCertificateDirty,
-         &Network::getClientCertificateDirty},
-        {"PrivateKeyFile", &Network::setPrivateKeyFileDirty, &Network::getPrivateKeyFileDirty},
-        {"PrivateKeyPassword", &Network::setPrivateKeyPasswordDirty,
-         &Network::getPrivateKeyPasswordDirty},
-        {"Phase1Step", &Network::setPhase1StepDirty, &Network::getPhase1StepDirty},
-        {"Phase2Step", &Network::setPhase2StepDirty, &Network::getPhase2StepDirty},
-        {"CACertificate2", &Network::setCACertificate2Dirty, &Network::getCACertificate2Dirty},
-        {"CACertificateDir2", &Network::setCACertificateDir2Dirty,
-         &Network::getCACertificateDir2Dirty},
-        {"ClientCertificate2", &Network::setClientCertificate2Dirty,
-         &Network::getClientCertificate2Dirty},
-        {"PrivateKeyFile2", &Network::setPrivateKeyFile2Dirty, &Network::getPrivateKeyFile2Dirty},
-        {"PrivateKeyPassword2", &Network::setPrivateKeyPassword2Dirty,
-         &Network::getPrivateKeyPassword2Dirty},
-    };
+    static const std::vector<FlagRow> rows = {TEXTS(FLAG) NUMBERS(FLAG) OTHERS(FLAG)};
     return rows;
 }
 
-std::vector<std::string> valuesOf(const WifiNetwork& network) {
-    std::vector<std::string> values;
+bool hasFlag(const FieldRow& row) {
+    switch (row.field) {
+    case Field::IP_ADDRESS:
+    case Field::NETWORK_ID:
+    case Field::NETWORK_STATUS:
+    case Field::STRENGTH:
+        return false;
+    default:
+        return true;
+    }
+}
+
+FieldValues valuesOf(const WifiNetwork& network) {
+    FieldValues values;
     for (const TextRow& row : textRows())
         values.push_back(row.name + ("=" + orNull((network.*row.get)())));
     for (const NumberRow& row : numberRows())
         values.push_back(row.name + ("=" + std::to_string((network.*row.get)())));
     for (unsigned int slot = 0; slot < 4; ++slot)
         values.push_back("wepKey" + std::to_string(slot) + "=" + orNull(network.getWepKey(slot)));
+    values.push_back("pmf=" + std::to_string(network.getPmf()));
     values.push_back("wepIndex=" + std::to_string(network.getWepIndex()));
     values.push_back("ssidBroadcasted=" + std::to_string(network.getSsidBroadcasted()));
     values.push_back("networkMode=" + std::to_string(network.getNetworkMode()));
@@ -109,6 +100,16 @@ std::vector<std::string> valuesOf(const WifiNetwork& network) {
     values.push_back("ipAddress=" + orNull(network.getIpAddress()));
     values.emplace_back(network.getNext() ? "next" : "next=null");
     return values;
+}
+
+FieldValues changesSince(const FieldValues& before, const WifiNetwork& network) {
+    const FieldValues after = valuesOf(network);
+    FieldValues changes;
+    for (std::size_t i = 0; i < after.size(); ++i) {
+        if (after[i] != before[i])
+            changes.push_back(after[i]);
+    }
+    return changes;
 }
 
 std::vector<std::string> dirtyOf(const WifiNetwork& network) {

@@ -5,10 +5,8 @@
 
 #include <limits>
 
-using test::dirtyOf;
-using test::valuesOf;
+using namespace test;
 using testing::IsEmpty;
-using Names = std::vector<std::string>;
 
 namespace {
 
@@ -23,7 +21,7 @@ protected:
     }
 
     WifiNetwork network;
-    const Names own{"wepKey" + std::to_string(GetParam())};
+    const FieldValues own{"wepKey" + std::to_string(GetParam())};
 };
 
 TEST_P(NetworkWepKey, IsStoredInItsSlotAndMarked) {
@@ -38,24 +36,23 @@ TEST_P(NetworkWepKey, IsStoredInItsSlotAndMarked) {
 
 // NET-4
 TEST_P(NetworkWepKey, FollowsRulesOfItsOwn) {
-    struct Row {
+    const struct {
         const char* before;
         const char* key;
         const char* after;
         bool marked;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {nullptr, nullptr, nullptr, false}, {nullptr, "", nullptr, false},
         {nullptr, "abcde", "abcde", true},  {"abcde", "abcde", "abcde", false},
         {"abcde", "fghij", "fghij", true},  {"abcde", nullptr, nullptr, true},
         {"abcde", "", nullptr, false},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         startWith(nullptr);
         startWith(row.before);
         EXPECT_TRUE(set(row.key)) << "changed or not";
         EXPECT_STREQ(get(), row.after);
-        EXPECT_EQ(dirtyOf(network), row.marked ? own : Names{}) << row.before << row.key;
+        EXPECT_EQ(dirtyOf(network), row.marked ? own : FieldValues{}) << row.before << row.key;
     }
 }
 
@@ -86,7 +83,7 @@ TEST(NetworkWepKeys, RefuseWhatIsNoSlot) {
     WifiNetwork network;
     for (unsigned int slot = 0; slot < 4; ++slot)
         network.setWepKey(slot, "abcde");
-    network.setWepIndex(3); // so that what stands behind the slots is not zero
+    network.setWepIndex(3); // so that the memory behind the slots is not zero
     network.cleanDirtyFields();
     const auto before = valuesOf(network);
     for (const unsigned int index : {4U, 5U, 256U, std::numeric_limits<unsigned int>::max()}) {

@@ -35,7 +35,7 @@ public:
         }
     }
     ~Child() {
-        tellToEnd();
+        requestEnd();
         close(m_pipe[0]);
         close(m_pipe[1]);
         if (m_id != -1) {
@@ -47,11 +47,11 @@ public:
 
     int id() const { return m_id; }
 
-    void tellToEnd() { static_cast<void>(!write(m_pipe[1], "x", 1)); }
+    void requestEnd() { static_cast<void>(!write(m_pipe[1], "x", 1)); }
 
     // Returns when the child has ended; it can still be reaped.
     void end() {
-        tellToEnd();
+        requestEnd();
         siginfo_t info{};
         ASSERT_EQ(waitid(P_PID, static_cast<id_t>(m_id), &info, WEXITED | WNOWAIT), 0);
     }
@@ -96,7 +96,7 @@ TEST_F(EarlyChildPause, EndsWithTheChild) {
         pause.pause(HOUR);
     });
     awaitSleep(threadId);
-    child.tellToEnd();
+    child.requestEnd();
     sleeper.join();
 }
 

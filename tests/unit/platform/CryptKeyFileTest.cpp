@@ -1,5 +1,6 @@
 #include "platform/Crypt.h"
 
+#include "support/Files.h"
 #include "support/KeyWorld.h"
 
 #include <gmock/gmock.h>
@@ -22,6 +23,7 @@
 
 namespace {
 
+using test::contentOf;
 using test::decrypted;
 using test::encrypted;
 using test::KeyWorld;
@@ -35,11 +37,6 @@ mode_t modeOf(const std::string& path) {
     struct stat status {};
     EXPECT_EQ(stat(path.c_str(), &status), 0) << path;
     return status.st_mode & 07777;
-}
-
-std::string contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
 }
 
 std::ptrdiff_t entriesIn(const std::string& folder) {
@@ -86,10 +83,13 @@ TEST_F(CryptKeyFile, HasItsModeUnderAnyUmask) {
     EXPECT_EQ(modeOf(KEY_FILE), 0600u);
 }
 
-TEST_F(CryptKeyFile, IsNotReplaced) {
+TEST_F(CryptKeyFile, IsNotReplacedAndMayBeReadOnly) {
     putKey(A_KEY);
-    EXPECT_EQ(encrypted("a secret").status, 0);
-    EXPECT_EQ(contentOf(KEY_FILE), A_KEY);
+    for (const mode_t mode : {0600u, 0400u}) {
+        setKeyMode(mode);
+        EXPECT_EQ(encrypted("a secret").status, 0);
+        EXPECT_EQ(contentOf(KEY_FILE), A_KEY);
+    }
 }
 
 TEST_F(CryptKeyFile, DiffersEachTime) {
@@ -107,12 +107,6 @@ TEST_F(CryptKeyFile, IsNotMadeToDecipher) {
     EXPECT_EQ(plain.errorId, "crypt.no-key");
     EXPECT_THAT(plain.message, HasSubstr(KEY_FILE));
     EXPECT_FALSE(std::filesystem::exists(KEY_FILE));
-}
-
-TEST_F(CryptKeyFile, MayBeReadOnly) {
-    putKey(A_KEY);
-    setKeyMode(0400);
-    EXPECT_EQ(encrypted("a secret").status, 0);
 }
 
 TEST_F(CryptKeyFile, IsRefusedWithRightsForOthers) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <string>
 
 namespace {
 
@@ -26,34 +27,32 @@ TEST(JNIString, HasTheTextAsItsFirstAndOnlyMember) {
     EXPECT_EQ(member, string.text());
 }
 
-TEST(JNIString, GivesUtf8) {
-    FakeJni jni;
-    const JNIString string(jni.environment(),
-                           jni.javaString("\xED\xA0\xBD\xED\xB8\x80\xED\xB3\xBF"));
-    EXPECT_STREQ(string.text(), "\xF0\x9F\x98\x80\xFF");
+// The text of a converted string, "(null)" for null.
+std::string converted(FakeJni& jni, jstring string) {
+    const JNIString result(jni.environment(), string);
+    return result.text() ? result.text() : "(null)";
 }
 
-TEST(JNIString, IsEmptyForAnEmptyString) {
+TEST(JNIString, IsUtf8) {
     FakeJni jni;
-    EXPECT_STREQ(JNIString(jni.environment(), jni.javaString("")).text(), "");
+    EXPECT_EQ(converted(jni, jni.javaString("\xED\xA0\xBD\xED\xB8\x80\xED\xB3\xBF")),
+              "\xF0\x9F\x98\x80\xFF");
+    EXPECT_EQ(converted(jni, jni.javaString("")), "");
 }
 
 TEST(JNIString, IsNullForNull) {
     FakeJni jni;
-    EXPECT_EQ(JNIString(jni.environment(), nullptr).text(), nullptr);
+    EXPECT_EQ(converted(jni, nullptr), "(null)");
     EXPECT_EQ(JNIString(nullptr, nullptr).text(), nullptr);
 }
 
-TEST(JNIString, IsNullWhenTheCharactersAreNotGiven) {
+TEST(JNIString, IsNullWithoutCharactersAndMakesNoCallWhileAnExceptionIsPending) {
     FakeJni jni;
     jni.failCall(FakeJni::Call::GetStringUTFChars);
-    EXPECT_EQ(JNIString(jni.environment(), jni.javaString("x")).text(), nullptr);
-}
-
-TEST(JNIString, MakesNoCallWhileAnExceptionIsPending) {
-    FakeJni jni;
+    EXPECT_EQ(converted(jni, jni.javaString("x")), "(null)");
+    EXPECT_EQ(converted(jni, jni.javaString("x")), "x");
     jni.raise("java/lang/Error", "earlier");
-    EXPECT_EQ(JNIString(jni.environment(), jni.javaString("x")).text(), nullptr);
+    EXPECT_EQ(converted(jni, jni.javaString("x")), "(null)");
 }
 
 } // namespace

@@ -4,15 +4,17 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 namespace {
 
 using test::FakeJni;
 
-TEST(JavaExceptionHandler, RaisesAReportedErrorAtOnce) {
+class JavaExceptionHandlerTest : public testing::Test {
+protected:
     FakeJni jni;
-    JavaExceptionHandler handler(jni.environment());
+    JavaExceptionHandler handler{jni.environment()};
+};
+
+TEST_F(JavaExceptionHandlerTest, RaisesAReportedErrorAtOnce) {
     EXPECT_FALSE(jni.pendingException());
     MessageBundle bundle("crypt.damaged", "the text is damaged");
     handler.error(&bundle);
@@ -23,35 +25,28 @@ TEST(JavaExceptionHandler, RaisesAReportedErrorAtOnce) {
     EXPECT_STREQ(handler.savedError()->id(), "crypt.damaged");
 }
 
-TEST(JavaExceptionHandler, RaisesThroughItsBaseClass) {
-    FakeJni jni;
-    const std::unique_ptr<ErrorHandler> handler(new JavaExceptionHandler(jni.environment()));
-    handler->error("only text");
+TEST_F(JavaExceptionHandlerTest, RaisesThroughItsBaseClass) {
+    ErrorHandler& base = handler;
+    base.error("only text");
     ASSERT_TRUE(jni.pendingException());
     EXPECT_EQ(jni.pendingException()->message, "only text");
 }
 
-TEST(JavaExceptionHandler, ConvertsTheTextToModifiedUtf8) {
-    FakeJni jni;
-    JavaExceptionHandler handler(jni.environment());
+TEST_F(JavaExceptionHandlerTest, ConvertsTheTextToModifiedUtf8) {
     handler.error("\xF0\x9F\x98\x80 \xFF");
     ASSERT_TRUE(jni.pendingException());
     EXPECT_EQ(jni.pendingException()->message, "\xED\xA0\xBD\xED\xB8\x80 \xED\xB3\xBF");
 }
 
 // API-10
-TEST(JavaExceptionHandler, KeepsAnExceptionThatIsPendingAlready) {
-    FakeJni jni;
-    JavaExceptionHandler handler(jni.environment());
+TEST_F(JavaExceptionHandlerTest, KeepsAnExceptionThatIsPendingAlready) {
     handler.error("first");
     handler.error("second");
     EXPECT_EQ(jni.pendingException()->message, "first");
     EXPECT_STREQ(handler.savedError()->text(), "second");
 }
 
-TEST(JavaExceptionHandler, ClearsItsOwnExceptionOnly) {
-    FakeJni jni;
-    JavaExceptionHandler handler(jni.environment());
+TEST_F(JavaExceptionHandlerTest, ClearsItsOwnExceptionOnly) {
     handler.error("mine");
     handler.clearError();
     EXPECT_FALSE(jni.pendingException());
@@ -63,36 +58,31 @@ TEST(JavaExceptionHandler, ClearsItsOwnExceptionOnly) {
     EXPECT_EQ(jni.pendingException()->message, "theirs");
 }
 
-TEST(JavaExceptionHandler, LeavesItsExceptionPendingWhenItIsDestroyed) {
-    FakeJni jni;
+TEST_F(JavaExceptionHandlerTest, LeavesItsExceptionPendingWhenItIsDestroyed) {
     { JavaExceptionHandler(jni.environment()).error("stays"); }
     ASSERT_TRUE(jni.pendingException());
     EXPECT_EQ(jni.pendingException()->message, "stays");
 }
 
-TEST(JavaExceptionHandler, RaisesNothingForANullBundle) {
-    FakeJni jni;
-    JavaExceptionHandler handler(jni.environment());
+TEST_F(JavaExceptionHandlerTest, RaisesNothingForANullBundle) {
     handler.error(static_cast<MessageBundle*>(nullptr));
     EXPECT_FALSE(jni.pendingException());
 }
 
-TEST(JavaExceptionHandler, KeepsTheExceptionOfTheVirtualMachineWhenTheClassIsMissing) {
-    FakeJni jni;
+TEST_F(JavaExceptionHandlerTest, KeepsTheExceptionOfTheVirtualMachineWhenTheClassIsMissing) {
     jni.failCall(FakeJni::Call::FindClass);
-    JavaExceptionHandler handler(jni.environment());
     handler.error("lost");
     ASSERT_TRUE(jni.pendingException());
     EXPECT_EQ(jni.pendingException()->className, "java/lang/NoClassDefFoundError");
     EXPECT_STREQ(handler.savedError()->text(), "lost");
 }
 
-TEST(JavaExceptionHandler, OnlySavesWithoutAnEnvironment) {
-    JavaExceptionHandler handler(nullptr);
-    handler.error("saved");
-    EXPECT_STREQ(handler.savedError()->text(), "saved");
-    handler.clearError();
-    EXPECT_EQ(handler.savedError(), nullptr);
+TEST_F(JavaExceptionHandlerTest, OnlySavesWithoutAnEnvironment) {
+    JavaExceptionHandler saving(nullptr);
+    saving.error("saved");
+    EXPECT_STREQ(saving.savedError()->text(), "saved");
+    saving.clearError();
+    EXPECT_EQ(saving.savedError(), nullptr);
 }
 
 } // namespace

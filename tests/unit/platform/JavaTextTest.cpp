@@ -8,6 +8,7 @@
 
 #include <iomanip>
 #include <sstream>
+#include <vector>
 
 namespace {
 
@@ -63,31 +64,19 @@ TEST(JavaText, RestoresEveryByte) {
 }
 
 TEST(JavaText, RestoresIllFormedText) {
-    for (const char* bytes : {
-             "\xC3",
-             "\xE4\xB8",
-             "\xF0\x9F\x98",
-             "x\xF0\x9F", // cut short
-             "\xC0\x80",
-             "\xC1\xBF",
-             "\xE0\x80\x80",
-             "\xE0\x9F\xBF",
-             "\xF0\x80\x80\x80",
-             "\xF0\x8F\xBF\xBF", // overlong
-             "\xED\xA0\x80",
-             "\xED\xB0\x80",
-             "\xED\xA0\xBD\xED\xB8\x80", // surrogates
-             "\xED\xB2\x80",
-             "\xED\xA0\x80\x80", // and our own
-             "\xF4\x90\x80\x80",
-             "\xF5\x80\x80\x80",
-             "\xFE",
-             "\xFF", // beyond U+10FFFF
-             "\xF0\x9F\x98\x80\xB8",
-             "\xF0\x9F\x98\x80\xF0",
-             "\xE4\xB8\xAD\xAD", // stray ends
-         })
-        expectRoundTrip(bytes);
+    const std::vector<const char*> cutShort{"\xC3", "\xE4\xB8", "\xF0\x9F\x98", "x\xF0\x9F"};
+    const std::vector<const char*> overlong{"\xC0\x80",     "\xC1\xBF",         "\xE0\x80\x80",
+                                            "\xE0\x9F\xBF", "\xF0\x80\x80\x80", "\xF0\x8F\xBF\xBF"};
+    const std::vector<const char*> surrogates{"\xED\xA0\x80", "\xED\xB0\x80",
+                                              "\xED\xA0\xBD\xED\xB8\x80", "\xED\xB2\x80",
+                                              "\xED\xA0\x80\x80"};
+    const std::vector<const char*> tooLarge{"\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFE", "\xFF"};
+    const std::vector<const char*> strayEnds{"\xF0\x9F\x98\x80\xB8", "\xF0\x9F\x98\x80\xF0",
+                                             "\xE4\xB8\xAD\xAD"};
+    for (const auto& texts : {cutShort, overlong, surrogates, tooLarge, strayEnds}) {
+        for (const char* bytes : texts)
+            expectRoundTrip(bytes);
+    }
 }
 
 TEST(JavaText, RestoresRandomBytes) {

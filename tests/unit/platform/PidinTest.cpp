@@ -1,5 +1,8 @@
 #include "platform/Spawn.h"
 
+#include "support/Files.h"
+#include "support/ReplacedDescriptor.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -8,8 +11,6 @@
 #include <cstring>
 #include <fcntl.h>
 #include <fstream>
-#include <iterator>
-#include <sstream>
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -22,7 +23,7 @@
 namespace {
 
 struct Listing {
-    int status = -1;
+    int status;
     std::vector<std::string> lines;
 };
 
@@ -43,10 +44,7 @@ Listing run(std::vector<const char*> command) {
     int status = 0;
     EXPECT_EQ(waitpid(child, &status, 0), child) << std::strerror(errno);
     EXPECT_TRUE(WIFEXITED(status)) << status;
-    Listing listing;
-    listing.status = WEXITSTATUS(status);
-    listing.lines = linesOf("/tmp/list");
-    return listing;
+    return {WEXITSTATUS(status), linesOf("/tmp/list")};
 }
 
 Listing pidin(const std::vector<const char*>& arguments) {
@@ -71,8 +69,7 @@ bool endsWith(const std::string& text, const std::string& end) {
 }
 
 std::string ownArguments() {
-    std::ifstream file("/proc/self/cmdline", std::ios::binary);
-    std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    std::string text = test::contentOf("/proc/self/cmdline");
     text.pop_back();
     std::replace(text.begin(), text.end(), '\0', ' ');
     return text;
@@ -96,10 +93,7 @@ TEST(Pidin, NeedsNoArguments) {
 // may show none in between.
 void awaitArguments(int process, const std::string& last) {
     const std::string path = "/proc/" + std::to_string(process) + "/cmdline";
-    std::string text;
-    while (text.find(last) == std::string::npos) {
-        std::ifstream file(path, std::ios::binary);
-        text.assign(std::istreambuf_iterator<char>(file), {});
+    while (test::contentOf(path).find(last) == std::string::npos) {
     }
 }
 
@@ -107,15 +101,16 @@ TEST(Pidin, KeepsAProcessOnOneLine) {
     int gate[2];
     ASSERT_EQ(pipe(gate), 0);
     const char* const arguments[] = {"cat", "-", "two\nlines", "\n9999999 forged", nullptr};
-    const int kept = dup(STDIN_FILENO);
-    dup2(gate[0], STDIN_FILENO);
     const int output = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    const int child = Spawn::start("/bin/cat", arguments, output);
-    dup2(kept, STDIN_FILENO);
+    int child = -1;
+    {
+        const test::ReplacedDescriptor replaced(STDIN_FILENO, gate[0]);
+        child = Spawn::start("/bin/cat", arguments, output);
+    }
     ASSERT_GT(child, 0);
     awaitArguments(child, "forged");
     const Listing listing = pidin({"arg"});
-    for (const int descriptor : {gate[0], gate[1], kept, output})
+    for (const int descriptor : {gate[0], gate[1], output})
         close(descriptor);
     waitpid(child, nullptr, 0);
     EXPECT_EQ(lineOf(listing, child), "cat - two lines  9999999 forged");

@@ -1,6 +1,7 @@
 #include "platform/PlatformUtil.h"
 
 #include "support/RobustMutex.h"
+#include "support/SignalAction.h"
 
 #include <gtest/gtest.h>
 
@@ -19,107 +20,104 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-TEST(PlatformMutex, IsRecursiveForItsHolderOnly) {
-    PlatformMutex mutex;
-    ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
-    ASSERT_EQ(PlatformUtil::lockMutex(&mutex), 0);
-    ASSERT_EQ(PlatformUtil::lockMutex(&mutex), 0);
-    ASSERT_EQ(PlatformUtil::unlockMutex(&mutex), 0);
-    std::thread([&mutex] { EXPECT_EQ(pthread_mutex_trylock(&mutex), EBUSY); }).join();
-    ASSERT_EQ(PlatformUtil::unlockMutex(&mutex), 0);
-    std::thread([&mutex] {
-        EXPECT_EQ(pthread_mutex_trylock(&mutex), 0);
-        EXPECT_EQ(PlatformUtil::unlockMutex(&mutex), 0);
-    }).join();
-    EXPECT_EQ(PlatformUtil::destroyMutex(&mutex), 0);
+steady_clock::time_point now() {
+    return steady_clock::now();
 }
 
-TEST(PlatformMutex, MayBeDestroyedByTheThreadThatHoldsIt) {
-    for (int depth = 0; depth <= 3; ++depth) {
-        PlatformMutex mutex;
-        ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
-        for (int i = 0; i < depth; ++i)
+class PlatformMutexTest : public testing::Test {
+protected:
+    void SetUp() override { ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0); }
+    void TearDown() override { EXPECT_EQ(PlatformUtil::destroyMutex(&mutex), 0); }
+
+    void lock(int times) {
+        for (int i = 0; i < times; ++i)
             ASSERT_EQ(PlatformUtil::lockMutex(&mutex), 0);
-        EXPECT_EQ(PlatformUtil::destroyMutex(&mutex), 0) << "held " << depth << " times";
     }
-}
 
-TEST(PlatformMutex, RefusesNull) {
-    EXPECT_EQ(PlatformUtil::createMutex(nullptr), EINVAL);
-    EXPECT_EQ(PlatformUtil::lockMutex(nullptr), EINVAL);
-    EXPECT_EQ(PlatformUtil::unlockMutex(nullptr), EINVAL);
-    EXPECT_EQ(PlatformUtil::destroyMutex(nullptr), EINVAL);
-    EXPECT_EQ(PlatformUtil::releaseMutex(nullptr), EINVAL);
-    EXPECT_EQ(PlatformUtil::createSharedMutex(nullptr, true), EINVAL);
-    EXPECT_EQ(PlatformUtil::makeMutexConsistent(nullptr), EINVAL);
-}
+    // What a function of a mutex returns on another thread.
+    template <typename... Arguments, typename... Values>
+    int onAnotherThread(int (*function)(PlatformMutex*, Arguments...) noexcept, Values... values) {
+        int result = -1;
+        std::thread([&] { result = function(&mutex, values...); }).join();
+        return result;
+    }
 
-TEST(PlatformMutex, IsReleasedCompletely) {
-    for (int depth = 0; depth <= 3; ++depth) {
-        PlatformMutex mutex;
-        ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
-        for (int i = 0; i < depth; ++i)
-            ASSERT_EQ(PlatformUtil::lockMutex(&mutex), 0);
-        EXPECT_EQ(PlatformUtil::releaseMutex(&mutex), 0);
-        std::thread([&mutex] {
-            EXPECT_EQ(PlatformUtil::tryLockMutex(&mutex), 0);
-            EXPECT_EQ(PlatformUtil::unlockMutex(&mutex), 0);
+    // Whether another thread can take the mutex. It is free again then.
+    bool isFree() {
+        bool locked = false;
+        std::thread([&] {
+            const int result = PlatformUtil::tryLockMutex(&mutex);
+            locked = result == 0 && PlatformUtil::unlockMutex(&mutex) == 0;
+            EXPECT_TRUE(locked || result == EBUSY);
         }).join();
-        PlatformUtil::destroyMutex(&mutex);
+        return locked;
+    }
+
+    PlatformMutex mutex;
+};
+
+TEST_F(PlatformMutexTest, IsRecursiveForItsHolderOnly) {
+    lock(2);
+    ASSERT_EQ(PlatformUtil::unlockMutex(&mutex), 0);
+    EXPECT_FALSE(isFree());
+    ASSERT_EQ(PlatformUtil::unlockMutex(&mutex), 0);
+    EXPECT_TRUE(isFree());
+}
+
+TEST_F(PlatformMutexTest, CanBeDestroyedByTheThreadThatHoldsIt) {
+    for (int depth = 0; depth <= 3; ++depth) {
+        lock(depth);
+        EXPECT_EQ(PlatformUtil::destroyMutex(&mutex), 0) << "held " << depth << " times";
+        ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
     }
 }
 
-TEST(PlatformMutex, IsNotReleasedByAnotherThread) {
-    PlatformMutex mutex;
-    ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
-    PlatformUtil::lockMutex(&mutex);
-    std::thread([&mutex] {
+TEST_F(PlatformMutexTest, IsReleasedCompletely) {
+    for (int depth = 0; depth <= 3; ++depth) {
+        lock(depth);
         EXPECT_EQ(PlatformUtil::releaseMutex(&mutex), 0);
-        EXPECT_EQ(PlatformUtil::tryLockMutex(&mutex), EBUSY);
-    }).join();
-    PlatformUtil::destroyMutex(&mutex);
+        EXPECT_TRUE(isFree()) << "held " << depth << " times";
+    }
 }
 
-std::chrono::steady_clock::time_point now() {
-    return std::chrono::steady_clock::now();
+TEST_F(PlatformMutexTest, IsNotReleasedByAnotherThread) {
+    lock(1);
+    EXPECT_EQ(onAnotherThread(PlatformUtil::releaseMutex), 0);
+    EXPECT_FALSE(isFree());
 }
 
-TEST(PlatformMutex, IsNotWaitedForWithADeadlineBeforeTheStartOfTheClock) {
-    PlatformMutex mutex;
-    ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
-    PlatformUtil::lockMutex(&mutex);
-    std::thread([&mutex] {
-        const std::chrono::steady_clock::time_point never(std::chrono::hours(-1));
-        EXPECT_EQ(PlatformUtil::lockMutexUntil(&mutex, never), ETIMEDOUT);
-    }).join();
-    PlatformUtil::destroyMutex(&mutex);
+TEST_F(PlatformMutexTest, IsNotWaitedForWithADeadlineBeforeTheStartOfTheClock) {
+    lock(1);
+    const steady_clock::time_point past(std::chrono::hours(-1));
+    EXPECT_EQ(onAnotherThread(PlatformUtil::lockMutexUntil, past), ETIMEDOUT);
 }
 
-TEST(PlatformMutex, IsWaitedForUntilTheDeadline) {
-    PlatformMutex mutex;
-    ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
+TEST_F(PlatformMutexTest, IsWaitedForUntilTheDeadline) {
     EXPECT_EQ(PlatformUtil::lockMutexUntil(&mutex, now()), 0);
     EXPECT_EQ(PlatformUtil::lockMutexUntil(&mutex, now()), 0) << "its holder may lock it again";
-    std::thread([&mutex] {
-        EXPECT_EQ(PlatformUtil::lockMutexUntil(&mutex, now() + std::chrono::milliseconds(1)),
-                  ETIMEDOUT);
-    }).join();
+    EXPECT_EQ(onAnotherThread(PlatformUtil::lockMutexUntil, now() + milliseconds(1)), ETIMEDOUT);
     PlatformUtil::releaseMutex(&mutex);
-    EXPECT_EQ(PlatformUtil::lockMutexUntil(nullptr, now()), EINVAL);
-    PlatformUtil::destroyMutex(&mutex);
 }
 
-TEST(PlatformMutex, IsLockedWhenItIsReleasedBeforeTheDeadline) {
-    PlatformMutex mutex;
-    ASSERT_EQ(PlatformUtil::createMutex(&mutex), 0);
-    PlatformUtil::lockMutex(&mutex);
-    std::thread waiting([&mutex] {
+TEST_F(PlatformMutexTest, IsLockedWhenItIsReleasedBeforeTheDeadline) {
+    lock(1);
+    std::thread waiting([this] {
         EXPECT_EQ(PlatformUtil::lockMutexUntil(&mutex, now() + std::chrono::hours(1)), 0);
         PlatformUtil::unlockMutex(&mutex);
     });
     PlatformUtil::unlockMutex(&mutex);
     waiting.join();
-    PlatformUtil::destroyMutex(&mutex);
+}
+
+TEST(PlatformMutex, RefusesNull) {
+    EXPECT_EQ(PlatformUtil::createMutex(nullptr), EINVAL);
+    EXPECT_EQ(PlatformUtil::lockMutex(nullptr), EINVAL);
+    EXPECT_EQ(PlatformUtil::lockMutexUntil(nullptr, now()), EINVAL);
+    EXPECT_EQ(PlatformUtil::unlockMutex(nullptr), EINVAL);
+    EXPECT_EQ(PlatformUtil::destroyMutex(nullptr), EINVAL);
+    EXPECT_EQ(PlatformUtil::releaseMutex(nullptr), EINVAL);
+    EXPECT_EQ(PlatformUtil::createSharedMutex(nullptr, true), EINVAL);
+    EXPECT_EQ(PlatformUtil::makeMutexConsistent(nullptr), EINVAL);
 }
 
 class SharedPlatformMutex : public testing::TestWithParam<bool> {
@@ -157,7 +155,7 @@ struct Seen {
     sigset_t mask;
 };
 
-void* lookAround(void* argument) {
+void* observe(void* argument) {
     auto* seen = static_cast<Seen*>(argument);
     char name[32] = "";
     pthread_getname_np(pthread_self(), name, sizeof(name));
@@ -168,39 +166,34 @@ void* lookAround(void* argument) {
     return nullptr;
 }
 
-void startAndWait(Seen& seen, const char* name, int& id) {
-    id = PlatformUtil::createThread(lookAround, &seen, name);
+void startAndWait(Seen& seen, const char* name) {
+    const int id = PlatformUtil::createThread(observe, &seen, name);
     ASSERT_NE(id, -1);
     seen.done.get_future().wait();
+    EXPECT_EQ(seen.id, id);
+    EXPECT_NE(id, PlatformUtil::threadId());
 }
 
 TEST(PlatformThread, RunsTheEntryWithItsNameAndReturnsItsId) {
     Seen seen;
-    int id = -1;
-    startAndWait(seen, "tShort", id);
-    EXPECT_EQ(seen.id, id);
-    EXPECT_NE(id, PlatformUtil::threadId());
+    startAndWait(seen, "tShort");
     EXPECT_EQ(seen.name, "tShort");
 }
 
 TEST(PlatformThread, CutsALongName) {
     Seen seen;
-    int id = -1;
-    startAndWait(seen, "tWifiRefreshWatchdog", id);
+    startAndWait(seen, "tWifiRefreshWatchdog");
     EXPECT_EQ(seen.name, "tWifiRefreshWat");
 }
 
 TEST(PlatformThread, AcceptsANullName) {
     Seen seen;
-    int id = -1;
-    startAndWait(seen, nullptr, id);
-    EXPECT_EQ(seen.id, id);
+    startAndWait(seen, nullptr);
 }
 
 TEST(PlatformThread, BlocksAllSignals) {
     Seen seen;
-    int id = -1;
-    startAndWait(seen, "tMask", id);
+    startAndWait(seen, "tMask");
     EXPECT_EQ(sigismember(&seen.mask, SIGTERM), 1);
     EXPECT_EQ(sigismember(&seen.mask, SIGCHLD), 1);
     sigset_t own;
@@ -221,10 +214,7 @@ TEST(PlatformSleep, LastsAtLeastTheGivenTime) {
 std::atomic<int> interruptions{0};
 
 TEST(PlatformSleep, IsNotEndedBySignals) {
-    struct sigaction count {};
-    struct sigaction before {};
-    count.sa_handler = [](int) { ++interruptions; };
-    sigaction(SIGUSR1, &count, &before);
+    const test::SignalAction counted(SIGUSR1, [](int) { ++interruptions; });
     std::promise<pthread_t> sleeper;
     std::atomic<bool> over{false};
     std::thread thread([&] {
@@ -240,7 +230,6 @@ TEST(PlatformSleep, IsNotEndedBySignals) {
         std::this_thread::yield();
     }
     thread.join();
-    sigaction(SIGUSR1, &before, nullptr);
     EXPECT_GT(interruptions, 0);
 }
 

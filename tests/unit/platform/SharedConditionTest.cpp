@@ -3,6 +3,7 @@
 #include "platform/MutexGuard.h"
 #include "platform/SharedMemory.h"
 #include "support/RobustMutex.h"
+#include "support/SignalAction.h"
 #include "support/ThreadState.h"
 
 #include <gtest/gtest.h>
@@ -174,10 +175,7 @@ TEST_F(SharedConditionTest, LosesNoBroadcast) {
 }
 
 TEST_F(SharedConditionTest, IsNotEndedBySignals) {
-    struct sigaction ignore {};
-    struct sigaction before {};
-    ignore.sa_handler = [](int) {};
-    sigaction(SIGUSR1, &ignore, &before);
+    const test::SignalAction ignored(SIGUSR1, [](int) {});
     std::promise<pthread_t> self;
     Sleeper<int> sleeper([&] {
         self.set_value(pthread_self());
@@ -186,7 +184,6 @@ TEST_F(SharedConditionTest, IsNotEndedBySignals) {
     });
     pthread_kill(self.get_future().get(), SIGUSR1);
     EXPECT_EQ(sleeper.result.get(), ETIMEDOUT);
-    sigaction(SIGUSR1, &before, nullptr);
 }
 
 TEST_F(SharedConditionTest, ReportsThatTheHolderOfTheMutexHasDied) {

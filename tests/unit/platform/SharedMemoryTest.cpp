@@ -1,6 +1,7 @@
 #include "platform/SharedMemory.h"
 
 #include "platform/FileDescriptor.h"
+#include "support/Files.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -88,6 +89,8 @@ private:
 class NamedSharedMemory : public testing::Test {
 protected:
     void TearDown() override { SharedMemory::unlink(NAME); }
+
+    SharedMemory memory;
 };
 
 TEST_F(NamedSharedMemory, IsCreatedByTheFirstAndJoinedByTheNext) {
@@ -114,12 +117,9 @@ TEST_F(NamedSharedMemory, IsKeptByItsUsersWithoutItsName) {
 
 TEST_F(NamedSharedMemory, IsUnmappedWhenItIsDetached) {
     const auto isMapped = [] {
-        std::ifstream maps("/proc/self/maps");
-        const std::string text(std::istreambuf_iterator<char>(maps), {});
-        return text.find(PATH) != std::string::npos;
+        return test::contentOf("/proc/self/maps").find(PATH) != std::string::npos;
     };
     put(std::string(SIZE, FILLED));
-    SharedMemory memory;
     EXPECT_EQ(attach(memory), Result::JOINED);
     EXPECT_TRUE(isMapped());
     memory.detach();
@@ -127,7 +127,6 @@ TEST_F(NamedSharedMemory, IsUnmappedWhenItIsDetached) {
 }
 
 TEST_F(NamedSharedMemory, KeepsItsNameWhenItIsDetached) {
-    SharedMemory memory;
     attach(memory);
     memory.detach();
     memory.detach();
@@ -138,7 +137,6 @@ TEST_F(NamedSharedMemory, KeepsItsNameWhenItIsDetached) {
 
 TEST_F(NamedSharedMemory, IsReplacedWhenJoiningIsRefused) {
     SharedMemory old;
-    SharedMemory memory;
     attach(old);
     *static_cast<char*>(old.data()) = 'y';
     EXPECT_EQ(attach(memory), Result::CREATED);
@@ -148,21 +146,19 @@ TEST_F(NamedSharedMemory, IsReplacedWhenJoiningIsRefused) {
 TEST_F(NamedSharedMemory, IsReplacedWhenItsSizeDiffers) {
     for (const std::size_t size : {std::size_t{0}, SIZE - 1, SIZE + 1, std::size_t{100000}}) {
         put(std::string(size, FILLED));
-        SharedMemory memory;
         EXPECT_EQ(attach(memory), Result::CREATED) << size;
+        memory.detach();
     }
 }
 
 TEST_F(NamedSharedMemory, GetsNoNameWhenItCannotBeSetUp) {
-    SharedMemory memory;
     EXPECT_EQ(memory.attach(NAME, SIZE, never, joinFilled), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
     EXPECT_TRUE(names().empty());
 }
 
-TEST_F(NamedSharedMemory, FailsWhenAFolderHasTheName) {
+TEST_F(NamedSharedMemory, FailsIfAFolderHasTheName) {
     std::filesystem::create_directory(PATH);
-    SharedMemory memory;
     EXPECT_EQ(attach(memory), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
     EXPECT_TRUE(std::filesystem::remove(PATH)) << "it still exists";
@@ -170,7 +166,6 @@ TEST_F(NamedSharedMemory, FailsWhenAFolderHasTheName) {
 
 TEST_F(NamedSharedMemory, KeepsItsNameWhenItIsBusy) {
     put(std::string(SIZE, FILLED));
-    SharedMemory memory;
     const auto busy = [](void*) { return Joining::BUSY; };
     EXPECT_EQ(memory.attach(NAME, SIZE, fill, busy), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
@@ -179,7 +174,6 @@ TEST_F(NamedSharedMemory, KeepsItsNameWhenItIsBusy) {
 }
 
 TEST_F(NamedSharedMemory, FailsWithoutAName) {
-    SharedMemory memory;
     EXPECT_EQ(memory.attach(nullptr, SIZE, fill, joinFilled), Result::FAILED);
     EXPECT_EQ(memory.attach("", SIZE, fill, joinFilled), Result::FAILED);
     EXPECT_TRUE(names().empty());
@@ -190,7 +184,6 @@ TEST_F(NamedSharedMemory, FailsWithoutAName) {
 TEST_F(NamedSharedMemory, IsJoinedWhenAnotherProcessReplacesItFirst) {
     static SharedMemory first;
     put(std::string(SIZE, 's'));
-    SharedMemory memory;
     const auto join = [](void* found) {
         if (isFilled(found))
             return Joining::JOINED;
@@ -204,7 +197,6 @@ TEST_F(NamedSharedMemory, IsJoinedWhenAnotherProcessReplacesItFirst) {
 
 TEST_F(NamedSharedMemory, IsJoinedWhenAnotherProcessMakesItFirst) {
     static SharedMemory first;
-    SharedMemory memory;
     const auto setUp = [](void* own) {
         EXPECT_EQ(attach(first), Result::CREATED);
         return fill(own);
@@ -218,7 +210,6 @@ TEST_F(NamedSharedMemory, IsWaitedForALimitedTimeWhenTheFolderIsLocked) {
     put("stale");
     FileDescriptor folder(open("/dev/shm", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     ASSERT_EQ(flock(folder.number(), LOCK_EX), 0);
-    SharedMemory memory;
     EXPECT_EQ(attach(memory), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
     folder.close();
@@ -243,7 +234,6 @@ TEST_F(NamedSharedMemory, IsNotMappedWhenTheFileSystemIsFull) {
     if (!small)
         GTEST_SKIP() << "nothing can be mounted here";
     std::ofstream("/dev/shm/all", std::ios::binary) << std::string(1 << 20, 'a');
-    SharedMemory memory;
     EXPECT_EQ(attach(memory), Result::FAILED);
     put("");
     std::filesystem::resize_file(PATH, SIZE); // a sparse file, for which there is no space either

@@ -1,5 +1,10 @@
 #include "platform/Spawn.h"
 
+#include "platform/FileDescriptor.h"
+#include "support/Files.h"
+#include "support/ReplacedDescriptor.h"
+#include "support/SignalAction.h"
+
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -8,13 +13,14 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 #include <vector>
+
+using test::ReplacedDescriptor;
 
 namespace {
 
@@ -39,11 +45,6 @@ std::vector<const char*> pointersTo(const std::vector<std::string>& arguments) {
     return pointers;
 }
 
-std::string contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-}
-
 int openOutput() {
     return open(OUTPUT, O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
 }
@@ -53,7 +54,7 @@ Finished finish(int child) {
     int status = 0;
     if (child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status))
         finished.status = WEXITSTATUS(status);
-    finished.output = contentOf(OUTPUT);
+    finished.output = test::contentOf(OUTPUT);
     return finished;
 }
 
@@ -75,13 +76,11 @@ TEST(Spawn, GivesTheChildNoOtherDescriptor) {
 }
 
 TEST(Spawn, StartsWithoutStandardInput) {
-    const int kept = dup(STDIN_FILENO);
-    const int output = openOutput();
-    close(STDIN_FILENO);
-    const int child = Spawn::start("/bin/ls", pointersTo({"ls", "/proc/self/fd"}).data(), output);
-    if (kept != -1) {
-        dup2(kept, STDIN_FILENO);
-        close(kept);
+    const int output = openOutput(); // before descriptor 0 is free
+    int child = -1;
+    {
+        const ReplacedDescriptor closed(STDIN_FILENO, -1);
+        child = Spawn::start("/bin/ls", pointersTo({"ls", "/proc/self/fd"}).data(), output);
     }
     close(output);
     EXPECT_EQ(finish(child).output, "0\n1\n2\n") << "0 is the folder that ls lists";
@@ -89,15 +88,10 @@ TEST(Spawn, StartsWithoutStandardInput) {
 
 TEST(Spawn, PassesStandardInputOn) {
     std::ofstream("/tmp/input") << "from the parent";
-    const int kept = dup(STDIN_FILENO);
-    const int input = open("/tmp/input", O_RDONLY | O_CLOEXEC);
-    dup2(input, STDIN_FILENO);
+    const platform::FileDescriptor input(open("/tmp/input", O_RDONLY | O_CLOEXEC));
+    const ReplacedDescriptor replaced(STDIN_FILENO, input.number());
     fcntl(STDIN_FILENO, F_SETFD, FD_CLOEXEC);
-    const Finished cat = run("/bin/cat", {"cat"});
-    dup2(kept, STDIN_FILENO);
-    close(kept);
-    close(input);
-    EXPECT_EQ(cat.output, "from the parent");
+    EXPECT_EQ(run("/bin/cat", {"cat"}).output, "from the parent");
 }
 
 struct SignalState {
@@ -120,10 +114,7 @@ TEST(Spawn, ClearsTheSignalMaskAndTheIgnoredSignals) {
     if (EMULATED)
         GTEST_SKIP() << "the emulator gives signals other numbers";
     constexpr unsigned long long C_LIBRARY = 3ULL << 31; // 32 and 33: its own, for threads only
-    struct sigaction ignore {};
-    struct sigaction before {};
-    ignore.sa_handler = SIG_IGN;
-    sigaction(SIGPIPE, &ignore, &before);
+    const test::SignalAction ignored(SIGPIPE, SIG_IGN);
     std::thread([] {
         sigset_t all;
         sigfillset(&all);
@@ -132,7 +123,6 @@ TEST(Spawn, ClearsTheSignalMaskAndTheIgnoredSignals) {
         EXPECT_EQ(child.blocked, 0u);
         EXPECT_EQ(child.ignored & ~C_LIBRARY, 0u);
     }).join();
-    sigaction(SIGPIPE, &before, nullptr);
 }
 
 TEST(Spawn, PassesTheEnvironmentOn) {
@@ -162,14 +152,10 @@ TEST(Spawn, SendsBothOutputsToOneDescriptor) {
 }
 
 TEST(Spawn, AcceptsAStandardDescriptorForOutput) {
-    const int kept = dup(STDERR_FILENO);
-    const int file = openOutput();
-    dup2(file, STDERR_FILENO);
+    const platform::FileDescriptor file(openOutput());
+    const ReplacedDescriptor replaced(STDERR_FILENO, file.number());
     const std::vector<std::string> arguments{"sh", "-c", "echo out; echo err >&2"};
     const int child = Spawn::start("/bin/sh", pointersTo(arguments).data(), STDERR_FILENO);
-    dup2(kept, STDERR_FILENO);
-    close(kept);
-    close(file);
     EXPECT_EQ(finish(child).output, "out\nerr\n");
 }
 

@@ -13,6 +13,7 @@
 #include "supplicant/ValueQuoting.h"
 
 #include "support/UseProfile.h"
+#include "support/WordTable.h"
 
 #include <gtest/gtest.h>
 
@@ -177,25 +178,11 @@ TEST(ReplyRules, WordsOfTheKeyManagement) {
     EXPECT_EQ(number(DEVICE, "WPA-PSK SAE"), KEY_MGMT_WPA_PSK + 0U);
     EXPECT_EQ(number(MODERN, "WPA-PSK SAE"), KEY_MGMT_WPA_PSK | KEY_MGMT_SAE);
     EXPECT_EQ(number(DEVICE, "WPA-PSK-SHA256"), KEY_MGMT_WPA_PSK + 0U);
-    struct {
-        const char* word;
-        unsigned int number;
-    } const words[] = {{"NONE", 0x1},
-                       {"WPA-PSK", 0x2},
-                       {"WPA-EAP", 0x4},
-                       {"IEEE8021X", 0x8},
-                       {"WPA-NONE", 0x10},
-                       {"SAE", 0x20},
-                       {"OWE", 0x40},
-                       {"WPA-PSK-SHA256", 0x80},
-                       {"WPA-EAP-SHA256", 0x100},
-                       {"FT-PSK", 0x200},
-                       {"FT-EAP", 0x400},
-                       {"FT-SAE", 0x800},
-                       {"WPA-EAP-SUITE-B-192", 0x1000},
-                       {"DPP", 0}};
-    for (const auto& word : words)
-        EXPECT_EQ(number(MODERN, word.word), word.number) << word.word;
+    for (const auto* words : {&test::fieldWords(), &test::todaysWords()}) {
+        for (const test::WordRow& row : words->at(Field::KEY_MANAGEMENT))
+            EXPECT_EQ(number(MODERN, row.word), row.number) << row.word;
+    }
+    EXPECT_EQ(number(MODERN, "DPP"), 0U);
 }
 
 // PROFILE-10

@@ -1,18 +1,6 @@
-#include "settings/WifiHostSettings.h"
-
 #include "LoadedSettings.h"
-#include "SettingsState.h"
-#include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <string>
-
-using platwifi::SettingsLock;
 using test::Commands;
-using test::statusOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -20,241 +8,184 @@ namespace {
 
 const std::string NETWORKS = "0\thome\tany\t\n3\twork\tany\t\n5\tcafe\tany\t[DISABLED]\n";
 const std::string AT_HOME = "ssid=home\nwpa_state=COMPLETED\n";
-const std::string DISCONNECTED = "wpa_state=DISCONNECTED\n";
 
-class ConnectNetwork : public testing::Test {
+const std::string UNKNOWN_SSIDS[] = {
+    "", "h", "Home", std::string(32, 'h'), std::string(200, 'h'), "\xff"};
+const char* const BAD_INTERFACES[] = {nullptr, "", "fourteen-chars"};
+
+class ConnectNetwork : public test::SettingsTest {
 protected:
-    void setStatus(WifiHostSettings& settings, const char* ssid, unsigned int status) {
-        const SettingsLock lock(settings);
-        settings.getNetwork("wlan0", ssid)->setNetworkStatus(status);
+    /// On "home", which is connected. The client accepts every command.
+    ConnectNetwork() { loadAtHome("OK\n"); }
+
+    void loadAtHome(const std::string& reply, int status = 0) {
+        load(NETWORKS, AT_HOME);
+        answer(reply, status);
     }
 
-    test::LoadedSettings loaded;
+    static bool connect(const std::string& ssid, const char* iface = "wlan0") {
+        return settings().connectNetwork(iface, ssid.c_str());
+    }
+
+    static bool disconnect(const std::string& ssid, const char* iface = "wlan0") {
+        return settings().disconnectNetwork(iface, ssid.c_str());
+    }
+
+    static void expectStatuses(unsigned int home, unsigned int work, unsigned int cafe) {
+        EXPECT_EQ(statusOf("home"), home);
+        EXPECT_EQ(statusOf("work"), work);
+        EXPECT_EQ(statusOf("cafe"), cafe);
+    }
 };
 
 TEST_F(ConnectNetwork, SelectsItAndMakesItTheCurrentOne) {
-    WifiHostSettings& settings = loaded.load(NETWORKS);
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "work"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 select 3"));
-    EXPECT_EQ(statusOf(settings, "work"), NETWORK_STATUS_CONNECTING);
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_ENABLED);
-    EXPECT_EQ(statusOf(settings, "cafe"), NETWORK_STATUS_DISABLED);
+    EXPECT_TRUE(connect("work"));
+    EXPECT_THAT(commands(), ElementsAre("-iwlan0 select 3"));
+    EXPECT_EQ(current(), "work");
+    expectStatuses(NETWORK_STATUS_ENABLED, NETWORK_STATUS_CONNECTING, NETWORK_STATUS_DISABLED);
+    EXPECT_TRUE(connect("cafe")) << "also one that is disabled";
+    EXPECT_EQ(current(), "cafe");
+    expectStatuses(NETWORK_STATUS_ENABLED, NETWORK_STATUS_ENABLED, NETWORK_STATUS_CONNECTING);
 }
 
 TEST_F(ConnectNetwork, SelectsWhateverTheClientAnswers) {
-    WifiHostSettings& settings = loaded.load(NETWORKS);
-    loaded.answer("FAIL\n");
-    EXPECT_TRUE(settings.connectNetwork("wlan1", "work"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan1 select 3"));
-}
-
-TEST_F(ConnectNetwork, MakesOneAfterTheOtherTheCurrentOne) {
-    WifiHostSettings& settings = loaded.load(NETWORKS);
-    loaded.answer("OK\n");
-    for (const char* const ssid : {"work", "home", "cafe"})
-        EXPECT_TRUE(settings.connectNetwork("wlan0", ssid));
-    EXPECT_EQ(statusOf(settings, "work"), NETWORK_STATUS_ENABLED);
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_ENABLED);
-    EXPECT_EQ(statusOf(settings, "cafe"), NETWORK_STATUS_CONNECTING);
-}
-
-TEST_F(ConnectNetwork, EnablesTheOneThatWasCurrent) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_CONNECTED);
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "work"));
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_ENABLED);
-    EXPECT_EQ(statusOf(settings, "work"), NETWORK_STATUS_CONNECTING);
+    loadAtHome("FAIL\n");
+    EXPECT_TRUE(connect("work", "wlan1"));
+    EXPECT_THAT(commands(), ElementsAre("-iwlan1 select 3"));
 }
 
 TEST_F(ConnectNetwork, LeavesTheOneThatWasCurrentDisabled) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
-    setStatus(settings, "home", NETWORK_STATUS_DISABLED);
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "work"));
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_DISABLED);
+    setStatus("home", NETWORK_STATUS_DISABLED);
+    EXPECT_TRUE(connect("work"));
+    EXPECT_EQ(statusOf("home"), NETWORK_STATUS_DISABLED);
 }
 
 // OP-5
 TEST_F(ConnectNetwork, LeavesTheStatusOfTheCurrentOneAsItWas) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "home"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 select 0"));
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_CONNECTED);
-    setStatus(settings, "home", NETWORK_STATUS_DISABLED);
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "home"));
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_DISABLED);
+    for (const unsigned int status : {NETWORK_STATUS_CONNECTED, NETWORK_STATUS_DISABLED}) {
+        setStatus("home", status);
+        EXPECT_TRUE(connect("home"));
+        EXPECT_EQ(statusOf("home"), status);
+    }
+    EXPECT_THAT(commands(), ElementsAre("-iwlan0 select 0", "-iwlan0 select 0"));
 }
 
-// The record that is found first is not the current one; it bears the same SSID all the same.
+// The network that is found first is not the current one, but has the same SSID.
 TEST_F(ConnectNetwork, KnowsTheCurrentOneByItsSsid) {
-    WifiHostSettings& settings = loaded.load("0\thome\tany\t\n3\twork\tany\t\n", AT_HOME);
-    const WifiNetwork* const home = settings.getNetwork("wlan0", "home");
-    WifiNetwork* const work = settings.getNetwork("wlan0", "work");
+    load("0\thome\tany\t\n3\twork\tany\t\n", AT_HOME);
+    answer("OK\n");
+    const WifiNetwork* const home = network("home");
+    WifiNetwork* const work = network("work");
     work->setSsid("home");
-    ASSERT_EQ(settings.getNetwork("wlan0", "home"), work);
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "home"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 select 3"));
+    ASSERT_EQ(network("home"), work);
+    EXPECT_TRUE(connect("home"));
+    EXPECT_THAT(commands(), ElementsAre("-iwlan0 select 3"));
     EXPECT_EQ(work->getNetworkStatus(), NETWORK_STATUS_ENABLED);
     EXPECT_EQ(home->getNetworkStatus(), NETWORK_STATUS_CONNECTED);
-    EXPECT_EQ(test::currentNetworkOf(settings), home);
-    EXPECT_TRUE(settings.disconnectNetwork("wlan0", "home"));
-    EXPECT_EQ(test::currentNetworkOf(settings), nullptr);
+    EXPECT_EQ(currentNetwork(), home);
+    EXPECT_TRUE(disconnect("home"));
+    EXPECT_EQ(currentNetwork(), nullptr);
 }
 
-TEST_F(ConnectNetwork, ConnectsOneThatIsDisabled) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "cafe"));
-    EXPECT_EQ(statusOf(settings, "cafe"), NETWORK_STATUS_CONNECTING);
-}
-
-TEST_F(ConnectNetwork, FailsWithoutACommandWhenThereIsNoneLikeIt) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
-    loaded.answer("OK\n");
-    const std::string ssids[] = {"",    "h", "Home", std::string(32, 'h'), std::string(200, 'h'),
-                                 "\xff"};
-    for (const std::string& ssid : ssids)
-        EXPECT_FALSE(settings.connectNetwork("wlan0", ssid.c_str())) << ssid;
-    EXPECT_FALSE(settings.connectNetwork("wlan0", nullptr));
-    EXPECT_THAT(loaded.commands(), IsEmpty());
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_CONNECTED);
+TEST_F(ConnectNetwork, FailsWithoutACommandForAnUnknownSsid) {
+    for (const std::string& ssid : UNKNOWN_SSIDS)
+        EXPECT_FALSE(connect(ssid)) << ssid;
+    EXPECT_FALSE(settings().connectNetwork("wlan0", nullptr));
+    EXPECT_THAT(commands(), IsEmpty());
+    EXPECT_EQ(statusOf("home"), NETWORK_STATUS_CONNECTED);
 }
 
 TEST_F(ConnectNetwork, ChangesNothingWhenTheClientFails) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
-    loaded.answer("OK\n", 1);
-    EXPECT_FALSE(settings.connectNetwork("wlan0", "work"));
-    EXPECT_FALSE(settings.connectNetwork("fourteen-chars", "work"));
-    EXPECT_FALSE(settings.connectNetwork("", "work"));
-    EXPECT_FALSE(settings.connectNetwork(nullptr, "work"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 select 3"));
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_CONNECTED);
-    EXPECT_EQ(statusOf(settings, "work"), NETWORK_STATUS_ENABLED);
+    loadAtHome("OK\n", 1);
+    EXPECT_FALSE(connect("work"));
+    for (const char* const iface : BAD_INTERFACES)
+        EXPECT_FALSE(connect("work", iface));
+    EXPECT_THAT(commands(), ElementsAre("-iwlan0 select 3"));
+    EXPECT_EQ(current(), "home");
+    expectStatuses(NETWORK_STATUS_CONNECTED, NETWORK_STATUS_ENABLED, NETWORK_STATUS_DISABLED);
 }
 
 // OP-4
-TEST_F(ConnectNetwork, ReassociatesFirstWhenDisconnected) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, DISCONNECTED);
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "work"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 reassociate", "-iwlan0 select 3"));
-}
-
-TEST_F(ConnectNetwork, DoesNotReassociateInAnyOtherState) {
-    const char* const states[] = {"INACTIVE",    "SCANNING",        "COMPLETED",  "4WAY_HANDSHAKE",
-                                  "ASSOCIATING", "GROUP_HANDSHAKE", "ASSOCIATED", "UNHEARD_OF"};
-    for (const char* const state : states) {
-        WifiHostSettings& settings =
-            loaded.load(NETWORKS, "wpa_state=" + std::string(state) + "\n");
-        loaded.answer("OK\n");
-        EXPECT_TRUE(settings.connectNetwork("wlan0", "work"));
-        EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 select 3")) << state;
+TEST_F(ConnectNetwork, ReassociatesFirstInTheStateDisconnectedAlone) {
+    for (const std::string state :
+         {"INACTIVE", "SCANNING", "COMPLETED", "4WAY_HANDSHAKE", "ASSOCIATING", "GROUP_HANDSHAKE",
+          "ASSOCIATED", "DISCONNECTED", "UNKNOWN_WORD"}) {
+        load(NETWORKS, "wpa_state=" + state + "\n");
+        answer("OK\n");
+        EXPECT_TRUE(connect("work"));
+        Commands expected{"-iwlan0 select 3"};
+        if (state == "DISCONNECTED")
+            expected.insert(expected.begin(), "-iwlan0 reassociate");
+        EXPECT_EQ(commands(), expected) << state;
     }
 }
 
 TEST_F(ConnectNetwork, SelectsNothingWhenItCannotReassociate) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, DISCONNECTED);
-    loaded.answer("FAIL\n");
-    EXPECT_FALSE(settings.connectNetwork("wlan0", "work"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 reassociate"));
-    EXPECT_EQ(statusOf(settings, "work"), NETWORK_STATUS_ENABLED);
+    load(NETWORKS, "wpa_state=DISCONNECTED\n");
+    answer("FAIL\n");
+    EXPECT_FALSE(connect("work"));
+    EXPECT_THAT(commands(), ElementsAre("-iwlan0 reassociate"));
+    EXPECT_EQ(statusOf("work"), NETWORK_STATUS_ENABLED);
 }
 
 TEST_F(ConnectNetwork, FailsWithoutNetworks) {
-    EXPECT_FALSE(loaded.fail().connectNetwork("wlan0", "home"));
-    EXPECT_THAT(loaded.commands(), IsEmpty());
+    fail();
+    EXPECT_FALSE(connect("home"));
+    EXPECT_THAT(commands(), IsEmpty());
 }
 
 class DisconnectNetwork : public ConnectNetwork {};
 
-TEST_F(DisconnectNetwork, DisconnectsAndEnablesIt) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
-    loaded.answer("FAIL\n"); // the exit status alone decides
-    EXPECT_TRUE(settings.disconnectNetwork("wlan1", "home"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan1 disconnect"));
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_ENABLED);
-}
-
-TEST_F(DisconnectNetwork, LeavesItDisabled) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.disconnectNetwork("wlan0", "cafe"));
-    EXPECT_EQ(statusOf(settings, "cafe"), NETWORK_STATUS_DISABLED);
+TEST_F(DisconnectNetwork, DisconnectsAndEnablesItUnlessItIsDisabled) {
+    loadAtHome("FAIL\n"); // the exit status alone decides
+    EXPECT_TRUE(disconnect("home", "wlan1"));
+    EXPECT_TRUE(disconnect("cafe", "wlan1"));
+    EXPECT_THAT(commands(), ElementsAre("-iwlan1 disconnect", "-iwlan1 disconnect"));
+    expectStatuses(NETWORK_STATUS_ENABLED, NETWORK_STATUS_ENABLED, NETWORK_STATUS_DISABLED);
 }
 
 // OP-4
 TEST_F(DisconnectNetwork, MakesTheNextConnectReassociate) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.disconnectNetwork("wlan0", "home"));
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "work"));
-    EXPECT_THAT(loaded.commands(),
+    EXPECT_TRUE(disconnect("home"));
+    EXPECT_EQ(current(), "none");
+    EXPECT_EQ(state(), WPA_STATE_DISCONNECTED);
+    EXPECT_TRUE(connect("work"));
+    EXPECT_THAT(commands(),
                 ElementsAre("-iwlan0 disconnect", "-iwlan0 reassociate", "-iwlan0 select 3"));
 }
 
-TEST_F(DisconnectNetwork, IsNotTheCurrentOneAnyMore) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.disconnectNetwork("wlan0", "home"));
-    setStatus(settings, "home", NETWORK_STATUS_CONNECTED);
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "work"));
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_CONNECTED) << "not touched";
-    setStatus(settings, "work", NETWORK_STATUS_CONNECTED);
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "home"));
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_CONNECTING);
-    EXPECT_EQ(statusOf(settings, "work"), NETWORK_STATUS_ENABLED);
-}
-
 TEST_F(DisconnectNetwork, LeavesAnotherCurrentOneCurrent) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.disconnectNetwork("wlan0", "work"));
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_CONNECTED);
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "work"));
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_ENABLED) << "it was the current one";
-    EXPECT_THAT(loaded.commands(),
-                ElementsAre("-iwlan0 disconnect", "-iwlan0 reassociate", "-iwlan0 select 3"))
-        << "the supplicant is disconnected all the same";
+    EXPECT_TRUE(disconnect("work"));
+    EXPECT_EQ(current(), "home");
+    EXPECT_EQ(statusOf("home"), NETWORK_STATUS_CONNECTED);
+    EXPECT_EQ(state(), WPA_STATE_DISCONNECTED);
 }
 
 // OP-3
-TEST_F(DisconnectNetwork, SucceedsWithoutACommandWhenThereIsNoneLikeIt) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
-    loaded.answer("OK\n", 1);
-    const std::string ssids[] = {"",    "h", "Home", std::string(32, 'h'), std::string(200, 'h'),
-                                 "\xff"};
-    for (const std::string& ssid : ssids)
-        EXPECT_TRUE(settings.disconnectNetwork("wlan0", ssid.c_str())) << ssid;
-    EXPECT_TRUE(settings.disconnectNetwork("wlan0", nullptr));
-    EXPECT_THAT(loaded.commands(), IsEmpty());
-    loaded.standIn.reset();
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "work"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 select 3")) << "not disconnected";
+TEST_F(DisconnectNetwork, SucceedsWithoutACommandForAnUnknownSsid) {
+    loadAtHome("OK\n", 1);
+    for (const std::string& ssid : UNKNOWN_SSIDS)
+        EXPECT_TRUE(disconnect(ssid)) << ssid;
+    EXPECT_TRUE(settings().disconnectNetwork("wlan0", nullptr));
+    EXPECT_THAT(commands(), IsEmpty());
+    EXPECT_EQ(state(), WPA_STATE_COMPLETED);
 }
 
 TEST_F(DisconnectNetwork, ChangesNothingWhenTheClientFails) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, AT_HOME);
-    loaded.answer("OK\n", 1);
-    EXPECT_FALSE(settings.disconnectNetwork("wlan0", "home"));
-    EXPECT_FALSE(settings.disconnectNetwork("fourteen-chars", "home"));
-    EXPECT_FALSE(settings.disconnectNetwork("", "home"));
-    EXPECT_FALSE(settings.disconnectNetwork(nullptr, "home"));
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_CONNECTED);
-    loaded.standIn.reset();
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "work"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 select 3")) << "not disconnected";
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_ENABLED) << "it was the current one";
+    loadAtHome("OK\n", 1);
+    EXPECT_FALSE(disconnect("home"));
+    for (const char* const iface : BAD_INTERFACES)
+        EXPECT_FALSE(disconnect("home", iface));
+    EXPECT_THAT(commands(), ElementsAre("-iwlan0 disconnect"));
+    EXPECT_EQ(statusOf("home"), NETWORK_STATUS_CONNECTED);
+    EXPECT_EQ(current(), "home");
+    EXPECT_EQ(state(), WPA_STATE_COMPLETED);
 }
 
 TEST_F(DisconnectNetwork, SucceedsWithoutNetworks) {
-    EXPECT_TRUE(loaded.fail().disconnectNetwork("wlan0", "home"));
-    EXPECT_THAT(loaded.commands(), IsEmpty());
+    fail();
+    EXPECT_TRUE(disconnect("home"));
+    EXPECT_THAT(commands(), IsEmpty());
 }
 
 } // namespace

@@ -1,16 +1,10 @@
-#include "settings/WifiHostSettings.h"
+// The copies of SSIDs and adapter names that callers get.
 
 #include "LoadedSettings.h"
-#include "supplicant/ReplyLines.h"
 
 #include "support/Checkpoint.h"
+#include "support/Doing.h"
 #include "support/Lines.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <string>
-#include <thread>
 
 using platwifi::ReplyLines;
 using test::toStrings;
@@ -19,139 +13,113 @@ using testing::IsEmpty;
 
 namespace {
 
-const std::string THREE = "0\thome\tany\t\n1\twork\tany\t\n2\tcafe\tany\t\n";
-
-class CopiedSsids : public testing::Test {
+class CopiedNames : public test::SettingsTest {
 protected:
-    static bool copy(WifiHostSettings& settings, ReplyLines& ssids, unsigned char capacity) {
-        ssids.count = 77; // to be set anew
-        return settings.getNetworkDatabaseSsids("wlan0", ssids.data(), capacity, &ssids.count);
+    CopiedNames() {
+        adapters = "wlan0\nwlan1\nwlan2\n";
+        load(test::LoadedHost::linesOf({"home", "work", "cafe"}));
     }
 
-    test::LoadedSettings loaded;
+    static bool copySsids(ReplyLines& out, unsigned char capacity = 32) {
+        out.count = 77; // to be set anew
+        return settings().getNetworkDatabaseSsids("wlan0", out.data(), capacity, &out.count);
+    }
+
+    static bool copyAdapters(ReplyLines& out, unsigned char capacity = 2) {
+        out.count = 77;
+        return settings().getWifiAdapters(out.data(), capacity, &out.count);
+    }
+
+    ReplyLines names{32};
 };
 
-TEST_F(CopiedSsids, AreThoseOfAllNetworksTheLastOneFirst) {
-    WifiHostSettings& settings = loaded.load(THREE);
-    ReplyLines ssids(32);
-    EXPECT_TRUE(copy(settings, ssids, 32));
-    EXPECT_THAT(toStrings(ssids), ElementsAre("cafe", "work", "home"));
-    EXPECT_THAT(loaded.commands(), IsEmpty());
+TEST_F(CopiedNames, AreTheSsidsOfAllNetworksTheLastOneFirst) {
+    EXPECT_TRUE(copySsids(names));
+    EXPECT_THAT(toStrings(names), ElementsAre("cafe", "work", "home"));
+    EXPECT_THAT(commands(), IsEmpty());
 }
 
-TEST_F(CopiedSsids, AreTheCallersOwn) {
-    WifiHostSettings& settings = loaded.load(THREE);
-    ReplyLines ssids(32);
-    EXPECT_TRUE(copy(settings, ssids, 32));
-    ssids.data()[0][0] = 'X';
-    EXPECT_NE(settings.getNetwork("wlan0", "cafe"), nullptr);
+TEST_F(CopiedNames, BelongToTheCaller) {
+    ReplyLines others(2);
+    EXPECT_TRUE(copySsids(names));
+    EXPECT_TRUE(copyAdapters(others));
+    names.data()[0][0] = 'X';
+    EXPECT_NE(network("cafe"), nullptr);
     WifiHostSettings::unload();
-    EXPECT_STREQ(ssids.data()[2], "home");
+    EXPECT_THAT(toStrings(names), ElementsAre("Xafe", "work", "home"));
+    EXPECT_THAT(toStrings(others), ElementsAre("wlan0", "wlan1"));
 }
 
-TEST_F(CopiedSsids, AreAsManyAsThereIsRoomFor) {
-    WifiHostSettings& settings = loaded.load("");
-    loaded.answer("1\n");
+TEST_F(CopiedNames, AreAsManySsidsAsThereIsRoomFor) {
+    load("");
+    answer("1\n");
     for (int i = 0; i <= 32; ++i)
-        EXPECT_TRUE(settings.addNetwork("wlan0", ("n" + std::to_string(i)).c_str()));
+        EXPECT_TRUE(settings().addNetwork("wlan0", ("n" + std::to_string(i)).c_str()));
     struct Row {
         unsigned char capacity;
         unsigned char count;
     };
     for (const Row row : {Row{0, 0}, Row{1, 1}, Row{32, 32}, Row{33, 33}, Row{255, 33}}) {
-        ReplyLines ssids(255);
-        EXPECT_TRUE(copy(settings, ssids, row.capacity));
-        EXPECT_EQ(ssids.count, row.count);
-        EXPECT_EQ(ssids.data()[row.count], nullptr) << "beyond them nothing is touched";
-        EXPECT_STREQ(ssids.data()[0], row.count > 0 ? "n32" : nullptr);
+        ReplyLines copies(255);
+        EXPECT_TRUE(copySsids(copies, row.capacity));
+        EXPECT_EQ(copies.count, row.count);
+        EXPECT_EQ(copies.data()[row.count], nullptr) << "beyond them nothing is touched";
+        EXPECT_STREQ(copies.data()[0], row.count > 0 ? "n32" : nullptr);
     }
 }
 
-TEST_F(CopiedSsids, AreNoneWithoutNetworks) {
-    ReplyLines ssids(32);
-    EXPECT_TRUE(copy(loaded.load(""), ssids, 32));
-    EXPECT_EQ(ssids.count, 0);
-    EXPECT_TRUE(copy(loaded.fail(), ssids, 32));
-    EXPECT_EQ(ssids.count, 0);
-}
-
-TEST_F(CopiedSsids, NeedSomewhereToGo) {
-    WifiHostSettings& settings = loaded.load(THREE);
-    ReplyLines ssids(32);
-    ssids.count = 77;
-    EXPECT_FALSE(settings.getNetworkDatabaseSsids("wlan0", nullptr, 32, &ssids.count));
-    EXPECT_EQ(ssids.count, 77);
-    EXPECT_FALSE(settings.getNetworkDatabaseSsids("wlan0", ssids.data(), 32, nullptr));
-    EXPECT_EQ(ssids.data()[0], nullptr);
-    ssids.count = 0;
-    EXPECT_TRUE(settings.getNetworkDatabaseSsids(nullptr, ssids.data(), 32, &ssids.count));
-    EXPECT_EQ(ssids.count, 3);
-}
-
-class CopiedAdapters : public testing::Test {
-protected:
-    static bool copy(const WifiHostSettings& settings, ReplyLines& names, unsigned char capacity) {
-        names.count = 77;
-        return settings.getWifiAdapters(names.data(), capacity, &names.count);
-    }
-
-    test::LoadedSettings loaded;
-};
-
-// OP-8
-TEST_F(CopiedAdapters, AreTwoAtMostWhateverTheRoom) {
-    loaded.adapters = "wlan0\nwlan1\nwlan2\n";
-    WifiHostSettings& settings = loaded.load(THREE);
-    for (const int capacity : {0, 1, 2, 32, 255}) {
-        ReplyLines names(3);
-        EXPECT_TRUE(copy(settings, names, static_cast<unsigned char>(capacity)));
-        EXPECT_THAT(toStrings(names), ElementsAre("wlan0", "wlan1"));
-        EXPECT_EQ(names.data()[2], nullptr);
-    }
-    EXPECT_THAT(loaded.commands(), IsEmpty());
-}
-
-TEST_F(CopiedAdapters, AreTheCallersOwn) {
-    const WifiHostSettings& settings = loaded.load(THREE);
-    ReplyLines names(2);
-    EXPECT_TRUE(copy(settings, names, 2));
-    WifiHostSettings::unload();
-    EXPECT_THAT(toStrings(names), ElementsAre("wlan0"));
-}
-
-TEST_F(CopiedAdapters, AreNoneWhenNothingWasLoaded) {
-    ReplyLines names(2);
-    EXPECT_TRUE(copy(loaded.fail(), names, 2));
+TEST_F(CopiedNames, AreNoneWhenNothingWasLoaded) {
+    load("");
+    EXPECT_TRUE(copySsids(names));
+    EXPECT_EQ(names.count, 0);
+    fail();
+    EXPECT_TRUE(copySsids(names));
+    EXPECT_EQ(names.count, 0);
+    EXPECT_TRUE(copyAdapters(names));
     EXPECT_EQ(names.count, 0);
     EXPECT_EQ(names.data()[0], nullptr);
 }
 
-TEST_F(CopiedAdapters, NeedSomewhereToGo) {
-    const WifiHostSettings& settings = loaded.load(THREE);
-    ReplyLines names(2);
+TEST_F(CopiedNames, NeedAPlace) {
     names.count = 77;
-    EXPECT_FALSE(settings.getWifiAdapters(nullptr, 2, &names.count));
+    EXPECT_FALSE(settings().getNetworkDatabaseSsids("wlan0", nullptr, 32, &names.count));
+    EXPECT_FALSE(settings().getWifiAdapters(nullptr, 2, &names.count));
     EXPECT_EQ(names.count, 77);
-    EXPECT_FALSE(settings.getWifiAdapters(names.data(), 2, nullptr));
+    EXPECT_FALSE(settings().getNetworkDatabaseSsids("wlan0", names.data(), 32, nullptr));
+    EXPECT_FALSE(settings().getWifiAdapters(names.data(), 2, nullptr));
     EXPECT_EQ(names.data()[0], nullptr);
-    names.count = 0;
+    EXPECT_TRUE(settings().getNetworkDatabaseSsids(nullptr, names.data(), 32, &names.count));
+    EXPECT_EQ(names.count, 3);
 }
 
-// The client stands still while everything is loaded anew, with the settings locked.
 // OP-8
-TEST_F(CopiedAdapters, AreToldWhileAReloadGoesOn) {
-    WifiHostSettings& settings = loaded.load(THREE);
-    test::Checkpoint checkpoint("/tmp/reload");
-    loaded.standIn.on({"interface"}).prints("x\nx\nwlan7\n");
-    loaded.standIn.on({"-iwlan7", "list_networks"}).pausesAt(checkpoint.path()).prints("header\n");
-    loaded.standIn.on({"*"}).prints("");
-    std::thread reload([&] { settings.refreshAllSettings(); });
-    checkpoint.awaitArrival();
-    ReplyLines names(2);
-    EXPECT_TRUE(copy(settings, names, 2));
+TEST_F(CopiedNames, AreTwoAdaptersAtMostWhateverTheRoom) {
+    for (const int capacity : {0, 1, 2, 32, 255}) {
+        ReplyLines copies(3);
+        EXPECT_TRUE(copyAdapters(copies, static_cast<unsigned char>(capacity)));
+        EXPECT_THAT(toStrings(copies), ElementsAre("wlan0", "wlan1"));
+        EXPECT_EQ(copies.data()[2], nullptr);
+    }
+    EXPECT_THAT(commands(), IsEmpty());
+}
+
+// The adapters are available before a reload has ended, which holds the lock.
+// OP-8
+TEST_F(CopiedNames, AreTheAdaptersThatAReloadHasReadSoFar) {
+    test::Checkpoint beginning("/tmp/beginning");
+    test::Checkpoint middle("/tmp/middle");
+    standIn.on({"interface"}).pausesAt(beginning.path()).prints("x\nx\nwlan7\n");
+    standIn.on({"-iwlan7", "list_networks"}).pausesAt(middle.path()).prints("header\n");
+    answer("");
+    const test::Doing reloading([] { settings().refreshAllSettings(); });
+    beginning.awaitArrival();
+    EXPECT_TRUE(copyAdapters(names));
+    EXPECT_EQ(names.count, 0);
+    beginning.letGo();
+    middle.awaitArrival();
+    EXPECT_TRUE(copyAdapters(names));
     EXPECT_THAT(toStrings(names), ElementsAre("wlan7"));
-    checkpoint.letGo();
-    reload.join();
+    middle.letGo();
 }
 
 } // namespace

@@ -1,8 +1,6 @@
-// Which network an adapter is on, as the status report tells it.
+// The current network of an adapter, by the supplicant's status.
 
-#include "StatusFixture.h"
-
-#include "MissingWifiUtil.h"
+#include "LoadedSettings.h"
 #include "RecordedLocks.h"
 
 using testing::ElementsAre;
@@ -10,20 +8,30 @@ using testing::IsEmpty;
 
 namespace {
 
-class CurrentNetwork : public test::StatusFixture {
+class CurrentNetwork : public test::SettingsTest {
 protected:
-    CurrentNetwork() { loadBoth(); }
+    CurrentNetwork() { load(test::LoadedHost::linesOf({"home", "work"})); }
 
-    /// The SSID of what is returned, which is also what is kept; "none" for null.
-    std::string ask(const char* adapter = "wlan0") const {
+    /// The SSID of the result, which is also what is kept; "none" for null.
+    static std::string ask(const char* adapter = "wlan0") {
         const WifiNetwork* const found = settings().getCurrentNetwork(adapter);
-        EXPECT_EQ(found, test::currentNetworkOf(settings()));
+        EXPECT_EQ(found, currentNetwork());
         return found ? found->getSsid() : "none";
     }
 
-    std::string askWith(const std::string& report) {
-        replies("", report);
+    void answerStatus(const std::string& status) {
+        standIn.reset();
+        standIn.on({"-iwlan0", "status"}).prints(status);
+    }
+
+    std::string askWith(const std::string& status) {
+        answerStatus(status);
         return ask();
+    }
+
+    static void atHome(unsigned int status) {
+        setCurrent("home");
+        setStatus("home", status);
     }
 };
 
@@ -45,7 +53,7 @@ TEST_F(CurrentNetwork, IsNullAndStaysForNoAdapter) {
 
 TEST_F(CurrentNetwork, IsThatOfTheFirstSsidAtTheBeginningOfALine) {
     struct Row {
-        const char* report;
+        const char* status;
         const char* ssid;
     };
     const Row rows[] = {
@@ -62,47 +70,46 @@ TEST_F(CurrentNetwork, IsThatOfTheFirstSsidAtTheBeginningOfALine) {
         {"ssid=ssid=home\n", "none"},
     };
     for (const Row& row : rows) {
-        SCOPED_TRACE(row.report);
-        setCurrent(nullptr);
-        EXPECT_EQ(askWith(row.report), row.ssid);
+        SCOPED_TRACE(row.status);
+        setNoCurrent();
+        EXPECT_EQ(askWith(row.status), row.ssid);
     }
 }
 
 TEST_F(CurrentNetwork, HasTheTextBehindTheFirstEqualsSign) {
-    record("work")->setSsid("a=b");
+    network("work")->setSsid("a=b");
     EXPECT_EQ(askWith("ssid=a=b\n"), "a=b");
 }
 
 // STATUS-10
 TEST_F(CurrentNetwork, StaysWithoutAnSsid) {
-    setStatus("home", NETWORK_STATUS_CONNECTED);
-    for (const char* const report :
+    for (const char* const status :
          {"", "bssid=work\n", "wpa_state=DISCONNECTED\n", "id=1\n ssid=work\n", "FAIL\n"}) {
-        SCOPED_TRACE(report);
-        setCurrent("home");
-        EXPECT_EQ(askWith(report), "home");
+        SCOPED_TRACE(status);
+        atHome(NETWORK_STATUS_CONNECTED);
+        EXPECT_EQ(askWith(status), "home");
         EXPECT_EQ(statusOf("home"), NETWORK_STATUS_CONNECTED);
-        setCurrent(nullptr);
-        EXPECT_EQ(askWith(report), "none");
+        setNoCurrent();
+        EXPECT_EQ(askWith(status), "none");
     }
 }
 
 TEST_F(CurrentNetwork, IsLookedForInTheFirst16Lines) {
-    std::string report;
+    std::string status;
     for (int i = 0; i < 15; ++i)
-        report += "line=" + std::to_string(i) + "\n";
-    EXPECT_EQ(askWith(report + "one more\nssid=home\n"), "none");
-    EXPECT_EQ(askWith(report + "ssid=home\n"), "home");
+        status += "line=" + std::to_string(i) + "\n";
+    EXPECT_EQ(askWith(status + "one more\nssid=home\n"), "none");
+    EXPECT_EQ(askWith(status + "ssid=home\n"), "home");
 }
 
-// Only the network that is left gets another status.
+// Only the previous network gets another status.
 // STATUS-11
-TEST_F(CurrentNetwork, LeavesTheOneBeforeEnabledUnlessItIsDisabled) {
+TEST_F(CurrentNetwork, EnablesThePreviousOneUnlessItIsDisabled) {
     struct Row {
-        const char* report;
+        const char* status;
         unsigned int before;
         const char* current;
-        int after;
+        unsigned int after;
     };
     const Row rows[] = {
         {"ssid=work\n", NETWORK_STATUS_CONNECTED, "work", NETWORK_STATUS_ENABLED},
@@ -116,82 +123,69 @@ TEST_F(CurrentNetwork, LeavesTheOneBeforeEnabledUnlessItIsDisabled) {
     };
     setStatus("work", NETWORK_STATUS_DISABLED);
     for (const Row& row : rows) {
-        SCOPED_TRACE(row.report);
-        setStatus("home", row.before);
-        setCurrent("home");
-        EXPECT_EQ(askWith(row.report), row.current);
+        SCOPED_TRACE(row.status);
+        atHome(row.before);
+        EXPECT_EQ(askWith(row.status), row.current);
         EXPECT_EQ(statusOf("home"), row.after);
         EXPECT_EQ(statusOf("work"), NETWORK_STATUS_DISABLED);
     }
 }
 
-TEST_F(CurrentNetwork, StaysWhenAnotherNetworkHasItsName) {
+TEST_F(CurrentNetwork, StaysWhenAnotherNetworkHasItsSsid) {
     setCurrent("home");
-    const WifiNetwork* const home = record("home");
-    record("work")->setSsid("home");
+    const WifiNetwork* const home = network("home");
+    network("work")->setSsid("home");
     EXPECT_EQ(askWith("ssid=home\n"), "home");
-    EXPECT_EQ(test::currentNetworkOf(settings()), home);
+    EXPECT_EQ(currentNetwork(), home);
 }
 
 // STATUS-10
-TEST_F(CurrentNetwork, IsNoneWhenTheSupplicantDoesNotAnswer) {
+TEST_F(CurrentNetwork, IsNoneWithoutAnAnswer) {
     standIn.on({"*"}).prints("ssid=home\n").exits(255);
     EXPECT_EQ(ask(), "none") << "there was none before";
-    setStatus("home", NETWORK_STATUS_CONNECTED);
-    setCurrent("home");
+    atHome(NETWORK_STATUS_CONNECTED);
     EXPECT_EQ(ask(), "none");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
-    setStatus("home", NETWORK_STATUS_DISABLED);
-    setCurrent("home");
+    atHome(NETWORK_STATUS_DISABLED);
     EXPECT_EQ(ask(), "none");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_DISABLED);
 }
 
 TEST_F(CurrentNetwork, IsNoneWhenNoCommandCanNameTheAdapter) {
-    setStatus("home", NETWORK_STATUS_CONNECTED);
-    setCurrent("home");
+    atHome(NETWORK_STATUS_CONNECTED);
     EXPECT_EQ(ask("fourteen-chars"), "none");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
     EXPECT_THAT(commands(), IsEmpty());
 }
 
-TEST_F(CurrentNetwork, IsNoneWithoutWifiUtil) {
-    const test::MissingWifiUtil missing;
-    setStatus("home", NETWORK_STATUS_CONNECTED);
-    setCurrent("home");
-    EXPECT_EQ(ask(), "none");
-    EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
-    setStatus("home", NETWORK_STATUS_DISABLED);
-    setCurrent("home");
-    EXPECT_EQ(ask(), "none");
-    EXPECT_EQ(statusOf("home"), NETWORK_STATUS_DISABLED);
-}
-
 TEST_F(CurrentNetwork, LeavesTheSupplicantsStateAlone) {
-    setState(WPA_STATE_SCANNING);
+    setState("SCANNING");
     EXPECT_EQ(askWith("ssid=home\nwpa_state=COMPLETED\n"), "home");
-    EXPECT_EQ(test::supplicantStateOf(settings()), WPA_STATE_SCANNING);
+    EXPECT_EQ(state(), WPA_STATE_SCANNING);
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
 }
 
-TEST_F(CurrentNetwork, IsNoneOfAnInstanceThatCouldNotBeLoaded) {
-    standIn.on({"*"}).exits(255);
-    load();
+TEST_F(CurrentNetwork, IsNoneAfterALoadThatFailed) {
+    fail();
     EXPECT_EQ(askWith("ssid=home\n"), "none");
     EXPECT_THAT(commands(), ElementsAre("-iwlan0 status"));
 }
 
-// Its caller holds the others, for as long as it uses the network.
+// The caller holds the other locks, as long as it uses the network.
 TEST_F(CurrentNetwork, IsSetUnderTheLockOfTheStateAlone) {
     const test::SettingsMutexes locks(settings());
     const test::LockEvents once{{true, locks.all[2]}, {false, locks.all[2]}};
-    EXPECT_EQ(locks.among(test::eventsOf([&] { askWith("ssid=home\n"); })), once);
-    EXPECT_EQ(locks.among(test::eventsOf([&] { askWith("ssid=home\n"); })), once);
-    EXPECT_THAT(locks.among(test::eventsOf([&] { askWith(""); })), IsEmpty());
-    standIn.reset();
-    standIn.on({"*"}).exits(255);
-    EXPECT_EQ(locks.among(test::eventsOf([&] { ask(); })), once);
-    EXPECT_THAT(test::eventsOf([&] { settings().getCurrentNetwork(nullptr); }), IsEmpty());
+    const auto eventsOfAsking = [&locks] {
+        return locks.among(test::eventsOf([] { settings().getCurrentNetwork("wlan0"); }));
+    };
+    answerStatus("ssid=home\n");
+    EXPECT_EQ(eventsOfAsking(), once);
+    EXPECT_EQ(eventsOfAsking(), once);
+    answerStatus("");
+    EXPECT_THAT(eventsOfAsking(), IsEmpty());
+    standIn.reset(); // no answer
+    EXPECT_EQ(eventsOfAsking(), once);
+    EXPECT_THAT(test::eventsOf([] { settings().getCurrentNetwork(nullptr); }), IsEmpty());
 }
 
 } // namespace

@@ -1,37 +1,40 @@
-// The supplicant's state, and what its report tells of the current network on the way.
+// The supplicant's state, and what the same status says of the current network.
 
-#include "StatusFixture.h"
-
-#include "MissingWifiUtil.h"
+#include "LoadedSettings.h"
 #include "RecordedLocks.h"
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
 
-class CurrentStatus : public test::StatusFixture {
+class CurrentStatus : public test::SettingsTest {
 protected:
-    CurrentStatus() { loadBoth(); }
+    CurrentStatus() { load(test::LoadedHost::linesOf({"home", "work"})); }
 
-    /// What is returned, which is also what is kept.
+    /// The result, which is also what is kept.
     static unsigned int ask(const char* adapter = "wlan0") {
-        const unsigned int state = settings().getCurrentStatus(adapter);
-        EXPECT_EQ(state, test::supplicantStateOf(settings()));
-        return state;
+        const unsigned int result = settings().getCurrentStatus(adapter);
+        EXPECT_EQ(result, state());
+        return result;
     }
 
-    unsigned int askWith(const std::string& report) {
-        replies("", report);
+    unsigned int askWith(const std::string& status) {
+        standIn.reset();
+        standIn.on({"-iwlan0", "status"}).prints(status);
         return ask();
+    }
+
+    static void atHome(unsigned int status) {
+        setCurrent("home");
+        setStatus("home", status);
     }
 };
 
 TEST_F(CurrentStatus, IsUnknownAndStaysForNoAdapter) {
-    setState(WPA_STATE_COMPLETED);
+    setState("COMPLETED");
     setCurrent("home");
     EXPECT_EQ(settings().getCurrentStatus(nullptr), WPA_STATE_UNKNOWN);
-    EXPECT_EQ(test::supplicantStateOf(settings()), WPA_STATE_COMPLETED);
+    EXPECT_EQ(state(), WPA_STATE_COMPLETED);
     EXPECT_EQ(current(), "home");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
     EXPECT_THAT(commands(), IsEmpty());
@@ -70,35 +73,34 @@ TEST_F(CurrentStatus, IsTheFirstStateThatTheLineHolds) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.line);
-        setState(row.state == WPA_STATE_UNKNOWN ? WPA_STATE_COMPLETED : WPA_STATE_UNKNOWN);
+        setState(row.state == WPA_STATE_UNKNOWN ? "COMPLETED" : "ODD");
         EXPECT_EQ(askWith(std::string(row.line) + "\n"), row.state);
     }
 }
 
 TEST_F(CurrentStatus, StaysWithoutALineOfIt) {
-    setState(WPA_STATE_ASSOCIATED);
+    setState("ASSOCIATED");
     setCurrent("home");
-    for (const char* const report : {"", "FAIL\n", "state=COMPLETED\nwpa_state\n"})
-        EXPECT_EQ(askWith(report), WPA_STATE_ASSOCIATED) << report;
+    for (const char* const status : {"", "FAIL\n", "state=COMPLETED\nwpa_state\n"})
+        EXPECT_EQ(askWith(status), WPA_STATE_ASSOCIATED) << status;
     EXPECT_EQ(current(), "home");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_CONNECTING);
 }
 
 TEST_F(CurrentStatus, IsLookedForInTheFirst16Lines) {
-    std::string report;
+    std::string status;
     for (int i = 0; i < 15; ++i)
-        report += "line=" + std::to_string(i) + "\n";
-    setState(WPA_STATE_IDLE);
-    EXPECT_EQ(askWith(report + "one more\nwpa_state=COMPLETED\n"), WPA_STATE_IDLE);
-    EXPECT_EQ(askWith(report + "wpa_state=COMPLETED\n"), WPA_STATE_COMPLETED);
+        status += "line=" + std::to_string(i) + "\n";
+    EXPECT_EQ(askWith(status + "one more\nwpa_state=COMPLETED\n"), WPA_STATE_IDLE);
+    EXPECT_EQ(askWith(status + "wpa_state=COMPLETED\n"), WPA_STATE_COMPLETED);
 }
 
 // STATUS-12
-TEST_F(CurrentStatus, SettlesTheCurrentNetwork) {
+TEST_F(CurrentStatus, SetsTheStatusOfTheCurrentNetwork) {
     struct Row {
         const char* state;
         unsigned int before;
-        int after;
+        unsigned int after;
         const char* current;
     };
     const Row rows[] = {
@@ -117,20 +119,18 @@ TEST_F(CurrentStatus, SettlesTheCurrentNetwork) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.state);
-        setStatus("home", row.before);
-        setCurrent("home");
+        atHome(row.before);
         askWith(std::string("wpa_state=") + row.state + "\n");
         EXPECT_EQ(statusOf("home"), row.after);
         EXPECT_EQ(current(), row.current);
     }
 }
 
-// Unlike getCurrentNetwork(), the network that is left is enabled even if it was disabled.
+// Unlike getCurrentNetwork(), it enables the previous network even if that was disabled.
 // STATUS-11
-TEST_F(CurrentStatus, FollowsTheSsidAndEnablesTheNetworkThatIsLeft) {
+TEST_F(CurrentStatus, FollowsTheSsidAndEnablesThePreviousNetwork) {
     for (const unsigned int before : {NETWORK_STATUS_CONNECTED, NETWORK_STATUS_DISABLED}) {
-        setStatus("home", before);
-        setCurrent("home");
+        atHome(before);
         EXPECT_EQ(askWith("ssid=work\nwpa_state=COMPLETED\n"), WPA_STATE_COMPLETED);
         EXPECT_EQ(current(), "work");
         EXPECT_EQ(statusOf("work"), NETWORK_STATUS_CONNECTED);
@@ -141,43 +141,41 @@ TEST_F(CurrentStatus, FollowsTheSsidAndEnablesTheNetworkThatIsLeft) {
     EXPECT_EQ(statusOf("work"), NETWORK_STATUS_ENABLED);
 }
 
-TEST_F(CurrentStatus, KeepsTheCurrentNetworkThatTheReportNames) {
-    const WifiNetwork* const home = record("home");
+TEST_F(CurrentStatus, KeepsTheCurrentNetworkThatItNames) {
+    const WifiNetwork* const home = network("home");
     setCurrent("home");
-    record("work")->setSsid("home");
+    network("work")->setSsid("home");
     askWith("wpa_state=COMPLETED\nssid=home\n");
-    EXPECT_EQ(test::currentNetworkOf(settings()), home) << "not the other one of this name";
+    EXPECT_EQ(currentNetwork(), home) << "not the other one with this SSID";
 }
 
-// Unlike loading, which passes over it.
+// Unlike a load, which ignores it.
 // STATUS-9
 TEST_F(CurrentStatus, TakesABssidForAnSsid) {
-    setStatus("home", NETWORK_STATUS_CONNECTED);
-    setCurrent("home");
+    atHome(NETWORK_STATUS_CONNECTED);
     EXPECT_EQ(askWith("bssid=02:00:00:00:01:00\nwpa_state=COMPLETED\n"), WPA_STATE_COMPLETED);
     EXPECT_EQ(current(), "none");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
-    record("work")->setSsid("02:00:00:00:01:00");
+    network("work")->setSsid("02:00:00:00:01:00");
     askWith("bssid=02:00:00:00:01:00\nwpa_state=COMPLETED\n");
     EXPECT_EQ(current(), "02:00:00:00:01:00");
 }
 
 // STATUS-9
 TEST_F(CurrentStatus, FindsTheNetworkAgainBehindABssid) {
-    setStatus("home", NETWORK_STATUS_CONNECTED);
-    setCurrent("home");
+    atHome(NETWORK_STATUS_CONNECTED);
     askWith("bssid=02:00:00:00:01:00\nssid=home\nwpa_state=COMPLETED\n");
     EXPECT_EQ(current(), "home");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_CONNECTED);
-    // What happened in between shows where nothing follows that hides it.
-    setState(WPA_STATE_IDLE);
-    setStatus("home", NETWORK_STATUS_DISABLED);
+    // Without a state behind it, the change in between shows.
+    setState("INACTIVE");
+    atHome(NETWORK_STATUS_DISABLED);
     askWith("bssid=02:00:00:00:01:00\nssid=home\n");
     EXPECT_EQ(current(), "none");
-    EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED) << "it was left, and then found";
+    EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED) << "cleared, and then found";
 }
 
-// A line is of the state first, and other keys in it do not matter: loading sees both the other way.
+// A line with both keys is one of the state. A load reads both the other way.
 TEST_F(CurrentStatus, TakesALineOfTheStateForNothingElse) {
     setCurrent("home");
     EXPECT_EQ(askWith("ssid=work wpa_state=COMPLETED\n"), WPA_STATE_COMPLETED);
@@ -196,56 +194,41 @@ TEST_F(CurrentStatus, LetsTheLastLineOfAKindCount) {
 }
 
 TEST_F(CurrentStatus, HasTheSsidBehindTheFirstEqualsSign) {
-    record("work")->setSsid("a=b");
+    network("work")->setSsid("a=b");
     askWith("ssid=a=b\nwpa_state=COMPLETED\n");
     EXPECT_EQ(current(), "a=b");
-    record("home")->setSsid("1 ssid=c");
+    network("home")->setSsid("1 ssid=c");
     askWith("x=1 ssid=c\n");
     EXPECT_EQ(current(), "1 ssid=c");
 }
 
-TEST_F(CurrentStatus, IsUnknownWhenTheSupplicantDoesNotAnswer) {
+TEST_F(CurrentStatus, IsUnknownWithoutAnAnswer) {
     standIn.on({"*"}).prints("wpa_state=COMPLETED\n").exits(255);
-    setState(WPA_STATE_COMPLETED);
-    setStatus("home", NETWORK_STATUS_CONNECTED);
-    setCurrent("home");
-    EXPECT_EQ(ask(), WPA_STATE_UNKNOWN);
-    EXPECT_EQ(current(), "none");
-    EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
-    setStatus("home", NETWORK_STATUS_DISABLED);
-    setCurrent("home");
-    EXPECT_EQ(ask(), WPA_STATE_UNKNOWN);
-    EXPECT_EQ(current(), "none");
-    EXPECT_EQ(statusOf("home"), NETWORK_STATUS_DISABLED);
+    for (const unsigned int before : {NETWORK_STATUS_CONNECTED, NETWORK_STATUS_DISABLED}) {
+        setState("COMPLETED");
+        atHome(before);
+        EXPECT_EQ(ask(), WPA_STATE_UNKNOWN);
+        EXPECT_EQ(current(), "none");
+        const bool wasDisabled = before == NETWORK_STATUS_DISABLED;
+        EXPECT_EQ(statusOf("home"), wasDisabled ? before : NETWORK_STATUS_ENABLED);
+    }
 }
 
-TEST_F(CurrentStatus, IsUnknownWithoutWifiUtil) {
-    const test::MissingWifiUtil missing;
-    setState(WPA_STATE_COMPLETED);
-    setStatus("home", NETWORK_STATUS_CONNECTED);
-    setCurrent("home");
-    EXPECT_EQ(ask(), WPA_STATE_UNKNOWN);
-    EXPECT_EQ(current(), "none");
-    EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
-}
-
-TEST_F(CurrentStatus, IsUnknownOfAnInstanceThatCouldNotBeLoaded) {
-    standIn.on({"*"}).exits(255);
-    load();
+TEST_F(CurrentStatus, IsUnknownAfterALoadThatFailed) {
+    fail();
     EXPECT_EQ(askWith("wpa_state=COMPLETED\n"), WPA_STATE_UNKNOWN);
     EXPECT_THAT(commands(), IsEmpty()) << "there is no adapter to ask";
 }
 
-// Its caller holds the others.
+// The caller holds the other locks.
 TEST_F(CurrentStatus, IsSetUnderTheLockOfTheStateAlone) {
     const test::SettingsMutexes locks(settings());
-    const auto events = locks.among(
-        test::eventsOf([&] { askWith("bssid=x\nid=0\nssid=home\nwpa_state=COMPLETED\n"); }));
+    standIn.on({"-iwlan0", "status"}).prints("bssid=x\nid=0\nssid=home\nwpa_state=COMPLETED\n");
     test::LockEvents expected;
-    for (int change = 0; change < 4; ++change) // both names, the state, and the end
+    for (int change = 0; change < 4; ++change) // both SSIDs, the state, and the end
         expected.insert(expected.end(), {{true, locks.all[2]}, {false, locks.all[2]}});
-    EXPECT_EQ(events, expected);
-    EXPECT_THAT(test::eventsOf([&] { settings().getCurrentStatus(nullptr); }), IsEmpty());
+    EXPECT_EQ(locks.among(test::eventsOf([] { settings().getCurrentStatus("wlan0"); })), expected);
+    EXPECT_THAT(test::eventsOf([] { settings().getCurrentStatus(nullptr); }), IsEmpty());
 }
 
 } // namespace

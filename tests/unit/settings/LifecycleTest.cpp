@@ -1,56 +1,48 @@
-// The instance: made once, locked, reloaded, ended.
+// The instance: made once, locked, reloaded, unloaded.
 
-#include "settings/WifiHostSettings.h"
+#include "LoadedSettings.h"
 
-#include "model/WifiNetwork.h"
 #include "settings/NullExceptionHandler.h"
-#include "supplicant/WifiUtil.h"
 #include "support/Doing.h"
-#include "support/LoadedHost.h"
 #include "support/ThreadState.h"
 
-#include <gtest/gtest.h>
-
-#include <array>
-#include <atomic>
 #include <filesystem>
 #include <memory>
 #include <type_traits>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 namespace {
 
 const test::Arguments LIST{"-iwlan0", "list_networks"};
 
-class Lifecycle : public testing::Test {
+class Lifecycle : public test::SettingsTest {
 protected:
-    ~Lifecycle() override {
-        WifiHostSettings::unload();
-        WifiUtil::unload();
+    /// The client lists these networks in all loads from now on.
+    void serve(const std::vector<std::string>& ssids) {
+        scriptLoad(test::LoadedHost::linesOf(ssids));
     }
 
-    test::LoadedHost host;
+    void serveNothing() {
+        standIn.reset();
+        answer("", 255);
+    }
+
+    static unsigned char adapterCount() {
+        char* names[2] = {nullptr, nullptr};
+        unsigned char count = 9;
+        EXPECT_TRUE(settings().getWifiAdapters(names, 2, &count));
+        for (const char* const name : names)
+            delete[] name;
+        return count;
+    }
 };
 
-bool hasNetwork(WifiHostSettings& settings, const char* ssid) {
-    settings.lockSettings();
-    const bool found = settings.getNetwork("wlan0", ssid) != nullptr;
-    settings.unlockSettings();
-    return found;
-}
-
-unsigned int adapters(const WifiHostSettings& settings) {
-    std::array<char*, 2> names{};
-    unsigned char count = 9;
-    EXPECT_TRUE(settings.getWifiAdapters(names.data(), 2, &count));
-    for (const char* name : names)
-        delete[] name;
-    return count;
-}
-
-/// A handler that must not be touched once it is gone.
-class Watched : public NullExceptionHandler {
+/// A handler that must not be used after its end.
+class CountingHandler : public NullExceptionHandler {
 public:
-    explicit Watched(int& reports) : m_reports(reports) {}
+    explicit CountingHandler(int& reports) : m_reports(reports) {}
     void error(MessageBundle* /*bundle*/) override { ++m_reports; }
 
 private:
@@ -58,177 +50,117 @@ private:
 };
 
 TEST_F(Lifecycle, ThereIsOneInstanceLoadedOnce) {
-    host.answers({"home"});
+    serve({"home"});
+    int reports = 0;
+    CountingHandler handler(reports);
     WifiHostSettings* const first = WifiHostSettings::getInstance(nullptr);
     ASSERT_NE(first, nullptr);
-    EXPECT_TRUE(hasNetwork(*first, "home"));
-    int reports = 0;
-    Watched handler(reports);
+    EXPECT_THAT(ssids(), ElementsAre("home"));
     EXPECT_EQ(WifiHostSettings::getInstance(&handler), first);
-    EXPECT_EQ(host.callsOf(LIST), 1U);
+    EXPECT_EQ(standIn.callsOf(LIST), 1U);
     EXPECT_EQ(reports, 0);
 }
 
 // API-11
 TEST_F(Lifecycle, AHandlerIsNeitherUsedNorKept) {
-    host.on({"*"}).exits(255);
+    serveNothing();
     int reports = 0;
-    auto handler = std::make_unique<Watched>(reports);
-    WifiHostSettings* const settings = WifiHostSettings::getInstance(handler.get());
+    auto handler = std::make_unique<CountingHandler>(reports);
+    WifiHostSettings* const instance = WifiHostSettings::getInstance(handler.get());
     handler.reset();
-    ASSERT_NE(settings, nullptr);
-    EXPECT_FALSE(settings->addNetwork("wlan0", "home"));
-    EXPECT_TRUE(settings->refreshAllSettings());
-    EXPECT_EQ(reports, 0) << "a load that fails tells so by its result alone";
+    ASSERT_NE(instance, nullptr);
+    EXPECT_FALSE(instance->addNetwork("wlan0", "home"));
+    EXPECT_TRUE(instance->refreshAllSettings());
+    EXPECT_EQ(reports, 0) << "the result alone shows that a load failed";
 }
 
 TEST_F(Lifecycle, UnloadWithoutAnInstanceDoesNothing) {
     WifiHostSettings::unload();
     WifiHostSettings::unload();
-    EXPECT_TRUE(host.calls().empty());
+    EXPECT_THAT(commands(), IsEmpty());
 }
 
-TEST_F(Lifecycle, AfterUnloadTheNextCallMakesAndLoadsANewOne) {
-    host.answers({"home"});
-    WifiHostSettings::getInstance(nullptr);
+TEST_F(Lifecycle, AfterUnloadTheNextCallLoadsAgain) {
+    serve({"home"});
+    settings();
     WifiHostSettings::unload();
-    EXPECT_EQ(host.callsOf(LIST), 1U);
-    EXPECT_TRUE(hasNetwork(*WifiHostSettings::getInstance(nullptr), "home"));
-    EXPECT_EQ(host.callsOf(LIST), 2U);
+    EXPECT_EQ(standIn.callsOf(LIST), 1U);
+    EXPECT_THAT(ssids(), ElementsAre("home"));
+    EXPECT_EQ(standIn.callsOf(LIST), 2U);
 }
 
-TEST_F(Lifecycle, ReloadMakesANewOneAlsoWhereThereIsNone) {
-    host.answers({"home"});
-    EXPECT_TRUE(hasNetwork(*WifiHostSettings::reload(nullptr), "home"));
-    host.reset();
-    host.answers({"office"});
-    WifiHostSettings* const second = WifiHostSettings::reload(nullptr);
-    EXPECT_FALSE(hasNetwork(*second, "home"));
-    EXPECT_TRUE(hasNetwork(*second, "office"));
-    EXPECT_EQ(WifiHostSettings::getInstance(nullptr), second);
+TEST_F(Lifecycle, ReloadLoadsAlsoWhereNothingIsLoaded) {
+    serve({"home"});
+    const WifiHostSettings& first = reload();
+    EXPECT_THAT(ssids(), ElementsAre("home"));
+    serve({"office"});
+    EXPECT_EQ(&reload(), &first);
+    EXPECT_THAT(ssids(), ElementsAre("office"));
 }
 
 TEST_F(Lifecycle, AFailedLoadLeavesAnInstanceThatAnswersItsFailureValues) {
-    host.on({"*"}).exits(255);
-    WifiHostSettings* const settings = WifiHostSettings::getInstance(nullptr);
-    ASSERT_NE(settings, nullptr);
-    EXPECT_EQ(adapters(*settings), 0U);
-    EXPECT_FALSE(hasNetwork(*settings, "home"));
-    EXPECT_FALSE(settings->addNetwork("wlan0", "home"));
-    EXPECT_TRUE(settings->removeNetwork("wlan0", "home"));
-    EXPECT_FALSE(settings->connectNetwork("wlan0", "home"));
-    EXPECT_TRUE(settings->disconnectNetwork("wlan0", "home"));
-    EXPECT_FALSE(settings->roamNetworks("wlan0"));
-    unsigned char count = 9;
-    std::array<char*, 2> ssids{};
-    EXPECT_TRUE(settings->getNetworkDatabaseSsids("wlan0", ssids.data(), 2, &count));
-    EXPECT_EQ(count, 0U);
-    EXPECT_EQ(WifiHostSettings::getInstance(nullptr), settings) << "nothing tries again by itself";
+    serveNothing();
+    WifiHostSettings& failed = settings();
+    EXPECT_EQ(adapterCount(), 0U);
+    EXPECT_THAT(ssids(), IsEmpty());
+    EXPECT_FALSE(failed.addNetwork("wlan0", "home"));
+    EXPECT_TRUE(failed.removeNetwork("wlan0", "home"));
+    EXPECT_FALSE(failed.connectNetwork("wlan0", "home"));
+    EXPECT_TRUE(failed.disconnectNetwork("wlan0", "home"));
+    EXPECT_FALSE(failed.roamNetworks("wlan0"));
+    EXPECT_EQ(standIn.callsOf({"interface"}), 1U) << "the load is not tried again";
 }
 
 TEST_F(Lifecycle, AFailedLoadEndsTheRefreshThread) {
-    host.on({"*"}).exits(255);
-    WifiHostSettings::getInstance(nullptr);
-    ASSERT_FALSE(std::filesystem::exists("/dev/shm/wifi_shmem")) << "its watchdog is still there";
+    serveNothing();
+    settings();
+    EXPECT_FALSE(std::filesystem::exists("/dev/shm/wifi_shmem")) << "its watchdog is still there";
     test::awaitNoThreadNamed("tWifiRefreshWat"); // as much as the system keeps
 }
 
-TEST_F(Lifecycle, ReloadRecoversOnceTheSupplicantIsBack) {
-    host.on({"*"}).exits(255);
-    WifiHostSettings* const failed = WifiHostSettings::getInstance(nullptr);
-    host.reset();
-    host.answers({"home"});
-    EXPECT_FALSE(hasNetwork(*WifiHostSettings::getInstance(nullptr), "home"));
-    EXPECT_TRUE(failed->refreshAllSettings()) << "always, although it has no list to fill";
-    EXPECT_FALSE(hasNetwork(*failed, "home"));
-    EXPECT_TRUE(hasNetwork(*WifiHostSettings::reload(nullptr), "home"));
-}
-
 TEST_F(Lifecycle, AHostWithoutAdapterHasAnInstanceWithoutNetworks) {
-    host.on({"interface"}).prints("Selected interface 'wlan0'\nAvailable interfaces:\n");
-    host.answers({"home"});
-    WifiHostSettings* const settings = WifiHostSettings::getInstance(nullptr);
-    EXPECT_FALSE(hasNetwork(*settings, "home"));
-    EXPECT_EQ(host.callsOf(LIST), 0U);
-    EXPECT_TRUE(settings->refreshAllSettings());
+    adapters = "";
+    serve({"home"});
+    EXPECT_THAT(ssids(), IsEmpty());
+    EXPECT_EQ(standIn.callsOf(LIST), 0U);
+    EXPECT_TRUE(settings().refreshAllSettings());
 }
 
 // LOAD-25
 TEST_F(Lifecycle, ARefreshDiscardsEverythingAndLoadsItAgain) {
-    host.answers({"home", "office"});
-    WifiHostSettings* const settings = WifiHostSettings::getInstance(nullptr);
-    settings->lockSettings();
-    settings->getNetwork("wlan0", "home")->setPriority(77);
-    settings->unlockSettings();
-    host.reset();
-    host.answers({"home"});
-    EXPECT_TRUE(settings->refreshAllSettings());
-    EXPECT_FALSE(hasNetwork(*settings, "office"));
-    settings->lockSettings();
-    EXPECT_EQ(settings->getNetwork("wlan0", "home")->getPriority(), 0U);
-    EXPECT_FALSE(settings->getNetwork("wlan0", "home")->getNetworkDirty());
-    settings->unlockSettings();
-    EXPECT_EQ(adapters(*settings), 1U);
+    load(test::LoadedHost::linesOf({"home", "office"}));
+    network("home")->setPriority(77);
+    refreshAll(test::LoadedHost::linesOf({"home"}));
+    EXPECT_THAT(ssids(), ElementsAre("home"));
+    EXPECT_EQ(network("home")->getPriority(), 0U);
+    EXPECT_FALSE(network("home")->getNetworkDirty());
+    EXPECT_EQ(adapterCount(), 1U);
 }
 
 // LOAD-24
 TEST_F(Lifecycle, AFailedRefreshSucceedsAndLeavesNothing) {
-    host.answers({"home"});
-    WifiHostSettings* const settings = WifiHostSettings::getInstance(nullptr);
-    host.reset();
-    host.on({"*"}).exits(255);
-    EXPECT_TRUE(settings->refreshAllSettings());
-    EXPECT_FALSE(hasNetwork(*settings, "home"));
-    EXPECT_EQ(adapters(*settings), 0U);
+    load("0\thome\tany\t\n");
+    settings().lockSettings(); // by the caller, around the refresh
+    EXPECT_TRUE(settings().refreshAllSettings());
+    EXPECT_THAT(ssids(), IsEmpty());
+    EXPECT_EQ(adapterCount(), 0U);
+    const test::Doing other([] { expectNoLockHeld(); });
+    other.awaitRest();
+    EXPECT_FALSE(other.isDone()) << "the lock of the caller is held once";
+    settings().unlockSettings();
 }
 
-TEST_F(Lifecycle, AFailedRefreshLeavesTheLocksBalanced) {
-    host.answers({"home"});
-    WifiHostSettings* const settings = WifiHostSettings::getInstance(nullptr);
-    host.reset();
-    host.on({"*"}).exits(255);
-    settings->lockSettings(); // by the caller, around the refresh
-    settings->refreshAllSettings();
-    std::atomic<bool> entered{false};
-    {
-        const test::Doing other([&] {
-            settings->lockSettings();
-            entered = true;
-            settings->unlockSettings();
-        });
-        other.awaitRest();
-        EXPECT_FALSE(entered);
-        settings->unlockSettings();
-    }
-    EXPECT_TRUE(entered);
-}
-
-TEST_F(Lifecycle, TheLocksMayBeTakenAgainByTheirHolder) {
-    host.answers({"home"});
-    WifiHostSettings* const settings = WifiHostSettings::getInstance(nullptr);
-    EXPECT_TRUE(settings->lockSettings());
-    EXPECT_TRUE(settings->lockSettings());
-    EXPECT_TRUE(settings->refreshAllSettings());
-    EXPECT_TRUE(hasNetwork(*settings, "home"));
-    EXPECT_TRUE(settings->unlockSettings());
-    EXPECT_TRUE(settings->unlockSettings());
-}
-
-TEST_F(Lifecycle, TheHolderOfTheLocksKeepsOthersOut) {
-    host.answers({"home"});
-    WifiHostSettings* const settings = WifiHostSettings::getInstance(nullptr);
-    std::atomic<bool> removed{false};
-    settings->lockSettings();
-    {
-        const test::Doing other([&] {
-            settings->removeNetwork("wlan0", "home");
-            removed = true;
-        });
-        other.awaitRest();
-        EXPECT_FALSE(removed);
-        settings->unlockSettings();
-    }
-    EXPECT_TRUE(removed);
+TEST_F(Lifecycle, TheHolderOfTheLocksMayTakeThemAgainAndKeepsOthersOut) {
+    serve({"home"});
+    EXPECT_TRUE(settings().lockSettings());
+    EXPECT_TRUE(settings().lockSettings());
+    EXPECT_TRUE(settings().refreshAllSettings());
+    EXPECT_THAT(ssids(), ElementsAre("home"));
+    EXPECT_TRUE(settings().unlockSettings());
+    const test::Doing other([] { settings().removeNetwork("wlan0", "home"); });
+    other.awaitRest();
+    EXPECT_FALSE(other.isDone());
+    EXPECT_TRUE(settings().unlockSettings());
 }
 
 TEST(LifecycleShape, OnlyTheDestructorIsVirtual) {

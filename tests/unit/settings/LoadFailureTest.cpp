@@ -1,9 +1,13 @@
-#include "LoadFixture.h"
+// A load that fails leaves an instance without anything, and without a lock held.
+
+#include "LoadedSettings.h"
 
 #include "support/Leftovers.h"
 
 #include <filesystem>
 
+using test::Arguments;
+using test::Commands;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -11,28 +15,39 @@ namespace {
 
 const std::string LIST = "0\thome\tany\t[CURRENT]\n";
 const std::string STATUS = "ssid=home\nwpa_state=COMPLETED\n";
+const Arguments QUERIES[] = {{"interface"},
+                             {"-iwlan0", "list_networks"},
+                             {"-iwlan0", "scan_results"},
+                             {"-iwlan0", "status"}};
 
-class LoadFailure : public test::LoadFixture {
+class LoadFailure : public test::SettingsTest {
 protected:
-    // Whatever failed, what is left is an instance without anything, and unlocked.
-    void expectNothing(const WifiHostSettings& settings) {
-        EXPECT_EQ(test::networksOf(settings), nullptr);
-        EXPECT_EQ(test::adapterNamesOf(settings), nullptr);
-        EXPECT_EQ(network("home"), nullptr);
+    static int adapterCount() {
+        char* names[2] = {nullptr, nullptr};
+        unsigned char count = 9;
+        EXPECT_TRUE(settings().getWifiAdapters(names, 2, &count));
+        for (const char* const name : names)
+            delete[] name;
+        return count;
+    }
+
+    static void expectNothing() {
+        EXPECT_EQ(adapterCount(), 0);
+        EXPECT_THAT(ssids(), IsEmpty());
         EXPECT_EQ(current(), "none");
-        EXPECT_EQ(test::supplicantStateOf(settings), WPA_STATE_UNKNOWN);
+        EXPECT_EQ(state(), WPA_STATE_UNKNOWN);
         expectNoLockHeld();
     }
 
-    void expectEverything(const WifiHostSettings& settings) {
-        ASSERT_NE(test::networksOf(settings), nullptr);
+    static void expectEverything() {
+        EXPECT_EQ(adapterCount(), 1);
         EXPECT_THAT(ssids(), ElementsAre("home"));
         EXPECT_EQ(current(), "home");
-        EXPECT_EQ(test::supplicantStateOf(settings), WPA_STATE_COMPLETED);
+        EXPECT_EQ(state(), WPA_STATE_COMPLETED);
         expectNoLockHeld();
     }
 
-    // A client that answers `count` commands of a load and is gone then.
+    // A client that answers `count` commands of a load and then fails.
     void scriptUntil(std::size_t count) {
         constexpr std::size_t VALUES = 27;
         std::vector<std::string> replies(VALUES, "FAIL\n");
@@ -40,112 +55,109 @@ protected:
                        {test::ADAPTER_HEADER + "wlan0\n", test::LIST_HEADER + LIST});
         replies.insert(replies.end(), {test::SCAN_HEADER, STATUS});
         ASSERT_LE(count, replies.size());
+        standIn.reset();
         auto answer = standIn.on({"*"});
         for (std::size_t i = 0; i < count; ++i)
             answer.prints(replies[i]).then();
         answer.printsError("Failed to connect\n").exits(255);
     }
+
+    /// The commands of a load in which the client answers one of them like this.
+    Commands commandsOfLoading(const Arguments& query, const std::string& reply, int status = 0) {
+        standIn.reset();
+        standIn.on(query).prints(reply).exits(status);
+        standIn.answersLoad(LIST, STATUS);
+        reload();
+        return commands();
+    }
 };
 
 // LOAD-23
 TEST_F(LoadFailure, OfAnyQueryLeavesNothingUntilAReload) {
-    const test::Arguments queries[] = {{"interface"},
-                                       {"-iwlan0", "list_networks"},
-                                       {"-iwlan0", "scan_results"},
-                                       {"-iwlan0", "status"}};
-    for (const test::Arguments& query : queries) {
+    for (const Arguments& query : QUERIES) {
         SCOPED_TRACE(query.back());
-        standIn.on(query).prints("header\nheader\n").exits(255);
-        script(LIST, STATUS);
         const test::Leftovers before = test::Leftovers::now();
-        expectNothing(reload());
-        EXPECT_EQ(commands().back(), (query.size() == 1 ? "" : "-iwlan0 ") + query.back());
+        EXPECT_EQ(commandsOfLoading(query, "header\nheader\n", 255).back(),
+                  (query.size() == 1 ? "" : "-iwlan0 ") + query.back());
+        expectNothing();
         EXPECT_TRUE(test::Leftovers::now() == before);
-        standIn.reset();
-        script(LIST, STATUS);
-        expectEverything(reload());
-        standIn.reset();
+        load(LIST, STATUS);
+        expectEverything();
     }
 }
 
-// No value of a network has to be there; the scan and the status have to.
+// A value of a network may be missing; the scan and the status may not.
 TEST_F(LoadFailure, AtAnyPointLeavesNothing) {
     constexpr std::size_t ALL = 2 + 27 + 2;
     for (std::size_t answered = 0; answered < ALL; ++answered) {
         SCOPED_TRACE(answered);
         scriptUntil(answered);
-        expectNothing(reload());
-        standIn.reset();
+        reload();
+        expectNothing();
     }
     scriptUntil(ALL);
-    expectEverything(reload());
+    reload();
+    expectEverything();
     EXPECT_THAT(test::resultFiles(), IsEmpty());
 }
 
 TEST_F(LoadFailure, OfARefreshAtAnyPointLeavesNothing) {
     for (const std::size_t answered : {0U, 1U, 2U, 15U, 29U, 30U}) {
         SCOPED_TRACE(answered);
-        script(LIST, STATUS);
-        expectEverything(reload());
-        standIn.reset();
+        load(LIST, STATUS);
+        expectEverything();
         scriptUntil(answered);
-        expectNothing(load());
-        standIn.reset();
+        EXPECT_TRUE(settings().refreshAllSettings());
+        expectNothing();
     }
 }
 
 TEST_F(LoadFailure, WithoutAClient) {
     std::filesystem::remove(standIn.folder() + "/wpa_cli");
-    expectNothing(load());
+    reload();
+    expectNothing();
     EXPECT_THAT(test::resultFiles(), IsEmpty());
 }
 
 // LOAD-23
-TEST_F(LoadFailure, WithoutAnAdapter) {
-    for (const std::string& reply : {std::string(), test::ADAPTER_HEADER, std::string("one\n")}) {
-        standIn.on({"interface"}).prints(reply);
-        script(LIST, STATUS);
-        expectNothing(reload());
-        EXPECT_THAT(commands(), ElementsAre("interface")) << reply;
-        standIn.reset();
+TEST_F(LoadFailure, WithoutAnAdapterThatACommandCanName) {
+    const std::string replies[] = {"", "one\n", test::ADAPTER_HEADER,
+                                   test::ADAPTER_HEADER + "fourteen-chars\n"};
+    for (const std::string& reply : replies) {
+        EXPECT_THAT(commandsOfLoading({"interface"}, reply), ElementsAre("interface")) << reply;
+        expectNothing();
     }
-}
-
-TEST_F(LoadFailure, WithAnAdapterThatNoCommandCanName) {
-    standIn.on({"interface"}).prints(test::ADAPTER_HEADER + "fourteen-chars\n");
-    script(LIST, STATUS);
-    expectNothing(load());
-    EXPECT_THAT(commands(), ElementsAre("interface"));
 }
 
 TEST_F(LoadFailure, TakesARefusalForAnAdapterAndFailsWithIt) {
     standIn.on({"interface"}).prints(test::ADAPTER_HEADER + "FAIL\n");
-    standIn.on({"*"}).exits(255);
-    expectNothing(load());
+    reload();
+    expectNothing();
     EXPECT_THAT(commands(), ElementsAre("interface", "-iFAIL list_networks"));
 }
 
-// A list that was lost does not come back by itself, whatever the client says.
+// The list stays lost, whatever the client answers.
 TEST_F(LoadFailure, LastsThroughRefreshesUntilAReload) {
-    standIn.on({"*"}).exits(255);
-    expectNothing(load());
-    standIn.reset();
-    script(LIST, STATUS);
-    for (int i = 0; i < 2; ++i)
-        expectNothing(load());
-    EXPECT_THAT(commands(), ElementsAre("interface", "-iwlan0 list_networks", "interface",
-                                        "-iwlan0 list_networks"));
-    expectEverything(reload());
+    fail();
+    standIn.answersLoad(LIST, STATUS);
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_THAT(commandsOf([] { settings().refreshAllSettings(); }),
+                    ElementsAre("interface", "-iwlan0 list_networks"));
+        expectNothing();
+    }
+    reload();
+    expectEverything();
 }
 
 TEST_F(LoadFailure, IsNoneWhenAValueCannotBeRead) {
     standIn.on({"-iwlan0", "get_network", "0", "key_mgmt"}).exits(255);
     standIn.on({"-iwlan0", "get_network", "0", "psk"}).diesBy(9);
-    value("0", "pairwise", "");
-    value("0", "group", "Invalid\n");
-    value("0", "identity", "me\n");
-    script(LIST, STATUS);
-    expectEverything(load());
+    standIn.on({"-iwlan0", "get_network", "0", "pairwise"}).prints("");
+    standIn.on({"-iwlan0", "get_network", "0", "group"}).prints("Invalid\n");
+    standIn.on({"-iwlan0", "get_network", "0", "identity"}).prints("me\n");
+    standIn.answersLoad(LIST, STATUS);
+    reload();
+    expectEverything();
     EXPECT_EQ(network("home")->getKeyManagement(), 6U);
     EXPECT_EQ(network("home")->getPsk(), nullptr);
     EXPECT_EQ(network("home")->getPairwiseCiphers(), 6U);
@@ -153,22 +165,16 @@ TEST_F(LoadFailure, IsNoneWhenAValueCannotBeRead) {
     EXPECT_STREQ(network("home")->getEAPIdentity(), "me");
 }
 
-class LoadGarbage : public test::LoadFixture {
-protected:
-    void expectSurvived(const std::string& list, const std::string& values) {
-        script(list, STATUS, "home\n", values);
-        reload();
-        expectNoLockHeld();
-        standIn.reset();
-    }
+// Replies that no client prints.
 
-    static std::string binary() {
-        std::string text;
-        for (int i = 0; i < 2000; ++i)
-            text += static_cast<char>(i * 7 % 251);
-        return text;
-    }
-};
+using LoadGarbage = LoadFailure;
+
+std::string binary() {
+    std::string text;
+    for (int i = 0; i < 2000; ++i)
+        text += static_cast<char>(i * 7 % 251);
+    return text;
+}
 
 TEST_F(LoadGarbage, FromAnyCommandIsSurvived) {
     const std::string replies[] = {
@@ -191,14 +197,19 @@ TEST_F(LoadGarbage, FromAnyCommandIsSurvived) {
     };
     for (const std::string& reply : replies) {
         SCOPED_TRACE(reply.substr(0, 20));
-        // A line of no network lets the scan be asked for, and costs no commands for values.
-        for (const test::Arguments& command :
-             {test::Arguments{"interface"}, test::Arguments{"-iwlan0", "list_networks"},
-              test::Arguments{"-iwlan0", "scan_results"}, test::Arguments{"-iwlan0", "status"}}) {
-            standIn.on(command).prints(reply);
-            expectSurvived("0\n", "FAIL\n");
+        for (const Arguments& query : QUERIES) {
+            standIn.reset();
+            standIn.on(query).prints(reply);
+            standIn.answersLoad("0\n", STATUS, "home\n"); // no network: no commands for values
+            reload();
+            expectNoLockHeld();
         }
-        expectSurvived(LIST, reply);
+        standIn.reset();
+        for (const Arguments& query : QUERIES)
+            standIn.on(query).prints("header\n" + (query == QUERIES[0] ? "header\nwlan0\n" : LIST));
+        answer(reply); // to every question for a value
+        reload();
+        expectNoLockHeld();
     }
     EXPECT_THAT(test::resultFiles(), IsEmpty());
 }
@@ -214,8 +225,8 @@ TEST_F(LoadGarbage, OfALineLongerThanAnySsidIsReadAsOneLine) {
 }
 
 TEST_F(LoadGarbage, InTheStatusLeavesTheStateUnknown) {
-    EXPECT_EQ(test::supplicantStateOf(load("0\thome\tany\t[CURRENT]\n", "FAIL\n\x01\xff=\n")),
-              WPA_STATE_UNKNOWN);
+    load("0\thome\tany\t[CURRENT]\n", "FAIL\n\x01\xff=\n");
+    EXPECT_EQ(state(), WPA_STATE_UNKNOWN);
     EXPECT_EQ(current(), "none");
 }
 

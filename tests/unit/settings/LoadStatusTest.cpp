@@ -1,18 +1,20 @@
-#include "LoadFixture.h"
+// The status of networks and the current network after a load.
+
+#include "LoadedSettings.h"
 
 namespace {
 
 const std::string HOME = "0\thome\tany\t[CURRENT]\n";
 const std::string LIST = HOME + "1\twork\tany\t\n";
 
-class LoadStatus : public test::LoadFixture {};
+class LoadStatus : public test::SettingsTest {};
 
 // LOAD-22
-TEST_F(LoadStatus, SettlesTheCurrentNetworkByTheState) {
+TEST_F(LoadStatus, SetsTheCurrentNetworkByTheState) {
     struct Row {
         const char* state;
         WpaState number;
-        int status;
+        unsigned int status;
         const char* current;
     };
     const Row rows[] = {
@@ -28,8 +30,8 @@ TEST_F(LoadStatus, SettlesTheCurrentNetworkByTheState) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.state);
-        const auto& settings = load(HOME, std::string("wpa_state=") + row.state + "\n");
-        EXPECT_EQ(test::supplicantStateOf(settings), row.number);
+        load(HOME, std::string("wpa_state=") + row.state + "\n");
+        EXPECT_EQ(state(), row.number);
         EXPECT_EQ(current(), row.current);
         EXPECT_EQ(statusOf("home"), row.status);
     }
@@ -40,7 +42,7 @@ TEST_F(LoadStatus, SettlesTheCurrentNetworkByTheState) {
 TEST_F(LoadStatus, KeepsADisabledNetworkDisabledUnlessTheSupplicantIsOnIt) {
     struct Row {
         const char* state;
-        int status;
+        unsigned int status;
         const char* current;
     };
     const Row rows[] = {
@@ -48,22 +50,22 @@ TEST_F(LoadStatus, KeepsADisabledNetworkDisabledUnlessTheSupplicantIsOnIt) {
         {"SCANNING", NETWORK_STATUS_CONNECTING, "home"},
         {"COMPLETED", NETWORK_STATUS_CONNECTED, "home"},
     };
+    value("0", "disabled", "1");
     for (const Row& row : rows) {
         SCOPED_TRACE(row.state);
-        value("0", "disabled", "1");
         load(HOME, std::string("wpa_state=") + row.state + "\n");
         EXPECT_EQ(statusOf("home"), row.status);
         EXPECT_EQ(current(), row.current);
     }
 }
 
-TEST_F(LoadStatus, HasNoCurrentNetworkWithoutAReport) {
+TEST_F(LoadStatus, HasNoCurrentNetworkWithoutAState) {
     load(HOME, "");
     EXPECT_EQ(current(), "none");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
 }
 
-TEST_F(LoadStatus, FollowsTheSsidOfTheReport) {
+TEST_F(LoadStatus, FollowsTheSsid) {
     load(LIST, "bssid=02:00:00:00:01:00\nfreq=2412\nssid=work\nid=1\nmode=station\n"
                "pairwise_cipher=CCMP\ngroup_cipher=CCMP\nkey_mgmt=WPA2-PSK\n"
                "wpa_state=COMPLETED\nip_address=10.0.0.1\naddress=02:00:00:00:00:00\n");
@@ -72,27 +74,25 @@ TEST_F(LoadStatus, FollowsTheSsidOfTheReport) {
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
 }
 
-TEST_F(LoadStatus, KeepsTheCurrentNetworkThatTheReportNames) {
+TEST_F(LoadStatus, KeepsTheCurrentNetworkThatItNames) {
     load(HOME, "ssid=home\nwpa_state=ASSOCIATED\n");
     EXPECT_EQ(current(), "home");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_CONNECTING);
 }
 
-TEST_F(LoadStatus, KeepsADisabledNetworkDisabledThatTheReportNames) {
+TEST_F(LoadStatus, KeepsADisabledNetworkDisabledThatItNames) {
     value("0", "disabled", "1");
     load(HOME, "ssid=home\nwpa_state=DISCONNECTED\n");
     EXPECT_EQ(current(), "none");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_DISABLED);
 }
 
-TEST_F(LoadStatus, HasNoCurrentNetworkWhenTheReportNamesAnUnknownOne) {
-    load(HOME, "ssid=elsewhere\nwpa_state=COMPLETED\n");
-    EXPECT_EQ(current(), "none");
-    EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
-    load(HOME, "ssid=\nwpa_state=COMPLETED\n");
-    EXPECT_EQ(current(), "none");
-    load(HOME, "ssid=Home\nwpa_state=COMPLETED\n");
-    EXPECT_EQ(current(), "none") << "byte for byte";
+TEST_F(LoadStatus, HasNoCurrentNetworkWhenItNamesAnUnknownOne) {
+    for (const std::string ssid : {"elsewhere", "", "Home"}) {
+        load(HOME, "ssid=" + ssid + "\nwpa_state=COMPLETED\n");
+        EXPECT_EQ(current(), "none") << ssid;
+        EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
+    }
 }
 
 TEST_F(LoadStatus, LetsTheLastSsidAndTheLastStateCount) {
@@ -102,9 +102,9 @@ TEST_F(LoadStatus, LetsTheLastSsidAndTheLastStateCount) {
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
 }
 
-// Known to the supplicant as disabled, yet left as one that it may choose.
+// The supplicant has it disabled; memory shows it as enabled.
 // STATUS-11
-TEST_F(LoadStatus, EnablesTheNetworkThatIsLeftEvenIfItWasDisabled) {
+TEST_F(LoadStatus, EnablesThePreviousNetworkEvenIfItWasDisabled) {
     value("0", "disabled", "1");
     load(LIST + "2\toff\tany\t[DISABLED]\n", "ssid=work\nwpa_state=COMPLETED\n");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
@@ -112,7 +112,7 @@ TEST_F(LoadStatus, EnablesTheNetworkThatIsLeftEvenIfItWasDisabled) {
 }
 
 // STATUS-9
-TEST_F(LoadStatus, PassesOverAccessPointsAndOtherLinesThatHoldAKey) {
+TEST_F(LoadStatus, IgnoresBssidsAndOtherLinesThatContainAKey) {
     load(HOME, "bssid=work\nkey_mgmt=wpa_state=INACTIVE\nwpa_state=COMPLETED\n");
     EXPECT_EQ(current(), "home");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_CONNECTED);
@@ -125,16 +125,16 @@ TEST_F(LoadStatus, TakesTheTextBehindTheFirstEqualsSign) {
 
 // LOAD-1
 TEST_F(LoadStatus, TakesTheFirst16Lines) {
-    std::string report;
+    std::string status;
     for (int i = 0; i < 15; ++i)
-        report += "line=" + std::to_string(i) + "\n";
-    EXPECT_EQ(test::supplicantStateOf(load(HOME, report + "wpa_state=COMPLETED\n")),
-              WPA_STATE_COMPLETED);
-    EXPECT_EQ(test::supplicantStateOf(load(HOME, report + "one more\nwpa_state=COMPLETED\n")),
-              WPA_STATE_UNKNOWN);
+        status += "line=" + std::to_string(i) + "\n";
+    load(HOME, status + "wpa_state=COMPLETED\n");
+    EXPECT_EQ(state(), WPA_STATE_COMPLETED);
+    load(HOME, status + "one more\nwpa_state=COMPLETED\n");
+    EXPECT_EQ(state(), WPA_STATE_UNKNOWN);
 }
 
-TEST_F(LoadStatus, LetsTheLastNetworkThatIsMarkedBeCurrent) {
+TEST_F(LoadStatus, TakesTheLastNetworkWithTheFlagForCurrent) {
     load("0\ta\tany\t[CURRENT]\n1\tb\tany\t[CURRENT]\n2\tc\tany\t[CURRENT][DISABLED]\n",
          "wpa_state=COMPLETED\n");
     EXPECT_EQ(current(), "b");
@@ -143,7 +143,7 @@ TEST_F(LoadStatus, LetsTheLastNetworkThatIsMarkedBeCurrent) {
 }
 
 // LOAD-12
-TEST_F(LoadStatus, TakesANetworkThatIsDisabledForAWhileForAnEnabledOne) {
+TEST_F(LoadStatus, TakesATemporarilyDisabledNetworkForAnEnabledOne) {
     load("0\thome\tany\t[TEMP-DISABLED]\n", "wpa_state=SCANNING\n");
     EXPECT_EQ(current(), "none");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);

@@ -1,86 +1,104 @@
-#include "LoadFixture.h"
+#include "LoadedSettings.h"
 
+#include "model/NetworkFields.h"
+#include "settings/SettingsLock.h"
 #include "settings/replies/PrintedSsid.h"
+#include "support/FieldTable.h"
 #include "support/Lines.h"
 #include "unit/model/NetworkRows.h"
 
+#include <atomic>
+#include <thread>
+
+using platwifi::Field;
+using test::Commands;
+using testing::Each;
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 using testing::IsEmpty;
 using testing::SizeIs;
+using testing::StartsWith;
 
 namespace {
 
-using Texts = std::vector<std::string>;
+class Load : public test::SettingsTest {
+protected:
+    /// The commands of a load of these networks.
+    Commands commandsOfLoading(const std::string& networks,
+                               const std::string& status = "wpa_state=INACTIVE\n") {
+        scriptLoad(networks, status);
+        reload();
+        return commands();
+    }
 
-class Load : public test::LoadFixture {};
+    /// Whether a save has nothing to do.
+    bool isListValid() {
+        acceptAll();
+        return commandsOf([] { settings().saveNetworkSettings(); }).empty();
+    }
 
-Texts valueCommands(const std::string& id, const Texts& wepKeys) {
-    Texts keys = {"disabled", "bssid", "mode",  "priority", "key_mgmt", "psk",
-                  "pairwise", "group", "proto", "eap",      "auth_alg"};
-    keys.insert(keys.end(), wepKeys.begin(), wepKeys.end());
-    for (const char* key :
-         {"scan_ssid", "identity", "anonymous_identity", "password", "private_key_passwd",
-          "ca_cert", "ca_path", "client_cert", "private_key", "phase1", "phase2",
-          "private_key_passwd2", "ca_cert2", "ca_path2", "client_cert2", "private_key2"})
-        keys.emplace_back(key);
-    for (std::string& key : keys)
-        key.insert(0, "-iwlan0 get_network " + id + " ");
-    return keys;
-}
+    static void expectNotReceived(const WifiNetwork& network) {
+        EXPECT_STREQ(network.getBssid(), "00:00:00:00:00:00");
+        EXPECT_EQ(network.getChannel(), 0U);
+        EXPECT_EQ(network.getStrength(), 0U);
+        EXPECT_EQ(network.getNetworkMode(), NETWORK_MODE_UNKNOWN);
+    }
+};
 
 TEST_F(Load, RunsItsCommandsInOrder) {
     value("4", "key_mgmt", "NONE");
     value("4", "wep_tx_keyidx", "1");
-    script("0\thome\tany\t[CURRENT]\n4\told\tany\t\n");
-    load();
-    Texts expected = {"interface", "-iwlan0 list_networks"};
-    for (const Texts& values :
-         {valueCommands("0", {}),
-          valueCommands("4", {"wep_tx_keyidx", "wep_key0", "wep_key1", "wep_key2", "wep_key3"})})
-        expected.insert(expected.end(), values.begin(), values.end());
-    expected.insert(expected.end(), {"-iwlan0 scan_results", "-iwlan0 status"});
-    EXPECT_THAT(commands(), ElementsAreArray(expected));
-    EXPECT_THAT(commands(), SizeIs(2 + 27 + 32 + 2));
+    const Commands commands = commandsOfLoading("0\thome\tany\t[CURRENT]\n4\told\tany\t\n");
+    const Commands values(commands.begin() + 2, commands.end() - 2);
+    EXPECT_THAT(Commands(commands.begin(), commands.begin() + 2),
+                ElementsAre("interface", "-iwlan0 list_networks"));
+    EXPECT_THAT(Commands(commands.end() - 2, commands.end()),
+                ElementsAre("-iwlan0 scan_results", "-iwlan0 status"));
+    ASSERT_THAT(values, SizeIs(27 + 32)) << "the second one has WEP keys";
+    EXPECT_THAT(Commands(values.begin(), values.begin() + 27),
+                Each(StartsWith("-iwlan0 get_network 0 ")));
+    EXPECT_THAT(Commands(values.begin() + 27, values.end()),
+                Each(StartsWith("-iwlan0 get_network 4 ")));
 }
 
 TEST_F(Load, TakesEveryValueAsTheClientHasIt) {
+    struct Row {
+        Field field;
+        const char* value;
+        unsigned int number;
+    };
+    const Row numbers[] = {
+        {Field::KEY_MANAGEMENT, "NONE", 1},
+        {Field::NETWORK_MODE, "1", 1},
+        {Field::PRIORITY, "9", 9},
+        {Field::PAIRWISE_CIPHERS, "CCMP", 4},
+        {Field::GROUP_CIPHERS, "CCMP TKIP", 6},
+        {Field::PROTOCOL, "RSN", 2},
+        {Field::EAP_MODES, "TLS", 1},
+        {Field::AUTH_ALG, "OPEN", 1},
+        {Field::WEP_INDEX, "3", 3},
+        {Field::SSID_BROADCASTED, "0", 1},
+    };
+    const auto isLoadedText = [](const test::FieldRow& row) {
+        return row.key && test::isText(row) && row.field != Field::SSID;
+    };
+    for (const Row& row : numbers)
+        value("7", test::rowOf(row.field).key, row.value);
+    for (const test::FieldRow& row : test::fieldRows()) {
+        if (isLoadedText(row))
+            value("7", row.key, std::string("\"the ") + row.key + "\"");
+    }
     value("7", "disabled", "0");
-    value("7", "bssid", "02:11:22:33:44:55");
-    value("7", "mode", "1");
-    value("7", "priority", "9");
-    value("7", "key_mgmt", "NONE");
-    value("7", "psk", "\"the key\"");
-    value("7", "pairwise", "CCMP");
-    value("7", "group", "CCMP TKIP");
-    value("7", "proto", "RSN");
-    value("7", "eap", "TLS");
-    value("7", "auth_alg", "OPEN");
-    value("7", "wep_tx_keyidx", "3");
-    for (const char* slot : {"0", "1", "2", "3"})
-        value("7", std::string("wep_key") + slot, std::string("\"wep ") + slot + "\"");
-    value("7", "scan_ssid", "0");
-    for (const char* key :
-         {"identity", "anonymous_identity", "password", "private_key_passwd", "ca_cert", "ca_path",
-          "client_cert", "private_key", "phase1", "phase2", "private_key_passwd2", "ca_cert2",
-          "ca_path2", "client_cert2", "private_key2"})
-        value("7", key, std::string("\"v ") + key + "\"");
     load("7\thome\tany\t[DISABLED]\n");
-    EXPECT_THAT(
-        test::valuesOf(*network("home")),
-        ElementsAre("ssid=home", "bssid=02:11:22:33:44:55", "psk=the key", "EAPIdentity=v identity",
-                    "EAPAnonymousIdentity=v anonymous_identity", "EAPPassword=v password",
-                    "CACertificate=v ca_cert", "CACertificateDir=v ca_path",
-                    "ClientCertificate=v client_cert", "PrivateKeyFile=v private_key",
-                    "PrivateKeyPassword=v private_key_passwd", "Phase1Step=v phase1",
-                    "Phase2Step=v phase2", "CACertificate2=v ca_cert2",
-                    "CACertificateDir2=v ca_path2", "ClientCertificate2=v client_cert2",
-                    "PrivateKeyFile2=v private_key2", "PrivateKeyPassword2=v private_key_passwd2",
-                    "channel=0", "priority=9", "protocol=2", "keyManagement=1", "authAlg=1",
-                    "groupCiphers=6", "pairwiseCiphers=4", "eapModes=1", "wepKey0=wep 0",
-                    "wepKey1=wep 1", "wepKey2=wep 2", "wepKey3=wep 3", "wepIndex=3",
-                    "ssidBroadcasted=1", "networkMode=1", "networkId=7", "networkStatus=5",
-                    "strength=0", "ipAddress=null", "next=null"));
+    const auto& fields = platwifi::NetworkFields::of(*network("home"));
+    for (const Row& row : numbers)
+        EXPECT_EQ(fields.number(row.field), row.number) << row.value;
+    for (const test::FieldRow& row : test::fieldRows()) {
+        if (isLoadedText(row)) {
+            EXPECT_EQ(fields.text(row.field), std::string("the ") + row.key);
+        }
+    }
+    EXPECT_EQ(network("home")->getNetworkId(), 7);
+    EXPECT_EQ(statusOf("home"), NETWORK_STATUS_DISABLED);
 }
 
 TEST_F(Load, GivesANetworkWithoutValuesWhatTheSupplicantTakesThen) {
@@ -132,34 +150,30 @@ TEST_F(Load, HoldsCleanNetworksInAValidListTheLastOneFirst) {
     EXPECT_THAT(ssids(), ElementsAre("c", "b", "a"));
     for (const char* ssid : {"a", "b", "c"})
         EXPECT_THAT(test::dirtyOf(*network(ssid)), IsEmpty()) << ssid;
-    EXPECT_TRUE(test::networksOf(load("0\ta\tany\t\n"))->isValid());
+    EXPECT_TRUE(isListValid());
 }
 
 TEST_F(Load, HoldsWhatIsThereNowAfterARefresh) {
     load("0\ta\tany\t[CURRENT]\n1\tb\tany\t\n", "wpa_state=COMPLETED\n");
-    const WifiHostSettings& settings = load("0\tb\tany\t\n", "");
+    refreshAll("0\tb\tany\t\n", "");
     EXPECT_THAT(ssids(), ElementsAre("b"));
     EXPECT_EQ(current(), "none");
-    EXPECT_EQ(test::supplicantStateOf(settings), WPA_STATE_UNKNOWN);
+    EXPECT_EQ(state(), WPA_STATE_UNKNOWN);
 }
 
 // LOAD-14
 TEST_F(Load, OfAnEmptyListAsksForNoScanButForTheStatus) {
-    script("", "ssid=home\nwpa_state=SCANNING\n");
-    const WifiHostSettings& settings = load();
-    EXPECT_THAT(commands(), ElementsAre("interface", "-iwlan0 list_networks", "-iwlan0 status"));
-    ASSERT_NE(test::networksOf(settings), nullptr);
-    EXPECT_EQ(test::networksOf(settings)->getCount(), 0U);
-    EXPECT_TRUE(test::networksOf(settings)->isValid());
-    EXPECT_EQ(test::supplicantStateOf(settings), WPA_STATE_SCANNING);
+    EXPECT_THAT(commandsOfLoading("", "ssid=home\nwpa_state=SCANNING\n"),
+                ElementsAre("interface", "-iwlan0 list_networks", "-iwlan0 status"));
+    EXPECT_THAT(ssids(), IsEmpty());
+    EXPECT_EQ(state(), WPA_STATE_SCANNING);
+    EXPECT_TRUE(isListValid());
 }
 
 TEST_F(Load, AsksForTheScanOnceThereIsALineEvenOfNoNetwork) {
-    script("0\n");
-    const WifiHostSettings& settings = load();
-    EXPECT_THAT(commands(), ElementsAre("interface", "-iwlan0 list_networks",
-                                        "-iwlan0 scan_results", "-iwlan0 status"));
-    EXPECT_EQ(test::networksOf(settings)->getCount(), 0U);
+    EXPECT_THAT(commandsOfLoading("0\n"), ElementsAre("interface", "-iwlan0 list_networks",
+                                                      "-iwlan0 scan_results", "-iwlan0 status"));
+    EXPECT_THAT(ssids(), IsEmpty());
 }
 
 // LOAD-8
@@ -189,12 +203,11 @@ TEST_F(Load, DropsLinesOfNoNetworkAlone) {
 TEST_F(Load, TakesTheFirstOfTwoNetworksWithOneSsid) {
     value("0", "priority", "1");
     value("1", "priority", "2");
-    script("0\thome\tany\t\n1\thome\tany\t\n");
-    load();
+    EXPECT_THAT(commandsOfLoading("0\thome\tany\t\n1\thome\tany\t\n"), SizeIs(2 + 27 + 27 + 2))
+        << "the other one was read, too";
     EXPECT_THAT(ssids(), ElementsAre("home"));
     EXPECT_EQ(network("home")->getNetworkId(), 0);
     EXPECT_EQ(network("home")->getPriority(), 1U);
-    EXPECT_THAT(commands(), SizeIs(2 + 27 + 27 + 2)) << "the other one was read, too";
 }
 
 // The second one is current until the list refuses it; nothing may point at it then.
@@ -213,26 +226,21 @@ TEST_F(Load, FindsTheNetworkThatStaysByTheStatus) {
 
 // LOAD-6
 TEST_F(Load, AsksForANumberAbove255ByItsLast8Bits) {
-    script("300\thome\tany\t\n");
-    load();
+    EXPECT_EQ(commandsOfLoading("300\thome\tany\t\n")[2], "-iwlan0 get_network 44 disabled");
     EXPECT_EQ(network("home")->getNetworkId(), 44);
-    EXPECT_EQ(commands()[2], "-iwlan0 get_network 44 disabled");
 }
 
-// Lines that tell of no network count as well, and cost no commands here.
+// Lines without a network count as well, and cost no commands here.
 // LOAD-1
 TEST_F(Load, TakesTheFirst32LinesOfTheList) {
     std::string list;
     for (int i = 0; i < 31; ++i)
         list += std::to_string(i) + "\n";
-    script(list + "31\tlast\tany\t\n");
-    load();
-    EXPECT_THAT(ssids(), ElementsAre("last"));
-    standIn.reset();
-    script(list + "31\tlast\tany\t\n32\tnot any more\tany\t\n" + list);
-    load();
-    EXPECT_THAT(ssids(), ElementsAre("last"));
-    EXPECT_THAT(commands(), SizeIs(2 + 27 + 2));
+    list += "31\tlast\tany\t\n";
+    for (const std::string& networks : {list, list + "32\tnot any more\tany\t\n" + list}) {
+        EXPECT_THAT(commandsOfLoading(networks), SizeIs(2 + 27 + 2));
+        EXPECT_THAT(ssids(), ElementsAre("last"));
+    }
 }
 
 // What the client prints for 8 emoji, or for 16 Cyrillic letters: more than one piece of a line holds.
@@ -250,8 +258,8 @@ TEST_F(Load, TakesALongSsidWholeAndNoRestForANetwork) {
         load("0\thome\tany\t\n7\t" + ssid + "\tany\t[CURRENT]\n8\twork\tany\t\n",
              "ssid=" + ssid + "\nid=7\nwpa_state=COMPLETED\n");
         ASSERT_THAT(ssids(), ElementsAre("work", ssid, "home"));
-        EXPECT_EQ(network(ssid.c_str())->getNetworkId(), 7);
-        EXPECT_EQ(statusOf(ssid.c_str()), NETWORK_STATUS_CONNECTED);
+        EXPECT_EQ(network(ssid)->getNetworkId(), 7);
+        EXPECT_EQ(statusOf(ssid), NETWORK_STATUS_CONNECTED);
         EXPECT_EQ(current(), ssid);
         EXPECT_EQ(network("work")->getNetworkId(), 8);
     }
@@ -272,25 +280,45 @@ TEST_F(Load, TakesTheFirst32LinesWhateverTheirLength) {
 // LOAD-21
 TEST_F(Load, ReadsNothingFromScanLinesThatAreNotTheSsidAsAWhole) {
     load("0\tlab\tany\t\n", "", "02:00:00:00:01:00\t2412\t185\t[IBSS]\tlab\nlab\nlab\t2412\t185\n");
-    EXPECT_STREQ(network("lab")->getBssid(), "00:00:00:00:00:00");
-    EXPECT_EQ(network("lab")->getChannel(), 0U);
-    EXPECT_EQ(network("lab")->getStrength(), 0U);
-    EXPECT_EQ(network("lab")->getNetworkMode(), NETWORK_MODE_UNKNOWN);
+    expectNotReceived(*network("lab"));
 }
 
 // LOAD-3
 TEST_F(Load, KeepsTwoAdaptersAndUsesTheFirst) {
     standIn.on({"interface"}).prints(test::ADAPTER_HEADER + "wlan7\nwlan0\nwlan1\n");
-    standIn.on({"*"}).prints("");
-    const WifiHostSettings& settings = load();
-    ASSERT_NE(test::adapterNamesOf(settings), nullptr);
-    EXPECT_THAT(test::toStrings(*test::adapterNamesOf(settings)), ElementsAre("wlan7", "wlan0"));
+    answer("");
+    reload();
     EXPECT_THAT(commands(), ElementsAre("interface", "-iwlan7 list_networks", "-iwlan7 status"));
+    platwifi::ReplyLines names(2);
+    EXPECT_TRUE(settings().getWifiAdapters(names.data(), 2, &names.count));
+    EXPECT_THAT(test::toStrings(names), ElementsAre("wlan7", "wlan0"));
 }
 
 TEST_F(Load, LeavesNoLockHeld) {
     load("0\thome\tany\t[CURRENT]\n", "ssid=home\nwpa_state=COMPLETED\n", "home\n");
     expectNoLockHeld();
+}
+
+TEST_F(Load, IsSeenAsAWholeUnderTheLock) {
+    value("0", "identity", "me");
+    scriptLoad("0\thome\tany\t[CURRENT]\n", "ssid=home\nwpa_state=COMPLETED\n");
+    reload();
+    std::atomic<bool> done{false};
+    std::thread reader([&] {
+        while (!done) {
+            {
+                const platwifi::SettingsLock lock(settings());
+                EXPECT_EQ(ssids().size(), 1U);
+                EXPECT_EQ(statusOf("home"), NETWORK_STATUS_CONNECTED);
+                EXPECT_STREQ(network("home")->getEAPIdentity(), "me");
+            }
+            std::this_thread::yield();
+        }
+    });
+    for (int i = 0; i < 5; ++i)
+        settings().refreshAllSettings();
+    done = true;
+    reader.join();
 }
 
 } // namespace

@@ -1,16 +1,26 @@
 #include "LoadedSettings.h"
 
-#include "model/WifiNetwork.h"
 #include "settings/SettingsLock.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
 
 #include "support/Lines.h"
+#include "support/TestTime.h"
 
-#include <gtest/gtest.h>
+#include <algorithm>
+#include <thread>
 
 namespace test {
 namespace {
+
+// For every test of a program that is linked with this. The refresh thread soon sees the signal to stop, and
+// a client may wait at a checkpoint for as long as a test needs.
+const TestTime timeOfSettings([](TestTime& time) {
+    time.deadlinesAre(QUICK);
+    time.pausesEndWithTheChild();
+});
+
+const Arguments STATUS{"-iwlan0", "status"};
 
 std::string joined(const Arguments& call) {
     std::string text;
@@ -19,44 +29,77 @@ std::string joined(const Arguments& call) {
     return text;
 }
 
+// The current network when the client answers a question for it like this.
+const WifiNetwork* currentNetworkFor(const std::string& status) {
+    StandIn client;
+    client.on(STATUS).prints(status);
+    return LoadedSettings::settings().getCurrentNetwork("wlan0");
+}
+
 } // namespace
+
+LoadedSettings::LoadedSettings() {
+    WifiUtil::getInstance();
+    standIn.reset();
+}
 
 LoadedSettings::~LoadedSettings() {
     WifiHostSettings::unload();
     WifiUtil::unload();
 }
 
-WifiHostSettings& LoadedSettings::make() {
-    WifiHostSettings& settings = *WifiHostSettings::reload(nullptr);
-    WifiUtil::getInstance(); // asks its question, if it was not needed until now
-    standIn.reset();
-    return settings;
+void LoadedSettings::value(const std::string& id, const std::string& key, const std::string& text) {
+    m_values.push_back({id, key, text});
 }
 
-void LoadedSettings::scriptLoad(const std::string& networks, const std::string& status) {
+void LoadedSettings::scriptLoad(const std::string& networks, const std::string& status,
+                                const std::string& scan) {
     standIn.reset();
-    standIn.on({"interface"})
-        .prints("Selected interface 'wlan0'\nAvailable interfaces:\n" + adapters);
-    standIn.on({"-iwlan0", "list_networks"})
-        .prints("network id / ssid / bssid / flags\n" + networks);
-    standIn.on({"-iwlan0", "scan_results"}).prints("header\n");
-    standIn.on({"-iwlan0", "status"}).prints(status);
-    standIn.on({"*"}).prints("FAIL\n"); // no network has a value for any key
-}
-
-WifiHostSettings& LoadedSettings::load(const std::string& networks, const std::string& status) {
-    scriptLoad(networks, status);
-    return make();
-}
-
-WifiHostSettings& LoadedSettings::fail() {
-    standIn.reset();
-    standIn.on({"*"}).exits(255);
-    return make();
+    for (const Arguments& value : m_values)
+        standIn.on({"-iwlan0", "get_network", value[0], value[1]}).prints(value[2]);
+    standIn.answersLoad(networks, status, scan);
 }
 
 void LoadedSettings::answer(const std::string& reply, int status) {
     standIn.on({"*"}).prints(reply).exits(status);
+}
+
+void LoadedSettings::acceptAll() {
+    standIn.reset();
+    answer("OK\n");
+}
+
+void LoadedSettings::list(const std::string& networks, int status) {
+    standIn.reset();
+    standIn.on({"-iwlan0", "list_networks"}).prints(LIST_HEADER + networks).exits(status);
+    answer("OK\n");
+}
+
+WifiHostSettings& LoadedSettings::load(const std::string& networks, const std::string& status,
+                                       const std::string& scan) {
+    scriptLoad(networks, status, scan);
+    reload();
+    standIn.reset();
+    return settings();
+}
+
+WifiHostSettings& LoadedSettings::reload() {
+    return *WifiHostSettings::reload(nullptr);
+}
+
+void LoadedSettings::refreshAll(const std::string& networks, const std::string& status,
+                                const std::string& scan) {
+    scriptLoad(networks, status, scan);
+    EXPECT_TRUE(settings().refreshAllSettings());
+    standIn.reset();
+}
+
+WifiHostSettings& LoadedSettings::fail() {
+    standIn.reset();
+    answer("", 255);
+    reload();
+    standIn.reset();
+    return settings();
 }
 
 Commands LoadedSettings::commands() const {
@@ -66,10 +109,68 @@ Commands LoadedSettings::commands() const {
     return commands;
 }
 
-unsigned int statusOf(WifiHostSettings& settings, const char* ssid) {
-    const platwifi::SettingsLock lock(settings);
-    const WifiNetwork* const network = settings.getNetwork(nullptr, ssid);
-    return network ? network->getNetworkStatus() : NETWORK_STATUS_UNKNOWN;
+WifiNetwork* LoadedSettings::network(const std::string& ssid) {
+    return settings().getNetwork("wlan0", ssid.c_str());
+}
+
+unsigned int LoadedSettings::statusOf(const std::string& ssid) {
+    const platwifi::SettingsLock lock(settings());
+    const WifiNetwork* const found = network(ssid);
+    return found ? found->getNetworkStatus() : NETWORK_STATUS_UNKNOWN;
+}
+
+void LoadedSettings::setStatus(const std::string& ssid, unsigned int status) {
+    const platwifi::SettingsLock lock(settings());
+    network(ssid)->setNetworkStatus(status);
+}
+
+std::vector<std::string> LoadedSettings::ssids() {
+    return ssidsOf(settings());
+}
+
+// A status without an SSID changes nothing.
+const WifiNetwork* LoadedSettings::currentNetwork() {
+    return currentNetworkFor("");
+}
+
+std::string LoadedSettings::current() {
+    const WifiNetwork* const network = currentNetwork();
+    return network ? network->getSsid() : "none";
+}
+
+void LoadedSettings::setCurrent(const std::string& ssid) {
+    currentNetworkFor("ssid=" + ssid + "\n");
+}
+
+WpaState LoadedSettings::state() {
+    const std::string words[] = {"UNKNOWN",         "DISCONNECTED",    "IDLE",
+                                 "SCANNING",        "ASSOCIATING",     "ASSOCIATED",
+                                 "4-WAY HANDSHAKE", "GROUP HANDSHAKE", "COMPLETED"};
+    const StandIn client;
+    const std::string text = dump();
+    const std::string label = "\nCurrent WPA_STATUS        : ";
+    const std::size_t at = text.rfind(label);
+    EXPECT_NE(at, std::string::npos) << text;
+    const std::string word = text.substr(at + label.size(), text.size() - at - label.size() - 1);
+    const auto* const found = std::find(std::begin(words), std::end(words), word);
+    EXPECT_NE(found, std::end(words)) << word;
+    return static_cast<WpaState>(found - std::begin(words));
+}
+
+void LoadedSettings::setState(const std::string& word) {
+    StandIn client;
+    client.on(STATUS).prints("wpa_state=" + word + "\n");
+    settings().getCurrentStatus("wlan0");
+}
+
+std::string LoadedSettings::dump() {
+    testing::internal::CaptureStderr();
+    settings().dump();
+    return testing::internal::GetCapturedStderr();
+}
+
+void LoadedSettings::expectNoLockHeld() {
+    std::thread([] { const platwifi::SettingsLock lock(settings()); }).join();
 }
 
 std::vector<std::string> ssidsOf(WifiHostSettings& settings) {

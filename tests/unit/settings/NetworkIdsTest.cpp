@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 using platwifi::KeyState;
@@ -73,9 +74,7 @@ protected:
     // Whether a save makes the ids stale.
     bool areStaleAfterASave(bool everywhere = true) {
         ids.saved(everywhere);
-        answer("");
-        EXPECT_TRUE(confirm());
-        return !standIn.calls().empty();
+        return !areFresh();
     }
 
     // After a save that made them stale.
@@ -83,6 +82,12 @@ protected:
         ids.saved(false);
         answer(lines, status);
         return confirm();
+    }
+
+    /// Whether confirming runs no command.
+    bool areFresh() {
+        answer("");
+        return confirm() && standIn.calls().empty();
     }
 
     // The id of a network, -1 when it may not be used.
@@ -101,28 +106,15 @@ protected:
 using StaleNetworkIds = NetworkIds;
 
 // ID-1
-TEST_F(StaleNetworkIds, AreNoneThatCountingGives) {
-    load(0, "home");
-    load(1, "work");
-    EXPECT_FALSE(areStaleAfterASave());
-}
-
-// ID-1
-TEST_F(StaleNetworkIds, HadGaps) {
-    load(0, "home");
-    load(2, "work");
-    EXPECT_TRUE(areStaleAfterASave());
-}
-
-TEST_F(StaleNetworkIds, DidNotBeginWith0) {
-    load(1, "home");
-    EXPECT_TRUE(areStaleAfterASave());
-}
-
-TEST_F(StaleNetworkIds, WereNotInTheOrderOfTheList) {
-    load(1, "home");
-    load(0, "work");
-    EXPECT_TRUE(areStaleAfterASave());
+TEST_F(StaleNetworkIds, AreThoseThatAreNotCountedFrom0InTheOrderOfTheList) {
+    const std::pair<std::vector<int>, bool> rows[] = {
+        {{0, 1}, false}, {{0, 2}, true}, {{1}, true}, {{1, 0}, true}};
+    for (const auto& [loaded, areStale] : rows) {
+        ids = platwifi::NetworkIds();
+        for (const int id : loaded)
+            load(id, ("network " + std::to_string(id)).c_str());
+        EXPECT_EQ(areStaleAfterASave(), areStale) << testing::PrintToString(loaded);
+    }
 }
 
 TEST_F(StaleNetworkIds, FollowANetworkThatIsNotInMemory) {
@@ -186,9 +178,7 @@ TEST_F(StaleNetworkIds, AreFreshAfterALoad) {
     ids.saved(true);
     ids.forget();
     load(0, "home");
-    answer("");
-    EXPECT_TRUE(confirm());
-    EXPECT_THAT(standIn.calls(), IsEmpty());
+    EXPECT_TRUE(areFresh());
 }
 
 // ID-5
@@ -224,9 +214,7 @@ TEST_F(StaleNetworkIds, AreConfirmedByAListThatIsThereAlready) {
     ids.saved(true);
     ids.confirm({"0\thome\tany\t"});
     EXPECT_EQ(idOf(home), 0);
-    answer("");
-    EXPECT_TRUE(confirm());
-    EXPECT_THAT(standIn.calls(), IsEmpty());
+    EXPECT_TRUE(areFresh());
 }
 
 TEST_F(StaleNetworkIds, AreThoseAbove255FromTheBeginning) {
@@ -240,7 +228,7 @@ TEST_F(StaleNetworkIds, AreThoseAbove255FromTheBeginning) {
     EXPECT_EQ(idOf(home), 0);
 }
 
-// Which line is whose.
+// Which line belongs to which network.
 
 TEST_F(NetworkIds, AreThoseOfTheLinesWithTheirSsids) {
     const WifiNetwork* const home = load(10, "home");
@@ -339,7 +327,7 @@ TEST_F(NetworkIds, AreFoundByTheSsidThatWasSent) {
 }
 
 // Both are "a\\b" in memory: one as it was loaded, one as it was added.
-TEST_F(NetworkIds, TellTheEscapedFromTheBytes) {
+TEST_F(NetworkIds, DistinguishTheEscapedFromTheBytes) {
     const WifiNetwork* const loaded = load(1, "a\\\\b");
     const std::string lines = "0\ta\\\\b\tany\t\n1\ta\\\\\\\\b\tany\t\n";
     ASSERT_TRUE(confirm(lines));
@@ -350,8 +338,8 @@ TEST_F(NetworkIds, TellTheEscapedFromTheBytes) {
     EXPECT_EQ(idOf(added), -1) << "one was there already";
 }
 
-// In memory, networks without a name of their own are all called the same.
-TEST_F(NetworkIds, TellNetworksWithoutAnSsidFromThoseThatLookLikeIt) {
+// In memory, networks without an SSID are all called the same.
+TEST_F(NetworkIds, DistinguishNetworksWithoutAnSsidFromThoseThatLookLikeIt) {
     const WifiNetwork* const nameless = load(0, "", "SSID N/A");
     list(1, "my:net");
     list(2, "any");
@@ -363,7 +351,7 @@ TEST_F(NetworkIds, TellNetworksWithoutAnSsidFromThoseThatLookLikeIt) {
 }
 
 // ID-4
-TEST_F(NetworkIds, GoByTheirPlaceAmongNetworksWithOneSsid) {
+TEST_F(NetworkIds, AreThoseOfTheSamePositionAmongNetworksWithOneSsid) {
     const WifiNetwork* const first = load(1, "home");
     list(3, "home");
     const WifiNetwork* const other = load(4, "work");
@@ -394,7 +382,7 @@ TEST_F(NetworkIds, AreUnknownWhereAnotherNetworkGotTheSsid) {
     EXPECT_EQ(idOf(home), -1);
 }
 
-TEST_F(NetworkIds, AreTheOnesBehindNamesakesForNetworksThatWereAdded) {
+TEST_F(NetworkIds, AreThoseOfTheLastLineForANetworkThatWasAdded) {
     list(0, "home");
     const WifiNetwork* const added = add(5, "home");
     ASSERT_TRUE(confirm("0\thome\tany\t\n1\thome\tany\t\n"));

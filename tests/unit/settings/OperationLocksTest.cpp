@@ -1,17 +1,9 @@
-#include "settings/WifiHostSettings.h"
+// The locks that operations and copies take.
 
 #include "LoadedSettings.h"
 #include "RecordedLocks.h"
-#include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
-#include "supplicant/ReplyLines.h"
 
 #include "support/Lines.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <string>
 
 using platwifi::ReplyLines;
 using test::isFree;
@@ -21,16 +13,20 @@ using testing::IsEmpty;
 
 namespace {
 
-bool isHeldThroughout(const LockEvents& events, const PlatformMutex* mutex) {
-    int depth = 0;
-    for (std::size_t i = 0; i < events.size(); ++i) {
-        if (events[i].mutex == mutex)
-            depth += events[i].isLock ? 1 : -1;
-        if (depth == 0 && i > 2 && i + 3 < events.size())
-            return false;
+class OperationLocks : public test::SettingsTest {
+protected:
+    OperationLocks() {
+        load(test::LoadedHost::linesOf({"home", "work"}), "ssid=home\nwpa_state=COMPLETED\n");
+        standIn.on({"-iwlan0", "add_network"}).prints("2\n");
+        answer("OK\n");
     }
-    return depth == 0;
-}
+
+    static bool copySsids(ReplyLines& out, unsigned char capacity = 32) {
+        return settings().getNetworkDatabaseSsids("wlan0", out.data(), capacity, &out.count);
+    }
+
+    const SettingsMutexes locks{settings()};
+};
 
 struct Operation {
     const char* name;
@@ -56,68 +52,41 @@ const Operation OPERATIONS[] = {
     {"RoamFails", [](WifiHostSettings& s) { return s.roamNetworks(""); }, false},
 };
 
-class LockedOperation : public testing::TestWithParam<Operation> {
-protected:
-    test::LoadedSettings loaded;
-};
+class LockedOperation : public OperationLocks, public testing::WithParamInterface<Operation> {};
 
-TEST_P(LockedOperation, HoldsBothLocksFromBeginningToEnd) {
-    WifiHostSettings& settings =
-        loaded.load("0\thome\tany\t\n1\twork\tany\t\n", "ssid=home\nwpa_state=COMPLETED\n");
-    loaded.standIn.on({"-iwlan0", "add_network"}).prints("2\n");
-    loaded.answer("OK\n");
-    const SettingsMutexes locks(settings);
+TEST_P(LockedOperation, HoldsAllFromBeginningToEnd) {
     const LockEvents events =
-        test::eventsOf([&] { EXPECT_EQ(GetParam().run(settings), GetParam().result); });
-    ASSERT_GE(events.size(), 6U);
-    EXPECT_EQ(LockEvents(events.begin(), events.begin() + 3), locks.taking());
-    EXPECT_EQ(LockEvents(events.end() - 3, events.end()), locks.givingBack());
-    for (const PlatformMutex* const mutex : locks.all)
-        EXPECT_TRUE(isHeldThroughout(events, mutex));
+        test::eventsOf([] { EXPECT_EQ(GetParam().run(settings()), GetParam().result); });
+    EXPECT_TRUE(locks.areHeldThroughout(events));
 }
 
 INSTANTIATE_TEST_SUITE_P(Every, LockedOperation, testing::ValuesIn(OPERATIONS),
                          [](const auto& test) { return std::string(test.param.name); });
 
-class OtherLocks : public testing::Test {
-protected:
-    test::LoadedSettings loaded;
-};
-
-TEST_F(OtherLocks, AreThatOfTheListForTheSsids) {
-    WifiHostSettings& settings = loaded.load("0\thome\tany\t\n");
-    const SettingsMutexes locks(settings);
+TEST_F(OperationLocks, AreThoseOfTheListForTheSsids) {
     ReplyLines ssids(32);
-    const LockEvents events = test::eventsOf(
-        [&] { settings.getNetworkDatabaseSsids("wlan0", ssids.data(), 32, &ssids.count); });
-    EXPECT_EQ(events, (LockEvents{{true, locks.all[0]},
-                                  {true, locks.all[1]},
-                                  {false, locks.all[1]},
-                                  {false, locks.all[0]}}));
+    EXPECT_EQ(test::eventsOf([&] { copySsids(ssids); }), (LockEvents{{true, locks.all[0]},
+                                                                     {true, locks.all[1]},
+                                                                     {false, locks.all[1]},
+                                                                     {false, locks.all[0]}}));
 }
 
-TEST_F(OtherLocks, AreNoneForALookupAndForTheAdapters) {
-    WifiHostSettings& settings = loaded.load("0\thome\tany\t\n");
+TEST_F(OperationLocks, AreNoneForALookupAndForTheAdapters) {
     ReplyLines names(2);
-    EXPECT_THAT(test::eventsOf([&] { settings.getWifiAdapters(names.data(), 2, &names.count); }),
+    EXPECT_THAT(test::eventsOf([&] { settings().getWifiAdapters(names.data(), 2, &names.count); }),
                 IsEmpty());
-    EXPECT_THAT(test::eventsOf([&] { settings.getNetwork("wlan0", "home"); }), IsEmpty());
+    EXPECT_THAT(test::eventsOf([] { network("home"); }), IsEmpty());
 }
 
 // OP-7
-TEST_F(OtherLocks, AreLeftHeldByTheSsidsWhenANetworkHasNone) {
-    WifiHostSettings& settings = loaded.load("0\thome\tany\t\n1\twork\tany\t\n");
-    const SettingsMutexes locks(settings);
-    {
-        const platwifi::SettingsLock lock(settings);
-        settings.getNetwork("wlan0", "home")->setSsid(nullptr);
-    }
+TEST_F(OperationLocks, AreLeftHeldByTheSsidsWhenANetworkHasNone) {
+    network("home")->setSsid(nullptr);
     ReplyLines first(32);
-    EXPECT_TRUE(settings.getNetworkDatabaseSsids("wlan0", first.data(), 1, &first.count));
+    EXPECT_TRUE(copySsids(first, 1));
     EXPECT_TRUE(isFree(locks.all[0]) && isFree(locks.all[1])) << "it was not reached";
 
     ReplyLines ssids(32);
-    EXPECT_FALSE(settings.getNetworkDatabaseSsids("wlan0", ssids.data(), 32, &ssids.count));
+    EXPECT_FALSE(copySsids(ssids));
     EXPECT_THAT(test::toStrings(ssids), testing::ElementsAre("work"));
     EXPECT_EQ(ssids.data()[1], nullptr);
     EXPECT_FALSE(isFree(locks.all[0]));
@@ -125,9 +94,8 @@ TEST_F(OtherLocks, AreLeftHeldByTheSsidsWhenANetworkHasNone) {
     EXPECT_TRUE(isFree(locks.all[2])) << "that of the state is not concerned";
 
     ReplyLines again(32);
-    EXPECT_TRUE(settings.getNetworkDatabaseSsids("wlan0", again.data(), 1, &again.count))
-        << "its holder still gets in";
-    settings.unlockNetworks();
+    EXPECT_TRUE(copySsids(again, 1)) << "the holder can take it again";
+    settings().unlockNetworks();
     EXPECT_TRUE(isFree(locks.all[0]) && isFree(locks.all[1])) << "held once";
 }
 

@@ -2,18 +2,16 @@
 
 #include "RecordedLocks.h"
 
+#include "support/TestTime.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <atomic>
-#include <cerrno>
 #include <iterator>
 #include <pthread.h>
 #include <thread>
 
 namespace {
-
-std::atomic<int> timeouts{0};
 
 // Of one thread only, and only while it wants them.
 thread_local test::LockEvents* recorder = nullptr;
@@ -44,18 +42,6 @@ int PlatformUtil::lockMutex(PlatformMutex* mutex) noexcept {
     return result;
 }
 
-int PlatformUtil::lockMutexUntil(PlatformMutex* mutex,
-                                 std::chrono::steady_clock::time_point deadline) noexcept {
-    const auto time = deadline.time_since_epoch();
-    const auto whole = std::chrono::duration_cast<std::chrono::seconds>(time);
-    const timespec until{static_cast<time_t>(whole.count()),
-                         static_cast<long>(std::chrono::nanoseconds(time - whole).count())};
-    const int result = pthread_mutex_clocklock(mutex, CLOCK_MONOTONIC, &until);
-    if (result == ETIMEDOUT)
-        ++timeouts;
-    return result;
-}
-
 int PlatformUtil::unlockMutex(PlatformMutex* mutex) noexcept {
     note(false, mutex);
     return pthread_mutex_unlock(mutex);
@@ -72,9 +58,7 @@ LockEvents eventsOf(const std::function<void()>& work) {
 }
 
 void awaitLockTimeout() {
-    const int before = timeouts;
-    while (timeouts == before)
-        std::this_thread::yield();
+    TestTime::awaitLockTimeouts(1);
 }
 
 SettingsMutexes::SettingsMutexes(WifiHostSettings& settings) {
@@ -92,6 +76,14 @@ LockEvents SettingsMutexes::among(const LockEvents& events) const {
                      return std::find(all.begin(), all.end(), event.mutex) != all.end();
                  });
     return found;
+}
+
+bool SettingsMutexes::areHeldThroughout(const LockEvents& events) const {
+    return events.size() >= 6 && LockEvents(events.begin(), events.begin() + 3) == taking() &&
+           LockEvents(events.end() - 3, events.end()) == givingBack() &&
+           std::all_of(all.begin(), all.end(), [&events](const PlatformMutex* mutex) {
+               return isHeldThroughout(events, mutex);
+           });
 }
 
 bool SettingsMutexes::pairIsHeldThroughout(const LockEvents& events) const {

@@ -9,7 +9,7 @@
 
 namespace test {
 
-/// What was asked of a mutex.
+/// A mutex was taken or given back.
 struct LockEvent {
     bool isLock;
     PlatformMutex* mutex;
@@ -31,7 +31,11 @@ struct SettingsMutexes {
     LockEvents taking() const { return {{true, all[0]}, {true, all[1]}, {true, all[2]}}; }
     LockEvents givingBack() const { return {{false, all[2]}, {false, all[1]}, {false, all[0]}}; }
 
-    /// What was asked of these mutexes, without that of any other.
+    /// Whether an operation takes all in this order first, gives them back in reverse at last, and
+    /// holds each of them without a gap in between.
+    bool areHeldThroughout(const LockEvents& events) const;
+
+    /// The events of these mutexes alone.
     LockEvents among(const LockEvents& events) const;
 
     /// Whether the lock of the list and then that of the settings are taken, held without a gap and
@@ -41,7 +45,7 @@ struct SettingsMutexes {
     /// Whether a thread holds both locks of the pair.
     bool pairIsHeld() const;
 
-    std::array<PlatformMutex*, 3> all{}; ///< entrance, list, settings
+    std::array<PlatformMutex*, 3> all{}; ///< gate, list, settings
 };
 
 /// Returns when a thread has waited for a lock until its deadline, from now on.

@@ -1,108 +1,84 @@
-#include "settings/WifiHostSettings.h"
-
 #include "LoadedSettings.h"
-#include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <string>
-
-using platwifi::SettingsLock;
-using test::Commands;
-using test::ssidsOf;
-using test::statusOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 namespace {
 
 const std::string NETWORKS = "0\thome\tany\t\n3\twork\tany\t\n5\tcafe\tany\t\n";
 
-class RemoveNetwork : public testing::Test {
+class RemoveNetwork : public test::SettingsTest {
 protected:
-    test::LoadedSettings loaded;
+    /// On "work". The client accepts every command.
+    RemoveNetwork() {
+        load(NETWORKS, "ssid=work\nwpa_state=COMPLETED\n");
+        answer("OK\n");
+    }
+
+    static bool remove(const std::string& ssid, const char* iface = "wlan0") {
+        return settings().removeNetwork(iface, ssid.c_str());
+    }
 };
 
 TEST_F(RemoveNetwork, RemovesItFromTheSupplicantAndFromMemory) {
-    WifiHostSettings& settings = loaded.load(NETWORKS);
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.removeNetwork("wlan0", "work"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 remove_network 3"));
-    EXPECT_THAT(ssidsOf(settings), ElementsAre("cafe", "home"));
-    EXPECT_TRUE(settings.removeNetwork("wlan1", "cafe"));
-    EXPECT_TRUE(settings.removeNetwork("wlan0", "home"));
-    EXPECT_THAT(loaded.commands(),
-                ElementsAre("-iwlan0 remove_network 3", "-iwlan1 remove_network 5",
-                            "-iwlan0 remove_network 0"));
-    EXPECT_THAT(ssidsOf(settings), IsEmpty());
+    EXPECT_TRUE(remove("work"));
+    EXPECT_THAT(commands(), ElementsAre("-iwlan0 remove_network 3"));
+    EXPECT_THAT(ssids(), ElementsAre("cafe", "home"));
+    EXPECT_TRUE(remove("cafe", "wlan1"));
+    EXPECT_TRUE(remove("home"));
+    EXPECT_THAT(commands(), ElementsAre("-iwlan0 remove_network 3", "-iwlan1 remove_network 5",
+                                        "-iwlan0 remove_network 0"));
+    EXPECT_THAT(ssids(), IsEmpty());
 }
 
 // OP-3
-TEST_F(RemoveNetwork, SucceedsWithoutACommandWhenThereIsNoneLikeIt) {
-    WifiHostSettings& settings = loaded.load(NETWORKS);
-    loaded.answer("FAIL\n", 1);
-    const std::string ssids[] = {"",    "h", "Home", std::string(32, 'h'), std::string(200, 'h'),
-                                 "\xff"};
-    for (const std::string& ssid : ssids)
-        EXPECT_TRUE(settings.removeNetwork("wlan0", ssid.c_str())) << ssid;
-    EXPECT_TRUE(settings.removeNetwork("wlan0", nullptr));
-    EXPECT_TRUE(settings.removeNetwork(nullptr, nullptr));
-    EXPECT_THAT(loaded.commands(), IsEmpty());
-    EXPECT_EQ(ssidsOf(settings).size(), 3U);
+TEST_F(RemoveNetwork, SucceedsWithoutACommandForAnUnknownSsid) {
+    for (const std::string& ssid :
+         {std::string(), std::string("h"), std::string("Home"), std::string(32, 'h'),
+          std::string(200, 'h'), std::string("\xff")})
+        EXPECT_TRUE(remove(ssid)) << ssid;
+    EXPECT_TRUE(settings().removeNetwork("wlan0", nullptr));
+    EXPECT_TRUE(settings().removeNetwork(nullptr, nullptr));
+    EXPECT_THAT(commands(), IsEmpty());
+    EXPECT_THAT(ssids(), SizeIs(3));
 }
 
 TEST_F(RemoveNetwork, LeavesItWhereItIsWhenTheSupplicantRefuses) {
-    WifiHostSettings& settings = loaded.load(NETWORKS);
-    loaded.answer("FAIL\n");
-    EXPECT_FALSE(settings.removeNetwork("wlan0", "work"));
-    EXPECT_FALSE(settings.removeNetwork("fourteen-chars", "work"));
-    EXPECT_FALSE(settings.removeNetwork("", "work"));
-    EXPECT_FALSE(settings.removeNetwork(nullptr, "work"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 remove_network 3"));
-    EXPECT_EQ(ssidsOf(settings).size(), 3U);
+    standIn.reset();
+    answer("FAIL\n");
+    EXPECT_FALSE(remove("work"));
+    for (const char* const iface : {static_cast<const char*>(nullptr), "", "fourteen-chars"})
+        EXPECT_FALSE(remove("work", iface));
+    EXPECT_THAT(commands(), ElementsAre("-iwlan0 remove_network 3"));
+    EXPECT_THAT(ssids(), SizeIs(3));
+    EXPECT_EQ(current(), "work");
 }
 
 TEST_F(RemoveNetwork, TakesItsOwnTextForTheSsid) {
-    WifiHostSettings& settings = loaded.load(NETWORKS);
-    loaded.answer("OK\n");
-    const SettingsLock lock(settings);
-    EXPECT_TRUE(settings.removeNetwork("wlan0", settings.getNetwork("wlan0", "work")->getSsid()));
-    EXPECT_THAT(ssidsOf(settings), ElementsAre("cafe", "home"));
+    EXPECT_TRUE(settings().removeNetwork("wlan0", network("work")->getSsid()));
+    EXPECT_THAT(ssids(), ElementsAre("cafe", "home"));
 }
 
-// When the removed network was still the current one, connecting to another one would touch it.
-TEST_F(RemoveNetwork, IsNotTheCurrentOneAnyMore) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, "ssid=work\nwpa_state=COMPLETED\n");
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.removeNetwork("wlan0", "work"));
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "home"));
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_CONNECTING);
-}
-
-TEST_F(RemoveNetwork, LeavesAnotherCurrentOneAlone) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, "ssid=work\nwpa_state=COMPLETED\n");
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.removeNetwork("wlan0", "home"));
-    EXPECT_EQ(statusOf(settings, "work"), NETWORK_STATUS_CONNECTED);
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "cafe"));
-    EXPECT_EQ(statusOf(settings, "work"), NETWORK_STATUS_ENABLED) << "it was the current one";
+TEST_F(RemoveNetwork, ClearsTheCurrentNetworkOnlyWhereItIsTheOne) {
+    EXPECT_TRUE(remove("home"));
+    EXPECT_EQ(current(), "work");
+    EXPECT_EQ(statusOf("work"), NETWORK_STATUS_CONNECTED);
+    EXPECT_TRUE(remove("work"));
+    EXPECT_EQ(current(), "none");
 }
 
 TEST_F(RemoveNetwork, RemovesTheFirstOfTheListWhenSeveralHaveTheSsid) {
-    WifiHostSettings& settings = loaded.load(NETWORKS);
-    loaded.answer("OK\n");
-    const SettingsLock lock(settings);
-    settings.getNetwork("wlan0", "home")->setSsid("work");
-    EXPECT_TRUE(settings.removeNetwork("wlan0", "work"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 remove_network 3"));
-    EXPECT_EQ(settings.getNetwork("wlan0", "work")->getNetworkId(), 0);
+    network("home")->setSsid("work");
+    EXPECT_TRUE(remove("work"));
+    EXPECT_THAT(commands(), ElementsAre("-iwlan0 remove_network 3"));
+    EXPECT_EQ(network("work")->getNetworkId(), 0);
 }
 
 TEST_F(RemoveNetwork, SucceedsWithoutNetworks) {
-    EXPECT_TRUE(loaded.fail().removeNetwork("wlan0", "home"));
-    EXPECT_THAT(loaded.commands(), IsEmpty());
+    fail();
+    EXPECT_TRUE(remove("home"));
+    EXPECT_THAT(commands(), IsEmpty());
 }
 
 } // namespace

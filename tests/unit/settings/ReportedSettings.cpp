@@ -1,6 +1,5 @@
 #include "ReportedSettings.h"
 
-#include "SettingsState.h"
 #include "XmlReader.h"
 #include "platform/BufferedXWriter.h"
 
@@ -25,13 +24,15 @@ void ReportedSettings::answerStatus(const std::string& status, const std::string
     loaded.standIn.on({"-iwlan0", "arg"}).prints(processes);
 }
 
+// Another client creates it: script and calls stay as they are.
 WifiNetwork& ReportedSettings::add(const char* ssid) {
-    auto* const network = new WifiNetwork;
-    network->setSsid(ssid);
-    network->setNetworkStatus(NETWORK_STATUS_ENABLED);
-    WifiNetworkList& list = *(settings->*memberOf(Networks{}));
-    EXPECT_TRUE(list.addNetworkToList(network));
-    return *network;
+    StandIn client;
+    client.on({"-iwlan0", "add_network"}).prints(std::to_string(m_added++) + "\n");
+    client.on({"*"}).prints("OK\n");
+    EXPECT_TRUE(settings->addNetwork("wlan0", ssid));
+    WifiNetwork& network = *LoadedSettings::network(ssid);
+    network.setNetworkStatus(NETWORK_STATUS_ENABLED);
+    return network;
 }
 
 std::string ReportedSettings::xml(bool full) {
@@ -42,14 +43,11 @@ std::string ReportedSettings::xml(bool full) {
 }
 
 std::string ReportedSettings::dump() {
-    testing::internal::CaptureStderr();
-    settings->dump();
-    return testing::internal::GetCapturedStderr();
+    return LoadedSettings::dump();
 }
 
 void ReportedSettings::loadForRefresh(const std::string& networks) {
-    loaded.scriptLoad(networks);
-    settings->refreshAllSettings();
+    loaded.refreshAll(networks);
     answerStatus("wpa_state=INACTIVE\n");
 }
 

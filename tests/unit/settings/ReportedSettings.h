@@ -3,7 +3,6 @@
 #include "platform/ErrorHandler.h"
 
 #include "LoadedSettings.h"
-#include "support/BlockedFile.h"
 
 #include <string>
 
@@ -11,13 +10,12 @@ class WifiNetwork;
 
 namespace test {
 
-/// Settings whose reports are looked at: loaded without networks from a scripted client that serves
-/// wlan0. They have no refresh thread, which takes its time to end.
+/// The reports of loaded settings, without networks at first.
 class ReportedSettings {
 public:
     ReportedSettings();
 
-    /// An instance that found no adapter, and a client that answers nothing.
+    /// A load that found no adapter, and a client that answers nothing.
     void fail();
 
     /// What the supplicant answers from now on, to the question for its status alone.
@@ -43,7 +41,7 @@ public:
     ErrorHandler errors;
 
 private:
-    const BlockedFile m_noRefreshThread{"/dev/shm/wifi_shmem"};
+    int m_added = 0; ///< networks; also the id of the next one
 };
 
 /// Gives every field of a network, but for its security, a value of its own: "the <field>" for a text.

@@ -1,17 +1,8 @@
-#include "settings/WifiHostSettings.h"
-
 #include "LoadedSettings.h"
-#include "model/WifiTypes.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <string>
 
 using test::Commands;
-using test::statusOf;
 using testing::ElementsAre;
-using testing::IsEmpty;
+using testing::SizeIs;
 
 namespace {
 
@@ -20,80 +11,71 @@ const Commands ROAMING = {"-iwlan0 disconnect", "-iwlan0 set_network 5 disabled 
                           "-iwlan0 set_network 3 disabled 0", "-iwlan0 set_network 0 disabled 0",
                           "-iwlan0 reassociate"};
 
-class RoamNetworks : public testing::Test {
+class RoamNetworks : public test::SettingsTest {
 protected:
-    test::LoadedSettings loaded;
+    RoamNetworks() {
+        load(NETWORKS, "ssid=home\nwpa_state=COMPLETED\n");
+        answer("OK\n");
+    }
+
+    /// Replaces the script: the client refuses this command and accepts all others.
+    void refuse(const test::Arguments& command, int status) {
+        standIn.reset();
+        standIn.on(command).prints("FAIL\n").exits(status);
+        answer("OK\n");
+    }
 };
 
 // OP-6
 TEST_F(RoamNetworks, DisconnectsEnablesEveryNetworkAndReassociates) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, "ssid=home\nwpa_state=COMPLETED\n");
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.roamNetworks("wlan0"));
-    EXPECT_EQ(loaded.commands(), ROAMING);
+    EXPECT_TRUE(settings().roamNetworks("wlan0"));
+    EXPECT_EQ(commands(), ROAMING);
 }
 
 TEST_F(RoamNetworks, ChangesNothingInMemory) {
-    WifiHostSettings& settings = loaded.load(NETWORKS, "ssid=home\nwpa_state=COMPLETED\n");
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.roamNetworks("wlan0"));
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_CONNECTED);
-    EXPECT_EQ(statusOf(settings, "work"), NETWORK_STATUS_ENABLED);
-    EXPECT_EQ(statusOf(settings, "cafe"), NETWORK_STATUS_DISABLED);
-    loaded.standIn.reset();
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "work"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 select 3")) << "not disconnected";
-    EXPECT_EQ(statusOf(settings, "home"), NETWORK_STATUS_ENABLED) << "it was the current one";
+    EXPECT_TRUE(settings().roamNetworks("wlan0"));
+    EXPECT_EQ(statusOf("home"), NETWORK_STATUS_CONNECTED);
+    EXPECT_EQ(statusOf("work"), NETWORK_STATUS_ENABLED);
+    EXPECT_EQ(statusOf("cafe"), NETWORK_STATUS_DISABLED);
+    EXPECT_EQ(current(), "home");
+    EXPECT_EQ(state(), WPA_STATE_COMPLETED);
 }
 
 // LOAD-3
 TEST_F(RoamNetworks, AsksTheAdapterThatItIsGiven) {
-    WifiHostSettings& settings = loaded.load(NETWORKS);
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.roamNetworks("wlan1"));
-    EXPECT_EQ(loaded.commands().size(), ROAMING.size());
-    EXPECT_THAT(loaded.commands(), testing::Each(testing::StartsWith("-iwlan1 ")));
+    EXPECT_TRUE(settings().roamNetworks("wlan1"));
+    EXPECT_THAT(commands(), SizeIs(ROAMING.size()));
+    EXPECT_THAT(commands(), testing::Each(testing::StartsWith("-iwlan1 ")));
 }
 
 TEST_F(RoamNetworks, GoesOnWhenANetworkCannotBeEnabled) {
-    WifiHostSettings& settings = loaded.load(NETWORKS);
-    loaded.standIn.on({"-iwlan0", "set_network", "3", "disabled", "0"}).prints("FAIL\n").exits(1);
-    loaded.answer("OK\n");
-    EXPECT_TRUE(settings.roamNetworks("wlan0"));
-    EXPECT_EQ(loaded.commands(), ROAMING);
+    refuse({"-iwlan0", "set_network", "3", "disabled", "0"}, 1);
+    EXPECT_TRUE(settings().roamNetworks("wlan0"));
+    EXPECT_EQ(commands(), ROAMING);
 }
 
 TEST_F(RoamNetworks, StopsWhenItCannotDisconnect) {
-    WifiHostSettings& settings = loaded.load(NETWORKS);
-    loaded.standIn.on({"-iwlan0", "disconnect"}).exits(1);
-    loaded.answer("OK\n");
-    EXPECT_FALSE(settings.roamNetworks("wlan0"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 disconnect"));
-    EXPECT_FALSE(settings.roamNetworks("fourteen-chars"));
-    EXPECT_FALSE(settings.roamNetworks(""));
-    EXPECT_FALSE(settings.roamNetworks(nullptr));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan0 disconnect"));
+    refuse({"-iwlan0", "disconnect"}, 1);
+    EXPECT_FALSE(settings().roamNetworks("wlan0"));
+    for (const char* const iface : {static_cast<const char*>(nullptr), "", "fourteen-chars"})
+        EXPECT_FALSE(settings().roamNetworks(iface));
+    EXPECT_THAT(commands(), ElementsAre("-iwlan0 disconnect"));
 }
 
-TEST_F(RoamNetworks, TellsWhetherItCouldReassociate) {
-    WifiHostSettings& settings = loaded.load(NETWORKS);
-    loaded.standIn.on({"-iwlan0", "reassociate"}).prints("FAIL\n");
-    loaded.answer("OK\n");
-    EXPECT_FALSE(settings.roamNetworks("wlan0"));
-    EXPECT_EQ(loaded.commands(), ROAMING);
+TEST_F(RoamNetworks, FailsWhenItCannotReassociate) {
+    refuse({"-iwlan0", "reassociate"}, 0);
+    EXPECT_FALSE(settings().roamNetworks("wlan0"));
+    EXPECT_EQ(commands(), ROAMING);
 }
 
 // OP-6
 TEST_F(RoamNetworks, DisconnectsAndReassociatesWithoutNetworks) {
-    WifiHostSettings& empty = loaded.load("");
-    loaded.answer("OK\n");
-    EXPECT_TRUE(empty.roamNetworks("wlan1"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan1 disconnect", "-iwlan1 reassociate"));
-    WifiHostSettings& failed = loaded.fail();
-    loaded.answer("OK\n");
-    EXPECT_TRUE(failed.roamNetworks("wlan1"));
-    EXPECT_THAT(loaded.commands(), ElementsAre("-iwlan1 disconnect", "-iwlan1 reassociate"));
+    for (const bool isLoaded : {true, false}) {
+        isLoaded ? load("") : fail();
+        answer("OK\n");
+        EXPECT_TRUE(settings().roamNetworks("wlan1"));
+        EXPECT_THAT(commands(), ElementsAre("-iwlan1 disconnect", "-iwlan1 reassociate"));
+    }
 }
 
 } // namespace

@@ -1,69 +1,48 @@
 #pragma once
 
 #include "LoadedSettings.h"
-
-#include "model/WifiNetwork.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-#include <vector>
+#include "SaveSignals.h"
 
 namespace test {
 
-using Calls = std::vector<Arguments>;
+/// The end of a save that succeeds.
+inline const std::string SAVE = "-iwlan0 save_config";
+inline const std::string REREAD = "-iwlan0 reconfigure";
 
-/// What the watchdog does while it is replaced: nothing but this.
-struct FakeWatchdog {
-    /// Replaces it for as long as the object lives.
-    struct Use {
-        Use();
-        ~Use();
-        Use(const Use&) = delete;
-        Use& operator=(const Use&) = delete;
-    };
-
-    static bool isUsed;
-    static bool works;                          ///< whether it can be initialised
-    static int signals;                         ///< how many save signals were sent
-    static std::function<void()> atEverySignal; ///< may be empty
-};
-
-/// Saves the settings, with a scripted client.
-class SaveSettings : public testing::Test {
+/// Saves of the settings, and the signals after them.
+class SaveSettings : public SettingsTest {
 protected:
-    static Arguments call(const std::string& iface, const Arguments& command);
-    static Arguments wlan0(const Arguments& command) { return call("wlan0", command); }
+    SaveSettings() { SaveSignals::reset(); }
 
-    /// The end of a save that goes well.
-    static const Arguments SAVE;
-    static const Arguments REREAD;
+    /// Loads these networks, with the ids 0, 1, ... The client accepts every command afterwards.
+    void load(const std::vector<std::string>& ssids) {
+        LoadedSettings::load(LoadedHost::linesOf(ssids));
+        acceptAll();
+    }
 
-    SaveSettings();
+    /// Replaces the script: the client lists these networks.
+    void list(const std::vector<std::string>& ssids) {
+        LoadedSettings::list(LoadedHost::linesOf(ssids));
+    }
 
-    /// Loads these networks, numbered from 0. The client accepts all from then on.
-    void load(const std::vector<std::string>& ssids, const std::string& adapters = "wlan0\n");
+    /// Replaces the script: the client answers this command with `reply`, and accepts all others.
+    void answerTo(const Arguments& command, const std::string& reply) {
+        standIn.reset();
+        standIn.on(command).prints(reply);
+        answer("OK\n");
+    }
 
-    /// Forgets the script and the calls; the client accepts all.
-    void acceptAll();
+    /// The commands of a save that must have this result. Expects that it leaves no lock held.
+    Commands saveGiving(int result) const {
+        return commandsOf([result] {
+            EXPECT_EQ(settings().saveNetworkSettings(), result);
+            expectNoLockHeld();
+        });
+    }
 
-    /// Scripts what the supplicant has; before acceptAll() or in place of it.
-    void scriptList(const std::vector<std::string>& ssids);
-
-    WifiNetwork& network(const std::string& ssid);
-
-    /// Saves and tells the result; the locks are free again afterwards.
-    int save();
-
-    /// The commands of a save that must have this result.
-    Calls saveGiving(int result);
-
-    const FakeWatchdog::Use noWatchdog; // until the settings have ended
-    LoadedSettings loaded;
-    StandIn& standIn = loaded.standIn;
-    WifiHostSettings* settings = nullptr;
+    static std::string priority(const std::string& id, const std::string& value) {
+        return "-iwlan0 set_network " + id + " priority " + value;
+    }
 };
 
 } // namespace test

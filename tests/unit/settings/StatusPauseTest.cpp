@@ -1,14 +1,12 @@
 // A refresh of the status asks the supplicant once in five seconds.
 
-#include "StatusFixture.h"
+#include "StatusTest.h"
 
 #include "support/Checkpoint.h"
 #include "support/Doing.h"
 
-using test::SettableClock;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 namespace {
 
@@ -16,90 +14,94 @@ const std::string HOME = "0\thome\tany\t\n";
 const std::string LIST = "-iwlan0 list_networks";
 const std::string SCAN = "-iwlan0 scan_results";
 
-class StatusPause : public test::StatusFixture {
+class StatusPause : public test::StatusTest {
 protected:
-    StatusPause() { SettableClock::set(1000000); }
-
-    static bool refreshNow() { return settings().refreshDatabaseNetworksStatus(); }
-
-    // The same after some time.
-    static bool refreshAfter(std::uint64_t milliseconds) {
-        SettableClock::advance(milliseconds);
-        return refreshNow();
+    /// Loads "home"; the client lists it afterwards.
+    void loadHome() {
+        load(HOME);
+        scriptLoad(HOME);
     }
 
-    void expectSkipped(bool result) const {
-        EXPECT_TRUE(result);
+    bool refreshAfter(int milliseconds) {
+        time.advance(std::chrono::milliseconds(milliseconds));
+        return settings().refreshDatabaseNetworksStatus();
+    }
+
+    void expectSkippedAfter(int milliseconds) {
+        EXPECT_TRUE(refreshAfter(milliseconds));
         EXPECT_THAT(commands(), IsEmpty());
     }
 
-    void expectRun(bool result) {
-        EXPECT_TRUE(result);
+    void expectRunAfter(int milliseconds) {
+        EXPECT_TRUE(refreshAfter(milliseconds));
         EXPECT_THAT(commands(), ElementsAre(LIST, SCAN));
-        replies(HOME);
+        scriptLoad(HOME);
+    }
+
+    /// Runs `work`, which asks for the list; 4000 ms pass during the query.
+    template <typename Work>
+    void delay(const Work& work) {
+        test::Checkpoint checkpoint("/tmp/checkpoint");
+        standIn.reset();
+        standIn.on({"-iwlan0", "list_networks"})
+            .pausesAt(checkpoint.path())
+            .prints(test::LIST_HEADER + HOME);
+        standIn.answersLoad(HOME, "");
+        {
+            const test::Doing working(work);
+            checkpoint.awaitArrival();
+            time.advance(std::chrono::seconds(4));
+            checkpoint.letGo();
+        }
+        scriptLoad(HOME);
     }
 };
 
 // STATUS-1
 TEST_F(StatusPause, BeginsWithTheFirstLoad) {
-    load(HOME);
-    replies(HOME);
-    expectSkipped(refreshNow());
-    expectSkipped(refreshAfter(4999));
-    expectRun(refreshAfter(1));
+    loadHome();
+    expectSkippedAfter(0);
+    expectSkippedAfter(4999);
+    expectRunAfter(1);
 }
 
 TEST_F(StatusPause, BeginsBeforeTheFirstLoadAsksAnything) {
-    test::Checkpoint checkpoint("/tmp/checkpoint");
-    standIn.on({"-iwlan0", "list_networks"})
-        .pausesAt(checkpoint.path())
-        .prints(test::LIST_HEADER + HOME);
-    script(HOME);
-    {
-        const test::Doing loading([this] { load(); });
-        checkpoint.awaitArrival();
-        SettableClock::advance(4000);
-        checkpoint.letGo();
-    }
-    replies(HOME);
-    expectSkipped(refreshAfter(999));
-    expectRun(refreshAfter(1));
+    delay([this] { reload(); });
+    expectSkippedAfter(999);
+    expectRunAfter(1);
 }
 
 TEST_F(StatusPause, BeginsAnewWithEveryRefreshThatWasNotSkipped) {
-    load(HOME);
-    replies(HOME);
-    expectRun(refreshAfter(5000));
-    expectSkipped(refreshNow());
-    expectSkipped(refreshAfter(2500));
-    expectSkipped(refreshAfter(2499));
-    expectRun(refreshAfter(1));
-    expectRun(refreshAfter(60000));
+    loadHome();
+    expectRunAfter(5000);
+    expectSkippedAfter(0);
+    expectSkippedAfter(2500);
+    expectSkippedAfter(2499);
+    expectRunAfter(1);
+    expectRunAfter(60000);
 }
 
 // STATUS-1
 TEST_F(StatusPause, IsOverAfterAReloadOfEverything) {
-    load(HOME);
-    load(HOME);
-    replies(HOME);
-    expectRun(refreshNow());
-    expectSkipped(refreshNow());
+    loadHome();
+    refreshAll(HOME);
+    scriptLoad(HOME);
+    expectRunAfter(0);
+    expectSkippedAfter(0);
 }
 
 TEST_F(StatusPause, CountsFromTheZeroOfTheClockAfterAReloadOfEverything) {
-    load(HOME);
-    load(HOME);
-    replies(HOME);
-    SettableClock::set(4999);
-    expectSkipped(refreshNow());
-    SettableClock::set(5000);
-    expectRun(refreshNow());
+    loadHome();
+    refreshAll(HOME);
+    scriptLoad(HOME);
+    time.clockIs(4999);
+    expectSkippedAfter(0);
+    expectRunAfter(1);
 }
 
 // STATUS-1
 TEST_F(StatusPause, FollowsAFailureToo) {
     load(HOME);
-    standIn.on({"*"}).exits(255);
     EXPECT_FALSE(refreshAfter(5000));
     EXPECT_THAT(commands(), ElementsAre(LIST));
     EXPECT_TRUE(refreshAfter(4999));
@@ -110,37 +112,25 @@ TEST_F(StatusPause, FollowsAFailureToo) {
 
 // STATUS-1
 TEST_F(StatusPause, CountsFromBeforeTheQueries) {
-    load(HOME);
-    test::Checkpoint checkpoint("/tmp/checkpoint");
-    standIn.on({"-iwlan0", "list_networks"}).pausesAt(checkpoint.path());
-    script(HOME);
-    {
-        const test::Doing refreshing([] { refreshAfter(5000); });
-        checkpoint.awaitArrival();
-        SettableClock::advance(4000);
-        checkpoint.letGo();
-    }
-    replies(HOME);
-    expectSkipped(refreshAfter(999));
-    expectRun(refreshAfter(1));
+    loadHome();
+    delay([this] { refreshAfter(5000); });
+    expectSkippedAfter(999);
+    expectRunAfter(1);
 }
 
 TEST_F(StatusPause, IsCutShortByAClockThatGoesBackwards) {
-    load(HOME);
-    replies(HOME);
-    SettableClock::set(999999);
-    expectRun(refreshNow());
-    expectSkipped(refreshNow());
+    loadHome();
+    time.clockIs(999999);
+    expectRunAfter(0);
+    expectSkippedAfter(0);
 }
 
 // The time of a failed load counts as zero.
-TEST_F(StatusPause, IsKeptByAnInstanceThatCouldNotBeLoaded) {
-    standIn.on({"*"}).exits(255);
-    load();
-    standIn.reset();
-    script(HOME);
-    EXPECT_FALSE(refreshNow());
-    expectSkipped(refreshNow());
+TEST_F(StatusPause, IsKeptAfterALoadThatFailed) {
+    fail();
+    scriptLoad(HOME);
+    EXPECT_FALSE(refreshAfter(0));
+    expectSkippedAfter(0);
     EXPECT_FALSE(refreshAfter(5000)) << "there is no adapter to ask";
     EXPECT_THAT(commands(), IsEmpty());
 }

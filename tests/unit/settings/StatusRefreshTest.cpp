@@ -1,8 +1,7 @@
-// What the supplicant's list tells when it is read again: statuses, and which network is current.
+// A refresh reads the supplicant's list again: the status of the networks, and which one is current.
 
-#include "StatusFixture.h"
+#include "StatusTest.h"
 
-#include "MissingWifiUtil.h"
 #include "support/Checkpoint.h"
 #include "support/Doing.h"
 
@@ -13,25 +12,27 @@ namespace {
 
 const std::string LIST = "-iwlan0 list_networks";
 const std::string SCAN = "-iwlan0 scan_results";
+const std::string CURRENT_WORK = "1\twork\tany\t[CURRENT]\n";
 
-const char* const CURRENT_WORK = "1\twork\tany\t[CURRENT]\n";
-
-class StatusRefresh : public test::StatusFixture {};
+class StatusRefresh : public test::StatusTest {
+protected:
+    StatusRefresh() { loadBoth(); }
+};
 
 TEST_F(StatusRefresh, AsksForTheListAndTheScanOfTheFirstAdapter) {
-    standIn.on({"interface"}).prints(test::ADAPTER_HEADER + "wlan0\nwlan1\n");
-    load("0\thome\tany\t\n");
+    adapters = "wlan0\nwlan1\n";
+    loadBoth();
     EXPECT_TRUE(refresh("0\thome\tany\t[DISABLED]\n"));
     EXPECT_THAT(commands(), ElementsAre(LIST, SCAN));
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_DISABLED);
     expectNoLockHeld();
 }
 
-TEST_F(StatusRefresh, GivesEveryNetworkTheStatusThatItsMarkStandsFor) {
+TEST_F(StatusRefresh, GivesEveryNetworkTheStatusOfItsFlag) {
     struct Row {
-        const char* marks;
+        const char* flags;
         unsigned int before;
-        int after;
+        unsigned int after;
     };
     const Row rows[] = {
         {"", NETWORK_STATUS_UNKNOWN, NETWORK_STATUS_ENABLED},
@@ -48,20 +49,19 @@ TEST_F(StatusRefresh, GivesEveryNetworkTheStatusThatItsMarkStandsFor) {
         {"[CURRENT][DISABLED]", NETWORK_STATUS_CONNECTED, NETWORK_STATUS_DISABLED},
         {"[TEMP-DISABLED]", NETWORK_STATUS_DISABLED, NETWORK_STATUS_ENABLED},
     };
-    loadBoth();
     for (const Row& row : rows) {
-        SCOPED_TRACE(row.marks);
+        SCOPED_TRACE(row.flags);
+        setNoCurrent();
         setStatus("home", row.before);
-        setCurrent(nullptr);
-        EXPECT_TRUE(refresh(std::string("0\thome\tany\t") + row.marks + "\n1\twork\tany\t\n"));
+        EXPECT_TRUE(refresh(std::string("0\thome\tany\t") + row.flags + "\n1\twork\tany\t\n"));
         EXPECT_EQ(statusOf("home"), row.after);
         EXPECT_EQ(statusOf("work"), NETWORK_STATUS_ENABLED);
-        EXPECT_EQ(current(), std::string(row.marks) == "[CURRENT]" ? "home" : "none");
+        EXPECT_EQ(current(), std::string(row.flags) == "[CURRENT]" ? "home" : "none");
     }
 }
 
-// Only the number at the beginning tells which network a line is of.
-TEST_F(StatusRefresh, FindsANetworkByItsNumber) {
+// Only the number at the beginning says which network a line is of.
+TEST_F(StatusRefresh, FindsANetworkByItsId) {
     struct Row {
         const char* line;
         bool isOfWork;
@@ -76,11 +76,10 @@ TEST_F(StatusRefresh, FindsANetworkByItsNumber) {
         {"1\t[DISABLED]\tany\t", true},
         {"2\twork\tany\t[DISABLED]", false},
         {"10\twork\tany\t[DISABLED]", false},
-        {"257\twork\tany\t[DISABLED]", false}, // one that was loaded would have become 1
+        {"257\twork\tany\t[DISABLED]", false}, // a load would take it for 1
         {"-1\twork\tany\t[DISABLED]", false},
         {"work\t1\tany\t[DISABLED]", false},
     };
-    loadBoth();
     for (const Row& row : rows) {
         SCOPED_TRACE(row.line);
         setStatus("work", NETWORK_STATUS_UNKNOWN);
@@ -92,45 +91,41 @@ TEST_F(StatusRefresh, FindsANetworkByItsNumber) {
 
 // STATUS-8
 TEST_F(StatusRefresh, TakesWhatIsNoNumberForTheFirstNetwork) {
-    loadBoth();
     setStatus("home", NETWORK_STATUS_CONNECTED);
     EXPECT_TRUE(refresh("FAIL\n"));
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
 }
 
 TEST_F(StatusRefresh, LetsTheLastLineOfANetworkCount) {
-    loadBoth();
     EXPECT_TRUE(refresh("0\thome\tany\t[DISABLED]\n0\thome\tany\t\n"));
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
 }
 
 // STATUS-6
 TEST_F(StatusRefresh, TakesTheFirst32Lines) {
-    std::string list;
+    std::string lines;
     for (int i = 0; i < 31; ++i)
-        list += std::to_string(100 + i) + "\tx\tany\t\n";
-    loadBoth();
-    EXPECT_TRUE(refresh(list + "0\thome\tany\t[DISABLED]\n1\twork\tany\t[DISABLED]\n"));
+        lines += std::to_string(100 + i) + "\tx\tany\t\n";
+    EXPECT_TRUE(refresh(lines + "0\thome\tany\t[DISABLED]\n1\twork\tany\t[DISABLED]\n"));
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_DISABLED);
     EXPECT_EQ(statusOf("work"), NETWORK_STATUS_ENABLED);
 }
 
-TEST_F(StatusRefresh, MovesToTheNetworkThatIsMarkedCurrent) {
+TEST_F(StatusRefresh, MakesTheNetworkWithTheFlagTheCurrentOne) {
     struct Row {
-        const char* current; // before
+        const char* current; // before; "" for none
         unsigned int before; // of "home", which is not listed
-        int after;
+        unsigned int after;
     };
     const Row rows[] = {
-        {nullptr, NETWORK_STATUS_CONNECTED, NETWORK_STATUS_CONNECTED},
+        {"", NETWORK_STATUS_CONNECTED, NETWORK_STATUS_CONNECTED},
         {"work", NETWORK_STATUS_CONNECTED, NETWORK_STATUS_CONNECTED},
         {"home", NETWORK_STATUS_CONNECTED, NETWORK_STATUS_ENABLED},
         {"home", NETWORK_STATUS_CONNECTING, NETWORK_STATUS_ENABLED},
         {"home", NETWORK_STATUS_DISABLED, NETWORK_STATUS_DISABLED},
     };
-    loadBoth();
     for (const Row& row : rows) {
-        SCOPED_TRACE(row.current ? row.current : "none");
+        SCOPED_TRACE(row.current);
         setCurrent(row.current);
         setStatus("home", row.before);
         setStatus("work", NETWORK_STATUS_CONNECTED);
@@ -141,76 +136,70 @@ TEST_F(StatusRefresh, MovesToTheNetworkThatIsMarkedCurrent) {
     }
 }
 
-// Networks are gone through from the last one that was loaded.
-TEST_F(StatusRefresh, StaysWithTheFirstLoadedOfSeveralThatAreMarked) {
-    loadBoth();
+// Networks are updated in the order of memory, the last one of the list first.
+TEST_F(StatusRefresh, StaysWithTheFirstListedOfSeveralWithTheFlag) {
     EXPECT_TRUE(refresh("0\thome\tany\t[CURRENT]\n1\twork\tany\t[CURRENT]\n"));
     EXPECT_EQ(current(), "home");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_CONNECTING);
     EXPECT_EQ(statusOf("work"), NETWORK_STATUS_ENABLED);
 }
 
-TEST_F(StatusRefresh, TakesNetworksOfOneNameForOne) {
-    loadBoth();
-    WifiNetwork* const home = record("home");
-    setStatus("home", NETWORK_STATUS_CONNECTED);
+TEST_F(StatusRefresh, TakesNetworksWithOneSsidForOne) {
+    const WifiNetwork* const home = network("home");
     setCurrent("home");
-    record("work")->setSsid("home");
+    setStatus("home", NETWORK_STATUS_CONNECTED);
+    network("work")->setSsid("home");
     EXPECT_TRUE(refresh(CURRENT_WORK));
-    EXPECT_EQ(test::currentNetworkOf(settings()), home);
+    EXPECT_EQ(currentNetwork(), home);
     EXPECT_EQ(home->getNetworkStatus(), NETWORK_STATUS_CONNECTED);
 }
 
-TEST_F(StatusRefresh, ReleasesACurrentNetworkThatIsEnabledOrDisabled) {
+TEST_F(StatusRefresh, ClearsACurrentNetworkThatIsEnabledOrDisabled) {
     struct Row {
-        unsigned int status; // of "home", which is not listed
+        const char* list;
+        unsigned int before; // of "home"
         const char* current;
     };
     const Row rows[] = {
-        {NETWORK_STATUS_UNKNOWN, "home"},   {NETWORK_STATUS_ENABLED, "none"},
-        {NETWORK_STATUS_CONNECTED, "home"}, {NETWORK_STATUS_CONNECTING, "home"},
-        {NETWORK_STATUS_DISABLED, "none"},
+        {"1\twork\tany\t\n", NETWORK_STATUS_UNKNOWN, "home"},
+        {"1\twork\tany\t\n", NETWORK_STATUS_ENABLED, "none"},
+        {"1\twork\tany\t\n", NETWORK_STATUS_CONNECTED, "home"},
+        {"1\twork\tany\t\n", NETWORK_STATUS_CONNECTING, "home"},
+        {"1\twork\tany\t\n", NETWORK_STATUS_DISABLED, "none"},
+        {"0\thome\tany\t\n", NETWORK_STATUS_CONNECTED, "none"},
+        {"0\thome\tany\t[DISABLED]\n", NETWORK_STATUS_CONNECTED, "none"},
     };
-    loadBoth();
     for (const Row& row : rows) {
-        SCOPED_TRACE(row.status);
-        setStatus("home", row.status);
+        SCOPED_TRACE(row.list + std::to_string(row.before));
         setCurrent("home");
-        EXPECT_TRUE(refresh("1\twork\tany\t\n"));
+        setStatus("home", row.before);
+        EXPECT_TRUE(refresh(row.list));
+        if (row.list[0] == '1') {
+            EXPECT_EQ(statusOf("home"), row.before) << "it is not listed";
+        }
         EXPECT_EQ(current(), row.current);
-        EXPECT_EQ(statusOf("home"), static_cast<int>(row.status));
-    }
-    for (const char* const mark : {"", "[DISABLED]"}) {
-        setStatus("home", NETWORK_STATUS_CONNECTED);
-        setCurrent("home");
-        EXPECT_TRUE(refresh(std::string("0\thome\tany\t") + mark + "\n"));
-        EXPECT_EQ(current(), "none") << mark;
     }
 }
 
 TEST_F(StatusRefresh, LeavesTheSupplicantsStateAlone) {
-    loadBoth();
-    setState(WPA_STATE_COMPLETED);
+    setState("COMPLETED");
     EXPECT_TRUE(refresh(CURRENT_WORK));
-    EXPECT_EQ(test::supplicantStateOf(settings()), WPA_STATE_COMPLETED);
+    EXPECT_EQ(state(), WPA_STATE_COMPLETED);
 }
 
 TEST_F(StatusRefresh, ChangesNothingWithoutAList) {
-    loadBoth();
-    setStatus("home", NETWORK_STATUS_DISABLED);
     setCurrent("home");
-    standIn.on({"*"}).exits(255);
+    setStatus("home", NETWORK_STATUS_DISABLED);
     EXPECT_FALSE(refreshLater());
     EXPECT_THAT(commands(), ElementsAre(LIST));
     EXPECT_EQ(current(), "home");
     expectNoLockHeld();
 }
 
-TEST_F(StatusRefresh, DoesWithoutAScan) {
-    loadBoth();
+TEST_F(StatusRefresh, SucceedsWithoutAScan) {
     setCurrent("home");
     standIn.on({"-iwlan0", "scan_results"}).exits(255);
-    script("0\thome\tany\t[DISABLED]\n");
+    standIn.answersLoad("0\thome\tany\t[DISABLED]\n", "");
     EXPECT_TRUE(refreshLater());
     EXPECT_THAT(commands(), ElementsAre(LIST, SCAN));
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_DISABLED);
@@ -218,16 +207,15 @@ TEST_F(StatusRefresh, DoesWithoutAScan) {
     expectNoLockHeld();
 }
 
-// What has been read until then stays; nothing more is asked, and no current network released.
+// What has been read until then stays. Nothing more is asked, and no current network is cleared.
 // STATUS-7
 TEST_F(StatusRefresh, EndsAtALineWithoutAnyField) {
-    for (const char* const line : {" ", "\t", "\t \t "}) {
+    for (const std::string line : {" ", "\t", "\t \t "}) {
         SCOPED_TRACE(line);
-        standIn.reset();
         loadBoth();
         setCurrent("work");
-        EXPECT_FALSE(refresh(std::string("0\thome\tany\t[DISABLED]\n1\twork\tany\t[DISABLED]\n") +
-                             line + "\n1\twork\tany\t\n"));
+        EXPECT_FALSE(refresh("0\thome\tany\t[DISABLED]\n1\twork\tany\t[DISABLED]\n" + line +
+                             "\n1\twork\tany\t\n"));
         EXPECT_THAT(commands(), ElementsAre(LIST));
         EXPECT_EQ(statusOf("work"), NETWORK_STATUS_DISABLED) << "the first one in memory";
         EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
@@ -236,51 +224,32 @@ TEST_F(StatusRefresh, EndsAtALineWithoutAnyField) {
     }
 }
 
-TEST_F(StatusRefresh, LooksAtNoLineWithoutNetworks) {
+TEST_F(StatusRefresh, ReadsNoLineWithoutNetworks) {
     load("");
     EXPECT_TRUE(refresh(" \n"));
     EXPECT_THAT(commands(), ElementsAre(LIST, SCAN)) << "unlike a load";
 }
 
 TEST_F(StatusRefresh, FailsWithoutAdapter) {
-    standIn.on({"*"}).exits(255);
-    load();
-    standIn.reset();
+    fail();
     EXPECT_FALSE(refreshLater());
     EXPECT_THAT(commands(), IsEmpty());
     expectNoLockHeld();
 }
 
-TEST_F(StatusRefresh, FailsWithoutWifiUtil) {
-    loadBoth();
-    setStatus("home", NETWORK_STATUS_DISABLED);
-    setCurrent("home");
-    {
-        const test::MissingWifiUtil missing;
-        EXPECT_FALSE(refreshLater());
-    }
-    EXPECT_THAT(commands(), IsEmpty());
-    EXPECT_EQ(current(), "home");
-    expectNoLockHeld();
-}
-
-TEST_F(StatusRefresh, LetsNobodyInBetweenItsQueries) {
-    loadBoth();
-    test::Checkpoint list("/tmp/list");
-    test::Checkpoint scan("/tmp/scan");
-    standIn.on({"-iwlan0", "list_networks"}).pausesAt(list.path());
-    standIn.on({"-iwlan0", "scan_results"}).pausesAt(scan.path());
-    const test::Doing refreshing([] { refreshLater(); });
-    list.awaitArrival();
-    list.letGo();
-    scan.awaitArrival();
-    const test::Doing waiting([] {
-        settings().lockSettings();
-        settings().unlockSettings();
-    });
+TEST_F(StatusRefresh, HoldsTheLocksBetweenItsQueries) {
+    test::Checkpoint listing("/tmp/list");
+    test::Checkpoint scanning("/tmp/scan");
+    standIn.on({"-iwlan0", "list_networks"}).pausesAt(listing.path());
+    standIn.on({"-iwlan0", "scan_results"}).pausesAt(scanning.path());
+    const test::Doing refreshing([this] { refreshLater(); });
+    listing.awaitArrival();
+    listing.letGo();
+    scanning.awaitArrival();
+    const test::Doing waiting([] { expectNoLockHeld(); });
     waiting.awaitRest();
     EXPECT_FALSE(waiting.isDone());
-    scan.letGo();
+    scanning.letGo();
 }
 
 } // namespace

@@ -1,42 +1,44 @@
-// How networks were last received, taken from the scan when their status is refreshed.
+// BSSID, channel, strength and mode of networks, taken from the scan when their status is refreshed.
 
-#include "StatusFixture.h"
+#include "StatusTest.h"
 
 namespace {
 
-const char* const LIST = "0\thome\tany\t\n1\twork\tany\t\n";
+const std::string LIST = "0\thome\tany\t\n1\twork\tany\t\n";
+const std::string HOME = "a:b\t2412\t160\t[ESS]\thome\n";
 
-class StatusScan : public test::StatusFixture {
+class StatusScan : public test::StatusTest {
 protected:
     StatusScan() {
         loadBoth();
-        forget();
+        reset();
     }
 
-    // Values that no scan tells.
-    static void forget() {
+    // Values that no scan has.
+    static void reset() {
         for (const char* const ssid : {"home", "work"}) {
-            record(ssid)->setBssid("old");
-            record(ssid)->setChannel(99);
-            record(ssid)->setStrength(98);
-            record(ssid)->setNetworkMode(97);
+            network(ssid)->setBssid("old");
+            network(ssid)->setChannel(99);
+            network(ssid)->setStrength(98);
+            network(ssid)->setNetworkMode(97);
+            network(ssid)->cleanDirtyFields();
         }
     }
 
     void scan(const std::string& lines) { EXPECT_TRUE(refresh(LIST, lines)); }
 
-    void expect(const char* ssid, const char* bssid, unsigned int channel, unsigned int strength,
-                unsigned int mode) const {
+    static void expect(const std::string& ssid, const char* bssid, unsigned int channel,
+                       unsigned int strength, unsigned int mode) {
         EXPECT_STREQ(network(ssid)->getBssid(), bssid);
         EXPECT_EQ(network(ssid)->getChannel(), channel);
         EXPECT_EQ(network(ssid)->getStrength(), strength);
         EXPECT_EQ(network(ssid)->getNetworkMode(), mode);
     }
 
-    void expectOld(const char* ssid) const { expect(ssid, "old", 99, 98, 97); }
+    static void expectOld(const std::string& ssid) { expect(ssid, "old", 99, 98, 97); }
 };
 
-TEST_F(StatusScan, UpdatesTheNetworkWhoseSsidALineHolds) {
+TEST_F(StatusScan, UpdatesTheNetworkWhoseSsidALineHas) {
     scan("02:00:00:00:01:00\t2462\t185\t[WPA2-PSK-CCMP][ESS]\thome\n");
     expect("home", "02:00:00:00:01:00", 11, 50, NETWORK_MODE_MANAGED);
     expectOld("work");
@@ -45,36 +47,35 @@ TEST_F(StatusScan, UpdatesTheNetworkWhoseSsidALineHolds) {
     expect("home", "02:00:00:00:01:00", 11, 50, NETWORK_MODE_MANAGED);
 }
 
-// Unlike loading, which takes a line for a network's only when it is the SSID and nothing else.
+// Unlike a load, which takes a line for a network's only when it is the SSID and nothing else.
 // STATUS-4
 TEST_F(StatusScan, FindsTheSsidAnywhereInTheLine) {
-    for (const char* const line :
+    for (const std::string line :
          {"a:b\t2412\t160\t[ESS]\thome", "a:b\t2412\t160\t[ESS]\tmy home is here",
           "a:b\t2412\t160\t[ESS] home\tx", "a:b home\t2412\t160\t[ESS]\tx"}) {
         SCOPED_TRACE(line);
-        forget();
-        scan(std::string(line) + "\n");
+        reset();
+        scan(line + "\n");
         EXPECT_EQ(network("home")->getChannel(), 1U);
         EXPECT_EQ(network("home")->getStrength(), 0U);
         expectOld("work");
     }
-    forget();
+    reset();
     scan("a:b\t2412\t160\t[ESS]\tHome\n");
     expectOld("home");
 }
 
-TEST_F(StatusScan, IsNotWhatALoadFinds) {
-    const std::string line = "a:b\t2412\t160\t[ESS]\thome\n";
-    load(LIST, "", line);
+TEST_F(StatusScan, ReadsALineThatALoadDoesNotRead) {
+    load(LIST, "", HOME);
     EXPECT_STREQ(network("home")->getBssid(), "00:00:00:00:00:00");
     EXPECT_EQ(network("home")->getChannel(), 0U);
-    scan(line);
+    scan(HOME);
     expect("home", "a:b", 1, 0, NETWORK_MODE_MANAGED);
 }
 
 // STATUS-4
-TEST_F(StatusScan, UpdatesAShortNameThatIsPartOfALongerOneToo) {
-    record("work")->setSsid("home-2");
+TEST_F(StatusScan, UpdatesAlsoANetworkWhoseSsidIsPartOfALongerOne) {
+    network("work")->setSsid("home-2");
     const std::string line = "a:b\t2412\t160\t[ESS]\thome-2\n";
     scan(line);
     expect("home-2", "a:b", 1, 0, NETWORK_MODE_MANAGED);
@@ -87,7 +88,7 @@ TEST_F(StatusScan, UpdatesAShortNameThatIsPartOfALongerOneToo) {
 }
 
 TEST_F(StatusScan, StopsAtTheFirstFieldThatIsMissing) {
-    record("home")->setSsid(":");
+    network("home")->setSsid(":");
     scan(":\n");
     expect(":", ":", 99, 98, 97);
     scan("a:b\t2412\n");
@@ -98,16 +99,16 @@ TEST_F(StatusScan, StopsAtTheFirstFieldThatIsMissing) {
     expect(":", "e:f", 3, 0, NETWORK_MODE_ADHOC);
 }
 
-TEST_F(StatusScan, PassesOverAFirstFieldThatIsNoBssid) {
+TEST_F(StatusScan, IgnoresAFirstFieldThatIsNoBssid) {
     scan("home\t2412\t160\t[IBSS]\n");
     expect("home", "old", 1, 0, NETWORK_MODE_ADHOC);
 }
 
-TEST_F(StatusScan, LeavesNetworksThatWereNotReceived) {
-    scan("");
-    expectOld("home");
-    scan("a:b\t2412\t160\t[ESS]\telsewhere\n");
-    expectOld("home");
+TEST_F(StatusScan, LeavesNetworksThatWereNotFound) {
+    for (const std::string lines : {"", "a:b\t2412\t160\t[ESS]\telsewhere\n"}) {
+        scan(lines);
+        expectOld("home");
+    }
 }
 
 // STATUS-6
@@ -115,20 +116,20 @@ TEST_F(StatusScan, TakesTheFirst32Lines) {
     std::string lines;
     for (int i = 0; i < 31; ++i)
         lines += "x\n";
-    scan(lines + "a:b\t2412\t160\t[ESS]\thome\na:b\t2412\t160\t[ESS]\twork\n");
+    scan(lines + HOME + "a:b\t2412\t160\t[ESS]\twork\n");
     EXPECT_EQ(network("home")->getChannel(), 1U);
     expectOld("work");
 }
 
-TEST_F(StatusScan, PassesOverANetworkWithoutSsid) {
-    WifiNetwork* const home = record("home");
+TEST_F(StatusScan, SkipsANetworkWithoutSsid) {
+    WifiNetwork* const home = network("home");
     home->setSsid(nullptr);
     scan("a:b\t2412\t160\t[ESS]\twork\n");
     EXPECT_STREQ(home->getBssid(), "old");
     EXPECT_STREQ(network("work")->getBssid(), "a:b");
 }
 
-TEST_F(StatusScan, DoesNotTouchStatuses) {
+TEST_F(StatusScan, ChangesNoStatus) {
     EXPECT_TRUE(refresh("0\thome\tany\t[CURRENT]\n1\twork\tany\t[DISABLED]\n",
                         "a:b\t2412\t160\t[ESS]\thome work\n"));
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_CONNECTING);
@@ -137,19 +138,16 @@ TEST_F(StatusScan, DoesNotTouchStatuses) {
     expectNoLockHeld();
 }
 
-// They are set like any other change, so the next save writes them.
+// The fields are set like any other change, so the next save writes them.
 // STATUS-5
 TEST_F(StatusScan, LeavesChangesToBeSaved) {
-    record("home")->cleanDirtyFields();
-    record("work")->cleanDirtyFields();
-    const std::string line = "a:b\t2412\t160\t[ESS]\thome\n";
-    scan(line);
+    scan(HOME);
     EXPECT_TRUE(network("home")->getBssidDirty());
     EXPECT_TRUE(network("home")->getChannelDirty());
     EXPECT_TRUE(network("home")->getNetworkModeDirty());
     EXPECT_FALSE(network("work")->getNetworkDirty());
-    record("home")->cleanDirtyFields();
-    scan(line);
+    network("home")->cleanDirtyFields();
+    scan(HOME);
     EXPECT_FALSE(network("home")->getNetworkDirty()) << "nothing was changed";
 }
 

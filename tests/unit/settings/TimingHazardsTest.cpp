@@ -1,24 +1,18 @@
-// What happens when several threads come at the worst moment. Clients stand still where a test wants it,
-// for as long as it wants.
+// Several threads call at the same time. Clients wait where a test wants it, as long as it wants.
 
-#include "settings/WifiHostSettings.h"
+#include "LoadedSettings.h"
 
-#include "model/WifiNetwork.h"
-#include "supplicant/WifiUtil.h"
 #include "support/Checkpoint.h"
 #include "support/Doing.h"
 #include "support/ForeignSignal.h"
-#include "support/LoadedHost.h"
 #include "support/ThreadState.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <atomic>
 #include <filesystem>
 #include <memory>
-#include <vector>
 
+using testing::ElementsAre;
+using testing::IsEmpty;
 using testing::SizeIs;
 
 namespace {
@@ -28,99 +22,107 @@ const test::Arguments LIST{"-iwlan0", "list_networks"};
 
 constexpr const char* REFRESH_THREAD = "tWifiRefreshWat"; // as much as the system keeps
 
-class TimingHazards : public testing::Test {
+enum class NextLoad { SUCCEEDS, FAILS };
+
+class TimingHazards : public test::SettingsTest {
 protected:
     ~TimingHazards() override {
         WifiHostSettings::unload();
-        WifiUtil::unload();
         test::awaitNoThreadNamed(REFRESH_THREAD);
     }
 
-    /// The settings, loaded; the load after that stands still at `checkpoint` and then fails or not.
-    WifiHostSettings& loadedSettings(bool nextLoadFails) {
-        auto list = host.on(LIST).prints(host.listed({"home"})).then().pausesAt(checkpoint.path());
-        if (nextLoadFails)
+    /// Begins the rule for the lists of all loads. The answer continues at the caller.
+    test::StandIn::Answer lists() {
+        standIn.reset();
+        return standIn.on(LIST);
+    }
+
+    static std::string listed(const std::vector<std::string>& ssids) {
+        return test::LoadedHost::listed(ssids);
+    }
+
+    /// Loads the settings. The next load waits at the checkpoint and then fails, or finds "office" in
+    /// addition; a third one finds "third".
+    void loadBefore(NextLoad next) {
+        auto list = lists().prints(listed({"home"})).then().pausesAt(checkpoint.path());
+        if (next == NextLoad::FAILS)
             list.exits(255);
         else
-            list.prints(host.listed({"home", "office"})).then().prints(host.listed({"third"}));
-        host.answers({});
-        return *WifiHostSettings::getInstance(nullptr);
+            list.prints(listed({"home", "office"})).then().prints(listed({"third"}));
+        standIn.answers({});
+        settings();
     }
 
-    static bool hasNetwork(WifiHostSettings& settings, const char* ssid) {
-        settings.lockSettings();
-        const bool found = settings.getNetwork("wlan0", ssid) != nullptr;
-        settings.unlockSettings();
-        return found;
+    /// The refresh thread reloads, and waits at the checkpoint.
+    void refreshElsewhere() {
+        elsewhere.raise();
+        checkpoint.awaitArrival();
     }
 
-    test::LoadedHost host;
     test::Checkpoint checkpoint{"/tmp/checkpoint"};
     test::ForeignSignal elsewhere;
 };
 
-TEST_F(TimingHazards, FirstCallsThatComeTogetherGetOneInstanceLoadedOnce) {
-    host.on(LIST).pausesAt(checkpoint.path()).prints(host.listed({"home"}));
-    host.answers({});
+TEST_F(TimingHazards, FirstCallsAtTheSameTimeGetOneInstanceLoadedOnce) {
+    lists().pausesAt(checkpoint.path()).prints(listed({"home"}));
+    standIn.answers({});
     std::atomic<WifiHostSettings*> first{nullptr};
     std::atomic<WifiHostSettings*> second{nullptr};
     {
-        const test::Doing one([&] { first = WifiHostSettings::getInstance(nullptr); });
+        const test::Doing one([&] { first = &settings(); });
         checkpoint.awaitArrival();
-        const test::Doing two([&] { second = WifiHostSettings::getInstance(nullptr); });
+        const test::Doing two([&] { second = &settings(); });
         two.awaitRest();
-        EXPECT_FALSE(two.isDone()) << "nobody gets settings that are still being loaded";
+        EXPECT_FALSE(two.isDone()) << "the settings are still being loaded";
         checkpoint.letGo();
     }
     EXPECT_NE(first, nullptr);
     EXPECT_EQ(first, second);
-    EXPECT_EQ(host.callsOf(LIST), 1U);
-    EXPECT_EQ(host.callsOf(INTERFACE), 2U) << "one probe for stamps, one load";
+    EXPECT_EQ(standIn.callsOf(LIST), 1U);
+    EXPECT_EQ(standIn.callsOf(INTERFACE), 1U);
 }
 
-TEST_F(TimingHazards, ARefreshSignalDuringConstructionIsAnsweredAfterIt) {
+TEST_F(TimingHazards, ARefreshSignalDuringTheFirstLoadIsAnsweredAfterIt) {
     test::Checkpoint again("/tmp/again");
-    host.on(LIST)
+    lists()
         .pausesAt(checkpoint.path())
-        .prints(host.listed({"home"}))
+        .prints(listed({"home"}))
         .then()
         .pausesAt(again.path())
-        .prints(host.listed({"home", "office"}));
-    host.answers({});
+        .prints(listed({"home", "office"}));
+    standIn.answers({});
     {
-        const test::Doing making([] { WifiHostSettings::getInstance(nullptr); });
+        const test::Doing loading([] { settings(); });
         checkpoint.awaitArrival();
         elsewhere.raise();
         elsewhere.awaitTaken();
-        EXPECT_FALSE(making.isDone());
-        EXPECT_EQ(host.callsOf(LIST), 1U) << "the settings are not loaded twice at a time";
+        EXPECT_FALSE(loading.isDone());
+        EXPECT_EQ(standIn.callsOf(LIST), 1U) << "the settings are not loaded twice at a time";
         checkpoint.letGo();
     }
-    WifiHostSettings* const settings = WifiHostSettings::getInstance(nullptr);
     again.awaitArrival();
     again.letGo();
-    EXPECT_TRUE(hasNetwork(*settings, "office"));
-    EXPECT_EQ(WifiHostSettings::getInstance(nullptr), settings);
+    EXPECT_THAT(ssids(), ElementsAre("office", "home"));
 }
 
-TEST_F(TimingHazards, AConstructionThatFailsEndsThoughARefreshIsDue) {
-    host.on(LIST).pausesAt(checkpoint.path()).exits(255).then().prints(host.listed({"home"}));
-    host.answers({});
+TEST_F(TimingHazards, AFirstLoadThatFailsEndsAlthoughARefreshIsDue) {
+    lists().pausesAt(checkpoint.path()).exits(255).then().prints(listed({"home"}));
+    standIn.answers({});
     {
-        const test::Doing making([] { WifiHostSettings::getInstance(nullptr); });
+        const test::Doing loading([] { settings(); });
         checkpoint.awaitArrival();
         elsewhere.raise();
         elsewhere.awaitTaken();
         checkpoint.letGo();
     }
-    EXPECT_FALSE(hasNetwork(*WifiHostSettings::getInstance(nullptr), "home"));
-    EXPECT_TRUE(hasNetwork(*WifiHostSettings::reload(nullptr), "home"));
+    EXPECT_THAT(ssids(), IsEmpty());
+    reload();
+    EXPECT_THAT(ssids(), ElementsAre("home"));
 }
 
 TEST_F(TimingHazards, UnloadWaitsForAReloadOfTheRefreshThread) {
-    loadedSettings(false);
-    elsewhere.raise();
-    checkpoint.awaitArrival();
+    loadBefore(NextLoad::SUCCEEDS);
+    refreshElsewhere();
     {
         const test::Doing unloading([] { WifiHostSettings::unload(); });
         unloading.awaitRest();
@@ -128,34 +130,31 @@ TEST_F(TimingHazards, UnloadWaitsForAReloadOfTheRefreshThread) {
         checkpoint.letGo();
     }
     test::awaitNoThreadNamed(REFRESH_THREAD);
-    EXPECT_TRUE(hasNetwork(*WifiHostSettings::getInstance(nullptr), "third"));
+    EXPECT_THAT(ssids(), ElementsAre("third"));
 }
 
-TEST_F(TimingHazards, UnloadEndsThoughTheReloadOfTheRefreshThreadFails) {
-    loadedSettings(true);
-    elsewhere.raise();
-    checkpoint.awaitArrival();
+TEST_F(TimingHazards, UnloadEndsAlthoughTheReloadOfTheRefreshThreadFails) {
+    loadBefore(NextLoad::FAILS);
+    refreshElsewhere();
     const test::Doing unloading([] { WifiHostSettings::unload(); });
     unloading.awaitRest();
     checkpoint.letGo();
 }
 
 // OP-10
-TEST_F(TimingHazards, UnloadEndsThoughARefreshIsDue) {
-    host.answers({"home"});
-    WifiHostSettings::getInstance(nullptr);
+TEST_F(TimingHazards, UnloadEndsAlthoughARefreshIsDue) {
+    loadBefore(NextLoad::FAILS);
+    standIn.reset();
     elsewhere.raise();
     WifiHostSettings::unload();
 }
 
-TEST_F(TimingHazards, WhoWaitsForTheListsLockComesBackWhenAFailedReloadDestroysTheList) {
-    WifiHostSettings& settings = loadedSettings(true);
-    elsewhere.raise();
-    checkpoint.awaitArrival();
-    bool found = true;
+TEST_F(TimingHazards, CallsThatWaitForTheListReturnWhenAFailedReloadEmptiesIt) {
+    loadBefore(NextLoad::FAILS);
+    refreshElsewhere();
+    std::vector<std::string> found{"home"};
     bool connected = true;
     bool removed = false;
-    unsigned char ssids = 9;
     {
         std::vector<std::unique_ptr<test::Doing>> waiting;
         const auto wait = [&waiting](auto body) {
@@ -163,67 +162,60 @@ TEST_F(TimingHazards, WhoWaitsForTheListsLockComesBackWhenAFailedReloadDestroysT
             waiting.back()->awaitRest();
             EXPECT_FALSE(waiting.back()->isDone());
         };
-        wait([&] { found = hasNetwork(settings, "home"); });
-        wait([&] { connected = settings.connectNetwork("wlan0", "home"); });
-        wait([&] { removed = settings.removeNetwork("wlan0", "home"); });
-        wait([&] {
-            char* none[1] = {nullptr};
-            EXPECT_TRUE(settings.getNetworkDatabaseSsids("wlan0", none, 1, &ssids));
-        });
+        wait([] { EXPECT_EQ(statusOf("home"), 0U); });
+        wait([&] { connected = settings().connectNetwork("wlan0", "home"); });
+        wait([&] { removed = settings().removeNetwork("wlan0", "home"); });
+        wait([&] { found = ssids(); });
         checkpoint.letGo();
     }
-    EXPECT_FALSE(found);
     EXPECT_FALSE(connected);
     EXPECT_TRUE(removed) << "it is not there any more";
-    EXPECT_EQ(ssids, 0U);
+    EXPECT_THAT(found, IsEmpty());
 }
 
-TEST_F(TimingHazards, AReloadThatFailsOnTheRefreshThreadEndsThatThreadInGoodOrder) {
-    WifiHostSettings& settings = loadedSettings(true);
+TEST_F(TimingHazards, AReloadThatFailsOnTheRefreshThreadEndsThatThread) {
+    loadBefore(NextLoad::FAILS);
     EXPECT_THAT(test::threadsNamed(REFRESH_THREAD), SizeIs(1));
-    elsewhere.raise();
-    checkpoint.awaitArrival();
+    refreshElsewhere();
     checkpoint.letGo();
     test::awaitNoThreadNamed(REFRESH_THREAD);
-    EXPECT_FALSE(hasNetwork(settings, "home"));
-    EXPECT_FALSE(std::filesystem::exists("/dev/shm/wifi_shmem")) << "the watchdog went with it";
-    host.reset();
-    host.answers({"home"});
-    EXPECT_TRUE(hasNetwork(*WifiHostSettings::reload(nullptr), "home"));
+    EXPECT_THAT(ssids(), IsEmpty());
+    EXPECT_FALSE(std::filesystem::exists("/dev/shm/wifi_shmem")) << "the watchdog is destroyed";
+    load("0\thome\tany\t\n");
+    EXPECT_THAT(ssids(), ElementsAre("home"));
     EXPECT_THAT(test::threadsNamed(REFRESH_THREAD), SizeIs(1));
 }
 
-TEST_F(TimingHazards, AReloadThatFailsElsewhereStopsTheRefreshThreadThoughARefreshIsDue) {
-    WifiHostSettings& settings = loadedSettings(true);
+TEST_F(TimingHazards, AReloadThatFailsElsewhereStopsTheRefreshThreadAlthoughARefreshIsDue) {
+    loadBefore(NextLoad::FAILS);
     {
-        const test::Doing reloading([&] { settings.refreshAllSettings(); });
+        const test::Doing reloading([] { settings().refreshAllSettings(); });
         checkpoint.awaitArrival();
         elsewhere.raise();
         elsewhere.awaitTaken();
         checkpoint.letGo();
     }
     test::awaitNoThreadNamed(REFRESH_THREAD);
-    EXPECT_FALSE(hasNetwork(settings, "home"));
+    EXPECT_THAT(ssids(), IsEmpty());
 }
 
-TEST_F(TimingHazards, ARefreshThatComesWhileTheSettingsAreInUseIsNotLost) {
-    WifiHostSettings& settings = loadedSettings(false);
-    settings.lockSettings();
+TEST_F(TimingHazards, ARefreshWhileTheSettingsAreInUseIsNotLost) {
+    loadBefore(NextLoad::SUCCEEDS);
+    settings().lockSettings();
     elsewhere.raise();
     elsewhere.awaitTaken();
-    settings.unlockSettings();
+    settings().unlockSettings();
     checkpoint.awaitArrival();
     checkpoint.letGo();
-    EXPECT_TRUE(hasNetwork(settings, "office"));
+    EXPECT_THAT(ssids(), ElementsAre("office", "home"));
 }
 
-TEST_F(TimingHazards, AdapterNamesAreToldWhileAReloadGoesOn) {
-    WifiHostSettings& settings = loadedSettings(false);
-    elsewhere.raise();
-    checkpoint.awaitArrival();
+TEST_F(TimingHazards, AdaptersAreAvailableDuringAReload) {
+    loadBefore(NextLoad::SUCCEEDS);
+    refreshElsewhere();
     char* names[2] = {nullptr, nullptr};
     unsigned char count = 9;
-    EXPECT_TRUE(settings.getWifiAdapters(names, 2, &count));
+    EXPECT_TRUE(settings().getWifiAdapters(names, 2, &count));
     EXPECT_EQ(count, 1U);
     delete[] names[0];
     checkpoint.letGo();

@@ -1,155 +1,140 @@
-// Threads go on using the settings while others unload and reload them.
+// Threads continue to use the settings while others unload and reload them.
 
-#include "settings/WifiHostSettings.h"
+#include "LoadedSettings.h"
 
+#include "settings/SettingsLock.h"
 #include "supplicant/WifiUtil.h"
 #include "support/Doing.h"
 #include "support/Lines.h"
-#include "support/LoadedHost.h"
 #include "support/ThreadState.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <functional>
+#include <filesystem>
 #include <future>
-#include <string>
 
 using platwifi::ReplyLines;
+using platwifi::SettingsLock;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
-const test::Arguments LIST{"-iwlan0", "list_networks"};
+constexpr const char* REFRESH_THREAD = "tWifiRefreshWat"; // as much as the system keeps
 
-class Unload : public testing::Test {
+class Unload : public test::SettingsTest {
 protected:
-    Unload() { host.answers({"home"}); }
-    ~Unload() override {
-        WifiHostSettings::unload();
-        WifiUtil::unload();
+    /// Loaded, and ready for further loads.
+    Unload() {
+        scriptLoad("0\thome\tany\t\n");
+        settings();
     }
 
-    static bool isRefreshThreadRunning() { return !test::threadsNamed("tWifiRefreshWat").empty(); }
+    static bool hasHome(WifiHostSettings& settings) {
+        const SettingsLock lock(settings);
+        return settings.getNetwork("wlan0", "home") != nullptr;
+    }
 
-    test::LoadedHost host;
+    static void expectShared(bool isShared) {
+        EXPECT_EQ(!test::threadsNamed(REFRESH_THREAD).empty(), isShared);
+        EXPECT_EQ(std::filesystem::exists("/dev/shm/wifi_shmem"), isShared);
+    }
 };
 
 // OP-9
 TEST_F(Unload, LeavesTheInstanceAtItsAddress) {
-    WifiHostSettings* const settings = WifiHostSettings::getInstance(nullptr);
+    WifiHostSettings* const instance = &settings();
     WifiHostSettings::unload();
-    EXPECT_EQ(WifiHostSettings::getInstance(nullptr), settings);
-    EXPECT_EQ(WifiHostSettings::reload(nullptr), settings);
+    EXPECT_EQ(&settings(), instance);
+    EXPECT_EQ(&reload(), instance);
 }
 
 TEST_F(Unload, EndsTheRefreshThreadAndLeavesTheSharedBlock) {
-    WifiHostSettings::getInstance(nullptr);
-    EXPECT_TRUE(isRefreshThreadRunning());
+    expectShared(true);
     WifiHostSettings::unload();
-    test::awaitNoThreadNamed("tWifiRefreshWat");
-    EXPECT_NE(access("/dev/shm/wifi_shmem", F_OK), 0);
-    WifiHostSettings::getInstance(nullptr);
-    EXPECT_TRUE(isRefreshThreadRunning());
-    EXPECT_EQ(access("/dev/shm/wifi_shmem", F_OK), 0);
+    test::awaitNoThreadNamed(REFRESH_THREAD);
+    expectShared(false);
+    settings();
+    expectShared(true);
 }
 
 struct Call {
     const char* name;
-    std::function<bool(WifiHostSettings&)> succeeds; ///< which needs the networks or the adapters
+    bool (*succeeds)(WifiHostSettings&); ///< where the networks or the adapters are loaded
 };
 
-bool knows(WifiHostSettings& settings) {
-    settings.lockSettings();
-    const bool found = settings.getNetwork("wlan0", "home") != nullptr;
-    settings.unlockSettings();
-    return found;
-}
+class CallAfterUnload : public Unload, public testing::WithParamInterface<Call> {
+public:
+    using Unload::hasHome;
+};
 
 const Call CALLS[] = {
-    {"lockSettings", knows},
+    {"lockSettings", CallAfterUnload::hasHome},
     {"addNetwork", [](WifiHostSettings& s) { return !s.addNetwork("wlan0", "home"); }},
     {"connectNetwork", [](WifiHostSettings& s) { return s.connectNetwork("wlan0", "home"); }},
     {"disconnectNetwork",
-     [](WifiHostSettings& s) { return s.disconnectNetwork("wlan0", "home") && knows(s); }},
-    {"getNetworkDatabaseSsids",
      [](WifiHostSettings& s) {
-         ReplyLines ssids(32);
-         return s.getNetworkDatabaseSsids("wlan0", ssids.data(), 32, &ssids.count) &&
-                ssids.count == 1;
+         return s.disconnectNetwork("wlan0", "home") && CallAfterUnload::hasHome(s);
      }},
+    {"getNetworkDatabaseSsids", [](WifiHostSettings& s) { return test::ssidsOf(s).size() == 1; }},
     {"getWifiAdapters",
      [](WifiHostSettings& s) {
          ReplyLines names(2);
          return s.getWifiAdapters(names.data(), 2, &names.count) && names.count == 1;
      }},
-    {"refreshAllSettings", [](WifiHostSettings& s) { return s.refreshAllSettings() && knows(s); }},
+    {"refreshAllSettings",
+     [](WifiHostSettings& s) { return s.refreshAllSettings() && CallAfterUnload::hasHome(s); }},
     {"refreshDatabaseNetworksStatus",
-     [](WifiHostSettings& s) { return s.refreshDatabaseNetworksStatus() && knows(s); }},
+     [](WifiHostSettings& s) {
+         return s.refreshDatabaseNetworksStatus() && CallAfterUnload::hasHome(s);
+     }},
 };
-
-class CallAfterUnload : public Unload, public testing::WithParamInterface<Call> {};
 
 // As for a thread that got the instance just before another one unloaded it.
 // OP-9
 TEST_P(CallAfterUnload, FindsTheSettingsLoadedAgainOnce) {
-    WifiHostSettings& settings = *WifiHostSettings::getInstance(nullptr);
+    WifiHostSettings& instance = settings();
     WifiHostSettings::unload();
-    const std::size_t before = host.callsOf(LIST);
-    EXPECT_TRUE(GetParam().succeeds(settings));
-    EXPECT_EQ(host.callsOf(LIST), before + 1);
+    EXPECT_TRUE(GetParam().succeeds(instance));
+    EXPECT_EQ(standIn.callsOf({"-iwlan0", "list_networks"}), 2U);
 }
 
 INSTANTIATE_TEST_SUITE_P(Every, CallAfterUnload, testing::ValuesIn(CALLS),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(Unload, WaitsForTheHolderOfTheLocks) {
-    WifiHostSettings& settings = *WifiHostSettings::getInstance(nullptr);
-    settings.lockSettings();
+    settings().lockSettings();
     {
         const test::Doing other([] { WifiHostSettings::unload(); });
         other.awaitRest();
         EXPECT_FALSE(other.isDone());
-        EXPECT_TRUE(settings.connectNetwork("wlan0", "home")) << "nothing has gone yet";
-        settings.unlockSettings();
+        EXPECT_TRUE(settings().connectNetwork("wlan0", "home")) << "still loaded";
+        settings().unlockSettings();
     }
-    EXPECT_TRUE(settings.connectNetwork("wlan0", "home")) << "loaded again";
+    EXPECT_TRUE(settings().connectNetwork("wlan0", "home")) << "loaded again";
 }
 
 // OP-9
 TEST_F(Unload, MayBeCalledByTheHolderOfTheLocksWhileAnotherThreadUnloads) {
-    WifiHostSettings& settings = *WifiHostSettings::getInstance(nullptr);
-    settings.lockSettings();
-    {
-        const test::Doing other([] { WifiHostSettings::unload(); });
-        other.awaitRest();
-        WifiHostSettings::unload();
-        EXPECT_TRUE(knows(settings))
-            << "loaded again for the holder, before the other one comes in";
-        settings.unlockSettings();
-    }
+    WifiHostSettings& instance = settings();
+    instance.lockSettings();
+    const test::Doing other([] { WifiHostSettings::unload(); });
+    other.awaitRest();
+    WifiHostSettings::unload();
+    EXPECT_TRUE(hasHome(instance))
+        << "loaded again for the holder, before the other thread unloads";
+    instance.unlockSettings();
 }
 
 TEST_F(Unload, LeavesTheHoldersLocksBalanced) {
-    WifiHostSettings& settings = *WifiHostSettings::getInstance(nullptr);
-    settings.lockSettings();
-    settings.lockSettings();
+    WifiHostSettings& instance = settings();
+    instance.lockSettings();
+    instance.lockSettings();
     WifiHostSettings::unload();
-    EXPECT_TRUE(knows(settings));
-    WifiHostSettings::reload(nullptr);
-    settings.unlockSettings();
-    std::promise<void> entered;
-    {
-        const test::Doing other([&] {
-            knows(settings);
-            entered.set_value();
-        });
-        other.awaitRest();
-        EXPECT_FALSE(other.isDone());
-        settings.unlockSettings();
-    }
-    entered.get_future().get();
+    EXPECT_TRUE(hasHome(instance));
+    reload();
+    instance.unlockSettings();
+    const test::Doing other([&instance] { hasHome(instance); });
+    other.awaitRest();
+    EXPECT_FALSE(other.isDone());
+    instance.unlockSettings();
 }
 
 TEST_F(Unload, OfTheDriverLeavesTheInstanceToThreadsThatUseIt) {
@@ -161,36 +146,30 @@ TEST_F(Unload, OfTheDriverLeavesTheInstanceToThreadsThatUseIt) {
     EXPECT_EQ(WifiUtil::getInstance(), util);
 }
 
-TEST_F(Unload, OfTheDriverIsForgottenByNoCallThatFollows) {
+TEST_F(Unload, OfTheDriverMakesTheNextCallAskForStampsAgain) {
     const std::string stamp = "12:34:56.789: ";
-    host.reset();
-    const test::Arguments interface { "interface" };
-    host.on(interface)
-        .prints("Selected interface 'wlan0'\nAvailable interfaces:\nwlan0\n")
-        .then()
-        .prints("Selected interface 'wlan0'\nAvailable interfaces:\n" + stamp + "wlan0\n");
-    host.on({"-iwlan0", "status"}).prints(stamp + "wpa_state=COMPLETED\n");
+    standIn.reset();
+    standIn.on({"interface"}).prints(test::ADAPTER_HEADER + stamp + "wlan0\n");
+    standIn.on({"-iwlan0", "status"}).prints(stamp + "wpa_state=COMPLETED\n");
     WifiUtil* const util = WifiUtil::getInstance();
     WifiUtil::unload();
     WifiUtil::getInstance();
     ReplyLines lines(4);
     EXPECT_TRUE(util->getCurrentNetworkStatus("wlan0", lines.data(), 4, &lines.count));
-    EXPECT_THAT(test::toStrings(lines), ElementsAre("wpa_state=COMPLETED")) << "probed again";
+    EXPECT_THAT(test::toStrings(lines), ElementsAre("wpa_state=COMPLETED"));
 }
 
 // STATUS-2
-TEST_F(Unload, DoesNotKeepAStatusThatWasJustRefreshedWaitingForALock) {
-    WifiHostSettings& settings = *WifiHostSettings::getInstance(nullptr);
+TEST_F(Unload, DoesNotMakeARefreshOfTheStatusThatIsNotDueWaitForALock) {
     std::promise<void> asked;
     std::promise<void> locked;
     const test::Doing holder([&] {
-        settings.lockSettings();
+        const SettingsLock lock(settings());
         locked.set_value();
         asked.get_future().wait();
-        settings.unlockSettings();
     });
     locked.get_future().wait();
-    EXPECT_TRUE(settings.refreshDatabaseNetworksStatus());
+    EXPECT_TRUE(settings().refreshDatabaseNetworksStatus());
     asked.set_value();
 }
 

@@ -1,7 +1,6 @@
-#include "supplicant/WifiUtil.h"
+#include "ClientOperations.h"
 
 #include "support/Leftovers.h"
-#include "support/StandIn.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,81 +10,37 @@
 #include <string>
 #include <vector>
 
+using namespace test;
 using testing::_;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 namespace {
 
-struct Operation {
-    const char* name;
-    std::function<bool(WifiUtil&, const char* iface)> run;
-};
+using Operation = std::function<bool(WifiUtil&, const char* iface)>;
 
-struct Room {
-    char* lines[4] = {};
-    unsigned char count = 3;
-};
-
-const Operation OPERATIONS[] = {
-    {"getNetworkDatabaseSsids",
-     [](WifiUtil& util, const char* iface) {
-         Room room;
-         const bool result = util.getNetworkDatabaseSsids(iface, room.lines, 4, &room.count);
-         EXPECT_EQ(room.count, 0);
-         return result;
-     }},
-    {"discoverNetworks",
-     [](WifiUtil& util, const char* iface) {
-         Room room;
-         const bool result = util.discoverNetworks(iface, room.lines, 4, &room.count);
-         EXPECT_EQ(room.count, 0);
-         return result;
-     }},
-    {"getCurrentNetworkStatus",
-     [](WifiUtil& util, const char* iface) {
-         Room room;
-         const bool result = util.getCurrentNetworkStatus(iface, room.lines, 4, &room.count);
-         EXPECT_EQ(room.count, 0);
-         return result;
-     }},
-    {"scanNetworks", [](WifiUtil& util, const char* iface) { return util.scanNetworks(iface); }},
-    {"createNetwork",
-     [](WifiUtil& util, const char* iface) {
-         unsigned char id = 0;
-         return util.createNetwork(iface, "home", &id);
-     }},
-    {"setNetworkValue",
-     [](WifiUtil& util, const char* iface) {
-         return util.setNetworkValue(iface, 0, "ssid", "home");
-     }},
-    {"getNetworkValue",
-     [](WifiUtil& util, const char* iface) {
-         char value[8];
-         return util.getNetworkValue(iface, 0, "ssid", value, sizeof(value));
-     }},
-    {"connectToNetwork",
-     [](WifiUtil& util, const char* iface) { return util.connectToNetwork(iface, 0); }},
-    {"disconnectFromNetwork",
-     [](WifiUtil& util, const char* iface) { return util.disconnectFromNetwork(iface, 0); }},
-    {"removeNetwork",
-     [](WifiUtil& util, const char* iface) { return util.removeNetwork(iface, 0); }},
-    {"saveConfiguration",
-     [](WifiUtil& util, const char* iface) { return util.saveConfiguration(iface); }},
-    {"reloadConfiguration",
-     [](WifiUtil& util, const char* iface) { return util.reloadConfiguration(iface); }},
-    {"forceReassociation",
-     [](WifiUtil& util, const char* iface) { return util.forceReassociation(iface); }},
-    {"executeCustom",
-     [](WifiUtil& util, const char* iface) {
-         return util.executeCustom(iface, 0, "bssid", "any");
-     }},
-};
+// Every operation that takes an interface, but for isWifiEnabled().
+std::vector<Operation> operations() {
+    std::vector<Operation> all{&WifiUtil::scanNetworks};
+    for (const Command& command : COMMANDS)
+        all.emplace_back(command.run);
+    for (const Query& query : QUERIES) {
+        if (!query.resetsCount) // getWifiAdapters(), which takes no interface
+            continue;
+        all.emplace_back([&query](WifiUtil& util, const char* iface) {
+            char* lines[4] = {};
+            unsigned char count = 3;
+            const bool result = query.run(util, iface, lines, 4, &count);
+            EXPECT_EQ(count, 0) << query.name;
+            return result;
+        });
+    }
+    return all;
+}
 
 class BadInput : public testing::Test {
 protected:
-    test::StandIn standIn;
+    StandIn standIn;
     WifiUtil util;
 };
 
@@ -94,14 +49,14 @@ TEST_F(BadInput, AnUnusableInterfaceNameFailsEveryCommandWithoutAChild) {
     standIn.on({"*"}).prints("header\n0\n");
     const std::string endless(100000, 'w');
     const char* const names[] = {nullptr, "", "fourteen-chars", endless.c_str()};
-    for (const Operation& operation : OPERATIONS) {
+    for (const Operation& operation : operations()) {
         for (const char* name : names)
-            EXPECT_FALSE(operation.run(util, name)) << operation.name;
+            EXPECT_FALSE(operation(util, name));
     }
     EXPECT_FALSE(util.isWifiEnabled("fourteen-chars"));
     EXPECT_FALSE(util.isWifiEnabled(endless.c_str()));
     EXPECT_THAT(standIn.calls(), IsEmpty());
-    EXPECT_THAT(test::resultFiles(), IsEmpty());
+    EXPECT_THAT(resultFiles(), IsEmpty());
 }
 
 TEST_F(BadInput, AnInterfaceNameOf13CharactersIsNamedInFull) {
@@ -133,8 +88,8 @@ TEST_F(BadInput, NullForATextOrAnArrayFailsWithoutAChild) {
 }
 
 // VALUE-5
-// An access point chooses its SSID. The client looks for options in every argument, and one starts
-// programs.
+// The client takes any argument that begins with a dash for an option, and one option starts programs. A
+// value may come from an access point, such as an SSID.
 TEST_F(BadInput, AValueThatTheClientWouldTakeForAnOptionFailsWithoutAChild) {
     standIn.on({"*"}).prints("OK\n");
     const std::string key = "-a/tmp/x" + std::string(56, 'a');
@@ -161,29 +116,22 @@ TEST_F(BadInput, ANegativeNumberALoneDashAndAQuotedTextAreNoOptions) {
 }
 
 TEST_F(BadInput, AThousandFailingCommandsLeaveNothingBehind) {
-    struct Way {
-        const char* name;
-        std::function<void()> prepare;
-    };
-    const std::string client = standIn.folder() + "/wpa_cli";
-    const Way ways[] = {
-        {"refused", [this] { standIn.on({"*"}).prints("FAIL\n").exits(1); }},
-        {"killed", [this] { standIn.reset(), standIn.on({"*"}).prints("x\n").diesBy(9); }},
-        {"missing", [&client] { std::filesystem::remove(client); }},
-    };
-    const test::Leftovers before = test::Leftovers::now();
-    int failures = 0;
-    for (const Way& way : ways) {
-        way.prepare();
+    const std::vector<Operation> every = operations();
+    const auto failAll = [&] {
+        int failures = 0;
         for (std::size_t i = 0; i < 336; ++i)
-            failures += OPERATIONS[i % std::size(OPERATIONS)].run(util, "wlan0") ? 0 : 1;
+            failures += every[i % every.size()](util, "wlan0") ? 0 : 1;
         standIn.reset(); // the record of calls would only grow
-    }
-    EXPECT_EQ(failures, 1008);
-    const test::Leftovers after = test::Leftovers::now();
-    EXPECT_EQ(after.descriptors, before.descriptors);
-    EXPECT_EQ(after.children, before.children);
-    EXPECT_EQ(after.files, before.files);
+        return failures;
+    };
+    const Leftovers before = Leftovers::now();
+    standIn.on({"*"}).prints("FAIL\n").exits(1);
+    EXPECT_EQ(failAll(), 336) << "refused";
+    standIn.on({"*"}).prints("x\n").diesBy(9);
+    EXPECT_EQ(failAll(), 336) << "killed";
+    std::filesystem::remove(standIn.folder() + "/wpa_cli");
+    EXPECT_EQ(failAll(), 336) << "missing";
+    EXPECT_TRUE(Leftovers::now() == before);
 }
 
 } // namespace

@@ -1,102 +1,20 @@
-#include "supplicant/WifiUtil.h"
+#include "ClientOperations.h"
 
 #include "support/BlockedFile.h"
 #include "support/Leftovers.h"
-#include "support/StandIn.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <functional>
 #include <iterator>
 #include <string>
-#include <vector>
 
-using test::Arguments;
+using namespace test;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
-
-constexpr const char* CLIENT = "/proc/boot/wpa_cli";
-const std::string STAMP = "12:34:56.789: ";
-
-enum class Success { BY_REPLY, BY_EXIT_STATUS };
-
-struct Command {
-    const char* name;
-    Arguments call; // behind the interface option
-    const char* resultPrefix;
-    Success success;
-    std::function<bool(WifiUtil&)> run;
-    std::string accepted = "OK"; // a reply that is no refusal
-};
-
-const Command COMMANDS[] = {
-    {"setNetworkValue",
-     {"set_network", "7", "key_mgmt", "WPA-PSK"},
-     "/tmp/wpa_cli_set_network_result_",
-     Success::BY_REPLY,
-     [](WifiUtil& util) { return util.setNetworkValue("wlan0", 7, "key_mgmt", "WPA-PSK"); }},
-    {"getNetworkValue",
-     {"get_network", "7", "ssid"},
-     "/tmp/wpa_cli_get_network_result_",
-     Success::BY_REPLY,
-     [](WifiUtil& util) {
-         char value[64];
-         return util.getNetworkValue("wlan0", 7, "ssid", value, sizeof(value));
-     }},
-    {"connectToNetwork",
-     {"select", "7"},
-     "/tmp/wpa_cli_connect_result_",
-     Success::BY_EXIT_STATUS,
-     [](WifiUtil& util) { return util.connectToNetwork("wlan0", 7); }},
-    {"disconnectFromNetwork",
-     {"disconnect"},
-     "/tmp/wpa_cli_disconnect_result_",
-     Success::BY_EXIT_STATUS,
-     [](WifiUtil& util) { return util.disconnectFromNetwork("wlan0", 7); }},
-    {"removeNetwork",
-     {"remove_network", "7"},
-     "/tmp/wpa_cli_remove_result_",
-     Success::BY_REPLY,
-     [](WifiUtil& util) { return util.removeNetwork("wlan0", 7); }},
-    {"saveConfiguration",
-     {"save_config"},
-     "/tmp/wpa_cli_save_result_",
-     Success::BY_REPLY,
-     [](WifiUtil& util) { return util.saveConfiguration("wlan0"); }},
-    {"reloadConfiguration",
-     {"reconfigure"},
-     "/tmp/wpa_cli_reconfigure_result_",
-     Success::BY_REPLY,
-     [](WifiUtil& util) { return util.reloadConfiguration("wlan0"); }},
-    {"forceReassociation",
-     {"reassociate"},
-     "/tmp/wpa_cli_reassociate_result_",
-     Success::BY_REPLY,
-     [](WifiUtil& util) { return util.forceReassociation("wlan0"); }},
-    {"executeCustom",
-     {"bssid", "7", "02:00:00:00:01:00"},
-     "/tmp/wpa_custom_result_",
-     Success::BY_REPLY,
-     [](WifiUtil& util) { return util.executeCustom("wlan0", 7, "bssid", "02:00:00:00:01:00"); }},
-    {"executeCustomWithoutValue",
-     {"enable_network", "7"},
-     "/tmp/wpa_custom_result_",
-     Success::BY_REPLY,
-     [](WifiUtil& util) { return util.executeCustom("wlan0", 7, "enable_network", nullptr); }},
-    {"createNetwork",
-     {"add_network"},
-     "/tmp/wpa_cli_add_result_",
-     Success::BY_REPLY,
-     [](WifiUtil& util) {
-         unsigned char id = 0;
-         return util.createNetwork("wlan0", "home", &id);
-     },
-     "3"},
-};
 
 class ConfigurationCommand : public testing::TestWithParam<Command> {
 protected:
@@ -110,13 +28,13 @@ protected:
         standIn.reset();
         standIn.on(behindInterface()).prints(reply).exits(status);
         standIn.on({"*"}).prints("OK\n"); // the later steps of createNetwork
-        const test::Leftovers before = test::Leftovers::now();
-        const bool result = GetParam().run(util);
-        EXPECT_TRUE(test::Leftovers::now() == before);
+        const Leftovers before = Leftovers::now();
+        const bool result = GetParam().run(util, "wlan0");
+        EXPECT_TRUE(Leftovers::now() == before);
         return result;
     }
 
-    test::StandIn standIn;
+    StandIn standIn;
     WifiUtil util;
 };
 
@@ -130,23 +48,21 @@ TEST_P(ConfigurationCommand, RunsItsCommandLine) {
 // REPLY-3
 TEST_P(ConfigurationCommand, DecidesByItsReplyOrByTheExitStatusAlone) {
     const bool byStatus = GetParam().success == Success::BY_EXIT_STATUS;
-    const std::string& accepted = GetParam().accepted;
+    const std::string accepted = GetParam().accepted;
     EXPECT_TRUE(runWith(accepted + "\n"));
     EXPECT_TRUE(runWith(accepted)) << "without a line feed";
-    EXPECT_EQ(runWith("FAIL\n"), byStatus);
-    EXPECT_EQ(runWith("FAIL-BUSY\n"), byStatus);
-    EXPECT_EQ(runWith("some FAIL text\n"), byStatus);
-    EXPECT_EQ(runWith("Invalid command\n"), byStatus);
-    EXPECT_EQ(runWith(""), byStatus) << "an empty file";
-    EXPECT_EQ(runWith("\n" + accepted + "\n"), byStatus) << "an empty first line";
     EXPECT_TRUE(runWith(accepted + "\nFAIL\n")) << "the first line alone decides";
-    EXPECT_FALSE(runWith(accepted + "\n", 1));
-    EXPECT_FALSE(runWith(accepted + "\n", 255));
+    for (const std::string& refused :
+         {std::string("FAIL\n"), std::string("FAIL-BUSY\n"), std::string("some FAIL text\n"),
+          std::string("Invalid command\n"), std::string(), "\n" + accepted + "\n"})
+        EXPECT_EQ(runWith(refused), byStatus) << refused;
+    for (const int status : {1, 255})
+        EXPECT_FALSE(runWith(accepted + "\n", status));
 }
 
 TEST_P(ConfigurationCommand, ChecksNoMoreThan127CharactersOfTheReply) {
     const bool byStatus = GetParam().success == Success::BY_EXIT_STATUS;
-    const bool takesAnyText = GetParam().accepted == "OK";
+    const bool takesAnyText = std::strcmp(GetParam().accepted, "OK") == 0;
     EXPECT_EQ(runWith(std::string(127, 'x') + "FAIL\n"), takesAnyText);
     EXPECT_EQ(runWith(std::string(123, 'x') + "FAIL\n"), byStatus);
 }
@@ -154,11 +70,11 @@ TEST_P(ConfigurationCommand, ChecksNoMoreThan127CharactersOfTheReply) {
 TEST_P(ConfigurationCommand, UsesItsOwnResultFile) {
     standIn.on({"*"}).prints("0\n");
     {
-        const test::BlockedFile blocked(test::resultPath(GetParam().resultPrefix));
-        EXPECT_FALSE(GetParam().run(util));
+        const BlockedFile blocked(resultPath(GetParam().resultPrefix));
+        EXPECT_FALSE(GetParam().run(util, "wlan0"));
         EXPECT_THAT(standIn.calls(), IsEmpty());
     }
-    EXPECT_TRUE(GetParam().run(util));
+    EXPECT_TRUE(GetParam().run(util, "wlan0"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Every, ConfigurationCommand, testing::ValuesIn(COMMANDS),
@@ -175,20 +91,19 @@ protected:
         return *instance;
     }
 
-    test::StandIn standIn;
+    StandIn standIn;
     WifiUtil util;
 };
 
 // VALUE-6
 TEST_F(Commands, SendQuotedAndBareValues) {
-    struct Row {
+    const std::string hex(64, 'a');
+    const std::string passphrase(63, 'p');
+    const struct {
         const char* key;
         std::string value;
         std::string sent;
-    };
-    const std::string hex(64, 'a');
-    const std::string passphrase(63, 'p');
-    const Row rows[] = {
+    } rows[] = {
         {"wep_key1", "0123456789", "0123456789"},
         {"wep_key1", "hello", "\"hello\""},
         {"psk", hex, hex},
@@ -201,21 +116,19 @@ TEST_F(Commands, SendQuotedAndBareValues) {
         {"pairwise", "CCMP TKIP", "CCMP TKIP"},
     };
     standIn.on({"*"}).prints("OK\n");
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         EXPECT_TRUE(util.setNetworkValue("wlan0", 255, row.key, row.value.c_str()));
         EXPECT_EQ(standIn.calls().back(),
                   (Arguments{CLIENT, "-iwlan0", "set_network", "255", row.key, row.sent}));
     }
 }
 
-struct ValueReply {
-    std::string reply;
-    bool found;
-    std::string value;
-};
-
 TEST_F(Commands, ReadValuesWithoutTheirQuotes) {
-    const ValueReply rows[] = {
+    const struct {
+        std::string reply;
+        bool found;
+        std::string value;
+    } rows[] = {
         {"\"home\"", true, "home"},
         {"WPA-PSK", true, "WPA-PSK"},
         {"FAIL\n", false, ""},
@@ -228,7 +141,7 @@ TEST_F(Commands, ReadValuesWithoutTheirQuotes) {
         {"\"" + std::string(200, 'x') + "\"", true, ""},
         {std::string(200, 'x'), true, std::string(127, 'x')},
     };
-    for (const ValueReply& row : rows) {
+    for (const auto& row : rows) {
         standIn.reset();
         standIn.on({"*"}).prints(row.reply);
         char value[200] = "untouched";
@@ -239,28 +152,23 @@ TEST_F(Commands, ReadValuesWithoutTheirQuotes) {
 }
 
 // REPLY-13
-TEST_F(Commands, CopyAValueAsFarAsThereIsRoom) {
-    standIn.on({"*"}).prints("\"abcdef\"");
-    char value[8];
-    std::memset(value, '#', sizeof(value));
-    EXPECT_TRUE(util.getNetworkValue("wlan0", 0, "ssid", value, 4));
-    EXPECT_EQ(std::string(value, 8), "abcd####") << "no NUL, and nothing after it is written";
-    std::memset(value, '#', sizeof(value));
-    EXPECT_TRUE(util.getNetworkValue("wlan0", 0, "ssid", value, 6));
-    EXPECT_EQ(std::string(value, 8), "abcdef##");
-    EXPECT_TRUE(util.getNetworkValue("wlan0", 0, "ssid", value, 7));
-    EXPECT_STREQ(value, "abcdef");
-    std::memset(value, '#', sizeof(value));
-    EXPECT_TRUE(util.getNetworkValue("wlan0", 0, "ssid", value, 0));
-    EXPECT_EQ(std::string(value, 8), "########");
-}
-
-TEST_F(Commands, FillTheRestOfTheRoomWithZeros) {
-    standIn.on({"*"}).prints("ab");
-    char value[8];
-    std::memset(value, '#', sizeof(value));
-    EXPECT_TRUE(util.getNetworkValue("wlan0", 0, "ssid", value, 6));
-    EXPECT_EQ(std::string(value, 8), std::string("ab\0\0\0\0##", 8));
+TEST_F(Commands, CopyAValueAsFarAsThereIsRoomAndFillTheRestWithZeros) {
+    const struct {
+        const char* reply;
+        unsigned int room;
+        std::string bytes; // of 8
+    } rows[] = {
+        {"\"abcdef\"", 4, "abcd####"}, // no NUL, and nothing after it is written
+        {"\"abcdef\"", 6, "abcdef##"}, {"\"abcdef\"", 7, std::string("abcdef\0#", 8)},
+        {"\"abcdef\"", 0, "########"}, {"ab", 6, std::string("ab\0\0\0\0##", 8)},
+    };
+    for (const auto& row : rows) {
+        standIn.reset();
+        standIn.on({"*"}).prints(row.reply);
+        std::string value(8, '#');
+        EXPECT_TRUE(util.getNetworkValue("wlan0", 0, "ssid", value.data(), row.room));
+        EXPECT_EQ(value, row.bytes) << row.reply << row.room;
+    }
 }
 
 // REPLY-5
@@ -277,23 +185,16 @@ TEST_F(Commands, CheckAReplyBeforeItsStampIsRemoved) {
     EXPECT_EQ(id, 99);
 }
 
-TEST_F(Commands, ReadStampedValues) {
+TEST_F(Commands, ReadStampedReplies) {
     WifiUtil& stamping = stampingUtil();
-    standIn.on({"*"}).prints(STAMP + "\"home\"");
     char value[32];
+    standIn.on({"*"}).prints(STAMP + "\"home\"");
     EXPECT_TRUE(stamping.getNetworkValue("wlan0", 0, "ssid", value, sizeof(value)));
     EXPECT_STREQ(value, "home");
-    standIn.reset();
-    standIn.on({"*"}).prints(STAMP + "FAIL\n");
-    EXPECT_FALSE(stamping.getNetworkValue("wlan0", 0, "ssid", value, sizeof(value)));
-}
-
-TEST_F(Commands, AcceptStampedReplies) {
-    WifiUtil& stamping = stampingUtil();
-    standIn.on({"*"}).prints(STAMP + "OK\n");
     EXPECT_TRUE(stamping.saveConfiguration("wlan0"));
     standIn.reset();
     standIn.on({"*"}).prints(STAMP + "FAIL\n");
+    EXPECT_FALSE(stamping.getNetworkValue("wlan0", 0, "ssid", value, sizeof(value)));
     EXPECT_FALSE(stamping.saveConfiguration("wlan0"));
 }
 
@@ -305,128 +206,112 @@ TEST_F(Commands, DisconnectWithAnyId) {
     EXPECT_THAT(standIn.calls(), ElementsAre(line, line));
 }
 
-const Arguments ADD{CLIENT, "-iwlan0", "add_network"};
+// Creation.
 
-Arguments setSsid(const char* id, const char* quotedSsid) {
-    return {CLIENT, "-iwlan0", "set_network", id, "ssid", quotedSsid};
-}
+class Creation : public Commands {
+protected:
+    // Creates a network with a client that prints this for add_network. Returns whether that succeeded.
+    bool create(const std::string& reply, const char* ssid = "home") {
+        standIn.reset();
+        standIn.on({"-iwlan0", "add_network"}).prints(reply);
+        return createWithRules(ssid);
+    }
 
-Arguments enable(const char* id) {
-    return {CLIENT, "-iwlan0", "enable_network", id};
-}
+    bool createWithRules(const char* ssid = "home") {
+        standIn.on({"*"}).prints("OK\n");
+        id = 99;
+        const bool result = util.createNetwork("wlan0", ssid, &id);
+        EXPECT_THAT(resultFiles(), IsEmpty());
+        return result;
+    }
+
+    static Arguments setSsid(const char* id, const std::string& quotedSsid) {
+        return {CLIENT, "-iwlan0", "set_network", id, "ssid", quotedSsid};
+    }
+
+    static Arguments enable(const char* id) { return {CLIENT, "-iwlan0", "enable_network", id}; }
+
+    const Arguments add{CLIENT, "-iwlan0", "add_network"};
+    unsigned char id = 99;
+};
 
 // OP-2
-TEST_F(Commands, CreateANetworkInThreeSteps) {
-    standIn.on({"-iwlan0", "add_network"}).prints("3\n");
-    standIn.on({"*"}).prints("OK\n");
-    unsigned char id = 99;
-    EXPECT_TRUE(util.createNetwork("wlan0", "home", &id));
-    EXPECT_EQ(id, 3);
-    EXPECT_THAT(standIn.calls(), ElementsAre(ADD, setSsid("3", "\"home\""), enable("3")));
-    EXPECT_THAT(test::resultFiles(), IsEmpty());
-}
-
-// VALUE-4
-TEST_F(Commands, CreateAlwaysQuotesTheSsid) {
-    standIn.on({"-iwlan0", "add_network"}).prints("0\n");
-    standIn.on({"*"}).prints("OK\n");
-    unsigned char id = 0;
-    EXPECT_TRUE(util.createNetwork("wlan0", "\"quoted\" already", &id));
-    EXPECT_EQ(standIn.calls()[1], setSsid("0", "\"\"quoted\" already\""));
-    EXPECT_TRUE(util.createNetwork("wlan0", "", &id));
-    EXPECT_EQ(standIn.calls()[4], setSsid("0", "\"\""));
-    const std::string longSsid(200, 's');
-    EXPECT_TRUE(util.createNetwork("wlan0", longSsid.c_str(), &id));
-    EXPECT_EQ(standIn.calls()[7].back(), "\"" + longSsid + "\"");
-}
-
 // REPLY-2
-TEST_F(Commands, CreateSendsTheIdBackAsItWasPrinted) {
-    struct Row {
+TEST_F(Creation, TakesThreeStepsWithTheIdAsItWasPrinted) {
+    const struct {
         const char* reply;
         const char* text;
         int id;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"0\n", "0", 0},     {"3\n", "3", 3},      {"255\n", "255", 255},
         {"007\n", "007", 7}, {"010\n", "010", 10}, {"00000255\n", "00000255", 255},
         {"4", "4", 4},
     };
-    for (const Row& row : rows) {
-        standIn.reset();
-        standIn.on({"-iwlan0", "add_network"}).prints(row.reply);
-        standIn.on({"*"}).prints("OK\n");
-        unsigned char id = 99;
-        EXPECT_TRUE(util.createNetwork("wlan0", "s", &id));
+    for (const auto& row : rows) {
+        EXPECT_TRUE(create(row.reply)) << row.reply;
         EXPECT_EQ(id, row.id) << row.reply;
-        EXPECT_EQ(standIn.calls()[1], setSsid(row.text, "\"s\"")) << row.reply;
-        EXPECT_EQ(standIn.calls()[2], enable(row.text)) << row.reply;
+        EXPECT_THAT(standIn.calls(),
+                    ElementsAre(add, setSsid(row.text, "\"home\""), enable(row.text)))
+            << row.reply;
+    }
+}
+
+// VALUE-4
+TEST_F(Creation, AlwaysQuotesTheSsid) {
+    for (const std::string& ssid :
+         {std::string("\"quoted\" already"), std::string(), std::string(200, 's')}) {
+        EXPECT_TRUE(create("0\n", ssid.c_str()));
+        EXPECT_EQ(standIn.calls()[1], setSsid("0", "\"" + ssid + "\""));
     }
 }
 
 // REPLY-2
 // The first digits of such a reply may be the id of another network.
-TEST_F(Commands, CreateFailsWithoutAnotherCommandWhereTheReplyIsNoNetworkId) {
+TEST_F(Creation, FailsWithoutAnotherCommandIfTheReplyIsNoNetworkId) {
     for (const char* const reply :
          {"256\n", "300\n", "4294967296\n", "000000001\n", "12345678\n", "-1\n", "+1\n", "0x10\n",
           "1:2:3: 4\n", "5 networks\n", "5 \n", " 5\n", "5\t\n", "x\n", "OK\n",
-          "Selected interface 'wlan0'\n5\n"}) {
-        standIn.reset();
-        standIn.on({"-iwlan0", "add_network"}).prints(reply);
-        standIn.on({"*"}).prints("OK\n");
-        unsigned char id = 99;
-        EXPECT_FALSE(util.createNetwork("wlan0", "s", &id)) << reply;
-        EXPECT_EQ(id, 99) << reply;
-        EXPECT_THAT(standIn.calls(), ElementsAre(ADD)) << reply;
-        EXPECT_THAT(test::resultFiles(), IsEmpty());
+          "Selected interface 'wlan0'\n5\n", "FAIL\n"}) {
+        EXPECT_FALSE(create(reply)) << reply;
+        EXPECT_EQ(id, 99) << "unchanged, as there is no new network: " << reply;
+        EXPECT_THAT(standIn.calls(), ElementsAre(add)) << reply;
     }
 }
 
-TEST_F(Commands, CreateReadsAStampedId) {
+TEST_F(Creation, ReadsAStampedId) {
     WifiUtil& stamping = stampingUtil();
     standIn.on({"-iwlan0", "add_network"}).prints(STAMP + "4\n");
     standIn.on({"*"}).prints("OK\n");
-    unsigned char id = 0;
     EXPECT_TRUE(stamping.createNetwork("wlan0", "home", &id));
     EXPECT_EQ(id, 4);
     EXPECT_EQ(standIn.calls()[1], setSsid("4", "\"home\""));
 }
 
 // OP-1
-TEST_F(Commands, CreateStopsAtTheFirstFailedStep) {
-    unsigned char id = 99;
-    standIn.on({"-iwlan0", "add_network"}).prints("FAIL\n");
-    EXPECT_FALSE(util.createNetwork("wlan0", "home", &id));
-    EXPECT_EQ(id, 99) << "unchanged, as there is no new network";
-    EXPECT_THAT(standIn.calls(), ElementsAre(ADD));
-
-    standIn.reset();
+TEST_F(Creation, StopsAtTheFirstFailedStepAndKeepsTheNewNetwork) {
     standIn.on({"-iwlan0", "add_network"}).prints("3\n");
-    standIn.on({"*"}).prints("FAIL\n");
-    EXPECT_FALSE(util.createNetwork("wlan0", "home", &id));
-    EXPECT_EQ(id, 3) << "the new network stays";
-    EXPECT_THAT(standIn.calls(), ElementsAre(ADD, setSsid("3", "\"home\"")));
+    standIn.on({"-iwlan0", "set_network", "3", "ssid", "\"home\""}).prints("FAIL\n");
+    EXPECT_FALSE(createWithRules());
+    EXPECT_EQ(id, 3);
+    EXPECT_THAT(standIn.calls(), ElementsAre(add, setSsid("3", "\"home\"")));
 
     standIn.reset();
     standIn.on({"-iwlan0", "add_network"}).prints("5\n");
     standIn.on({"-iwlan0", "enable_network", "5"}).prints("FAIL\n");
-    standIn.on({"*"}).prints("OK\n");
-    EXPECT_FALSE(util.createNetwork("wlan0", "home", &id));
+    EXPECT_FALSE(createWithRules());
     EXPECT_EQ(id, 5);
-    EXPECT_THAT(standIn.calls(), ElementsAre(ADD, setSsid("5", "\"home\""), enable("5")));
-    EXPECT_THAT(test::resultFiles(), IsEmpty());
+    EXPECT_THAT(standIn.calls(), ElementsAre(add, setSsid("5", "\"home\""), enable("5")));
 }
 
 // When a result file cannot be made, the creation stops at that step.
-TEST_F(Commands, CreateHasAResultFileForEachStep) {
+TEST_F(Creation, HasAResultFileForEachStep) {
     const char* const prefixes[] = {"/tmp/wpa_cli_add_result_", "/tmp/wpa_cli_set_network_result_",
                                     "/tmp/wpa_cli_enable_result_"};
     for (std::size_t step = 0; step < std::size(prefixes); ++step) {
         standIn.reset();
         standIn.on({"-iwlan0", "add_network"}).prints("3\n");
         standIn.on({"*"}).prints("OK\n");
-        const test::BlockedFile blocked(test::resultPath(prefixes[step]));
-        unsigned char id = 0;
+        const BlockedFile blocked(resultPath(prefixes[step]));
         EXPECT_FALSE(util.createNetwork("wlan0", "home", &id));
         EXPECT_EQ(standIn.calls().size(), step) << prefixes[step];
     }

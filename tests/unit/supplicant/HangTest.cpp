@@ -5,6 +5,7 @@
 
 #include "support/ChildEnds.h"
 #include "support/Leftovers.h"
+#include "support/SignalAction.h"
 #include "support/StandIn.h"
 
 #include <gtest/gtest.h>
@@ -68,15 +69,11 @@ TEST(Hang, IsEndedWhereTheSystemReapsItsChildren) {
     test::StandIn standIn;
     standIn.on({"*"}).hangs();
     const test::Leftovers before = test::Leftovers::now();
-    struct sigaction ignore {};
-    struct sigaction standard {};
-    ignore.sa_handler = SIG_IGN;
-    sigaction(SIGCHLD, &ignore, &standard);
+    const test::SignalAction ignored(SIGCHLD, SIG_IGN);
     Attempt attempt;
     testing::internal::CaptureStderr();
     attempt.run("/tmp/reaped_result_");
     const std::string messages = testing::internal::GetCapturedStderr();
-    sigaction(SIGCHLD, &standard, nullptr);
     EXPECT_FALSE(attempt.result);
     EXPECT_GE(attempt.length, UNTIL_KILL);
     EXPECT_EQ(std::count(messages.begin(), messages.end(), '\n'), 1) << messages;

@@ -2,9 +2,10 @@
 
 #include "supplicant/WifiUtil.h"
 
+#include "RealTime.h"
 #include "support/Leftovers.h"
-#include "support/RecordedPlatform.h"
 #include "support/StandIn.h"
+#include "support/TestTime.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,8 +16,6 @@
 #include <thread>
 #include <unistd.h>
 
-using test::RecordedPlatform;
-
 namespace {
 
 constexpr const char* CLIENT = "/proc/boot/wpa_cli";
@@ -24,13 +23,18 @@ constexpr const char* RESULT = "/tmp/hung_child_result_test";
 
 class HungChild : public testing::Test {
 protected:
-    HungChild() { standIn.on({"*"}).hangs(); }
+    HungChild() {
+        time.childrenAreRecorded();
+        time.sleepsAreRecorded();
+        standIn.on({"*"}).hangs();
+    }
     ~HungChild() override { std::remove(RESULT); }
 
     bool run(const char* command = "scan") {
         return util.launchProcess(CLIENT, command, "-iwlan0", nullptr, nullptr, nullptr, RESULT);
     }
 
+    test::TestTime time;
     test::StandIn standIn;
     WifiUtil util;
 };
@@ -43,28 +47,26 @@ std::vector<std::string> pausesAndThen(const std::vector<std::string>& rest) {
 
 // CMD-2
 TEST_F(HungChild, IsKilledAtThe100thLookAfter99Pauses) {
-    RecordedPlatform::begin();
     testing::internal::CaptureStderr();
     EXPECT_FALSE(run());
     testing::internal::GetCapturedStderr();
-    EXPECT_EQ(RecordedPlatform::events(), pausesAndThen({"kill", "pause 2000"}))
+    EXPECT_EQ(time.events(), pausesAndThen({"kill", "pause 2000"}))
         << "a pause, not a sleep: it ends with the child";
 }
 
 // CMD-2
 TEST_F(HungChild, IsKilledAgainEvery2000MillisecondsWhileItRuns) {
-    RecordedPlatform::begin(2);
+    time.childrenAreRecorded(2);
     testing::internal::CaptureStderr();
     EXPECT_FALSE(run());
     const std::string messages = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(RecordedPlatform::events(),
+    EXPECT_EQ(time.events(),
               pausesAndThen({"kill", "pause 2000", "kill", "pause 2000", "kill", "pause 2000"}));
     EXPECT_EQ(std::count(messages.begin(), messages.end(), '\n'), 3) << messages;
 }
 
 // CMD-6
 TEST_F(HungChild, IsReportedWithProcessThreadAndCommand) {
-    RecordedPlatform::begin();
     testing::internal::CaptureStderr();
     int thread = 0; // not the first one, whose id is the process's
     std::thread([&] {
@@ -72,16 +74,15 @@ TEST_F(HungChild, IsReportedWithProcessThreadAndCommand) {
         EXPECT_FALSE(run("list_networks"));
     }).join();
     const std::string message = testing::internal::GetCapturedStderr();
-    ASSERT_EQ(RecordedPlatform::killed().size(), 1U);
+    ASSERT_EQ(time.killed().size(), 1U);
     EXPECT_EQ(message, "[ERROR] Process: " + std::to_string(getpid()) + ", Thread " +
                            std::to_string(thread) +
                            " in WifiUtilBsd::launchProcess(), command: list_networks -> patience "
                            "exhausted, killing: " +
-                           std::to_string(RecordedPlatform::killed()[0]) + "\n");
+                           std::to_string(time.killed()[0]) + "\n");
 }
 
 TEST_F(HungChild, IsReportedWithoutACommandToo) {
-    RecordedPlatform::begin();
     testing::internal::CaptureStderr();
     EXPECT_FALSE(run(nullptr));
     EXPECT_NE(testing::internal::GetCapturedStderr().find("command: (null) -> "),
@@ -89,7 +90,6 @@ TEST_F(HungChild, IsReportedWithoutACommandToo) {
 }
 
 TEST_F(HungChild, LeavesNothingBehind) {
-    RecordedPlatform::begin();
     const test::Leftovers before = test::Leftovers::now();
     testing::internal::CaptureStderr();
     std::vector<char*> lines(16, nullptr);
@@ -102,31 +102,20 @@ TEST_F(HungChild, LeavesNothingBehind) {
 
 // CMD-16
 TEST_F(HungChild, IsKilledAtRaisedPriorityUpToTheHighestOfThePolicy) {
-    struct Row {
-        int before;
-        int during;
-    };
     const int highest = sched_get_priority_max(SCHED_RR);
-    const Row rows[] = {{1, 26}, {highest - 25, highest}, {highest - 24, highest - 24}};
+    const std::pair<int, int> priorities[] = {
+        {1, 26}, {highest - 25, highest}, {highest - 24, highest - 24}};
     testing::internal::CaptureStderr();
-    bool allowed = true;
-    std::thread([&] {
-        for (const Row& row : rows) {
-            sched_param parameters{};
-            parameters.sched_priority = row.before;
-            allowed = allowed && pthread_setschedparam(pthread_self(), SCHED_RR, &parameters) == 0;
-            if (!allowed)
-                return;
-            RecordedPlatform::begin();
-            EXPECT_FALSE(run());
-            std::vector<int> expected(99 + 2, row.before);
-            expected[99] = row.during;
-            EXPECT_EQ(RecordedPlatform::priorities(), expected) << "for the kill alone";
-            int policy = 0;
-            pthread_getschedparam(pthread_self(), &policy, &parameters);
-            EXPECT_EQ(parameters.sched_priority, row.before) << "restored";
-        }
-    }).join();
+    const bool allowed = test::atEachPriority(priorities, [this](int raised) {
+        sched_param own{};
+        int policy = 0;
+        pthread_getschedparam(pthread_self(), &policy, &own);
+        time.clearRecord();
+        EXPECT_FALSE(run());
+        std::vector<int> expected(99 + 2, own.sched_priority);
+        expected[99] = raised;
+        EXPECT_EQ(time.priorities(), expected) << "for the kill alone";
+    });
     testing::internal::GetCapturedStderr();
     if (!allowed)
         GTEST_SKIP() << "this machine allows no real-time scheduling";

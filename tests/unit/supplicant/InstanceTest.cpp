@@ -58,50 +58,33 @@ TEST_F(Instance, IsProbedAgainAfterItWasUnloaded) {
 }
 
 // REPLY-10
-TEST_F(Instance, ExpectsStampsAfterAStampedAdapter) {
-    standIn.on({"interface"}).prints(HEADER + STAMPED + "wlan0\n");
-    answerStatus();
-    EXPECT_TRUE(removesStamps());
-}
-
-TEST_F(Instance, RecognisesAStampByTwoIntegersAndARealNumber) {
-    for (const char* adapter : {"12:34:56", "1:2:3wlan0", " 0:0:.5 "}) {
+TEST_F(Instance, ExpectsStampsIfTheFirstAdapterOfTheProbeHasOne) {
+    const struct {
+        std::string adapters;
+        int status;
+        bool stamps;
+    } rows[] = {
+        {STAMPED + "wlan0\n", 0, true},
+        {"12:34:56\n", 0, true}, // two integers and a real number
+        {"1:2:3wlan0\n", 0, true},
+        {" 0:0:.5 \n", 0, true},
+        {"wlan0\n", 0, false},
+        {"12:34 wlan0\n", 0, false},
+        {"12:xx:56.789: wlan0\n", 0, false},
+        {"a:b:c: wlan0\n", 0, false},
+        {"p2p-dev-wlan0\nwlan0\n", 0, false},
+        {"\n", 0, false},
+        {"", 0, false},
+        {"wlan0\n" + STAMPED + "wlan1\n", 0, false},
+        {STAMPED + "wlan0\n", 255, false}, // the probe failed
+    };
+    for (const auto& row : rows) {
         standIn.reset();
         WifiUtil::unload();
-        standIn.on({"interface"}).prints(HEADER + adapter + "\n");
+        standIn.on({"interface"}).prints(HEADER + row.adapters).exits(row.status);
         answerStatus();
-        EXPECT_TRUE(removesStamps()) << adapter;
+        EXPECT_EQ(removesStamps(), row.stamps) << row.adapters << row.status;
     }
-}
-
-TEST_F(Instance, ExpectsNoStampsOtherwise) {
-    const char* const adapters[] = {"wlan0\n",
-                                    "12:34 wlan0\n",
-                                    "12:xx:56.789: wlan0\n",
-                                    "a:b:c: wlan0\n",
-                                    "p2p-dev-wlan0\nwlan0\n",
-                                    "\n",
-                                    ""};
-    for (const char* lines : adapters) {
-        standIn.reset();
-        WifiUtil::unload();
-        standIn.on({"interface"}).prints(HEADER + lines);
-        answerStatus();
-        EXPECT_FALSE(removesStamps()) << lines;
-    }
-}
-
-// REPLY-10
-TEST_F(Instance, LooksAtTheFirstAdapterOnly) {
-    standIn.on({"interface"}).prints(HEADER + "wlan0\n" + STAMPED + "wlan1\n");
-    answerStatus();
-    EXPECT_FALSE(removesStamps());
-}
-
-TEST_F(Instance, ExpectsNoStampsWhenTheProbeFails) {
-    standIn.on({"interface"}).prints(HEADER + STAMPED + "wlan0\n").exits(255);
-    answerStatus();
-    EXPECT_FALSE(removesStamps());
 }
 
 TEST_F(Instance, KeepsTheResultOfTheProbe) {

@@ -1,8 +1,12 @@
 #include "supplicant/ChildProcess.h"
 #include "supplicant/WifiUtil.h"
 
+#include "RealTime.h"
 #include "support/Checkpoint.h"
+#include "support/Files.h"
 #include "support/Leftovers.h"
+#include "support/ReplacedDescriptor.h"
+#include "support/SignalAction.h"
 #include "support/StandIn.h"
 
 #include <gmock/gmock.h>
@@ -32,8 +36,7 @@ constexpr const char* CLIENT = "/proc/boot/wpa_cli";
 constexpr const char* RESULT = "/tmp/launch_result_test";
 
 std::string resultText() {
-    std::ifstream file(RESULT);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return test::contentOf(RESULT);
 }
 
 class Launch : public testing::Test {
@@ -49,24 +52,22 @@ protected:
     WifiUtil util;
 };
 
-TEST_F(Launch, PutsTheInterfaceOptionBeforeTheCommand) {
-    standIn.on({"*"});
-    EXPECT_TRUE(run("set_network", "-iwlan0", "3", "ssid", "\"home\""));
-    EXPECT_THAT(standIn.calls(),
-                ElementsAre(Arguments{CLIENT, "-iwlan0", "set_network", "3", "ssid", "\"home\""}));
-}
-
 // CMD-7
-TEST_F(Launch, DropsArgumentsByTheRulesForNulls) {
+TEST_F(Launch, PutsTheInterfaceOptionFirstAndDropsArgumentsByTheRulesForNulls) {
     standIn.on({"*"});
+    EXPECT_TRUE(run("c", "-iwlan0", "1", "2", "3"));
     EXPECT_TRUE(run("c", nullptr, "1", "2", "3"));
     EXPECT_TRUE(run(nullptr, "-iwlan0", "1", "2", "3"));
     EXPECT_TRUE(run("c", "-iwlan0", nullptr, "2", "3"));
     EXPECT_TRUE(run("c", "-iwlan0", "1", nullptr, "3"));
+    EXPECT_TRUE(run("c", "-iwlan0", "1", "2", nullptr));
+    EXPECT_TRUE(run(nullptr, nullptr));
     EXPECT_THAT(standIn.calls(),
-                ElementsAre(Arguments{CLIENT, "c", "1", "2", "3"}, Arguments{CLIENT, "-iwlan0"},
+                ElementsAre(Arguments{CLIENT, "-iwlan0", "c", "1", "2", "3"},
+                            Arguments{CLIENT, "c", "1", "2", "3"}, Arguments{CLIENT, "-iwlan0"},
                             Arguments{CLIENT, "-iwlan0", "c"},
-                            Arguments{CLIENT, "-iwlan0", "c", "1", "3"}));
+                            Arguments{CLIENT, "-iwlan0", "c", "1", "3"},
+                            Arguments{CLIENT, "-iwlan0", "c", "1", "2"}, Arguments{CLIENT}));
 }
 
 TEST_F(Launch, PassesArgumentsUnchanged) {
@@ -105,21 +106,12 @@ TEST_F(Launch, EmptiesTheResultFileFirst) {
 }
 
 TEST_F(Launch, SucceedsOnlyWithExitStatusZero) {
-    standIn.on({"*"}).exits(0).then().exits(1).then().exits(254).then().exits(255);
-    EXPECT_TRUE(run());
+    standIn.on({"*"}).prints("FAIL\n").then().exits(1).then().exits(254).then().exits(255);
+    EXPECT_TRUE(run()) << "though the client refused";
     EXPECT_FALSE(run());
     EXPECT_FALSE(run());
     EXPECT_FALSE(run());
-}
-
-TEST_F(Launch, SucceedsThoughTheClientRefused) {
-    standIn.on({"*"}).prints("FAIL\n");
-    EXPECT_TRUE(run());
-}
-
-TEST_F(Launch, FailsWhenTheClientDiesByASignal) {
-    const int signals[] = {SIGTERM, SIGKILL, SIGSEGV, SIGPIPE};
-    for (const int signal : signals) {
+    for (const int signal : {SIGTERM, SIGKILL, SIGSEGV, SIGPIPE}) {
         standIn.reset();
         standIn.on({"*"}).prints("OK\n").diesBy(signal);
         EXPECT_FALSE(run()) << signal;
@@ -175,39 +167,27 @@ TEST_F(Launch, FailsWhenTheClientCannotBeStarted) {
     std::thread([this] { EXPECT_FALSE(run()) << "from another thread too"; }).join();
 }
 
-/// Sets the disposition of SIGCHLD during its lifetime.
-class ChildSignal {
-public:
-    ChildSignal(void (*handler)(int), int flags) {
-        struct sigaction action {};
-        action.sa_handler = handler;
-        action.sa_flags = flags;
-        sigaction(SIGCHLD, &action, &m_before);
-    }
-    ~ChildSignal() { sigaction(SIGCHLD, &m_before, nullptr); }
-    ChildSignal(const ChildSignal&) = delete;
-    ChildSignal& operator=(const ChildSignal&) = delete;
+/// Sets the action of SIGCHLD during its lifetime.
+struct ChildSignal : test::SignalAction {
+    explicit ChildSignal(void (*handler)(int), int flags = 0)
+        : SignalAction(SIGCHLD, handler, flags) {}
 
     static bool isIgnored() {
         struct sigaction action {};
         sigaction(SIGCHLD, nullptr, &action);
         return action.sa_handler == SIG_IGN;
     }
-
-private:
-    struct sigaction m_before {};
 };
 
 void ignoreSignal(int) {}
 
 // CMD-4
 TEST_F(Launch, DetectsFailureWhereTheSystemReapsItsChildren) {
-    struct Row {
+    const struct {
         void (*handler)(int);
         int flags;
-    };
-    for (const Row& row :
-         {Row{SIG_IGN, 0}, Row{SIG_DFL, SA_NOCLDWAIT}, Row{ignoreSignal, SA_NOCLDWAIT}}) {
+    } rows[] = {{SIG_IGN, 0}, {SIG_DFL, SA_NOCLDWAIT}, {ignoreSignal, SA_NOCLDWAIT}};
+    for (const auto& row : rows) {
         const ChildSignal signal(row.handler, row.flags);
         const test::Leftovers before = test::Leftovers::now();
         standIn.reset();
@@ -225,7 +205,7 @@ TEST_F(Launch, DetectsFailureWhereTheSystemReapsItsChildren) {
 }
 
 TEST_F(Launch, FailsWhereTheSystemReapsItsChildrenAndThereIsNoClient) {
-    const ChildSignal signal(SIG_IGN, 0);
+    const ChildSignal signal(SIG_IGN);
     std::filesystem::remove(standIn.folder() + "/wpa_cli");
     testing::internal::CaptureStderr();
     EXPECT_FALSE(run());
@@ -233,7 +213,7 @@ TEST_F(Launch, FailsWhereTheSystemReapsItsChildrenAndThereIsNoClient) {
 }
 
 TEST_F(Launch, RemovesTheSocketOfAClientWhereTheSystemReapsItsChildren) {
-    const ChildSignal signal(SIG_IGN, 0);
+    const ChildSignal signal(SIG_IGN);
     standIn.on({"*"}).leaves("/tmp/wpa_ctrl_%d-1").diesBy(SIGKILL);
     EXPECT_FALSE(run());
     EXPECT_EQ(clientSockets(), 0U);
@@ -249,7 +229,7 @@ std::vector<std::string> namesIn(const std::string& folder) {
 
 // The intermediate process may outlive this program and must not keep its sockets and pipes open.
 TEST_F(Launch, LeavesTheIntermediateProcessOnlyItsPipe) {
-    const ChildSignal signal(SIG_IGN, 0);
+    const ChildSignal signal(SIG_IGN);
     test::Checkpoint checkpoint("/tmp/checkpoint");
     standIn.on({"*"}).pausesAt(checkpoint.path());
     std::atomic<int> threadId{0};
@@ -278,7 +258,7 @@ TEST_F(Launch, ReportsALostStatusOnce) {
         for (int i = 0; i < 2; ++i) {
             std::thread running([&] { succeeded = run() || succeeded; });
             checkpoint.awaitArrival();
-            const ChildSignal signal(SIG_IGN, 0); // too late for an intermediate process
+            const ChildSignal signal(SIG_IGN); // too late for an intermediate process
             checkpoint.letGo();
             running.join();
         }
@@ -305,14 +285,11 @@ TEST_F(Launch, PassesNoOtherDescriptorToTheChild) {
     close(high);
 }
 
-TEST_F(Launch, GivesTheChildNoInputWhereTheCallerHasNone) {
+TEST_F(Launch, GivesTheChildNoInputIfTheCallerHasNone) {
     standIn.on({"*"}).printsFacts();
-    const int kept = fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 3);
-    close(STDIN_FILENO);
+    const test::ReplacedDescriptor closed(STDIN_FILENO, -1);
     EXPECT_TRUE(run());
     EXPECT_THAT(resultText(), HasSubstr("descriptors 1 2\n"));
-    dup2(kept, STDIN_FILENO);
-    close(kept);
 }
 
 TEST_F(Launch, RunsChildrenOneAfterAnother) {
@@ -347,46 +324,21 @@ TEST_F(Launch, DoesNotReapOtherChildren) {
     EXPECT_EQ(WEXITSTATUS(status), 7);
 }
 
-// Sets real-time scheduling for the calling thread. False when the machine does not allow it.
-bool becomeRealTime(int priority) {
-    sched_param parameters{};
-    parameters.sched_priority = priority;
-    return pthread_setschedparam(pthread_self(), SCHED_RR, &parameters) == 0;
-}
-
-int ownPriority() {
-    sched_param parameters{};
-    int policy = 0;
-    pthread_getschedparam(pthread_self(), &policy, &parameters);
-    return parameters.sched_priority;
-}
-
 // CMD-16
 TEST_F(Launch, StartsTheChildAtRaisedPriorityUpToTheHighestOfThePolicy) {
-    struct Row {
-        int before;
-        int during;
-    };
     const int highest = sched_get_priority_max(SCHED_RR);
-    const Row rows[] = {{1, 21},
-                        {30, 50},
-                        {highest - 20, highest},
-                        {highest - 19, highest - 19},
-                        {highest, highest}};
+    const std::pair<int, int> priorities[] = {{1, 21},
+                                              {30, 50},
+                                              {highest - 20, highest},
+                                              {highest - 19, highest - 19},
+                                              {highest, highest}};
     standIn.on({"*"}).printsFacts();
-    bool allowed = true;
-    std::thread([&] {
-        for (const Row& row : rows) {
-            allowed = allowed && becomeRealTime(row.before);
-            if (!allowed)
-                return;
-            EXPECT_TRUE(run());
-            // The child inherits what its parent had when it was started.
-            EXPECT_THAT(resultText(), HasSubstr("policy " + std::to_string(SCHED_RR) +
-                                                "\npriority " + std::to_string(row.during) + "\n"));
-            EXPECT_EQ(ownPriority(), row.before) << "restored";
-        }
-    }).join();
+    const bool allowed = test::atEachPriority(priorities, [this](int raised) {
+        EXPECT_TRUE(run());
+        // The child inherits what its parent had when it was started.
+        EXPECT_THAT(resultText(), HasSubstr("policy " + std::to_string(SCHED_RR) + "\npriority " +
+                                            std::to_string(raised) + "\n"));
+    });
     if (!allowed)
         GTEST_SKIP() << "this machine allows no real-time scheduling";
 }

@@ -11,8 +11,8 @@
 
 #include "support/Checkpoint.h"
 #include "support/Leftovers.h"
-#include "support/RecordedPlatform.h"
 #include "support/StandIn.h"
+#include "support/TestTime.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -67,8 +67,7 @@ TEST_F(LeftoverFiles, OfEveryCommandAreRemoved) {
                                     "process_table_result_"};
     for (const char* prefix : prefixes) {
         put(std::string("/tmp/") + prefix + A_TAG);
-        put(std::string("/tmp/") + prefix + "7");
-        std::filesystem::permissions(std::string("/tmp/") + prefix + "7",
+        std::filesystem::permissions(put(std::string("/tmp/") + prefix + "7"),
                                      std::filesystem::perms::owner_read);
     }
     removeLeftoverFiles();
@@ -173,6 +172,8 @@ void askStatus(WifiUtil& util) {
 
 // CMD-14
 TEST_F(LeftoverFiles, OfKilledProcessesAreRemovedAndThoseOfLivingOnesStay) {
+    test::TestTime time;
+    time.pausesEndWithTheChild();
     test::StandIn standIn;
     test::Checkpoint status("/tmp/status-checkpoint");
     test::Checkpoint table("/tmp/table-checkpoint");
@@ -231,12 +232,13 @@ TEST_F(LeftoverFiles, AreRemovedWhileCommandsRun) {
 }
 
 TEST_F(LeftoverFiles, DelayACommandForALimitedTimeWhileTheyAreRemoved) {
-    test::RecordedPlatform::begin();
+    test::TestTime time;
+    time.sleepsAreRecorded();
     { const ResultFile result(command::STATUS.resultPrefix); }
-    EXPECT_THAT(test::RecordedPlatform::events(), IsEmpty());
+    EXPECT_THAT(time.events(), IsEmpty());
     const platform::FolderClaim removal(paths::RESULT_FOLDER, ResultTag().removalClaim());
     { const ResultFile result(command::STATUS.resultPrefix); }
-    EXPECT_EQ(test::RecordedPlatform::events(), std::vector<std::string>(500, "sleep 1"));
+    EXPECT_EQ(time.events(), std::vector<std::string>(500, "sleep 1"));
 }
 
 } // namespace

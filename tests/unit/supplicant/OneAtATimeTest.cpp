@@ -1,7 +1,8 @@
-// What other threads may do while a client runs. The client waits until the test opens its gate.
+// What other threads may do while a client runs. The client pauses until the test lets it continue.
 
 #include "supplicant/WifiUtil.h"
 
+#include "support/Checkpoint.h"
 #include "support/Doing.h"
 #include "support/Leftovers.h"
 #include "support/StandIn.h"
@@ -9,16 +10,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <fcntl.h>
 #include <filesystem>
-#include <fstream>
-#include <string>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
-constexpr const char* GATE = "/tmp/gate";
 constexpr const char* FIRST = "/tmp/first_result_test";
 constexpr const char* SECOND = "/tmp/second_result_test";
 
@@ -29,75 +24,59 @@ bool launch(WifiUtil& util, const char* resultFile) {
 
 class OneAtATime : public testing::Test {
 protected:
-    // The gate is a named pipe. Opening it for writing waits for the reader, and the reverse.
-    // Without a gate the client ends at once.
-    OneAtATime() {
-        const std::string client = standIn.folder() + "/wpa_cli";
-        std::filesystem::remove(client);
-        std::ofstream(client) << "#!/bin/sh\nread line <" << GATE << "\nexit 0\n";
-        std::filesystem::permissions(client, std::filesystem::perms::owner_all);
-        EXPECT_EQ(mkfifo(GATE, 0600), 0);
-    }
+    OneAtATime() { standIn.on({"*"}).pausesAt(checkpoint.path()).then(); }
     ~OneAtATime() override {
-        for (const char* file : {GATE, FIRST, SECOND})
+        for (const char* file : {FIRST, SECOND})
             std::remove(file);
     }
 
-    void awaitClient() { m_gate = open(GATE, O_WRONLY | O_CLOEXEC); }
-    void openGate() {
-        std::remove(GATE);
-        close(m_gate);
-    }
-
+    test::Checkpoint checkpoint{"/tmp/checkpoint"}; // of the first client
     test::StandIn standIn;
     WifiUtil util;
-
-private:
-    int m_gate = -1;
 };
 
 // CMD-1
 TEST_F(OneAtATime, ASecondLaunchDoesNotTouchItsResultFileBeforeTheFirstIsOver) {
     const test::Doing first([this] { EXPECT_TRUE(launch(util, FIRST)); });
-    awaitClient();
+    checkpoint.awaitArrival();
     const test::Doing second([this] { EXPECT_TRUE(launch(util, SECOND)); });
     second.awaitRest();
     EXPECT_FALSE(std::filesystem::exists(SECOND));
     EXPECT_EQ(test::Leftovers::now().children, 1U);
-    openGate();
+    checkpoint.letGo();
 }
 
 TEST_F(OneAtATime, TheDestructorWaitsForTheLaunchInProgress) {
-    auto* const shortLived = new WifiUtil;
-    const test::Doing launching([shortLived] { EXPECT_TRUE(launch(*shortLived, FIRST)); });
-    awaitClient();
-    const test::Doing ending([shortLived] { delete shortLived; });
-    ending.awaitRest();
-    EXPECT_FALSE(ending.isDone());
-    openGate();
+    auto* const launcher = new WifiUtil;
+    const test::Doing launching([launcher] { EXPECT_TRUE(launch(*launcher, FIRST)); });
+    checkpoint.awaitArrival();
+    const test::Doing destroying([launcher] { delete launcher; });
+    destroying.awaitRest();
+    EXPECT_FALSE(destroying.isDone());
+    checkpoint.letGo();
 }
 
 TEST_F(OneAtATime, OtherThreadsWaitUntilTheInstanceIsProbed) {
     {
         const test::Doing first([] { EXPECT_NE(WifiUtil::getInstance(), nullptr); });
-        awaitClient();
+        checkpoint.awaitArrival();
         const test::Doing second([] { EXPECT_NE(WifiUtil::getInstance(), nullptr); });
         second.awaitRest();
         EXPECT_FALSE(second.isDone());
-        openGate();
+        checkpoint.letGo();
     }
     WifiUtil::unload();
 }
 
 TEST_F(OneAtATime, TheResultFileIsOpenInTheClientOnly) {
     const test::Doing launching([this] { EXPECT_TRUE(launch(util, FIRST)); });
-    awaitClient();
+    checkpoint.awaitArrival();
     launching.awaitRest();
     for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
         std::error_code gone; // the folder's own descriptor
         EXPECT_NE(std::filesystem::read_symlink(entry, gone), FIRST);
     }
-    openGate();
+    checkpoint.letGo();
 }
 
 } // namespace

@@ -1,9 +1,8 @@
-#include "supplicant/WifiUtil.h"
+#include "ClientOperations.h"
 
 #include "support/BlockedFile.h"
 #include "support/Leftovers.h"
 #include "support/Lines.h"
-#include "support/StandIn.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,77 +15,25 @@
 #include <vector>
 
 using platwifi::ReplyLines;
-using test::Arguments;
-using test::toStrings;
+using namespace test;
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
 
-constexpr const char* CLIENT = "/proc/boot/wpa_cli";
-const std::string STAMP = "12:34:56.789: ";
 const std::string ADAPTER_HEADER = "Selected interface 'wlan0'\nAvailable interfaces:\n";
-const std::string LIST_HEADER = "network id / ssid / bssid / flags\n";
 
 using Lines = std::vector<std::string>;
-
-// The four list queries: what the tests need to know of each.
-struct Query {
-    const char* name;
-    Arguments call;
-    int headerLines;
-    bool resetsCount;
-    bool removesStamp;
-    std::string resultPrefix;
-    bool (*run)(WifiUtil&, ReplyLines&, unsigned char max);
-};
-
-const Query QUERIES[] = {
-    {"getWifiAdapters",
-     {"interface"},
-     2,
-     false,
-     true,
-     "/tmp/wpa_cli_interface_result_",
-     [](WifiUtil& util, ReplyLines& lines, unsigned char max) {
-         return util.getWifiAdapters(lines.data(), max, &lines.count);
-     }},
-    {"getNetworkDatabaseSsids",
-     {"-iwlan0", "list_networks"},
-     1,
-     true,
-     false,
-     "/tmp/wpa_cli_list_result_",
-     [](WifiUtil& util, ReplyLines& lines, unsigned char max) {
-         return util.getNetworkDatabaseSsids("wlan0", lines.data(), max, &lines.count);
-     }},
-    {"discoverNetworks",
-     {"-iwlan0", "scan_results"},
-     1,
-     true,
-     false,
-     "/tmp/wpa_cli_scan_results_result_",
-     [](WifiUtil& util, ReplyLines& lines, unsigned char max) {
-         return util.discoverNetworks("wlan0", lines.data(), max, &lines.count);
-     }},
-    {"getCurrentNetworkStatus",
-     {"-iwlan0", "status"},
-     0,
-     true,
-     true,
-     "/tmp/wpa_cli_status_result_",
-     [](WifiUtil& util, ReplyLines& lines, unsigned char max) {
-         return util.getCurrentNetworkStatus("wlan0", lines.data(), max, &lines.count);
-     }},
-};
 
 class ListQuery : public testing::TestWithParam<Query> {
 protected:
     ~ListQuery() override { WifiUtil::unload(); }
 
-    // An instance of a client that stamps its replies, or does not.
-    WifiUtil& util(bool stamping = false) {
+    static constexpr bool STAMPING = true;
+
+    // The instance, of a client that stamps its replies, or does not.
+    WifiUtil& util(bool stamping = !STAMPING) {
         standIn.on({"interface"})
             .prints(ADAPTER_HEADER + (stamping ? STAMP : "") + "wlan0\n")
             .then()
@@ -103,33 +50,36 @@ protected:
         standIn.on(GetParam().call).prints(text + entries);
     }
 
-    bool run(WifiUtil& util, ReplyLines& lines, unsigned char max = 16) {
-        return GetParam().run(util, lines, max);
+    static bool run(WifiUtil& util, ReplyLines& lines, unsigned char max = 16) {
+        return GetParam().run(util, "wlan0", lines.data(), max, &lines.count);
     }
 
-    test::StandIn standIn;
+    // What a query returns that succeeds.
+    Lines linesOf(const std::string& entries, unsigned char max = 16, bool stamping = !STAMPING) {
+        WifiUtil& instance = util(stamping);
+        answer(entries);
+        const Leftovers before = Leftovers::now();
+        ReplyLines lines(max);
+        EXPECT_TRUE(run(instance, lines, max));
+        EXPECT_TRUE(Leftovers::now() == before);
+        return toStrings(lines);
+    }
+
+    StandIn standIn;
 };
 
 TEST_P(ListQuery, RunsItsOneCommandAndReturnsTheLines) {
-    WifiUtil& instance = util();
-    answer("first\tx\nsecond\n\nthird, the last\n");
-    const test::Leftovers before = test::Leftovers::now();
-    ReplyLines lines(16);
-    EXPECT_TRUE(run(instance, lines));
-    EXPECT_THAT(toStrings(lines), ElementsAre("first\tx", "second", "third, the last"));
+    EXPECT_THAT(linesOf("first\tx\nsecond\n\nthird, the last\n"),
+                ElementsAre("first\tx", "second", "third, the last"));
     Arguments call{CLIENT};
     call.insert(call.end(), GetParam().call.begin(), GetParam().call.end());
     EXPECT_THAT(standIn.calls(), ElementsAre(call));
-    EXPECT_TRUE(test::Leftovers::now() == before);
 }
 
 TEST_P(ListQuery, SkipsItsHeaderWithoutReadingIt) {
     WifiUtil& instance = util();
-    std::string reply = "FAIL\n\n";
-    reply.resize(static_cast<std::size_t>(GetParam().headerLines) == 1 ? 5 : reply.size());
-    if (GetParam().headerLines == 0)
-        reply.clear();
-    standIn.on(GetParam().call).prints(reply + "entry\n");
+    const std::string headers[] = {"", "FAIL\n", "FAIL\n\n"};
+    standIn.on(GetParam().call).prints(headers[GetParam().headerLines] + "entry\n");
     ReplyLines lines(16);
     EXPECT_TRUE(run(instance, lines));
     EXPECT_THAT(toStrings(lines), ElementsAre("entry"));
@@ -137,91 +87,53 @@ TEST_P(ListQuery, SkipsItsHeaderWithoutReadingIt) {
 
 // REPLY-7
 TEST_P(ListQuery, ReturnsAFailureMessageAsAnEntry) {
-    WifiUtil& instance = util();
-    answer("FAIL\n");
-    ReplyLines lines(16);
-    EXPECT_TRUE(run(instance, lines));
-    EXPECT_THAT(toStrings(lines), ElementsAre("FAIL"));
+    EXPECT_THAT(linesOf("FAIL\n"), ElementsAre("FAIL"));
 }
 
 TEST_P(ListQuery, SucceedsWithoutEntries) {
-    WifiUtil& instance = util();
-    answer("");
-    ReplyLines lines(16);
-    EXPECT_TRUE(run(instance, lines));
-    EXPECT_EQ(lines.count, 0);
+    EXPECT_THAT(linesOf(""), IsEmpty());
     standIn.reset();
     standIn.on(GetParam().call).prints("");
-    EXPECT_TRUE(run(instance, lines)) << "not even a header";
+    ReplyLines lines(16);
+    EXPECT_TRUE(run(*WifiUtil::getInstance(), lines)) << "not even a header";
     EXPECT_EQ(lines.count, 0);
 }
 
 TEST_P(ListQuery, StopsSilentlyWhenTheArrayIsFull) {
-    WifiUtil& instance = util();
-    answer("1\n2\n3\n4\n");
-    ReplyLines lines(3);
-    EXPECT_TRUE(run(instance, lines, 3));
-    EXPECT_THAT(toStrings(lines), ElementsAre("1", "2", "3"));
+    EXPECT_THAT(linesOf("1\n2\n3\n4\n", 3), ElementsAre("1", "2", "3"));
     ReplyLines none(1);
-    EXPECT_TRUE(run(instance, none, 0));
+    EXPECT_TRUE(run(*WifiUtil::getInstance(), none, 0));
     EXPECT_EQ(none.count, 0);
     EXPECT_EQ(none.data()[0], nullptr);
 }
 
-TEST_P(ListQuery, TakesAFullArrayOf255) {
-    WifiUtil& instance = util();
-    std::string entries;
-    for (int i = 0; i < 400; ++i)
-        entries += "line\n";
-    answer(entries);
-    ReplyLines lines(255);
-    EXPECT_TRUE(run(instance, lines, 255));
-    EXPECT_EQ(lines.count, 255);
-}
-
 // REPLY-8
 TEST_P(ListQuery, CutsLongLinesIntoPieces) {
-    WifiUtil& instance = util();
     const std::string text127(127, 'a');
     const std::string text128(128, 'b');
     const std::string text300(300, 'c');
-    answer(text127 + "\n" + text128 + "\n" + text300 + "\n");
-    ReplyLines lines(16);
-    EXPECT_TRUE(run(instance, lines));
     // The piece that ends a 127-character line is only its line feed: an empty line, skipped.
-    EXPECT_THAT(toStrings(lines),
+    EXPECT_THAT(linesOf(text127 + "\n" + text128 + "\n" + text300 + "\n"),
                 ElementsAre(text127, text128.substr(0, 127), "b", text300.substr(0, 127),
                             text300.substr(0, 127), text300.substr(0, 46)));
 }
 
 TEST_P(ListQuery, ReadsALastLineWithoutLineFeed) {
-    WifiUtil& instance = util();
-    answer("one\ntwo");
-    ReplyLines lines(16);
-    EXPECT_TRUE(run(instance, lines));
-    EXPECT_THAT(toStrings(lines), ElementsAre("one", "two"));
+    EXPECT_THAT(linesOf("one\ntwo"), ElementsAre("one", "two"));
 }
 
 TEST_P(ListQuery, ReadsNoMoreOfAMegabyteThanItHasRoomFor) {
-    WifiUtil& instance = util();
     std::string entries;
     while (entries.size() < (1U << 20U))
         entries += "0123456789012345678901234567890123456789\n";
-    answer(entries);
-    ReplyLines lines(16);
-    EXPECT_TRUE(run(instance, lines));
-    EXPECT_EQ(lines.count, 16);
-    EXPECT_THAT(test::resultFiles(), IsEmpty());
+    EXPECT_EQ(linesOf(entries, 255).size(), 255U);
 }
 
 TEST_P(ListQuery, TakesBinaryReplies) {
-    WifiUtil& instance = util();
     std::string entries;
     for (int i = 0; i < 3000; ++i)
         entries += static_cast<char>(i * 7 % 251);
-    answer(entries);
-    ReplyLines lines(255);
-    EXPECT_TRUE(run(instance, lines, 255));
+    linesOf(entries, 255);
 }
 
 TEST_P(ListQuery, FailsWithTheClient) {
@@ -232,7 +144,7 @@ TEST_P(ListQuery, FailsWithTheClient) {
     EXPECT_FALSE(run(instance, lines));
     EXPECT_EQ(lines.count, GetParam().resetsCount ? 0 : 5);
     EXPECT_THAT(std::vector<char*>(lines.data(), lines.data() + 16), Each(nullptr));
-    EXPECT_THAT(test::resultFiles(), IsEmpty());
+    EXPECT_THAT(resultFiles(), IsEmpty());
 }
 
 TEST_P(ListQuery, FailsWhenTheResultFileWasRemoved) {
@@ -261,29 +173,19 @@ TEST_P(ListQuery, ResetsOrKeepsTheCount) {
 
 // REPLY-11
 TEST_P(ListQuery, RemovesTheStampFromItsFirstEntryAlone) {
-    WifiUtil& instance = util(true);
-    answer("\n" + STAMP + "bssid=00:11:22:33:44:55\n" + STAMP + "second\n");
-    ReplyLines lines(16);
-    EXPECT_TRUE(run(instance, lines));
-    const std::string first = (GetParam().removesStamp ? "" : STAMP) + "bssid=00:11:22:33:44:55";
-    EXPECT_THAT(toStrings(lines), ElementsAre(first, STAMP + "second"));
+    const std::string kept = GetParam().removesStamp ? "" : STAMP;
+    EXPECT_THAT(
+        linesOf("\n" + STAMP + "bssid=00:11:22:33:44:55\n" + STAMP + "second\n", 16, STAMPING),
+        ElementsAre(kept + "bssid=00:11:22:33:44:55", STAMP + "second"));
 }
 
 TEST_P(ListQuery, KeepsAnEntryThatConsistsOfAStamp) {
-    WifiUtil& instance = util(true);
-    answer(STAMP + "\n" + STAMP + "second\n");
-    ReplyLines lines(16);
-    EXPECT_TRUE(run(instance, lines));
-    EXPECT_THAT(toStrings(lines),
+    EXPECT_THAT(linesOf(STAMP + "\n" + STAMP + "second\n", 16, STAMPING),
                 ElementsAre(GetParam().removesStamp ? "" : STAMP, STAMP + "second"));
 }
 
 TEST_P(ListQuery, KeepsAStampThatItDoesNotExpect) {
-    WifiUtil& instance = util(false);
-    answer(STAMP + "entry\n");
-    ReplyLines lines(16);
-    EXPECT_TRUE(run(instance, lines));
-    EXPECT_THAT(toStrings(lines), ElementsAre(STAMP + "entry"));
+    EXPECT_THAT(linesOf(STAMP + "entry\n"), ElementsAre(STAMP + "entry"));
 }
 
 // The file is there, under its own name and in this thread's, while the client runs: a folder put
@@ -293,7 +195,7 @@ TEST_P(ListQuery, UsesItsOwnResultFile) {
     answer("entry\n");
     ReplyLines lines(16);
     {
-        const test::BlockedFile blocked(test::resultPath(GetParam().resultPrefix));
+        const BlockedFile blocked(resultPath(GetParam().resultPrefix));
         EXPECT_FALSE(run(instance, lines));
         EXPECT_THAT(standIn.calls(), IsEmpty());
     }
@@ -306,7 +208,7 @@ INSTANTIATE_TEST_SUITE_P(Every, ListQuery, testing::ValuesIn(QUERIES),
 class Adapters : public testing::Test {
 protected:
     ~Adapters() override { WifiUtil::unload(); }
-    test::StandIn standIn;
+    StandIn standIn;
 };
 
 // REPLY-12
@@ -333,20 +235,20 @@ TEST_F(Adapters, AreNotAppendedToAnArrayThatIsMoreThanFull) {
 
 class IsWifiEnabled : public testing::Test {
 protected:
-    test::StandIn standIn;
+    StandIn standIn;
     WifiUtil util;
 };
 
 // RUNS-1
 TEST_F(IsWifiEnabled, ChecksThePidFileWithoutAnInterface) {
-    const std::string result = test::resultPath("/tmp/process_table_result_");
+    const std::string result = resultPath("/tmp/process_table_result_");
     std::ofstream(result) << "of another query";
     EXPECT_FALSE(util.isWifiEnabled(nullptr));
     mkdir("/var/run", 0755);
     std::ofstream("/var/run/wpa_supplicant.pid") << "1\n";
     EXPECT_TRUE(util.isWifiEnabled(nullptr));
     EXPECT_THAT(standIn.calls(), IsEmpty()) << "no child is run";
-    EXPECT_THAT(test::resultFiles(), ElementsAre(result)) << "no file is removed";
+    EXPECT_THAT(resultFiles(), ElementsAre(result)) << "no file is removed";
     std::remove(result.c_str());
     std::remove("/var/run/wpa_supplicant.pid");
     EXPECT_FALSE(util.isWifiEnabled(nullptr));
@@ -363,13 +265,13 @@ TEST_F(IsWifiEnabled, SearchesTheProcessTableWithAnInterface) {
         .then()
         .prints("77 wpa_supplicant\n")
         .exits(1);
-    const test::Leftovers before = test::Leftovers::now();
+    const Leftovers before = Leftovers::now();
     EXPECT_TRUE(util.isWifiEnabled("wlan0"));
     EXPECT_FALSE(util.isWifiEnabled("wlan0"));
     EXPECT_FALSE(util.isWifiEnabled("wlan0")) << "an empty table";
     EXPECT_FALSE(util.isWifiEnabled("wlan0")) << "the lister failed";
     EXPECT_EQ(standIn.calls()[0], (Arguments{"/proc/boot/pidin", "-iwlan0", "arg"}));
-    EXPECT_TRUE(test::Leftovers::now() == before);
+    EXPECT_TRUE(Leftovers::now() == before);
 }
 
 TEST_F(IsWifiEnabled, IgnoresThePidFileWithAnInterface) {
@@ -397,7 +299,7 @@ TEST_F(IsWifiEnabled, AcceptsAnEmptyInterfaceName) {
 TEST_F(IsWifiEnabled, UsesItsOwnResultFile) {
     standIn.on({"*"}).prints("77 wpa_supplicant\n");
     {
-        const test::BlockedFile blocked(test::resultPath("/tmp/process_table_result_"));
+        const BlockedFile blocked(resultPath("/tmp/process_table_result_"));
         EXPECT_FALSE(util.isWifiEnabled("wlan0"));
         EXPECT_THAT(standIn.calls(), IsEmpty());
     }

@@ -1,5 +1,7 @@
 #include "supplicant/ResultFile.h"
 
+#include "support/BlockedFile.h"
+#include "support/Files.h"
 #include "support/Leftovers.h"
 
 #include <gtest/gtest.h>
@@ -7,7 +9,6 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
-#include <pthread.h>
 #include <set>
 #include <string>
 #include <sys/stat.h>
@@ -16,22 +17,18 @@
 
 using namespace platwifi;
 using platform::FileDescriptor;
+using test::contentOf;
 
 namespace {
 
 constexpr const char* PREFIX = "/tmp/some_result_";
 
 std::string ownPath() {
-    return PREFIX + std::to_string(static_cast<long long>(pthread_self()));
+    return test::resultPath(PREFIX);
 }
 
 void write(const std::string& path, const std::string& text) {
     std::ofstream(path) << text;
-}
-
-std::string contentOf(const std::string& path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 struct stat factsOf(const std::string& path) {

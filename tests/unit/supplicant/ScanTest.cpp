@@ -2,9 +2,10 @@
 
 #include "supplicant/WifiUtil.h"
 
+#include "support/BlockedFile.h"
 #include "support/Leftovers.h"
-#include "support/RecordedPlatform.h"
 #include "support/StandIn.h"
+#include "support/TestTime.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,18 +17,19 @@
 #include <vector>
 
 using test::Arguments;
-using test::RecordedPlatform;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
+
+using Calls = std::vector<Arguments>;
 
 const Arguments STATUS{"/proc/boot/wpa_cli", "-iwlan0", "status"};
 const Arguments SCAN{"/proc/boot/wpa_cli", "-iwlan0", "scan"};
 
 class Scan : public testing::Test {
 protected:
-    Scan() { RecordedPlatform::begin(); }
+    Scan() { time.sleepsAreRecorded(); }
     ~Scan() override {
         for (const std::string& file : test::resultFiles())
             std::remove(file.c_str());
@@ -39,56 +41,50 @@ protected:
         return answer;
     }
 
-    static std::size_t secondsSlept() {
-        const auto events = RecordedPlatform::events();
+    // The states of one read after another.
+    void onStates(const std::vector<std::string>& states) {
+        auto answer = onStatus(states[0]);
+        for (std::size_t i = 1; i < states.size(); ++i)
+            answer.then().prints("wpa_state=" + states[i] + "\n");
+    }
+
+    std::size_t secondsSlept() const {
+        const auto events = time.events();
         return static_cast<std::size_t>(std::count(events.begin(), events.end(), "sleep 1000"));
     }
 
+    test::TestTime time;
     test::StandIn standIn;
     WifiUtil util;
 };
 
 // SCAN-1
 TEST_F(Scan, IsStartedInEveryStateButTheUnknownAndTheScanning) {
-    struct Row {
+    const struct {
         const char* state;
         bool started;
-    };
-    const Row rows[] = {
-        {"DISCONNECTED", true},
-        {"INACTIVE", true},
-        {"ASSOCIATING", true},
-        {"ASSOCIATED", true},
-        {"4WAY_HANDSHAKE", true},
-        {"GROUP_HANDSHAKE", true},
-        {"COMPLETED", true},
+    } rows[] = {
+        {"DISCONNECTED", true},        {"INACTIVE", true},
+        {"ASSOCIATING", true},         {"ASSOCIATED", true},
+        {"4WAY_HANDSHAKE", true},      {"GROUP_HANDSHAKE", true},
+        {"COMPLETED", true},           {"", false},
         {"INTERFACE_DISABLED", false},
-        {"", false},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         standIn.reset();
-        RecordedPlatform::begin();
+        time.clearRecord();
         onStatus(row.state);
         standIn.on({"-iwlan0", "scan"}).prints("OK\n");
         EXPECT_TRUE(util.scanNetworks("wlan0")) << row.state;
-        const auto calls = standIn.calls();
-        if (row.started)
-            EXPECT_THAT(calls, ElementsAre(STATUS, SCAN, STATUS)) << row.state;
-        else
-            EXPECT_THAT(calls, ElementsAre(STATUS, STATUS)) << row.state;
+        const Calls expected = row.started ? Calls{STATUS, SCAN, STATUS} : Calls{STATUS, STATUS};
+        EXPECT_EQ(standIn.calls(), expected) << row.state;
         EXPECT_EQ(secondsSlept(), 1U) << "one status read and one second at least";
     }
 }
 
 // SCAN-1
 TEST_F(Scan, IsNotStartedWhereOneRuns) {
-    onStatus("SCANNING")
-        .then()
-        .prints("wpa_state=SCANNING\n")
-        .then()
-        .prints("wpa_state=SCANNING\n")
-        .then()
-        .prints("wpa_state=COMPLETED\n");
+    onStates({"SCANNING", "SCANNING", "SCANNING", "COMPLETED"});
     EXPECT_TRUE(util.scanNetworks("wlan0"));
     EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, STATUS, STATUS, STATUS));
     EXPECT_EQ(secondsSlept(), 3U) << "after every read of the wait, the last one too";
@@ -103,11 +99,7 @@ TEST_F(Scan, IsWaitedForWith16ReadsAtMost) {
 }
 
 TEST_F(Scan, IsWaitedForAfterItWasStarted) {
-    onStatus("COMPLETED")
-        .then()
-        .prints("wpa_state=SCANNING\n")
-        .then()
-        .prints("wpa_state=INACTIVE\n");
+    onStates({"COMPLETED", "SCANNING", "INACTIVE"});
     standIn.on({"-iwlan0", "scan"}).prints("OK\n");
     EXPECT_TRUE(util.scanNetworks("wlan0"));
     EXPECT_THAT(standIn.calls(), ElementsAre(STATUS, SCAN, STATUS, STATUS));
@@ -117,7 +109,7 @@ TEST_F(Scan, IsWaitedForAfterItWasStarted) {
 TEST_F(Scan, LetsOtherThreadsRunCommandsWhileItWaits) {
     onStatus("COMPLETED");
     standIn.on({"*"}).prints("OK\n");
-    RecordedPlatform::duringSleeps(
+    time.duringSleeps(
         [this] { std::thread([this] { EXPECT_TRUE(util.saveConfiguration("wlan0")); }).join(); });
     EXPECT_TRUE(util.scanNetworks("wlan0"));
     const Arguments save{"/proc/boot/wpa_cli", "-iwlan0", "save_config"};
@@ -183,8 +175,7 @@ TEST_F(Scan, LeavesItsResultFileForTheNextScanOfTheThread) {
     onStatus("COMPLETED");
     standIn.on({"-iwlan0", "scan"}).prints("OK\n");
     EXPECT_TRUE(util.scanNetworks("wlan0"));
-    const std::string path =
-        "/tmp/wpa_cli_scan_result_" + std::to_string(static_cast<long long>(pthread_self()));
+    const std::string path = test::resultPath("/tmp/wpa_cli_scan_result_");
     EXPECT_THAT(test::resultFiles(), ElementsAre(path));
     EXPECT_TRUE(util.scanNetworks("wlan0"));
     EXPECT_THAT(test::resultFiles(), ElementsAre(path));

@@ -1,10 +1,7 @@
 // The block shared by processes, without refresh threads.
 
-#include "BlockView.h"
 #include "Peer.h"
-#include "watchdog/WifiHostSettingsWatchdog.h"
-
-#include <gtest/gtest.h>
+#include "RefreshThread.h"
 
 #include <cstddef>
 #include <cstring>
@@ -13,9 +10,12 @@
 namespace {
 
 using test::BlockView;
+using test::JoinedPeer;
 using test::Peer;
 
-TEST(SignalBlock, HasItsFieldsInTheirOrder) {
+class SignalBlock : public test::InitializedWatchdog {};
+
+TEST_F(SignalBlock, HasItsFieldsInTheirOrder) {
     struct Layout {
         pthread_mutex_t blockMutex;
         pthread_mutex_t signalMutex;
@@ -33,19 +33,17 @@ TEST(SignalBlock, HasItsFieldsInTheirOrder) {
     EXPECT_EQ(offsetof(SharedSignalBlock, attachCount), offsetof(Layout, attachCount));
 }
 
-TEST(SignalBlock, IsZeroOutsideOfItsFields) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
+TEST_F(SignalBlock, IsZeroOutsideOfItsFields) {
     const BlockView block;
     const auto* const room = reinterpret_cast<const unsigned char*>(&block->conditionSlot);
     for (std::size_t i = sizeof(platform::SharedCondition); i < sizeof(pthread_cond_t); ++i)
         EXPECT_EQ(room[i], 0) << i;
 }
 
-TEST(SignalBlock, HasItsSizeAndTheModeMinusTheUmask) {
+TEST_F(SignalBlock, HasItsSizeAndTheModeMinusTheUmask) {
     for (const mode_t mask : {0U, 0027U, 0170U}) {
+        watchdog.wifiShmemDestroy();
         const mode_t before = umask(mask);
-        WifiHostSettingsWatchdog watchdog;
         watchdog.initialize();
         umask(before);
         struct stat status {};
@@ -55,9 +53,7 @@ TEST(SignalBlock, HasItsSizeAndTheModeMinusTheUmask) {
     }
 }
 
-TEST(SignalBlock, HoldsTheSenderOfTheLastSignal) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
+TEST_F(SignalBlock, HoldsTheSenderOfTheLastSignal) {
     const BlockView block;
     block.raise(5);
     block.raise(7);
@@ -67,9 +63,7 @@ TEST(SignalBlock, HoldsTheSenderOfTheLastSignal) {
 }
 
 // PEER-11
-TEST(SignalBlock, HasARecursiveBlockMutexAndAPlainSignalMutex) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
+TEST_F(SignalBlock, HasARecursiveBlockMutexAndAPlainSignalMutex) {
     const BlockView block;
     EXPECT_EQ(block->lock(), 0);
     EXPECT_EQ(PlatformUtil::tryLockMutex(&block->blockMutex), 0) << "recursive";
@@ -80,36 +74,24 @@ TEST(SignalBlock, HasARecursiveBlockMutexAndAPlainSignalMutex) {
     block->unlockSignal();
 }
 
-TEST(SignalBlock, IsCreatedByTheFirstAndJoinedByTheOthers) {
-    WifiHostSettingsWatchdog first;
-    first.initialize();
-    Peer second;
-    EXPECT_EQ(second.ask("initialize"), "1");
-    EXPECT_EQ(second.ask("creator"), "0");
-    EXPECT_EQ(BlockView().numbers(), "0 none 2");
-    Peer third;
-    EXPECT_EQ(third.ask("initialize"), "1");
-    EXPECT_EQ(third.ask("creator"), "0");
+TEST_F(SignalBlock, IsCreatedByTheFirstAndJoinedByTheOthers) {
+    EXPECT_TRUE(watchdog.isCreator());
+    JoinedPeer peers[2];
+    for (Peer& peer : peers)
+        EXPECT_EQ(peer.ask("creator"), "0");
     EXPECT_EQ(BlockView().numbers(), "0 none 3");
-    EXPECT_TRUE(first.isCreator());
 }
 
-TEST(SignalBlock, IsUnlockedAfterASecondInitialisation) {
-    WifiHostSettingsWatchdog watchdog;
+TEST_F(SignalBlock, IsUnlockedAfterASecondInitialisation) {
     watchdog.initialize();
-    watchdog.initialize();
-    Peer peer;
-    EXPECT_EQ(peer.ask("initialize"), "1");
+    JoinedPeer peer;
     EXPECT_EQ(peer.ask("lock"), "0");
     EXPECT_EQ(peer.ask("unlock"), "0");
     EXPECT_EQ(BlockView().numbers(), "0 none 3");
 }
 
-TEST(SignalBlock, WakesAnotherProcess) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
-    Peer peer;
-    peer.ask("initialize");
+TEST_F(SignalBlock, WakesAnotherProcess) {
+    JoinedPeer peer;
     peer.beginWait();
     watchdog.sendRefreshSettingsSignal();
     EXPECT_EQ(peer.answer(), "-1");
@@ -117,14 +99,10 @@ TEST(SignalBlock, WakesAnotherProcess) {
 }
 
 // PEER-2
-TEST(SignalBlock, GivesASignalToOneProcessOnly) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
-    Peer peers[3];
-    for (Peer& peer : peers) {
-        peer.ask("initialize");
+TEST_F(SignalBlock, GivesASignalToOneProcessOnly) {
+    JoinedPeer peers[3];
+    for (Peer& peer : peers)
         peer.beginWait();
-    }
     watchdog.sendRefreshSettingsSignal();
     int seen = 0;
     for (Peer& peer : peers)
@@ -133,58 +111,50 @@ TEST(SignalBlock, GivesASignalToOneProcessOnly) {
 }
 
 // PEER-3
-TEST(SignalBlock, DoesNotGiveASignalToAThreadWithTheSendersId) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
-    Peer peer;
-    peer.ask("initialize");
+TEST_F(SignalBlock, DoesNotGiveASignalToAThreadWithTheSendersId) {
+    JoinedPeer peer;
     BlockView().raise(static_cast<std::uint32_t>(std::stoul(peer.ask("id"))));
     EXPECT_EQ(peer.ask("check"), "0");
     EXPECT_TRUE(BlockView().isPending());
     EXPECT_EQ(watchdog.checkForRefreshSignal(0), -1);
 }
 
-// Whether the first to leave is the creator or another user.
 // PEER-6
-TEST(SignalBlock, LosesItsNameWithTheFirstToLeaveAndIsKeptByTheOthers) {
+TEST_F(SignalBlock, LosesItsNameWhenAUserLeavesAndIsKeptByTheOthers) {
     for (const bool creatorLeaves : {true, false}) {
         SCOPED_TRACE(creatorLeaves);
-        Peer creator;
-        Peer other;
-        Peer third;
-        for (Peer* peer : {&creator, &other, &third})
-            peer->ask("initialize");
+        watchdog.wifiShmemDestroy();
+        JoinedPeer creator;
+        JoinedPeer other;
+        JoinedPeer third;
         const BlockView old;
-        Peer& leaver = creatorLeaves ? creator : other;
-        Peer& stayer = creatorLeaves ? other : creator;
-        leaver.ask("destroy");
+        Peer& leaving = creatorLeaves ? creator : other;
+        Peer& staying = creatorLeaves ? other : creator;
+        leaving.ask("destroy");
         EXPECT_FALSE(test::blockHasName());
         EXPECT_EQ(old.numbers(), "0 none 2");
 
-        WifiHostSettingsWatchdog fresh;
-        fresh.initialize();
-        EXPECT_TRUE(fresh.isCreator());
+        watchdog.initialize();
+        EXPECT_TRUE(watchdog.isCreator());
         EXPECT_EQ(BlockView().numbers(), "0 none 1");
-        stayer.ask("refresh");
-        EXPECT_EQ(fresh.checkForRefreshSignal(0), 0) << "it does not share the old block";
+        staying.ask("refresh");
+        EXPECT_EQ(watchdog.checkForRefreshSignal(0), 0) << "it does not share the old block";
         EXPECT_EQ(third.ask("check"), "-1") << "they still share theirs";
 
-        stayer.ask("destroy");
+        staying.ask("destroy");
         third.ask("destroy");
         EXPECT_EQ(old.numbers(), "0 none 0") << "ended by its last user";
         EXPECT_FALSE(test::blockHasName()) << "whichever block has the name";
     }
 }
 
-TEST(SignalBlock, IsNotJoinedAfterItsLastUserHasLeft) {
-    WifiHostSettingsWatchdog last;
-    last.initialize();
+TEST_F(SignalBlock, IsNotJoinedAfterItsLastUserHasLeft) {
     const BlockView old;
-    last.wifiShmemLock();
+    watchdog.wifiShmemLock();
     Peer peer;
     peer.send("initialize");
     peer.awaitMapping();
-    last.wifiShmemDestroy();
+    watchdog.wifiShmemDestroy();
     EXPECT_EQ(peer.answer(), "1");
     EXPECT_EQ(peer.ask("creator"), "1");
     EXPECT_EQ(old.numbers(), "0 none 0");

@@ -1,7 +1,6 @@
 // The cycle of the refresh thread: it waits for a stop, then for a save of this process. If there
 // was none, it waits for a save of another process.
 
-#include "RecordedWaits.h"
 #include "RefreshThread.h"
 
 #include <gmock/gmock.h>
@@ -9,38 +8,29 @@
 namespace {
 
 using test::RecordedReloads;
-using test::RecordedWaits;
 
 class RefreshCycle : public test::RefreshThread {
 protected:
-    void SetUp() override {
-        RecordedWaits::reset();
-        RefreshThread::SetUp();
-    }
-
-    void TearDown() override {
-        RefreshThread::TearDown();
-        RecordedWaits::reset();
-    }
+    RefreshCycle() { time.deadlinesAreRecorded(); }
 };
 
 // OP-10, PEER-1
 TEST_F(RefreshCycle, WaitsForEachSignalForASecond) {
     watchdog->start();
-    RecordedWaits::await(9);
+    time.awaitEvents(9);
     watchdog->stop();
-    EXPECT_THAT(RecordedWaits::seconds(), testing::Each(1U));
+    EXPECT_THAT(time.events(), testing::Each("deadline 1"));
 }
 
 // The third wait is the first of the second cycle, the fifth is its wait for another process.
 TEST_F(RefreshCycle, DoesNotWaitForAnotherProcessAfterASave) {
     std::size_t waitsBeforeReload = 0;
     auto* const self = watchdog.get();
-    RecordedWaits::at(1, [self] { self->sendSaveSettingsSignal(); });
-    RecordedWaits::at(3, [] { raiseAsAnotherProcess(); });
-    RecordedReloads::during([&] { waitsBeforeReload = RecordedWaits::count(); });
+    time.atEvent(1, [self] { self->sendSaveSettingsSignal(); });
+    time.atEvent(3, [] { raiseAsAnotherProcess(); });
+    RecordedReloads::during([&] { waitsBeforeReload = time.events().size(); });
     watchdog->start();
-    RecordedWaits::await(9);
+    time.awaitEvents(9);
     watchdog->stop();
     EXPECT_EQ(waitsBeforeReload, 5U);
 }
@@ -50,10 +40,10 @@ TEST_F(RefreshCycle, DoesNotWaitForAnotherProcessAfterASave) {
 TEST_F(RefreshCycle, TriesAFailedReloadAgainAfterASave) {
     auto* const self = watchdog.get();
     RecordedReloads::refuse(1);
-    RecordedWaits::at(4, [self] { self->sendSaveSettingsSignal(); });
+    time.atEvent(4, [self] { self->sendSaveSettingsSignal(); });
     raiseAsAnotherProcess();
     watchdog->start();
-    RecordedWaits::await(10);
+    time.awaitEvents(10);
     watchdog->stop();
     EXPECT_EQ(RecordedReloads::calls(), 2);
 }

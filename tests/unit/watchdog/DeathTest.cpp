@@ -13,6 +13,7 @@
 namespace {
 
 using test::BlockView;
+using test::JoinedPeer;
 using test::Peer;
 
 struct Death {
@@ -37,8 +38,7 @@ protected:
     }
 
     static void dieHolding(const std::vector<const char*>& locks) {
-        Peer peer;
-        peer.ask("initialize");
+        JoinedPeer peer;
         for (const char* lock : locks)
             EXPECT_EQ(peer.ask(lock), "0");
         peer.kill();
@@ -58,8 +58,7 @@ TEST_P(DeathOfAHolder, RaisesASignalWithoutASender) {
 // A process never takes its own signal, so the signal after a death must not carry the last
 // sender's id.
 TEST_P(DeathOfAHolder, RaisesASignalThatTheLastSenderTakesToo) {
-    Peer other;
-    other.ask("initialize");
+    JoinedPeer other;
     watchdog.sendRefreshSettingsSignal();
     EXPECT_EQ(other.ask("check"), "-1");
     dieHolding(GetParam().locks);
@@ -67,8 +66,7 @@ TEST_P(DeathOfAHolder, RaisesASignalThatTheLastSenderTakesToo) {
 }
 
 TEST_P(DeathOfAHolder, DoesNotKeepOthersFromRaisingASignal) {
-    Peer other;
-    other.ask("initialize");
+    JoinedPeer other;
     dieHolding(GetParam().locks);
     watchdog.sendRefreshSettingsSignal();
     EXPECT_EQ(other.ask("check"), "-1");
@@ -79,8 +77,7 @@ TEST_P(DeathOfAHolder, DoesNotKeepOthersFromRaisingASignal) {
 TEST_P(DeathOfAHolder, DoesNotKeepOthersFromJoiningAndLeaving) {
     dieHolding(GetParam().locks);
     {
-        Peer late;
-        EXPECT_EQ(late.ask("initialize"), "1");
+        JoinedPeer late;
         EXPECT_EQ(late.ask("creator"), "0");
         EXPECT_EQ(late.ask("check"), "-1");
         EXPECT_EQ(BlockView().numbers(), "0 none 3");
@@ -99,8 +96,7 @@ TEST_P(DeathOfAHolder, IsRecoveredFromEachTime) {
 
 // The process that waits locks the signal mutex again after its holder has died.
 TEST_P(DeathOfAHolder, DoesNotBreakTheWaitOfAnotherProcess) {
-    Peer waiter;
-    waiter.ask("initialize");
+    JoinedPeer waiter;
     waiter.beginWait();
     dieHolding(GetParam().locks);
     BlockView()->refreshCondition.broadcast();
@@ -119,17 +115,15 @@ TEST(DeathOfAWaiter, DoesNotDisturbOthers) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.initialize();
     for (int death = 0; death < 5; ++death) {
-        Peer peers[2];
+        JoinedPeer peers[2];
         for (Peer& peer : peers) {
-            peer.ask("initialize");
             peer.beginWait();
             peer.kill();
         }
         for (int i = 0; i < 20; ++i)
             watchdog.sendRefreshSettingsSignal();
     }
-    Peer survivor;
-    survivor.ask("initialize");
+    JoinedPeer survivor;
     EXPECT_EQ(survivor.ask("check"), "-1") << "the signal is still there";
     survivor.beginWait();
     watchdog.sendRefreshSettingsSignal();

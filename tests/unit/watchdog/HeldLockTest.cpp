@@ -3,7 +3,6 @@
 
 #include "Peer.h"
 #include "RefreshThread.h"
-#include "support/ShortLocks.h"
 
 #include <cstring>
 #include <gmock/gmock.h>
@@ -11,10 +10,8 @@
 namespace {
 
 using test::BlockView;
-using test::Peer;
-using test::RecordedReloads;
+using test::JoinedPeer;
 using test::RefreshThread;
-using test::ShortLocks;
 
 using namespace std::chrono_literals;
 
@@ -22,17 +19,16 @@ class HeldLock : public RefreshThread {
 protected:
     void SetUp() override {
         RefreshThread::SetUp();
-        ShortLocks::reset();
-        EXPECT_EQ(holder.ask("initialize"), "1");
+        time.lockWaitsAre(test::QUICK);
     }
 
     void expectWaitsOfASecond() const {
-        EXPECT_GT(ShortLocks::timeouts(), 0);
-        EXPECT_GT(ShortLocks::longest(), 900ms);
-        EXPECT_LE(ShortLocks::longest(), 1s);
+        EXPECT_GT(time.lockTimeouts(), 0);
+        EXPECT_GT(time.longestLockWait(), 900ms);
+        EXPECT_LE(time.longestLockWait(), 1s);
     }
 
-    Peer holder; // does nothing unless asked, like a stopped process
+    JoinedPeer holder; // does nothing unless asked, like a stopped process
 };
 
 // PEER-8
@@ -92,15 +88,13 @@ TEST_F(HeldLock, DoesNotStopAProcessFromLeaving) {
 
 // PEER-8
 TEST_F(HeldLock, DelaysTheNotificationOfASaveUntilItIsReleased) {
-    Peer other;
-    other.ask("initialize");
+    JoinedPeer other;
     for (const char* lock : {"lock", "lock-signal"}) {
         SCOPED_TRACE(lock);
         holder.ask(lock);
         watchdog->start();
         watchdog->sendSaveSettingsSignal();
-        ShortLocks::reset();
-        ShortLocks::awaitTimeouts(3); // while raising the signal, and while waiting for one
+        test::TestTime::awaitLockTimeouts(3); // while raising the signal, and while waiting for one
         holder.ask(lock == std::string("lock") ? "unlock" : "unlock-signal");
         EXPECT_EQ(other.ask("wait", 100), "waiting");
         EXPECT_EQ(other.answer(), "-1");
@@ -126,8 +120,7 @@ TEST_F(HeldLock, OfAHolderThatDoesNotExistIsWaitedForASecond) {
 TEST_F(HeldLock, IsReportedOnce) {
     testing::internal::CaptureStderr();
     {
-        Peer reporter;
-        EXPECT_EQ(reporter.ask("initialize"), "1");
+        JoinedPeer reporter;
         holder.ask("lock");
         reporter.ask("refresh");
         reporter.ask("refresh");

@@ -1,35 +1,16 @@
 #include "watchdog/LocalSignal.h"
 
-#include "platform/PlatformUtil.h"
-#include "support/ThreadState.h"
+#include "support/Doing.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <climits>
-#include <future>
-#include <thread>
 
 namespace {
 
 using platwifi::LocalSignal;
 using std::chrono::steady_clock;
-
-/// Another thread that waits for a signal.
-struct Waiter {
-    std::promise<int> id;
-    std::future<int> result;
-
-    Waiter(LocalSignal& signal, unsigned int seconds)
-        : result(std::async(std::launch::async, [this, &signal, seconds] {
-              id.set_value(PlatformUtil::threadId());
-              return signal.check(seconds);
-          })) {
-        const int thread = id.get_future().get();
-        while (!test::isAsleep(thread))
-            std::this_thread::yield();
-    }
-};
 
 TEST(LocalSignal, ReturnsZeroAfterTheTime) {
     LocalSignal signal;
@@ -64,9 +45,11 @@ TEST(LocalSignal, IsTakenBackByReset) {
 
 TEST(LocalSignal, WakesAThreadThatWaits) {
     LocalSignal signal;
-    Waiter waiter(signal, UINT_MAX);
+    const test::Doing waiting([&signal] { EXPECT_EQ(signal.check(UINT_MAX), -1); });
+    waiting.awaitRest();
+    EXPECT_FALSE(waiting.isDone());
     signal.raise();
-    EXPECT_EQ(waiter.result.get(), -1);
+    waiting.awaitEnd();
     EXPECT_EQ(signal.check(0), 0);
 }
 

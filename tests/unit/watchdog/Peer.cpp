@@ -98,4 +98,8 @@ void Peer::kill() {
     m_id = -1;
 }
 
+JoinedPeer::JoinedPeer() {
+    EXPECT_EQ(ask("initialize"), "1");
+}
+
 } // namespace test

@@ -43,4 +43,10 @@ private:
     pid_t m_id = -1;
 };
 
+/// A process that uses the block.
+class JoinedPeer : public Peer {
+public:
+    JoinedPeer();
+};
+
 } // namespace test

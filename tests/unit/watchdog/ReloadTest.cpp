@@ -3,10 +3,13 @@
 #include "Peer.h"
 #include "RefreshThread.h"
 
+#include <string>
+#include <thread>
+
 namespace {
 
 using test::BlockView;
-using test::Peer;
+using test::JoinedPeer;
 using test::RecordedReloads;
 using test::RefreshThread;
 using test::refreshThreads;
@@ -49,8 +52,7 @@ TEST_F(RefreshThread, HandlesASaveThatComesDuringAReload) {
 
 // PEER-1
 TEST_F(RefreshThread, OfAnotherProcessReloadsAfterASave) {
-    Peer other;
-    other.ask("initialize");
+    JoinedPeer other;
     other.ask("start");
     watchdog->start();
     watchdog->sendSaveSettingsSignal();

@@ -58,6 +58,19 @@ std::string blockWithoutUsers() {
     return bytes;
 }
 
+// Initializes all at the same time, and returns how many of them created a block.
+template <std::size_t COUNT>
+int creatorsOf(Peer (&peers)[COUNT]) {
+    for (Peer& peer : peers)
+        peer.send("initialize");
+    for (Peer& peer : peers)
+        EXPECT_EQ(peer.answer(), "1");
+    int creators = 0;
+    for (Peer& peer : peers)
+        creators += peer.ask("creator") == "1" ? 1 : 0;
+    return creators;
+}
+
 struct Entry {
     const char* name;
     std::function<void()> put;
@@ -103,14 +116,7 @@ TEST_P(StaleEntry, IsReplacedByANewBlock) {
 
 TEST_P(StaleEntry, IsReplacedOnceByProcessesThatStartTogether) {
     Peer peers[4];
-    for (Peer& peer : peers)
-        peer.send("initialize");
-    int creators = 0;
-    for (Peer& peer : peers)
-        EXPECT_EQ(peer.answer(), "1");
-    for (Peer& peer : peers)
-        creators += peer.ask("creator") == "1" ? 1 : 0;
-    EXPECT_EQ(creators, 1);
+    EXPECT_EQ(creatorsOf(peers), 1);
     EXPECT_EQ(BlockView().numbers(), "0 none 4");
 }
 
@@ -206,14 +212,7 @@ TEST_F(Start, RunsWithoutABlockThatItMayNeitherWriteNorRemove) {
 TEST_F(Start, ByManyProcessesAtOnceMakesOneBlock) {
     for (int round = 0; round < 3; ++round) {
         Peer peers[8];
-        for (Peer& peer : peers)
-            peer.send("initialize");
-        for (Peer& peer : peers)
-            EXPECT_EQ(peer.answer(), "1");
-        int creators = 0;
-        for (Peer& peer : peers)
-            creators += peer.ask("creator") == "1" ? 1 : 0;
-        EXPECT_EQ(creators, 1);
+        EXPECT_EQ(creatorsOf(peers), 1);
         EXPECT_EQ(BlockView().numbers(), "0 none 8");
     }
 }

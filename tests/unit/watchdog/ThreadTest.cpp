@@ -3,7 +3,6 @@
 #include "RefreshThread.h"
 
 #include "support/Doing.h"
-#include "support/ThreadState.h"
 
 #include <future>
 #include <sys/stat.h>
@@ -49,17 +48,10 @@ TEST_F(RefreshThread, IsWaitedForByStop) {
     raiseAsAnotherProcess();
     watchdog->start();
     RecordedReloads::awaitCalls(1);
-    std::promise<int> id;
-    auto stopped = std::async(std::launch::async, [&] {
-        id.set_value(PlatformUtil::threadId());
-        watchdog->stop();
-    });
-    const int stopper = id.get_future().get();
-    while (!test::isAsleep(stopper))
-        std::this_thread::yield();
-    EXPECT_EQ(stopped.wait_for(std::chrono::seconds(0)), std::future_status::timeout);
+    const test::Doing stopping([this] { watchdog->stop(); });
+    stopping.awaitRest();
+    EXPECT_FALSE(stopping.isDone());
     mayContinue.set_value();
-    stopped.get();
 }
 
 TEST_F(RefreshThread, MayBeStoppedAndItsWatchdogDestroyedRightAfterItsStart) {
@@ -114,8 +106,7 @@ TEST_F(RefreshThread, MayDestroyItsOwnWatchdog) {
     self->start();
     started.set_value();
     over.get_future().wait();
-    while (!refreshThreads().empty())
-        std::this_thread::yield();
+    test::awaitNoThreadNamed("tWifiRefreshWat");
     EXPECT_FALSE(test::blockHasName());
     EXPECT_EQ(RecordedReloads::calls(), 1);
 }

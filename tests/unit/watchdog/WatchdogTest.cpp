@@ -1,9 +1,6 @@
 // One watchdog, without its thread.
 
-#include "BlockView.h"
-#include "watchdog/WifiHostSettingsWatchdog.h"
-
-#include <gtest/gtest.h>
+#include "RefreshThread.h"
 
 #include <cerrno>
 #include <chrono>
@@ -35,7 +32,9 @@ std::uint32_t ownId() {
     return static_cast<std::uint32_t>(PlatformUtil::threadId());
 }
 
-TEST(Watchdog, MakesNothingBeforeItIsInitialised) {
+using Watchdog = test::InitializedWatchdog;
+
+TEST(NewWatchdog, MakesNothingBeforeItIsInitialised) {
     WifiHostSettingsWatchdog watchdog;
     EXPECT_FALSE(test::blockHasName());
     EXPECT_FALSE(watchdog.isCreator());
@@ -48,16 +47,9 @@ TEST(Watchdog, MakesNothingBeforeItIsInitialised) {
     EXPECT_FALSE(test::blockHasName());
 }
 
-TEST(Watchdog, MakesTheBlockWhenItIsInitialised) {
-    WifiHostSettingsWatchdog watchdog;
-    EXPECT_TRUE(watchdog.initialize());
+TEST_F(Watchdog, CountsOneMoreUserWhenItIsInitialisedAgain) {
     EXPECT_TRUE(watchdog.isCreator());
     EXPECT_EQ(BlockView().numbers(), "0 none 1");
-}
-
-TEST(Watchdog, CountsOneMoreUserWhenItIsInitialisedAgain) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
     EXPECT_TRUE(watchdog.initialize());
     EXPECT_TRUE(watchdog.isCreator());
     EXPECT_EQ(BlockView().numbers(), "0 none 2");
@@ -65,9 +57,7 @@ TEST(Watchdog, CountsOneMoreUserWhenItIsInitialisedAgain) {
     EXPECT_EQ(BlockView().numbers(), "0 none 3");
 }
 
-TEST(Watchdog, RemovesTheNameAndEndsTheBlockAsItsLastUser) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
+TEST_F(Watchdog, RemovesTheNameAndEndsTheBlockAsItsLastUser) {
     const BlockView block;
     block.raise(ownId());
     watchdog.wifiShmemDestroy();
@@ -78,9 +68,7 @@ TEST(Watchdog, RemovesTheNameAndEndsTheBlockAsItsLastUser) {
 }
 
 // After it has left the block, the name may already belong to a new one.
-TEST(Watchdog, RemovesTheNameBeforeItLeavesTheBlock) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
+TEST_F(Watchdog, RemovesTheNameBeforeItLeavesTheBlock) {
     std::string numbers;
     atUnlink = [&] { numbers = BlockView().numbers(); };
     watchdog.wifiShmemDestroy();
@@ -88,22 +76,18 @@ TEST(Watchdog, RemovesTheNameBeforeItLeavesTheBlock) {
     EXPECT_EQ(numbers, "0 none 1");
 }
 
-TEST(Watchdog, MakesABlockAgainAfterItHasLeftOne) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
+TEST_F(Watchdog, MakesABlockAgainAfterItHasLeftOne) {
     watchdog.wifiShmemDestroy();
     watchdog.initialize();
     EXPECT_EQ(BlockView().numbers(), "0 none 1");
 }
 
-TEST(Watchdog, LeavesTheBlockWhenItIsDestroyed) {
+TEST(NewWatchdog, LeavesTheBlockWhenItIsDestroyed) {
     { WifiHostSettingsWatchdog().initialize(); }
     EXPECT_FALSE(test::blockHasName());
 }
 
-TEST(Watchdog, LeavesABlockThatItHoldsLocked) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
+TEST_F(Watchdog, LeavesABlockThatItHoldsLocked) {
     const BlockView block;
     EXPECT_EQ(watchdog.wifiShmemLock(), 0);
     EXPECT_EQ(watchdog.wifiShmemLock(), 0) << "recursive";
@@ -112,24 +96,18 @@ TEST(Watchdog, LeavesABlockThatItHoldsLocked) {
     block->unlock();
 }
 
-TEST(Watchdog, RaisesTheSignalToReloadWithItsThreadAsSender) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
+TEST_F(Watchdog, RaisesTheSignalToReloadWithItsThreadAsSender) {
     watchdog.sendRefreshSettingsSignal();
     EXPECT_EQ(BlockView().numbers(), "1 " + std::to_string(ownId()) + " 1");
 }
 
-TEST(Watchdog, DoesNotTakeASignalOfItsOwnThread) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
+TEST_F(Watchdog, DoesNotTakeASignalOfItsOwnThread) {
     watchdog.sendRefreshSettingsSignal();
     EXPECT_EQ(watchdog.checkForRefreshSignal(0), 0);
     EXPECT_TRUE(BlockView().isPending());
 }
 
-TEST(Watchdog, TakesTheSignalOfAnotherThreadOnce) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
+TEST_F(Watchdog, TakesTheSignalOfAnotherThreadOnce) {
     for (const std::uint32_t sender : {ownId() + 1, SharedSignalBlock::NO_SENDER}) {
         BlockView().raise(sender);
         EXPECT_EQ(watchdog.checkForRefreshSignal(0), -1);
@@ -139,24 +117,20 @@ TEST(Watchdog, TakesTheSignalOfAnotherThreadOnce) {
 }
 
 // PEER-5
-TEST(Watchdog, SeesAnEarlierSignalToReloadAfterTheWholeWait) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
+TEST_F(Watchdog, SeesAnEarlierSignalToReloadAfterTheWholeWait) {
     BlockView().raise(ownId() + 1);
     const auto start = steady_clock::now();
     EXPECT_EQ(watchdog.checkForRefreshSignal(1), -1);
     EXPECT_GE(steady_clock::now() - start, seconds(1));
 }
 
-TEST(Watchdog, WaitsTheWholeTimeWithoutASignalToReload) {
-    WifiHostSettingsWatchdog watchdog;
-    watchdog.initialize();
+TEST_F(Watchdog, WaitsTheWholeTimeWithoutASignalToReload) {
     const auto start = steady_clock::now();
     EXPECT_EQ(watchdog.checkForRefreshSignal(1), 0);
     EXPECT_GE(steady_clock::now() - start, seconds(1));
 }
 
-TEST(Watchdog, KeepsSaveAndStopSignalsApart) {
+TEST(NewWatchdog, KeepsSaveAndStopSignalsApart) {
     WifiHostSettingsWatchdog watchdog;
     watchdog.sendSaveSettingsSignal();
     EXPECT_EQ(watchdog.checkForStopSignal(0), 0);
@@ -166,7 +140,7 @@ TEST(Watchdog, KeepsSaveAndStopSignalsApart) {
     EXPECT_EQ(watchdog.checkForStopSignal(0), -1);
 }
 
-TEST(Watchdog, RunsWithoutABlockThatTheSystemRefuses) {
+TEST(NewWatchdog, RunsWithoutABlockThatTheSystemRefuses) {
     mkdir(test::BLOCK_PATH, 0700);
     {
         WifiHostSettingsWatchdog watchdog;

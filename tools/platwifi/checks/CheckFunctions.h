@@ -21,4 +21,8 @@ Finding checkKeyFile(const std::string& iface);
 Finding checkSharedMemory(const std::string& iface);
 Finding checkPidFile(const std::string& iface);
 
+/// The part of checkControlSocket() that concerns the socket of one interface alone. Runs no program.
+/// @param iface  not ""
+Finding checkSocketOf(const std::string& iface);
+
 } // namespace cli

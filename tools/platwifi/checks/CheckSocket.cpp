@@ -44,7 +44,24 @@ Finding closedToThisUser(const std::string& path, const struct stat& status) {
                    ", then log in again; or run platwifi as root");
 }
 
+Finding checkFolder() {
+    struct stat status {};
+    if (stat(CONTROL_FOLDER, &status) != 0) {
+        return bad(std::string("the supplicant has no control socket: there is no folder ") +
+                       CONTROL_FOLDER,
+                   CONFIGURATION_STEP);
+    }
+    if (faccessat(AT_FDCWD, CONTROL_FOLDER, R_OK | X_OK, AT_EACCESS) != 0)
+        return closedToThisUser(CONTROL_FOLDER, status);
+    return good(CONTROL_FOLDER);
+}
+
+} // namespace
+
 Finding checkSocketOf(const std::string& iface) {
+    const Finding folder = checkFolder();
+    if (folder.health == Health::BAD)
+        return folder;
     const std::string path = controlSocketOf(iface);
     const int error = connectTo(path);
     struct stat status {};
@@ -63,18 +80,11 @@ Finding checkSocketOf(const std::string& iface) {
     return bad(path + " cannot be used: " + std::strerror(error), CONFIGURATION_STEP);
 }
 
-} // namespace
-
 // The client always lists the interfaces through the first socket, also if another interface is named.
 Finding checkControlSocket(const std::string& iface) {
-    struct stat folder {};
-    if (stat(CONTROL_FOLDER, &folder) != 0) {
-        return bad(std::string("the supplicant has no control socket: there is no folder ") +
-                       CONTROL_FOLDER,
-                   CONFIGURATION_STEP);
-    }
-    if (faccessat(AT_FDCWD, CONTROL_FOLDER, R_OK | X_OK, AT_EACCESS) != 0)
-        return closedToThisUser(CONTROL_FOLDER, folder);
+    const Finding folder = checkFolder();
+    if (folder.health == Health::BAD)
+        return folder;
     const std::string first = interfaceFor("");
     if (first.empty()) {
         return bad(std::string("there is no control socket in ") + CONTROL_FOLDER,

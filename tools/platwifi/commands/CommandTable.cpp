@@ -22,6 +22,9 @@ constexpr char STATUS[] = "  platwifi status\n"
                           "  platwifi status --json | jq -r .state";
 constexpr char SCAN[] = "  platwifi scan\n"
                         "  platwifi scan --json | jq -r '.[].ssid'";
+constexpr char MONITOR[] =
+    "  platwifi monitor\n"
+    "  platwifi monitor --json | jq -r 'select(.event == \"connected\").ssid'";
 constexpr char NETWORKS[] = "  platwifi networks";
 constexpr char SHOW[] = "  platwifi show home";
 constexpr char REMOVE[] = "  platwifi remove home";
@@ -79,6 +82,7 @@ const std::vector<Command> COMMANDS = {
     {"adapters", JSON, showAdapters, "list the interfaces that the supplicant serves", examples<ADAPTERS>},
     {"status", JSON, showStatus, "tell what the supplicant is doing", examples<STATUS>},
     {"scan", JSON, scan, "look for access points in range", examples<SCAN>},
+    {"monitor", JSON, monitor, "show events as they come, until Ctrl-C", examples<MONITOR>},
     {"networks", JSON, listNetworks, "list the configured networks", examples<NETWORKS>},
     {"show", SSID | JSON, showNetwork, "show a configured network", examples<SHOW>},
     {"set", SSID | ASSIGNMENTS | JSON, setProperties, "change a network, and save", propertiesAndExamples<SET>},

@@ -10,6 +10,7 @@ struct Context;
 void showAdapters(Context& context);
 void showStatus(Context& context);
 void scan(Context& context);
+void monitor(Context& context);
 void listNetworks(Context& context);
 void showNetwork(Context& context);
 void setProperties(Context& context);

@@ -23,14 +23,21 @@ Json jsonOf(const Record& record) {
     return json;
 }
 
-void print(const Json& json) {
-    std::cout << json.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+constexpr int INDENTATION = 2;
+constexpr int ONE_LINE = -1;
+
+void print(const Json& json, int indentation = INDENTATION) {
+    std::cout << json.dump(indentation, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 
 } // namespace
 
 void printJson(const Record& record) {
     print(jsonOf(record));
+}
+
+void printJsonLine(const Record& record) {
+    print(jsonOf(record), ONE_LINE);
 }
 
 void printJson(const std::vector<Record>& records) {

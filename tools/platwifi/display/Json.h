@@ -13,4 +13,7 @@ void printJson(const Record& record);
 void printJson(const std::vector<Record>& records);
 void printJson(const std::vector<std::string>& texts);
 
+/// Prints a record in one line.
+void printJsonLine(const Record& record);
+
 } // namespace cli

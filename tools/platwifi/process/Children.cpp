@@ -35,10 +35,7 @@ private:
 void killAndReap(pid_t child) noexcept {
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
-    char socket[64];
-    std::snprintf(socket, sizeof socket, platwifi::paths::CLIENT_SOCKET_FORMAT,
-                  static_cast<int>(child));
-    unlink(socket);
+    removeSocketOf(child);
 }
 
 } // namespace
@@ -47,6 +44,13 @@ void killChildrenOf(pid_t thread) noexcept {
     ChildList children(thread);
     while (const pid_t child = children.next())
         killAndReap(child);
+}
+
+void removeSocketOf(pid_t process) noexcept {
+    char socket[64];
+    std::snprintf(socket, sizeof socket, platwifi::paths::CLIENT_SOCKET_FORMAT,
+                  static_cast<int>(process));
+    unlink(socket);
 }
 
 } // namespace cli

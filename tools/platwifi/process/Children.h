@@ -10,4 +10,8 @@ namespace cli {
 /// Allocates no memory: the thread may have been stopped while it held the allocator's lock.
 void killChildrenOf(pid_t thread) noexcept;
 
+/// Removes the socket in /tmp through which a process was connected to the supplicant, if it has left one.
+/// Allocates no memory.
+void removeSocketOf(pid_t process) noexcept;
+
 } // namespace cli

@@ -5,6 +5,7 @@
 #include "process/SharedBlock.h"
 #include "values/Failure.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <iostream>
@@ -57,6 +58,14 @@ Interrupt::Interrupt() : m_signals(watchedSignals()) {
 }
 
 Interrupt::~Interrupt() {
+    endWatch();
+    close(m_pipe[0]);
+    close(m_pipe[1]);
+}
+
+void Interrupt::endWatch() {
+    if (!m_watcher.joinable())
+        return;
     {
         const std::lock_guard<std::mutex> guard(m_mutex);
         m_isEnding = true;
@@ -64,8 +73,15 @@ Interrupt::~Interrupt() {
     }
     pthread_kill(m_watcher.native_handle(), END_OF_WATCH);
     m_watcher.join();
-    close(m_pipe[0]);
-    close(m_pipe[1]);
+}
+
+// Ctrl-C ends the client, too. This thread may notice that before the watching thread notices the signal.
+void Interrupt::checkFinally() {
+    endWatch();
+    const timespec now{};
+    if (m_signal == 0)
+        m_signal = std::max(sigtimedwait(&m_signals, nullptr, &now), 0);
+    check();
 }
 
 void Interrupt::check() const {
@@ -85,6 +101,13 @@ void Interrupt::waitForInput(int descriptor) const {
     while (poll(either, 2, -1) < 0 && errno == EINTR) {
     }
     check();
+}
+
+bool Interrupt::waitForInput(int descriptor, milliseconds time) const {
+    pollfd either[] = {{m_pipe[0], POLLIN, 0}, {descriptor, POLLIN, 0}};
+    const int ready = poll(either, 2, static_cast<int>(time.count()));
+    check();
+    return ready > 0 && either[1].revents != 0;
 }
 
 void Interrupt::wakeOwner() const {
@@ -117,6 +140,7 @@ void Interrupt::endByForce(int signal) {
     const std::vector<std::string> results = resultsOf(m_owner);
     stop(m_owner);
     killChildrenOf(getpid());
+    removeSocketOf(getpid());
     removeFiles(results);
     endBySignal(signal);
 }

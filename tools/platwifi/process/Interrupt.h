@@ -30,11 +30,18 @@ public:
     /// @throws Interrupted after a signal
     void check() const;
 
+    /// Ends the handling of signals. Of a signal that came before, the command has seen the effect on a child
+    /// process at most; this takes care that it counts. @throws Interrupted after a signal
+    void checkFinally();
+
     /// Waits that long. @throws Interrupted as soon as a signal comes
     void pause(std::chrono::milliseconds time) const;
 
     /// Waits until the descriptor is readable. @throws Interrupted as soon as a signal comes
     void waitForInput(int descriptor) const;
+
+    /// Waits for the same, that long at most. @return whether the descriptor is readable
+    bool waitForInput(int descriptor, std::chrono::milliseconds time) const;
 
     /// While an object exists, the command is not ended by force: it is changing the configuration,
     /// and must finish that.
@@ -54,6 +61,7 @@ public:
 
 private:
     void watch();
+    void endWatch();
     void endByForce(int signal);
     void wakeOwner() const;
 

@@ -17,12 +17,12 @@ bool isOpen(int descriptor) {
     return fcntl(descriptor, F_GETFD) != -1;
 }
 
+} // namespace
+
 bool hasReaderClosed() {
     pollfd output{STDOUT_FILENO, POLLOUT, 0};
     return poll(&output, 1, 0) > 0 && (output.revents & (POLLERR | POLLHUP)) != 0;
 }
-
-} // namespace
 
 void fillClosedStreams() {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {

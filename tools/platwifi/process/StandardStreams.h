@@ -11,4 +11,7 @@ void fillClosedStreams();
 ///         closed it, which is no reason for a message
 void flushOutput();
 
+/// Whether standard output is a pipe whose reader has closed it.
+bool hasReaderClosed();
+
 } // namespace cli
