@@ -4,7 +4,7 @@
 #include "TextCopy.h"
 #include "jni/NetworkProperties.h"
 #include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
+#include "settings/WifiHostSettings.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Profile.h"
 #include "model/WifiTypes.h"
 
 #include <array>
@@ -217,6 +218,20 @@ inline unsigned int allIn(const char* value, Words words) noexcept {
             set |= word.number;
     }
     return set;
+}
+
+// The words that the profile of this process knows.
+
+inline Words knownKeyManagement() noexcept {
+    return rule::TODAYS_SECURITY_IS_KNOWN() ? KEY_MANAGEMENT_WORDS : DEVICE_KEY_MANAGEMENT_WORDS;
+}
+
+inline Words knownPairwise() noexcept {
+    return rule::TODAYS_SECURITY_IS_KNOWN() ? PAIRWISE_WORDS : DEVICE_PAIRWISE_WORDS;
+}
+
+inline Words knownGroup() noexcept {
+    return rule::TODAYS_SECURITY_IS_KNOWN() ? GROUP_WORDS : DEVICE_GROUP_WORDS;
 }
 
 } // namespace platwifi

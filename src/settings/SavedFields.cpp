@@ -1,9 +1,9 @@
 #include "settings/SavedFields.h"
 
 #include "Profile.h"
-#include "model/KnownWords.h"
 #include "model/NetworkFields.h"
 #include "model/NetworkFunctions.h"
+#include "model/Vocabulary.h"
 #include "model/WifiNetwork.h"
 #include "supplicant/ValueQuoting.h"
 #include "supplicant/WifiUtil.h"

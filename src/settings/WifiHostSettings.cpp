@@ -8,8 +8,6 @@
 #include "platform/Deadline.h"
 #include "platform/MutexGuard.h"
 #include "settings/NetworkIds.h"
-#include "settings/NullExceptionHandler.h"
-#include "settings/SettingsLock.h"
 #include "settings/replies/PrintedSsid.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"

@@ -267,3 +267,32 @@ private:
     std::vector<std::string> disabledOthers; ///< SSIDs of the networks that it has disabled
     std::string refusedField;                ///< of the last save; empty for none
 };
+
+namespace platwifi {
+
+/// Holds lockSettings() for the duration of a scope.
+class SettingsLock {
+public:
+    explicit SettingsLock(WifiHostSettings& settings) noexcept : m_settings(settings) {
+        m_settings.lockSettings();
+    }
+    ~SettingsLock() { m_settings.unlockSettings(); }
+
+    SettingsLock(const SettingsLock&) = delete;
+    SettingsLock& operator=(const SettingsLock&) = delete;
+
+private:
+    WifiHostSettings& m_settings;
+};
+
+} // namespace platwifi
+
+/// An error handler that saves the error and raises nothing, for calls that have no error handler.
+class NullExceptionHandler : public virtual ErrorHandler {
+public:
+    using ErrorHandler::error;
+
+    // Before the destructor: the order of the virtual operations is part of the binary interface.
+    void error(MessageBundle* bundle) override { saveError(bundle); }
+    ~NullExceptionHandler() override = default;
+};

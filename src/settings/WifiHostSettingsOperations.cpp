@@ -5,7 +5,6 @@
 #include "model/NetworkFunctions.h"
 #include "model/WifiNetworkList.h"
 #include "settings/NetworkIds.h"
-#include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"

@@ -7,7 +7,6 @@
 #include "model/WifiNetworkList.h"
 #include "settings/NetworkIds.h"
 #include "settings/SavedFields.h"
-#include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"

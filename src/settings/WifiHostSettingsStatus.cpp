@@ -5,7 +5,6 @@
 #include "model/WifiNetworkList.h"
 #include "platform/MutexGuard.h"
 #include "settings/NetworkIds.h"
-#include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
 #include "settings/replies/ListLine.h"
 #include "settings/replies/PrintedSsid.h"

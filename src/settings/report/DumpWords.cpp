@@ -1,6 +1,6 @@
 #include "settings/report/DumpWords.h"
 
-#include "model/KnownWords.h"
+#include "model/Vocabulary.h"
 
 namespace platwifi {
 namespace {

@@ -1,7 +1,7 @@
 #include "ProfiledHost.h"
 
 #include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
+#include "settings/WifiHostSettings.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
 #include "support/Lines.h"
