@@ -1,5 +1,6 @@
 // Natives that return an array of strings.
 
+#include "Profile.h"
 #include "jni/JavaArray.h"
 #include "jni/NativeCall.h"
 #include "supplicant/ReplyLines.h"
@@ -46,19 +47,19 @@ bool fillIn(JNIEnv* env, jobjectArray keys, const WifiNetwork& network) {
 
 PLATWIFI_NATIVE(jobjectArray, getWifiAdapters0)(JNIEnv* env, jclass) {
     NativeCall call(env);
-    ReplyLines names(ADAPTER_LINES);
+    ReplyLines names(rule::MOST_ADAPTERS());
     return listAdapters(call.settings(), names) ? toJava(env, names) : nullptr;
 }
 
 PLATWIFI_NATIVE(jobjectArray, discoverNetworks0)(JNIEnv* env, jclass, jstring iface) {
     const NativeCall call(env, iface);
-    ReplyLines found(NETWORK_LINES);
+    ReplyLines found(rule::MOST_NETWORKS());
     return discover(call.iface(), found) ? toJava(env, found) : nullptr;
 }
 
 PLATWIFI_NATIVE(jobjectArray, getNetworkDatabaseSsids0)(JNIEnv* env, jclass, jstring iface) {
     NativeCall call(env, iface);
-    ReplyLines ssids(NETWORK_LINES);
+    ReplyLines ssids(rule::MOST_NETWORKS());
     return listSsids(call.settings(), call.iface(), ssids) ? toJava(env, ssids) : nullptr;
 }
 

@@ -3,7 +3,7 @@
 #include "model/WifiNetwork.h"
 #include "platform/JNIString.h"
 #include "platform/JavaExceptionHandler.h"
-#include "settings/SettingsLock.h"
+#include "settings/WifiHostSettings.h"
 
 #include <jni.h>
 

@@ -1,10 +1,13 @@
 #include "jni/NetworkProperties.h"
 
+#include "Profile.h"
 #include "jni/CipherCode.h"
 #include "jni/Secrets.h"
 #include "model/NetworkFields.h"
+#include "model/WifiTypes.h"
 #include "settings/replies/Columns.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace platwifi {
@@ -51,6 +54,11 @@ void ciphers(NetworkFields& fields, Field /*field*/, const char* value, ErrorHan
         fields.setNumber(Field::GROUP_CIPHERS, *sets.group);
 }
 
+void pmf(NetworkFields& fields, Field field, const char* value, ErrorHandler* /*errors*/) {
+    if (rule::TODAYS_SECURITY_IS_KNOWN())
+        fields.setNumber(field, std::min<unsigned int>(numberOf(value), PMF_DEFAULT));
+}
+
 // The property exists, but it never changes: a network is not renamed in this way.
 void readOnly(NetworkFields& /*fields*/, Field /*field*/, const char* /*value*/,
               ErrorHandler* /*errors*/) {}
@@ -85,6 +93,7 @@ constexpr Property PROPERTIES[] = {
     {"mode", Field::NETWORK_MODE, number},
     {"phase1", Field::PHASE1_STEP, text},
     {"phase2", Field::PHASE2_STEP, text},
+    {"pmf", Field::PMF, pmf},
     {"priority", Field::PRIORITY, number},
     {"protocol", Field::PROTOCOL, number},
     {"psk", Field::PSK, secret},

@@ -33,7 +33,7 @@ PLATWIFI_NATIVE(jboolean, roamNetworks0)(JNIEnv* env, jclass, jstring iface) {
 
 PLATWIFI_NATIVE(jboolean, saveHostSettings0)(JNIEnv* env, jclass) {
     NativeCall call(env);
-    return call.settings().saveNetworkSettings() != 0;
+    return call.settings().saveNetworkSettings(call.errors()) != 0;
 }
 
 // Does not ask for the settings, which would load them.

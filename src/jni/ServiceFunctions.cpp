@@ -1,9 +1,10 @@
 #include "jni/ServiceFunctions.h"
 
+#include "Profile.h"
 #include "TextCopy.h"
 #include "jni/NetworkProperties.h"
 #include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
+#include "settings/WifiHostSettings.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
 
@@ -61,7 +62,7 @@ int discoverNetworks(ErrorHandler* /*errors*/, const char* iface, char*** listOu
 int getWifiAdapter(ErrorHandler* errors, char** nameOut) noexcept {
     if (!nameOut)
         return 0;
-    ReplyLines names(ADAPTER_LINES);
+    ReplyLines names(rule::MOST_ADAPTERS());
     settingsFor(errors).getWifiAdapters(names.data(), names.capacity(), &names.count);
     return putCopy(names.count > 0 ? names.data()[0] : nullptr, nameOut);
 }
@@ -123,7 +124,7 @@ int setHostParameters(ErrorHandler* errors, const char* /*iface*/, const char* c
 }
 
 int saveWifiHostSettings(ErrorHandler* errors) noexcept {
-    return settingsFor(errors).saveNetworkSettings();
+    return settingsFor(errors).saveNetworkSettings(errors);
 }
 
 int getWifiHostSettingsXML(BufferedXWriter* out, ErrorHandler* errors, bool full) noexcept {
@@ -131,6 +132,10 @@ int getWifiHostSettingsXML(BufferedXWriter* out, ErrorHandler* errors, bool full
         return 0;
     settingsFor(errors).getWifiHostSettingsXML(out, errors, full); // its result plays no part
     return 1;
+}
+
+int setWifiProfile(ErrorHandler* /*errors*/, const char* name) noexcept {
+    return chooseProfile(name) ? 1 : 0;
 }
 
 int stopWifiService(ErrorHandler* /*errors*/) noexcept {

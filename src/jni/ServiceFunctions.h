@@ -9,7 +9,7 @@
 /// Each function takes the caller's error handler, which may be null. Results are integers, non-zero for
 /// success. Texts that a function returns are made with new[] and freed by the caller with delete[];
 /// texts that are passed in stay the caller's and are NUL-terminated. An interface name has 13
-/// characters at most; null, an empty and a longer one name no interface. A null SSID names no network.
+/// characters at most (15 under the profile `modern`); null, an empty and a longer one name no interface. A null SSID names no network.
 /// A function fails if the pointer to a result is null.
 ///
 /// Any thread may call. A function takes the locks that it needs, and blocks as long as the client
@@ -117,6 +117,15 @@ PLATWIFI_API int saveWifiHostSettings(ErrorHandler* errors) noexcept;
 /// @return 1, also if the document could not be written; 0 for a null `out`
 PLATWIFI_API int getWifiHostSettingsXML(BufferedXWriter* out, ErrorHandler* errors,
                                         bool full) noexcept;
+
+/// Chooses the profile of this process: "device", the default, or "modern". docs/behaviour.md lists the rules
+/// in which they differ. PLATWIFI_PROFILE in the environment chooses the default. Call it before any other
+/// function: the first that needs the settings makes the choice final.
+/// @param errors  not used
+/// @param name    stays the caller's
+/// @return 1 when the process runs under this profile; 0 for any other name, and after the choice was made for
+///         the other profile
+PLATWIFI_API int setWifiProfile(ErrorHandler* errors, const char* name) noexcept;
 
 /// Unloads the settings, if they are loaded. Changes that were not saved are lost. The next function
 /// that needs the settings loads them again. Waits for the calls of other threads, which may go on

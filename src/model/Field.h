@@ -44,6 +44,7 @@ enum class Field : unsigned char {
     PAIRWISE_CIPHERS,
     EAP_MODES,
     WEP_INDEX,
+    PMF,
     NETWORK_ID,     ///< never written back
     NETWORK_STATUS, ///< never written back
     STRENGTH,       ///< never written back

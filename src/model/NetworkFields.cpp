@@ -47,6 +47,7 @@ bool OwnedText::assign(const char* value) noexcept {
 
 NetworkFields::NetworkFields() noexcept {
     m_numbers[numberIndex(Field::NETWORK_MODE)] = NETWORK_MODE_UNKNOWN;
+    m_numbers[numberIndex(Field::PMF)] = PMF_DEFAULT;
 }
 
 const char* NetworkFields::text(Field field) const noexcept {

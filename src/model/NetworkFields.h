@@ -40,7 +40,8 @@ public:
     static NetworkFields& of(WifiNetwork& network) noexcept;
     static const NetworkFields& of(const WifiNetwork& network) noexcept;
 
-    /// Every text is unset and every number 0, but the mode, which is unknown. Nothing is dirty.
+    /// Every text is unset and every number 0, but the mode, which is unknown, and the
+    /// protection of management frames, which is the default. Nothing is dirty.
     NetworkFields() noexcept;
 
     /// The text, valid until it changes; null when it is not set.
@@ -67,6 +68,8 @@ public:
     /// Whether there is a dirty field, the anonymous identity apart.
     bool needsSave() const noexcept;
 
+    FieldSet dirtyFields() const noexcept { return m_dirty; }
+    void setDirtyFields(FieldSet fields) noexcept { m_dirty = fields; }
     void clearDirty() noexcept { m_dirty = 0; }
 
 private:

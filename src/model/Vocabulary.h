@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Profile.h"
 #include "model/WifiTypes.h"
 
 #include <array>
@@ -32,6 +33,13 @@ public:
     constexpr Words(const std::array<Word, SIZE>& table) noexcept
         : m_begin(table.data()), m_end(table.data() + SIZE) {}
 
+    /// The first words of the table.
+    constexpr Words first(std::size_t count) const noexcept {
+        Words words = *this;
+        words.m_end = m_begin + count;
+        return words;
+    }
+
     constexpr const Word* begin() const noexcept { return m_begin; }
     constexpr const Word* end() const noexcept { return m_end; }
     constexpr bool empty() const noexcept { return m_begin == m_end; }
@@ -52,6 +60,14 @@ inline constexpr Word KEY_MANAGEMENT_WORDS[] = {
     {KEY_MGMT_WPA_EAP, "WPA-EAP", "WPA_EAP"},
     {KEY_MGMT_IEEE8021X, "IEEE8021X"},
     {KEY_MGMT_WPA_NONE, "WPA-NONE", "WPA_NONE"},
+    {KEY_MGMT_SAE, "SAE"},
+    {KEY_MGMT_OWE, "OWE"},
+    {KEY_MGMT_WPA_PSK_SHA256, "WPA-PSK-SHA256"},
+    {KEY_MGMT_WPA_EAP_SHA256, "WPA-EAP-SHA256"},
+    {KEY_MGMT_FT_PSK, "FT-PSK"},
+    {KEY_MGMT_FT_EAP, "FT-EAP"},
+    {KEY_MGMT_FT_SAE, "FT-SAE"},
+    {KEY_MGMT_SUITE_B_192, "WPA-EAP-SUITE-B-192"},
 };
 
 inline constexpr Word PROTOCOL_WORDS[] = {
@@ -70,6 +86,9 @@ inline constexpr Word PAIRWISE_WORDS[] = {
     {PAIRWISE_CCMP, "CCMP"},
     {PAIRWISE_TKIP, "TKIP"},
     {PAIRWISE_NONE, "NONE"},
+    {PAIRWISE_GCMP, "GCMP"},
+    {PAIRWISE_GCMP_256, "GCMP-256"},
+    {PAIRWISE_CCMP_256, "CCMP-256"},
 };
 
 inline constexpr Word GROUP_WORDS[] = {
@@ -77,7 +96,15 @@ inline constexpr Word GROUP_WORDS[] = {
     {GROUP_TKIP, "TKIP"},
     {GROUP_WEP104, "WEP104"},
     {GROUP_WEP40, "WEP40"},
+    {GROUP_GCMP, "GCMP"},
+    {GROUP_GCMP_256, "GCMP-256"},
+    {GROUP_CCMP_256, "CCMP-256"},
 };
+
+// The words that the profile `device` knows stand first in their tables.
+inline constexpr Words DEVICE_KEY_MANAGEMENT_WORDS = Words(KEY_MANAGEMENT_WORDS).first(5);
+inline constexpr Words DEVICE_PAIRWISE_WORDS = Words(PAIRWISE_WORDS).first(3);
+inline constexpr Words DEVICE_GROUP_WORDS = Words(GROUP_WORDS).first(4);
 
 inline constexpr Word EAP_WORDS[] = {
     {EAP_TLS, "TLS"},
@@ -93,7 +120,14 @@ inline constexpr Word EAP_WORDS[] = {
     {EAP_PAX, "PAX"},
 };
 
-// These words are the library's own: the supplicant has numbers for its modes.
+// These words are the library's own: the supplicant has numbers for these.
+inline constexpr Word PMF_WORDS[] = {
+    {PMF_DISABLED, "disabled"},
+    {PMF_OPTIONAL, "optional"},
+    {PMF_REQUIRED, "required"},
+    {PMF_DEFAULT, "default"},
+};
+
 inline constexpr Word MODE_WORDS[] = {
     {NETWORK_MODE_MANAGED, "MANAGED"},
     {NETWORK_MODE_ADHOC, "ADHOC"},
@@ -142,12 +176,12 @@ constexpr const char* stateText(unsigned int state) noexcept {
     return textFor(STATE_WORDS, state, UNKNOWN_WORD);
 }
 
-/// The rows of a table in another order, which has to name each number of the table once.
-template <std::size_t SIZE>
-constexpr std::array<Word, SIZE> inOrder(const Word (&table)[SIZE],
-                                         const unsigned int (&order)[SIZE]) {
-    std::array<Word, SIZE> words{};
-    for (std::size_t i = 0; i < SIZE; ++i)
+/// The rows of a table that have these numbers, in this order.
+template <std::size_t SIZE, std::size_t COUNT>
+constexpr std::array<Word, COUNT> inOrder(const Word (&table)[SIZE],
+                                          const unsigned int (&order)[COUNT]) {
+    std::array<Word, COUNT> words{};
+    for (std::size_t i = 0; i < COUNT; ++i)
         words[i] = rowOf(table, order[i]);
     return words;
 }
@@ -161,6 +195,21 @@ inline unsigned int firstIn(const char* value, Words words) noexcept {
     return 0;
 }
 
+/// The numbers of all words of the table that the value holds, as a set. Blanks separate words.
+inline unsigned int wholeWordsIn(const char* value, Words words) noexcept {
+    constexpr const char* BLANKS = " \t";
+    unsigned int set = 0;
+    while (*(value += std::strspn(value, BLANKS)) != '\0') {
+        const std::size_t length = std::strcspn(value, BLANKS);
+        for (const Word& word : words) {
+            if (std::strlen(word.text) == length && std::memcmp(word.text, value, length) == 0)
+                set |= word.number;
+        }
+        value += length;
+    }
+    return set;
+}
+
 /// The numbers of all words of the table that stand anywhere in `value`, as a set.
 inline unsigned int allIn(const char* value, Words words) noexcept {
     unsigned int set = 0;
@@ -169,6 +218,20 @@ inline unsigned int allIn(const char* value, Words words) noexcept {
             set |= word.number;
     }
     return set;
+}
+
+// The words that the profile of this process knows.
+
+inline Words knownKeyManagement() noexcept {
+    return rule::TODAYS_SECURITY_IS_KNOWN() ? KEY_MANAGEMENT_WORDS : DEVICE_KEY_MANAGEMENT_WORDS;
+}
+
+inline Words knownPairwise() noexcept {
+    return rule::TODAYS_SECURITY_IS_KNOWN() ? PAIRWISE_WORDS : DEVICE_PAIRWISE_WORDS;
+}
+
+inline Words knownGroup() noexcept {
+    return rule::TODAYS_SECURITY_IS_KNOWN() ? GROUP_WORDS : DEVICE_GROUP_WORDS;
 }
 
 } // namespace platwifi

@@ -71,6 +71,7 @@ bool WifiNetwork::setChannel(unsigned int value) { return m_fields->setNumber(Fi
 bool WifiNetwork::setPriority(unsigned int value) { return m_fields->setNumber(Field::PRIORITY, value); }
 bool WifiNetwork::setProtocol(unsigned int value) { return m_fields->setNumber(Field::PROTOCOL, value); }
 bool WifiNetwork::setKeyManagement(unsigned int value) { return m_fields->setNumber(Field::KEY_MANAGEMENT, value); }
+bool WifiNetwork::setPmf(unsigned int value) { return m_fields->setNumber(Field::PMF, value); }
 bool WifiNetwork::setAuthAlg(unsigned int value) { return m_fields->setNumber(Field::AUTH_ALG, value); }
 bool WifiNetwork::setGroupCiphers(unsigned int value) { return m_fields->setNumber(Field::GROUP_CIPHERS, value); }
 bool WifiNetwork::setPairwiseCiphers(unsigned int value) { return m_fields->setNumber(Field::PAIRWISE_CIPHERS, value); }
@@ -83,6 +84,7 @@ unsigned int WifiNetwork::getChannel() const { return m_fields->number(Field::CH
 unsigned int WifiNetwork::getPriority() const { return m_fields->number(Field::PRIORITY); }
 unsigned int WifiNetwork::getProtocol() const { return m_fields->number(Field::PROTOCOL); }
 unsigned int WifiNetwork::getKeyManagement() const { return m_fields->number(Field::KEY_MANAGEMENT); }
+unsigned int WifiNetwork::getPmf() const { return m_fields->number(Field::PMF); }
 unsigned int WifiNetwork::getAuthAlg() const { return m_fields->number(Field::AUTH_ALG); }
 unsigned int WifiNetwork::getGroupCiphers() const { return m_fields->number(Field::GROUP_CIPHERS); }
 unsigned int WifiNetwork::getPairwiseCiphers() const { return m_fields->number(Field::PAIRWISE_CIPHERS); }
@@ -108,6 +110,7 @@ bool WifiNetwork::setChannelDirty(bool on) { return m_fields->setDirty(Field::CH
 bool WifiNetwork::setPriorityDirty(bool on) { return m_fields->setDirty(Field::PRIORITY, on); }
 bool WifiNetwork::setProtocolDirty(bool on) { return m_fields->setDirty(Field::PROTOCOL, on); }
 bool WifiNetwork::setKeyManagementDirty(bool on) { return m_fields->setDirty(Field::KEY_MANAGEMENT, on); }
+bool WifiNetwork::setPmfDirty(bool on) { return m_fields->setDirty(Field::PMF, on); }
 bool WifiNetwork::setAuthAlgDirty(bool on) { return m_fields->setDirty(Field::AUTH_ALG, on); }
 bool WifiNetwork::setGroupCiphersDirty(bool on) { return m_fields->setDirty(Field::GROUP_CIPHERS, on); }
 bool WifiNetwork::setPairwiseCiphersDirty(bool on) { return m_fields->setDirty(Field::PAIRWISE_CIPHERS, on); }
@@ -138,6 +141,7 @@ bool WifiNetwork::getChannelDirty() const { return m_fields->isDirty(Field::CHAN
 bool WifiNetwork::getPriorityDirty() const { return m_fields->isDirty(Field::PRIORITY); }
 bool WifiNetwork::getProtocolDirty() const { return m_fields->isDirty(Field::PROTOCOL); }
 bool WifiNetwork::getKeyManagementDirty() const { return m_fields->isDirty(Field::KEY_MANAGEMENT); }
+bool WifiNetwork::getPmfDirty() const { return m_fields->isDirty(Field::PMF); }
 bool WifiNetwork::getAuthAlgDirty() const { return m_fields->isDirty(Field::AUTH_ALG); }
 bool WifiNetwork::getGroupCiphersDirty() const { return m_fields->isDirty(Field::GROUP_CIPHERS); }
 bool WifiNetwork::getPairwiseCiphersDirty() const { return m_fields->isDirty(Field::PAIRWISE_CIPHERS); }

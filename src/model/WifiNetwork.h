@@ -102,6 +102,8 @@ public:
     unsigned int getProtocol() const;
     bool setKeyManagement(unsigned int value); ///< a set of KeyManagement
     unsigned int getKeyManagement() const;
+    bool setPmf(unsigned int value); ///< a Pmf; a new network has PMF_DEFAULT
+    unsigned int getPmf() const;
     bool setAuthAlg(unsigned int value); ///< an AuthAlg
     unsigned int getAuthAlg() const;
     bool setGroupCiphers(unsigned int value); ///< a set of GroupCipher
@@ -157,6 +159,8 @@ public:
     bool getProtocolDirty() const;
     bool setKeyManagementDirty(bool on);
     bool getKeyManagementDirty() const;
+    bool setPmfDirty(bool on);
+    bool getPmfDirty() const;
     bool setAuthAlgDirty(bool on);
     bool getAuthAlgDirty() const;
     bool setGroupCiphersDirty(bool on);

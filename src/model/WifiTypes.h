@@ -16,6 +16,16 @@ enum KeyManagement : unsigned int {
     KEY_MGMT_WPA_EAP = 0x4,
     KEY_MGMT_IEEE8021X = 0x8,
     KEY_MGMT_WPA_NONE = 0x10,
+
+    // These are known under the profile `modern`.
+    KEY_MGMT_SAE = 0x20, ///< WPA3-Personal
+    KEY_MGMT_OWE = 0x40, ///< an open network with encryption
+    KEY_MGMT_WPA_PSK_SHA256 = 0x80,
+    KEY_MGMT_WPA_EAP_SHA256 = 0x100,
+    KEY_MGMT_FT_PSK = 0x200,
+    KEY_MGMT_FT_EAP = 0x400,
+    KEY_MGMT_FT_SAE = 0x800,
+    KEY_MGMT_SUITE_B_192 = 0x1000, ///< WPA3-Enterprise with 192 bits
 };
 
 /// Ciphers for unicast traffic (a set).
@@ -23,15 +33,25 @@ enum PairwiseCipher : unsigned int {
     PAIRWISE_NONE = 0x1,
     PAIRWISE_TKIP = 0x2,
     PAIRWISE_CCMP = 0x4,
+
+    // These are known under the profile `modern`. The numbers between are those of the group ciphers.
+    PAIRWISE_GCMP = 0x20,
+    PAIRWISE_GCMP_256 = 0x40,
+    PAIRWISE_CCMP_256 = 0x80,
 };
 
-/// Ciphers for broadcast and multicast traffic (a set). TKIP and CCMP have the numbers of the pairwise
-/// ciphers, so that one number can stand for both kinds; 0x1 is PAIRWISE_NONE and not in use here.
+/// Ciphers for broadcast and multicast traffic (a set). Those that are pairwise ciphers, too, have the same
+/// number there, so that one number can stand for both kinds; 0x1 is PAIRWISE_NONE and not in use here.
 enum GroupCipher : unsigned int {
     GROUP_TKIP = 0x2,
     GROUP_CCMP = 0x4,
     GROUP_WEP104 = 0x8,
     GROUP_WEP40 = 0x10,
+
+    // These are known under the profile `modern`.
+    GROUP_GCMP = 0x20,
+    GROUP_GCMP_256 = 0x40,
+    GROUP_CCMP_256 = 0x80,
 };
 
 /// EAP methods (a set).
@@ -56,6 +76,14 @@ enum AuthAlg : unsigned int {
     AUTH_ALG_SHARED = 2,
     AUTH_ALG_LEAP = 3,
     AUTH_ALG_AUTO = 4,
+};
+
+/// Protection of management frames, IEEE 802.11w (one value). Known under the profile `modern`.
+enum Pmf : unsigned int {
+    PMF_DISABLED = 0,
+    PMF_OPTIONAL = 1,
+    PMF_REQUIRED = 2,
+    PMF_DEFAULT = 3, ///< not set for this network: what the supplicant does for all
 };
 
 /// The kind of network (one value): with an access point, or of stations only (IBSS).

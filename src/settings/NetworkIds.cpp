@@ -1,5 +1,6 @@
 #include "settings/NetworkIds.h"
 
+#include "Profile.h"
 #include "model/WifiNetwork.h"
 #include "settings/replies/PrintedSsid.h"
 #include "supplicant/ValueQuoting.h"
@@ -63,8 +64,13 @@ void NetworkIds::written(const WifiNetwork& network, const char* key, const char
 }
 
 void NetworkIds::saved(bool everywhere) {
-    m_isStale = m_isStale || m_isChanged || !everywhere || !keepsIds();
+    m_isStale =
+        m_isStale || rule::IDS_ARE_ALWAYS_CONFIRMED() || m_isChanged || !everywhere || !keepsIds();
     m_isChanged = false;
+}
+
+void NetworkIds::takenBack() {
+    m_isStale = true;
 }
 
 // Whether the networks in memory have the ids 0 to n-1 in order, and the supplicant keeps all of them in its

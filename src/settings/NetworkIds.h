@@ -56,6 +56,9 @@ public:
     /// @param everywhere  false when one of several adapters could not write its file
     void saved(bool everywhere);
 
+    /// The supplicant read its file again without having written it.
+    void takenBack();
+
     /// When ids are stale, asks the supplicant for its list and takes the new ids from it. To be called
     /// before a command that needs an id.
     /// @param iface  the adapter whose networks these are

@@ -16,11 +16,14 @@ using FieldObserver = std::function<void(const char* key, const char* value, boo
 /// nothing to write yet (an unset SSID, an empty set) stays dirty. So does the channel, which is never
 /// written: the supplicant chooses it.
 ///
+/// Under the profile `modern` a field that the supplicant refuses, or whose client did not run, stays dirty.
+///
 /// Nothing is thrown; where memory has run out, the process ends.
 /// @param iface    the adapter that the commands are for
 /// @param network  must hold the id that the supplicant has for it; the caller holds the lock of the list
 /// @param sent     may be empty
-void saveDirtyFields(WifiUtil& util, const char* iface, WifiNetwork& network,
-                     const FieldObserver& sent = {}) noexcept;
+/// @return the supplicant's name of the first field that it refused; null for none. A constant
+const char* saveDirtyFields(WifiUtil& util, const char* iface, WifiNetwork& network,
+                            const FieldObserver& sent = {}) noexcept;
 
 } // namespace platwifi

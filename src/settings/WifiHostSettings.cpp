@@ -2,14 +2,15 @@
 
 #include "settings/WifiHostSettings.h"
 
+#include "Profile.h"
 #include "model/NetworkFunctions.h"
 #include "model/WifiNetworkList.h"
 #include "platform/Deadline.h"
 #include "platform/MutexGuard.h"
 #include "settings/NetworkIds.h"
-#include "settings/NullExceptionHandler.h"
-#include "settings/SettingsLock.h"
+#include "settings/replies/PrintedSsid.h"
 #include "supplicant/ReplyLines.h"
+#include "supplicant/WifiUtil.h"
 #include "watchdog/WifiHostSettingsWatchdog.h"
 #include "zam/Zam.h"
 
@@ -27,10 +28,18 @@ constexpr std::uint64_t REFRESH_PAUSE_MS = 5000; // between two updates of the n
 // Set when the library is loaded, so that a watchdog which a program makes by itself reloads, too.
 [[maybe_unused]] const bool REFRESHES = (setReloadHook(refreshSettings), true);
 
+WifiNetwork* findIn(const WifiNetworkList* list, const char* ssid) {
+    WifiNetwork* network = list ? list->getHead() : nullptr;
+    while (network && !hasSsid(network, ssid))
+        network = network->getNext();
+    return network;
+}
+
 } // namespace
 
 // Never deleted, so that a thread may use it while another one unloads.
 WifiHostSettings& WifiHostSettings::instance() {
+    fixProfile();
     static WifiHostSettings* const settings = new WifiHostSettings(Unloaded{});
     return *settings;
 }
@@ -95,6 +104,11 @@ void WifiHostSettings::activate(ErrorHandler* errors) {
 }
 
 void WifiHostSettings::deactivate() noexcept {
+    if (isActive && !disabledOthers.empty()) {
+        const SettingsLock lock(*this);
+        if (WifiUtil* const util = WifiUtil::getInstance())
+            enableOthers(*util);
+    }
     isActive = false;
     discardState();
 }
@@ -133,10 +147,10 @@ bool WifiHostSettings::unlockSettings() noexcept {
 }
 
 WifiNetwork* WifiHostSettings::getNetwork(const char* /*iface*/, const char* ssid) const noexcept {
-    WifiNetwork* network = networkList ? networkList->getHead() : nullptr;
-    while (network && !hasSsid(network, ssid))
-        network = network->getNext();
-    return network;
+    WifiNetwork* const network = findIn(networkList, ssid);
+    if (network || !ssid || !rule::SSIDS_ARE_BYTES())
+        return network;
+    return findIn(networkList, ssidInMemory(ssid).c_str()); // the name as the supplicant prints it
 }
 
 bool WifiHostSettings::refreshAllSettings() noexcept {

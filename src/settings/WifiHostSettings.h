@@ -139,7 +139,7 @@ public:
     /// Releases the lock that a getNetworkDatabaseSsids() of the calling thread left held.
     void unlockNetworks() noexcept;
 
-    /// The names of the adapters, two at most; `capacity` is not used. Does not wait for other operations
+    /// The names of the adapters, two at most (16 under the profile `modern`); `capacity` is not used. Does not wait for other operations
     /// while the settings are loaded; during a reload there are no names.
     /// @return true
     bool getWifiAdapters(char** out, unsigned char capacity, unsigned char* count) const noexcept;
@@ -149,6 +149,11 @@ public:
     /// @return 1; 0 when the supplicant could not save its configuration, or has no network for one with
     ///         changes, which keeps them
     int saveNetworkSettings() noexcept;
+
+    /// The same. Under the profile `modern` a save fails, too, when the supplicant refuses a field: nothing is
+    /// saved then, the supplicant reads its file again, and all changes stay in memory.
+    /// @param errors  gets an error that names that field; may be null
+    int saveNetworkSettings(ErrorHandler* errors) noexcept;
 
     // Reports of the whole state. Each calls refreshDatabaseNetworksStatus() first, and holds the lock of
     // the networks to the end.
@@ -195,8 +200,8 @@ private:
     // holds lockSettings(), or the gate where the settings are not loaded yet.
     bool initializeSettings();
     bool loadAdapterNames(WifiUtil& util);
-    void loadNetworks(WifiUtil& util, const std::vector<std::string>& lines);
-    void loadNetwork(WifiUtil& util, const char* line);
+    bool loadNetworks(WifiUtil& util, const std::vector<std::string>& lines);
+    bool loadNetwork(WifiUtil& util, const char* line);
     bool loadScan(WifiUtil& util);
     bool loadStatus(WifiUtil& util);
     const char* adapterName() const noexcept; ///< the first adapter; null for none
@@ -224,10 +229,17 @@ private:
     bool applyListTo(WifiNetwork& network, const std::vector<std::string>& lines) noexcept;
     void applyListFlag(WifiNetwork& network, platwifi::ListFlag flag) noexcept;
 
+    // Under the profile `modern`: the supplicant disables all other networks when it selects one. They are
+    // enabled again when the connection stands, is given up, or is saved. The caller holds lockSettings().
+    void noteEnabledOthers(const WifiNetwork& selected);
+    void enableOthersWhenConnected(WifiUtil& util);
+    void enableOthers(WifiUtil& util);
+
     // Saving. False when the supplicant could not save.
     bool saveChanges(WifiUtil& util);
     bool writeNetwork(WifiUtil& util, WifiNetwork& network);
     bool saveConfiguration(WifiUtil& util);
+    void takeBack(WifiUtil& util);
 
     /// Whether the id of this network may be used. To be called, with lockSettings(), before a command that
     /// names a network. Runs a command only when ids are stale.
@@ -251,4 +263,36 @@ private:
     WpaState supplicantState;
     std::unique_ptr<WifiHostSettingsWatchdog> watchdog; ///< null after a failure
     std::unique_ptr<platwifi::NetworkIds> networkIds;   ///< of the networks of the list
+    std::string selectedSsid;                           ///< of the last connectNetwork()
+    std::vector<std::string> disabledOthers; ///< SSIDs of the networks that it has disabled
+    std::string refusedField;                ///< of the last save; empty for none
+};
+
+namespace platwifi {
+
+/// Holds lockSettings() for the duration of a scope.
+class SettingsLock {
+public:
+    explicit SettingsLock(WifiHostSettings& settings) noexcept : m_settings(settings) {
+        m_settings.lockSettings();
+    }
+    ~SettingsLock() { m_settings.unlockSettings(); }
+
+    SettingsLock(const SettingsLock&) = delete;
+    SettingsLock& operator=(const SettingsLock&) = delete;
+
+private:
+    WifiHostSettings& m_settings;
+};
+
+} // namespace platwifi
+
+/// An error handler that saves the error and raises nothing, for calls that have no error handler.
+class NullExceptionHandler : public virtual ErrorHandler {
+public:
+    using ErrorHandler::error;
+
+    // Before the destructor: the order of the virtual operations is part of the binary interface.
+    void error(MessageBundle* bundle) override { saveError(bundle); }
+    ~NullExceptionHandler() override = default;
 };

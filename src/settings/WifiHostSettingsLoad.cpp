@@ -1,5 +1,6 @@
 // Loading everything from the supplicant.
 
+#include "Profile.h"
 #include "model/WifiNetwork.h"
 #include "model/WifiNetworkList.h"
 #include "settings/KeyState.h"
@@ -10,9 +11,12 @@
 #include "settings/replies/ScanLine.h"
 #include "settings/replies/StatusLine.h"
 #include "settings/replies/WholeLines.h"
+#include "supplicant/ChildProcess.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
 #include "watchdog/WifiHostSettingsWatchdog.h"
+
+#include <cstring>
 
 using namespace platwifi;
 
@@ -20,17 +24,27 @@ namespace {
 
 constexpr unsigned int VALUE_CHARACTERS = 128;
 
-KeyState readValues(WifiUtil& util, const char* adapter, WifiNetwork& network) {
+// Reads the values of one network. No value once a client was killed, where that ends the load: each
+// further command would cost seconds.
+KeyState readValues(WifiUtil& util, const char* adapter, WifiNetwork& network, bool& ended) {
     char buffer[VALUE_CHARACTERS + 1] = {}; // a value of that length is stored without a NUL
     KeyState keyState = KeyState::beforeLoad();
     readNetworkKeys(network, [&](const char* key) {
         const unsigned char id = network.getNetworkId();
-        const bool isSet = util.getNetworkValue(adapter, id, key, buffer, VALUE_CHARACTERS);
+        const bool isSet =
+            !ended && util.getNetworkValue(adapter, id, key, buffer, VALUE_CHARACTERS);
+        ended = ended || (rule::KILLED_CLIENT_FAILS_LOAD() && lastChildWasKilled());
         const char* const value = isSet ? buffer : nullptr;
         keyState.read(key, value);
         return value;
     });
     return keyState;
+}
+
+// The interface of Wi-Fi Direct, which the supplicant lists beside that of the adapter.
+bool isP2pDevice(const char* name) {
+    constexpr const char* PREFIX = "p2p-dev-";
+    return std::strncmp(name, PREFIX, std::strlen(PREFIX)) == 0;
 }
 
 } // namespace
@@ -44,14 +58,15 @@ bool WifiHostSettings::initializeSettings() {
         return false;
     if (!networkList) // null after an earlier failure, until a reload
         return false;
-    loadNetworks(*util, lines);
-    return (lines.empty() || loadScan(*util)) && loadStatus(*util);
+    return loadNetworks(*util, lines) && (lines.empty() || loadScan(*util)) && loadStatus(*util);
 }
 
 bool WifiHostSettings::loadAdapterNames(WifiUtil& util) {
-    auto names = std::make_unique<ReplyLines>(ADAPTER_LINES);
+    auto names = std::make_unique<ReplyLines>(rule::MOST_ADAPTERS());
     if (!util.getWifiAdapters(names->data(), names->capacity(), &names->count))
         return false;
+    if (rule::P2P_DEVICES_ARE_SKIPPED())
+        names->removeIf(isP2pDevice);
     const std::lock_guard<std::mutex> guard(adapterNamesMutex);
     adapterNames = std::move(names);
     return adapterNames->count > 0;
@@ -63,35 +78,39 @@ const char* WifiHostSettings::adapterName() const noexcept {
 
 // The lines beyond the limit are noted for the ids alone: one of them may have the SSID of a network in
 // memory.
-void WifiHostSettings::loadNetworks(WifiUtil& util, const Lines& lines) {
+bool WifiHostSettings::loadNetworks(WifiUtil& util, const Lines& lines) {
     for (std::size_t i = 0; i < lines.size(); ++i) {
         if (const auto listed = listedSsid(lines[i]))
             networkIds->listed(*listed);
-        if (i < NETWORK_LINES)
-            loadNetwork(util, lines[i].c_str());
+        if (i < rule::MOST_NETWORKS() && !loadNetwork(util, lines[i].c_str()))
+            return false;
     }
     networkList->validateDatabase();
+    return true;
 }
 
-void WifiHostSettings::loadNetwork(WifiUtil& util, const char* line) {
+// False when the load cannot go on. A line that is none is left out.
+bool WifiHostSettings::loadNetwork(WifiUtil& util, const char* line) {
     auto network = std::make_unique<WifiNetwork>();
     if (!readListLine(line, *network))
-        return;
+        return true;
     const ListFlag flag = listFlagIn(line);
     setStatusByFlag(*network, flag);
     if (flag == ListFlag::CURRENT)
         storeCurrent(network.get());
-    const KeyState keyState = readValues(util, adapterName(), *network);
+    bool ended = false;
+    const KeyState keyState = readValues(util, adapterName(), *network, ended);
     network->cleanDirtyFields();
     if (networkList->addNetworkToList(network.get()))
         networkIds->loaded(*network.release(), keyState); // the list owns it now
     else if (flag == ListFlag::CURRENT)
         storeCurrent(nullptr); // the list has this SSID already, and this network is deleted
+    return !ended;
 }
 
 bool WifiHostSettings::loadScan(WifiUtil& util) {
     Lines lines;
-    if (!queryScan(util, adapterName(), lines))
+    if (!queryScan(util, adapterName(), lines, rule::MOST_NETWORKS()))
         return false;
     const std::lock_guard<WifiNetworkList> guard(*networkList);
     mergeScan(lines, networkList->getHead(), isWholeLine);

@@ -1,10 +1,10 @@
 // Operations on networks: each runs a command of the supplicant and then changes memory accordingly.
 
+#include "Profile.h"
 #include "TextCopy.h"
 #include "model/NetworkFunctions.h"
 #include "model/WifiNetworkList.h"
 #include "settings/NetworkIds.h"
-#include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
@@ -20,7 +20,7 @@ constexpr unsigned char NO_ID = 0; // for a command that needs no network id
 
 bool WifiHostSettings::addNetwork(const char* iface, const char* ssid) noexcept {
     const SettingsLock lock(*this);
-    if (getNetwork(iface, ssid))
+    if (getNetwork(iface, ssid) || (rule::EMPTY_COLUMNS_COUNT() && ssid && *ssid == '\0'))
         return false;
     WifiUtil* const util = WifiUtil::getInstance();
     unsigned char id = NO_ID;
@@ -57,6 +57,7 @@ bool WifiHostSettings::connectNetwork(const char* iface, const char* ssid) noexc
         return false;
     if (supplicantState == WPA_STATE_DISCONNECTED && !util->forceReassociation(iface))
         return false;
+    noteEnabledOthers(*network);
     if (!util->connectToNetwork(iface, network->getNetworkId()))
         return false;
     if (setCurrent(network))
@@ -72,6 +73,7 @@ bool WifiHostSettings::disconnectNetwork(const char* iface, const char* ssid) no
     WifiUtil* const util = WifiUtil::getInstance();
     if (!util || !util->disconnectFromNetwork(iface, network->getNetworkId()))
         return false;
+    enableOthers(*util);
     clearCurrent(ssid);
     enableUnlessDisabled(*network);
     setSupplicantState(WPA_STATE_DISCONNECTED);
@@ -90,6 +92,41 @@ bool WifiHostSettings::roamNetworks(const char* iface) noexcept {
             util->setNetworkValue(iface, network->getNetworkId(), "disabled", "0");
     }
     return util->forceReassociation(iface);
+}
+
+void WifiHostSettings::noteEnabledOthers(const WifiNetwork& selected) {
+    if (!rule::OTHERS_STAY_ENABLED())
+        return;
+    selectedSsid = selected.getSsid();
+    for (const WifiNetwork* other = networkList->getHead(); other; other = other->getNext()) {
+        const bool isEnabled = other->getNetworkStatus() != NETWORK_STATUS_DISABLED;
+        if (other != &selected && isEnabled && other->getSsid())
+            disabledOthers.emplace_back(other->getSsid());
+    }
+}
+
+// For a moment after a selection the supplicant is still connected to the network before.
+void WifiHostSettings::enableOthersWhenConnected(WifiUtil& util) {
+    if (!rule::OTHERS_STAY_ENABLED())
+        return;
+    const SettingsLock lock(*this);
+    if (supplicantState == WPA_STATE_COMPLETED && hasSsid(currentNetwork, selectedSsid.c_str()))
+        enableOthers(util);
+}
+
+// Not by the command enable_network, which makes the supplicant look for a better network at once.
+void WifiHostSettings::enableOthers(WifiUtil& util) {
+    if (disabledOthers.empty() || !networkIds->confirm(util, adapterName()))
+        return;
+    for (const std::string& ssid : disabledOthers) {
+        WifiNetwork* const network = getNetwork(adapterName(), ssid.c_str());
+        if (!network || !networkIds->isKnown(*network))
+            continue;
+        util.setNetworkValue(adapterName(), network->getNetworkId(), "disabled", "0");
+        if (network->getNetworkStatus() == NETWORK_STATUS_DISABLED)
+            network->setNetworkStatus(NETWORK_STATUS_ENABLED);
+    }
+    disabledOthers.clear();
 }
 
 bool WifiHostSettings::getNetworkDatabaseSsids(const char* /*iface*/, char** out,
@@ -117,7 +154,7 @@ bool WifiHostSettings::getWifiAdapters(char** out, unsigned char /*capacity*/,
     if (!isActive) // another thread may have unloaded since the caller got the instance
         getInstance(nullptr);
     const std::lock_guard<std::mutex> guard(adapterNamesMutex);
-    while (adapterNames && *count < adapterNames->count && *count < ADAPTER_LINES) {
+    while (adapterNames && *count < adapterNames->count && *count < rule::MOST_ADAPTERS()) {
         out[*count] = copyOf(adapterNames->data()[*count]);
         ++*count;
     }

@@ -1,12 +1,13 @@
 // The status: what the supplicant is doing, and which network is the current one.
 
+#include "Profile.h"
 #include "model/NetworkFunctions.h"
 #include "model/WifiNetworkList.h"
 #include "platform/MutexGuard.h"
 #include "settings/NetworkIds.h"
-#include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
 #include "settings/replies/ListLine.h"
+#include "settings/replies/PrintedSsid.h"
 #include "settings/replies/ScanLine.h"
 #include "settings/replies/StatusLine.h"
 #include "settings/replies/WholeLines.h"
@@ -40,7 +41,7 @@ bool WifiHostSettings::refreshDatabaseNetworksStatus() noexcept {
     if (!applyList(list))
         return false;
     Lines found;
-    if (queryScan(*util, adapterName(), found))
+    if (queryScan(*util, adapterName(), found, rule::MOST_NETWORKS()))
         mergeScan(found, networkList->getHead(), isInLine);
     clearIdleCurrent();
     return true;
@@ -49,7 +50,7 @@ bool WifiHostSettings::refreshDatabaseNetworksStatus() noexcept {
 // The ids in memory may be stale after a save; the list shows those that are valid now.
 bool WifiHostSettings::applyList(const Lines& list) {
     networkIds->confirm(list);
-    const std::size_t count = std::min<std::size_t>(list.size(), NETWORK_LINES);
+    const std::size_t count = std::min<std::size_t>(list.size(), rule::MOST_NETWORKS());
     const Lines lines(list.begin(), list.begin() + static_cast<std::ptrdiff_t>(count));
     for (WifiNetwork* network = networkList->getHead(); network; network = network->getNext()) {
         if (!applyListTo(*network, lines))
@@ -91,7 +92,7 @@ WifiNetwork* WifiHostSettings::getCurrentNetwork(const char* iface) noexcept {
         const StatusLine line = readStatusLine(text.c_str(), StatusReader::CURRENT_NETWORK);
         if (line.kind != StatusKind::SSID)
             continue;
-        setCurrent(getNetwork(iface, line.value));
+        setCurrent(getNetwork(iface, ssidInMemory(line.value).c_str()));
         break;
     }
     return currentNetwork;
@@ -105,6 +106,8 @@ unsigned int WifiHostSettings::getCurrentStatus(const char* iface) noexcept {
     if (!util || !queryStatus(*util, adapterName(), status))
         setSupplicantState(WPA_STATE_UNKNOWN);
     applyStatus(status, StatusReader::CURRENT_STATUS);
+    if (util)
+        enableOthersWhenConnected(*util);
     return supplicantState;
 }
 
@@ -118,7 +121,8 @@ void WifiHostSettings::applyStatus(const Lines& status, StatusReader reader) noe
     for (const std::string& text : status) {
         const StatusLine line = readStatusLine(text.c_str(), reader);
         if (line.kind == StatusKind::SSID)
-            setCurrent(getNetwork(adapterName(), line.value), Previous::ENABLED);
+            setCurrent(getNetwork(adapterName(), ssidInMemory(line.value).c_str()),
+                       Previous::ENABLED);
         else if (line.kind == StatusKind::STATE)
             setSupplicantState(stateIn(text.c_str()));
     }

@@ -1,5 +1,7 @@
 #include "supplicant/Arguments.h"
 
+#include "Profile.h"
+
 #include <cstdio>
 #include <cstring>
 
@@ -35,7 +37,8 @@ ArgumentList argumentsOf(const char* path, const char* interfaceArg, const char*
 }
 
 InterfaceOption::InterfaceOption(const char* iface) noexcept {
-    if (iface && std::strlen(iface) + sizeof("-i") <= sizeof(m_text))
+    static_assert(rule::LONGEST_INTERFACE.modern <= MOST_CHARACTERS);
+    if (iface && std::strlen(iface) <= rule::LONGEST_INTERFACE())
         std::snprintf(m_text, sizeof(m_text), "-i%s", iface);
 }
 

@@ -39,8 +39,8 @@ private:
 ArgumentList argumentsOf(const char* path, const char* interfaceArg, const char* command,
                          const char* arg1, const char* arg2, const char* arg3) noexcept;
 
-/// The option "-i<interface>" in its fixed buffer. An interface name that is null or does not fit
-/// (14 characters and more) gives an invalid option: nothing is cut short, the command fails.
+/// The option "-i<interface>". An interface name that is null or too long gives an invalid option:
+/// nothing is cut short, the command fails. The profile says how many characters a name may have.
 class InterfaceOption {
 public:
     explicit InterfaceOption(const char* iface) noexcept;
@@ -54,7 +54,8 @@ public:
     const char* text() const noexcept { return m_text; }
 
 private:
-    char m_text[16] = "";
+    static constexpr std::size_t MOST_CHARACTERS = 15; // under any profile
+    char m_text[sizeof("-i") + MOST_CHARACTERS] = "";
 };
 
 /// A network id as text.

@@ -24,7 +24,10 @@ constexpr int AFTER_KILL_MS = 2000;
 constexpr int SPAWN_BOOST = 20;
 constexpr int KILL_BOOST = 25;
 
+thread_local bool wasKilled = false;
+
 void killHungChild(int child, const char* command) {
+    wasKilled = true;
     const PriorityBoost boost(KILL_BOOST);
     std::fprintf(stderr,
                  "[ERROR] Process: %d, Thread %d in WifiUtilBsd::launchProcess(), command: %s -> "
@@ -56,6 +59,8 @@ void warnOfLostStatus() {
 }
 
 bool waitForExit(SpawnedChild& child, const char* command) {
+    if (!child.isStarted())
+        return false;
     ChildPause untilNextLook(child.endingId());
     int pollsLeft = MAX_POLLS;
     for (;;) {
@@ -74,6 +79,7 @@ bool waitForExit(SpawnedChild& child, const char* command) {
 }
 
 SpawnedChild startChild(const ArgumentList& arguments, const FileDescriptor& output) {
+    wasKilled = false;
     const PriorityBoost boost(SPAWN_BOOST);
     return SpawnedChild(arguments.program(), arguments.get(), output.number());
 }
@@ -90,7 +96,20 @@ bool runChild(PlatformMutex& launchMutex, const ArgumentList& arguments, const c
         return false;
     SpawnedChild child = startChild(arguments, output);
     output.close();
-    return child.isStarted() && waitForExit(child, command);
+    return waitForExit(child, command);
+}
+
+bool runChild(PlatformMutex& launchMutex, const ArgumentList& arguments, const char* command,
+              const FileDescriptor& output) {
+    const MutexGuard guard(launchMutex);
+    if (!output.isOpen() || !arguments.isComplete())
+        return false;
+    SpawnedChild child = startChild(arguments, output);
+    return waitForExit(child, command);
+}
+
+bool lastChildWasKilled() noexcept {
+    return wasKilled;
 }
 
 } // namespace platwifi

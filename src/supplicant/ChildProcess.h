@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/FileDescriptor.h"
 #include "platform/PlatformUtil.h"
 #include "supplicant/Arguments.h"
 
@@ -20,5 +21,12 @@ namespace platwifi {
 ///         process, when its status was lost.
 bool runChild(PlatformMutex& launchMutex, const ArgumentList& arguments, const char* command,
               const char* resultFile);
+
+/// The same with an open file for the output.
+bool runChild(PlatformMutex& launchMutex, const ArgumentList& arguments, const char* command,
+              const platform::FileDescriptor& output);
+
+/// Whether the last child of the calling thread was killed because it did not end.
+bool lastChildWasKilled() noexcept;
 
 } // namespace platwifi

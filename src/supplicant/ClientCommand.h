@@ -59,4 +59,8 @@ bool runClient(PlatformMutex& launchMutex, const ClientCommand& command,
 /// Runs a command that concerns no interface.
 bool runClient(PlatformMutex& launchMutex, const ClientCommand& command, const ResultFile& result);
 
+/// Runs the process lister. It ignores the interface, so an empty name is accepted.
+bool listProcesses(PlatformMutex& launchMutex, const InterfaceOption& option,
+                   const ResultFile& result);
+
 } // namespace platwifi

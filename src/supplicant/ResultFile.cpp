@@ -1,5 +1,8 @@
 #include "supplicant/ResultFile.h"
 
+#include "Profile.h"
+#include "platform/UnnamedFile.h"
+
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -44,26 +47,46 @@ FileDescriptor createResultFile(const char* path) {
     return file;
 }
 
-ResultFile::ResultFile(const char* prefix) noexcept : m_claim(ResultTag()) {
+ResultFile::ResultFile(const char* prefix) noexcept {
+    if (!rule::RESULT_FILES_HAVE_NAMES()) {
+        m_unnamed = platform::newUnnamedFile();
+        return;
+    }
+    m_claim.emplace(ResultTag());
     std::snprintf(m_path, sizeof(m_path), "%s%s", prefix, ResultTag().text());
 }
 
 ResultFile::~ResultFile() {
     if (m_file)
         std::fclose(m_file);
-    if (!m_kept)
+    if (m_claim && !m_kept)
         std::remove(m_path);
 }
 
 bool ResultFile::open() noexcept {
+    m_file = m_claim ? openNamed() : openUnnamed();
+    return m_file != nullptr;
+}
+
+std::FILE* ResultFile::openNamed() noexcept {
     FileDescriptor file(::open(m_path, O_RDONLY | SAFELY));
     struct stat facts {};
     if (!isRegular(file, facts))
-        return false;
-    m_file = fdopen(file.number(), "r");
-    if (m_file)
+        return nullptr;
+    std::FILE* const stream = fdopen(file.number(), "r");
+    if (stream)
         file.release();
-    return m_file != nullptr;
+    return stream;
+}
+
+// The child has left the position behind what it wrote.
+std::FILE* ResultFile::openUnnamed() noexcept {
+    if (!m_unnamed.isOpen() || lseek(m_unnamed.number(), 0, SEEK_SET) != 0)
+        return nullptr;
+    std::FILE* const stream = fdopen(m_unnamed.number(), "r");
+    if (stream)
+        m_unnamed.release();
+    return stream;
 }
 
 bool ResultFile::readLine(char* line, int size) noexcept {

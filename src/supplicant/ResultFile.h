@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <optional>
 
 namespace platwifi {
 
@@ -13,7 +14,10 @@ namespace platwifi {
 /// replaced when this process may not write it, does not own it, or when it has a second name.
 platform::FileDescriptor createResultFile(const char* path);
 
-/// The file for the reply to one command. Its name ends in the calling thread's id, so two threads
+/// The file for the reply to one command. Under the profile `modern` it has no name and lives in memory;
+/// path() and keep() play no part then.
+///
+/// Under `device` its name ends in the calling thread's id, so two threads
 /// of a process never share one. The id is claimed during the object's lifetime, so that no other
 /// process removes the file as a leftover. The destructor removes it.
 class ResultFile {
@@ -27,6 +31,9 @@ public:
 
     const char* path() const noexcept { return m_path; }
 
+    /// The file without a name; not open for a file with one.
+    const platform::FileDescriptor& unnamed() const noexcept { return m_unnamed; }
+
     /// The destructor leaves the file in place.
     void keep() noexcept { m_kept = true; }
 
@@ -38,8 +45,12 @@ public:
     bool readLine(char* line, int size) noexcept;
 
 private:
-    ResultClaim m_claim;
-    char m_path[128];
+    std::FILE* openNamed() noexcept;
+    std::FILE* openUnnamed() noexcept;
+
+    platform::FileDescriptor m_unnamed;
+    std::optional<ResultClaim> m_claim; ///< for a file with a name
+    char m_path[128] = "";
     std::FILE* m_file = nullptr;
     bool m_kept = false;
 };

@@ -1,5 +1,7 @@
 #include "supplicant/ValueQuoting.h"
 
+#include "Profile.h"
+
 #include <algorithm>
 #include <cstring>
 #include <iterator>
@@ -61,6 +63,24 @@ bool isRaw(const char* key, std::size_t length) {
     });
 }
 
+// Inside quotes the supplicant takes every byte as it is, but an argument of the client ends at a line feed.
+bool isPlain(const char* ssid) {
+    return std::all_of(ssid, ssid + std::strlen(ssid), [](char byte) {
+        return byte >= ' ' && byte <= '~' && byte != '"' && byte != '\\';
+    });
+}
+
+std::string hexadecimal(const char* text) {
+    const char* const digits = "0123456789abcdef";
+    std::string result;
+    for (; *text; ++text) {
+        const auto byte = static_cast<unsigned char>(*text);
+        result += digits[byte >> 4];
+        result += digits[byte & 0xf];
+    }
+    return result;
+}
+
 bool hasQuote(const char* value, std::size_t length) {
     return length > 0 && (value[0] == '"' || value[length - 1] == '"');
 }
@@ -68,10 +88,16 @@ bool hasQuote(const char* value, std::size_t length) {
 } // namespace
 
 std::string quotedFor(const char* key, const char* value) {
+    if (rule::SSIDS_ARE_BYTES() && std::strcmp(key, "ssid") == 0)
+        return quotedSsid(value);
     const std::size_t length = std::strlen(value);
     if (isText(key) && !hasQuote(value, length) && !isRaw(key, length))
         return quoted(value);
     return value;
+}
+
+std::string quotedSsid(const char* ssid) {
+    return rule::SSIDS_ARE_BYTES() && !isPlain(ssid) ? hexadecimal(ssid) : quoted(ssid);
 }
 
 std::string quoted(const char* text) {

@@ -98,7 +98,7 @@ public:
 
     // Configuration. `id` is a network id of the supplicant.
 
-    /// Creates a network with this SSID, enables it and sets `*id` to its id. When a later step
+    /// Creates a network with this SSID (its bytes under the profile `modern`), enables it and sets `*id` to its id. When a later step
     /// fails, the new network stays in the supplicant, and `*id` is valid. When the reply is no
     /// number from 0 to 255, the call fails without another command and does not change `*id`.
     bool createNetwork(const char* iface, const char* ssid, unsigned char* id);
@@ -107,6 +107,10 @@ public:
     /// quoted or is a hexadecimal key. A value that the client would take for one of its options
     /// fails without a child.
     bool setNetworkValue(const char* iface, unsigned char id, const char* key, const char* value);
+
+    /// Takes the value of one field of a network away, so that the supplicant's default holds. The supplicant
+    /// refuses that for keys (psk, wep_key0 to 3).
+    bool unsetNetworkValue(const char* iface, unsigned char id, const char* key);
 
     /// Reads one field of a network, without its quotes, into `out`.
     /// @param outSize  room in `out`; a value of that many characters or more is cut and then not

@@ -21,7 +21,6 @@ using namespace platwifi;
 
 namespace {
 
-constexpr const char* LIST_ARGUMENTS = "arg"; // the process lister's command
 constexpr const char* SUPPLICANT = "wpa_supplicant";
 constexpr int PROCESS_LINE_SIZE = 512;
 
@@ -122,13 +121,9 @@ bool WifiUtil::ignoreTimestamp(char* line) {
 bool WifiUtil::isWifiEnabled(const char* iface) {
     if (!iface)
         return pidFileExists();
-    const InterfaceOption option(iface);
     ResultFile result(command::PROCESS_TABLE_PREFIX);
-    // The process lister ignores the interface, so an empty name is accepted.
-    return option.isValid() &&
-           runChild(launchMutex, {paths::PROCESS_LISTER, option.text(), LIST_ARGUMENTS},
-                    LIST_ARGUMENTS, result.path()) &&
-           result.open() && supplicantIsListed(result);
+    return listProcesses(launchMutex, InterfaceOption(iface), result) && result.open() &&
+           supplicantIsListed(result);
 }
 
 bool WifiUtil::hashCACertificates() {

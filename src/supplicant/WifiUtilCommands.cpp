@@ -69,7 +69,7 @@ bool WifiUtil::createNetwork(const char* iface, const char* ssid, unsigned char*
         return false;
     *id = *created; // the commands below send the client's own digits
     return runAccepted(launchMutex, command::SET_NETWORK, iface,
-                       {line.text, "ssid", quoted(ssid).c_str()}) &&
+                       {line.text, "ssid", quotedSsid(ssid).c_str()}) &&
            runAccepted(launchMutex, command::ENABLE_NETWORK, iface, {line.text});
 }
 
@@ -81,6 +81,11 @@ bool WifiUtil::setNetworkValue(const char* iface, unsigned char id, const char* 
     return !isClientOption(sent.c_str()) &&
            runAccepted(launchMutex, command::SET_NETWORK, iface,
                        {NetworkIdArgument(id).text(), key, sent.c_str()});
+}
+
+bool WifiUtil::unsetNetworkValue(const char* iface, unsigned char id, const char* key) {
+    return key && runAccepted(launchMutex, command::SET_NETWORK, iface,
+                              {NetworkIdArgument(id).text(), key, "NULL"});
 }
 
 bool WifiUtil::getNetworkValue(const char* iface, unsigned char id, const char* key, char* out,

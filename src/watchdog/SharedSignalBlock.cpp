@@ -137,6 +137,18 @@ bool SharedSignalBlock::take(std::uint32_t ownId) noexcept {
     return foreign;
 }
 
+bool SharedSignalBlock::see(std::uint32_t& seen) noexcept {
+    const bool isNew = lastSignal() != seen;
+    seen = lastSignal();
+    if (lock() != 0)
+        return isNew;
+    const bool ownerDied = refreshPending == 1 && refreshSender == NO_SENDER;
+    if (ownerDied)
+        refreshPending = 0;
+    unlock();
+    return isNew || ownerDied;
+}
+
 // `attachCount` needs no repair: it is changed by a single store.
 void SharedSignalBlock::raiseAfterOwnerDied() noexcept {
     refreshPending = 1;

@@ -70,6 +70,15 @@ struct SharedSignalBlock {
     /// @return whether it took one
     bool take(std::uint32_t ownId) noexcept;
 
+    /// The number of the signal that was raised last. The caller holds the signal mutex.
+    std::uint32_t lastSignal() const noexcept { return refreshCondition.sequence; }
+
+    /// Sees every signal that was raised since `seen`, and one without a sender, which it takes back. The
+    /// others stay for processes that take them. The caller holds the signal mutex.
+    /// @param seen  the number of the last signal that this process has seen or raised; updated
+    /// @return whether there was one
+    bool see(std::uint32_t& seen) noexcept;
+
 private:
     int recovered(int error) noexcept;
     int signalRecovered(int error) noexcept;

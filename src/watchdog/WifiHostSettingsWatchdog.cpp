@@ -1,6 +1,7 @@
 #include "watchdog/WifiHostSettingsWatchdog.h"
 
 #include "Paths.h"
+#include "Profile.h"
 #include "platform/Deadline.h"
 #include "watchdog/SharedSignalBlock.h"
 
@@ -87,7 +88,10 @@ bool WifiHostSettingsWatchdog::notifyPeers() noexcept {
         return true;
     if (block->lockSignal() != 0)
         return false;
+    const bool knowsAll = seenSignal == block->lastSignal();
     const bool raised = block->raise(ownId()) == 0;
+    if (raised && knowsAll)
+        seenSignal = block->lastSignal(); // its own
     block->unlockSignal();
     return raised;
 }
@@ -104,7 +108,7 @@ int WifiHostSettingsWatchdog::checkForRefreshSignal(unsigned int seconds) noexce
     const auto deadline = platform::deadlineAfter(seconds);
     if (!block || block->lockSignal() != 0 || block->wait(deadline) != 0)
         return 0;
-    const bool seen = block->take(ownId());
+    const bool seen = rule::EVERY_PROCESS_RELOADS() ? block->see(seenSignal) : block->take(ownId());
     block->unlockSignal();
     return seen ? -1 : 0;
 }
@@ -167,6 +171,7 @@ int WifiHostSettingsWatchdog::wifiShmemCreate() noexcept {
                                       SharedSignalBlock::setUp, SharedSignalBlock::join);
     shmCreator = result == SharedMemory::Result::CREATED;
     block = static_cast<SharedSignalBlock*>(memory.data());
+    seenSignal = block ? block->lastSignal() : 0; // what was loaded is as new as this signal
     return 0;
 }
 

@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <cstdint>
 #include <mutex>
 
 struct SharedSignalBlock;
@@ -84,8 +85,8 @@ public:
     /// The same for the signal that this process has saved.
     int checkForSaveSignal(unsigned int seconds) noexcept;
 
-    /// The same for the signal to reload. Of all threads that wait for it only one takes it, and
-    /// never its sender. Takes the block's locks, and releases them while it waits.
+    /// The same for the signal to reload. Under the profile `device`, of all threads that wait for it only
+    /// one takes it, and never its sender. Under `modern` every process but the sender's sees it. Takes the block's locks, and releases them while it waits.
     /// @return -1 when it was raised, else 0; without a block 0 at once
     int checkForRefreshSignal(unsigned int seconds) noexcept;
 
@@ -131,6 +132,8 @@ private:
 
     platform::SharedMemory memory;
     SharedSignalBlock* block; ///< in the memory, or null
+    std::uint32_t seenSignal =
+        0; ///< number of the last signal of the block that this process knows
     platwifi::LocalSignal stopSignal;
     platwifi::LocalSignal saveSignal;
     bool shmCreator;

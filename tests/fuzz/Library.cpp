@@ -8,7 +8,6 @@
 
 #include "jni/ServiceFunctions.h"
 #include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/Arguments.h"
 #include "supplicant/Reply.h"

@@ -8,7 +8,6 @@
 #include "model/WifiNetwork.h"
 #include "platform/BufferedXWriter.h"
 #include "platform/Crypt.h"
-#include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/WifiUtil.h"
 

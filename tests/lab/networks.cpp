@@ -2,7 +2,6 @@
 // reads the configuration file that is written here.
 
 #include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/Records.h"
 #include "supplicant/WatchedClient.h"

@@ -1,7 +1,6 @@
 #include "Records.h"
 
 #include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/ReplyLines.h"
 

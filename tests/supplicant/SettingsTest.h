@@ -3,7 +3,6 @@
 #include "Records.h"
 #include "SharedSupplicant.h"
 #include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
 #include "support/Leftovers.h"
 

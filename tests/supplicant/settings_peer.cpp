@@ -3,7 +3,6 @@
 // all of them ignore.
 
 #include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/WifiUtil.h"
 

@@ -43,6 +43,7 @@ const std::vector<FieldRow>& fieldRows() {
         {Field::PAIRWISE_CIPHERS, "pairwiseCiphers", "pairwise", "encryption", nullptr, nullptr, "encryption", "Pairwise        :"},
         {Field::EAP_MODES, "eapModes", "eap", "eap", "getEAPMethod0", "setEAPMethod0", "eap", "EAP Modes       :"},
         {Field::WEP_INDEX, "wepIndex", "wep_tx_keyidx", "index", "getWepIndex0", "setWepIndex0", "index", "WEP Index       :"},
+        {Field::PMF, "pmf", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr}, // has names under the profile "modern" alone
         {Field::NETWORK_ID, "networkId", nullptr, nullptr, nullptr, nullptr, nullptr, nullptr},
         {Field::NETWORK_STATUS, "networkStatus", nullptr, "status", "getNetworkStatus0", "setNetworkStatus0", "status", nullptr},
         {Field::STRENGTH, "strength", nullptr, "strength", "getStrength0", "setSignalStrength0", "strength", "Strength        :"},

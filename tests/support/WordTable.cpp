@@ -27,6 +27,18 @@ const std::map<Field, WordRows>& fieldWords() {
     return words;
 }
 
+const std::map<Field, WordRows>& todaysWords() {
+    static const std::map<Field, WordRows> words = {
+        {Field::KEY_MANAGEMENT, {
+            {0x20, "SAE"}, {0x40, "OWE"}, {0x80, "WPA-PSK-SHA256"}, {0x100, "WPA-EAP-SHA256"},
+            {0x200, "FT-PSK"}, {0x400, "FT-EAP"}, {0x800, "FT-SAE"}, {0x1000, "WPA-EAP-SUITE-B-192"},
+        }},
+        {Field::PAIRWISE_CIPHERS, {{0x20, "GCMP"}, {0x40, "GCMP-256"}, {0x80, "CCMP-256"}}},
+        {Field::GROUP_CIPHERS, {{0x20, "GCMP"}, {0x40, "GCMP-256"}, {0x80, "CCMP-256"}}},
+    };
+    return words;
+}
+
 const WordRows& stateWords() {
     static const WordRows words = {
         {1, "DISCONNECTED"}, {2, "INACTIVE", "IDLE"}, {3, "SCANNING"}, {4, "ASSOCIATING"},

@@ -16,9 +16,12 @@ struct WordRow {
 
 using WordRows = std::vector<WordRow>;
 
-/// The words of every field whose numbers have words, in the order in which the dump prints them. Tests of
+/// The words of every field whose numbers have words, as the profile "device" knows them, in the order in which the dump prints them. Tests of
 /// loading, saving and the dump run over these rows.
 const std::map<platwifi::Field, WordRows>& fieldWords();
+
+/// The words that only the profile "modern" knows.
+const std::map<platwifi::Field, WordRows>& todaysWords();
 
 /// The words of one field; none where its numbers have no words.
 const WordRows& wordsOf(platwifi::Field field);

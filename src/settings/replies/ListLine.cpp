@@ -1,8 +1,10 @@
 #include "settings/replies/ListLine.h"
 
+#include "Profile.h"
 #include "model/NetworkFunctions.h"
 #include "model/WifiNetwork.h"
 #include "settings/replies/Columns.h"
+#include "settings/replies/PrintedSsid.h"
 
 #include <cstddef>
 #include <cstdlib>
@@ -39,12 +41,32 @@ unsigned int statusOf(ListFlag flag, unsigned int present) {
     return NETWORK_STATUS_ENABLED;
 }
 
+ListFlag flagAnywhereIn(const char* text) {
+    if (std::strstr(text, "[DISABLED]"))
+        return ListFlag::DISABLED;
+    return std::strstr(text, "[CURRENT]") ? ListFlag::CURRENT : ListFlag::NONE;
+}
+
+bool readColumns(const std::string& line, WifiNetwork& network) {
+    const std::optional<ListedSsid> listed = listedSsid(line);
+    if (!listed || !listed->id)
+        return false;
+    const Columns columns = columnsOf(line);
+    const bool hasBssid = columns.size() >= ALL_COLUMNS && isAddress(columns[2]);
+    const bool hasSsid = !listed->printed.empty();
+    network.setNetworkId(*listed->id);
+    network.setSsid(hasSsid ? ssidInMemory(listed->printed).c_str() : NO_SSID);
+    network.setBssid(hasBssid ? columns[2].c_str() : NO_BSSID);
+    return true;
+}
+
 } // namespace
 
 ListFlag listFlagIn(const char* line) {
-    if (std::strstr(line, "[DISABLED]"))
-        return ListFlag::DISABLED;
-    return std::strstr(line, "[CURRENT]") ? ListFlag::CURRENT : ListFlag::NONE;
+    if (!rule::EMPTY_COLUMNS_COUNT())
+        return flagAnywhereIn(line);
+    const Columns columns = columnsOf(line);
+    return columns.size() >= ALL_COLUMNS ? flagAnywhereIn(columns.back().c_str()) : ListFlag::NONE;
 }
 
 void setStatusByFlag(WifiNetwork& network, ListFlag flag) {
@@ -52,6 +74,8 @@ void setStatusByFlag(WifiNetwork& network, ListFlag flag) {
 }
 
 bool readListLine(const std::string& line, WifiNetwork& network) {
+    if (rule::EMPTY_COLUMNS_COUNT())
+        return readColumns(line, network);
     const Columns columns = filledColumnsOf(line);
     const bool hasSsid = columns.size() > 1 && !isBssidColumn(columns[1]);
     const std::size_t bssidAt = hasSsid ? 2 : 1;

@@ -1,5 +1,6 @@
 #include "settings/replies/NetworkKeys.h"
 
+#include "Profile.h"
 #include "model/NetworkFields.h"
 #include "model/NetworkFunctions.h"
 #include "model/WifiTypes.h"
@@ -67,6 +68,10 @@ bool always(const NetworkFields& /*fields*/) {
     return true;
 }
 
+bool ifKnown(const NetworkFields& /*fields*/) {
+    return rule::TODAYS_SECURITY_IS_KNOWN();
+}
+
 bool ifWep(const NetworkFields& fields) {
     return (fields.number(Field::KEY_MANAGEMENT) & (KEY_MGMT_NONE | KEY_MGMT_IEEE8021X)) != 0;
 }
@@ -107,6 +112,9 @@ constexpr NetworkKey NETWORK_KEYS[] = {
     {"priority", Field::PRIORITY, number<decimal>},
     {"key_mgmt", Field::KEY_MANAGEMENT, number<keyManagementIn>, flags<ANY_KEY_MGMT>},
     {"psk", Field::PSK, text},
+    {"sae_password", Field::PSK, text, unchanged,
+     ifKnown}, // of any length, in place of a pre-shared key
+    {"ieee80211w", Field::PMF, number<decimal>, unchanged, ifKnown},
     {"pairwise", Field::PAIRWISE_CIPHERS, number<pairwiseCiphersIn>, flags<ANY_PAIRWISE>},
     {"group", Field::GROUP_CIPHERS, number<groupCiphersIn>, flags<ANY_GROUP>},
     {"proto", Field::PROTOCOL, number<protocolsIn>, flags<ANY_PROTO>},
@@ -131,12 +139,16 @@ constexpr NetworkKey NETWORK_KEYS[] = {
     {"private_key2", Field::PRIVATE_KEY_FILE2, text},
 };
 
+const char* nameOf(const NetworkKey& key) {
+    return key.field == Field::PRIVATE_KEY_PASSWORD2 ? rule::INNER_KEY_PASSWORD() : key.name;
+}
+
 void read(const Keys& keys, NetworkFields& fields, const ValueSource& valueOf);
 
 void read(const NetworkKey& key, NetworkFields& fields, const ValueSource& valueOf) {
     if (!key.applies(fields))
         return;
-    const char* const value = valueOf(key.name);
+    const char* const value = valueOf(nameOf(key));
     if (!value) {
         key.onUnset(fields, key.field);
         return;

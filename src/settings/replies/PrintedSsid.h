@@ -8,4 +8,11 @@ namespace platwifi {
 /// are escapes.
 std::string printedSsid(const std::string& ssid);
 
+/// The bytes of an SSID that the client printed. What is no escape stands for itself.
+std::string bytesOfPrinted(const std::string& printed);
+
+/// An SSID that the client printed, as memory holds it: as it is under the profile `device`, its bytes under
+/// `modern`. An SSID with a zero byte stays as it is printed, because texts end there.
+std::string ssidInMemory(const std::string& printed);
+
 } // namespace platwifi

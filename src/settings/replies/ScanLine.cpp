@@ -1,12 +1,16 @@
 #include "settings/replies/ScanLine.h"
 
+#include "Profile.h"
+#include "model/NetworkFields.h"
 #include "model/WifiNetwork.h"
 #include "settings/replies/Columns.h"
+#include "settings/replies/PrintedSsid.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <iterator>
+#include <utility>
 
 namespace platwifi {
 namespace {
@@ -35,6 +39,38 @@ constexpr unsigned int OTHER_CHANNEL = 6;
 
 constexpr unsigned int WEAKEST_SIGNAL = 160;
 constexpr unsigned int SIGNAL_RANGE = 50;
+constexpr int WEAKEST_DBM = -100;
+
+// The channels of a band stand 5 MHz apart.
+struct Band {
+    int lowest; // frequency of a channel
+    int highest;
+    int base; // the frequency of channel 0
+};
+
+constexpr int CHANNEL_WIDTH = 5;
+// clang-format off
+constexpr Band BANDS[] = {
+    {2412, 2472, 2407},
+    {2484, 2484, 2414}, // channel 14
+    {5160, 5895, 5000},
+    {5935, 5935, 5925}, // channel 2 of 6 GHz
+    {5955, 7115, 5950},
+};
+// clang-format on
+
+unsigned int channelInBands(int megahertz) {
+    for (const Band& band : BANDS) {
+        const bool isInside = band.lowest <= megahertz && megahertz <= band.highest;
+        if (isInside && (megahertz - band.base) % CHANNEL_WIDTH == 0)
+            return static_cast<unsigned int>((megahertz - band.base) / CHANNEL_WIDTH);
+    }
+    return 0;
+}
+
+unsigned int strengthInPercent(int dbm) {
+    return static_cast<unsigned int>(2 * std::clamp(dbm - WEAKEST_DBM, 0, 50));
+}
 
 // One function for each column of a scan line, in their order: it sets what the column stands for.
 using ReadColumn = void (*)(WifiNetwork&, const char* column);
@@ -52,6 +88,45 @@ constexpr ReadColumn SCAN_COLUMNS[] = {
     },
 };
 
+enum ScanColumn : std::size_t { BSSID, FREQUENCY, SIGNAL, FLAGS, SSID, COLUMN_COUNT };
+
+int signalOf(const Columns& columns) {
+    return decimalOf(columns[SIGNAL].c_str());
+}
+
+// A refresh must not make a save necessary.
+void setSeen(WifiNetwork& network, Field field, unsigned int value) {
+    NetworkFields& fields = NetworkFields::of(network);
+    fields.setNumber(field, value);
+    fields.setDirty(field, false);
+}
+
+void setStrongest(WifiNetwork& network, const std::vector<Columns>& found) {
+    const Columns* strongest = nullptr;
+    for (const Columns& columns : found) {
+        const bool isIt = ssidInMemory(columns[SSID]) == network.getSsid();
+        if (isIt && (!strongest || signalOf(columns) > signalOf(*strongest)))
+            strongest = &columns;
+    }
+    if (!strongest)
+        return;
+    setSeen(network, Field::CHANNEL, channelAt((*strongest)[FREQUENCY].c_str()));
+    setSeen(network, Field::STRENGTH, strengthOf((*strongest)[SIGNAL].c_str()));
+}
+
+void mergeBySsid(const Lines& lines, WifiNetwork* head) {
+    std::vector<Columns> found;
+    for (const std::string& line : lines) {
+        Columns columns = columnsOf(line);
+        if (columns.size() == COLUMN_COUNT && !columns[SSID].empty())
+            found.push_back(std::move(columns));
+    }
+    for (WifiNetwork* network = head; network; network = network->getNext()) {
+        if (network->getSsid())
+            setStrongest(*network, found);
+    }
+}
+
 void mergeLine(const char* line, WifiNetwork* head, ScanMatch matches) {
     for (WifiNetwork* network = head; network; network = network->getNext()) {
         if (network->getSsid() && matches(line, network->getSsid()))
@@ -63,6 +138,8 @@ void mergeLine(const char* line, WifiNetwork* head, ScanMatch matches) {
 
 unsigned int channelAt(const char* frequency) {
     const int megahertz = decimalOf(frequency);
+    if (rule::ALL_CHANNELS_ARE_KNOWN())
+        return channelInBands(megahertz);
     for (const Channel& channel : CHANNELS) {
         if (channel.megahertz == megahertz)
             return channel.number;
@@ -72,6 +149,8 @@ unsigned int channelAt(const char* frequency) {
 
 // Unsigned on purpose: a signal below 160 wraps around and gives 100. quirk: LOAD-20
 unsigned int strengthOf(const char* signal) {
+    if (rule::SIGNAL_IS_IN_DBM())
+        return strengthInPercent(decimalOf(signal));
     const unsigned int above = static_cast<unsigned int>(decimalOf(signal)) - WEAKEST_SIGNAL;
     const double share = static_cast<double>(std::min(above, SIGNAL_RANGE)) / SIGNAL_RANGE;
     return static_cast<unsigned int>(share * 100);
@@ -94,6 +173,8 @@ bool isInLine(const char* line, const char* ssid) {
 }
 
 void mergeScan(const Lines& lines, WifiNetwork* head, ScanMatch matches) {
+    if (rule::SCAN_MATCHES_BY_SSID())
+        return mergeBySsid(lines, head);
     for (const std::string& line : lines)
         mergeLine(line.c_str(), head, matches);
 }

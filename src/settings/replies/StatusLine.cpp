@@ -1,5 +1,7 @@
 #include "settings/replies/StatusLine.h"
 
+#include "Profile.h"
+
 #include <cstring>
 
 namespace platwifi {
@@ -31,6 +33,11 @@ constexpr StatusKey CURRENT_STATUS[] = {
     {"ssid=", StatusKind::SSID},
 };
 
+constexpr StatusKey BEGINNINGS[] = {
+    {"ssid=", StatusKind::SSID, Place::AT_START},
+    {"wpa_state=", StatusKind::STATE, Place::AT_START},
+};
+
 constexpr StatusKey CURRENT_NETWORK[] = {
     {"ssid=", StatusKind::SSID, Place::AT_START},
 };
@@ -51,6 +58,8 @@ StatusKind kindOf(const char* line, const Keys& keys) {
 }
 
 StatusKind kindOf(const char* line, StatusReader reader) {
+    if (rule::STATUS_KEYS_BEGIN_LINES())
+        return kindOf(line, BEGINNINGS);
     switch (reader) {
     case StatusReader::LOAD:
         return kindOf(line, LOAD);

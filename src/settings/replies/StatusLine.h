@@ -11,8 +11,9 @@ struct StatusLine {
     const char* value; ///< what follows the first equals sign; empty without one
 };
 
-/// The operations that read a status. Each recognizes the lines by rules of its own, which are kept
-/// because callers rely on what comes of them.
+/// The operations that read a status. Under the profile `device` each recognizes the lines by rules of its own,
+/// which are kept because callers rely on what comes of them. Under `modern` a key must stand at the beginning
+/// of its line.
 enum class StatusReader {
     /// A load: a line that holds the key of another line, "bssid=" for example, is no SSID and no state.
     LOAD,

@@ -6,7 +6,7 @@ namespace platwifi {
 namespace {
 
 // The order in which words are looked for: a word that holds another one comes before it. Of several
-// methods in one value the first in this order is kept.
+// methods in one value the first in this order is kept. Where all methods are read, whole words are compared.
 // clang-format off
 
 constexpr auto KEY_MANAGEMENT_SEARCH = inOrder(KEY_MANAGEMENT_WORDS, {
@@ -36,10 +36,14 @@ constexpr auto EAP_SEARCH = inOrder(EAP_WORDS, {
 } // namespace
 
 unsigned int keyManagementIn(const char* value) {
+    if (rule::TODAYS_SECURITY_IS_KNOWN())
+        return wholeWordsIn(value, KEY_MANAGEMENT_WORDS);
     return firstIn(value, KEY_MANAGEMENT_SEARCH);
 }
 
 unsigned int eapModeIn(const char* value) {
+    if (rule::SETS_ARE_WRITTEN_WHOLE())
+        return wholeWordsIn(value, EAP_WORDS);
     return firstIn(value, EAP_SEARCH);
 }
 
@@ -49,11 +53,15 @@ unsigned int authAlgIn(const char* value) {
 }
 
 unsigned int pairwiseCiphersIn(const char* value) {
-    return allIn(value, PAIRWISE_WORDS);
+    if (rule::TODAYS_SECURITY_IS_KNOWN())
+        return wholeWordsIn(value, PAIRWISE_WORDS);
+    return allIn(value, knownPairwise());
 }
 
 unsigned int groupCiphersIn(const char* value) {
-    return allIn(value, GROUP_WORDS);
+    if (rule::TODAYS_SECURITY_IS_KNOWN())
+        return wholeWordsIn(value, GROUP_WORDS);
+    return allIn(value, knownGroup());
 }
 
 unsigned int protocolsIn(const char* value) {

@@ -2,12 +2,15 @@
 
 namespace platwifi {
 
-// The numbers that the values of a network's fields stand for. Words are looked for anywhere in the value.
+// The numbers that the values of a network's fields stand for.
+//
+// Under the profile `device` words are looked for anywhere in the value, and only the first method of key
+// management and EAP counts, in a fixed order. Under `modern` whole words are compared, and all count.
 
-/// The first KeyManagement, in a fixed order, whose word the value holds; 0 for none.
+/// A set of KeyManagement; 0 for none.
 unsigned int keyManagementIn(const char* value);
 
-/// The first EapMode, in a fixed order, whose word the value holds; 0 for none.
+/// A set of EapMode; 0 for none.
 unsigned int eapModeIn(const char* value);
 
 /// The first AuthAlg, in a fixed order, whose word the value holds; AUTH_ALG_AUTO for none.

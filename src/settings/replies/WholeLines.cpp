@@ -109,9 +109,14 @@ bool queryList(WifiUtil& util, const char* iface, Lines& lines) {
 }
 
 bool queryScan(WifiUtil& util, const char* iface, Lines& lines) {
+    constexpr std::size_t MOST_LINES = 32;
+    return queryScan(util, iface, lines, MOST_LINES);
+}
+
+bool queryScan(WifiUtil& util, const char* iface, Lines& lines, std::size_t most) {
     if (!run(util, &WifiUtil::discoverNetworks, iface, wholeScanLines, lines))
         return false;
-    limit(lines, NETWORK_LINES);
+    limit(lines, most);
     return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -32,8 +33,9 @@ Lines wholeStatusLines(const ReplyLines& pieces);
 /// All configured networks, up to 255 pieces.
 bool queryList(WifiUtil& util, const char* iface, Lines& lines);
 
-/// The first NETWORK_LINES access points of the last scan.
+/// The first access points of the last scan, 32 at most or as many as are asked for.
 bool queryScan(WifiUtil& util, const char* iface, Lines& lines);
+bool queryScan(WifiUtil& util, const char* iface, Lines& lines, std::size_t most);
 
 /// The first STATUS_LINES lines of the status.
 bool queryStatus(WifiUtil& util, const char* iface, Lines& lines);

@@ -73,15 +73,17 @@ std::string protocolWords(unsigned int set) {
 }
 
 std::string keyManagementWords(unsigned int set) {
-    return wordsOf(set, KEY_MANAGEMENT_ORDER);
+    return rule::TODAYS_SECURITY_IS_KNOWN() ? wordsOf(set, KEY_MANAGEMENT_WORDS)
+                                            : wordsOf(set, KEY_MANAGEMENT_ORDER);
 }
 
 std::string pairwiseWords(unsigned int set) {
-    return wordsOf(set, PAIRWISE_ORDER);
+    return rule::TODAYS_SECURITY_IS_KNOWN() ? wordsOf(set, PAIRWISE_WORDS)
+                                            : wordsOf(set, PAIRWISE_ORDER);
 }
 
 std::string groupWords(unsigned int set) {
-    return wordsOf(set, GROUP_ORDER);
+    return rule::TODAYS_SECURITY_IS_KNOWN() ? wordsOf(set, GROUP_WORDS) : wordsOf(set, GROUP_ORDER);
 }
 
 std::string eapModeWords(unsigned int set) {
@@ -91,6 +93,10 @@ std::string eapModeWords(unsigned int set) {
 std::string networkModeWord(unsigned int value) {
     const std::string word = wordOf(value, MODE_WORDS);
     return word.empty() ? spaced(UNKNOWN_WORD) : word;
+}
+
+std::string pmfWord(unsigned int value) {
+    return wordOf(value, PMF_WORDS);
 }
 
 // The supplicant has a word for neither UNKNOWN nor AUTO.

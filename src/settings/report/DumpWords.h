@@ -12,6 +12,7 @@ std::string keyManagementWords(unsigned int set); ///< a set of KeyManagement
 std::string pairwiseWords(unsigned int set);      ///< a set of PairwiseCipher
 std::string groupWords(unsigned int set);         ///< a set of GroupCipher
 std::string eapModeWords(unsigned int set);       ///< a set of EapMode
+std::string pmfWord(unsigned int value);          ///< a Pmf; nothing for any other number
 std::string networkModeWord(unsigned int value);  ///< a NetworkMode
 std::string authAlgWord(unsigned int value);      ///< an AuthAlg; nothing for any other number
 std::string wpaStateWord(unsigned int value);     ///< a WpaState; nothing for any other number

@@ -61,6 +61,7 @@ constexpr Attribute CONFIGURATION[] = {
     {COMMON_ATTRIBUTES, "authentication", Field::AUTH_ALG, number},
     {COMMON_ATTRIBUTES, "encryption", Field::PAIRWISE_CIPHERS, ciphers},
     {KEY_MGMT_ATTRIBUTE, "key_mgmt", Field::KEY_MANAGEMENT, number},
+    {PMF_ATTRIBUTE, "pmf", Field::PMF, number},
     {WEP_ATTRIBUTES, "key1", Field::WEP_KEY0, text},
     {WEP_ATTRIBUTES, "key2", Field::WEP_KEY1, text},
     {WEP_ATTRIBUTES, "key3", Field::WEP_KEY2, text},

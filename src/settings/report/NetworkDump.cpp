@@ -1,5 +1,6 @@
 #include "settings/report/NetworkDump.h"
 
+#include "Profile.h"
 #include "model/NetworkFields.h"
 #include "settings/report/DumpWords.h"
 
@@ -36,6 +37,10 @@ bool always(const NetworkFields& /*fields*/, Field /*field*/) {
     return true;
 }
 
+bool ifKnown(const NetworkFields& /*fields*/, Field /*field*/) {
+    return rule::TODAYS_SECURITY_IS_KNOWN();
+}
+
 bool ifWep(const NetworkFields& fields, Field /*field*/) {
     return fields.text(Field::WEP_KEY0) != nullptr;
 }
@@ -62,6 +67,7 @@ constexpr Line LINES[] = {
     {"Network Mode    :", Field::NETWORK_MODE, words<networkModeWord>},
     {"Protocol        :", Field::PROTOCOL, words<protocolWords>},
     {"KeyManagement   :", Field::KEY_MANAGEMENT, words<keyManagementWords>},
+    {"PMF             :", Field::PMF, words<pmfWord>, ifKnown},
     {"Pairwise        :", Field::PAIRWISE_CIPHERS, words<pairwiseWords>},
     {"Group           :", Field::GROUP_CIPHERS, words<groupWords>},
     {"EAP Modes       :", Field::EAP_MODES, words<eapModeWords>},

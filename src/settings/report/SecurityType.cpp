@@ -1,6 +1,9 @@
 #include "settings/report/SecurityType.h"
 
+#include "Profile.h"
 #include "model/WifiNetwork.h"
+
+#include <cstddef>
 
 namespace platwifi {
 namespace {
@@ -43,6 +46,38 @@ constexpr unsigned int WPA_PSK = COMMON_ATTRIBUTES | KEY_MGMT_ATTRIBUTE | PSK_AT
 // no key_mgmt attribute: existing readers of the document expect none. quirk: XML-11
 constexpr unsigned int WPA2_PSK = COMMON_ATTRIBUTES | PSK_ATTRIBUTE;
 
+// The types that the profile `modern` tries first. A network of one of them allows other methods as well.
+
+template <unsigned int METHODS>
+bool allows(const WifiNetwork& network) {
+    return (network.getKeyManagement() & METHODS) != 0;
+}
+
+template <unsigned int FIRST, unsigned int SECOND>
+bool allowsBoth(const WifiNetwork& network) {
+    return allows<FIRST>(network) && allows<SECOND>(network);
+}
+
+constexpr unsigned int SAE_METHODS = KEY_MGMT_SAE | KEY_MGMT_FT_SAE;
+constexpr unsigned int PSK_METHODS = KEY_MGMT_WPA_PSK | KEY_MGMT_WPA_PSK_SHA256 | KEY_MGMT_FT_PSK;
+constexpr unsigned int NEW_PSK_METHODS = KEY_MGMT_WPA_PSK_SHA256 | KEY_MGMT_FT_PSK;
+constexpr unsigned int NEW_EAP_METHODS = KEY_MGMT_WPA_EAP_SHA256 | KEY_MGMT_FT_EAP;
+
+constexpr unsigned int NEW_OPEN = COMMON_ATTRIBUTES | KEY_MGMT_ATTRIBUTE | PMF_ATTRIBUTE;
+constexpr unsigned int NEW_PSK = NEW_OPEN | PSK_ATTRIBUTE;
+constexpr unsigned int NEW_EAP = NEW_OPEN | EAP_ATTRIBUTES;
+
+// clang-format off
+constexpr SecurityType NEW_TYPES[] = {
+    {"owe", allows<KEY_MGMT_OWE>, 0, NEW_OPEN},
+    {"wpa2_wpa3_psk", allowsBoth<SAE_METHODS, PSK_METHODS>, 0, NEW_PSK},
+    {"wpa3_psk", allows<SAE_METHODS>, 0, NEW_PSK},
+    {"wpa3_192", allows<KEY_MGMT_SUITE_B_192>, 0, NEW_EAP},
+    {"wpa2_psk", allows<NEW_PSK_METHODS>, 0, NEW_PSK},
+    {"wpa2", allows<NEW_EAP_METHODS>, 0, NEW_EAP},
+};
+// clang-format on
+
 // In the order in which they are tried; a network has the first that fits.
 // clang-format off
 constexpr SecurityType TYPES[] = {
@@ -56,14 +91,23 @@ constexpr SecurityType TYPES[] = {
 };
 // clang-format on
 
-} // namespace
-
-const SecurityType* securityTypeOf(const WifiNetwork& network) noexcept {
-    for (const SecurityType& type : TYPES) {
-        if (type.protocols == network.getProtocol() && type.applies(network))
+template <std::size_t SIZE>
+const SecurityType* firstOf(const SecurityType (&types)[SIZE], const WifiNetwork& network) {
+    for (const SecurityType& type : types) {
+        const bool fits = type.protocols == 0 || type.protocols == network.getProtocol();
+        if (fits && type.applies(network))
             return &type;
     }
     return nullptr;
+}
+
+} // namespace
+
+const SecurityType* securityTypeOf(const WifiNetwork& network) noexcept {
+    const SecurityType* type = nullptr;
+    if (rule::TODAYS_SECURITY_IS_KNOWN())
+        type = firstOf(NEW_TYPES, network);
+    return type ? type : firstOf(TYPES, network);
 }
 
 } // namespace platwifi

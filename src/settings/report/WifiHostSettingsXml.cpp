@@ -3,7 +3,6 @@
 #include "model/WifiNetwork.h"
 #include "model/WifiNetworkList.h"
 #include "platform/BufferedXWriter.h"
-#include "settings/SettingsLock.h"
 #include "settings/WifiHostSettings.h"
 #include "settings/report/NetworkElements.h"
 #include "supplicant/ReplyLines.h"

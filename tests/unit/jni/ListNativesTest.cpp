@@ -2,7 +2,7 @@
 
 #include "OneNetwork.h"
 
-#include "settings/SettingsLock.h"
+#include "settings/WifiHostSettings.h"
 #include "unit/settings/RecordedLocks.h"
 
 #include <gmock/gmock.h>

@@ -137,7 +137,8 @@ TEST(Network, StartsUnknownAndClean) {
     EXPECT_EQ(network.getNetworkStatus(), NETWORK_STATUS_UNKNOWN);
     for (const std::string& value : valuesOf(network)) {
         const std::string start = value.substr(value.find('=') + 1);
-        EXPECT_TRUE(start == "null" || start == "0" || value == "networkMode=2") << value;
+        EXPECT_TRUE(start == "null" || start == "0" || value == "networkMode=2" || value == "pmf=3")
+            << value;
     }
     EXPECT_THAT(dirtyOf(network), IsEmpty());
     EXPECT_FALSE(network.getNetworkDirty());

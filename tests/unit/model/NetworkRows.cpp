@@ -42,7 +42,8 @@ using Network = WifiNetwork;
 #define OTHERS(ROW)                                     \
     ROW(SSID_BROADCASTED, SsidBroadcasted)              \
     ROW(NETWORK_MODE, NetworkMode)                      \
-    ROW(WEP_INDEX, WepIndex)
+    ROW(WEP_INDEX, WepIndex)                            \
+    ROW(PMF, Pmf)
 // clang-format on
 
 #define VALUE(field, name) {Field::field, &Network::set##name, &Network::get##name},
@@ -89,6 +90,7 @@ FieldValues valuesOf(const WifiNetwork& network) {
         values.push_back(row.name + ("=" + std::to_string((network.*row.get)())));
     for (unsigned int slot = 0; slot < 4; ++slot)
         values.push_back("wepKey" + std::to_string(slot) + "=" + orNull(network.getWepKey(slot)));
+    values.push_back("pmf=" + std::to_string(network.getPmf()));
     values.push_back("wepIndex=" + std::to_string(network.getWepIndex()));
     values.push_back("ssidBroadcasted=" + std::to_string(network.getSsidBroadcasted()));
     values.push_back("networkMode=" + std::to_string(network.getNetworkMode()));

@@ -2,7 +2,7 @@
 
 #include "LoadedSettings.h"
 
-#include "settings/NullExceptionHandler.h"
+#include "settings/WifiHostSettings.h"
 #include "support/Doing.h"
 #include "support/ThreadState.h"
 

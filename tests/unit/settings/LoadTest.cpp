@@ -1,7 +1,7 @@
 #include "LoadedSettings.h"
 
 #include "model/NetworkFields.h"
-#include "settings/SettingsLock.h"
+#include "settings/WifiHostSettings.h"
 #include "settings/replies/PrintedSsid.h"
 #include "support/FieldTable.h"
 #include "support/Lines.h"

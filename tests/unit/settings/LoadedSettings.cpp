@@ -1,6 +1,6 @@
 #include "LoadedSettings.h"
 
-#include "settings/SettingsLock.h"
+#include "settings/WifiHostSettings.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
 

@@ -1,4 +1,4 @@
-#include "settings/NullExceptionHandler.h"
+#include "settings/WifiHostSettings.h"
 
 #include <gtest/gtest.h>
 

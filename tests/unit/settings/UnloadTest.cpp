@@ -2,7 +2,7 @@
 
 #include "LoadedSettings.h"
 
-#include "settings/SettingsLock.h"
+#include "settings/WifiHostSettings.h"
 #include "supplicant/WifiUtil.h"
 #include "support/Doing.h"
 #include "support/Lines.h"

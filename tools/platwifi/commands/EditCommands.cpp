@@ -8,7 +8,7 @@
 #include "host/Ssid.h"
 #include "jni/ServiceFunctions.h"
 #include "model/WifiTypes.h"
-#include "settings/SettingsLock.h"
+#include "settings/WifiHostSettings.h"
 #include "supplicant/WifiUtil.h"
 
 #include <iostream>

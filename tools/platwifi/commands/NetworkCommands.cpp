@@ -8,7 +8,7 @@
 #include "host/Host.h"
 #include "host/Ssid.h"
 #include "model/WifiNetwork.h"
-#include "settings/SettingsLock.h"
+#include "settings/WifiHostSettings.h"
 
 #include <functional>
 #include <iostream>

@@ -33,12 +33,12 @@ constexpr Word STATUSES[] = {
 
 // One code for both kinds of ciphers; that of both flags means pairwise CCMP and group TKIP.
 constexpr Word CIPHER_CODES[] = {
-    rowOf(PAIRWISE_WORDS, PAIRWISE_CCMP),
-    rowOf(PAIRWISE_WORDS, PAIRWISE_TKIP),
+    rowOf(DEVICE_PAIRWISE_WORDS, PAIRWISE_CCMP),
+    rowOf(DEVICE_PAIRWISE_WORDS, PAIRWISE_TKIP),
     {PAIRWISE_CCMP | PAIRWISE_TKIP, "CCMP+TKIP"},
-    rowOf(GROUP_WORDS, GROUP_WEP40),
-    rowOf(GROUP_WORDS, GROUP_WEP104),
-    rowOf(PAIRWISE_WORDS, PAIRWISE_NONE),
+    rowOf(DEVICE_GROUP_WORDS, GROUP_WEP40),
+    rowOf(DEVICE_GROUP_WORDS, GROUP_WEP104),
+    rowOf(DEVICE_PAIRWISE_WORDS, PAIRWISE_NONE),
 };
 
 // clang-format on
@@ -98,8 +98,8 @@ Value bssid(const N& network) {
 }
 
 Value ciphers(const N& network) {
-    const std::string pairwise = wordsIn(network.getPairwiseCiphers(), PAIRWISE_WORDS);
-    const std::string group = wordsIn(network.getGroupCiphers(), GROUP_WORDS);
+    const std::string pairwise = wordsIn(network.getPairwiseCiphers(), DEVICE_PAIRWISE_WORDS);
+    const std::string group = wordsIn(network.getGroupCiphers(), DEVICE_GROUP_WORDS);
     return pairwise == group ? pairwise : pairwise + " / group " + group;
 }
 
@@ -120,7 +120,7 @@ const std::vector<Property> PROPERTIES = {
     {"ssidBroadcasted", PLAIN, takeBoolean, boolean<&N::getSsidBroadcasted>, "false for a hidden network", BOOLEANS},
     {"mode", PLAIN, takeWord, word<&N::getNetworkMode, MODE_WORDS>, "with an access point, or without", MODE_WORDS},
     {"priority", PLAIN, takeNumber, number<&N::getPriority>, "the supplicant prefers higher ones", {}, 0, MOST},
-    {"key_mgmt", PLAIN, takeWord, words<&N::getKeyManagement, KEY_MANAGEMENT_WORDS>, "key management; NONE for open and WEP", KEY_MANAGEMENT_WORDS},
+    {"key_mgmt", PLAIN, takeWord, words<&N::getKeyManagement, DEVICE_KEY_MANAGEMENT_WORDS>, "key management; NONE for open and WEP", DEVICE_KEY_MANAGEMENT_WORDS},
     {"protocol", PLAIN, takeWord, words<&N::getProtocol, PROTOCOL_WORDS>, "RSN is WPA2", PROTOCOL_WORDS},
     {"encryption", PLAIN, takeWord, ciphers, "ciphers, pairwise and group", CIPHER_CODES},
     {"authentication", PLAIN, takeWord, word<&N::getAuthAlg, AUTH_ALG_WORDS>, "authentication algorithm", AUTH_ALG_WORDS},
