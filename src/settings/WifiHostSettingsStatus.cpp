@@ -120,11 +120,12 @@ void WifiHostSettings::setSupplicantState(WpaState state) noexcept {
 void WifiHostSettings::applyStatus(const Lines& status, StatusReader reader) noexcept {
     for (const std::string& text : status) {
         const StatusLine line = readStatusLine(text.c_str(), reader);
-        if (line.kind == StatusKind::SSID)
-            setCurrent(getNetwork(adapterName(), ssidInMemory(line.value).c_str()),
-                       Previous::ENABLED);
-        else if (line.kind == StatusKind::STATE)
+        if (line.kind == StatusKind::SSID) {
+            const std::string ssid = ssidInMemory(line.value);
+            setCurrent(getNetwork(adapterName(), ssid.c_str()), Previous::ENABLED);
+        } else if (line.kind == StatusKind::STATE) {
             setSupplicantState(stateIn(text.c_str()));
+        }
     }
     applyWpaState();
 }

@@ -66,7 +66,7 @@ TEST_F(StatusPause, BeginsWithTheFirstLoad) {
 }
 
 TEST_F(StatusPause, BeginsBeforeTheFirstLoadAsksAnything) {
-    delay([this] { reload(); });
+    delay([] { reload(); });
     expectSkippedAfter(999);
     expectRunAfter(1);
 }
