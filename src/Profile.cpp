@@ -62,14 +62,14 @@ Profile profile() noexcept {
     return readProfile();
 }
 
-bool chooseProfile(const char* text) noexcept {
-    const Name* const name = find(text);
-    if (!name)
+bool chooseProfile(const char* name) noexcept {
+    const Name* const known = find(name);
+    if (!known)
         return false;
     const std::lock_guard<std::mutex> guard(mutex);
     if (isFixed)
-        return readProfile() == name->profile;
-    chosen = static_cast<int>(name->profile);
+        return readProfile() == known->profile;
+    chosen = static_cast<int>(known->profile);
     return true;
 }
 

@@ -12,8 +12,8 @@ using Write = void (*)(AttributeWriter&, const char* name, const NetworkFields&,
 
 struct Attribute {
     unsigned int group; // of attributes that are written together
-    const char* name;
     Field field;
+    const char* name;
     Write write;
 };
 
@@ -46,44 +46,44 @@ constexpr unsigned int LISTED = 0x1;
 constexpr unsigned int DETAIL = 0x2;
 
 constexpr Attribute DESCRIPTION[] = {
-    {LISTED, "ssid", Field::SSID, text},
-    {DETAIL, "bssid", Field::BSSID, text},
-    {DETAIL, "ssidBroadcasted", Field::SSID_BROADCASTED, boolean},
-    {DETAIL, "mode", Field::NETWORK_MODE, number},
-    {DETAIL, "channel", Field::CHANNEL, number},
-    {LISTED, "strength", Field::STRENGTH, number},
-    {DETAIL, "priority", Field::PRIORITY, number},
-    {LISTED, "status", Field::NETWORK_STATUS, number},
+    {LISTED, Field::SSID, "ssid", text},
+    {DETAIL, Field::BSSID, "bssid", text},
+    {DETAIL, Field::SSID_BROADCASTED, "ssidBroadcasted", boolean},
+    {DETAIL, Field::NETWORK_MODE, "mode", number},
+    {DETAIL, Field::CHANNEL, "channel", number},
+    {LISTED, Field::STRENGTH, "strength", number},
+    {DETAIL, Field::PRIORITY, "priority", number},
+    {LISTED, Field::NETWORK_STATUS, "status", number},
 };
 
 constexpr Attribute CONFIGURATION[] = {
-    {COMMON_ATTRIBUTES, "protocol", Field::PROTOCOL, number},
-    {COMMON_ATTRIBUTES, "authentication", Field::AUTH_ALG, number},
-    {COMMON_ATTRIBUTES, "encryption", Field::PAIRWISE_CIPHERS, ciphers},
-    {KEY_MGMT_ATTRIBUTE, "key_mgmt", Field::KEY_MANAGEMENT, number},
-    {PMF_ATTRIBUTE, "pmf", Field::PMF, number},
-    {WEP_ATTRIBUTES, "key1", Field::WEP_KEY0, text},
-    {WEP_ATTRIBUTES, "key2", Field::WEP_KEY1, text},
-    {WEP_ATTRIBUTES, "key3", Field::WEP_KEY2, text},
-    {WEP_ATTRIBUTES, "key4", Field::WEP_KEY3, text},
-    {WEP_ATTRIBUTES, "index", Field::WEP_INDEX, oneBased},
-    {PSK_ATTRIBUTE, "psk", Field::PSK, secret},
-    {EAP_ATTRIBUTES, "eap", Field::EAP_MODES, number},
-    {EAP_ATTRIBUTES, "eapIdentity", Field::EAP_IDENTITY, text},
-    {EAP_ATTRIBUTES, "eapAnonymousIdentity", Field::EAP_ANONYMOUS_IDENTITY, text},
-    {EAP_ATTRIBUTES, "eapPassword", Field::EAP_PASSWORD, secret},
-    {EAP_ATTRIBUTES, "CACertificateFile", Field::CA_CERTIFICATE, text},
-    {EAP_ATTRIBUTES, "CACertificateDir", Field::CA_CERTIFICATE_DIR, text},
-    {EAP_ATTRIBUTES, "clientCertificate", Field::CLIENT_CERTIFICATE, text},
-    {EAP_ATTRIBUTES, "privateKeyFile", Field::PRIVATE_KEY_FILE, text},
-    {EAP_ATTRIBUTES, "privateKeyPassword", Field::PRIVATE_KEY_PASSWORD, secret},
-    {EAP_ATTRIBUTES, "phase1", Field::PHASE1_STEP, text},
-    {EAP_ATTRIBUTES, "phase2", Field::PHASE2_STEP, text},
-    {EAP_ATTRIBUTES, "CACertificateFile2", Field::CA_CERTIFICATE2, text},
-    {EAP_ATTRIBUTES, "CACertificateDir2", Field::CA_CERTIFICATE_DIR2, text},
-    {EAP_ATTRIBUTES, "clientCertificate2", Field::CLIENT_CERTIFICATE2, text},
-    {EAP_ATTRIBUTES, "privateKeyFile2", Field::PRIVATE_KEY_FILE2, text},
-    {EAP_ATTRIBUTES, "privateKeyPassword2", Field::PRIVATE_KEY_PASSWORD2, secret},
+    {COMMON_ATTRIBUTES, Field::PROTOCOL, "protocol", number},
+    {COMMON_ATTRIBUTES, Field::AUTH_ALG, "authentication", number},
+    {COMMON_ATTRIBUTES, Field::PAIRWISE_CIPHERS, "encryption", ciphers},
+    {KEY_MGMT_ATTRIBUTE, Field::KEY_MANAGEMENT, "key_mgmt", number},
+    {PMF_ATTRIBUTE, Field::PMF, "pmf", number},
+    {WEP_ATTRIBUTES, Field::WEP_KEY0, "key1", text},
+    {WEP_ATTRIBUTES, Field::WEP_KEY1, "key2", text},
+    {WEP_ATTRIBUTES, Field::WEP_KEY2, "key3", text},
+    {WEP_ATTRIBUTES, Field::WEP_KEY3, "key4", text},
+    {WEP_ATTRIBUTES, Field::WEP_INDEX, "index", oneBased},
+    {PSK_ATTRIBUTE, Field::PSK, "psk", secret},
+    {EAP_ATTRIBUTES, Field::EAP_MODES, "eap", number},
+    {EAP_ATTRIBUTES, Field::EAP_IDENTITY, "eapIdentity", text},
+    {EAP_ATTRIBUTES, Field::EAP_ANONYMOUS_IDENTITY, "eapAnonymousIdentity", text},
+    {EAP_ATTRIBUTES, Field::EAP_PASSWORD, "eapPassword", secret},
+    {EAP_ATTRIBUTES, Field::CA_CERTIFICATE, "CACertificateFile", text},
+    {EAP_ATTRIBUTES, Field::CA_CERTIFICATE_DIR, "CACertificateDir", text},
+    {EAP_ATTRIBUTES, Field::CLIENT_CERTIFICATE, "clientCertificate", text},
+    {EAP_ATTRIBUTES, Field::PRIVATE_KEY_FILE, "privateKeyFile", text},
+    {EAP_ATTRIBUTES, Field::PRIVATE_KEY_PASSWORD, "privateKeyPassword", secret},
+    {EAP_ATTRIBUTES, Field::PHASE1_STEP, "phase1", text},
+    {EAP_ATTRIBUTES, Field::PHASE2_STEP, "phase2", text},
+    {EAP_ATTRIBUTES, Field::CA_CERTIFICATE2, "CACertificateFile2", text},
+    {EAP_ATTRIBUTES, Field::CA_CERTIFICATE_DIR2, "CACertificateDir2", text},
+    {EAP_ATTRIBUTES, Field::CLIENT_CERTIFICATE2, "clientCertificate2", text},
+    {EAP_ATTRIBUTES, Field::PRIVATE_KEY_FILE2, "privateKeyFile2", text},
+    {EAP_ATTRIBUTES, Field::PRIVATE_KEY_PASSWORD2, "privateKeyPassword2", secret},
 };
 
 template <std::size_t SIZE>

@@ -59,7 +59,7 @@ Finding checkFolder() {
 } // namespace
 
 Finding checkSocketOf(const std::string& iface) {
-    const Finding folder = checkFolder();
+    Finding folder = checkFolder();
     if (folder.health == Health::BAD)
         return folder;
     const std::string path = controlSocketOf(iface);
@@ -82,7 +82,7 @@ Finding checkSocketOf(const std::string& iface) {
 
 // The client always lists the interfaces through the first socket, also if another interface is named.
 Finding checkControlSocket(const std::string& iface) {
-    const Finding folder = checkFolder();
+    Finding folder = checkFolder();
     if (folder.health == Health::BAD)
         return folder;
     const std::string first = interfaceFor("");
