@@ -1,4 +1,5 @@
-// How a process gets its profile. Each case is a process of its own: the choice is made once.
+// How a process gets its profile. The choice is made once, so each check runs in a process that is forked from
+// this one, where no profile was chosen.
 
 #include "Profile.h"
 #include "jni/ServiceFunctions.h"
@@ -31,24 +32,19 @@ void setVariable(const char* value) {
     EXPECT_EXIT((setVariable(value), endWith([&] { return __VA_ARGS__; })),                        \
                 testing::ExitedWithCode(0), text)
 
-class ProfileChoice : public testing::Test {
-protected:
-    ProfileChoice() { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
-};
-
 // PROFILE-1
-TEST_F(ProfileChoice, IsTheDeviceWithoutAWord) {
+TEST(ProfileChoice, IsTheDeviceWithoutAWord) {
     EXPECT_IN_A_NEW_PROCESS(nullptr, "", platwifi::profile() == Profile::DEVICE);
 }
 
 // PROFILE-1
-TEST_F(ProfileChoice, IsThatOfTheEnvironment) {
+TEST(ProfileChoice, IsThatOfTheEnvironment) {
     EXPECT_IN_A_NEW_PROCESS("modern", "", platwifi::profile() == Profile::MODERN);
     EXPECT_IN_A_NEW_PROCESS("device", "", platwifi::profile() == Profile::DEVICE);
 }
 
 // PROFILE-1
-TEST_F(ProfileChoice, OfAnUnknownNameIsTheDeviceAndOneLine) {
+TEST(ProfileChoice, OfAnUnknownNameIsTheDeviceAndOneLine) {
     for (const char* name : {"Modern", "", "modern "})
         EXPECT_IN_A_NEW_PROCESS(name, "^platwifi: PLATWIFI_PROFILE names no profile; [^\n]*\n$",
                                 platwifi::profile() == Profile::DEVICE &&
@@ -56,7 +52,7 @@ TEST_F(ProfileChoice, OfAnUnknownNameIsTheDeviceAndOneLine) {
 }
 
 // PROFILE-2
-TEST_F(ProfileChoice, OfTheFunctionGoesBeforeTheEnvironment) {
+TEST(ProfileChoice, OfTheFunctionGoesBeforeTheEnvironment) {
     EXPECT_IN_A_NEW_PROCESS("device", "",
                             setWifiProfile(nullptr, "modern") == 1 &&
                                 platwifi::profile() == Profile::MODERN);
@@ -66,7 +62,7 @@ TEST_F(ProfileChoice, OfTheFunctionGoesBeforeTheEnvironment) {
 }
 
 // PROFILE-2
-TEST_F(ProfileChoice, ByAnUnknownNameChangesNothing) {
+TEST(ProfileChoice, ByAnUnknownNameChangesNothing) {
     EXPECT_IN_A_NEW_PROCESS(
         "modern", "",
         setWifiProfile(nullptr, nullptr) == 0 && setWifiProfile(nullptr, "") == 0 &&
@@ -74,7 +70,7 @@ TEST_F(ProfileChoice, ByAnUnknownNameChangesNothing) {
 }
 
 // PROFILE-2
-TEST_F(ProfileChoice, IsFinalOnceTheSettingsAreMade) {
+TEST(ProfileChoice, IsFinalOnceTheSettingsAreMade) {
     const test::StandIn standIn; // whose client answers nothing
     EXPECT_IN_A_NEW_PROCESS(
         nullptr, "",
