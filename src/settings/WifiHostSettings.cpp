@@ -39,8 +39,10 @@ WifiNetwork* findIn(const WifiNetworkList* list, const char* ssid) {
 
 // Never deleted, so that a thread may use it while another one unloads.
 WifiHostSettings& WifiHostSettings::instance() {
-    fixProfile();
-    static WifiHostSettings* const settings = new WifiHostSettings(Unloaded{});
+    static WifiHostSettings* const settings = [] {
+        fixProfile();
+        return new WifiHostSettings(Unloaded{});
+    }();
     return *settings;
 }
 
