@@ -1,0 +1,44 @@
+#pragma once
+
+#include "host/Host.h"
+#include "model/WifiTypes.h"
+#include "values/Cause.h"
+
+#include <chrono>
+#include <string>
+
+namespace cli {
+
+/// A connection does not come to stand. The message is one line: network, cause, next step.
+struct ConnectionFailure : Failure {
+    /// @param ssid   the network, in the library's notation
+    /// @param found  what is wrong; "" for the words of the cause
+    /// @param state  the last that the supplicant reported
+    ConnectionFailure(Cause cause, std::string ssid, const std::string& found, WpaState state);
+
+    Cause cause;
+    std::string ssid;
+    WpaState state;
+};
+
+/// Connects to a configured network, and waits until the connection stands. On standard output it shows the
+/// states meanwhile, in one line that it ends; nothing with --json. When it returns or throws, the networks that
+/// were enabled before are enabled again.
+/// @param ssid  the network, in the library's notation
+/// @return how long it took
+/// @throws ConnectionFailure if the connection fails, or does not stand after the timeout of the request
+/// @throws Failure if the supplicant cannot be reached
+/// @throws Interrupted
+std::chrono::steady_clock::duration connectAndWait(Context& context, Host& host,
+                                                   const std::string& ssid);
+
+/// A time in seconds for a message, such as "0.2".
+std::string secondsText(std::chrono::steady_clock::duration time);
+
+/// What --json prints for a connection that stands: "ssid", "state" and "cause", which is null.
+Record connectedRecord(const std::string& ssid);
+
+/// What --json prints for one that fails: "ssid", "state", "cause" and "message".
+Record failureRecord(const ConnectionFailure& failure);
+
+} // namespace cli
