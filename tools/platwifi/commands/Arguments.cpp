@@ -6,7 +6,10 @@
 #include "values/Failure.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdlib>
+#include <iterator>
+#include <strings.h>
 
 namespace cli {
 namespace {
@@ -31,6 +34,18 @@ std::string interfaceError(const std::string& text) {
     return text.empty() ? "it takes a name; platwifi adapters lists them" : "";
 }
 
+bool isSameWord(const char* one, const std::string& other) {
+    return strcasecmp(one, other.c_str()) == 0;
+}
+
+std::string eapError(const std::string& text) {
+    constexpr const char* METHODS[] = {"PEAP", "TTLS", "TLS"};
+    const bool isKnown = std::any_of(std::begin(METHODS), std::end(METHODS), [&](const char* word) {
+        return isSameWord(word, text);
+    });
+    return isKnown ? "" : "it takes PEAP, TTLS or TLS; for other methods give eap=WORD";
+}
+
 void addOperands(CLI::App& app, const Command& command, Request& request) {
     if (has(command, SSID))
         app.add_option("SSID", request.ssid, "name of the network; after -- if it begins with -")
@@ -49,6 +64,12 @@ void addOptions(CLI::App& app, const Command& command, Request& request) {
             ->type_name("SECONDS")
             ->check(timeoutError);
     }
+    if (has(command, HIDDEN))
+        app.add_flag("--hidden", request.hidden, "the access point hides the name");
+    if (has(command, EAP))
+        app.add_option("--eap", request.eap, "method of an enterprise network")
+            ->type_name("PEAP|TTLS|TLS")
+            ->check(eapError);
     if (has(command, FULL))
         app.add_flag("--full", request.full, "every network with its security");
     if (has(command, JSON))

@@ -32,6 +32,11 @@ constexpr char CONNECT[] = "  platwifi connect home\n"
                            "  platwifi connect --timeout 60 home && echo online";
 constexpr char DISCONNECT[] = "  platwifi disconnect";
 constexpr char ROAM[] = "  platwifi roam";
+constexpr char JOIN[] = "  platwifi join home                      asks for the key\n"
+                        "  platwifi join home psk=@/run/secrets/home\n"
+                        "  platwifi join cellar --hidden\n"
+                        "  platwifi join work --eap PEAP CACertificateFile=/etc/ssl/work.pem";
+constexpr char FORGET[] = "  platwifi forget home";
 constexpr char XML[] = "  platwifi xml\n"
                        "  platwifi xml --full > state.xml";
 constexpr char DUMP[] = "  platwifi dump      all secrets are shown: do not send this to anybody";
@@ -89,6 +94,8 @@ const std::vector<Command> COMMANDS = {
     {"add", SSID | NEW_SSID | OPTIONAL_ASSIGNMENTS | JSON, addNetwork, "add a network, and save", propertiesAndExamples<ADD>},
     {"remove", SSID | JSON, removeNetwork, "remove a network, and save", examples<REMOVE>},
     {"connect", SSID | TIMEOUT | JSON, connectNetwork, "connect to a network, and wait for it", examples<CONNECT>},
+    {"join", SSID | OPTIONAL_ASSIGNMENTS | TIMEOUT | HIDDEN | EAP | JSON, joinNetwork, "connect to a network in range, and save it", propertiesAndExamples<JOIN>},
+    {"forget", SSID | JSON, forgetNetwork, "disconnect from a network, remove it, and save", examples<FORGET>},
     {"disconnect", OPTIONAL_SSID | JSON, disconnectNetwork, "end the connection", examples<DISCONNECT>},
     {"roam", JSON, roam, "let the supplicant choose among all networks", examples<ROAM>},
     {"xml", FULL, writeXml, "print the whole state as an XML document", examples<XML>},

@@ -17,6 +17,8 @@ enum Takes : unsigned int {
     FULL = 0x20,
     JSON = 0x40,
     NEW_SSID = 0x80, ///< with SSID: one that is not configured yet
+    HIDDEN = 0x400,
+    EAP = 0x800,
 };
 
 struct Command {

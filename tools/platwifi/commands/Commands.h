@@ -18,6 +18,8 @@ void addNetwork(Context& context);
 void removeNetwork(Context& context);
 void connectNetwork(Context& context);
 void disconnectNetwork(Context& context);
+void joinNetwork(Context& context);
+void forgetNetwork(Context& context);
 void roam(Context& context);
 void writeXml(Context& context);
 void dump(Context& context);

@@ -15,6 +15,8 @@ struct Request {
     unsigned int timeout = 30;            ///< seconds that a connection may take
     bool json = false;
     bool full = false;
+    bool hidden = false; ///< the access point does not send its SSID
+    std::string eap;     ///< a method; empty without one
 };
 
 /// A value of a report: nothing, a text, a number, or a boolean.
