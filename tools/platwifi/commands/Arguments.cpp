@@ -2,6 +2,7 @@
 
 #include "commands/CommandTable.h"
 #include "display/Text.h"
+#include "host/ScanOrder.h"
 #include "host/Ssid.h"
 #include "values/Failure.h"
 
@@ -27,6 +28,16 @@ std::string timeoutError(const std::string& text) {
     return isTimeout(text) ? "" : "it takes seconds, 1 to " + std::to_string(MAX_TIMEOUT);
 }
 
+std::string sortError(const std::string& text) {
+    std::string names;
+    for (const ScanOrder& order : scanOrders()) {
+        if (text == order.name)
+            return "";
+        names += (names.empty() ? "" : ", ") + std::string(order.name);
+    }
+    return "it takes one of " + names;
+}
+
 std::string interfaceError(const std::string& text) {
     return text.empty() ? "it takes a name; platwifi adapters lists them" : "";
 }
@@ -48,6 +59,11 @@ void addOptions(CLI::App& app, const Command& command, Request& request) {
         app.add_option("-t,--timeout", request.timeout, "how long to wait (30)")
             ->type_name("SECONDS")
             ->check(timeoutError);
+    }
+    if (has(command, SORT)) {
+        app.add_option("--sort", request.sort, "signal (the default), ssid, channel or security")
+            ->type_name("ORDER")
+            ->check(sortError);
     }
     if (has(command, FULL))
         app.add_flag("--full", request.full, "every network with its security");

@@ -17,6 +17,7 @@ enum Takes : unsigned int {
     FULL = 0x20,
     JSON = 0x40,
     NEW_SSID = 0x80, ///< with SSID: one that is not configured yet
+    SORT = 0x10000,
 };
 
 struct Command {
