@@ -2,6 +2,7 @@
 
 #include "commands/CommandTable.h"
 #include "display/Text.h"
+#include "host/ScanOrder.h"
 #include "host/Ssid.h"
 #include "values/Failure.h"
 
@@ -28,6 +29,16 @@ bool isTimeout(const std::string& text) {
 // The message about an option's value; "" for a valid one.
 std::string timeoutError(const std::string& text) {
     return isTimeout(text) ? "" : "it takes seconds, 1 to " + std::to_string(MAX_TIMEOUT);
+}
+
+std::string sortError(const std::string& text) {
+    std::string names;
+    for (const ScanOrder& order : scanOrders()) {
+        if (text == order.name)
+            return "";
+        names += (names.empty() ? "" : ", ") + std::string(order.name);
+    }
+    return "it takes one of " + names;
 }
 
 std::string interfaceError(const std::string& text) {
@@ -70,6 +81,11 @@ void addOptions(CLI::App& app, const Command& command, Request& request) {
         app.add_option("--eap", request.eap, "method of an enterprise network")
             ->type_name("PEAP|TTLS|TLS")
             ->check(eapError);
+    if (has(command, SORT)) {
+        app.add_option("--sort", request.sort, "signal (the default), ssid, channel or security")
+            ->type_name("ORDER")
+            ->check(sortError);
+    }
     if (has(command, FULL))
         app.add_flag("--full", request.full, "every network with its security");
     if (has(command, JSON))

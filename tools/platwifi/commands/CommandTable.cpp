@@ -21,6 +21,7 @@ constexpr char ADAPTERS[] = "  platwifi adapters";
 constexpr char STATUS[] = "  platwifi status\n"
                           "  platwifi status --json | jq -r .state";
 constexpr char SCAN[] = "  platwifi scan\n"
+                        "  platwifi scan --sort channel\n"
                         "  platwifi scan --json | jq -r '.[].ssid'";
 constexpr char MONITOR[] =
     "  platwifi monitor\n"
@@ -86,7 +87,7 @@ std::string propertiesAndExamples() {
 const std::vector<Command> COMMANDS = {
     {"adapters", JSON, showAdapters, "list the interfaces that the supplicant serves", examples<ADAPTERS>},
     {"status", JSON, showStatus, "tell what the supplicant is doing", examples<STATUS>},
-    {"scan", JSON, scan, "look for access points in range", examples<SCAN>},
+    {"scan", SORT | JSON, scan, "look for access points in range", examples<SCAN>},
     {"monitor", JSON, monitor, "show events as they come, until Ctrl-C", examples<MONITOR>},
     {"networks", JSON, listNetworks, "list the configured networks", examples<NETWORKS>},
     {"show", SSID | JSON, showNetwork, "show a configured network", examples<SHOW>},

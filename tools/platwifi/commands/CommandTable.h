@@ -19,6 +19,7 @@ enum Takes : unsigned int {
     NEW_SSID = 0x80, ///< with SSID: one that is not configured yet
     HIDDEN = 0x400,
     EAP = 0x800,
+    SORT = 0x10000,
 };
 
 struct Command {
