@@ -77,10 +77,11 @@ void addOptions(CLI::App& app, const Command& command, Request& request) {
     }
     if (has(command, HIDDEN))
         app.add_flag("--hidden", request.hidden, "the access point hides the name");
-    if (has(command, EAP))
+    if (has(command, EAP)) {
         app.add_option("--eap", request.eap, "method of an enterprise network")
             ->type_name("PEAP|TTLS|TLS")
             ->check(eapError);
+    }
     if (has(command, SORT)) {
         app.add_option("--sort", request.sort, "signal (the default), ssid, channel or security")
             ->type_name("ORDER")

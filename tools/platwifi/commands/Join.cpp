@@ -2,6 +2,7 @@
 // network that was connected to is saved.
 
 #include "commands/Commands.h"
+#include "commands/LinkReport.h"
 #include "commands/MissingProperties.h"
 #include "commands/UnsavedChanges.h"
 #include "connection/AccessPoints.h"
@@ -248,24 +249,12 @@ Joined join(Context& context) {
     });
 }
 
-Value valueOf(const std::string& text) {
-    return text.empty() ? Value() : Value(text);
-}
-
-Value valueOf(const std::optional<int>& number) {
-    return number ? Value(*number) : Value();
-}
-
-Record recordOf(const Joined& joined, const Link& link) {
+Record recordOf(const Joined& joined, const LinkState& now) {
     return {{"ssid", plainSsid(joined.ssid)},
             {"done", std::string("joined")},
             {"saved", joined.isSaved},
-            {"security", valueOf(joined.security)},
-            {"key_mgmt", valueOf(link.keyManagement)},
-            {"bssid", valueOf(link.bssid)},
-            {"frequency", valueOf(link.frequency)},
-            {"signal", valueOf(link.signal)},
-            {"address", valueOf(link.ipv4.empty() ? link.ipv6 : link.ipv4)},
+            {"security", joined.security.empty() ? Value() : joined.security},
+            {"link", valueOf(now)},
             {"cause", Value()}};
 }
 
@@ -276,11 +265,11 @@ std::string textOf(const Link& link) {
 }
 
 void report(const Context& context, const Joined& joined) {
-    const Link link = LinkState::now(joined.iface).link.value_or(Link());
+    const LinkState now = LinkState::now(joined.iface);
     if (context.request.json)
-        return printJson(recordOf(joined, link));
+        return printJson(recordOf(joined, now));
     std::cout << "Connected to " << shownSsid(joined.ssid) << " after " << secondsText(joined.time)
-              << " s: " << textOf(link) << ".\n";
+              << " s" << (now.link ? ": " + textOf(*now.link) : "") << ".\n";
     if (joined.isSaved)
         std::cout << shownSsid(joined.ssid) << " is saved.\n";
 }
