@@ -1,8 +1,8 @@
 #pragma once
 
+#include "connection/Diagnosis.h"
 #include "host/Host.h"
 #include "model/WifiTypes.h"
-#include "values/Cause.h"
 
 #include <chrono>
 #include <string>
@@ -11,19 +11,19 @@ namespace cli {
 
 /// A connection does not come to stand. The message is one line: network, cause, next step.
 struct ConnectionFailure : Failure {
-    /// @param ssid   the network, in the library's notation
-    /// @param found  what is wrong; "" for the words of the cause
-    /// @param state  the last that the supplicant reported
-    ConnectionFailure(Cause cause, std::string ssid, const std::string& found, WpaState state);
+    /// @param network    in the library's notation
+    /// @param lastState  that the supplicant reported
+    ConnectionFailure(const Diagnosis& diagnosis, std::string network, WpaState lastState);
 
     Cause cause;
-    std::string ssid;
-    WpaState state;
+    std::string found; ///< what is wrong
+    std::string ssid; ///< in the library's notation
+    WpaState state;   ///< the last that the supplicant reported
 };
 
 /// Connects to a configured network, and waits until the connection stands. On standard output it shows the
 /// states meanwhile, in one line that it ends; nothing with --json. When it returns or throws, the networks that
-/// were enabled before are enabled again.
+/// were enabled before are enabled again; when it throws, the supplicant chooses among them and this one.
 /// @param ssid  the network, in the library's notation
 /// @return how long it took
 /// @throws ConnectionFailure if the connection fails, or does not stand after the timeout of the request

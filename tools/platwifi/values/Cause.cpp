@@ -7,7 +7,7 @@ namespace {
 
 // In the order of Cause. docs/behaviour.md and the manual page have the same table.
 constexpr CauseEntry CAUSES[] = {
-    {Cause::WRONG_KEY, "wrongKey", 10, "the key is wrong",
+    {Cause::WRONG_KEY, "wrongKey", 10, "the access point refuses the key",
      "correct it with platwifi set SSID psk=-"},
     {Cause::REFUSED, "refused", 11, "the access point refuses this device",
      "try again later, or see the settings of the access point"},
@@ -16,8 +16,9 @@ constexpr CauseEntry CAUSES[] = {
     {Cause::SERVER_NOT_TRUSTED, "serverNotTrusted", 13,
      "the certificate of the server is not trusted",
      "set the certificate of its authority with platwifi set SSID CACertificateFile=PATH"},
-    {Cause::CERTIFICATE_FILE, "certificateFile", 14, "a certificate file cannot be read",
-     "correct the path with platwifi set; platwifi show SSID has all paths"},
+    {Cause::CERTIFICATE_FILE, "certificateFile", 14,
+     "the supplicant cannot load a certificate or the private key",
+     "correct it with platwifi set; platwifi show SSID has the paths"},
     {Cause::NOT_IN_RANGE, "notInRange", 15, "no access point of this name is in range",
      "see platwifi scan; a hidden network needs platwifi set SSID ssidBroadcasted=false"},
     {Cause::OTHER_SECURITY, "otherSecurity", 16, "the access point has another security",
