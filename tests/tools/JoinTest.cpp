@@ -166,10 +166,10 @@ TEST_F(Join, TakesTheBestSecurity) {
     prepare(lineFor("cafe", OPEN) + lineFor("cafe", WPA2) + lineFor("cafe", WPA3) +
             lineFor("other", "[WPA2-EAP-SUITE-B-192-GCMP-256][ESS]"));
     outputOf(joined({"join", "cafe", "psk=-"}, "short\n"));
-    EXPECT_THAT(changes(), AllOf(Contains("set_network 1 key_mgmt SAE"),
-                                 Contains("set_network 1 sae_password \"short\""),
-                                 Contains("set_network 1 ieee80211w 2"),
-                                 Not(Contains(HasSubstr("bssid")))));
+    EXPECT_THAT(changes(),
+                AllOf(Contains("set_network 1 key_mgmt SAE"),
+                      Contains("set_network 1 sae_password \"short\""),
+                      Contains("set_network 1 ieee80211w 2"), Not(Contains(HasSubstr("bssid")))));
 }
 
 TEST_F(Join, LeavesToTheUserWhatTheUserGives) {

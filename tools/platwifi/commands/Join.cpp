@@ -110,18 +110,17 @@ std::unique_ptr<StateLine> progress(const Context& context, const std::string& b
 }
 
 const ScanResult& strongest(const Results& results) {
-    return *std::max_element(results.begin(), results.end(),
-                             [](const ScanResult& one, const ScanResult& other) {
-                                 return one.signal < other.signal;
-                             });
+    return *std::max_element(
+        results.begin(), results.end(),
+        [](const ScanResult& one, const ScanResult& other) { return one.signal < other.signal; });
 }
 
 /// Adds a network, and connects to it.
 class NewNetwork {
 public:
     NewNetwork(Context& context, Host& host, std::string ssid, Assignments given)
-        : m_context(context), m_host(host), m_ssid(std::move(ssid)), m_properties(std::move(given)) {
-    }
+        : m_context(context), m_host(host), m_ssid(std::move(ssid)),
+          m_properties(std::move(given)) {}
 
     Joined join() {
         completeProperties();
@@ -153,9 +152,10 @@ private:
     }
 
     void completeNamed() {
-        const auto named = std::find_if(
-            m_properties.begin(), m_properties.end(),
-            [](const std::string& property) { return property.rfind("key_mgmt=", 0) == 0; });
+        const auto named =
+            std::find_if(m_properties.begin(), m_properties.end(), [](const std::string& property) {
+                return property.rfind("key_mgmt=", 0) == 0;
+            });
         const Edits keyManagement({*named}, m_context.interrupt);
         complete(credentialsFor(keyManagement.numberOf("key_mgmt")));
     }
@@ -180,8 +180,8 @@ private:
         std::vector<std::string> flags;
         for (const ScanResult& result : found)
             flags.push_back(result.flags);
-        const auto security = bestSecurity(flags, capableMethods(m_host.iface()),
-                                           givenCredentials(m_properties));
+        const auto security =
+            bestSecurity(flags, capableMethods(m_host.iface()), givenCredentials(m_properties));
         if (security)
             return *security;
         throw ConnectionFailure({Cause::OTHER_SECURITY,
@@ -205,7 +205,8 @@ unsigned int keyManagementOf(Host& host, const std::string& ssid) {
 }
 
 // What is given replaces what is saved.
-Joined changeAndJoin(Context& context, Host& host, const std::string& ssid, const Assignments& given) {
+Joined changeAndJoin(Context& context, Host& host, const std::string& ssid,
+                     const Assignments& given) {
     const unsigned int saved = keyManagementOf(host, ssid);
     if (!isGiven(given, "key_mgmt") && saved == KEY_MGMT_NONE && isGiven(given, "psk"))
         requireFitting(given, Credentials::NONE, shownSsid(ssid), "open");
@@ -227,8 +228,8 @@ Joined orNothing(const Try& tryToJoin) {
     try {
         return tryToJoin();
     } catch (const ConnectionFailure& failure) {
-        throw ConnectionFailure({failure.cause, failure.found, nextStep(failure.cause)}, failure.ssid,
-                                failure.state);
+        throw ConnectionFailure({failure.cause, failure.found, nextStep(failure.cause)},
+                                failure.ssid, failure.state);
     } catch (Interrupted& end) {
         end.message = "interrupted; nothing was changed";
         throw;

@@ -155,8 +155,8 @@ void requireFitting(const Assignments& given, Credentials credentials, const std
                     const std::string& security) {
     for (const Credential& one : CREDENTIALS) {
         if (one.credentials != credentials && isGiven(given, one.property))
-            throw Failure(shownSsid + " is not joined: its security is " + security +
-                          ", which " + one.toTake + "; leave out " + one.property);
+            throw Failure(shownSsid + " is not joined: its security is " + security + ", which " +
+                          one.toTake + "; leave out " + one.property);
     }
 }
 

@@ -65,7 +65,8 @@ private:
             if (event->kind == Kind::SCAN_FINISHED || event->kind == Kind::SCAN_FAILED)
                 return;
             if (event->kind == Kind::LOST)
-                throw ConnectionFailure({Cause::SUPPLICANT_GONE, "", ""}, m_ssid, WPA_STATE_UNKNOWN);
+                throw ConnectionFailure({Cause::SUPPLICANT_GONE, "", ""}, m_ssid,
+                                        WPA_STATE_UNKNOWN);
         }
     }
 

@@ -60,9 +60,9 @@ constexpr unsigned int EAP = KEY_MGMT_WPA_EAP | KEY_MGMT_WPA_EAP_SHA256 | KEY_MG
 struct Row {
     const char* name;
     Protection protection;
-    unsigned int needed;    // the access point offers one of these
-    unsigned int unwanted;  // and none of these
-    unsigned int allowed;   // the network is allowed to use those of these that are offered
+    unsigned int needed;   // the access point offers one of these
+    unsigned int unwanted; // and none of these
+    unsigned int allowed;  // the network is allowed to use those of these that are offered
     Credentials credentials;
     const char* properties[2]; // beside key_mgmt
 };
@@ -186,7 +186,7 @@ std::optional<Security> best(const std::vector<std::string>& flags, unsigned int
         const Row* const row = firstRow(offer, capable, given);
         if (!row || (chosen && row > chosen))
             continue;
-        methods = (row == chosen ? methods : 0U) | 
+        methods = (row == chosen ? methods : 0U) |
                   (offer.methods[row->protection] & row->allowed & capable);
         chosen = row;
     }
