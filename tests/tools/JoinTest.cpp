@@ -88,6 +88,7 @@ protected:
         on({"get_capability", "key_mgmt"}).prints(m_capabilities);
         on({"add_network"}).prints(id + "\n");
         accept({"enable_network", id});
+        accept({"disable_network", id});
         accept({"disconnect"});
         on({"signal_poll"}).prints("RSSI=-40\nLINKSPEED=54\n");
         for (const char* const each : {"0", "1"})
@@ -150,10 +151,10 @@ TEST_F(Join, SavesANetworkOnlyWhenItIsConnected) {
                                      "cafe is saved\\.\n$"));
     EXPECT_THAT(changes(),
                 ElementsAre("add_network", "set_network 1 ssid \"cafe\"", "enable_network 1",
-                            "set_network 1 ssid \"cafe\"", "set_network 1 key_mgmt WPA-PSK",
-                            "set_network 1 proto RSN", "set_network 1 psk \"correct horse\"",
-                            "set_network 1 ieee80211w 1", "select 1", "set_network 0 disabled 0",
-                            "signal_poll", "save_config"));
+                            "disable_network 1", "set_network 1 ssid \"cafe\"",
+                            "set_network 1 key_mgmt WPA-PSK", "set_network 1 proto RSN",
+                            "set_network 1 psk \"correct horse\"", "set_network 1 ieee80211w 1",
+                            "select 1", "set_network 0 disabled 0", "save_config", "signal_poll"));
 }
 
 TEST_F(Join, AsksNothingForAnOpenNetwork) {
@@ -273,7 +274,18 @@ TEST_F(Join, ReplacesTheKeyOfASavedNetwork) {
     followConnection();
     EXPECT_THAT(outputOf(program.end()), HasSubstr("home is saved.\n"));
     EXPECT_THAT(changes(), ElementsAre("set_network 0 psk \"another horse\"", "select 0",
-                                       "signal_poll", "save_config"));
+                                       "save_config", "signal_poll"));
+}
+
+TEST_F(Join, DoesNotTakeTheConnectionWithTheOldKeyForOneWithTheNewKey) {
+    answerStatus({statusOn("home", "0"), statusOn("home", "0"), statusOn("home", "0"), IDLE});
+    finish("", {"home"});
+    const auto key = test::fileWith("another horse\n");
+    Program program({"join", "home", "psk=-"}, Streams{key.number()});
+    followConnection(wrongKey("home"));
+    EXPECT_EQ(program.end().status, 10);
+    EXPECT_THAT(changes(), ElementsAre("set_network 0 psk \"another horse\"", "disconnect",
+                                       "reassociate", "select 0", "reconfigure", "reassociate"));
 }
 
 TEST_F(Join, KeepsTheKeyOfASavedNetworkIfTheNewOneIsWrong) {

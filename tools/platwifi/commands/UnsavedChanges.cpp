@@ -3,6 +3,7 @@
 #include "client/Listing.h"
 #include "host/Ssid.h"
 #include "jni/ServiceFunctions.h"
+#include "model/WifiNetwork.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/WifiUtil.h"
 
@@ -50,8 +51,17 @@ void UnsavedChanges::add(const std::string& ssid, const Edits& edits) {
     m_isSent = true;
     if (addWifiNetwork(nullptr, m_host.iface().c_str(), ssid.c_str()) == 0)
         refuse("add", ssid);
+    keepUntried(ssid);
     edits.apply(m_host.iface(), ssid);
     write();
+}
+
+// The supplicant enables a new network, and would try it while it has only some of its properties. The selection of
+// the network enables it again.
+void UnsavedChanges::keepUntried(const std::string& ssid) {
+    if (const WifiNetwork* const network = m_host.settings().getNetwork(nullptr, ssid.c_str()))
+        driver().executeCustom(m_host.iface().c_str(), network->getNetworkId(), "disable_network",
+                               nullptr);
 }
 
 void UnsavedChanges::change(const std::string& ssid, const Edits& edits) {
@@ -59,6 +69,13 @@ void UnsavedChanges::change(const std::string& ssid, const Edits& edits) {
     m_isSent = true;
     edits.apply(m_host.iface(), ssid);
     write();
+    endConnectionTo(ssid);
+}
+
+// A connection with the old values would prove nothing.
+void UnsavedChanges::endConnectionTo(const std::string& ssid) {
+    if (isSameSsid(m_host.currentNetwork(), ssid))
+        disconnectFromNetwork(nullptr, m_host.iface().c_str(), ssid.c_str());
 }
 
 void UnsavedChanges::remove(const std::string& ssid) {

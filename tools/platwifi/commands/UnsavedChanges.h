@@ -23,7 +23,10 @@ public:
     // They throw Failure if the supplicant refuses it.
 
     void add(const std::string& ssid, const Edits& edits);
+
+    /// Ends the connection to this network, which has the old values.
     void change(const std::string& ssid, const Edits& edits);
+
     void remove(const std::string& ssid);
 
     /// Writes the supplicant's file. The connection stays: the supplicant does not read the file again.
@@ -31,7 +34,9 @@ public:
     void save();
 
 private:
+    void keepUntried(const std::string& ssid);
     void write();
+    void endConnectionTo(const std::string& ssid);
     void takeBack();
     void removeWhatOthersSaved();
 
