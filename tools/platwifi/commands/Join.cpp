@@ -35,23 +35,40 @@ struct NextStep {
     const char* text;
 };
 
+constexpr const char* NOTHING_WAS_CHANGED = "nothing was changed; ";
+
+// clang-format off
 constexpr NextStep NEXT_STEPS[] = {
-    {Cause::WRONG_KEY, "nothing was changed; platwifi join asks for the key again"},
-    {Cause::LOGIN_REFUSED, "nothing was changed; give eapIdentity and eapPassword again"},
-    {Cause::SERVER_NOT_TRUSTED, "nothing was changed; give the certificate of its authority, "
-                                "CACertificateFile=PATH"},
-    {Cause::CERTIFICATE_FILE, "nothing was changed; correct the path"},
-    {Cause::NOT_IN_RANGE, "platwifi scan lists what is; --hidden looks for a hidden one"},
-    {Cause::TIMED_OUT, "nothing was changed; try again nearer to the access point, or with a "
-                       "longer --timeout"},
+    {Cause::WRONG_KEY, "platwifi join asks for the key again"},
+    {Cause::LOGIN_REFUSED, "give eapIdentity and eapPassword again"},
+    {Cause::SERVER_NOT_TRUSTED, "give the certificate of its authority, CACertificateFile=PATH"},
+    {Cause::CERTIFICATE_FILE, "correct the path"},
+    {Cause::NOT_IN_RANGE, "platwifi scan lists what is"},
+    {Cause::OTHER_SECURITY, "platwifi scan shows it; give key_mgmt=WORD for it, or none"},
+    {Cause::NEEDS_PMF_OR_WPA3, "give key_mgmt=SAE pmf=required, or neither"},
+    {Cause::TIMED_OUT, "try again nearer to the access point, or with a longer --timeout"},
 };
+// clang-format on
 
 std::string nextStep(Cause cause) {
     for (const NextStep& step : NEXT_STEPS) {
         if (step.cause == cause)
-            return step.text;
+            return NOTHING_WAS_CHANGED + std::string(step.text);
     }
-    return std::string("nothing was changed; ") + entryOf(cause).step;
+    return NOTHING_WAS_CHANGED + std::string(entryOf(cause).step);
+}
+
+// Connects to a network that is not saved, or has values that are not saved.
+Duration connectToTry(Context& context, Host& host, const std::string& ssid) {
+    try {
+        return connectAndWait(context, host, ssid);
+    } catch (const ConnectionFailure& failure) {
+        throw ConnectionFailure({failure.cause, failure.found, nextStep(failure.cause)},
+                                failure.ssid, failure.state);
+    } catch (Interrupted& end) {
+        end.message = "interrupted; nothing was changed";
+        throw;
+    }
 }
 
 /// A connection that stands.
@@ -94,14 +111,20 @@ void requireValid(const Assignments& given, const Interrupt& interrupt) {
 
 std::vector<std::string> namesIn(const Results& results) {
     std::vector<std::string> names;
-    for (const ScanResult& result : results)
-        names.push_back(shownSsid(result.ssid));
+    for (const ScanResult& result : results) {
+        if (!result.ssid.empty()) // else it is hidden
+            names.push_back(shownSsid(result.ssid));
+    }
     return names;
 }
 
-[[noreturn]] void failNotInRange(const std::string& ssid, const Results& all) {
+[[noreturn]] void failNotInRange(const std::string& ssid, const Results& all,
+                                 Visibility visibility) {
     const std::string near = didYouMean(shownSsid(ssid), namesIn(all));
-    throw ConnectionFailure({Cause::NOT_IN_RANGE, entryOf(Cause::NOT_IN_RANGE).found + near, ""},
+    const char* const step = visibility == Visibility::HIDDEN
+                                 ? "platwifi scan lists what is; see that the name is right"
+                                 : "platwifi scan lists what is; --hidden looks for a hidden one";
+    throw ConnectionFailure({Cause::NOT_IN_RANGE, entryOf(Cause::NOT_IN_RANGE).found + near, step},
                             ssid, WPA_STATE_UNKNOWN);
 }
 
@@ -131,7 +154,7 @@ public:
         m_context.interrupt.check();
         UnsavedChanges changes(m_context, m_host);
         changes.add(m_ssid, edits);
-        const Duration time = connectAndWait(m_context, m_host, m_ssid);
+        const Duration time = connectToTry(m_context, m_host, m_ssid);
         changes.save();
         return {m_host.iface(), m_ssid, m_security, true, time};
     }
@@ -166,10 +189,11 @@ private:
 
     Security lookForSecurity() {
         const auto line = progress(m_context, "Looking for " + shownSsid(m_ssid) + ":");
-        const Results all = lookFor(m_context, m_host, m_ssid, visibilityOf(m_context.request));
+        const Visibility visibility = visibilityOf(m_context.request);
+        const Results all = lookFor(m_context, m_host, m_ssid, visibility);
         const Results found = withSsid(all, m_ssid);
         if (found.empty())
-            failNotInRange(m_ssid, all);
+            failNotInRange(m_ssid, all, visibility);
         const Security security = securityOfAll(found);
         if (line)
             line->add(security.name + ", " + std::to_string(strongest(found).signal) + " dBm");
@@ -187,7 +211,7 @@ private:
         throw ConnectionFailure({Cause::OTHER_SECURITY,
                                  "the access point offers only " + securityOf(found.front().flags) +
                                      ", which the supplicant or the radio cannot do",
-                                 ""},
+                                 "choose another network; platwifi scan lists what is in range"},
                                 m_ssid, WPA_STATE_UNKNOWN);
     }
 
@@ -217,23 +241,9 @@ Joined changeAndJoin(Context& context, Host& host, const std::string& ssid,
     context.interrupt.check();
     UnsavedChanges changes(context, host);
     changes.change(ssid, edits);
-    const Duration time = connectAndWait(context, host, ssid);
+    const Duration time = connectToTry(context, host, ssid);
     changes.save();
     return {host.iface(), ssid, "", true, time};
-}
-
-// A failure says what it means for the user: the network was not kept, or has its old values.
-template <typename Try>
-Joined orNothing(const Try& tryToJoin) {
-    try {
-        return tryToJoin();
-    } catch (const ConnectionFailure& failure) {
-        throw ConnectionFailure({failure.cause, failure.found, nextStep(failure.cause)},
-                                failure.ssid, failure.state);
-    } catch (Interrupted& end) {
-        end.message = "interrupted; nothing was changed";
-        throw;
-    }
 }
 
 Joined join(Context& context) {
@@ -244,10 +254,8 @@ Joined join(Context& context) {
     const auto saved = host.findNetwork();
     if (saved && given.empty())
         return {host.iface(), *saved, "", false, connectAndWait(context, host, *saved)};
-    return orNothing([&] {
-        return saved ? changeAndJoin(context, host, *saved, given)
-                     : NewNetwork(context, host, typedSsid(context.request.ssid), given).join();
-    });
+    return saved ? changeAndJoin(context, host, *saved, given)
+                 : NewNetwork(context, host, typedSsid(context.request.ssid), given).join();
 }
 
 Record recordOf(const Joined& joined, const LinkState& now) {
