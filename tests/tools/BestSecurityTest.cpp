@@ -159,12 +159,4 @@ TEST(BestSecurity, OfAChosenKeyManagementNeedsTheSame) {
     EXPECT_EQ(cli::credentialsFor(KEY_MGMT_NONE), Credentials::NONE);
 }
 
-TEST(BestSecurity, KnowsAllThatIsOffered) {
-    EXPECT_EQ(cli::methodsIn("[WPA-PSK-TKIP][WPA2-EAP+SAE-CCMP][ESS]"),
-              KEY_MGMT_WPA_PSK | KEY_MGMT_WPA_EAP | KEY_MGMT_SAE);
-    EXPECT_EQ(cli::methodsIn("[WEP][ESS]"), static_cast<unsigned int>(KEY_MGMT_NONE));
-    EXPECT_EQ(cli::methodsIn("[ESS]"), static_cast<unsigned int>(KEY_MGMT_NONE));
-    EXPECT_EQ(cli::methodsIn("[WPA2-DPP-CCMP][ESS]"), 0U);
-}
-
 } // namespace

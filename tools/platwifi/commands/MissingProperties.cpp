@@ -120,7 +120,7 @@ std::string ask(const Need& need, const Interrupt& interrupt) {
 struct Credential {
     const char* property;
     Credentials credentials;
-    const char* toTake; // what a network without that is called
+    const char* toTake; // what a network without that does
 };
 
 // clang-format off
@@ -135,6 +135,14 @@ constexpr Credential CREDENTIALS[] = {
     {"eapPassword", Credentials::LOGIN, "takes no login"},
 };
 // clang-format on
+
+[[noreturn]] void refuse(const Credential& given, const std::string& shownSsid,
+                         const std::string& security) {
+    std::string text = shownSsid;
+    text += " is not joined: its security is " + security + ", which ";
+    text += std::string(given.toTake) + "; leave out " + given.property;
+    throw Failure(text);
+}
 
 } // namespace
 
@@ -155,8 +163,7 @@ void requireFitting(const Assignments& given, Credentials credentials, const std
                     const std::string& security) {
     for (const Credential& one : CREDENTIALS) {
         if (one.credentials != credentials && isGiven(given, one.property))
-            throw Failure(shownSsid + " is not joined: its security is " + security + ", which " +
-                          one.toTake + "; leave out " + one.property);
+            refuse(one, shownSsid, security);
     }
 }
 

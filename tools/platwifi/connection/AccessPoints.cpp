@@ -1,15 +1,16 @@
 #include "connection/AccessPoints.h"
 
 #include "client/ClientReply.h"
+#include "client/Listing.h"
 #include "connection/Connecting.h"
 #include "display/Text.h"
 #include "events/EventSource.h"
 #include "host/Ssid.h"
+#include "settings/replies/WholeLines.h"
 
 #include <algorithm>
 #include <chrono>
 #include <iterator>
-#include <sstream>
 
 namespace cli {
 namespace {
@@ -19,6 +20,7 @@ using Kind = Event::Kind;
 constexpr int MAX_SCANS = 3;
 constexpr int MAX_REQUESTS = 3; // the supplicant refuses one while it scans by itself
 constexpr std::chrono::seconds MAX_SCAN_TIME{20};
+constexpr std::size_t MOST_RESULTS = 255; // that the driver returns
 
 std::string inHex(const std::string& bytes) {
     constexpr const char* DIGITS = "0123456789abcdef";
@@ -84,11 +86,11 @@ private:
 };
 
 std::vector<ScanResult> results(Host& host) {
+    platwifi::Lines lines;
+    platwifi::queryScan(driver(), host.iface().c_str(), lines, MOST_RESULTS);
     std::vector<ScanResult> all;
-    std::istringstream lines(clientReply(host.iface(), "scan_results", nullptr));
-    for (std::string line; std::getline(lines, line);) {
-        auto result = ScanResult::of(line);
-        if (result && result->frequency > 0) // 0: the header
+    for (const std::string& line : lines) {
+        if (auto result = ScanResult::of(line))
             all.push_back(std::move(*result));
     }
     return all;

@@ -1,37 +1,10 @@
 #include "host/BestSecurity.h"
 
+#include "host/ScanFlags.h"
 #include "model/Vocabulary.h"
-
-#include <algorithm>
-#include <cstring>
-#include <iterator>
 
 namespace cli {
 namespace {
-
-// What the client prints for a kind of key management. A longer word goes before a shorter one that it begins
-// with.
-struct Method {
-    const char* flag;
-    unsigned int keyManagement;
-};
-
-constexpr unsigned int UNKNOWN_METHOD = 0;
-
-constexpr Method METHODS[] = {
-    {"PSK-SHA256", KEY_MGMT_WPA_PSK_SHA256},
-    {"PSK", KEY_MGMT_WPA_PSK},
-    {"FT/PSK", KEY_MGMT_FT_PSK},
-    {"SAE-EXT-KEY", UNKNOWN_METHOD},
-    {"SAE", KEY_MGMT_SAE},
-    {"FT/SAE", KEY_MGMT_FT_SAE},
-    {"EAP-SUITE-B-192", KEY_MGMT_SUITE_B_192},
-    {"EAP-SUITE-B", UNKNOWN_METHOD},
-    {"EAP-SHA256", KEY_MGMT_WPA_EAP_SHA256},
-    {"EAP", KEY_MGMT_WPA_EAP},
-    {"FT/EAP", KEY_MGMT_FT_EAP},
-    {"OWE", KEY_MGMT_OWE},
-};
 
 // How an access point protects a network. WPA is its first version, RSN means WPA2 and WPA3.
 enum Protection { RSN, WPA, WEP, OPEN };
@@ -42,19 +15,8 @@ struct Offer {
     unsigned int methods[OPEN + 1] = {};
 };
 
-struct Prefix {
-    const char* text;
-    Protection protection;
-};
-
-constexpr Prefix PREFIXES[] = {{"WPA2-", RSN}, {"RSN-", RSN}, {"WPA-", WPA}};
-
-constexpr const char* WEP_FLAG = "WEP";
-// Of an open access point: another one in range, with a hidden name, offers OWE for the same network.
-constexpr const char* OWE_TRANSITION_FLAG = "OWE-TRANS-OPEN";
-
-constexpr unsigned int SAE = KEY_MGMT_SAE | KEY_MGMT_FT_SAE;
-constexpr unsigned int PSK = KEY_MGMT_WPA_PSK | KEY_MGMT_WPA_PSK_SHA256 | KEY_MGMT_FT_PSK;
+constexpr unsigned int SAE = platwifi::SAE_METHODS;
+constexpr unsigned int PSK = platwifi::PSK_METHODS;
 constexpr unsigned int EAP = KEY_MGMT_WPA_EAP | KEY_MGMT_WPA_EAP_SHA256 | KEY_MGMT_FT_EAP;
 
 struct Row {
@@ -87,64 +49,13 @@ constexpr Row ROWS[] = {
 };
 // clang-format on
 
-bool beginsWith(const std::string& text, const std::string& beginning) {
-    return text.rfind(beginning, 0) == 0;
-}
-
-// The method at the beginning of a word such as "PSK-CCMP": ciphers follow behind a hyphen.
-unsigned int methodOf(const std::string& word) {
-    for (const Method& method : METHODS) {
-        if (word == method.flag || beginsWith(word, std::string(method.flag) + '-'))
-            return method.keyManagement;
-    }
-    return UNKNOWN_METHOD;
-}
-
-std::vector<std::string> split(const std::string& text, char separator) {
-    std::vector<std::string> parts(1);
-    for (const char character : text) {
-        if (character == separator)
-            parts.emplace_back();
-        else
-            parts.back() += character;
-    }
-    return parts;
-}
-
-unsigned int methodsOf(const std::string& words) {
-    unsigned int methods = 0;
-    for (const std::string& word : split(words, '+'))
-        methods |= methodOf(word);
-    return methods;
-}
-
-void addFlag(const std::string& flag, Offer& offer) {
-    if (flag == WEP_FLAG)
-        offer.methods[WEP] = KEY_MGMT_NONE;
-    if (flag == OWE_TRANSITION_FLAG)
-        offer.methods[RSN] = KEY_MGMT_OWE;
-    for (const Prefix& prefix : PREFIXES) {
-        if (beginsWith(flag, prefix.text))
-            offer.methods[prefix.protection] |= methodsOf(flag.substr(std::strlen(prefix.text)));
-    }
-}
-
-bool isProtection(const std::string& flag) {
-    return flag == WEP_FLAG ||
-           std::any_of(std::begin(PREFIXES), std::end(PREFIXES),
-                       [&](const Prefix& prefix) { return beginsWith(flag, prefix.text); });
-}
-
-// Of flags such as "[WPA2-PSK+SAE-CCMP][ESS]".
 Offer offerOf(const std::string& flags) {
+    const ScanFlags offered = ScanFlags::of(flags);
     Offer offer;
-    offer.methods[OPEN] = KEY_MGMT_NONE;
-    for (const std::string& piece : split(flags, '[')) {
-        const std::string flag = piece.substr(0, piece.find(']'));
-        addFlag(flag, offer);
-        if (isProtection(flag))
-            offer.methods[OPEN] = 0;
-    }
+    offer.methods[RSN] = offered.rsn | (offered.hasOweBeside ? KEY_MGMT_OWE : 0U);
+    offer.methods[WPA] = offered.wpa;
+    offer.methods[WEP] = offered.isWep ? KEY_MGMT_NONE : 0U;
+    offer.methods[OPEN] = offered.isOpen() ? KEY_MGMT_NONE : 0U;
     return offer;
 }
 
@@ -206,13 +117,6 @@ Credentials credentialsFor(unsigned int keyManagement) {
     offer.methods[RSN] = keyManagement;
     const Row* const row = firstRow(offer, ALL_METHODS, std::nullopt);
     return row ? row->credentials : Credentials::NONE;
-}
-
-unsigned int methodsIn(const std::string& flags) {
-    unsigned int methods = 0;
-    for (const unsigned int some : offerOf(flags).methods)
-        methods |= some;
-    return methods;
 }
 
 } // namespace cli

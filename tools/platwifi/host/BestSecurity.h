@@ -37,7 +37,4 @@ std::optional<Security> bestSecurity(const std::vector<std::string>& flags, unsi
 /// @param keyManagement  a set of KeyManagement
 Credentials credentialsFor(unsigned int keyManagement);
 
-/// The kinds of key management that an access point offers, a set; KEY_MGMT_NONE for WEP and for none.
-unsigned int methodsIn(const std::string& flags);
-
 } // namespace cli
