@@ -260,6 +260,8 @@ TEST(TheEvents, ShowWhatKeptTheConnectionFromStanding) { // CAUSE-9
     EXPECT_THAT(
         after({AUTHENTICATING, "Authentication with 02:00:00:00:01:00 timed out."}).hindrance(),
         HasSubstr("the access point does not answer"));
+    EXPECT_THAT(after({AUTHENTICATING, SUSPENDED}).hindrance(),
+                HasSubstr("the access point does not answer"));
     EXPECT_THAT(after({SUSPENDED}).hindrance(),
                 HasSubstr("does not try the network for some time"));
     EXPECT_THAT(after({AUTHENTICATING, REFUSED}).hindrance(), HasSubstr("status 1"));

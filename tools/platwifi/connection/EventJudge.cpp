@@ -133,8 +133,10 @@ void EventJudge::onNoAnswer(const Event& /*event*/) {
     m_hadNoAnswer = true;
 }
 
+// An attempt that ends without a refusal had no answer: the supplicant reports nothing else then.
 void EventJudge::onSuspended(const Event& /*event*/) {
     m_isSuspended = true;
+    m_hadNoAnswer = m_hadNoAnswer || m_isOurs;
     if (!m_refusal.empty())
         fail(Cause::REFUSED, m_refusal);
 }
