@@ -207,10 +207,15 @@ TEST_F(Connect, JudgesTheAccessPointsInRange) { // CAUSE-6, CAUSE-7, CAUSE-8
         on({"scan_results"})
             .prints(test::SCAN_HEADER + "02:00:00:00:01:00\t2412\t" + row.line + "\n");
         serveStates({UNKNOWN_STATE});
-        const Ending end = ending(TWO_SCANS);
+        const Ending end = ending(TWO_SCANS, {"connect", "--timeout", "3600", "home"});
         EXPECT_EQ(end.status, row.status);
         expectOneLine(end, row.says);
     }
+}
+
+TEST_F(Connect, JudgesTheRangeByOneScanAtTheTimeout) { // CAUSE-6
+    serveStates({UNKNOWN_STATE});
+    EXPECT_EQ(ending({SCAN_STARTED, SCAN_FINISHED}, {"connect", "-t", "1", "home"}).status, 15);
 }
 
 TEST_F(Connect, WaitsIfAnAccessPointFits) {
