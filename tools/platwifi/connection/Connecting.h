@@ -11,20 +11,20 @@ namespace cli {
 
 /// A connection does not come to stand. The message is one line: network, cause, next step.
 struct ConnectionFailure : Failure {
-    /// @param network    in the library's notation
+    /// @param network    as the library has it
     /// @param lastState  that the supplicant reported
     ConnectionFailure(const Diagnosis& diagnosis, std::string network, WpaState lastState);
 
     Cause cause;
     std::string found; ///< what is wrong
-    std::string ssid; ///< in the library's notation
-    WpaState state;   ///< the last that the supplicant reported
+    std::string ssid;  ///< as the library has it
+    WpaState state;    ///< the last that the supplicant reported
 };
 
 /// Connects to a configured network, and waits until the connection stands. On standard output it shows the
 /// states meanwhile, in one line that it ends; nothing with --json. When it returns or throws, the networks that
 /// were enabled before are enabled again; when it throws, the supplicant chooses among them and this one.
-/// @param ssid  the network, in the library's notation
+/// @param ssid  the network, as the library has it
 /// @return how long it took
 /// @throws ConnectionFailure if the connection fails, or does not stand after the timeout of the request
 /// @throws Failure if the supplicant cannot be reached

@@ -19,6 +19,10 @@ constexpr const char* SERVER_ALERT = "remote TLS alert: ";
 constexpr int NO_FAULT_IS_NAMED = 0;
 constexpr int UNKNOWN_AUTHORITY = 1;
 
+// Which events count: all of a kind, or those of an attempt for the wanted network.
+constexpr bool ALWAYS = true;
+constexpr bool OURS = false;
+
 std::string withCode(const std::string& found, const char* name, const Event& event) {
     std::string text = found;
     if (event.code)
@@ -36,32 +40,32 @@ bool beginsWith(const std::string& text, const std::string& beginning) {
 
 struct EventJudge::Reaction {
     Kind kind;
-    void (EventJudge::*react)(const Event& event);
     bool isAlways; ///< also outside of an attempt for the wanted network
+    void (EventJudge::*react)(const Event& event);
 };
 
 // clang-format off
 constexpr EventJudge::Reaction EventJudge::REACTIONS[] = {
-    {Kind::AUTHENTICATING, &EventJudge::onAttempt, true},
-    {Kind::ASSOCIATING, &EventJudge::onAttempt, true},
-    {Kind::WRONG_KEY, &EventJudge::onWrongKey, false},
-    {Kind::AUTHENTICATION_REFUSED, &EventJudge::onAuthenticationRefused, false},
-    {Kind::ASSOCIATION_REFUSED, &EventJudge::onAssociationRefused, false},
-    {Kind::DISCONNECTED, &EventJudge::onDisconnected, false},
-    {Kind::TIMED_OUT, &EventJudge::onNoAnswer, false},
-    {Kind::SUSPENDED, &EventJudge::onSuspended, false},
-    {Kind::EAP_METHOD_REFUSED, &EventJudge::onMethodRefused, false},
-    {Kind::EAP_METHOD_CHOSEN, &EventJudge::onMethodChosen, false},
-    {Kind::EAP_METHOD_UNUSABLE, &EventJudge::onMethodUnusable, false},
-    {Kind::CERTIFICATE_REJECTED, &EventJudge::onCertificateRejected, false},
-    {Kind::LOGIN_REFUSED, &EventJudge::onLoginRefused, false},
-    {Kind::CREDENTIAL_NEEDED, &EventJudge::onCredentialNeeded, false},
-    {Kind::EAP_STATUS, &EventJudge::onEapStatus, false},
-    {Kind::EAP_FAILED, &EventJudge::onEapFailed, false},
-    {Kind::SCAN_STARTED, &EventJudge::onScanStarted, true},
-    {Kind::SCAN_FINISHED, &EventJudge::onScanFinished, true},
-    {Kind::TERMINATING, &EventJudge::onGone, true},
-    {Kind::LOST, &EventJudge::onGone, true},
+    {Kind::AUTHENTICATING, ALWAYS, &EventJudge::onAttempt},
+    {Kind::ASSOCIATING, ALWAYS, &EventJudge::onAttempt},
+    {Kind::WRONG_KEY, OURS, &EventJudge::onWrongKey},
+    {Kind::AUTHENTICATION_REFUSED, OURS, &EventJudge::onAuthenticationRefused},
+    {Kind::ASSOCIATION_REFUSED, OURS, &EventJudge::onAssociationRefused},
+    {Kind::DISCONNECTED, OURS, &EventJudge::onDisconnected},
+    {Kind::TIMED_OUT, OURS, &EventJudge::onNoAnswer},
+    {Kind::SUSPENDED, OURS, &EventJudge::onSuspended},
+    {Kind::EAP_METHOD_REFUSED, OURS, &EventJudge::onMethodRefused},
+    {Kind::EAP_METHOD_CHOSEN, OURS, &EventJudge::onMethodChosen},
+    {Kind::EAP_METHOD_UNUSABLE, OURS, &EventJudge::onMethodUnusable},
+    {Kind::CERTIFICATE_REJECTED, OURS, &EventJudge::onCertificateRejected},
+    {Kind::LOGIN_REFUSED, OURS, &EventJudge::onLoginRefused},
+    {Kind::CREDENTIAL_NEEDED, OURS, &EventJudge::onCredentialNeeded},
+    {Kind::EAP_STATUS, OURS, &EventJudge::onEapStatus},
+    {Kind::EAP_FAILED, OURS, &EventJudge::onEapFailed},
+    {Kind::SCAN_STARTED, ALWAYS, &EventJudge::onScanStarted},
+    {Kind::SCAN_FINISHED, ALWAYS, &EventJudge::onScanFinished},
+    {Kind::TERMINATING, ALWAYS, &EventJudge::onGone},
+    {Kind::LOST, ALWAYS, &EventJudge::onGone},
 };
 // clang-format on
 
@@ -106,12 +110,12 @@ void EventJudge::onAuthenticationRefused(const Event& event) {
 }
 
 void EventJudge::onAssociationRefused(const Event& event) {
-    if (event.code == PROTECTION_REQUIRED)
+    if (event.code == PROTECTION_REQUIRED) {
         fail(Cause::NEEDS_PMF_OR_WPA3,
              "the access point refuses a connection without management frame protection",
              "allow it with platwifi set SSID pmf=optional");
-    else
-        refuse(event, withCode("the access point refuses this device", "status", event));
+    }
+    refuse(event, withCode("the access point refuses this device", "status", event));
 }
 
 void EventJudge::onDisconnected(const Event& event) {
@@ -133,8 +137,10 @@ void EventJudge::onNoAnswer(const Event& /*event*/) {
     m_hadNoAnswer = true;
 }
 
+// An attempt that ends without a refusal had no answer: the supplicant reports nothing else then.
 void EventJudge::onSuspended(const Event& /*event*/) {
     m_isSuspended = true;
+    m_hadNoAnswer = m_hadNoAnswer || m_isOurs;
     if (!m_refusal.empty())
         fail(Cause::REFUSED, m_refusal);
 }
@@ -178,18 +184,19 @@ void EventJudge::onEapStatus(const Event& event) {
 
 // With the method TLS this device logs in by its certificate.
 void EventJudge::onEapFailed(const Event& /*event*/) {
-    if (!m_refusedMethod.empty())
+    if (!m_refusedMethod.empty()) {
         fail(Cause::OTHER_SECURITY,
              "the server proposes " + m_refusedMethod + ", for which the network is not configured",
              "set another method with platwifi set SSID eap=WORD");
-    else if (m_method == "TLS" || !m_serverAlert.empty())
+    }
+    if (m_method == "TLS" || !m_serverAlert.empty()) {
         fail(Cause::LOGIN_REFUSED,
              "the server refuses the identity or the certificate of this device" +
                  (m_serverAlert.empty() ? "" : ": " + printable(m_serverAlert)),
              "correct them with platwifi set SSID eapIdentity=NAME clientCertificate=PATH "
              "privateKeyFile=PATH");
-    else
-        fail(Cause::LOGIN_REFUSED);
+    }
+    fail(Cause::LOGIN_REFUSED);
 }
 
 void EventJudge::onScanStarted(const Event& /*event*/) {

@@ -12,7 +12,7 @@ namespace cli {
 /// networks, such as the one that the interface was connected to before, do not count.
 class EventJudge {
 public:
-    /// @param ssid  the network, in the library's notation
+    /// @param ssid  the network, as the library has it
     explicit EventJudge(std::string ssid);
 
     void onEvent(const Event& event);

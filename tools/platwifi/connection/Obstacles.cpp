@@ -46,6 +46,17 @@ std::string wordIn(const fs::path& file) {
     return word;
 }
 
+// The radio of an adapter has a folder such as rfkill0. `kind` is "hard" or "soft".
+bool isBlocked(const fs::path& adapter, const char* kind) {
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(adapter / "phy80211", error)) {
+        const bool isSwitch = entry.path().filename().string().rfind("rfkill", 0) == 0;
+        if (isSwitch && wordIn(entry.path() / kind) == "1")
+            return true;
+    }
+    return false;
+}
+
 bool isLinkDown(const fs::path& adapter) {
     const std::string flags = wordIn(adapter / "flags");
     return !flags.empty() && (std::strtoul(flags.c_str(), nullptr, 16) & IFF_UP) == 0;
@@ -56,33 +67,28 @@ bool isLinkDown(const fs::path& adapter) {
 std::optional<Diagnosis> missingFile(const WifiNetwork& network) {
     for (const FileField& field : FILES) {
         const char* const path = (network.*field.path)();
-        if (isMissing(path))
-            return Diagnosis{Cause::CERTIFICATE_FILE,
-                             printable(path) + " (" + field.property + ") does not exist",
-                             std::string("put it there, or correct the path with platwifi set "
-                                         "SSID ") +
-                                 field.property + "=PATH"};
+        if (!isMissing(path))
+            continue;
+        const std::string property = field.property;
+        return Diagnosis{
+            Cause::CERTIFICATE_FILE, printable(path) + " (" + property + ") does not exist",
+            "put it there, or correct the path with platwifi set SSID " + property + "=PATH"};
     }
     return std::nullopt;
 }
 
 std::optional<Diagnosis> adapterBlock(const std::string& iface, const std::string& interfaces) {
     const fs::path adapter = fs::path(interfaces) / iface;
-    std::error_code error;
-    for (const auto& entry : fs::directory_iterator(adapter / "phy80211", error)) {
-        if (entry.path().filename().string().rfind("rfkill", 0) != 0)
-            continue;
-        if (wordIn(entry.path() / "hard") == "1")
-            return Diagnosis{Cause::ADAPTER_BLOCKED,
-                             iface + " is blocked by a switch of this device",
-                             "turn that switch; rfkill list shows its state"};
-        if (wordIn(entry.path() / "soft") == "1")
-            return Diagnosis{Cause::ADAPTER_BLOCKED, iface + " is blocked by software (rfkill)",
-                             ""};
+    if (isBlocked(adapter, "hard")) {
+        return Diagnosis{Cause::ADAPTER_BLOCKED, iface + " is blocked by a switch of this device",
+                         "turn that switch; rfkill list shows its state"};
     }
-    if (isLinkDown(adapter))
+    if (isBlocked(adapter, "soft"))
+        return Diagnosis{Cause::ADAPTER_BLOCKED, iface + " is blocked by software (rfkill)", ""};
+    if (isLinkDown(adapter)) {
         return Diagnosis{Cause::ADAPTER_BLOCKED, "the link of " + iface + " is down",
                          "switch it on as root: ip link set " + iface + " up"};
+    }
     return std::nullopt;
 }
 

@@ -78,10 +78,11 @@ std::optional<Diagnosis> diagnosisOf(Fit fit, const std::string& network,
 
 std::optional<Diagnosis> judgeRange(const NetworkSecurity& network,
                                     const std::vector<AccessPointSecurity>& accessPoints) {
-    if (accessPoints.empty())
+    if (accessPoints.empty()) {
         return Diagnosis{Cause::NOT_IN_RANGE, "",
                          network.isHidden ? "see platwifi scan: is it switched on and near enough?"
                                           : ""};
+    }
     Fit best = Fit::OTHER_SECURITY;
     for (const AccessPointSecurity& one : accessPoints)
         best = std::max(best, fitOf(network, one));

@@ -20,8 +20,8 @@ enum class Cause {
 /// What users and programs see of a cause.
 struct CauseEntry {
     Cause cause;
-    const char* word;  ///< in JSON
     int exitStatus;    ///< of the program
+    const char* word;  ///< in JSON
     const char* found; ///< what is wrong, where the supplicant reports nothing more exact
     const char* step;  ///< the next step
 };
