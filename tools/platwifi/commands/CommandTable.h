@@ -17,6 +17,8 @@ enum Takes : unsigned int {
     FULL = 0x20,
     JSON = 0x40,
     NEW_SSID = 0x80, ///< with SSID: one that is not configured yet
+    TOPIC = 0x1000,  ///< the name of a command, or none
+    NO_INTERFACE = 0x2000,
 };
 
 struct Command {
@@ -24,7 +26,8 @@ struct Command {
     unsigned int takes; ///< a set of Takes
     void (*run)(Context& context);
     const char* help;
-    std::string (*epilogue)(); ///< the end of its help
+    std::string (*epilogue)();   ///< the end of its help
+    const char* alias = nullptr; ///< another name
 };
 
 /// All commands, in the order in which the help lists them.

@@ -13,6 +13,7 @@ struct Request {
     std::string ssid;                     ///< as typed; empty without one
     std::vector<std::string> assignments; ///< "NAME=VALUE" each
     unsigned int timeout = 30;            ///< seconds that a connection may take
+    std::string topic;                    ///< the command to explain; empty for the program
     bool json = false;
     bool full = false;
 };
