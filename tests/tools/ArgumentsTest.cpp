@@ -168,6 +168,12 @@ TEST(AnUnknownOption, IsAnsweredWithTheNearestAndWithThoseOfTheCommand) {
                                                         "--json?); "));
 }
 
+TEST(AnUnknownOption, IsShownWhole) {
+    EXPECT_THAT(refusal({"scan", "-json"}), StartsWith("scan has no option -json (did you mean "
+                                                       "--json?); "));
+    EXPECT_THAT(refusal({"-\u00e9"}), StartsWith("there is no option -\u00e9; "));
+}
+
 TEST(AnUnknownOption, IsNotMistakenForAnArgumentBehindTwoHyphens) {
     EXPECT_THAT(refusal({"status", "--", "--jsno"}),
                 AllOf(HasSubstr("not expected: --jsno"), HasSubstr("platwifi status --help")));

@@ -51,6 +51,13 @@ TEST_F(Help, IsRefusedForAnUnknownCommand) {
                   2);
 }
 
+TEST_F(Help, TakesNoInterface) {
+    expectFailure(platwifi({"-i", "wlan0", "help"}),
+                  "help has no option -i; the options are "
+                  "--help, -h; platwifi help --help",
+                  2);
+}
+
 TEST_F(Help, NeedsNoSupplicant) {
     of({"help"});
     EXPECT_THAT(host.calls(), IsEmpty());

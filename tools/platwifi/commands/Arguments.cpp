@@ -109,10 +109,6 @@ std::unique_ptr<CLI::App> parserInto(Request& request) {
     return app;
 }
 
-const CLI::App& chosen(const CLI::App& app) {
-    return *app.get_subcommands().front();
-}
-
 // An SSID that is given is checked, also an empty one; one that is left out is not.
 void checkSsid(const CLI::App& command, const Request& request) {
     const CLI::Option* const argument = command.get_option_no_throw("SSID");
@@ -135,7 +131,7 @@ bool isOption(const std::string& word) {
     return word.size() > 1 && word[0] == '-';
 }
 
-// Without the value that may stand in the same word.
+// The option without the value that may stand in the same word.
 std::string optionName(const std::string& word) {
     return word[1] == '-' ? word.substr(0, word.find('=')) : word.substr(0, 2);
 }
@@ -149,7 +145,7 @@ Words namesOf(const std::vector<Option>& options) {
 
 // The message about an option that the command, or for "" every command, does not have.
 std::string unknownOption(const std::string& command, const std::string& word) {
-    const std::string name = optionName(word);
+    const std::string name = word.substr(0, word.find('='));
     const Words known = namesOf(optionsOf(command));
     return (command.empty() ? "there is" : command + " has") + " no option " + printable(name) +
            didYouMean(name, known) + "; the options are " + listOf(known) + "; platwifi " +
@@ -237,10 +233,11 @@ const Command* readArguments(int count, char* arguments[], Request& request) {
     } catch (const CLI::ParseError& error) {
         if (!command)
             refuse(words);
-        refuse(chosen(*app), error);
+        refuse(*app->get_subcommand(command->name), error);
     }
-    requireOnce(chosen(*app));
-    checkSsid(chosen(*app), request);
+    const CLI::App& chosen = *app->get_subcommands().front();
+    requireOnce(chosen);
+    checkSsid(chosen, request);
     return command;
 }
 
