@@ -72,6 +72,10 @@ TEST_F(Fish, ContinuesInOpenQuotes) {
     EXPECT_THAT(completions("platwifi show 'My N"), ElementsAre("'My Net'"));
     EXPECT_THAT(completions("platwifi show \"My N"), ElementsAre("\"My Net\""));
     EXPECT_THAT(completions("platwifi show My\\ N"), ElementsAre(R"(My\ Net)"));
+    EXPECT_THAT(completions("platwifi set home 'key_mgmt=WPA-E"),
+                ElementsAre("'key_mgmt=WPA-EAP'"));
+    EXPECT_THAT(completions("platwifi set home \"key_mgmt=WPA-E"),
+                ElementsAre("\"key_mgmt=WPA-EAP\""));
 }
 
 TEST_F(Fish, CompletesPropertiesAndTheirWords) {
