@@ -24,5 +24,6 @@ void roam(Context& context);
 void writeXml(Context& context);
 void dump(Context& context);
 void doctor(Context& context);
+void showHelp(Context& context);
 
 } // namespace cli

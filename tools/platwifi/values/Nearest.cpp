@@ -10,7 +10,8 @@ constexpr std::size_t LETTERS_PER_MISTAKE = 3;
 constexpr std::size_t MAX_MISTAKES = 3;
 constexpr std::size_t MIN_ABBREVIATION = 3;
 
-using Row = std::vector<std::size_t>;
+// Row i, column j: how far the first i letters of one word are from the first j of the other.
+using Distances = std::vector<std::vector<std::size_t>>;
 
 std::size_t longerSize(const std::string& one, const std::string& other) {
     return std::max(one.size(), other.size());
@@ -32,26 +33,23 @@ bool isSwapped(const std::string& from, const std::string& to, std::size_t i, st
     return i > 1 && j > 1 && from[i - 1] == to[j - 2] && from[i - 2] == to[j - 1];
 }
 
-// The distance of Damerau and Levenshtein in which no letter is changed twice. Row i has the distances of
-// the first i letters of `from` to each beginning of `to`.
+std::size_t nextDistance(const Distances& known, const std::string& from, const std::string& to,
+                         std::size_t i, std::size_t j) {
+    if (i == 0 || j == 0)
+        return i + j;
+    const std::size_t replaced = known[i - 1][j - 1] + (from[i - 1] == to[j - 1] ? 0 : 1);
+    const std::size_t fewest = std::min({known[i - 1][j] + 1, known[i][j - 1] + 1, replaced});
+    return isSwapped(from, to, i, j) ? std::min(fewest, known[i - 2][j - 2] + 1) : fewest;
+}
+
+// The distance of Damerau and Levenshtein in which no letter is changed twice.
 std::size_t distance(const std::string& from, const std::string& to) {
-    Row beforeLast;
-    Row last;
-    Row row(to.size() + 1);
-    for (std::size_t j = 0; j <= to.size(); ++j)
-        row[j] = j;
-    for (std::size_t i = 1; i <= from.size(); ++i) {
-        beforeLast = last;
-        last = row;
-        row[0] = i;
-        for (std::size_t j = 1; j <= to.size(); ++j) {
-            const std::size_t replaced = last[j - 1] + (from[i - 1] == to[j - 1] ? 0 : 1);
-            row[j] = std::min({last[j] + 1, row[j - 1] + 1, replaced});
-            if (isSwapped(from, to, i, j))
-                row[j] = std::min(row[j], beforeLast[j - 2] + 1);
-        }
+    Distances distances(from.size() + 1, std::vector<std::size_t>(to.size() + 1));
+    for (std::size_t i = 0; i <= from.size(); ++i) {
+        for (std::size_t j = 0; j <= to.size(); ++j)
+            distances[i][j] = nextDistance(distances, from, to, i, j);
     }
-    return row.back();
+    return distances.back().back();
 }
 
 bool isAbbreviation(const std::string& word, const std::string& known) {
