@@ -43,6 +43,11 @@ TEST_F(ManagersCheck, AcceptsANetworkManagerThatIgnoresTheInterface) {
     setProcesses(NETWORK_MANAGER);
     setManaged("false");
     EXPECT_THAT(cli::checkManagers(""), isGood());
+    putFile(STATE, "[device]\nnm-owned=false\n"); // its configuration excludes the interface
+    EXPECT_THAT(cli::checkManagers(""), isGood());
+    std::filesystem::remove(STATE);
+    putFile("/run/NetworkManager/devices/2", "[device]\nmanaged=true\n");
+    EXPECT_THAT(cli::checkManagers(""), isGood()) << "it has never managed the interface";
 }
 
 TEST_F(ManagersCheck, IgnoresWhatNetworkManagerHasLeftBehind) {
@@ -54,8 +59,9 @@ TEST_F(ManagersCheck, NotesANetworkManagerThatDoesNotShowWhatItManages) {
     setProcesses(NETWORK_MANAGER);
     EXPECT_THAT(cli::checkManagers(""),
                 isNote(HasSubstr("does not show whether it manages wlan0")));
-    setManaged("perhaps");
-    EXPECT_THAT(cli::checkManagers(""), isNote());
+    putFile("/run/NetworkManager/devices/2", "[device]\nmanaged=true\n");
+    std::filesystem::remove(SYSTEM_FOLDER + "/ifindex"); // the interface is not there now
+    EXPECT_THAT(cli::checkManagers(""), isGood());
 }
 
 TEST_F(ManagersCheck, NotesManagersThatShowNoInterfaces) {

@@ -24,17 +24,16 @@ std::string nameOf(const std::string& iface) {
     return iface.empty() ? "the interface" : iface;
 }
 
-// NetworkManager writes down of each interface whether it manages that.
+// NetworkManager keeps a file of each interface that it manages or has managed.
 Finding networkManager(const std::string& iface, const Commands& commands) {
     if (!isRunning("NetworkManager", commands))
         return good("");
-    const std::string file = fileByIndex(NETWORK_MANAGER_STATE, iface);
-    const std::string isManaged = file.empty() ? "" : valueIn(file, "managed");
     const std::string step = "let it ignore the interface, as root: nmcli device set " +
                              (iface.empty() ? "INTERFACE" : iface) + " managed no" + PAGE;
-    if (isManaged == "true")
+    const std::string file = fileByIndex(NETWORK_MANAGER_STATE, iface);
+    if (!file.empty() && valueIn(file, "managed") == "true")
         return bad("NetworkManager manages " + iface + ", too", step);
-    if (isManaged == "false")
+    if (!iface.empty() && !namesIn(NETWORK_MANAGER_STATE).empty())
         return good("");
     return note("NetworkManager is running, and does not show whether it manages " + nameOf(iface),
                 step);
