@@ -6,11 +6,9 @@ namespace cli {
 namespace {
 
 enum class Kind {
-    PROGRAM,          ///< an obstacle: without this program nothing can be asked
-    OBSTACLE,         ///< if it is bad, the supplicant cannot be reached
-    NEEDS_PROGRAMS,   ///< runs only if all programs are there
-    NEEDS_SUPPLICANT, ///< runs only if there is no obstacle
-    INDEPENDENT       ///< always runs
+    OBSTACLE,   ///< if it is bad, the supplicant cannot be reached
+    DEPENDENT,  ///< like an obstacle, runs only if none was found before it
+    INDEPENDENT ///< always runs
 };
 
 struct Check {
@@ -21,18 +19,18 @@ struct Check {
 
 constexpr Check CHECKS[] = {
     {"profile", Kind::INDEPENDENT, checkProfile},
-    {"client", Kind::PROGRAM, checkClient},
-    {"process lister", Kind::PROGRAM, checkProcessLister},
+    {"client", Kind::OBSTACLE, checkClient},
+    {"process lister", Kind::OBSTACLE, checkProcessLister},
     {"radio", Kind::INDEPENDENT, checkRadio},
-    {"other managers", Kind::NEEDS_PROGRAMS, checkManagers},
+    {"other managers", Kind::DEPENDENT, checkManagers},
     {"supplicant", Kind::OBSTACLE, checkProcess},
     {"control socket", Kind::OBSTACLE, checkControlSocket},
     {"reply", Kind::OBSTACLE, checkReply},
     {"interface", Kind::OBSTACLE, checkInterface},
-    {"update_config", Kind::NEEDS_SUPPLICANT, checkSaving},
-    {"configuration", Kind::NEEDS_SUPPLICANT, checkConfiguration},
-    {"country", Kind::NEEDS_SUPPLICANT, checkCountry},
-    {"address", Kind::NEEDS_SUPPLICANT, checkAddress},
+    {"update_config", Kind::DEPENDENT, checkSaving},
+    {"configuration", Kind::DEPENDENT, checkConfiguration},
+    {"country", Kind::DEPENDENT, checkCountry},
+    {"address", Kind::DEPENDENT, checkAddress},
     {"key file", Kind::INDEPENDENT, checkKeyFile},
     {"shared memory", Kind::INDEPENDENT, checkSharedMemory},
     {"pid file", Kind::INDEPENDENT, checkPidFile},
@@ -44,50 +42,30 @@ Finding findingOf(const Check& check, const std::string& iface) {
     return finding;
 }
 
-bool isObstacle(const Check& check) {
-    return check.kind == Kind::PROGRAM || check.kind == Kind::OBSTACLE;
+bool blocks(const Check& check, const Finding& finding) {
+    return check.kind == Kind::OBSTACLE && finding.health == Health::BAD;
 }
-
-/// The obstacles that were found so far.
-class Obstacles {
-public:
-    bool leaveOut(const Check& check) const {
-        if (check.kind == Kind::INDEPENDENT)
-            return false;
-        return check.kind == Kind::NEEDS_PROGRAMS ? m_lacksProgram : m_any;
-    }
-
-    void add(const Check& check, const Finding& finding) {
-        const bool isBad = finding.health == Health::BAD;
-        m_any = m_any || (isBad && isObstacle(check));
-        m_lacksProgram = m_lacksProgram || (isBad && check.kind == Kind::PROGRAM);
-    }
-
-private:
-    bool m_any = false;
-    bool m_lacksProgram = false;
-};
 
 } // namespace
 
 std::vector<Finding> examine(const std::string& iface) {
     std::vector<Finding> findings;
-    Obstacles obstacles;
+    bool isBlocked = false;
     for (const Check& check : CHECKS) {
-        if (obstacles.leaveOut(check))
+        if (isBlocked && check.kind != Kind::INDEPENDENT)
             continue;
         findings.push_back(findingOf(check, iface));
-        obstacles.add(check, findings.back());
+        isBlocked = isBlocked || blocks(check, findings.back());
     }
     return findings;
 }
 
 std::optional<Finding> obstacle(const std::string& iface) {
     for (const Check& check : CHECKS) {
-        if (!isObstacle(check))
+        if (check.kind != Kind::OBSTACLE)
             continue;
         const Finding finding = findingOf(check, iface);
-        if (finding.health == Health::BAD)
+        if (blocks(check, finding))
             return finding;
     }
     return std::nullopt;
