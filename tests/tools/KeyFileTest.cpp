@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 using testing::Contains;
-using testing::HasSubstr;
 
 namespace {
 

@@ -56,8 +56,9 @@ bool isIgnoredByNetworkd(const std::string& iface) {
 
 // "" if none is running that may serve the interface.
 std::string dhcpClientFor(const std::string& iface, const std::vector<Words>& commands) {
-    for (const std::string client : DHCP_CLIENTS) {
-        if (isRunning(client, commands) && (client != NETWORKD || !isIgnoredByNetworkd(iface)))
+    for (const char* const client : DHCP_CLIENTS) {
+        const bool isIgnoring = client == std::string(NETWORKD) && isIgnoredByNetworkd(iface);
+        if (isRunning(client, commands) && !isIgnoring)
             return client;
     }
     return "";
@@ -82,6 +83,15 @@ std::string masterOf(const std::string& iface) {
     return valueIn(systemFolderOf(iface) + "/master/uevent", "INTERFACE");
 }
 
+// @param address  of the link, or ""
+Finding missing(const std::string& iface, const std::string& address) {
+    const std::string found = address.empty()
+                                  ? iface + " is connected, but has no address"
+                                  : iface + " has only the address " + address +
+                                        ", which it gave to itself: no DHCP server has answered";
+    return bad(found, nextStep(iface));
+}
+
 } // namespace
 
 Finding checkAddress(const std::string& iface) {
@@ -97,11 +107,7 @@ Finding checkAddress(const std::string& iface) {
     const std::string master = masterOf(asked);
     if (!master.empty())
         return good(asked + " is a part of " + master);
-    if (isLinkLocal(address))
-        return bad(asked + " has only the address " + address +
-                       ", which it gave to itself: no DHCP server has answered",
-                   nextStep(asked));
-    return bad(asked + " is connected, but has no address", nextStep(asked));
+    return missing(asked, address);
 }
 
 } // namespace cli

@@ -14,7 +14,7 @@ namespace {
 std::string configurationFor(const std::string& iface) {
     std::string first;
     for (const Words& command : supplicantsAmong(runningCommands())) {
-        const std::string file = optionOf(command, "-c");
+        std::string file = optionOf(command, "-c");
         if (!file.empty() && optionOf(command, "-i") == iface)
             return file;
         if (first.empty())

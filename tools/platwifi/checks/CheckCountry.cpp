@@ -50,17 +50,19 @@ Finding checkCountry(const std::string& iface) {
     const std::string asked = interfaceFor(iface);
     const std::string country = countryIn(clientReply(asked, "get", "country"));
     const Band band = bandIn(clientReply(asked, "get_capability", "freq"));
-    if (country.empty() && band != Band::OPEN)
+    if (country.empty() && band != Band::OPEN) {
         return note(
             "is not set: by the rules for the whole world (00), access points at 5 and 6 GHz "
             "may stay hidden",
             "put country= and the code of your country, such as country=DE, into the "
             "supplicant's configuration, then restart it");
-    if (band == Band::RESTRICTED)
+    }
+    if (band == Band::RESTRICTED) {
         return note(
             "is " + country + ", but the system still restricts every channel at 5 GHz",
             "see iw reg get; install the rules of the countries (on Debian: apt-get install "
             "wireless-regdb), then restart the system");
+    }
     return good(country.empty() ? "is not set, but 5 GHz is open" : "is " + country);
 }
 

@@ -61,12 +61,13 @@ Finding connman(const std::string& iface, const Commands& commands) {
 Finding netplan(const std::string&, const Commands& commands) {
     for (const Words& supplicant : supplicantsAmong(commands)) {
         const std::string file = optionOf(supplicant, "-c");
-        if (startsWith(file, NETPLAN_FOLDER))
+        if (startsWith(file, NETPLAN_FOLDER)) {
             return note("netplan has started the supplicant, and makes its configuration " + file +
                             " anew at each start of the system: saved changes are lost then",
                         std::string("remove the interface from the files in /etc/netplan, and "
                                     "start the supplicant by a unit") +
                             PAGE);
+        }
     }
     return good("");
 }

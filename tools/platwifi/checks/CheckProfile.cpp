@@ -27,10 +27,11 @@ Finding checkProfile(const std::string&) {
     if (asked == "modern")
         return good(asked);
     const std::string step = std::string("unset ") + VARIABLE + ", or set it to modern";
-    if (asked != "device")
+    if (asked != "device") {
         return bad(std::string(VARIABLE) + " is " + asked +
                        ", which is no profile: the rules of the profile device apply",
                    step);
+    }
     return note("device: names, signals and channels follow the rules of the device",
                 step + " for the rules of today's networks");
 }

@@ -50,7 +50,7 @@ std::string systemFolderOf(const std::string& iface) {
 }
 
 std::string examinedInterface(const std::string& iface) {
-    const std::string served = interfaceFor(iface);
+    std::string served = interfaceFor(iface);
     if (!served.empty())
         return served;
     const std::vector<std::string> all = namesIn(INTERFACES);
