@@ -72,25 +72,25 @@ TEST_F(Fish, ContinuesInOpenQuotes) {
     EXPECT_THAT(completions("platwifi show 'My N"), ElementsAre("'My Net'"));
     EXPECT_THAT(completions("platwifi show \"My N"), ElementsAre("\"My Net\""));
     EXPECT_THAT(completions("platwifi show My\\ N"), ElementsAre(R"(My\ Net)"));
-    EXPECT_THAT(completions("platwifi set home 'key_mgmt=WPA-E"),
-                ElementsAre("'key_mgmt=WPA-EAP'"));
-    EXPECT_THAT(completions("platwifi set home \"key_mgmt=WPA-E"),
-                ElementsAre("\"key_mgmt=WPA-EAP\""));
+    EXPECT_THAT(completions("platwifi set home 'key_mgmt=WPA-N"),
+                ElementsAre("'key_mgmt=WPA-NONE'"));
+    EXPECT_THAT(completions("platwifi set home \"key_mgmt=WPA-N"),
+                ElementsAre("\"key_mgmt=WPA-NONE\""));
 }
 
 TEST_F(Fish, CompletesPropertiesAndTheirWords) {
     EXPECT_THAT(completions("platwifi set home prio"), ElementsAre("priority="));
-    EXPECT_THAT(completions("platwifi --json set 'My Net' key_mgmt=WPA-E"),
-                ElementsAre("key_mgmt=WPA-EAP"));
+    EXPECT_THAT(completions("platwifi --json set 'My Net' key_mgmt=WPA-N"),
+                ElementsAre("key_mgmt=WPA-NONE"));
 }
 
 TEST_F(Fish, CompletesFilesOnlyWhereTheProgramTakesThem) {
-    ASSERT_EQ(mkdir("/tmp/one file", 0700), 0);
-    std::ofstream("/tmp/one file/a key");
-    EXPECT_THAT(completions("platwifi set home psk=@/tmp/one"),
-                ElementsAre(R"(psk=@/tmp/one\ file/)"));
-    EXPECT_THAT(completions("cat /tmp/one"), Contains(R"(/tmp/one\ file/)")) << "of fish itself";
-    EXPECT_THAT(completions("platwifi set home /tmp/one"), IsEmpty());
+    ASSERT_EQ(mkdir("/tmp/keys files", 0700), 0);
+    std::ofstream("/tmp/keys files/a key");
+    EXPECT_THAT(completions("platwifi set home psk=@/tmp/keys"),
+                ElementsAre(R"(psk=@/tmp/keys\ files/)"));
+    EXPECT_THAT(completions("cat /tmp/keys"), Contains(R"(/tmp/keys\ files/)")) << "of fish itself";
+    EXPECT_THAT(completions("platwifi set home /tmp/keys"), IsEmpty());
 }
 
 TEST_F(Fish, PrintsNothingWithoutASupplicant) {

@@ -71,15 +71,15 @@ TEST_F(TabInZsh, ContinuesInQuotesAndClosesThem) {
 
 TEST_F(TabInZsh, CompletesAPropertyWithoutABlankAndItsWords) {
     EXPECT_EQ(argumentsAfter("platwifi set home prio\t5"), "<set> <home> <priority=5>");
-    EXPECT_EQ(argumentsAfter("platwifi set home key_m\tWPA-E\tx"),
-              "<set> <home> <key_mgmt=WPA-EAP> <x>");
+    EXPECT_EQ(argumentsAfter("platwifi set home key_m\tWPA-N\tx"),
+              "<set> <home> <key_mgmt=WPA-NONE> <x>");
 }
 
 TEST_F(TabInZsh, CompletesTheFileOfASecret) {
-    mkdir("/tmp/one file", 0700);
-    std::ofstream("/tmp/one file/a key");
-    EXPECT_EQ(argumentsAfter("platwifi set home psk=@/tmp/one\t\tx"),
-              "<set> <home> <psk=@/tmp/one file/a key> <x>");
+    mkdir("/tmp/zsh files", 0700);
+    std::ofstream("/tmp/zsh files/a key");
+    EXPECT_EQ(argumentsAfter("platwifi set home psk=@/tmp/zsh\t\tx"),
+              "<set> <home> <psk=@/tmp/zsh files/a key> <x>");
 }
 
 TEST_F(TabInZsh, WorksBehindAnotherCommandAndAVariable) {
