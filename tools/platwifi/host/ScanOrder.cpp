@@ -1,7 +1,5 @@
 #include "host/ScanOrder.h"
 
-#include "host/Ssid.h"
-
 #include <algorithm>
 
 namespace cli {
@@ -12,7 +10,7 @@ using R = ScanResult;
 // clang-format off
 const std::vector<ScanOrder> ORDERS = {
     {"signal", [](const R& one, const R& other) { return one.signal > other.signal; }},
-    {"ssid", [](const R& one, const R& other) { return bytesOfSsid(one.ssid) < bytesOfSsid(other.ssid); }},
+    {"ssid", [](const R& one, const R& other) { return one.ssid < other.ssid; }},
     {"channel", [](const R& one, const R& other) { return one.frequency < other.frequency; }}, // a band has one range
     {"security", [](const R& one, const R& other) { return securityOf(one.flags) < securityOf(other.flags); }},
 };
