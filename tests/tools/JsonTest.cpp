@@ -129,12 +129,6 @@ TEST_F(Json, ShowsWhatWasAdded) {
     EXPECT_EQ(of({"add", "cafe", "key_mgmt=NONE"}), json({{"ssid", "cafe"}, {"done", "added"}}));
 }
 
-TEST_F(Json, ShowsAConnection) {
-    on({"status"}).prints("ssid=home\nid=0\nwpa_state=COMPLETED\n");
-    serve({"home"});
-    EXPECT_EQ(of({"connect", "home"}), json({{"ssid", "home"}, {"state", "COMPLETED"}}));
-}
-
 TEST_F(Json, IsNotPrintedAfterAFailure) {
     serve({});
     expectFailure(test::platwifi({"show", "home", "--json"}), "there is no network home");

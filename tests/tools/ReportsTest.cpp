@@ -149,7 +149,7 @@ TEST_F(Reports, HaveHelpFor80Columns) {
     std::vector<test::Arguments> helps{{"--help"}};
     for (const cli::Command& command : cli::commands())
         helps.push_back({command.name, "--help"});
-    ASSERT_EQ(helps.size(), 16u);
+    ASSERT_EQ(helps.size(), 17u);
     for (const test::Arguments& arguments : helps) {
         const std::string help = of(arguments);
         for (const std::string& line : test::linesOf(help))
@@ -161,7 +161,7 @@ TEST_F(Reports, HaveHelpFor80Columns) {
 }
 
 TEST_F(Reports, ShowTheVersion) {
-    EXPECT_THAT(of({"--version"}), testing::MatchesRegex("[0-9.]+\n"));
+    EXPECT_THAT(of({"--version"}), testing::MatchesRegex("platwifi [0-9.]+\n"));
 }
 
 } // namespace

@@ -14,8 +14,11 @@ struct Request {
     std::vector<std::string> assignments; ///< "NAME=VALUE" each
     unsigned int timeout = 30;            ///< seconds that a connection may take
     std::string sort = "signal";          ///< a name of scanOrders()
+    std::string topic;                    ///< the command to explain; empty for the program
     bool json = false;
     bool full = false;
+    bool hidden = false; ///< the access point does not send its SSID
+    std::string eap;     ///< a method; empty without one
 };
 
 struct Member;
