@@ -78,7 +78,7 @@ TEST_F(Json, ShowsANetworkWithoutItsSecrets) {
     EXPECT_EQ(shown["eapIdentity"], "me");
     EXPECT_EQ(shown["index"], 0);
     EXPECT_EQ(shown["ssidBroadcasted"], false);
-    EXPECT_EQ(shown.size(), 35u);
+    EXPECT_EQ(shown.size(), 36u);
 }
 
 TEST_F(Json, ListsTheScanStrongestFirst) {

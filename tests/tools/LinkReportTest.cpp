@@ -87,7 +87,7 @@ TEST(TheReportOfALink, HasNullForWhatIsNotReported) {
 
 TEST(TheReportOfALink, HasAMemberForEachValue) {
     LinkState state;
-    state.ssid = "caf\\xc3\\xa9";
+    state.ssid = "café";
     state.link = wholeLink();
     const Value value = valueOf(state);
     const Record wanted = {{"ssid", "café"},         {"bssid", "02:00:00:00:01:00"},

@@ -3,6 +3,7 @@
 #include "TextLines.h"
 #include "host/Addresses.h"
 #include "host/ConnectedTime.h"
+#include "settings/replies/PrintedSsid.h"
 
 #include <arpa/inet.h>
 #include <fstream>
@@ -124,7 +125,7 @@ TEST(ALink, HasAWordForManagementFrameProtection) {
 TEST(ALink, IsNotMistakenInAnOddSsid) {
     const std::string line = "ssid=ssid=freq=1\\nbssid=x=";
     const LinkState state = LinkState::of(line + "\n" + without("ssid", STATUS), SIGNAL);
-    EXPECT_EQ(state.ssid, "ssid=freq=1\\nbssid=x=");
+    EXPECT_EQ(state.ssid, "ssid=freq=1\nbssid=x=");
     EXPECT_EQ(valuesOf(*state.link), ALL);
 }
 
@@ -186,9 +187,9 @@ TEST(ALink, IsReadFromEveryRecordedReply) {
         const LinkState state = LinkState::of(one.status, one.signal);
         ASSERT_TRUE(state.link) << one.heading;
         const Link& link = *state.link;
-        EXPECT_EQ(one.heading, "# Connected: ssid=" + state.ssid + " bssid=" + link.bssid +
-                                   " key_mgmt=" + link.keyManagement + " pmf=" + pmf.at(link.pmf) +
-                                   " wpa_state=COMPLETED");
+        EXPECT_EQ(one.heading, "# Connected: ssid=" + platwifi::printedSsid(state.ssid) +
+                                   " bssid=" + link.bssid + " key_mgmt=" + link.keyManagement +
+                                   " pmf=" + pmf.at(link.pmf) + " wpa_state=COMPLETED");
         EXPECT_TRUE(link.frequency && link.signal && link.speed) << one.heading;
         EXPECT_EQ(link.pairwiseCipher, link.groupCipher) << one.heading;
         EXPECT_EQ(link.ipv4, "");

@@ -88,6 +88,15 @@ TEST_F(TheScan, HasTheMarksForPrograms) {
     EXPECT_THAT(members("band"), ElementsAre("5 GHz", "6 GHz", "2.4 GHz", "2.4 GHz"));
 }
 
+TEST_F(TheScan, HasWholeSsidsThatTheDriverHandsOutInPieces) {
+    std::string ssid;
+    for (int i = 0; i < 8; ++i)
+        ssid += "\\xf0\\x9f\\x98\\x80";
+    find({ssid}, "02:00:00:00:09:00\t2462\t-30\t[WPA2-PSK-CCMP][ESS]\t" + ssid + "\n" + FOUND);
+    EXPECT_EQ(members("ssid")[0], "😀😀😀😀😀😀😀😀");
+    EXPECT_THAT(members("saved"), ElementsAre(true, false, false, false, false));
+}
+
 TEST_F(TheScan, IsSortedAsItIsAskedFor) {
     find({});
     EXPECT_THAT(members("signal"), ElementsAre(-30, -55, -81, -90));

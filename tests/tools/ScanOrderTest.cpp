@@ -18,7 +18,7 @@ std::vector<std::string> sorted(const std::string& order) {
         result("far", 2412, -80, "[WPA2-PSK-CCMP][ESS]", "home"),
         result("near", 5180, -30, "[WPA2-PSK-CCMP][ESS]", "home"),
         result("hidden", 5955, -60, "[WPA2-SAE-CCMP][ESS]", ""),
-        result("bytes", 2484, -50, "[WEP][ESS]", "\\xc3\\xa9"),
+        result("bytes", 2484, -50, "[WEP][ESS]", "é"),
         result("open", 2412, -40, "[ESS]", "cafe"),
     };
     sortBy(order, results);

@@ -11,40 +11,37 @@
 #include "host/ScanOrder.h"
 #include "host/ScanResult.h"
 #include "host/Ssid.h"
-#include "jni/ServiceFunctions.h"
 #include "model/Radio.h"
 #include "process/ResultFiles.h"
+#include "settings/replies/WholeLines.h"
+#include "supplicant/WifiUtil.h"
 
 #include <algorithm>
 #include <iostream>
 #include <iterator>
-#include <memory>
 #include <pthread.h>
 
 namespace cli {
 namespace {
 
-constexpr unsigned char MAX_RESULTS = 255;
+constexpr std::size_t MAX_RESULTS = 255; // that the library reads
 
 using Results = std::vector<ScanResult>;
 
-void addTo(Results& results, char* line) {
-    const std::unique_ptr<char[]> owner(line);
-    if (auto result = line ? ScanResult::of(line) : std::nullopt)
-        results.push_back(std::move(*result));
-}
-
+// The flat function of the library cuts long lines, and with them the SSID at their end.
 Results inRange(Host& host) {
-    char** list = nullptr;
-    unsigned char count = 0;
-    const bool ok =
-        discoverNetworks(nullptr, host.iface().c_str(), &list, MAX_RESULTS, &count) != 0;
-    const std::unique_ptr<char*[]> owner(list);
+    const std::string& iface = host.iface();
+    platwifi::Lines lines;
+    const bool ok = driver().scanNetworks(iface.c_str()) &&
+                    platwifi::queryScan(driver(), iface.c_str(), lines, MAX_RESULTS);
     removeFiles(resultsOf(pthread_self())); // the library keeps that of the last scan
     if (!ok)
-        throw Failure(host.iface() + " cannot be scanned; platwifi doctor tells more");
+        throw Failure(iface + " cannot be scanned; platwifi doctor tells more");
     Results results;
-    std::for_each(list, list + count, [&](char* line) { addTo(results, line); });
+    for (const std::string& line : lines) {
+        if (auto result = ScanResult::of(line))
+            results.push_back(std::move(*result));
+    }
     return results;
 }
 

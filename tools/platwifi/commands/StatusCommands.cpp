@@ -59,8 +59,9 @@ void print(const Rows& rows, const Console& console) {
     for (const auto& [label, value] : rows)
         longest = std::max(longest, label.size());
     for (const auto& [label, value] : rows) {
-        const std::string gap(longest - label.size() + GAP, ' ');
-        std::cout << cutTo(label + ":" + gap + value, console.width) << '\n';
+        std::string line = label + ":";
+        line.append(longest - label.size() + GAP, ' ');
+        std::cout << cutTo(line += value, console.width) << '\n';
     }
 }
 

@@ -4,6 +4,7 @@
 #include "host/Addresses.h"
 #include "host/ConnectedTime.h"
 #include "model/Vocabulary.h"
+#include "settings/replies/PrintedSsid.h"
 
 #include <charconv>
 #include <sstream>
@@ -81,7 +82,7 @@ Link linkOf(const std::string& status, const std::string& signal) {
 LinkState LinkState::of(const std::string& status, const std::string& signal) {
     LinkState state;
     state.state = stateOf(valueOf("wpa_state", status));
-    state.ssid = valueOf("ssid", status);
+    state.ssid = platwifi::bytesOfPrinted(valueOf("ssid", status));
     if (state.state == WPA_STATE_COMPLETED)
         state.link = linkOf(status, signal);
     return state;

@@ -26,7 +26,7 @@ struct Link {
 /// What the supplicant does on an interface.
 struct LinkState {
     WpaState state = WPA_STATE_UNKNOWN;
-    std::string ssid;         ///< in the client's notation; "" where it is on no network
+    std::string ssid;         ///< its bytes; "" where it is on no network
     std::optional<Link> link; ///< where it is connected
 
     /// Reads the client's replies to `status` and `signal_poll`, of which the latter counts only where there

@@ -1,6 +1,5 @@
 #include "host/ScanOrder.h"
 
-
 #include <algorithm>
 
 namespace cli {
