@@ -51,9 +51,8 @@ bool isSameWord(const char* one, const std::string& other) {
 
 std::string eapError(const std::string& text) {
     constexpr const char* METHODS[] = {"PEAP", "TTLS", "TLS"};
-    const bool isKnown = std::any_of(std::begin(METHODS), std::end(METHODS), [&](const char* word) {
-        return isSameWord(word, text);
-    });
+    const bool isKnown = std::any_of(std::begin(METHODS), std::end(METHODS),
+                                     [&](const char* word) { return isSameWord(word, text); });
     return isKnown ? "" : "it takes PEAP, TTLS or TLS; for other methods give eap=WORD";
 }
 
