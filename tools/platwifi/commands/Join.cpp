@@ -194,7 +194,7 @@ private:
         const Results found = withSsid(all, m_ssid);
         if (found.empty())
             failNotInRange(m_ssid, all, visibility);
-        const Security security = securityOfAll(found);
+        Security security = securityOfAll(found);
         if (line)
             line->add(security.name + ", " + std::to_string(strongest(found).signal) + " dBm");
         return security;

@@ -5,7 +5,6 @@
 #include "model/Vocabulary.h"
 #include "model/WifiNetwork.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <vector>
 
