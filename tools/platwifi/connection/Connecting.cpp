@@ -33,11 +33,13 @@ constexpr std::chrono::seconds POLL_PERIOD{1};
 // One scan can miss the beacon of an access point.
 constexpr int DECISIVE_SCANS = 2;
 
+std::string foundBy(const Diagnosis& diagnosis) {
+    return diagnosis.found.empty() ? entryOf(diagnosis.cause).found : diagnosis.found;
+}
+
 std::string messageOf(const Diagnosis& diagnosis, const std::string& ssid) {
-    const CauseEntry& entry = entryOf(diagnosis.cause);
-    return shownSsid(ssid) +
-           " is not connected: " + (diagnosis.found.empty() ? entry.found : diagnosis.found) +
-           "; " + (diagnosis.step.empty() ? entry.step : diagnosis.step);
+    return shownSsid(ssid) + " is not connected: " + foundBy(diagnosis) + "; " +
+           (diagnosis.step.empty() ? entryOf(diagnosis.cause).step : diagnosis.step);
 }
 
 // The word that the line of states gets for an event; null for none.
@@ -226,7 +228,8 @@ void Attempt::failAtTimeout() {
 ConnectionFailure::ConnectionFailure(const Diagnosis& diagnosis, std::string network,
                                      WpaState lastState)
     : Failure(messageOf(diagnosis, network), entryOf(diagnosis.cause).exitStatus),
-      cause(diagnosis.cause), ssid(std::move(network)), state(lastState) {}
+      cause(diagnosis.cause), found(foundBy(diagnosis)), ssid(std::move(network)),
+      state(lastState) {}
 
 Clock::duration connectAndWait(Context& context, Host& host, const std::string& ssid) {
     try {

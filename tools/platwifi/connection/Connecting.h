@@ -16,8 +16,9 @@ struct ConnectionFailure : Failure {
     ConnectionFailure(const Diagnosis& diagnosis, std::string network, WpaState lastState);
 
     Cause cause;
-    std::string ssid; ///< as the library has it
-    WpaState state;   ///< the last that the supplicant reported
+    std::string found; ///< what is wrong
+    std::string ssid;  ///< as the library has it
+    WpaState state;    ///< the last that the supplicant reported
 };
 
 /// Connects to a configured network, and waits until the connection stands. On standard output it shows the

@@ -1,5 +1,6 @@
 #include "connection/NetworkSecurity.h"
 
+#include "host/ScanFlags.h"
 #include "host/ScanResult.h"
 #include "model/Vocabulary.h"
 #include "model/WifiNetwork.h"
@@ -14,60 +15,6 @@ namespace {
 using platwifi::Word;
 
 constexpr unsigned int WEP_KEYS = 4;
-
-// How the client prints key management in the flags of a scan.
-constexpr Word FLAG_WORDS[] = {
-    {KEY_MGMT_WPA_PSK, "PSK"},
-    {KEY_MGMT_WPA_EAP, "EAP"},
-    {KEY_MGMT_SAE, "SAE"},
-    {KEY_MGMT_OWE, "OWE"},
-    {KEY_MGMT_WPA_PSK_SHA256, "PSK-SHA256"},
-    {KEY_MGMT_WPA_EAP_SHA256, "EAP-SHA256"},
-    {KEY_MGMT_FT_PSK, "FT/PSK"},
-    {KEY_MGMT_FT_EAP, "FT/EAP"},
-    {KEY_MGMT_FT_SAE, "FT/SAE"},
-    {KEY_MGMT_SUITE_B_192, "EAP-SUITE-B-192"},
-};
-
-constexpr Word PROTOCOL_BEGINNINGS[] = {
-    {PROTOCOL_WPA, "WPA-"},
-    {PROTOCOL_RSN, "WPA2-"},
-    {PROTOCOL_RSN, "RSN-"},
-};
-
-// Whether a word stands at that place: a cipher follows it behind a hyphen, another word behind a plus sign.
-// "PSK" is also the beginning of "PSK-SHA256".
-bool endsWord(const std::string& text, std::size_t place) {
-    const std::string rest = text.substr(place);
-    return rest.empty() || rest[0] == '+' ||
-           (rest[0] == '-' && rest.rfind("-SHA", 0) != 0 && rest.rfind("-SUITE", 0) != 0);
-}
-
-// The words of key management at the beginning of a text such as "PSK+SAE-CCMP".
-unsigned int keyManagementIn(const std::string& text) {
-    unsigned int set = 0;
-    for (std::size_t start = 0; start != std::string::npos;) {
-        for (const Word& word : FLAG_WORDS) {
-            const std::string name = word.text;
-            if (text.compare(start, name.size(), name) == 0 && endsWord(text, start + name.size()))
-                set |= word.number;
-        }
-        const std::size_t plus = text.find('+', start);
-        start = plus == std::string::npos ? plus : plus + 1;
-    }
-    return set;
-}
-
-void readFlag(const std::string& flag, AccessPointSecurity& security) {
-    security.isWep = security.isWep || flag == "WEP";
-    for (const Word& protocol : PROTOCOL_BEGINNINGS) {
-        const std::string beginning = protocol.text;
-        if (flag.rfind(beginning, 0) != 0)
-            continue;
-        security.protocols |= protocol.number;
-        security.keyManagement |= keyManagementIn(flag.substr(beginning.size()));
-    }
-}
 
 // Without WPA the key management is NONE for an open network and for WEP.
 std::string wordsOf(const NetworkSecurity& security) {
@@ -128,15 +75,12 @@ NetworkSecurity NetworkSecurity::of(const WifiNetwork& network) {
 }
 
 AccessPointSecurity AccessPointSecurity::of(const std::string& flags) {
+    const ScanFlags offered = ScanFlags::of(flags);
     AccessPointSecurity security;
-    std::size_t end = 0;
-    for (std::size_t start = flags.find('['); start != std::string::npos;
-         start = flags.find('[', end)) {
-        end = std::min(flags.find(']', start), flags.size());
-        readFlag(flags.substr(start + 1, end - start - 1), security);
-    }
-    if (security.protocols == 0)
-        security.keyManagement = KEY_MGMT_NONE;
+    security.protocols =
+        (offered.hasRsn ? PROTOCOL_RSN : 0U) | (offered.hasWpa ? PROTOCOL_WPA : 0U);
+    security.keyManagement = security.protocols == 0 ? KEY_MGMT_NONE : offered.rsn | offered.wpa;
+    security.isWep = offered.isWep;
     security.words = securityOf(flags);
     return security;
 }
