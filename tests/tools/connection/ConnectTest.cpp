@@ -228,6 +228,17 @@ TEST_F(Connect, WaitsIfAnAccessPointFits) {
     EXPECT_EQ(ending(messages).status, 10);
 }
 
+TEST_F(Connect, DoesNotJudgeTheRangeByAFailedQuery) { // CAUSE-11
+    on({"scan_results"})
+        .prints(test::SCAN_HEADER)
+        .then()
+        .exits(255); // the first is that of the load
+    serveStates({UNKNOWN_STATE});
+    Messages messages = TWO_SCANS;
+    messages.emplace_back("CTRL-EVENT-TERMINATING ");
+    EXPECT_EQ(ending(messages).status, 20);
+}
+
 // A scan can miss a beacon, and one that began before may not look for the name of a hidden network.
 TEST_F(Connect, WaitsForTheSecondScan) {
     serveStates({UNKNOWN_STATE});

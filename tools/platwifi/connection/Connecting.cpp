@@ -97,6 +97,7 @@ private:
     void look();
     void handle(const Event& event);
     void judgeRangeIfUntried(int scans);
+    void failIfBlocked() const;
     void show(const char* word);
     [[noreturn]] void fail(const Diagnosis& diagnosis) const;
     [[noreturn]] void failAtTimeout();
@@ -136,10 +137,9 @@ void Attempt::examine() {
         m_security = NetworkSecurity::of(*network);
         obstacle = missingFile(*network);
     }
-    if (!obstacle)
-        obstacle = adapterBlock(m_host.iface());
     if (obstacle)
         fail(*obstacle);
+    failIfBlocked();
 }
 
 void Attempt::request() {
@@ -170,8 +170,7 @@ void Attempt::look() {
     if (Clock::now() < m_nextLook)
         return;
     m_nextLook = Clock::now() + POLL_PERIOD;
-    if (const auto block = adapterBlock(m_host.iface()))
-        fail(*block);
+    failIfBlocked();
     m_state = static_cast<WpaState>(getDaemonStatus(nullptr, m_host.iface().c_str()));
     const bool isOurs = isSameSsid(m_host.currentNetwork(), m_ssid);
     m_isComplete = isOurs && m_state == WPA_STATE_COMPLETED;
@@ -188,13 +187,21 @@ void Attempt::handle(const Event& event) {
         judgeRangeIfUntried(DECISIVE_SCANS);
 }
 
-// The supplicant selects from the same results: if an access point fits, it is about to try that.
+// The supplicant selects from the same results: if an access point fits, it is about to try that. A blocked
+// adapter and a supplicant that has ended have no results, which says nothing about the range.
 void Attempt::judgeRangeIfUntried(int scans) {
     if (m_judge.wasTried() || m_judge.finishedScans() < scans)
         return;
+    failIfBlocked();
     const auto accessPoints = accessPointsOf(m_host.iface(), m_ssid);
-    if (const auto diagnosis = judgeRange(m_security, accessPoints))
+    const auto diagnosis = accessPoints ? judgeRange(m_security, *accessPoints) : std::nullopt;
+    if (diagnosis)
         fail(*diagnosis);
+}
+
+void Attempt::failIfBlocked() const {
+    if (const auto block = adapterBlock(m_host.iface()))
+        fail(*block);
 }
 
 void Attempt::show(const char* word) {

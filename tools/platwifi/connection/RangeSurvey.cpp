@@ -32,9 +32,11 @@ AccessPointSecurity securityOf(const std::string& iface, const ScanResult& resul
 
 } // namespace
 
-std::vector<AccessPointSecurity> accessPointsOf(const std::string& iface, const std::string& ssid) {
+std::optional<std::vector<AccessPointSecurity>> accessPointsOf(const std::string& iface,
+                                                               const std::string& ssid) {
     platwifi::Lines lines;
-    platwifi::queryScan(driver(), iface.c_str(), lines, MOST_LINES);
+    if (!platwifi::queryScan(driver(), iface.c_str(), lines, MOST_LINES))
+        return std::nullopt;
     std::vector<AccessPointSecurity> accessPoints;
     for (const std::string& line : lines) {
         const auto result = ScanResult::of(line);

@@ -2,6 +2,7 @@
 
 #include "connection/NetworkSecurity.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,8 @@ namespace cli {
 
 /// The access points with this SSID that the supplicant has found by its own scans.
 /// @param ssid  as the library has it
-std::vector<AccessPointSecurity> accessPointsOf(const std::string& iface, const std::string& ssid);
+/// @return nothing if the supplicant does not answer
+std::optional<std::vector<AccessPointSecurity>> accessPointsOf(const std::string& iface,
+                                                               const std::string& ssid);
 
 } // namespace cli
