@@ -93,8 +93,9 @@ TEST(OptionsBeforeTheCommand, EndAtTwoHyphens) {
 
 TEST(OptionsBeforeTheCommand, AreRefusedIfTheCommandDoesNotHaveThem) {
     for (const Words& words : {Words{"--full", "scan"}, {"scan", "--full"}})
-        EXPECT_EQ(refusal(words), "scan has no option --full; the options are --help, -h, --json, "
-                                  "--interface, -i; platwifi scan --help explains them");
+        EXPECT_EQ(refusal(words),
+                  "scan has no option --full; the options are --help, -h, --sort, --json, "
+                  "--interface, -i; platwifi scan --help explains them");
     EXPECT_THAT(refusal({"-t", "5", "list"}), StartsWith("networks has no option -t"));
     EXPECT_THAT(refusal({"--version", "scan"}), StartsWith("scan has no option --version"));
 }

@@ -58,7 +58,8 @@ TEST_F(Candidates, FollowOptionsBeforeTheCommand) {
 TEST_F(Candidates, AreOptionsBeforeTheCommandAndTheirValues) {
     m_host.answers({"home"});
     EXPECT_THAT(candidates({"--"}),
-                ElementsAre("--help", "--version", "--json", "--interface", "--timeout", "--full"));
+                ElementsAre("--help", "--version", "--json", "--interface", "--sort", "--timeout",
+                            "--hidden", "--eap", "--full"));
     EXPECT_THAT(candidates({"--json", "--f"}), ElementsAre("--full"));
     EXPECT_THAT(candidates({"-i", ""}), ElementsAre("wlan0"));
     EXPECT_THAT(candidates({"--json", "--interface", "wl"}), ElementsAre("wlan0"));

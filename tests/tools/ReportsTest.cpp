@@ -149,7 +149,7 @@ TEST_F(Reports, HaveHelpFor80Columns) {
     std::vector<test::Arguments> helps{{"--help"}};
     for (const cli::Command& command : cli::commands())
         helps.push_back({command.name, "--help"});
-    ASSERT_EQ(helps.size(), 17u);
+    ASSERT_GT(helps.size(), 1u);
     for (const test::Arguments& arguments : helps) {
         const std::string help = of(arguments);
         for (const std::string& line : test::linesOf(help))

@@ -158,7 +158,7 @@ constexpr Misfit MISFITS[] = {
     {KEY_MGMT_WPA_EAP | KEY_MGMT_WPA_PSK, PMF_DEFAULT, OPEN, !PROTECTED, Cause::OTHER_SECURITY,
      "here has WPA-PSK WPA-EAP"},
     {KEY_MGMT_WPA_EAP, PMF_REQUIRED, SUITE_B, PROTECTED, Cause::OTHER_SECURITY,
-     "WPA3-Enterprise-192"},
+     "WPA3-Enterprise-192, the network here has WPA-EAP"},
     // CAUSE-8
     {KEY_MGMT_WPA_PSK, PMF_DEFAULT, WPA3, PROTECTED, Cause::NEEDS_PMF_OR_WPA3,
      "requires WPA3 (WPA3-SAE), the network here has WPA-PSK"},

@@ -24,7 +24,7 @@ struct ToText {
     std::string operator()(const std::string& value) const { return value; }
     std::string operator()(int value) const { return std::to_string(value); }
     std::string operator()(bool value) const { return value ? "true" : "false"; }
-    std::string operator()(const cli::Record& /*nested*/) const { return "{...}"; }
+    std::string operator()(const cli::Record& /*value*/) const { return "record"; }
 };
 
 /// The members of an event but its time, one after another: "connected network=0".
