@@ -406,4 +406,22 @@ TEST(SettingsRules, IdsAfterASave) {
     EXPECT_EQ(lists(MODERN), "list_networks");
 }
 
+// PROFILE-5, PROFILE-21
+TEST(SettingsRules, ANewNetworkOutsideOfAsciiKeepsItsIdAfterASave) {
+    const std::string header = "network id / ssid / bssid / flags\n";
+    const std::string home = "0\thome\tany\t\n";
+    ProfiledHost host(MODERN);
+    host.on({"list_networks"})
+        .prints(header + home)
+        .then()
+        .prints(header + home + "1\t\\xf0\\x9f\\x9b\\x9c\tany\t\n");
+    host.on({"add_network"}).prints("1\n");
+    WifiHostSettings& settings = host.load();
+    ASSERT_TRUE(settings.addNetwork("wlan0", EMOJI.c_str()));
+    EXPECT_EQ(settings.saveNetworkSettings(), 1);
+    host.changes();
+    EXPECT_TRUE(settings.connectNetwork("wlan0", EMOJI.c_str()));
+    EXPECT_THAT(host.changes(), ElementsAre("select 1"));
+}
+
 } // namespace
