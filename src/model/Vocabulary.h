@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstring>
 #include <stdexcept>
+#include <string>
 
 // The words for the numbers of WifiTypes.h. Each word stands beside its number once: loading, saving, the
 // dump, the driver and the command line read these tables. All of it is in this header because the command
@@ -69,6 +70,11 @@ inline constexpr Word KEY_MANAGEMENT_WORDS[] = {
     {KEY_MGMT_FT_SAE, "FT-SAE"},
     {KEY_MGMT_SUITE_B_192, "WPA-EAP-SUITE-B-192"},
 };
+
+// The kinds of key management with a key: the password of SAE may have any length.
+inline constexpr unsigned int SAE_METHODS = KEY_MGMT_SAE | KEY_MGMT_FT_SAE;
+inline constexpr unsigned int PSK_METHODS =
+    KEY_MGMT_WPA_PSK | KEY_MGMT_WPA_PSK_SHA256 | KEY_MGMT_FT_PSK;
 
 inline constexpr Word PROTOCOL_WORDS[] = {
     {PROTOCOL_WPA, "WPA"},
@@ -174,6 +180,16 @@ constexpr const char* textFor(Words words, unsigned int number, const char* othe
 /// The supplicant's word for a WpaState; UNKNOWN_WORD for any other number.
 constexpr const char* stateText(unsigned int state) noexcept {
     return textFor(STATE_WORDS, state, UNKNOWN_WORD);
+}
+
+/// The words of a set, separated by blanks.
+inline std::string wordsIn(unsigned int set, Words words) {
+    std::string text;
+    for (const Word& word : words) {
+        if ((set & word.number) != 0)
+            text += (text.empty() ? "" : " ") + std::string(word.text);
+    }
+    return text;
 }
 
 /// The rows of a table that have these numbers, in this order.

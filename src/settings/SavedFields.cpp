@@ -82,15 +82,6 @@ Value decimal(const NetworkFields& fields, Field field) {
     return send(std::to_string(static_cast<int>(fields.number(field))));
 }
 
-std::string wordsIn(unsigned int set, Words words) {
-    std::string text;
-    for (const Word& word : words) {
-        if ((set & word.number) != 0)
-            text += (text.empty() ? "" : " ") + std::string(word.text);
-    }
-    return text;
-}
-
 // Where sets are not written whole, a set is compared as a whole: there is no word for several flags, so the
 // supplicant keeps its value. quirk: SAVE-5
 template <Words (*WORDS)()>
@@ -187,9 +178,6 @@ constexpr SavedField SAVED_FIELDS[] = {
     {Field::PRIVATE_KEY_FILE2, "private_key2", orEmpty},
     {Field::PRIVATE_KEY_PASSWORD2, "private_key_passwd2", masked}, // quirk: LOAD-15
 };
-
-constexpr unsigned int SAE_METHODS = KEY_MGMT_SAE | KEY_MGMT_FT_SAE;
-constexpr unsigned int PSK_METHODS = KEY_MGMT_WPA_PSK | KEY_MGMT_WPA_PSK_SHA256 | KEY_MGMT_FT_PSK;
 
 // The supplicant does not check the length of an SAE password, which is a field of its own.
 constexpr const char* SAE_PASSWORD = "sae_password";

@@ -66,20 +66,22 @@ bool isVisible(const std::string& text) {
 }
 
 void ssids(Input& input) {
-    const std::string notation = input.text();
-    const std::string bytes = cli::bytesOfSsid(notation);
-    REQUIRE(bytes.size() <= notation.size());
-    REQUIRE(isVisible(cli::shownSsid(notation)) && !cli::shownSsid(notation).empty());
-    REQUIRE(cli::isUtf8(cli::shownSsid(notation)));
-    REQUIRE(cli::isSameSsid(notation, bytes) && cli::isSameSsid(bytes, notation));
+    const std::string ssid = input.text();
+    REQUIRE(isVisible(cli::shownSsid(ssid)) && !cli::shownSsid(ssid).empty());
+    REQUIRE(cli::isUtf8(cli::shownSsid(ssid)) && cli::isUtf8(cli::plainSsid(ssid)));
+    REQUIRE(cli::isSameSsid(ssid, platwifi::printedSsid(ssid)));
+    const auto readings = cli::readingsOf(platwifi::printedSsid(ssid));
+    REQUIRE(std::find(readings.begin(), readings.end(), ssid) != readings.end());
+    const std::size_t size = platwifi::bytesOfPrinted(ssid).size(); // no reading is shorter
+    REQUIRE(size <= cli::typedSsid(ssid).size() && cli::typedSsid(ssid).size() <= ssid.size());
     bool isAllowed = true;
     try {
-        cli::requireSsid(notation);
+        cli::requireSsid(ssid);
     } catch (const cli::WrongUse& error) {
         isAllowed = false;
         REQUIRE(isVisible(error.what()));
     }
-    REQUIRE(isAllowed == (!bytes.empty() && bytes.size() <= 32));
+    REQUIRE(isAllowed == (size > 0 && size <= 32));
 }
 
 // Any bytes are read back from the client's notation.
@@ -87,7 +89,7 @@ void printedSsids(Input& input) {
     const std::string bytes = input.rest();
     const std::string printed = platwifi::printedSsid(bytes);
     REQUIRE(printed == ModelSupplicant::printed(bytes));
-    REQUIRE(cli::bytesOfSsid(printed) == bytes);
+    REQUIRE(platwifi::bytesOfPrinted(printed) == bytes);
 }
 
 void scanResults(Input& input) {

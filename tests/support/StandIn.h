@@ -40,8 +40,8 @@ public:
         const StandIn& m_standIn;
     };
 
-    /// A rule for a call with exactly these arguments after argv[0]. {"*"} matches every call. The
-    /// first rule that matches answers; a call without a rule exits with status 99.
+    /// A rule for a call with exactly these arguments after argv[0]. A "*" at the end matches any
+    /// further arguments, so {"*"} matches every call. The first rule that matches answers; a call without a rule exits with status 99.
     Answer on(const Arguments& arguments);
 
     /// Every call so far, argv[0] included.

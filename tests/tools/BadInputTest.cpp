@@ -66,7 +66,7 @@ const Refusal REFUSALS[] = {
     {"LongSsidToAdd", "add 33-bytes-33-bytes-33-bytes-33-byt key_mgmt=NONE", WRONG_USE,
      "this one has 33", "platwifi"},
     {"EmptyInterface", "status -i ", WRONG_USE, "--interface", "platwifi adapters"},
-    {"LongInterface", "status -i fourteen-chars", WRONG_USE, "13 characters", "ip link"},
+    {"LongInterface", "status -i sixteen-letters-", WRONG_USE, "15 characters", "ip link"},
     {"InterfaceNotServed", "status -i eth0", FAILED, "does not serve eth0", "adapters"},
     {"InterfaceNotServedToList", "adapters -i eth0", FAILED, "not serve eth0", "adapters"},
     {"InterfaceTwice", "status -ia -ib", WRONG_USE, "--interface", "status --help"},

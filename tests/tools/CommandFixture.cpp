@@ -9,8 +9,8 @@ using testing::StartsWith;
 namespace test {
 namespace {
 
-const Arguments QUERIES = {"interface", "list_networks", "scan_results",
-                           "status",    "get_network",   "scan"};
+const Arguments QUERIES = {"interface",   "list_networks", "scan_results",  "status",
+                           "get_network", "scan",          "get_capability"};
 
 std::string joined(const Arguments& call) {
     std::string text;
@@ -34,6 +34,7 @@ CommandFixture::CommandFixture() {
 void CommandFixture::serve(const std::vector<std::string>& ssids, const std::string& state) {
     for (const char* word : {"save_config", "reconfigure", "reassociate"})
         accept({word});
+    accept({"set_network", "*"});
     host.answers(ssids, state);
 }
 

@@ -73,7 +73,7 @@ TEST_F(Json, ShowsANetworkWithoutItsSecrets) {
     EXPECT_EQ(shown["eapIdentity"], "me");
     EXPECT_EQ(shown["index"], 0);
     EXPECT_EQ(shown["ssidBroadcasted"], false);
-    EXPECT_EQ(shown.size(), 34u);
+    EXPECT_EQ(shown.size(), 35u);
 }
 
 TEST_F(Json, ListsTheScanStrongestFirst) {

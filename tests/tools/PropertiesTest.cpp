@@ -1,5 +1,6 @@
 #include "edits/PropertyTable.h"
 
+#include "edits/PropertyRules.h"
 #include "edits/Secrets.h"
 #include "jni/ServiceFunctions.h"
 #include "model/WifiNetwork.h"
@@ -13,6 +14,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <set>
 
@@ -32,6 +34,7 @@ protected:
         time = std::make_unique<test::TestTime>();
         time->deadlinesAre(test::QUICK);
         setenv("PLATFORM_KEY_FILE", "/tmp/crypt.key", 1);
+        ASSERT_EQ(setWifiProfile(nullptr, "modern"), 1);
         host = std::make_unique<test::LoadedHost>();
         host->answers({"home"});
         WifiHostSettings::reload(nullptr);
@@ -77,12 +80,20 @@ std::string refusalOf(const std::string& name, const std::string& written) {
     }
 }
 
+// The same where the value is right, but this host has no such thing.
+std::string failureOf(const std::string& name, const std::string& written) {
+    try {
+        propertyOf(name).take(propertyOf(name), written);
+        return "";
+    } catch (const cli::Failure& failure) {
+        return failure.what();
+    }
+}
+
 TEST_F(TheProperties, HaveWordsThatTheLibraryAccepts) {
     for (const Property& property : cli::properties()) {
         for (const cli::Word& word : property.words) {
-            const std::string shown = shownAfter(property.name, word.text);
-            const bool isBoth = std::string(word.text) == "CCMP+TKIP";
-            EXPECT_THAT(shown, HasSubstr(isBoth ? "CCMP / group TKIP" : word.text))
+            EXPECT_THAT(shownAfter(property.name, word.text), HasSubstr(word.text))
                 << property.name;
         }
     }
@@ -95,11 +106,28 @@ TEST_F(TheProperties, TakeWordsInAnyCaseAndTheirNumbers) {
     EXPECT_EQ(shownAfter("ssidBroadcasted", "1"), "true");
 }
 
+TEST_F(TheProperties, TakeSeveralWords) {
+    EXPECT_EQ(shownAfter("key_mgmt", "sae,WPA-PSK"), "WPA-PSK SAE");
+    EXPECT_EQ(shownAfter("key_mgmt", "WPA-PSK SAE FT-SAE"), "WPA-PSK SAE FT-SAE");
+    EXPECT_EQ(shownAfter("protocol", "RSN+WPA"), "WPA RSN");
+    EXPECT_EQ(shownAfter("eap", "PEAP TTLS"), "PEAP TTLS");
+    EXPECT_EQ(shownAfter("encryption", "GCMP-256 CCMP"), "CCMP GCMP-256");
+    EXPECT_EQ(shownAfter("encryption", "CCMP+TKIP"), "CCMP TKIP");
+    EXPECT_THAT(refusalOf("key_mgmt", "SAE,WPA9"), HasSubstr("key_mgmt takes one of NONE, "));
+    EXPECT_THAT(refusalOf("mode", "MANAGED ADHOC"), HasSubstr("mode takes one of "));
+}
+
+TEST_F(TheProperties, TakeWhetherManagementFramesAreProtected) {
+    EXPECT_EQ(shownAfter("pmf", "required"), "required");
+    EXPECT_EQ(shownAfter("pmf", "1"), "optional");
+    EXPECT_EQ(shownAfter("pmf", "default"), "default");
+}
+
 TEST_F(TheProperties, RefuseAnyOtherWordAndListTheirWords) {
     for (const Property& property : cli::properties()) {
         if (property.words.empty())
             continue;
-        for (const char* written : {"", "no word", "99", "CCMP TKIP", "-1"}) {
+        for (const char* written : {"", "no word", "99", "CCMP WPA9", ",", "-1"}) {
             const std::string refusal = refusalOf(property.name, written);
             EXPECT_THAT(refusal, HasSubstr(property.name)) << written;
             for (const cli::Word& word : property.words)
@@ -147,8 +175,7 @@ TEST_F(TheProperties, TakeAnAddressOrAnyForTheBssid) {
 
 TEST_F(TheProperties, TakeTextsThatCanBeSentToTheSupplicant) {
     for (const Property& property : cli::properties()) {
-        if (property.entry != Entry::PLAIN || !property.words.empty() || property.lowest != 0 ||
-            property.highest != 0 || std::string(property.name) == "bssid")
+        if (property.take != cli::takeText || isSecret(property))
             continue;
         const std::string longest(255, 'x');
         EXPECT_EQ(shownAfter(property.name, "wi-fi \"x\" café"), "wi-fi \"x\" café");
@@ -160,6 +187,31 @@ TEST_F(TheProperties, TakeTextsThatCanBeSentToTheSupplicant) {
     }
 }
 
+TEST_F(TheProperties, TakePathsOfWhatExists) {
+    const std::string path = "/tmp/café \"x\".pem";
+    std::ofstream{path};
+    const auto folder = std::filesystem::current_path();
+    std::filesystem::current_path("/tmp");
+    unsigned int paths = 0;
+    for (const Property& property : cli::properties()) {
+        if (property.take != cli::takePath)
+            continue;
+        ++paths;
+        EXPECT_EQ(shownAfter(property.name, path), path);
+        EXPECT_EQ(shownAfter(property.name, path.substr(5)), path)
+            << "the supplicant runs elsewhere";
+        EXPECT_EQ(shownAfter(property.name, "/tmp"), "/tmp");
+        EXPECT_EQ(shownAfter(property.name, "blob://ca"), "blob://ca");
+        EXPECT_EQ(shownAfter(property.name, ""), "") << "cleared";
+        EXPECT_THAT(refusalOf(property.name, "two\nlines"), HasSubstr("control characters"));
+        const std::string missing = failureOf(property.name, "/tmp/no/ca.pem");
+        EXPECT_THAT(missing,
+                    HasSubstr(property.name + std::string(": there is no /tmp/no/ca.pem")));
+    }
+    EXPECT_EQ(paths, 8U);
+    std::filesystem::current_path(folder);
+}
+
 struct Secret {
     const char* name;
     std::string text;
@@ -169,6 +221,8 @@ const Secret KEPT[] = {
     {"psk", "8 chars."},
     {"psk", std::string(63, 'x')},
     {"psk", std::string(64, 'a')},
+    {"psk", "sae"},
+    {"psk", std::string(255, 'x')},
     {"key1", "5char"},
     {"key2", "13 characters"},
     {"key3", "0123456789"},
@@ -196,9 +250,7 @@ TEST_F(TheProperties, DoNotClearAKey) {
 }
 
 const Secret REFUSED[] = {
-    {"psk", "seven77"},
-    {"psk", std::string(64, 'g')},
-    {"psk", std::string(65, 'a')},
+    {"psk", std::string(256, 'x')},
     {"psk", "\"quoted-key\""},
     {"psk", "control\tcharacter"},
     {"key1", "four"},
@@ -216,6 +268,13 @@ TEST_F(TheProperties, RefuseASecretWithoutRepeatingIt) {
         EXPECT_THAT(refusal, HasSubstr(std::string(secret.name) + " takes "));
         EXPECT_THAT(refusal, Not(HasSubstr(secret.text)));
     }
+}
+
+TEST_F(TheProperties, KnowAKeyThatFitsEveryKeyManagement) {
+    for (const std::string& key : {std::string(8, 'x'), std::string(63, 'x'), std::string(64, 'F')})
+        EXPECT_TRUE(cli::isPsk(key));
+    for (const std::string& key : {std::string(7, 'x'), std::string(64, 'g'), std::string(65, 'a')})
+        EXPECT_FALSE(cli::isPsk(key));
 }
 
 // The names in the table of docs/native-api.md, whose "key1 to key4" includes key2 and key3.

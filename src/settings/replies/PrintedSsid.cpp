@@ -1,7 +1,5 @@
 #include "settings/replies/PrintedSsid.h"
 
-#include "Profile.h"
-
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
@@ -72,13 +70,6 @@ std::string bytesOfPrinted(const std::string& printed) {
         }
     }
     return bytes;
-}
-
-std::string ssidInMemory(const std::string& printed) {
-    if (!rule::SSIDS_ARE_BYTES())
-        return printed;
-    const std::string bytes = bytesOfPrinted(printed);
-    return bytes.find('\0') == std::string::npos ? bytes : printed;
 }
 
 std::string printedSsid(const std::string& ssid) {

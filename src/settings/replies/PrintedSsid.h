@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Profile.h"
+
 #include <string>
 
 namespace platwifi {
@@ -13,6 +15,11 @@ std::string bytesOfPrinted(const std::string& printed);
 
 /// An SSID that the client printed, as memory holds it: as it is under the profile `device`, its bytes under
 /// `modern`. An SSID with a zero byte stays as it is printed, because texts end there.
-std::string ssidInMemory(const std::string& printed);
+inline std::string ssidInMemory(const std::string& printed) {
+    if (!rule::SSIDS_ARE_BYTES())
+        return printed;
+    std::string bytes = bytesOfPrinted(printed);
+    return bytes.find('\0') == std::string::npos ? bytes : printed;
+}
 
 } // namespace platwifi

@@ -1,6 +1,7 @@
 #include "settings/report/SecurityType.h"
 
 #include "Profile.h"
+#include "model/Vocabulary.h"
 #include "model/WifiNetwork.h"
 
 #include <cstddef>
@@ -58,8 +59,6 @@ bool allowsBoth(const WifiNetwork& network) {
     return allows<FIRST>(network) && allows<SECOND>(network);
 }
 
-constexpr unsigned int SAE_METHODS = KEY_MGMT_SAE | KEY_MGMT_FT_SAE;
-constexpr unsigned int PSK_METHODS = KEY_MGMT_WPA_PSK | KEY_MGMT_WPA_PSK_SHA256 | KEY_MGMT_FT_PSK;
 constexpr unsigned int NEW_PSK_METHODS = KEY_MGMT_WPA_PSK_SHA256 | KEY_MGMT_FT_PSK;
 constexpr unsigned int NEW_EAP_METHODS = KEY_MGMT_WPA_EAP_SHA256 | KEY_MGMT_FT_EAP;
 

@@ -21,12 +21,15 @@ namespace {
 using Fields = std::vector<std::string>;
 
 struct Rule {
-    Fields arguments; // "*" alone matches everything
+    Fields arguments; // a "*" at the end matches any further arguments
     std::vector<std::vector<Fields>> answers{{}};
 
     bool matches(const Fields& call) const {
-        const bool any = arguments.size() == 1 && arguments[0] == "*";
-        return any || arguments == Fields(call.begin() + 1, call.end());
+        if (arguments.empty() || arguments.back() != "*")
+            return arguments == Fields(call.begin() + 1, call.end());
+        const auto known = arguments.size() - 1;
+        return call.size() > known &&
+               std::equal(arguments.begin(), arguments.end() - 1, call.begin() + 1);
     }
 };
 

@@ -83,8 +83,8 @@ TEST_F(BashFunction, IgnoresTheTextBehindTheCursor) {
 TEST_F(BashFunction, LeavesOutTheTextBeforeAWordBreak) {
     EXPECT_THAT(replies("platwifi show a=", "b"), ElementsAre("b@c"));
     EXPECT_THAT(replies("platwifi show ", "a=b"), ElementsAre("a=b@c"));
-    EXPECT_THAT(replies("platwifi set home key_mgmt=", "WPA-P"), ElementsAre("WPA-PSK"));
-    EXPECT_THAT(replies("platwifi set home ", "key_mgmt=WPA-P"), ElementsAre("key_mgmt=WPA-PSK"));
+    EXPECT_THAT(replies("platwifi set home key_mgmt=", "IEEE"), ElementsAre("IEEE8021X"));
+    EXPECT_THAT(replies("platwifi set home ", "key_mgmt=IEEE"), ElementsAre("key_mgmt=IEEE8021X"));
 }
 
 TEST_F(BashFunction, PutsNoBlankBehindAnUnfinishedWord) {

@@ -73,12 +73,12 @@ TEST_F(Tab, WorksInTheMiddleOfALine) {
 
 TEST_P(TabAtAWordBreak, CompletesAPropertyWithoutABlankAndItsWords) {
     EXPECT_EQ(m_bash.argumentsAfter("platwifi set home prio\t5"), "<set> <home> <priority=5>");
-    EXPECT_EQ(m_bash.argumentsAfter("platwifi set home key_m\tWPA-E\tx"),
-              "<set> <home> <key_mgmt=WPA-EAP> <x>");
-    EXPECT_EQ(m_bash.argumentsAfter("platwifi add new encryption=CCMP+\tx"),
-              "<add> <new> <encryption=CCMP+TKIP> <x>");
-    EXPECT_EQ(m_bash.argumentsAfter("platwifi set home \"key_mgmt=WPA-P\tx"),
-              "<set> <home> <key_mgmt=WPA-PSK> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi set home key_m\tWPA-N\tx"),
+              "<set> <home> <key_mgmt=WPA-NONE> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi add new encryption=GCMP-\tx"),
+              "<add> <new> <encryption=GCMP-256> <x>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi set home \"key_mgmt=WPA-N\tx"),
+              "<set> <home> <key_mgmt=WPA-NONE> <x>");
 }
 
 TEST_P(TabAtAWordBreak, CompletesNetworksWithSigns) {
@@ -110,7 +110,7 @@ TEST(TabWithHelpers, WorksBesideTheCompletionOfTheSystem) {
         GTEST_SKIP() << "no " << HELPERS << " (install the package bash-completion)";
     const test::ListedHost host;
     test::InteractiveBash bash(std::string("sudo() { \"$@\"; }\n. ") + HELPERS);
-    EXPECT_EQ(bash.argumentsAfter("platwifi set \"My\tkey_m\tWPA-E\tx"),
-              "<set> <My Net> <key_mgmt=WPA-EAP> <x>");
+    EXPECT_EQ(bash.argumentsAfter("platwifi set \"My\tkey_m\tWPA-N\tx"),
+              "<set> <My Net> <key_mgmt=WPA-NONE> <x>");
     EXPECT_EQ(bash.argumentsAfter("sudo platwifi show My\tx"), "<show> <My Net> <x>");
 }

@@ -2,6 +2,7 @@
 
 #include "ProfiledHost.h"
 
+#include "jni/ServiceFunctions.h"
 #include "model/NetworkFields.h"
 #include "model/WifiNetwork.h"
 #include "platform/ErrorHandler.h"
@@ -110,6 +111,25 @@ TEST(SettingsRules, TodaysSecurityIsLoadedAndSaved) {
                 ElementsAre("set_network 0 key_mgmt SAE", "set_network 0 pairwise CCMP CCMP-256",
                             "set_network 0 sae_password \"of any length: x\"",
                             "set_network 0 ieee80211w 2", "save_config", "reconfigure"));
+}
+
+// PROFILE-10
+TEST(SettingsRules, CodeOfSeveralCiphers) {
+    const auto ciphers = [](Profile profile, const char* code) {
+        ProfiledHost host(profile);
+        host.has("home");
+        host.load();
+        const char* const names[] = {"encryption"};
+        setNetworkParameters(nullptr, "wlan0", "home", names, &code, 1);
+        const WifiNetwork& home = host.network("home");
+        return std::make_pair(home.getPairwiseCiphers(), home.getGroupCiphers());
+    };
+    constexpr unsigned int BOTH = PAIRWISE_CCMP | PAIRWISE_TKIP;
+    EXPECT_EQ(ciphers(DEVICE, "6"), std::make_pair(PAIRWISE_CCMP + 0U, GROUP_TKIP + 0U));
+    EXPECT_EQ(ciphers(MODERN, "6"), std::make_pair(BOTH, BOTH));
+    EXPECT_EQ(ciphers(MODERN, "100"), std::make_pair(0x64U, 0x64U));
+    EXPECT_EQ(ciphers(MODERN, "12"), std::make_pair(PAIRWISE_CCMP + 0U, GROUP_CCMP | 0x8U));
+    EXPECT_EQ(ciphers(MODERN, "16"), std::make_pair(0U, GROUP_WEP40 + 0U)) << "one kind stays";
 }
 
 // PROFILE-11

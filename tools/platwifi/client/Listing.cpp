@@ -1,6 +1,7 @@
 #include "client/Listing.h"
 
 #include "settings/replies/Columns.h"
+#include "settings/replies/PrintedSsid.h"
 #include "settings/replies/WholeLines.h"
 #include "supplicant/WifiUtil.h"
 #include "values/Failure.h"
@@ -33,7 +34,8 @@ std::vector<ListedNetwork> listedNetworks(const std::string& iface, bool& ok) {
     for (const std::string& line : lines) {
         const auto columns = platwifi::columnsOf(line);
         if (columns.size() > 1)
-            networks.push_back({columns[1], line.find("[TEMP-DISABLED]") != std::string::npos});
+            networks.push_back({platwifi::bytesOfPrinted(columns[1]),
+                                line.find("[TEMP-DISABLED]") != std::string::npos});
     }
     return networks;
 }

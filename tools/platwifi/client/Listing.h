@@ -17,7 +17,7 @@ std::vector<std::string> listedAdapters();
 
 /// A network as the supplicant lists it.
 struct ListedNetwork {
-    std::string ssid; ///< in the client's notation
+    std::string ssid; ///< its bytes
     bool isAvoided;   ///< disabled by the supplicant for some time, after an authentication failure
 };
 

@@ -1,6 +1,7 @@
 #include "commands/CommandTable.h"
 
 #include "commands/Commands.h"
+#include "display/Wrap.h"
 #include "edits/PropertyTable.h"
 
 #include <iomanip>
@@ -10,6 +11,8 @@ namespace cli {
 namespace {
 
 constexpr int NAME_COLUMN = 22;
+constexpr int WORD_COLUMN = NAME_COLUMN + 4;
+constexpr int HELP_WIDTH = 80;
 
 // The end of the help of a command whose examples are `Lines`.
 template <const auto& Lines>
@@ -56,8 +59,10 @@ std::string lineFor(const Property& property) {
     std::ostringstream line;
     line << "  " << std::left << std::setw(NAME_COLUMN) << property.name << property.meaning
          << (isSecret(property) ? " (secret)" : "") << '\n';
-    if (!property.words.empty())
-        line << std::string(NAME_COLUMN + 4, ' ') << wordsOf(property) << '\n';
+    if (property.words.empty())
+        return line.str();
+    for (const std::string& words : wrapped(wordsOf(property), HELP_WIDTH - WORD_COLUMN))
+        line << std::string(WORD_COLUMN, ' ') << words << '\n';
     return line.str();
 }
 
@@ -68,6 +73,7 @@ std::string propertyList() {
             text += lineFor(property);
     }
     return text +
+           "key_mgmt, protocol, encryption and eap take several words, separated by commas.\n"
            "A secret is not written on the command line: NAME=- reads a line of standard\n"
            "input, NAME=@FILE the first line of a file. NAME= clears a text or a password.\n";
 }

@@ -4,10 +4,13 @@
 #include "commands/Commands.h"
 #include "display/Json.h"
 #include "edits/Edits.h"
+#include "host/Capabilities.h"
 #include "host/Host.h"
 #include "host/Ssid.h"
 #include "jni/ServiceFunctions.h"
 #include "model/WifiTypes.h"
+#include "model/Vocabulary.h"
+#include "model/WifiNetwork.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/WifiUtil.h"
 
@@ -35,7 +38,10 @@ public:
 
     // Ctrl-C also ends the client. The save may succeed although a command before it was lost.
     void save() {
-        if (saveWifiHostSettings(nullptr) == 0) {
+        ErrorHandler errors;
+        if (saveWifiHostSettings(&errors) == 0) {
+            if (const MessageBundle* const refusal = errors.savedError())
+                throw Failure(refusal->text());
             throw Failure(
                 "the supplicant did not save its configuration, and nothing was changed; see "
                 "that the file says update_config=1 and can be written: platwifi doctor");
@@ -65,15 +71,19 @@ void report(const Context& context, const std::string& ssid, const char* done) {
 
 // The supplicant leaves a network without a key out of its file, unless key_mgmt says that it needs none.
 void requireSecurity(const Edits& edits) {
-    const std::string keyManagement = edits.valueOf("key_mgmt");
-    if (keyManagement.empty()) {
+    const unsigned int methods = edits.numberOf("key_mgmt");
+    if (methods == 0) {
         throw WrongUse(
             "a new network needs a key, psk=-, or key_mgmt=NONE for none, or key_mgmt=WPA-EAP "
             "for an enterprise network");
     }
-    if (keyManagement == std::to_string(KEY_MGMT_WPA_PSK) && edits.valueOf("psk").empty())
-        throw WrongUse("a network with key_mgmt=WPA-PSK needs a key: psk=- reads it from standard "
-                       "input");
+    constexpr unsigned int KEY_METHODS = platwifi::PSK_METHODS | platwifi::SAE_METHODS;
+    const bool needsKey = (methods & KEY_METHODS) != 0;
+    if (needsKey && edits.valueOf("psk").empty())
+        throw WrongUse("a network with key_mgmt=" +
+                       platwifi::wordsIn(methods, platwifi::KEY_MANAGEMENT_WORDS) +
+                       " needs a key: psk=- reads it from standard input");
+    edits.requireKeyFor(methods);
 }
 
 // A key without a key_mgmt means WPA-PSK.
@@ -81,6 +91,14 @@ void completeSecurity(Edits& edits) {
     if (edits.valueOf("key_mgmt").empty() && !edits.valueOf("psk").empty())
         edits.add("key_mgmt", std::to_string(KEY_MGMT_WPA_PSK));
     requireSecurity(edits);
+}
+
+// That of the edits, or else of the network.
+unsigned int keyManagementAfter(const Edits& edits, Host& host, const std::string& ssid) {
+    const platwifi::SettingsLock lock(host.settings());
+    const WifiNetwork* const network = host.settings().getNetwork(nullptr, ssid.c_str());
+    const unsigned int edited = edits.numberOf("key_mgmt");
+    return edited != 0 || !network ? edited : network->getKeyManagement();
 }
 
 [[noreturn]] void refuseAddition(const std::string& ssid) {
@@ -93,6 +111,8 @@ void setProperties(Context& context) {
     const Edits edits(context.request.assignments, context.interrupt);
     Host host(context);
     const std::string ssid = host.network();
+    edits.requireKeyFor(keyManagementAfter(edits, host, ssid));
+    requireCapabilities(host.iface(), edits.numberOf("key_mgmt"), edits.numberOf("encryption"));
     context.interrupt.check();
     {
         Transaction transaction(context, host);
@@ -103,13 +123,14 @@ void setProperties(Context& context) {
 }
 
 void addNetwork(Context& context) {
-    const std::string& ssid = context.request.ssid;
+    const std::string ssid = typedSsid(context.request.ssid);
     requireSsid(ssid);
     Edits edits(context.request.assignments, context.interrupt);
     completeSecurity(edits);
     Host host(context);
     if (host.findNetwork())
         throw Failure(shownSsid(ssid) + " is configured already; change it with: platwifi set");
+    requireCapabilities(host.iface(), edits.numberOf("key_mgmt"), edits.numberOf("encryption"));
     context.interrupt.check();
     {
         Transaction transaction(context, host);

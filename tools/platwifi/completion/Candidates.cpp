@@ -7,7 +7,7 @@
 #include "edits/PropertyRules.h"
 #include "edits/PropertyTable.h"
 #include "host/Ssid.h"
-#include "settings/replies/Columns.h"
+#include "settings/replies/PrintedSsid.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -73,16 +73,10 @@ Candidates valuesOf(const Property& property, const std::string& value) {
     return candidates;
 }
 
-// The library reads other SSIDs in a list as a missing SSID, so that it cannot find those networks by name.
-bool canBeNamed(const std::string& ssid) {
-    return !ssid.empty() && !platwifi::isBssidColumn(ssid);
-}
-
-// The SSID as bytes, if a terminal can show them and they contain nothing that reads as an escape; else in
-// the client's notation.
-std::string typed(const std::string& notation) {
-    const std::string bytes = bytesOfSsid(notation);
-    return printable(bytes) == bytes && bytesOfSsid(bytes) == bytes ? bytes : notation;
+// What to type for an SSID: its bytes, if a terminal can show them and they are not read in another way.
+std::string typedFor(const std::string& ssid) {
+    const bool isPlain = printable(ssid) == ssid && typedSsid(ssid) == ssid;
+    return isPlain ? ssid : platwifi::printedSsid(ssid);
 }
 
 } // namespace
@@ -119,9 +113,9 @@ Candidates networks(bool allowsOptions) {
         return candidates;
     bool ok = false;
     for (const ListedNetwork& network : listedNetworks(adapters.front(), ok)) {
-        const std::string ssid = typed(network.ssid);
-        if (canBeNamed(network.ssid) && !(allowsOptions && beginsWith(ssid, "-")))
-            candidates.push_back({ssid});
+        const std::string typed = typedFor(network.ssid);
+        if (!typed.empty() && !(allowsOptions && beginsWith(typed, "-")))
+            candidates.push_back({typed});
     }
     return candidates;
 }

@@ -1,12 +1,15 @@
 #include "edits/Edits.h"
 
 #include "display/Text.h"
+#include "edits/PropertyRules.h"
 #include "edits/PropertyTable.h"
 #include "edits/Secrets.h"
 #include "jni/ServiceFunctions.h"
 #include "values/Failure.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <cstring>
 #include <iterator>
 
 namespace cli {
@@ -32,21 +35,18 @@ void requireOnce(const std::vector<Assignment>& assignments) {
         throw WrongUse(printable(last) + " is given twice; leave out one of them");
 }
 
-// The library's value for what the user has written.
-std::string valueFor(const Property& property, const std::string& written,
-                     const Interrupt& interrupt) {
-    switch (property.entry) {
-    case Entry::PLAIN:
-        return property.take(property, written);
-    case Entry::HIDDEN:
-        return property.take(property, readSecret(property.name, written, interrupt));
-    case Entry::ENCIPHERED:
-        return enciphered(property.take(property, readSecret(property.name, written, interrupt)));
-    case Entry::REPORTED:
-        break;
-    }
-    throw WrongUse(std::string(property.name) +
-                   " is what the supplicant reports, and cannot be set");
+// What the user has written, or what that names.
+std::string textFor(const Property& property, const std::string& written,
+                    const Interrupt& interrupt) {
+    if (property.entry == Entry::REPORTED)
+        throw WrongUse(std::string(property.name) +
+                       " is what the supplicant reports, and cannot be set");
+    return property.take(
+        property, isSecret(property) ? readSecret(property.name, written, interrupt) : written);
+}
+
+bool isKey(const Property& property) {
+    return std::strcmp(property.name, "psk") == 0;
 }
 
 std::vector<const char*> pointersTo(const std::vector<std::string>& texts) {
@@ -67,8 +67,11 @@ Edits::Edits(const std::vector<std::string>& assignments, const Interrupt& inter
         propertyOf(checked.back().name);
     }
     for (const Assignment& assignment : checked) {
+        const Property& property = propertyOf(assignment.name);
+        const std::string text = textFor(property, assignment.value, interrupt);
+        m_isPsk = m_isPsk && (!isKey(property) || isPsk(text));
         m_names.push_back(assignment.name);
-        m_values.push_back(valueFor(propertyOf(assignment.name), assignment.value, interrupt));
+        m_values.push_back(property.entry == Entry::ENCIPHERED ? enciphered(text) : text);
     }
 }
 
@@ -76,6 +79,16 @@ std::string Edits::valueOf(const std::string& name) const {
     const auto place = std::find(m_names.begin(), m_names.end(), name);
     return place == m_names.end() ? ""
                                   : m_values[static_cast<std::size_t>(place - m_names.begin())];
+}
+
+unsigned int Edits::numberOf(const std::string& name) const {
+    return static_cast<unsigned int>(std::strtoul(valueOf(name).c_str(), nullptr, 10));
+}
+
+void Edits::requireKeyFor(unsigned int keyManagement) const {
+    if (!m_isPsk && ((keyManagement & platwifi::PSK_METHODS) != 0 || keyManagement == 0))
+        throw WrongUse("psk takes 8 to 63 characters, or 64 hexadecimal digits; any length only "
+                       "where key_mgmt is SAE alone");
 }
 
 void Edits::add(const std::string& name, const std::string& word) {

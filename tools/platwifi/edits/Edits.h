@@ -20,6 +20,14 @@ public:
     /// The library's value for a property; "" if it is cleared or not changed.
     std::string valueOf(const std::string& name) const;
 
+    /// The same as a number; 0 if it is cleared or not changed.
+    unsigned int numberOf(const std::string& name) const;
+
+    /// Checks that a new key fits the key management.
+    /// @param keyManagement  a set of KeyManagement
+    /// @throws WrongUse
+    void requireKeyFor(unsigned int keyManagement) const;
+
     /// Adds the change of a property that takes words. @throws WrongUse
     void add(const std::string& name, const std::string& word);
 
@@ -29,6 +37,7 @@ public:
 private:
     std::vector<std::string> m_names;
     std::vector<std::string> m_values;
+    bool m_isPsk = true; ///< the new key, if there is one, fits all key managements
 };
 
 } // namespace cli

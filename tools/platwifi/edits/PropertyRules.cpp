@@ -1,9 +1,11 @@
 #include "edits/PropertyRules.h"
 
+#include "display/Text.h"
 #include "values/Failure.h"
 
 #include <algorithm>
 #include <cctype>
+#include <filesystem>
 #include <strings.h>
 
 namespace cli {
@@ -56,8 +58,19 @@ bool isControl(char character) {
     return std::iscntrl(static_cast<unsigned char>(character)) != 0;
 }
 
-bool isPsk(const std::string& key) {
-    return (key.size() >= 8 && key.size() <= 63) || (key.size() == 64 && isHex(key));
+// Certificates may also stand in the supplicant's configuration ("blob://"), be known by their digest
+// ("hash://"), or be in a token ("pkcs11:").
+bool isPath(const std::string& text) {
+    return text.find("://") == std::string::npos && text.rfind("pkcs11:", 0) != 0;
+}
+
+// A file that this user may not see counts as present: the supplicant has other rights.
+void requireFile(const Property& property, const std::string& path) {
+    std::error_code error;
+    if (std::filesystem::status(path, error).type() != std::filesystem::file_type::not_found)
+        return;
+    throw Failure(std::string(property.name) + ": there is no " + printable(path) +
+                  "; nothing was changed; give the path of a file that exists");
 }
 
 bool isWepKey(const std::string& key) {
@@ -69,6 +82,19 @@ bool isWepKey(const std::string& key) {
 
 std::string takeWord(const Property& property, const std::string& written) {
     return std::to_string(wordOf(property, written).number);
+}
+
+// Separated by blanks, commas or plus signs.
+std::string takeWords(const Property& property, const std::string& written) {
+    constexpr const char* SEPARATORS = " ,+";
+    unsigned int set = 0;
+    std::size_t end = 0;
+    for (std::size_t start = written.find_first_not_of(SEPARATORS); start != std::string::npos;
+         start = written.find_first_not_of(SEPARATORS, end)) {
+        end = std::min(written.find_first_of(SEPARATORS, start), written.size());
+        set |= wordOf(property, written.substr(start, end - start)).number;
+    }
+    return set != 0 ? std::to_string(set) : takeWord(property, written);
 }
 
 std::string takeBoolean(const Property& property, const std::string& written) {
@@ -94,8 +120,13 @@ std::string takeText(const Property& property, const std::string& written) {
     return written;
 }
 
+// The supplicant runs in another folder, and looks for the file when it connects.
 std::string takePath(const Property& property, const std::string& written) {
-    return takeText(property, written);
+    takeText(property, written);
+    if (written.empty() || !isPath(written))
+        return written;
+    requireFile(property, written);
+    return takeText(property, std::filesystem::absolute(written).string());
 }
 
 std::string takeBssid(const Property& property, const std::string& written) {
@@ -106,9 +137,13 @@ std::string takeBssid(const Property& property, const std::string& written) {
 
 // Keys cannot be cleared: the supplicant refuses an empty one.
 std::string takePsk(const Property& property, const std::string& written) {
-    if (!isPsk(written))
+    if (written.empty())
         refuse(property, "8 to 63 characters, or 64 hexadecimal digits");
     return takeText(property, written);
+}
+
+bool isPsk(const std::string& key) {
+    return (key.size() >= 8 && key.size() <= 63) || (key.size() == 64 && isHex(key));
 }
 
 std::string takeWepKey(const Property& property, const std::string& written) {

@@ -16,7 +16,6 @@ namespace {
 using namespace platwifi;
 using N = WifiNetwork;
 
-// A property takes one word at a time: several flags together cannot be saved.
 // clang-format off
 
 constexpr Word BOOLEANS[] = {
@@ -31,14 +30,16 @@ constexpr Word STATUSES[] = {
     {NETWORK_STATUS_DISABLED, "disabled"},
 };
 
-// One code for both kinds of ciphers; that of both flags means pairwise CCMP and group TKIP.
-constexpr Word CIPHER_CODES[] = {
-    rowOf(DEVICE_PAIRWISE_WORDS, PAIRWISE_CCMP),
-    rowOf(DEVICE_PAIRWISE_WORDS, PAIRWISE_TKIP),
-    {PAIRWISE_CCMP | PAIRWISE_TKIP, "CCMP+TKIP"},
-    rowOf(DEVICE_GROUP_WORDS, GROUP_WEP40),
-    rowOf(DEVICE_GROUP_WORDS, GROUP_WEP104),
-    rowOf(DEVICE_PAIRWISE_WORDS, PAIRWISE_NONE),
+// Of one group or the other, or of both.
+constexpr Word CIPHER_WORDS[] = {
+    rowOf(PAIRWISE_WORDS, PAIRWISE_CCMP),
+    rowOf(PAIRWISE_WORDS, PAIRWISE_TKIP),
+    rowOf(PAIRWISE_WORDS, PAIRWISE_GCMP),
+    rowOf(PAIRWISE_WORDS, PAIRWISE_GCMP_256),
+    rowOf(PAIRWISE_WORDS, PAIRWISE_CCMP_256),
+    rowOf(GROUP_WORDS, GROUP_WEP40),
+    rowOf(GROUP_WORDS, GROUP_WEP104),
+    rowOf(PAIRWISE_WORDS, PAIRWISE_NONE),
 };
 
 // clang-format on
@@ -66,15 +67,6 @@ Value word(const N& network) {
     return textFor(Table, std::invoke(Get, network), "");
 }
 
-std::string wordsIn(unsigned int set, Words table) {
-    std::string list;
-    for (const Word& one : table) {
-        if ((set & one.number) != 0)
-            list += (list.empty() ? "" : " ") + std::string(one.text);
-    }
-    return list;
-}
-
 template <auto Get, const auto& Table>
 Value words(const N& network) {
     return wordsIn(std::invoke(Get, network), Table);
@@ -98,8 +90,8 @@ Value bssid(const N& network) {
 }
 
 Value ciphers(const N& network) {
-    const std::string pairwise = wordsIn(network.getPairwiseCiphers(), DEVICE_PAIRWISE_WORDS);
-    const std::string group = wordsIn(network.getGroupCiphers(), DEVICE_GROUP_WORDS);
+    const std::string pairwise = wordsIn(network.getPairwiseCiphers(), PAIRWISE_WORDS);
+    const std::string group = wordsIn(network.getGroupCiphers(), GROUP_WORDS);
     return pairwise == group ? pairwise : pairwise + " / group " + group;
 }
 
@@ -120,17 +112,18 @@ const std::vector<Property> PROPERTIES = {
     {"ssidBroadcasted", PLAIN, takeBoolean, boolean<&N::getSsidBroadcasted>, "false for a hidden network", BOOLEANS},
     {"mode", PLAIN, takeWord, word<&N::getNetworkMode, MODE_WORDS>, "with an access point, or without", MODE_WORDS},
     {"priority", PLAIN, takeNumber, number<&N::getPriority>, "the supplicant prefers higher ones", {}, 0, MOST},
-    {"key_mgmt", PLAIN, takeWord, words<&N::getKeyManagement, DEVICE_KEY_MANAGEMENT_WORDS>, "key management; NONE for open and WEP", DEVICE_KEY_MANAGEMENT_WORDS},
-    {"protocol", PLAIN, takeWord, words<&N::getProtocol, PROTOCOL_WORDS>, "RSN is WPA2", PROTOCOL_WORDS},
-    {"encryption", PLAIN, takeWord, ciphers, "ciphers, pairwise and group", CIPHER_CODES},
+    {"key_mgmt", PLAIN, takeWords, words<&N::getKeyManagement, KEY_MANAGEMENT_WORDS>, "key management; NONE for open and WEP", KEY_MANAGEMENT_WORDS},
+    {"protocol", PLAIN, takeWords, words<&N::getProtocol, PROTOCOL_WORDS>, "RSN is WPA2", PROTOCOL_WORDS},
+    {"encryption", PLAIN, takeWords, ciphers, "ciphers, pairwise and group", CIPHER_WORDS},
+    {"pmf", PLAIN, takeWord, word<&N::getPmf, PMF_WORDS>, "protection of management frames", PMF_WORDS},
     {"authentication", PLAIN, takeWord, word<&N::getAuthAlg, AUTH_ALG_WORDS>, "authentication algorithm", AUTH_ALG_WORDS},
-    {"psk", ENCIPHERED, takePsk, secret<&N::getPsk>, "key: 8 to 63 characters, or 64 hex digits", {}},
+    {"psk", ENCIPHERED, takePsk, secret<&N::getPsk>, "key: 8 to 63 characters; any length for SAE", {}},
     {"key1", HIDDEN, takeWepKey, secret<wepKey<0>>, "WEP key: 5, 13 characters or 10, 26 hex digits", {}},
     {"key2", HIDDEN, takeWepKey, secret<wepKey<1>>, "WEP key", {}},
     {"key3", HIDDEN, takeWepKey, secret<wepKey<2>>, "WEP key", {}},
     {"key4", HIDDEN, takeWepKey, secret<wepKey<3>>, "WEP key", {}},
     {"index", PLAIN, takeNumber, number<&N::getWepIndex>, "WEP key to send with, 0 for key1", {}, 0, 3},
-    {"eap", PLAIN, takeWord, words<&N::getEapModes, EAP_WORDS>, "EAP method", EAP_WORDS},
+    {"eap", PLAIN, takeWords, words<&N::getEapModes, EAP_WORDS>, "EAP method", EAP_WORDS},
     {"eapIdentity", PLAIN, takeText, text<&N::getEAPIdentity>, "EAP identity", {}},
     {"eapAnonymousIdentity", PLAIN, takeText, text<&N::getEAPAnonymousIdentity>, "identity outside of the tunnel", {}},
     {"eapPassword", ENCIPHERED, takeText, secret<&N::getEAPPassword>, "EAP password", {}},

@@ -48,7 +48,7 @@ struct Event {
     };
 
     Kind kind = Kind::OTHER;
-    std::string ssid;             ///< in the client's notation
+    std::string ssid;             ///< its bytes
     std::optional<int> network;   ///< network id
     std::string bssid;            ///< of the access point
     std::string previousBssid;    ///< ROAMING, ROAMED: of the access point before

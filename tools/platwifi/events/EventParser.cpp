@@ -3,6 +3,7 @@
 #include "events/EapCodes.h"
 #include "events/FrameCodes.h"
 #include "events/MessageFields.h"
+#include "settings/replies/PrintedSsid.h"
 
 #include <algorithm>
 #include <cctype>
@@ -351,6 +352,7 @@ Event parseEvent(const std::string& message) {
         event = Event();
         event.text = withoutSecrets(text);
     }
+    event.ssid = platwifi::bytesOfPrinted(event.ssid);
     return event;
 }
 

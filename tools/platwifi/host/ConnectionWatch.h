@@ -14,7 +14,7 @@ class ConnectionWatch {
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// @param ssid  the network, in the library's notation
+    /// @param ssid  the network, as the library has it
     ConnectionWatch(Context& context, Host& host, std::string ssid);
 
     /// Polls until the connection is complete or refused, or until the timeout of the request.

@@ -11,12 +11,13 @@
 #include "values/Lines.h"
 
 #include <algorithm>
+#include <net/if.h>
 
 namespace cli {
 namespace {
 
-constexpr unsigned char MAX_NETWORKS = 32; // that the library loads
-constexpr std::size_t MAX_NAME_LENGTH = 13;
+constexpr unsigned char MAX_NETWORKS = 255; // that the library loads
+constexpr std::size_t MAX_NAME_LENGTH = IFNAMSIZ - 1;
 constexpr const char* NO_INTERFACE =
     "the supplicant lists no interface; start it with one, such as -i wlan0";
 
@@ -104,9 +105,10 @@ std::vector<std::string> Host::networks() {
 }
 
 std::optional<std::string> Host::findNetwork() {
-    for (const std::string& ssid : networks()) {
-        if (isSameSsid(ssid, m_context.request.ssid))
-            return ssid;
+    const auto all = networks();
+    for (const std::string& reading : readingsOf(m_context.request.ssid)) {
+        if (std::find(all.begin(), all.end(), reading) != all.end())
+            return reading;
     }
     return std::nullopt;
 }

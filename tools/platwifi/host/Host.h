@@ -47,10 +47,11 @@ public:
     /// @throws Failure if they cannot be loaded, or if they are those of another interface
     WifiHostSettings& settings();
 
-    /// The SSIDs of the configured networks in the library's notation, the last one added first.
+    /// The SSIDs of the configured networks as the library has them, the last one added first.
     std::vector<std::string> networks();
 
-    /// The library's notation of the SSID on the command line. @throws Failure for an unknown network
+    /// The network that the command line names, as the library has it (see readingsOf()). @throws Failure for
+    /// an unknown network
     std::string network();
 
     /// The same; nothing for an unknown network.

@@ -1,5 +1,7 @@
 #include "host/ScanResult.h"
 
+#include "settings/replies/PrintedSsid.h"
+
 #include <cstdlib>
 #include <vector>
 
@@ -74,7 +76,7 @@ std::optional<ScanResult> ScanResult::of(const std::string& line) {
     if (fields.size() != FIELDS)
         return std::nullopt;
     return ScanResult{fields[0], std::atoi(fields[1].c_str()), std::atoi(fields[2].c_str()),
-                      fields[3], fields[4]};
+                      fields[3], platwifi::bytesOfPrinted(fields[4])};
 }
 
 int channelOf(int frequency) {

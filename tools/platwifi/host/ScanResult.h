@@ -15,7 +15,7 @@ struct ScanResult {
     int frequency = 0; ///< MHz
     int signal = 0;    ///< dBm
     std::string flags; ///< as the client prints them
-    std::string ssid;  ///< in the client's notation
+    std::string ssid;  ///< its bytes
 };
 
 /// The channel of a frequency in MHz; 0 if the frequency is in none of the bands.

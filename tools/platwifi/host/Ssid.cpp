@@ -1,82 +1,57 @@
 #include "host/Ssid.h"
 
 #include "display/Text.h"
+#include "settings/replies/PrintedSsid.h"
 #include "values/Failure.h"
 
 #include <algorithm>
-#include <cctype>
 
 namespace cli {
 namespace {
 
+using platwifi::bytesOfPrinted;
+using platwifi::printedSsid;
+
 constexpr std::size_t MAX_BYTES = 32;
 
-struct Escape {
-    char letter;
-    char byte;
-};
-
-constexpr Escape ESCAPES[] = {
-    {'\\', '\\'}, {'"', '"'}, {'e', '\033'}, {'n', '\n'}, {'r', '\r'}, {'t', '\t'},
-};
-
-struct Piece {
-    char byte;
-    std::size_t length; // in the notation
-};
-
-bool isHexEscape(const std::string& text, std::size_t place) {
-    return text.size() - place >= 4 && text[place + 1] == 'x' &&
-           std::isxdigit(static_cast<unsigned char>(text[place + 2])) != 0 &&
-           std::isxdigit(static_cast<unsigned char>(text[place + 3])) != 0;
+bool isHidden(const std::string& ssid) {
+    return std::all_of(ssid.begin(), ssid.end(), [](char byte) { return byte == '\0'; });
 }
 
-Piece pieceAt(const std::string& text, std::size_t place) {
-    if (text[place] != '\\' || place + 1 == text.size())
-        return {text[place], 1};
-    if (isHexEscape(text, place))
-        return {static_cast<char>(std::stoi(text.substr(place + 2, 2), nullptr, 16)), 4};
-    for (const Escape& escape : ESCAPES) {
-        if (escape.letter == text[place + 1])
-            return {escape.byte, 2};
-    }
-    return {'\\', 1};
-}
-
-bool isHidden(const std::string& bytes) {
-    return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return byte == '\0'; });
+std::size_t shortestOf(const std::vector<std::string>& readings) {
+    std::size_t shortest = readings.front().size();
+    for (const std::string& reading : readings)
+        shortest = std::min(shortest, reading.size());
+    return shortest;
 }
 
 } // namespace
 
-std::string bytesOfSsid(const std::string& notation) {
-    std::string bytes;
-    for (std::size_t place = 0; place < notation.size();) {
-        const Piece piece = pieceAt(notation, place);
-        bytes += piece.byte;
-        place += piece.length;
-    }
-    return bytes;
+std::string shownSsid(const std::string& ssid) {
+    return isHidden(ssid) ? "(hidden)" : printable(ssid);
 }
 
-std::string shownSsid(const std::string& notation) {
-    const std::string bytes = bytesOfSsid(notation);
-    return isHidden(bytes) ? "(hidden)" : printable(bytes);
+std::string plainSsid(const std::string& ssid) {
+    const bool isText = isUtf8(ssid) && ssid.find('\0') == std::string::npos;
+    return isText ? ssid : printable(ssid);
 }
 
-std::string plainSsid(const std::string& notation) {
-    const std::string bytes = bytesOfSsid(notation);
-    return isUtf8(bytes) ? bytes : notation;
+// A name such as C:\new is no escape: its bytes would be shown in another way.
+std::string typedSsid(const std::string& typed) {
+    const std::string bytes = bytesOfPrinted(typed);
+    return printable(bytes) == typed ? bytes : typed;
+}
+
+std::vector<std::string> readingsOf(const std::string& typed) {
+    return {typed, typedSsid(typed), bytesOfPrinted(typed), printedSsid(typed)};
 }
 
 bool isSameSsid(const std::string& one, const std::string& other) {
-    const std::string bytes = bytesOfSsid(one);
-    const std::string otherBytes = bytesOfSsid(other);
-    return one == other || bytes == otherBytes || bytes == other || one == otherBytes;
+    return one == other || printedSsid(one) == other || one == printedSsid(other);
 }
 
-void requireSsid(const std::string& ssid) {
-    const std::size_t size = std::min(ssid.size(), bytesOfSsid(ssid).size());
+void requireSsid(const std::string& typed) {
+    const std::size_t size = shortestOf({typed, typedSsid(typed), bytesOfPrinted(typed)});
     if (size > 0 && size <= MAX_BYTES)
         return;
     throw WrongUse("an SSID has 1 to " + std::to_string(MAX_BYTES) + " bytes, and this one has " +

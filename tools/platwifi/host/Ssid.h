@@ -1,24 +1,31 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace cli {
 
-/// The bytes of an SSID in the notation of the supplicant's client, which writes \xNN, \\, \", \e, \n,
-/// \r and \t for bytes that are not plain ASCII. A text without escapes stays as it is.
-std::string bytesOfSsid(const std::string& notation);
+// The command line holds an SSID as its bytes. Under the profile `device` the library names networks as the
+// supplicant's client prints them, with escapes; such a name is shown as it is.
 
-/// Converts an SSID from the client's notation for a terminal. "(hidden)" if it is empty or all zeros.
-std::string shownSsid(const std::string& notation);
+/// An SSID for a terminal: as it is, with \xNN for bytes that cannot be shown. "(hidden)" if it is empty or
+/// all zeros.
+std::string shownSsid(const std::string& ssid);
 
-/// Converts an SSID from the client's notation for JSON: to UTF-8, or unchanged if the bytes are no UTF-8.
-std::string plainSsid(const std::string& notation);
+/// An SSID for JSON: as it is, or with \xNN if the bytes are no text.
+std::string plainSsid(const std::string& ssid);
 
-/// Whether two SSIDs, each in the client's notation or plain, are the same.
+/// The SSID that a user has typed or copied: as it is, or with \xNN as shownSsid() shows it.
+std::string typedSsid(const std::string& typed);
+
+/// What a user may mean by a name, the likeliest first: the bytes, what shownSsid() shows, and what the
+/// supplicant's client prints.
+std::vector<std::string> readingsOf(const std::string& typed);
+
+/// Whether two names are of the same SSID: one of them may be as the client prints it.
 bool isSameSsid(const std::string& one, const std::string& other);
 
-/// Checks that the SSID has 1 to 32 bytes, in the client's notation or plain.
-/// @throws WrongUse if neither
-void requireSsid(const std::string& ssid);
+/// Checks that the SSID has 1 to 32 bytes in one of the readings. @throws WrongUse
+void requireSsid(const std::string& typed);
 
 } // namespace cli

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+namespace cli {
+
+/// Whether the supplicant and the radio can do what the command get_capability lists.
+/// @param kind  "key_mgmt", "pairwise", ...
+/// @param word  of the list
+/// @return true also if the supplicant does not list anything
+bool isCapable(const std::string& iface, const char* kind, const std::string& word);
+
+/// Checks that the supplicant and the radio can do what a network shall use. A word of the first years of WPA is
+/// not checked.
+/// @param keyManagement  a set of KeyManagement
+/// @param ciphers        a set of PairwiseCipher
+/// @throws Failure that names what they cannot do
+void requireCapabilities(const std::string& iface, unsigned int keyManagement,
+                         unsigned int ciphers);
+
+} // namespace cli
