@@ -12,20 +12,20 @@ import java.util.stream.Collectors;
 import java.util.stream.Stream;
 
 /**
- * Adds networks, one for each argument, an SSID as the client prints it, beside those that are configured; edits,
- * reloads, connects and removes them. Without arguments it prints the SSIDs that the library lists.
+ * {@code edit SSID...}: adds networks with these SSIDs, as the client prints them, beside those that are configured;
+ * edits, reloads, connects and removes them. {@code list}: prints the SSIDs that the library lists.
  */
 public final class NamesJob {
     private static final List<Network> ADDED = new ArrayList<>();
 
     private NamesJob() {}
 
-    public static void main(String[] printed) {
-        if (printed.length == 0)
+    public static void main(String[] arguments) {
+        if (arguments[0].equals("list"))
             Wifi.ssids().forEach(System.out::println);
         else
-            Checks.section("names", () -> wholeLife(Stream.of(printed).map(PrintedSsid::new)
-                    .collect(Collectors.toList())));
+            Checks.section("names", () -> wholeLife(Stream.of(arguments).skip(1)
+                    .map(PrintedSsid::new).collect(Collectors.toList())));
         System.exit(Checks.failures() == 0 ? 0 : 1);
     }
 
