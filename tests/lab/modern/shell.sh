@@ -47,7 +47,7 @@ connects_by_name() {
     name=$(printf '%b' "${ssid//\\\"/\"}")
     is_first "$ssid" "$bssid" || set -- "$@" "bssid=$bssid"
     run "add" 0 add -- "$name" "$@" <<<"$secret"
-    run "connect" 0 connect --timeout $CONNECT_TIMEOUT -- "$name"
+    run "connect" 0 connect --timeout "$CONNECT_TIMEOUT" -- "$name"
     result "the supplicant is on $ssid" status_is "$key_mgmt $pmf $bssid COMPLETED $ssid"
     forget_networks
 }
