@@ -36,7 +36,12 @@ if(PLATWIFI_JAVA)
 endif()
 install(FILES ${PROJECT_SOURCE_DIR}/docs/wifiHostSettings.xsd
   DESTINATION ${CMAKE_INSTALL_DATADIR}/platwifi)
-install(FILES ${PROJECT_SOURCE_DIR}/docs/examples/wpa_supplicant.conf
+install(FILES
+  ${PROJECT_SOURCE_DIR}/docs/after-connecting.md
+  ${PROJECT_SOURCE_DIR}/docs/examples/50-wifi.network
+  ${PROJECT_SOURCE_DIR}/docs/examples/90-wifi-unmanaged.conf
+  ${PROJECT_SOURCE_DIR}/docs/examples/wifi-supplicant@.service
+  ${PROJECT_SOURCE_DIR}/docs/examples/wpa_supplicant.conf
   DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 # find_package(platwifi)

@@ -6,6 +6,7 @@
 #include "platform/PlatformUtil.h"
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -155,6 +156,14 @@ public:
     /// @param errors  gets an error that names that field; may be null
     int saveNetworkSettings(ErrorHandler* errors) noexcept;
 
+    /// Writes every dirty field to the supplicant, as a save does, and saves nothing: for a caller that tries
+    /// a network before it saves it. Until the supplicant saves its configuration, a command that makes it
+    /// read its file again takes all of it back.
+    /// @param errors  as for saveNetworkSettings(); may be null
+    /// @return 1; 0 when the supplicant has no network for one with changes, which keeps them, and under the
+    ///         profile `modern` also when it refuses a field: all changes stay in memory then
+    int writeNetworkSettings(ErrorHandler* errors) noexcept;
+
     // Reports of the whole state. Each calls refreshDatabaseNetworksStatus() first, and holds the lock of
     // the networks to the end.
 
@@ -235,8 +244,17 @@ private:
     void enableOthersWhenConnected(WifiUtil& util);
     void enableOthers(WifiUtil& util);
 
+    /// What became of the networks with changes.
+    struct Written {
+        bool isRefused = true;    ///< ids could not be confirmed, or the supplicant refused a field
+        std::size_t networks = 0; ///< how many were written
+        bool isComplete = false;  ///< whether they were all written
+    };
+
     // Saving. False when the supplicant could not save.
     bool saveChanges(WifiUtil& util);
+    Written writeChanges(WifiUtil& util);
+    void reportRefusedField(ErrorHandler* errors) const;
     bool writeNetwork(WifiUtil& util, WifiNetwork& network);
     bool saveConfiguration(WifiUtil& util);
     void takeBack(WifiUtil& util);

@@ -88,27 +88,51 @@ int WifiHostSettings::saveNetworkSettings(ErrorHandler* errors) noexcept {
     if (!util)
         return 0;
     const bool isSaved = !networkList || saveChanges(*util);
-    if (!isSaved && errors && rule::REFUSED_FIELD_FAILS_SAVE() && !refusedField.empty())
-        reportRefusal(*errors, refusedField);
+    if (!isSaved)
+        reportRefusedField(errors);
     return isSaved ? 1 : 0;
+}
+
+int WifiHostSettings::writeNetworkSettings(ErrorHandler* errors) noexcept {
+    const SettingsLock lock(*this);
+    WifiUtil* const util = WifiUtil::getInstance();
+    if (!util)
+        return 0;
+    const bool isWritten = !networkList || writeChanges(*util).isComplete;
+    if (!isWritten)
+        reportRefusedField(errors);
+    return isWritten ? 1 : 0;
+}
+
+void WifiHostSettings::reportRefusedField(ErrorHandler* errors) const {
+    if (errors && rule::REFUSED_FIELD_FAILS_SAVE() && !refusedField.empty())
+        reportRefusal(*errors, refusedField);
 }
 
 // A network whose id is not known keeps its changes. The others are saved, and the result is a failure.
 bool WifiHostSettings::saveChanges(WifiUtil& util) {
+    const Written written = writeChanges(util);
+    if (written.isRefused)
+        return false;
+    const bool isSaved =
+        (written.networks == 0 && networkList->isValid()) || saveConfiguration(util);
+    return isSaved && written.isComplete;
+}
+
+WifiHostSettings::Written WifiHostSettings::writeChanges(WifiUtil& util) {
     const std::vector<Change> changes = changesOf(*networkList);
     refusedField.clear();
     if (!changes.empty() && !networkIds->confirm(util, adapterName()))
-        return false;
+        return {};
     std::size_t written = 0;
     for (const Change& change : changes)
         written += writeNetwork(util, *change.network) ? 1 : 0;
     if (rule::REFUSED_FIELD_FAILS_SAVE() && !refusedField.empty()) {
         restore(changes);
         takeBack(util);
-        return false;
+        return {};
     }
-    const bool isSaved = (written == 0 && networkList->isValid()) || saveConfiguration(util);
-    return isSaved && written == changes.size();
+    return {false, written, written == changes.size()};
 }
 
 // The supplicant reads its file again, which has nothing of what was sent, and no network that was added since

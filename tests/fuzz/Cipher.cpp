@@ -36,9 +36,15 @@ void requireRefused(const std::string& text) {
     REQUIRE_FOR(!run(Crypt::decrypt, text).isDone, text);
 }
 
+// With the key file, or with the key of this process.
+Operation anyCipher(Input& input) {
+    return input.below(2) == 0 ? Crypt::encrypt : Crypt::encryptForThisProcess;
+}
+
 void roundTrip(Input& input) {
+    const Operation encipher = anyCipher(input);
     const std::string plain = input.text();
-    const Outcome sealed = run(Crypt::encrypt, plain);
+    const Outcome sealed = run(encipher, plain);
     REQUIRE(sealed.isDone && sealed.text.find_first_of("\n\"' ") == std::string::npos);
     const Outcome opened = run(Crypt::decrypt, sealed.text);
     REQUIRE(opened.isDone && opened.text == plain);
@@ -65,7 +71,7 @@ std::string damaged(std::string text, Input& input) {
 }
 
 void damage(Input& input) {
-    static const std::string sealed = run(Crypt::encrypt, "a secret of some length").text;
+    const std::string sealed = run(anyCipher(input), "a secret of some length").text;
     const std::string text = damaged(sealed, input);
     if (text != sealed)
         requireRefused(text);
@@ -76,7 +82,8 @@ void anyText(Input& input) {
 }
 
 void anyBody(Input& input) {
-    requireRefused("crypt1:" + input.text());
+    const char* const prefix = input.below(2) == 0 ? "crypt1:" : "process1:";
+    requireRefused(prefix + input.text());
 }
 
 constexpr void (*PARTS[])(Input&) = {anyText, anyBody, damage, roundTrip};

@@ -8,12 +8,14 @@
 #include "CommandLine.h"
 #include "client/Listing.h"
 #include "commands/CommandTable.h"
+#include "commands/LinkReport.h"
 #include "completion/Completion.h"
 #include "display/Table.h"
 #include "display/Text.h"
 #include "display/Wrap.h"
 #include "edits/PropertyTable.h"
 #include "host/Host.h"
+#include "host/Link.h"
 #include "host/ScanResult.h"
 #include "host/Ssid.h"
 #include "settings/replies/PrintedSsid.h"
@@ -92,8 +94,17 @@ void printedSsids(Input& input) {
     REQUIRE(platwifi::bytesOfPrinted(printed) == bytes);
 }
 
+// A connection of which the supplicant reports anything.
+void link(const std::string& reply) {
+    const cli::LinkState state = cli::LinkState::of("wpa_state=COMPLETED\n" + reply, reply);
+    REQUIRE(state.link && (!state.link->signal || *state.link->signal < 0));
+    for (const auto& [label, text] : cli::rowsOf(*state.link, true))
+        REQUIRE_FOR(!text.empty() && isVisible(text) && cli::isUtf8(text), text);
+}
+
 void scanResults(Input& input) {
     const std::string line = input.text();
+    link(line);
     const auto result = cli::ScanResult::of(line);
     REQUIRE(result.has_value() == (std::count(line.begin(), line.end(), '\t') >= 4));
     if (!result)

@@ -35,6 +35,10 @@ Outcome encrypted(const std::string& plain) {
     return outcomeOf(Crypt::encrypt, plain);
 }
 
+Outcome encryptedForThisProcess(const std::string& plain) {
+    return outcomeOf(Crypt::encryptForThisProcess, plain);
+}
+
 Outcome decrypted(const std::string& enciphered) {
     return outcomeOf(Crypt::decrypt, enciphered);
 }

@@ -17,6 +17,7 @@ struct Outcome {
 };
 
 Outcome encrypted(const std::string& plain);
+Outcome encryptedForThisProcess(const std::string& plain);
 Outcome decrypted(const std::string& enciphered);
 
 /// Starts each test without a key file, and with PLATFORM_KEY_FILE set to a path in a folder that

@@ -35,6 +35,37 @@ TEST_F(Candidates, AreCommandsFirst) {
     EXPECT_THAT(candidates({}), IsEmpty());
 }
 
+TEST_F(Candidates, AreAliasesToo) {
+    m_host.answers({"home"});
+    EXPECT_THAT(candidates({"r"}), ElementsAre("remove", "rm", "roam"));
+    EXPECT_THAT(candidates({"rm", ""}), ElementsAre("home"));
+    EXPECT_THAT(candidates({"list", "--j"}), ElementsAre("--json"));
+    EXPECT_THAT(candidates({"help", "r"}), ElementsAre("remove", "rm", "roam"));
+    EXPECT_THAT(candidates({"help", "roam", ""}), IsEmpty());
+}
+
+TEST_F(Candidates, FollowOptionsBeforeTheCommand) {
+    m_host.answers({"home", "-dash"});
+    EXPECT_THAT(candidates({"-i", "wlan0", "sh"}), ElementsAre("show"));
+    EXPECT_THAT(candidates({"--interface=wlan0", "--json", "show", ""}), ElementsAre("home"));
+    EXPECT_THAT(candidates({"-t", "5", "connect", "h"}), ElementsAre("home"));
+    EXPECT_THAT(candidates({"--json", "rm", "--i"}), ElementsAre("--interface"));
+    EXPECT_THAT(candidates({"--json", "set", "home", "prio"}), ElementsAre("priority=..."));
+    EXPECT_THAT(candidates({"--", "show", "-d"}), ElementsAre("-dash"));
+    EXPECT_THAT(candidates({"--json", "nonsense", ""}), IsEmpty());
+}
+
+TEST_F(Candidates, AreOptionsBeforeTheCommandAndTheirValues) {
+    m_host.answers({"home"});
+    EXPECT_THAT(candidates({"--"}),
+                ElementsAre("--help", "--version", "--json", "--interface", "--timeout", "--full"));
+    EXPECT_THAT(candidates({"--json", "--f"}), ElementsAre("--full"));
+    EXPECT_THAT(candidates({"-i", ""}), ElementsAre("wlan0"));
+    EXPECT_THAT(candidates({"--json", "--interface", "wl"}), ElementsAre("wlan0"));
+    EXPECT_THAT(candidates({"--interface=w"}), ElementsAre("--interface=wlan0"));
+    EXPECT_THAT(candidates({"--timeout", ""}), IsEmpty());
+}
+
 TEST_F(Candidates, AreOptionsOfTheCommandBehindAHyphen) {
     EXPECT_THAT(candidates({"xml", "--f"}), ElementsAre("--full"));
     EXPECT_THAT(candidates({"status", "--"}), ElementsAre("--help", "--json", "--interface"));

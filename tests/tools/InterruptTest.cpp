@@ -21,8 +21,6 @@ using testing::Not;
 
 namespace {
 
-constexpr int SIGNALS[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
-
 // The client's own socket. The client removes it when it exits, but not when it is killed.
 constexpr const char* SOCKET = "/tmp/wpa_ctrl_%d-1";
 const std::string SOCKET_PREFIX = "/tmp/wpa_ctrl_";
@@ -51,11 +49,6 @@ class Interrupted : public test::CommandFixture {
 protected:
     void hangAt(const Arguments& call) { host.on(call).leaves(SOCKET).hangs(); }
 
-    void awaitCalls(const Arguments& call, std::size_t times) const {
-        while (host.callsOf(call) < times)
-            std::this_thread::yield();
-    }
-
     static void expectNothingLeft(pid_t client) {
         EXPECT_TRUE(isGone(client));
         EXPECT_TRUE(clientsWithASocket().empty());
@@ -63,23 +56,6 @@ protected:
         EXPECT_FALSE(std::filesystem::exists("/dev/shm/wifi_shmem"));
     }
 };
-
-TEST_F(Interrupted, WhileItWaitsForAConnection) {
-    serve({"home"}, "SCANNING");
-    for (const int signal : SIGNALS) {
-        const std::size_t before = callsOf({"status"});
-        Program program({"connect", "home"});
-        awaitCalls({"-iwlan0", "status"},
-                   before + 4); // that of the load, and those of one poll at least
-        program.signal(signal);
-        const Ending ending = program.end();
-        EXPECT_EQ(ending.status, -signal);
-        expectOneLine(ending, "interrupted; the supplicant goes on trying: platwifi disconnect");
-        EXPECT_THAT(ending.out, HasSubstr("Connecting to home: SCANNING\n"));
-        EXPECT_TRUE(test::resultFiles().empty());
-        EXPECT_FALSE(std::filesystem::exists("/dev/shm/wifi_shmem"));
-    }
-}
 
 TEST_F(Interrupted, WhileTheClientHangs) {
     hangAt({"interface"});

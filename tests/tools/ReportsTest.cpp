@@ -93,9 +93,12 @@ TEST_F(Reports, ListTheScanStrongestFirst) {
                 "02:00:00:00:01:00\t2412\t-71\t[WPA2-PSK-CCMP][ESS]\tfar\n"
                 "02:00:00:00:02:00\t5180\t-30\t[ESS]\t\n");
     serve({});
-    EXPECT_EQ(ofQuick({"scan"}), "SSID      BSSID              Channel   MHz  dBm  Security\n"
-                                 "(hidden)  02:00:00:00:02:00       36  5180  -30  open\n"
-                                 "far       02:00:00:00:01:00        1  2412  -71  WPA2-PSK\n");
+    setenv("LC_ALL", "C", 1);
+    EXPECT_EQ(ofQuick({"scan"}),
+              "  SSID      BSSID              Ch  GHz  Signal     dBm  Security\n"
+              "  (hidden)  02:00:00:00:02:00  36    5  #### 100%  -30  open\n"
+              "  far       02:00:00:00:01:00   1  2.4  ###_  58%  -71  WPA2-PSK\n");
+    unsetenv("LC_ALL");
     EXPECT_EQ(callsOf({"scan"}), 1u);
 }
 
@@ -146,7 +149,7 @@ TEST_F(Reports, HaveHelpFor80Columns) {
     std::vector<test::Arguments> helps{{"--help"}};
     for (const cli::Command& command : cli::commands())
         helps.push_back({command.name, "--help"});
-    ASSERT_EQ(helps.size(), 16u);
+    ASSERT_EQ(helps.size(), 17u);
     for (const test::Arguments& arguments : helps) {
         const std::string help = of(arguments);
         for (const std::string& line : test::linesOf(help))
@@ -158,7 +161,7 @@ TEST_F(Reports, HaveHelpFor80Columns) {
 }
 
 TEST_F(Reports, ShowTheVersion) {
-    EXPECT_THAT(of({"--version"}), testing::MatchesRegex("[0-9.]+\n"));
+    EXPECT_THAT(of({"--version"}), testing::MatchesRegex("platwifi [0-9.]+\n"));
 }
 
 } // namespace

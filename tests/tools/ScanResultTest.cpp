@@ -45,6 +45,24 @@ TEST(TheChannel, IsThatOfTheFrequency) {
         EXPECT_EQ(channelOf(row.frequency), row.channel) << row.frequency;
 }
 
+TEST(TheChannel, IsAtAFrequencyOfARaster) {
+    EXPECT_EQ(channelOf(2413), 0);
+    EXPECT_EQ(channelOf(5895), 179);
+    EXPECT_EQ(channelOf(5900), 0);
+    EXPECT_EQ(channelOf(5935), 2);
+}
+
+TEST(TheBand, IsThatOfTheChannel) {
+    struct {
+        int frequency;
+        const char* band;
+    } const rows[] = {{2412, "2.4 GHz"}, {2472, "2.4 GHz"}, {2484, "2.4 GHz"}, {5180, "5 GHz"},
+                      {5895, "5 GHz"},   {5935, "6 GHz"},   {5955, "6 GHz"},   {7115, "6 GHz"},
+                      {2413, ""},        {0, ""},           {-5, ""},          {60480, ""}};
+    for (const auto& row : rows)
+        EXPECT_EQ(bandOf(row.frequency), row.band) << row.frequency;
+}
+
 TEST(TheSecurity, IsShownInWords) {
     struct {
         const char* flags;
@@ -63,6 +81,22 @@ TEST(TheSecurity, IsShownInWords) {
         {"[WPA2-PSK+SAE-CCMP][ESS]", "WPA2-PSK/WPA3-SAE"},
         {"[RSN-SAE-CCMP]", "WPA3-SAE"},
         {"[WPA2-OWE-CCMP][ESS]", "OWE"},
+        {"[WPA2-PSK-SHA256-CCMP][ESS]", "WPA2-PSK-SHA256"},
+        {"[WPA2-PSK+PSK-SHA256-CCMP][ESS]", "WPA2-PSK/WPA2-PSK-SHA256"},
+        {"[WPA2-PSK+FT/PSK-CCMP][ESS]", "WPA2-PSK/FT-PSK"},
+        {"[WPA2-SAE+FT/SAE-CCMP][SAE-H2E][ESS]", "WPA3-SAE/FT-SAE"},
+        {"[WPA2-SAE-EXT-KEY-GCMP-256][ESS]", "WPA3-SAE"},
+        {"[WPA2-EAP+FT/EAP-CCMP][ESS]", "WPA2-Enterprise/FT-Enterprise"},
+        {"[WPA2-EAP-SHA256-CCMP][ESS]", "WPA2-Enterprise-SHA256"},
+        {"[WPA2-EAP-SUITE-B-192-GCMP-256][ESS]", "WPA3-Enterprise-192"},
+        {"[WPA2-EAP-SUITE-B-GCMP][ESS]", "WPA2-Enterprise-Suite-B"},
+        {"[WPA2-FT/EAP-SHA384-GCMP-256][ESS]", "FT-Enterprise"},
+        {"[WPA2-EAP+FILS-SHA256-CCMP][ESS]", "WPA2-Enterprise/FILS"},
+        {"[WPA2-OWE-CCMP][OWE-TRANS][ESS]", "OWE"},
+        {"[OWE-TRANS-OPEN][ESS]", "OWE-transition"},
+        {"[WPA2-DPP-CCMP][ESS]", "DPP"},
+        {"[WPA2-UNHEARD-OF-CCMP][ESS]", "WPA2"},
+        {"[WPA-TKIP][WPA2-PSK-CCMP][ESS]", "WPA/WPA2-PSK"},
         {"[WPA2-PSK-CCMP", "WPA2-PSK"},
         {"]]WEP[[", "open"},
     };

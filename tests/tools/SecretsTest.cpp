@@ -2,6 +2,7 @@
 
 #include "doctor/DoctorWorld.h"
 #include "edits/Edits.h"
+#include "platform/Crypt.h"
 #include "platform/FileDescriptor.h"
 #include "support/KeyWorld.h"
 #include "values/Failure.h"
@@ -170,9 +171,16 @@ TEST_F(TheSecret, IsEncipheredForTheLibrary) {
     EXPECT_EQ(test::decrypted(text).text, "correct horse");
 }
 
+TEST_F(TheSecret, NeedsNoKeyFile) {
+    unlink("/tmp/crypt.key");
+    EXPECT_EQ(test::decrypted(cli::enciphered("correct horse")).text, "correct horse");
+    EXPECT_NE(access("/tmp/crypt.key", F_OK), 0);
+    setenv("PLATFORM_KEY_FILE", "/tmp", 1); // no key file can be there
+    EXPECT_EQ(test::decrypted(cli::enciphered("correct horse")).text, "correct horse");
+}
+
 TEST_F(TheSecret, ThatCannotBeEncipheredIsAFailure) {
-    setenv("PLATFORM_KEY_FILE", "/tmp", 1);
-    EXPECT_THROW(cli::enciphered("correct horse"), Failure);
+    EXPECT_THROW(cli::enciphered(std::string(Crypt::MAXIMUM_LENGTH + 1, 'x')), Failure);
 }
 
 /// Assignments on the command line.
@@ -193,7 +201,7 @@ protected:
 TEST_F(TheEdits, HaveTheValuesForTheLibrary) {
     putInput("correct horse\n");
     const Edits some = edits({"psk=-", "key_mgmt=WPA-PSK", "eapIdentity="});
-    EXPECT_THAT(some.valueOf("psk"), StartsWith("crypt1:"));
+    EXPECT_THAT(some.valueOf("psk"), StartsWith("process1:"));
     EXPECT_EQ(some.valueOf("key_mgmt"), "2");
     EXPECT_EQ(some.valueOf("eapIdentity"), "") << "it is cleared";
     EXPECT_EQ(some.valueOf("bssid"), "") << "it is not among them";

@@ -19,7 +19,7 @@ int printError(const std::string& message, int status) {
 
 // A failure without a message is none to report: the reader has closed its end of the pipe.
 int printFailure(const Failure& error) {
-    return error.what()[0] == '\0' ? FAILED : printError(error.what(), FAILED);
+    return error.what()[0] == '\0' ? error.status : printError(error.what(), error.status);
 }
 
 // If the output cannot be written, that is the error that counts.

@@ -66,6 +66,14 @@ private:
 
 } // namespace
 
+SecretBytes randomKey() {
+    SecretBytes key(KEY_BYTES);
+    if (RAND_priv_bytes(key.data(), static_cast<int>(key.size())) != 1)
+        throw CryptError("crypt.cipher",
+                         "the cipher library gave no random bytes; check libcrypto");
+    return key;
+}
+
 Bytes seal(const SecretBytes& key, const std::string& bound, std::string_view plain) {
     Bytes sealed(NONCE_BYTES + plain.size() + TAG_BYTES);
     unsigned char* const nonce = sealed.data();

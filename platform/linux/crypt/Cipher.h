@@ -10,6 +10,9 @@ namespace platform {
 
 constexpr std::size_t KEY_BYTES = 32;
 
+/// KEY_BYTES random bytes. @throws CryptError when the cipher library has none
+SecretBytes randomKey();
+
 /// Enciphers with AES-256-GCM. The result is nonce, ciphertext and tag.
 /// @param bound  authenticated together with the secret, but not part of the result
 /// @throws CryptError when the cipher library fails

@@ -19,6 +19,7 @@ namespace {
 
 constexpr std::string_view VERSION_NAME = "crypt";
 constexpr std::string_view PREFIX = "crypt1:";
+constexpr std::string_view PROCESS_PREFIX = "process1:"; // of a text for this process alone
 
 // Longer than any text that encrypt() makes.
 constexpr std::size_t LONGEST_TEXT = 2 * Crypt::MAXIMUM_LENGTH;
@@ -31,6 +32,12 @@ SecretBytes readKey(MissingKey missing) {
     return readKeyFile(keyPath(geteuid()), missing);
 }
 
+// Never destroyed: other threads may use it while the process ends.
+const SecretBytes& processKey() {
+    static const auto* const key = new SecretBytes(randomKey());
+    return *key;
+}
+
 // "crypt", digits, colon.
 bool isOtherVersion(std::string_view text) {
     if (!startsWith(text, VERSION_NAME))
@@ -39,30 +46,34 @@ bool isOtherVersion(std::string_view text) {
     return end != std::string::npos && end > VERSION_NAME.size() && text[end] == ':';
 }
 
-Bytes decodeBody(std::string_view text) {
+// What follows the prefix.
+Bytes decodeBody(std::string_view text, std::string_view prefix) {
     Bytes body;
-    if (!startsWith(text, PREFIX) && isOtherVersion(text)) {
+    if (!startsWith(text, prefix) && isOtherVersion(text)) {
         throw CryptError("crypt.other-version",
                          "the text was enciphered by another version of this "
                          "program; encipher the secret again with this one");
     }
-    if (!startsWith(text, PREFIX) || text.size() > LONGEST_TEXT ||
-        !fromBase64(text.substr(PREFIX.size()), body) || body.size() < KEY_NAME_BYTES)
+    if (!startsWith(text, prefix) || text.size() > LONGEST_TEXT ||
+        !fromBase64(text.substr(prefix.size()), body) || body.size() < KEY_NAME_BYTES)
         throwDamaged();
     return body;
 }
 
-void checkKeyName(const Bytes& body, const std::string& name) {
-    if (std::memcmp(body.data(), name.data(), KEY_NAME_BYTES) != 0) {
-        throw CryptError("crypt.wrong-key",
-                         "the text was enciphered with another key, or its "
-                         "beginning is damaged; restore that key file, or encipher "
-                         "the secret again");
+[[noreturn]] void throwWrongKey(std::string_view prefix) {
+    if (prefix == PROCESS_PREFIX) {
+        throw CryptError("crypt.other-process",
+                         "another process has enciphered the text for itself alone, or its "
+                         "beginning is damaged; encipher the secret again");
     }
+    throw CryptError("crypt.wrong-key", "the text was enciphered with another key, or its "
+                                        "beginning is damaged; restore that key file, or encipher "
+                                        "the secret again");
 }
 
-std::string boundTo(const std::string& keyName) {
-    return std::string(PREFIX) + keyName;
+// What is authenticated together with the secret.
+std::string boundTo(std::string_view prefix, const std::string& keyName) {
+    return std::string(prefix) + keyName;
 }
 
 // The array that the caller of Crypt frees with delete[].
@@ -72,28 +83,48 @@ std::unique_ptr<char[]> newResult(const void* text, std::size_t size) {
     return result;
 }
 
-std::unique_ptr<char[]> encipher(const char* plain) {
-    const std::size_t size = std::strlen(plain);
-    if (size > Crypt::MAXIMUM_LENGTH)
-        throw CryptError("crypt.too-long", "a secret of more than 1 MiB cannot be enciphered; "
-                                           "shorten it");
-    const SecretBytes key = readKey(MissingKey::MAKE);
+std::unique_ptr<char[]> encipherWith(const SecretBytes& key, std::string_view prefix,
+                                     std::string_view plain) {
     const std::string name = nameOfKey(key);
-    const Bytes sealed = seal(key, boundTo(name), std::string_view(plain, size));
+    const Bytes sealed = seal(key, boundTo(prefix, name), plain);
     Bytes body(name.begin(), name.end());
     body.insert(body.end(), sealed.begin(), sealed.end());
-    const std::string text = std::string(PREFIX) + toBase64(body);
+    const std::string text = std::string(prefix) + toBase64(body);
     return newResult(text.c_str(), text.size() + 1);
 }
 
-std::unique_ptr<char[]> decipher(const char* enciphered) {
-    const Bytes body = decodeBody(enciphered);
-    const SecretBytes key = readKey(MissingKey::FAIL);
+std::unique_ptr<char[]> decipherWith(const SecretBytes& key, std::string_view prefix,
+                                     const Bytes& body) {
     const std::string name = nameOfKey(key);
-    checkKeyName(body, name);
+    if (std::memcmp(body.data(), name.data(), KEY_NAME_BYTES) != 0)
+        throwWrongKey(prefix);
     const Bytes sealed(body.begin() + KEY_NAME_BYTES, body.end());
-    const SecretBytes plain = unseal(key, boundTo(name), sealed);
+    const SecretBytes plain = unseal(key, boundTo(prefix, name), sealed);
     return newResult(plain.data(), plain.size());
+}
+
+std::string_view checkedSecret(const char* plain) {
+    const std::string_view secret = plain;
+    if (secret.size() > Crypt::MAXIMUM_LENGTH)
+        throw CryptError("crypt.too-long", "a secret of more than 1 MiB cannot be enciphered; "
+                                           "shorten it");
+    return secret;
+}
+
+std::unique_ptr<char[]> encipher(const char* plain) {
+    const std::string_view secret = checkedSecret(plain);
+    return encipherWith(readKey(MissingKey::MAKE), PREFIX, secret);
+}
+
+std::unique_ptr<char[]> encipherForThisProcess(const char* plain) {
+    return encipherWith(processKey(), PROCESS_PREFIX, checkedSecret(plain));
+}
+
+std::unique_ptr<char[]> decipher(const char* enciphered) {
+    if (startsWith(enciphered, PROCESS_PREFIX))
+        return decipherWith(processKey(), PROCESS_PREFIX, decodeBody(enciphered, PROCESS_PREFIX));
+    const Bytes body = decodeBody(enciphered, PREFIX);
+    return decipherWith(readKey(MissingKey::FAIL), PREFIX, body);
 }
 
 void report(ErrorHandler* errors, const char* id, const char* text) noexcept {
@@ -140,6 +171,10 @@ int run(Operation operation, ErrorHandler* errors, const char* text, char** resu
 
 int Crypt::encrypt(ErrorHandler* errors, const char* plain, char** result) noexcept {
     return platform::run(platform::encipher, errors, plain, result);
+}
+
+int Crypt::encryptForThisProcess(ErrorHandler* errors, const char* plain, char** result) noexcept {
+    return platform::run(platform::encipherForThisProcess, errors, plain, result);
 }
 
 int Crypt::decrypt(ErrorHandler* errors, const char* enciphered, char** result) noexcept {

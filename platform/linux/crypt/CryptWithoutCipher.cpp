@@ -24,6 +24,10 @@ int Crypt::encrypt(ErrorHandler* errors, const char*, char** result) noexcept {
     return fail(errors, result);
 }
 
+int Crypt::encryptForThisProcess(ErrorHandler* errors, const char*, char** result) noexcept {
+    return fail(errors, result);
+}
+
 int Crypt::decrypt(ErrorHandler* errors, const char*, char** result) noexcept {
     return fail(errors, result);
 }

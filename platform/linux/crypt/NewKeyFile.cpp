@@ -10,7 +10,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <openssl/rand.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -66,14 +65,6 @@ private:
     std::string m_path;
     FileDescriptor m_file;
 };
-
-SecretBytes randomKey() {
-    SecretBytes key(KEY_BYTES);
-    if (RAND_priv_bytes(key.data(), static_cast<int>(key.size())) != 1)
-        throw CryptError("crypt.cipher",
-                         "the cipher library gave no random bytes; check libcrypto");
-    return key;
-}
 
 // If a power failure removed the key file, nothing that was enciphered with it could be deciphered.
 void syncFolder(const std::string& path) {

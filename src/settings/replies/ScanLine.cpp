@@ -2,6 +2,7 @@
 
 #include "Profile.h"
 #include "model/NetworkFields.h"
+#include "model/Radio.h"
 #include "model/WifiNetwork.h"
 #include "settings/replies/Columns.h"
 #include "settings/replies/PrintedSsid.h"
@@ -39,38 +40,6 @@ constexpr unsigned int OTHER_CHANNEL = 6;
 
 constexpr unsigned int WEAKEST_SIGNAL = 160;
 constexpr unsigned int SIGNAL_RANGE = 50;
-constexpr int WEAKEST_DBM = -100;
-
-// The channels of a band stand 5 MHz apart.
-struct Band {
-    int lowest; // frequency of a channel
-    int highest;
-    int base; // the frequency of channel 0
-};
-
-constexpr int CHANNEL_WIDTH = 5;
-// clang-format off
-constexpr Band BANDS[] = {
-    {2412, 2472, 2407},
-    {2484, 2484, 2414}, // channel 14
-    {5160, 5895, 5000},
-    {5935, 5935, 5925}, // channel 2 of 6 GHz
-    {5955, 7115, 5950},
-};
-// clang-format on
-
-unsigned int channelInBands(int megahertz) {
-    for (const Band& band : BANDS) {
-        const bool isInside = band.lowest <= megahertz && megahertz <= band.highest;
-        if (isInside && (megahertz - band.base) % CHANNEL_WIDTH == 0)
-            return static_cast<unsigned int>((megahertz - band.base) / CHANNEL_WIDTH);
-    }
-    return 0;
-}
-
-unsigned int strengthInPercent(int dbm) {
-    return static_cast<unsigned int>(2 * std::clamp(dbm - WEAKEST_DBM, 0, 50));
-}
 
 // One function for each column of a scan line, in their order: it sets what the column stands for.
 using ReadColumn = void (*)(WifiNetwork&, const char* column);
@@ -139,7 +108,7 @@ void mergeLine(const char* line, WifiNetwork* head, ScanMatch matches) {
 unsigned int channelAt(const char* frequency) {
     const int megahertz = decimalOf(frequency);
     if (rule::ALL_CHANNELS_ARE_KNOWN())
-        return channelInBands(megahertz);
+        return static_cast<unsigned int>(channelInBands(megahertz));
     for (const Channel& channel : CHANNELS) {
         if (channel.megahertz == megahertz)
             return channel.number;
@@ -150,7 +119,7 @@ unsigned int channelAt(const char* frequency) {
 // Unsigned on purpose: a signal below 160 wraps around and gives 100. quirk: LOAD-20
 unsigned int strengthOf(const char* signal) {
     if (rule::SIGNAL_IS_IN_DBM())
-        return strengthInPercent(decimalOf(signal));
+        return static_cast<unsigned int>(percentOf(decimalOf(signal)));
     const unsigned int above = static_cast<unsigned int>(decimalOf(signal)) - WEAKEST_SIGNAL;
     const double share = static_cast<double>(std::min(above, SIGNAL_RANGE)) / SIGNAL_RANGE;
     return static_cast<unsigned int>(share * 100);

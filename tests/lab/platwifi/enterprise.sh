@@ -14,6 +14,6 @@ test_enterprise() {
     run "disconnect" 0 disconnect --json
     json_has /ssid lab-eap /done disconnected
     run "set a wrong password" 0 set lab-eap eapPassword=- <<<'not the password'
-    gives_up lab-eap 'the access point refuses the identity, password or certificate; '
+    gives_up lab-eap 12 'the server refuses the login: the identity or the password is wrong; '
     forget_networks
 }

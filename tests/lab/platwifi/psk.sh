@@ -47,7 +47,7 @@ test_psk() {
 
     echo 'not the passphrase' >/tmp/wrong
     run "set a wrong key from a file" 0 set lab-psk psk=@/tmp/wrong
-    gives_up lab-psk 'the key is probably wrong; '
+    gives_up lab-psk 10 'the access point refuses the key; '
     run "set two properties" 0 set lab-psk priority=5 psk=- --json <<<"$LAB_PASSPHRASE"
     json_has /ssid lab-psk /done saved
     file_has priority=5

@@ -1,6 +1,6 @@
 // The TAB key in an interactive bash. The tests look at the arguments that the program is then called with.
 
-#include "InteractiveBash.h"
+#include "InteractiveShell.h"
 #include "Shell.h"
 
 #include <filesystem>
@@ -16,20 +16,26 @@ constexpr char HELPERS[] = "/usr/share/bash-completion/bash_completion";
 class Tab : public testing::Test {
 protected:
     test::ListedHost m_host;
-    test::InteractiveBash m_bash;
+    test::InteractiveShell m_bash{test::bash()};
 };
 
 /// With "=", ":" and "@" in COMP_WORDBREAKS, and without.
 class TabAtAWordBreak : public testing::TestWithParam<const char*> {
 protected:
     test::ListedHost m_host;
-    test::InteractiveBash m_bash{GetParam()};
+    test::InteractiveShell m_bash{test::bash(GetParam())};
 };
 
 } // namespace
 
 TEST_F(Tab, CompletesACommandWithABlank) {
     EXPECT_EQ(m_bash.argumentsAfter("platwifi conn\thome"), "<connect> <home>");
+}
+
+TEST_F(Tab, WorksBehindOptionsAndAnAlias) {
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi -i wl\tconn\tho\t--js\t"),
+              "<-i> <wlan0> <connect> <home> <--json>");
+    EXPECT_EQ(m_bash.argumentsAfter("platwifi --json rm My\tx"), "<--json> <rm> <My Net> <x>");
 }
 
 TEST_F(Tab, CompletesNetworksWithSpecialCharacters) {
@@ -109,7 +115,7 @@ TEST(TabWithHelpers, WorksBesideTheCompletionOfTheSystem) {
     if (!std::filesystem::exists(HELPERS))
         GTEST_SKIP() << "no " << HELPERS << " (install the package bash-completion)";
     const test::ListedHost host;
-    test::InteractiveBash bash(std::string("sudo() { \"$@\"; }\n. ") + HELPERS);
+    test::InteractiveShell bash(test::bash(std::string("sudo() { \"$@\"; }\n. ") + HELPERS));
     EXPECT_EQ(bash.argumentsAfter("platwifi set \"My\tkey_m\tWPA-N\tx"),
               "<set> <My Net> <key_mgmt=WPA-NONE> <x>");
     EXPECT_EQ(bash.argumentsAfter("sudo platwifi show My\tx"), "<show> <My Net> <x>");

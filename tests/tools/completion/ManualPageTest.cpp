@@ -51,8 +51,16 @@ std::string pageSection(const std::string& name) {
     return section(textOf(PAGE), "\n.Sh " + name + "\n", "\n.Sh ");
 }
 
+std::string commandsSection() {
+    return section(output("platwifi --help"), "\nCommands:\n", "\n\n");
+}
+
 Names commandsOfHelp() {
-    return found(section(output("platwifi --help"), "\nCommands:\n", "\n\n"), "^  ([a-z]+) ");
+    return found(commandsSection(), "^  ([a-z]+)[, ]");
+}
+
+Names aliasesOfHelp() {
+    return found(commandsSection(), "^  [a-z]+, ([a-z]+) ");
 }
 
 std::string propertiesOfHelp() {
@@ -68,6 +76,11 @@ Names completions(const std::string& words) {
 TEST(ManualPage, HasTheCommandsOfTheProgramAndNoOther) {
     EXPECT_THAT(commandsOfHelp(), Contains("connect"));
     EXPECT_EQ(found(pageSection("COMMANDS"), "^\\.It Cm ([a-z]+)"), commandsOfHelp());
+}
+
+TEST(ManualPage, HasTheAliasesOfTheProgramAndNoOther) {
+    EXPECT_THAT(aliasesOfHelp(), Contains("rm"));
+    EXPECT_EQ(found(pageSection("COMMANDS"), "^\\.It Cm [a-z]+ , Cm ([a-z]+)"), aliasesOfHelp());
 }
 
 TEST(ManualPage, HasThePropertiesOfTheProgramAndNoOther) {
@@ -111,8 +124,12 @@ TEST(ManualPage, HasNoFaults) {
     }
 }
 
-TEST(Completion, HasTheCommandsOfTheProgramAndNoOther) {
-    EXPECT_EQ(completions("''"), commandsOfHelp());
+TEST(Completion, HasTheCommandsAndAliasesOfTheProgramAndNoOther) {
+    Names names = commandsOfHelp();
+    const Names aliases = aliasesOfHelp();
+    names.insert(aliases.begin(), aliases.end());
+    EXPECT_EQ(completions("''"), names);
+    EXPECT_EQ(completions("--json ''"), names);
 }
 
 TEST(Completion, HasThePropertiesOfTheProgramAndNoOther) {

@@ -30,4 +30,8 @@ ShellOutput outputOf(const std::string& script,
     return output;
 }
 
+bool isInstalled(const std::string& program) {
+    return outputOf("command -v " + program).status == 0;
+}
+
 } // namespace test

@@ -21,4 +21,7 @@ struct ShellOutput {
 ShellOutput outputOf(const std::string& script,
                      const std::map<std::string, std::string>& variables = {});
 
+/// Whether this program is on the path.
+bool isInstalled(const std::string& program);
+
 } // namespace test

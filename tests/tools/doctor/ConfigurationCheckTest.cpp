@@ -45,6 +45,17 @@ TEST_F(ConfigurationCheck, AcceptsAFileThatIsClosedToOthers) {
     EXPECT_THAT(foundFor("7 wpa_supplicant -c " + m_file + "\n"), isGood(HasSubstr(m_file)));
 }
 
+// The first supplicant serves D-Bus alone, the second one another interface.
+TEST_F(ConfigurationCheck, ExaminesTheFileOfTheSupplicantThatServesTheInterface) {
+    write(perms::all);
+    EXPECT_THAT(foundFor("7 wpa_supplicant -u -s\n8 wpa_supplicant -c/etc/passwd -i wlan7\n"
+                         "9 wpa_supplicant -i wlan0 -c " +
+                         m_file + "\n"),
+                isNote(HasSubstr(m_file)));
+    EXPECT_THAT(foundFor("7 wpa_supplicant -u -s\n8 wpa_supplicant -c " + m_file + "\n"),
+                isNote(HasSubstr(m_file)));
+}
+
 TEST_F(ConfigurationCheck, IgnoresTheArgumentsOfAnotherProgram) {
     write(perms::all);
     EXPECT_THAT(foundFor("7 editor wpa_supplicant -c " + m_file + "\n"), isGood());

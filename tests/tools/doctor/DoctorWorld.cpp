@@ -5,8 +5,10 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <grp.h>
 #include <stdexcept>
+#include <sys/mount.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -17,6 +19,20 @@ namespace {
 constexpr unsigned int OTHER_ID = 65534;
 
 } // namespace
+
+EmptyFolder::EmptyFolder(const std::string& path) : m_path(path) {
+    if (mount("private", path.c_str(), "tmpfs", 0, "mode=755") != 0)
+        throw std::runtime_error("cannot replace " + path + ": " + std::strerror(errno));
+}
+
+EmptyFolder::~EmptyFolder() {
+    EXPECT_EQ(umount2(m_path.c_str(), MNT_DETACH), 0);
+}
+
+void putFile(const std::string& path, const std::string& text) {
+    std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+    std::ofstream(path) << text;
+}
 
 ListeningSocket::ListeningSocket(const std::string& path)
     : m_socket(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
@@ -48,20 +64,50 @@ OrdinaryUser::~OrdinaryUser() {
 const std::string DoctorWorld::FOLDER = "/run/wpa_supplicant";
 const std::string DoctorWorld::SOCKET = FOLDER + "/wlan0";
 const std::string DoctorWorld::PID_FILE = "/var/run/wpa_supplicant.pid";
+const std::string DoctorWorld::SYSTEM_FOLDER = "/sys/class/net/wlan0";
+const std::string DoctorWorld::RADIO_SWITCH = "/sys/class/rfkill/rfkill0";
 
 void DoctorWorld::SetUp() {
     std::filesystem::create_directories(FOLDER);
     m_socket.emplace(SOCKET);
+    m_system.emplace("/sys/class");
+    putFile(SYSTEM_FOLDER + "/ifindex", "7\n");
+    putFile(SYSTEM_FOLDER + "/phy80211/name", "phy0\n");
+    putFile(RADIO_SWITCH + "/name", "phy0\n");
+    putFile(RADIO_SWITCH + "/type", "wlan\n");
+    putFile(RADIO_SWITCH + "/soft", "0\n");
+    putFile(RADIO_SWITCH + "/hard", "0\n");
     setenv("PLATFORM_KEY_FILE", "/tmp/no folder/crypt.key", 1);
     answer();
 }
 
 void DoctorWorld::TearDown() {
     m_socket.reset();
-    std::filesystem::remove_all(FOLDER);
+    m_system.reset();
+    for (const std::string& folder : {FOLDER, std::string("/run/NetworkManager"),
+                                      std::string("/run/systemd"), std::string("/run/netplan")})
+        std::filesystem::remove_all(folder);
     std::filesystem::remove(PID_FILE);
     unsetenv("PLATFORM_KEY_FILE");
+    unsetenv("PLATWIFI_PROFILE");
     WifiUtil::unload();
+}
+
+void DoctorWorld::setProfile(const std::string& name) {
+    setenv("PLATWIFI_PROFILE", name.c_str(), 1);
+}
+
+void DoctorWorld::setProcesses(const std::string& lines) {
+    m_standIn.reset();
+    m_standIn.on({"arg"}).prints(lines);
+    answer();
+}
+
+void DoctorWorld::setReply(std::vector<std::string> command, const std::string& reply) {
+    command.insert(command.begin(), "-iwlan0");
+    m_standIn.reset();
+    m_standIn.on(command).prints(reply);
+    answer();
 }
 
 void DoctorWorld::answer() {
@@ -71,6 +117,10 @@ void DoctorWorld::answer() {
         .prints("Selected interface 'wlan0'\nAvailable interfaces:\nwlan0\n");
     m_standIn.on({"-iwlan0", "ping"}).prints("PONG\n");
     m_standIn.on({"-iwlan0", "get", "update_config"}).prints("1");
+    m_standIn.on({"-iwlan0", "get", "country"}).prints("DE");
+    m_standIn.on({"-iwlan0", "get_capability", "freq"})
+        .prints("Mode[A] Channels:\n 36 = 5180 MHz\n");
+    m_standIn.on({"-iwlan0", "status"}).prints("wpa_state=COMPLETED\nip_address=192.0.2.7\n");
 }
 
 } // namespace test

@@ -40,7 +40,23 @@ private:
     bool m_done;
 };
 
-/// A host without faults, with a supplicant that serves wlan0. Each test adds its fault.
+/// Replaces a folder by an empty one while the object exists.
+class EmptyFolder {
+public:
+    explicit EmptyFolder(const std::string& path);
+    ~EmptyFolder();
+    EmptyFolder(const EmptyFolder&) = delete;
+    EmptyFolder& operator=(const EmptyFolder&) = delete;
+
+private:
+    const std::string m_path;
+};
+
+/// Writes a file, and makes its folders.
+void putFile(const std::string& path, const std::string& text);
+
+/// A host without faults, with a supplicant that serves wlan0, which is connected and has an address. Each
+/// test adds its fault.
 class DoctorWorld : public testing::Test {
 protected:
     static const std::string FOLDER; ///< of the control sockets
@@ -50,11 +66,27 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
+    /// The kernel's description of wlan0.
+    static const std::string SYSTEM_FOLDER;
+
+    /// The switch of its radio.
+    static const std::string RADIO_SWITCH;
+
+    /// The program is started with this value of PLATWIFI_PROFILE.
+    static void setProfile(const std::string& name);
+
+    /// The processes that run, a line each: the process id and the arguments.
+    void setProcesses(const std::string& lines);
+
+    /// Replaces the answer to a command of the client for wlan0.
+    void setReply(std::vector<std::string> command, const std::string& reply);
+
     /// Adds the answers of such a supplicant. The first one that fits counts: to change one, a test
     /// resets the stand-in, adds its own answer, and calls this.
     void answer();
 
     StandIn m_standIn;
+    std::optional<EmptyFolder> m_system; ///< in the place of /sys/class
     std::optional<ListeningSocket> m_socket;
 };
 

@@ -62,12 +62,39 @@ TEST_F(SupplicantChecks, ReportThatNoInterfaceIsListed) {
 }
 
 TEST_F(SupplicantChecks, ReportAnInterfaceForWifiDirectListedFirst) {
+    setProfile("device");
     EXPECT_THAT(interfacesAre("p2p-dev-wlan0\nwlan0\n", ""),
                 isBad(HasSubstr("lists p2p-dev-wlan0 first"), HasSubstr("p2p_disabled=1")));
 }
 
 TEST_F(SupplicantChecks, AcceptAnInterfaceForWifiDirectListedLater) {
+    setProfile("device");
     EXPECT_THAT(interfacesAre("wlan0\np2p-dev-wlan0\n", ""), isGood());
+}
+
+// The profile skips such interfaces.
+TEST_F(SupplicantChecks, AcceptAnInterfaceForWifiDirectListedFirstUnderModern) {
+    EXPECT_THAT(interfacesAre("p2p-dev-wlan0\nwlan0\n", ""), isGood());
+    EXPECT_THAT(cli::checkInterface("wlan0"), isGood());
+}
+
+TEST_F(SupplicantChecks, ReportThatOnlyAnInterfaceForWifiDirectIsListed) {
+    EXPECT_THAT(interfacesAre("p2p-dev-wlan0\n", ""),
+                isBad(HasSubstr("lists p2p-dev-wlan0 alone"), HasSubstr("p2p_disabled=1")));
+}
+
+TEST_F(SupplicantChecks, ReportANameThatIsTooLongForTheProfile) {
+    const std::string usb =
+        "wlx00c0caabcdef"; // 15 characters, as the system names an adapter at USB
+    EXPECT_THAT(interfacesAre(usb + "\n", ""), isGood(usb));
+    setProfile("device");
+    for (const std::string& iface : {std::string(), usb}) {
+        EXPECT_THAT(cli::checkInterface(iface),
+                    isBad("the name " + usb + " has 15 characters; the profile in use allows 13",
+                          HasSubstr("unset PLATWIFI_PROFILE")));
+    }
+    m_standIn.reset();
+    EXPECT_THAT(interfacesAre("wlx0123456789\n", ""), isGood()) << "13 characters";
 }
 
 TEST_F(SupplicantChecks, ReportAnInterfaceThatIsNotListed) {

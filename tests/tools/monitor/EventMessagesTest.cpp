@@ -133,6 +133,8 @@ const Case CASES[] = {
      "EAP method proposed  method 25\n"},
     {"<3>CTRL-EVENT-EAP-METHOD EAP vendor 0 method 21 (TTLS) selected",
      "eapMethodChosen code=21 meaning=TTLS", "EAP method chosen  method 21: TTLS\n"},
+    {"<3>EAP: Failed to initialize EAP method: vendor 0 method 25 (PEAP)",
+     "eapMethodUnusable code=25 meaning=PEAP", "EAP method unusable  method 25: PEAP\n"},
     {"<3>CTRL-EVENT-EAP-PEER-CERT depth=1 subject='/O=Lab/CN=Lab's own' hash=76403c81",
      "certificateShown depth=1 certificate=/O=Lab/CN=Lab's own", "certificate  /O=Lab/CN=Lab's own\n"},
     {"<3>CTRL-EVENT-EAP-TLS-CERT-ERROR reason=1 depth=1 subject='/CN=Lab' err='self-signed certificate'",

@@ -27,6 +27,29 @@ TEST_F(SaveSettings, WritesSavesReadsAgainAndSignals) {
     EXPECT_EQ(SaveSignals::count, 1);
 }
 
+// SAVE-14
+TEST_F(SaveSettings, WritesWithoutASaveAndOnce) {
+    load({"home", "work"});
+    network("home")->setPriority(5);
+    const auto write = [] { EXPECT_EQ(settings().writeNetworkSettings(nullptr), 1); };
+    EXPECT_THAT(commandsOf(write), ElementsAre(priority("0", "5")));
+    EXPECT_EQ(SaveSignals::count, 0);
+    EXPECT_THAT(commandsOf(write), IsEmpty());
+    EXPECT_THAT(saveGiving(1), IsEmpty()) << "nothing is dirty";
+}
+
+// SAVE-14
+TEST_F(SaveSettings, WritesNothingWhereIdsCannotBeConfirmed) {
+    load({"home", "work"});
+    EXPECT_TRUE(settings().removeNetwork("wlan0", "work"));
+    saveGiving(1);
+    network("home")->setPriority(5);
+    answerTo({"-iwlan0", "list_networks"}, "FAIL\n");
+    EXPECT_THAT(commandsOf([] { EXPECT_EQ(settings().writeNetworkSettings(nullptr), 0); }),
+                ElementsAre("-iwlan0 list_networks"));
+    EXPECT_TRUE(network("home")->getPriorityDirty());
+}
+
 TEST_F(SaveSettings, WritesTheNetworkAddedLastFirst) {
     load({"home", "work", "train"});
     network("home")->setPriority(5);

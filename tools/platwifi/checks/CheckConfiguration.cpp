@@ -1,59 +1,33 @@
 // The permissions of the supplicant's configuration file, which holds keys in plain text.
 
 #include "checks/CheckFunctions.h"
-#include "client/ClientReply.h"
+#include "checks/ControlSocket.h"
+#include "checks/Processes.h"
 
-#include <sstream>
 #include <sys/stat.h>
-#include <vector>
 
 namespace cli {
 namespace {
 
-constexpr const char* SUPPLICANT = "wpa_supplicant";
-
-using Words = std::vector<std::string>;
-
-Words wordsOf(const std::string& line) {
-    std::istringstream stream(line);
-    Words words;
-    for (std::string word; stream >> word;)
-        words.push_back(word);
-    return words;
-}
-
-bool endsWith(const std::string& text, const std::string& end) {
-    return text.size() >= end.size() &&
-           text.compare(text.size() - end.size(), end.size(), end) == 0;
-}
-
-// FILE of "-c FILE" or "-cFILE"; "" without either.
-std::string fileNamedBy(const Words& arguments) {
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        if (arguments[i] == "-c" && i + 1 < arguments.size())
-            return arguments[i + 1];
-        if (arguments[i].rfind("-c", 0) == 0)
-            return arguments[i].substr(2);
+// The file of the supplicant that serves the interface; if no arguments name that, the first file that
+// those of a supplicant name. One that serves D-Bus alone has none.
+std::string configurationFor(const std::string& iface) {
+    std::string first;
+    for (const Words& command : supplicantsAmong(runningCommands())) {
+        std::string file = optionOf(command, "-c");
+        if (!file.empty() && optionOf(command, "-i") == iface)
+            return file;
+        if (first.empty())
+            first = file;
     }
-    return "";
-}
-
-// The file that the first supplicant in the list of processes was started with.
-std::string configuration() {
-    std::istringstream processes(processList());
-    for (std::string line; std::getline(processes, line);) {
-        const Words words = wordsOf(line); // the process id comes first
-        if (words.size() > 1 && endsWith(words[1], SUPPLICANT))
-            return fileNamedBy(words);
-    }
-    return "";
+    return first;
 }
 
 } // namespace
 
 // The supplicant creates the file anew at each save; its umask decides the permissions.
-Finding checkConfiguration(const std::string&) {
-    const std::string path = configuration();
+Finding checkConfiguration(const std::string& iface) {
+    const std::string path = configurationFor(interfaceFor(iface));
     struct stat file {};
     if (path.empty() || path[0] != '/')
         return good("is not named by the supplicant's arguments");

@@ -9,14 +9,19 @@ namespace cli {
 // The checks. `iface` is the interface on the command line, or "". A check may rely on those that come
 // before it in the table of Checks.cpp.
 
+Finding checkProfile(const std::string& iface);
 Finding checkClient(const std::string& iface);
 Finding checkProcessLister(const std::string& iface);
+Finding checkRadio(const std::string& iface);
+Finding checkManagers(const std::string& iface);
 Finding checkProcess(const std::string& iface);
 Finding checkControlSocket(const std::string& iface);
 Finding checkReply(const std::string& iface);
 Finding checkInterface(const std::string& iface);
 Finding checkSaving(const std::string& iface);
 Finding checkConfiguration(const std::string& iface);
+Finding checkCountry(const std::string& iface);
+Finding checkAddress(const std::string& iface);
 Finding checkKeyFile(const std::string& iface);
 Finding checkSharedMemory(const std::string& iface);
 Finding checkPidFile(const std::string& iface);

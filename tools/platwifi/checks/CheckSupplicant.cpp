@@ -2,6 +2,7 @@
 
 #include "checks/CheckFunctions.h"
 #include "checks/ControlSocket.h"
+#include "checks/ProfileInUse.h"
 #include "client/ClientReply.h"
 #include "client/Listing.h"
 
@@ -19,6 +20,27 @@ std::string joined(const std::vector<std::string>& all) {
     for (const std::string& one : all)
         text += (text.empty() ? "" : ", ") + one;
     return text;
+}
+
+// The adapter whose networks are used; "" if all listed ones are for Wi-Fi Direct and the profile skips them.
+std::string firstAdapter(const std::vector<std::string>& listed) {
+    if (!inUse(platwifi::rule::P2P_DEVICES_ARE_SKIPPED))
+        return listed.front();
+    const auto first = std::find_if_not(listed.begin(), listed.end(), isForWifiDirect);
+    return first == listed.end() ? "" : *first;
+}
+
+Finding onlyForWifiDirect(const std::string& iface, const char* place) {
+    return bad("the supplicant lists " + iface + place + ", which is for Wi-Fi Direct only",
+               "put p2p_disabled=1 into the supplicant's configuration, and start it with an "
+               "interface, such as -i wlan0");
+}
+
+Finding nameIsTooLong(const std::string& iface, std::size_t most) {
+    return bad("the name " + iface + " has " + std::to_string(iface.size()) +
+                   " characters; the profile in use allows " + std::to_string(most),
+               "unset PLATWIFI_PROFILE, or set it to modern; or give the interface a shorter name, "
+               "such as wlan0, by a .link file of systemd");
 }
 
 std::string firstLine(const std::string& text) {
@@ -43,15 +65,19 @@ Finding checkInterface(const std::string& iface) {
     const std::vector<std::string> listed = listedAdapters();
     if (listed.empty())
         return bad("the supplicant lists no interface", "start it with one, such as -i wlan0");
-    const std::string& first = listed.front();
-    if (isForWifiDirect(first)) {
-        return bad("the supplicant lists " + first + " first, which is for Wi-Fi Direct only",
-                   "put p2p_disabled=1 into the supplicant's configuration, then restart it");
-    }
+    const std::string first = firstAdapter(listed);
+    if (first.empty())
+        return onlyForWifiDirect(joined(listed), " alone");
+    if (isForWifiDirect(first))
+        return onlyForWifiDirect(first, " first");
     if (!iface.empty() && !contains(listed, iface))
         return bad("the supplicant does not serve " + iface,
                    "name one that it serves with -i: " + joined(listed));
-    if (!iface.empty() && iface != first)
+    const std::string& used = iface.empty() ? first : iface;
+    const std::size_t most = inUse(platwifi::rule::LONGEST_INTERFACE);
+    if (used.size() > most)
+        return nameIsTooLong(used, most);
+    if (used != first)
         return note("the networks are those of " + first + ", which is listed before " + iface,
                     "leave out -i, or let the supplicant serve " + iface + " alone");
     return good(joined(listed));

@@ -6,9 +6,9 @@ namespace cli {
 namespace {
 
 enum class Kind {
-    OBSTACLE,         ///< if it is bad, the supplicant cannot be reached
-    NEEDS_SUPPLICANT, ///< runs only if there is no obstacle
-    INDEPENDENT       ///< always runs
+    OBSTACLE,   ///< if it is bad, the supplicant cannot be reached
+    DEPENDENT,  ///< like an obstacle, runs only if none was found before it
+    INDEPENDENT ///< always runs
 };
 
 struct Check {
@@ -18,14 +18,19 @@ struct Check {
 };
 
 constexpr Check CHECKS[] = {
+    {"profile", Kind::INDEPENDENT, checkProfile},
     {"client", Kind::OBSTACLE, checkClient},
     {"process lister", Kind::OBSTACLE, checkProcessLister},
+    {"radio", Kind::INDEPENDENT, checkRadio},
+    {"other managers", Kind::DEPENDENT, checkManagers},
     {"supplicant", Kind::OBSTACLE, checkProcess},
     {"control socket", Kind::OBSTACLE, checkControlSocket},
     {"reply", Kind::OBSTACLE, checkReply},
     {"interface", Kind::OBSTACLE, checkInterface},
-    {"update_config", Kind::NEEDS_SUPPLICANT, checkSaving},
-    {"configuration", Kind::NEEDS_SUPPLICANT, checkConfiguration},
+    {"update_config", Kind::DEPENDENT, checkSaving},
+    {"configuration", Kind::DEPENDENT, checkConfiguration},
+    {"country", Kind::DEPENDENT, checkCountry},
+    {"address", Kind::DEPENDENT, checkAddress},
     {"key file", Kind::INDEPENDENT, checkKeyFile},
     {"shared memory", Kind::INDEPENDENT, checkSharedMemory},
     {"pid file", Kind::INDEPENDENT, checkPidFile},

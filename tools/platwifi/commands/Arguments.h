@@ -9,7 +9,8 @@ namespace cli {
 
 struct Command;
 
-/// Reads the arguments of main(). Prints the help or the version if they ask for that.
+/// Reads the arguments of main(). Options may stand before the command as well as behind it. Prints the
+/// help or the version if an option asks for that.
 /// @param request  receives what they ask for
 /// @return the command; null after the help or the version
 /// @throws WrongUse
@@ -20,7 +21,9 @@ struct Option {
     bool takesValue;
 };
 
-/// The options of a command, long and short ones; for "" those of the program itself.
+/// The options of a command, long and short ones; for "" those that may stand before one: the program's own
+/// and those of all commands.
+/// @param command  a name or an alias
 std::vector<Option> optionsOf(const std::string& command);
 
 } // namespace cli

@@ -24,6 +24,7 @@ constexpr char ADAPTERS[] = "  platwifi adapters";
 constexpr char STATUS[] = "  platwifi status\n"
                           "  platwifi status --json | jq -r .state";
 constexpr char SCAN[] = "  platwifi scan\n"
+                        "  platwifi scan --sort channel\n"
                         "  platwifi scan --json | jq -r '.[].ssid'";
 constexpr char MONITOR[] =
     "  platwifi monitor\n"
@@ -35,10 +36,17 @@ constexpr char CONNECT[] = "  platwifi connect home\n"
                            "  platwifi connect --timeout 60 home && echo online";
 constexpr char DISCONNECT[] = "  platwifi disconnect";
 constexpr char ROAM[] = "  platwifi roam";
+constexpr char JOIN[] = "  platwifi join home                      asks for the key\n"
+                        "  platwifi join home psk=@/run/secrets/home\n"
+                        "  platwifi join cellar --hidden\n"
+                        "  platwifi join work --eap PEAP CACertificateFile=/etc/ssl/work.pem";
+constexpr char FORGET[] = "  platwifi forget home";
 constexpr char XML[] = "  platwifi xml\n"
                        "  platwifi xml --full > state.xml";
 constexpr char DUMP[] = "  platwifi dump      all secrets are shown: do not send this to anybody";
 constexpr char DOCTOR[] = "  platwifi doctor";
+constexpr char HELP[] = "  platwifi help\n"
+                        "  platwifi help add";
 constexpr char SET[] = "  platwifi set home priority=5\n"
                        "  platwifi set home psk=-                 asks for the key\n"
                        "  platwifi set home psk=@/run/secrets/home";
@@ -87,19 +95,22 @@ std::string propertiesAndExamples() {
 const std::vector<Command> COMMANDS = {
     {"adapters", JSON, showAdapters, "list the interfaces that the supplicant serves", examples<ADAPTERS>},
     {"status", JSON, showStatus, "tell what the supplicant is doing", examples<STATUS>},
-    {"scan", JSON, scan, "look for access points in range", examples<SCAN>},
+    {"scan", SORT | JSON, scan, "look for access points in range", examples<SCAN>},
     {"monitor", JSON, monitor, "show events as they come, until Ctrl-C", examples<MONITOR>},
-    {"networks", JSON, listNetworks, "list the configured networks", examples<NETWORKS>},
+    {"networks", JSON, listNetworks, "list the configured networks", examples<NETWORKS>, "list"},
     {"show", SSID | JSON, showNetwork, "show a configured network", examples<SHOW>},
     {"set", SSID | ASSIGNMENTS | JSON, setProperties, "change a network, and save", propertiesAndExamples<SET>},
     {"add", SSID | NEW_SSID | OPTIONAL_ASSIGNMENTS | JSON, addNetwork, "add a network, and save", propertiesAndExamples<ADD>},
-    {"remove", SSID | JSON, removeNetwork, "remove a network, and save", examples<REMOVE>},
+    {"remove", SSID | JSON, removeNetwork, "remove a network, and save", examples<REMOVE>, "rm"},
     {"connect", SSID | TIMEOUT | JSON, connectNetwork, "connect to a network, and wait for it", examples<CONNECT>},
+    {"join", SSID | OPTIONAL_ASSIGNMENTS | TIMEOUT | HIDDEN | EAP | JSON, joinNetwork, "connect to a network in range, and save it", propertiesAndExamples<JOIN>},
+    {"forget", SSID | JSON, forgetNetwork, "disconnect from a network, remove it, and save", examples<FORGET>},
     {"disconnect", OPTIONAL_SSID | JSON, disconnectNetwork, "end the connection", examples<DISCONNECT>},
     {"roam", JSON, roam, "let the supplicant choose among all networks", examples<ROAM>},
     {"xml", FULL, writeXml, "print the whole state as an XML document", examples<XML>},
     {"dump", 0, dump, "print everything in memory, secrets in plain", examples<DUMP>},
     {"doctor", JSON, doctor, "look for what is wrong on this host", examples<DOCTOR>},
+    {"help", TOPIC | NO_INTERFACE, showHelp, "explain the program, or a command", examples<HELP>},
 };
 // clang-format on
 
@@ -110,7 +121,9 @@ const std::vector<Command>& commands() {
 }
 
 std::string generalEpilogue() {
-    return "Exit status: 0 it is done, 1 it did not work, 2 wrong use. Standard error tells\n"
+    return "platwifi help COMMAND explains a command and its options, which may stand before\n"
+           "the command as well.\n\n"
+           "Exit status: 0 it is done, 1 it did not work, 2 wrong use. Standard error tells\n"
            "what is wrong, and what to do next.\n\n"
            "Examples:\n"
            "  platwifi doctor\n"

@@ -17,6 +17,11 @@ enum Takes : unsigned int {
     FULL = 0x20,
     JSON = 0x40,
     NEW_SSID = 0x80, ///< with SSID: one that is not configured yet
+    HIDDEN = 0x100,
+    EAP = 0x200,
+    SORT = 0x400,
+    TOPIC = 0x800, ///< the name of a command, or none
+    NO_INTERFACE = 0x1000,
 };
 
 struct Command {
@@ -24,7 +29,8 @@ struct Command {
     unsigned int takes; ///< a set of Takes
     void (*run)(Context& context);
     const char* help;
-    std::string (*epilogue)(); ///< the end of its help
+    std::string (*epilogue)();   ///< the end of its help
+    const char* alias = nullptr; ///< another name
 };
 
 /// All commands, in the order in which the help lists them.

@@ -18,9 +18,12 @@ void addNetwork(Context& context);
 void removeNetwork(Context& context);
 void connectNetwork(Context& context);
 void disconnectNetwork(Context& context);
+void joinNetwork(Context& context);
+void forgetNetwork(Context& context);
 void roam(Context& context);
 void writeXml(Context& context);
 void dump(Context& context);
 void doctor(Context& context);
+void showHelp(Context& context);
 
 } // namespace cli

@@ -1,49 +1,26 @@
 // Connecting, disconnecting, and roaming.
 
 #include "commands/Commands.h"
+#include "connection/Connecting.h"
 #include "display/Json.h"
-#include "display/StateLine.h"
-#include "host/ConnectionWatch.h"
 #include "host/Host.h"
 #include "host/Ssid.h"
 #include "jni/ServiceFunctions.h"
-#include "model/Vocabulary.h"
+#include "process/StandardStreams.h"
 
-#include <iomanip>
 #include <iostream>
-#include <memory>
-#include <sstream>
 
 namespace cli {
 namespace {
-
-std::string elapsedSeconds(const ConnectionWatch& watch) {
-    std::ostringstream text;
-    text << std::fixed << std::setprecision(1)
-         << std::chrono::duration<double>(watch.elapsed()).count();
-    return text.str();
-}
 
 [[noreturn]] void refuse(const std::string& what) {
     throw Failure("the supplicant did not accept to " + what + "; platwifi doctor tells more");
 }
 
-void run(ConnectionWatch& watch, const Context& context, const std::string& ssid) {
-    std::unique_ptr<StateLine> line;
-    if (!context.request.json)
-        line = std::make_unique<StateLine>(context.out, "Connecting to " + shownSsid(ssid) + ":");
-    try {
-        watch.run(line.get());
-    } catch (Interrupted& end) {
-        end.message = "interrupted; the supplicant goes on trying: platwifi disconnect ends that";
-        throw;
-    }
-}
-
-[[noreturn]] void fail(const ConnectionWatch& watch, const std::string& ssid) {
-    throw Failure(shownSsid(ssid) + " is not connected after " + elapsedSeconds(watch) +
-                  " s, the last state is " + platwifi::stateText(watch.attempt().last()) + ": " +
-                  watch.attempt().likelyCause());
+// The message of the failure follows on standard error.
+void printFailureJson(const ConnectionFailure& failure) {
+    printJson(failureRecord(failure));
+    flushOutput();
 }
 
 } // namespace
@@ -51,17 +28,17 @@ void run(ConnectionWatch& watch, const Context& context, const std::string& ssid
 void connectNetwork(Context& context) {
     Host host(context);
     const std::string ssid = host.network();
-    if (connectToNetwork(nullptr, host.iface().c_str(), ssid.c_str()) == 0)
-        refuse("connect to " + shownSsid(ssid));
-    ConnectionWatch watch(context, host, ssid);
-    run(watch, context, ssid);
-    if (!watch.attempt().isComplete())
-        fail(watch, ssid);
-    const char* const state = platwifi::stateText(watch.attempt().last());
-    if (context.request.json)
-        return printJson(Record{{"ssid", plainSsid(ssid)}, {"state", state}});
-    std::cout << "Connected to " << shownSsid(ssid) << " after " << elapsedSeconds(watch)
-              << " s.\n";
+    try {
+        const auto time = connectAndWait(context, host, ssid);
+        if (context.request.json)
+            return printJson(connectedRecord(ssid));
+        std::cout << "Connected to " << shownSsid(ssid) << " after " << secondsText(time)
+                  << " s.\n";
+    } catch (const ConnectionFailure& failure) {
+        if (context.request.json)
+            printFailureJson(failure);
+        throw;
+    }
 }
 
 void disconnectNetwork(Context& context) {

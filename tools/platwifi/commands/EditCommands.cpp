@@ -8,9 +8,9 @@
 #include "host/Host.h"
 #include "host/Ssid.h"
 #include "jni/ServiceFunctions.h"
-#include "model/WifiTypes.h"
 #include "model/Vocabulary.h"
 #include "model/WifiNetwork.h"
+#include "model/WifiTypes.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/WifiUtil.h"
 

@@ -41,6 +41,7 @@ constexpr KindStyle STYLES[] = {
     {"eapMethodProposed", "EAP method proposed", "method", &Console::plain},
     {"eapMethodRefused", "EAP method refused", "method", &Console::yellow},
     {"eapMethodChosen", "EAP method chosen", "method", &Console::plain},
+    {"eapMethodUnusable", "EAP method unusable", "method", &Console::red},
     {"certificateShown", "certificate", "", &Console::plain},
     {"certificateRejected", "certificate rejected", "error", &Console::red},
     {"loginRefused", "login refused", "error", &Console::red},

@@ -1,40 +1,68 @@
 // The adapters, and the supplicant's state.
 
 #include "commands/Commands.h"
+#include "commands/LinkReport.h"
 #include "display/Json.h"
-#include "display/Table.h"
+#include "display/SignalBars.h"
 #include "display/Text.h"
 #include "host/Host.h"
+#include "host/Link.h"
 #include "host/Ssid.h"
-#include "jni/ServiceFunctions.h"
 #include "model/Vocabulary.h"
 
+#include <algorithm>
 #include <iostream>
 
 namespace cli {
 namespace {
 
+constexpr unsigned int GAP = 2; // between the labels and the values
+
 struct HostStatus {
     std::string iface;
-    unsigned int state;
-    std::string network; // "" for none
+    LinkState now;
     std::size_t networks;
 };
 
-HostStatus statusOf(Host& host) {
+HostStatus statusOf(Context& context) {
+    Host host(context);
     HostStatus status;
     status.networks = host.networks().size();
     status.iface = host.iface();
-    status.state = static_cast<unsigned int>(getDaemonStatus(nullptr, status.iface.c_str()));
-    status.network = host.currentNetwork();
+    status.now = LinkState::now(status.iface);
+    context.interrupt.check();
     return status;
 }
 
 Record recordOf(const HostStatus& status) {
     return {{"adapter", status.iface},
-            {"state", platwifi::stateText(status.state)},
-            {"network", status.network.empty() ? Value() : plainSsid(status.network)},
-            {"networks", static_cast<int>(status.networks)}};
+            {"state", platwifi::stateText(status.now.state)},
+            {"network", status.now.ssid.empty() ? Value() : plainSsid(status.now.ssid)},
+            {"networks", static_cast<int>(status.networks)},
+            {"link", valueOf(status.now)}};
+}
+
+Rows rowsOf(const HostStatus& status) {
+    Rows rows = {{"Adapter", printable(status.iface)},
+                 {"State", platwifi::stateText(status.now.state)},
+                 {"Network", status.now.ssid.empty() ? "none" : shownSsid(status.now.ssid)},
+                 {"Networks", std::to_string(status.networks) + " configured"}};
+    if (status.now.link) {
+        for (auto& row : rowsOf(*status.now.link, isUtf8Locale()))
+            rows.push_back(std::move(row));
+    }
+    return rows;
+}
+
+void print(const Rows& rows, const Console& console) {
+    std::size_t longest = 0;
+    for (const auto& [label, value] : rows)
+        longest = std::max(longest, label.size());
+    for (const auto& [label, value] : rows) {
+        std::string line = label + ":";
+        line.append(longest - label.size() + GAP, ' ');
+        std::cout << cutTo(line += value, console.width) << '\n';
+    }
 }
 
 } // namespace
@@ -52,19 +80,11 @@ void showAdapters(Context& context) {
 }
 
 void showStatus(Context& context) {
-    Host host(context);
-    const HostStatus status = statusOf(host);
+    const HostStatus status = statusOf(context);
     if (context.request.json)
-        return printJson(recordOf(status));
-    const std::string network = status.network.empty() ? "none" : shownSsid(status.network);
-    const std::string lines[] = {
-        "Adapter:   " + printable(status.iface),
-        std::string("State:     ") + platwifi::stateText(status.state),
-        "Network:   " + network,
-        "Networks:  " + std::to_string(status.networks) + " configured",
-    };
-    for (const std::string& line : lines)
-        std::cout << cutTo(line, context.out.width) << '\n';
+        printJson(recordOf(status));
+    else
+        print(rowsOf(status), context.out);
 }
 
 } // namespace cli

@@ -2,7 +2,7 @@
 
 #include "client/Listing.h"
 #include "commands/Arguments.h"
-#include "commands/CommandTable.h"
+#include "commands/CommandNames.h"
 #include "display/Text.h"
 #include "edits/PropertyRules.h"
 #include "edits/PropertyTable.h"
@@ -85,10 +85,10 @@ bool beginsWith(const std::string& text, const std::string& beginning) {
     return text.compare(0, beginning.size(), beginning) == 0;
 }
 
-Candidates commandNames() {
+Candidates commandWords() {
     Candidates candidates;
-    for (const Command& command : commands())
-        candidates.push_back({command.name});
+    for (const std::string& name : commandNames())
+        candidates.push_back({name});
     return candidates;
 }
 

@@ -15,9 +15,10 @@ using Candidates = std::vector<Candidate>;
 
 bool beginsWith(const std::string& text, const std::string& beginning);
 
-Candidates commandNames();
+/// The commands and their aliases.
+Candidates commandWords();
 
-/// The options of a command; for "" those of the program itself.
+/// The options of a command; for "" those that may stand before one.
 Candidates options(const std::string& command);
 
 /// The interfaces that the supplicant lists, each behind the prefix.

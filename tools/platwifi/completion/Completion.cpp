@@ -3,6 +3,7 @@
 #include "completion/Completion.h"
 
 #include "commands/Arguments.h"
+#include "commands/CommandNames.h"
 #include "commands/CommandTable.h"
 #include "process/Interrupt.h"
 #include "values/Failure.h"
@@ -17,15 +18,17 @@ constexpr const char* COMPLETE = "--complete";
 constexpr const char* INTERFACE = "--interface";
 constexpr const char* SHORT_INTERFACE = "-i";
 
-/// The words between the command and the cursor.
+/// What the words before the cursor say.
 struct Preceding {
-    std::string command;
-    std::string option; // whose value comes next; "" for none
+    std::string command; // "" if the cursor is before it
+    std::string option;  // whose value comes next; "" for none
     std::size_t operands = 0;
     bool allowsOptions = true; // false behind "--"
 };
 
 bool takesValue(const std::string& command, const std::string& word) {
+    if (!command.empty() && !findCommand(command))
+        return false;
     for (const Option& option : optionsOf(command)) {
         if (option.name == word)
             return option.takesValue;
@@ -41,6 +44,8 @@ void read(const std::string& word, Preceding& preceding) {
         preceding.allowsOptions = false;
     else if (isOption && takesValue(preceding.command, word))
         preceding.option = word;
+    else if (!isOption && preceding.command.empty())
+        preceding.command = word;
     else if (!isOption)
         ++preceding.operands;
 }
@@ -49,41 +54,37 @@ Candidates operands(const Command& command, const Preceding& preceding, const st
     const bool hasSsid = has(command, SSID) || has(command, OPTIONAL_SSID);
     if (preceding.operands == 0 && hasSsid)
         return has(command, NEW_SSID) ? Candidates{} : networks(preceding.allowsOptions);
+    if (preceding.operands == 0 && has(command, TOPIC))
+        return commandWords();
     if (has(command, ASSIGNMENTS) || has(command, OPTIONAL_ASSIGNMENTS))
         return assignments(word);
     return {};
 }
 
-Candidates argumentsOf(const Command& command, const Preceding& preceding,
-                       const std::string& word) {
-    if (!preceding.option.empty()) {
-        const bool isInterface =
-            preceding.option == INTERFACE || preceding.option == SHORT_INTERFACE;
-        return isInterface ? interfaces("") : Candidates{};
-    }
-    const std::string prefix = INTERFACE + std::string("=");
-    if (preceding.allowsOptions && beginsWith(word, prefix))
-        return interfaces(prefix);
-    if (preceding.allowsOptions && beginsWith(word, "-"))
-        return options(command.name);
-    return operands(command, preceding, word);
+Candidates valuesOf(const std::string& option) {
+    return option == INTERFACE || option == SHORT_INTERFACE ? interfaces("") : Candidates{};
 }
 
 // All candidates for the kind of word, whatever the word begins with.
+Candidates allFor(const Preceding& preceding, const std::string& word) {
+    const Command* const command = findCommand(preceding.command);
+    const std::string prefix = INTERFACE + std::string("=");
+    if (!preceding.command.empty() && !command)
+        return {};
+    if (!preceding.option.empty())
+        return valuesOf(preceding.option);
+    if (preceding.allowsOptions && beginsWith(word, prefix))
+        return interfaces(prefix);
+    if (preceding.allowsOptions && beginsWith(word, "-"))
+        return options(preceding.command);
+    return command ? operands(*command, preceding, word) : commandWords();
+}
+
 Candidates allFor(const std::vector<std::string>& words) {
-    const std::string& word = words.back();
-    if (words.size() == 1)
-        return beginsWith(word, "-") ? options("") : commandNames();
-    for (const Command& command : commands()) {
-        if (words.front() != command.name)
-            continue;
-        Preceding preceding;
-        preceding.command = command.name;
-        for (std::size_t i = 1; i + 1 < words.size(); ++i)
-            read(words[i], preceding);
-        return argumentsOf(command, preceding, word);
-    }
-    return {};
+    Preceding preceding;
+    for (std::size_t i = 0; i + 1 < words.size(); ++i)
+        read(words[i], preceding);
+    return allFor(preceding, words.back());
 }
 
 } // namespace

@@ -15,7 +15,7 @@ namespace cli {
 Candidates candidatesFor(const std::vector<std::string>& words);
 
 /// @return whether these arguments of main() ask for completion: "--complete WORD...", as
-///         completion.bash does
+///         the scripts for the shells do
 bool isCompletion(int count, char* const arguments[]);
 
 /// Prints the candidates, one a line, with a blank behind those that are whole.

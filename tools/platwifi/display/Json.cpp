@@ -8,8 +8,11 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+Json jsonOf(const Record& record);
+
 struct ToJson {
     Json operator()(std::monostate) const { return nullptr; }
+    Json operator()(const Record& record) const { return jsonOf(record); }
     template <typename T>
     Json operator()(const T& value) const {
         return value;

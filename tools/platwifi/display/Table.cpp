@@ -9,6 +9,7 @@ namespace cli {
 namespace {
 
 constexpr unsigned int GAP = 2;
+constexpr unsigned int MIN_CUT = 8; // cells that a column keeps while others can be cut
 
 std::string aligned(const std::string& cell, unsigned int width, Table::Align align) {
     const std::string text = cutTo(cell, width);
@@ -18,6 +19,21 @@ std::string aligned(const std::string& cell, unsigned int width, Table::Align al
 
 unsigned int sum(const std::vector<unsigned int>& widths) {
     return std::accumulate(widths.begin(), widths.end(), 0U);
+}
+
+// Takes cells from the widest column that may be cut until there are as many as wanted.
+template <typename MayCut>
+void narrow(std::vector<unsigned int>& widths, unsigned int wanted, MayCut mayCut) {
+    while (sum(widths) > wanted) {
+        unsigned int* widest = nullptr;
+        for (std::size_t i = 0; i < widths.size(); ++i) {
+            if (mayCut(i) && (!widest || widths[i] > *widest))
+                widest = &widths[i];
+        }
+        if (!widest)
+            return;
+        --*widest;
+    }
 }
 
 } // namespace
@@ -32,16 +48,24 @@ void Table::add(std::vector<std::string> cells) {
     m_rows.push_back(std::move(cells));
 }
 
-Table::Widths Table::widthsFor(const Console& console) const {
+Table::Widths Table::widestCells() const {
     Widths widths(m_columns.size());
     for (std::size_t i = 0; i < widths.size(); ++i) {
         widths[i] = cellsOf(m_headings[i]);
         for (const Row& row : m_rows)
             widths[i] = std::max(widths[i], cellsOf(row[i]));
     }
+    return widths;
+}
+
+Table::Widths Table::widthsFor(const Console& console) const {
+    Widths widths = widestCells();
     const unsigned int gaps = GAP * static_cast<unsigned int>(widths.size() - 1);
-    while (sum(widths) > widths.size() && sum(widths) + gaps > console.width)
-        --*std::max_element(widths.begin(), widths.end());
+    const unsigned int wanted = console.width - std::min(console.width, gaps);
+    narrow(widths, wanted, [&](std::size_t column) {
+        return !m_columns[column].staysWhole && widths[column] > MIN_CUT;
+    });
+    narrow(widths, wanted, [&](std::size_t column) { return widths[column] > 1; });
     return widths;
 }
 

@@ -9,7 +9,7 @@
 namespace cli {
 
 /// Rows under a heading, in columns as wide as their widest cell. If the table is wider than the console,
-/// its widest columns are cut. Cells are printable texts.
+/// its widest columns are cut, those that stay whole at last. Cells are printable texts.
 class Table {
 public:
     enum class Align { LEFT, RIGHT };
@@ -17,6 +17,7 @@ public:
     struct Column {
         std::string heading;
         Align align = Align::LEFT;
+        bool staysWhole = false; ///< as long as others can be cut
     };
 
     explicit Table(std::vector<Column> columns);
@@ -31,6 +32,7 @@ private:
     using Widths = std::vector<unsigned int>;
 
     Widths widthsFor(const Console& console) const;
+    Widths widestCells() const;
     std::string line(const Row& row, const Widths& widths) const;
 
     std::vector<Column> m_columns;

@@ -99,12 +99,13 @@ std::string readSecret(const std::string& name, const std::string& source,
                    "=- reads it from standard input, " + name + "=@FILE from a file");
 }
 
+// The secret stays in this process, so no key file is needed.
 std::string enciphered(const std::string& secret) {
     if (secret.empty())
         return "";
     ErrorHandler errors;
     char* result = nullptr;
-    const bool isDone = Crypt::encrypt(&errors, secret.c_str(), &result) == 0;
+    const bool isDone = Crypt::encryptForThisProcess(&errors, secret.c_str(), &result) == 0;
     std::string text = takeOwnership(result);
     if (!isDone)
         throw Failure(errors.savedError() ? errors.savedError()->text()

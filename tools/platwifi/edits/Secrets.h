@@ -16,7 +16,8 @@ namespace cli {
 std::string readSecret(const std::string& name, const std::string& source,
                        const Interrupt& interrupt);
 
-/// Enciphers a secret for the library; "" stays as it is. @throws Failure
+/// Enciphers a secret for the library in this process; "" stays as it is. Uses no key file.
+/// @throws Failure
 std::string enciphered(const std::string& secret);
 
 } // namespace cli

@@ -25,6 +25,7 @@ struct Event {
         EAP_METHOD_PROPOSED, ///< by the server
         EAP_METHOD_REFUSED,  ///< by this host: the network is not configured for it
         EAP_METHOD_CHOSEN,
+        EAP_METHOD_UNUSABLE,  ///< its certificates or its private key cannot be loaded
         CERTIFICATE_SHOWN,    ///< by the server, one event for each certificate of the chain
         CERTIFICATE_REJECTED, ///< the server cannot be trusted; says nothing about the password
         LOGIN_REFUSED,        ///< the identity or the password, by the server

@@ -175,6 +175,12 @@ void readMethodChosen(const std::string& fields, Event& event) {
     event.meaning = beforeLast(behind(fields, "("), ")");
 }
 
+// "vendor 0 method 25 (PEAP)"
+void readMethodUnusable(const std::string& fields, Event& event) {
+    event.code = numberAt(behind(fields, " method "));
+    event.meaning = beforeLast(behind(fields, "("), ")");
+}
+
 // "depth=0 subject='/CN=server' hash=..."
 void readCertificate(const std::string& fields, Event& event) {
     event.depth = numberOf(fields, "depth=");
@@ -288,6 +294,7 @@ constexpr Message MESSAGES[] = {
     {WPA_EVENT_EAP_STARTED, Kind::EAP_STARTED, readNothing},
     {WPA_EVENT_EAP_PROPOSED_METHOD, Kind::EAP_METHOD_PROPOSED, readMethodProposed},
     {WPA_EVENT_EAP_METHOD, Kind::EAP_METHOD_CHOSEN, readMethodChosen},
+    {"EAP: Failed to initialize EAP method: ", Kind::EAP_METHOD_UNUSABLE, readMethodUnusable},
     {WPA_EVENT_EAP_PEER_CERT, Kind::CERTIFICATE_SHOWN, readCertificate},
     {WPA_EVENT_EAP_TLS_CERT_ERROR, Kind::CERTIFICATE_REJECTED, readCertificateRejected},
     {"EAP-MSCHAPV2: failure message: ", Kind::LOGIN_REFUSED, readLoginRefused},

@@ -2,6 +2,7 @@
 
 #include "client/ClientReply.h"
 #include "display/Text.h"
+#include "host/BestSecurity.h"
 #include "model/Vocabulary.h"
 #include "values/Failure.h"
 
@@ -35,6 +36,16 @@ void requireEach(const std::string& iface, const char* kind, unsigned int set, W
 bool isCapable(const std::string& iface, const char* kind, const std::string& word) {
     const std::string list = clientReply(iface, "get_capability", kind);
     return list.empty() || list == "FAIL" || hasWord(list, word);
+}
+
+// FT-SAE is not listed, and needs SAE.
+unsigned int capableMethods(const std::string& iface) {
+    const std::string list = clientReply(iface, "get_capability", "key_mgmt");
+    if (list.empty() || list == "FAIL")
+        return ALL_METHODS;
+    const unsigned int listed = wholeWordsIn(list.c_str(), KEY_MANAGEMENT_WORDS);
+    const unsigned int missing = LISTED_METHODS & ~listed;
+    return ~((missing & KEY_MGMT_SAE) != 0 ? missing | KEY_MGMT_FT_SAE : missing);
 }
 
 void requireCapabilities(const std::string& iface, unsigned int keyManagement,

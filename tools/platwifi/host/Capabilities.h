@@ -10,6 +10,10 @@ namespace cli {
 /// @return true also if the supplicant does not list anything
 bool isCapable(const std::string& iface, const char* kind, const std::string& word);
 
+/// The kinds of key management that the supplicant and the radio can do.
+/// @return a set; all of them if the supplicant does not list any
+unsigned int capableMethods(const std::string& iface);
+
 /// Checks that the supplicant and the radio can do what a network shall use. A word of the first years of WPA is
 /// not checked.
 /// @param keyManagement  a set of KeyManagement

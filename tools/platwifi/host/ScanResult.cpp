@@ -1,8 +1,11 @@
 #include "host/ScanResult.h"
 
+#include "model/Radio.h"
 #include "settings/replies/PrintedSsid.h"
 
 #include <cstdlib>
+#include <cstring>
+#include <sstream>
 #include <vector>
 
 namespace cli {
@@ -22,50 +25,98 @@ std::vector<std::string> fieldsOf(const std::string& line) {
     return fields;
 }
 
-struct Band {
-    int first;   // frequency
-    int last;    // frequency
-    int base;    // frequency of channel 0
-    int spacing; // MHz a channel
-};
-
-constexpr Band BANDS[] = {
-    {2412, 2472, 2407, 5},
-    {2484, 2484, 2414, 5}, // channel 14, not on the raster of the others
-    {5160, 5885, 5000, 5},
-    {5955, 7115, 5950, 5},
-};
-
-// A flag begins with the protocol, and has the key management anywhere behind it.
 struct SecurityWord {
-    const char* protocol;
-    const char* keyManagement;
+    const char* keyManagement; // as the supplicant prints it
+    const char* wpa;           // the word with the first WPA; null where that does not know it
+    const char* rsn;           // the word with RSN, which is WPA2 and WPA3
+};
+
+// A word that begins with another one stands before it.
+// clang-format off
+constexpr SecurityWord WORDS[] = {
+    {"EAP-SUITE-B-192", nullptr, "WPA3-Enterprise-192"},
+    {"EAP-SUITE-B", nullptr, "WPA2-Enterprise-Suite-B"},
+    {"EAP-SHA256", nullptr, "WPA2-Enterprise-SHA256"},
+    {"EAP-SHA384", nullptr, "WPA3-Enterprise-SHA384"},
+    {"EAP", "WPA-Enterprise", "WPA2-Enterprise"},
+    {"PSK-SHA256", nullptr, "WPA2-PSK-SHA256"},
+    {"PSK", "WPA-PSK", "WPA2-PSK"},
+    {"SAE-EXT-KEY", nullptr, "WPA3-SAE"},
+    {"SAE", nullptr, "WPA3-SAE"},
+    {"FT/EAP", nullptr, "FT-Enterprise"},
+    {"FT/PSK", nullptr, "FT-PSK"},
+    {"FT/SAE-EXT-KEY", nullptr, "FT-SAE"},
+    {"FT/SAE", nullptr, "FT-SAE"},
+    {"FILS-SHA256", nullptr, "FILS"},
+    {"FILS-SHA384", nullptr, "FILS"},
+    {"OWE", nullptr, "OWE"},
+    {"DPP", nullptr, "DPP"},
+};
+// clang-format on
+
+struct Protocol {
+    const char* prefix; // of the flag
+    const char* SecurityWord::*word;
+    const char* otherwise; // the word where no key management is known: such a network is not open
+};
+
+constexpr Protocol PROTOCOLS[] = {
+    {"WPA-", &SecurityWord::wpa, "WPA"},
+    {"WPA2-", &SecurityWord::rsn, "WPA2"},
+    {"RSN-", &SecurityWord::rsn, "WPA2"},
+};
+
+// Flags that stand for themselves.
+struct FlagWord {
+    const char* flag;
     const char* word;
 };
 
-constexpr SecurityWord WORDS[] = {
-    {"WPA-", "PSK", "WPA-PSK"},
-    {"WPA-", "EAP", "WPA-Enterprise"},
-    {"WPA2-", "PSK", "WPA2-PSK"},
-    {"WPA2-", "SAE", "WPA3-SAE"},
-    {"WPA2-", "EAP", "WPA2-Enterprise"},
-    {"WPA2-", "OWE", "OWE"},
-    {"RSN-", "PSK", "WPA2-PSK"},
-    {"RSN-", "SAE", "WPA3-SAE"},
-    {"RSN-", "EAP", "WPA2-Enterprise"},
-    {"RSN-", "OWE", "OWE"},
-    {"WEP", "", "WEP"},
+constexpr FlagWord FLAG_WORDS[] = {
+    {"WEP", "WEP"},
+    {"OWE-TRANS-OPEN", "OWE-transition"}, // open, beside a hidden access point with OWE
 };
+
+bool beginsWith(const std::string& text, const std::string& beginning) {
+    return text.compare(0, beginning.size(), beginning) == 0;
+}
 
 void addOnce(std::string& words, const std::string& word) {
     if (("/" + words + "/").find("/" + word + "/") == std::string::npos)
         words += (words.empty() ? "" : "/") + word;
 }
 
+// The last one of a list has the ciphers behind it.
+const SecurityWord* wordFor(const std::string& keyManagement) {
+    for (const SecurityWord& word : WORDS) {
+        if (beginsWith(keyManagement + "-", word.keyManagement + std::string("-")))
+            return &word;
+    }
+    return nullptr;
+}
+
+void addWordsOf(const Protocol& protocol, const std::string& list, std::string& words) {
+    bool isKnown = false;
+    std::istringstream entries(list);
+    for (std::string entry; std::getline(entries, entry, '+');) {
+        const SecurityWord* const word = wordFor(entry);
+        if (!word || !(word->*protocol.word))
+            continue;
+        addOnce(words, word->*protocol.word);
+        isKnown = true;
+    }
+    if (!isKnown)
+        addOnce(words, protocol.otherwise);
+}
+
 void addWordsFor(const std::string& flag, std::string& words) {
-    for (const SecurityWord& one : WORDS) {
-        if (flag.rfind(one.protocol, 0) == 0 && flag.find(one.keyManagement) != std::string::npos)
+    for (const FlagWord& one : FLAG_WORDS) {
+        if (flag == one.flag)
             addOnce(words, one.word);
+    }
+    for (const Protocol& protocol : PROTOCOLS) {
+        if (beginsWith(flag, protocol.prefix))
+            addWordsOf(protocol, flag.substr(std::strlen(protocol.prefix)), words);
     }
 }
 
@@ -80,11 +131,12 @@ std::optional<ScanResult> ScanResult::of(const std::string& line) {
 }
 
 int channelOf(int frequency) {
-    for (const Band& band : BANDS) {
-        if (frequency >= band.first && frequency <= band.last)
-            return (frequency - band.base) / band.spacing;
-    }
-    return 0;
+    return platwifi::channelInBands(frequency);
+}
+
+std::string bandOf(int frequency) {
+    const platwifi::Band* const band = platwifi::bandAt(frequency);
+    return band ? band->name : "";
 }
 
 std::string securityOf(const std::string& flags) {

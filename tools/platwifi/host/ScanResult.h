@@ -21,6 +21,9 @@ struct ScanResult {
 /// The channel of a frequency in MHz; 0 if the frequency is in none of the bands.
 int channelOf(int frequency);
 
+/// The band of a frequency in MHz, such as "5 GHz"; "" if it is in none.
+std::string bandOf(int frequency);
+
 /// The security of flags such as "[WPA2-PSK-CCMP][ESS]": words such as "WPA2-PSK", joined by "/"; "open"
 /// if there are none.
 std::string securityOf(const std::string& flags);

@@ -5,7 +5,7 @@
 
 namespace cli {
 
-/// Exit statuses of the program.
+/// Exit statuses of the program. Those of a connection that fails are in values/Cause.h.
 enum Status : int {
     DONE = 0,
     FAILED = 1,    ///< the command failed: the message has the cause and the next step
@@ -14,7 +14,10 @@ enum Status : int {
 
 /// A command cannot do its work. The message is one line with the cause and the next step.
 struct Failure : std::runtime_error {
-    using std::runtime_error::runtime_error;
+    explicit Failure(const std::string& message, int exitStatus = FAILED)
+        : std::runtime_error(message), status(exitStatus) {}
+
+    int status; ///< exit status of the program
 };
 
 /// The command line is wrong on every host.

@@ -1,0 +1,47 @@
+#include "connection/RangeSurvey.h"
+
+#include "client/ClientReply.h"
+#include "client/Listing.h"
+#include "host/ScanResult.h"
+#include "host/Ssid.h"
+#include "settings/replies/WholeLines.h"
+
+#include <sstream>
+
+namespace cli {
+namespace {
+
+constexpr std::size_t MOST_LINES = 255; // that the driver returns
+
+// The information elements of an access point, in hexadecimal; "" if the supplicant does not report them.
+std::string elementsOf(const std::string& iface, const std::string& bssid) {
+    const std::string key = "ie=";
+    std::istringstream reply(clientReply(iface, "bss", bssid.c_str()));
+    for (std::string line; std::getline(reply, line);) {
+        if (line.rfind(key, 0) == 0)
+            return line.substr(key.size());
+    }
+    return "";
+}
+
+AccessPointSecurity securityOf(const std::string& iface, const ScanResult& result) {
+    auto security = AccessPointSecurity::of(result.flags);
+    security.requiresProtection = requiresProtection(elementsOf(iface, result.bssid));
+    return security;
+}
+
+} // namespace
+
+std::vector<AccessPointSecurity> accessPointsOf(const std::string& iface, const std::string& ssid) {
+    platwifi::Lines lines;
+    platwifi::queryScan(driver(), iface.c_str(), lines, MOST_LINES);
+    std::vector<AccessPointSecurity> accessPoints;
+    for (const std::string& line : lines) {
+        const auto result = ScanResult::of(line);
+        if (result && isSameSsid(result->ssid, ssid))
+            accessPoints.push_back(securityOf(iface, *result));
+    }
+    return accessPoints;
+}
+
+} // namespace cli
