@@ -60,6 +60,8 @@ test_shell() {
     local ssid bssid kind network
     result "a scan shows every access point" wait_for scans
     note scan
+    result "a name of emoji is whole" grep -q '😀😁😂😃😄😅😆😇' "$OUT"
+    result "and so is one of bytes" grep -qF '\x8f\xf0\xf1\xf2\xf3\xf4\xf5\xf6\xf7\xf8\xf9\xfa\xfb\xfc\xfd\xfe\xff' "$OUT"
     while IFS=$'\t' read -r -u 3 ssid bssid _ kind _; do
         IFS=$'\t' read -r -a network < <(network_of "$kind")
         connects_by_name "$ssid" "$bssid" "${network[@]}"
