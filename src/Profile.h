@@ -47,6 +47,7 @@ namespace rule {
 constexpr Switch EMPTY_COLUMNS_COUNT{false, true};     // else a network without an SSID takes over another's columns
 constexpr Limit MOST_ADAPTERS{2, 16};
 constexpr Limit MOST_NETWORKS{32, 255};                // and lines of a scan; 255 is the most that the driver returns
+constexpr Switch LONG_LISTS_ARE_CONTINUED{false, true};// else networks behind the first 4096 bytes are missing
 constexpr Switch SSIDS_ARE_BYTES{false, true};         // else a name outside of ASCII cannot be typed
 constexpr Switch STATUS_KEYS_BEGIN_LINES{false, true}; // else an SSID that holds a key hides its line
 constexpr Switch SCAN_MATCHES_BY_SSID{false, true};    // else "home" gets the signal of "home-guest"

@@ -30,7 +30,8 @@ final class ChosenNetwork implements AutoCloseable {
         String ssid = options.ssid();
         Optional<String> known = ConfiguredNetworks.read(options.iface()).named(ssid);
         if (known.isEmpty())
-            return add(options, Protection.of(ssid, inRange.securityOf(ssid), key), out);
+            return add(options, Protection.of(ssid, inRange.securityOf(ssid), key,
+                    LibraryProfile.IS_MODERN), out);
         out.println(ssid + " is configured already" + (key == null ? "." : ", with its own key."));
         return new ChosenNetwork(options, known.get(), null, out);
     }
@@ -45,7 +46,7 @@ final class ChosenNetwork implements AutoCloseable {
                     + " written and says update_config=1, then try again", options.ssid());
         isReady = true;
         out.println("Saved " + options.ssid() + ".");
-        if (!name.matches(PLAIN_SSID))
+        if (!LibraryProfile.IS_MODERN && !name.matches(PLAIN_SSID))
             reload();
     }
 

@@ -34,6 +34,6 @@ final class ConfiguredNetworks {
     }
 
     private static String shown(String name) {
-        return Ssid.fromClient(name).toString();
+        return Ssid.fromLibrary(name).toString();
     }
 }

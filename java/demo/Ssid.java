@@ -38,6 +38,18 @@ final class Ssid {
         return new Ssid(bytes.toByteArray());
     }
 
+    /** Reads a name of the library: the bytes of the SSID, or under the profile device the client's notation. */
+    static Ssid fromLibrary(String name) {
+        return LibraryProfile.IS_MODERN ? ofBytes(name) : fromClient(name);
+    }
+
+    /** @param text  a byte that is not UTF-8 is a lone surrogate */
+    static Ssid ofBytes(String text) {
+        ByteArrayOutputStream bytes = new ByteArrayOutputStream();
+        text.codePoints().forEach(character -> bytes.writeBytes(bytesOf(character)));
+        return new Ssid(bytes.toByteArray());
+    }
+
     /** A hidden network announces an empty SSID, or one of NUL bytes. */
     boolean isHidden() {
         for (byte one : bytes) {
@@ -62,9 +74,12 @@ final class Ssid {
             return new byte[] {(byte) Integer.parseInt(piece.group("hex"), 16)};
         if (piece.group("letter") != null)
             return new byte[] {(byte) (char) LETTERS.get(piece.group("letter"))};
-        String plain = piece.group("plain");
-        return isLoneByte(plain.codePointAt(0)) ? new byte[] {(byte) plain.charAt(0)}
-                                                : plain.getBytes(StandardCharsets.UTF_8);
+        return bytesOf(piece.group("plain").codePointAt(0));
+    }
+
+    private static byte[] bytesOf(int character) {
+        return isLoneByte(character) ? new byte[] {(byte) character}
+                                     : Character.toString(character).getBytes(StandardCharsets.UTF_8);
     }
 
     private String decoded() {

@@ -17,7 +17,7 @@ final class SupplicantState {
 
     private SupplicantState(int code, String name) {
         this.code = code;
-        ssid = name == null ? "" : Ssid.fromClient(name).toString();
+        ssid = name == null ? "" : Ssid.fromLibrary(name).toString();
     }
 
     static SupplicantState of(String iface) {

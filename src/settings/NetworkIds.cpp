@@ -11,8 +11,11 @@
 namespace platwifi {
 namespace {
 
-// The bytes that the supplicant takes as the SSID: what is sent, without the quotes around it.
+// The bytes that the supplicant takes as the SSID. Where an SSID is not sent as its bytes, they are what is
+// sent, without the quotes around it.
 std::string sentSsid(const char* value) {
+    if (rule::SSIDS_ARE_BYTES())
+        return value;
     const std::string sent = quotedFor("ssid", value);
     const bool isQuoted = sent.size() >= 2 && sent.front() == '"' && sent.back() == '"';
     return isQuoted ? sent.substr(1, sent.size() - 2) : sent;

@@ -82,6 +82,12 @@ public:
     bool getNetworkDatabaseSsids(const char* iface, char** out, unsigned char max,
                                  unsigned char* count);
 
+    /// The configured networks whose id is greater: a reply of the supplicant has room for 4096 bytes, and
+    /// networks beyond are left out. None under the profile `device`.
+    /// @param id  as the client prints it
+    bool getNetworksAfter(const char* iface, const char* id, char** out, unsigned char max,
+                          unsigned char* count);
+
     /// Access points of the last scan: BSSID, frequency (MHz), signal (dBm), flags and SSID,
     /// separated by tabs.
     bool discoverNetworks(const char* iface, char** out, unsigned char max, unsigned char* count);

@@ -1,5 +1,6 @@
 // The queries: adapters, networks, scan results and status; and the scan.
 
+#include "Profile.h"
 #include "TextCopy.h"
 #include "model/WifiTypes.h"
 #include "platform/PlatformUtil.h"
@@ -7,6 +8,8 @@
 #include "supplicant/Reply.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
+
+#include <string>
 
 using namespace platwifi;
 
@@ -59,12 +62,12 @@ bool readReply(ResultFile& result, const ListQuery& query, bool stamped, LineArr
 }
 
 bool listFor(PlatformMutex& launchMutex, const ListQuery& query, const char* iface, bool stamped,
-             LineArray array) {
+             LineArray array, const ArgumentList& arguments = {}) {
     if (!array.isUsable())
         return false;
     *array.count = 0;
     ResultFile result(query.command.resultPrefix);
-    return runClient(launchMutex, query.command, InterfaceOption(iface), result) &&
+    return runClient(launchMutex, query.command, InterfaceOption(iface), result, arguments) &&
            readReply(result, query, stamped, array);
 }
 
@@ -114,6 +117,18 @@ bool WifiUtil::getNetworkDatabaseSsids(const char* iface, char** out, unsigned c
                                        unsigned char* count) {
     return listFor(launchMutex, CONFIGURED_NETWORKS, iface, timestampedOutput == 1,
                    {out, max, count});
+}
+
+bool WifiUtil::getNetworksAfter(const char* iface, const char* id, char** out, unsigned char max,
+                                unsigned char* count) {
+    if (!rule::LONG_LISTS_ARE_CONTINUED()) {
+        if (count)
+            *count = 0;
+        return true;
+    }
+    const std::string after = std::string("LAST_ID=") + id;
+    return listFor(launchMutex, CONFIGURED_NETWORKS, iface, timestampedOutput == 1,
+                   {out, max, count}, {after.c_str()});
 }
 
 bool WifiUtil::discoverNetworks(const char* iface, char** out, unsigned char max,

@@ -9,6 +9,9 @@ export LAB_SUPPLICANT_CONF=/run/lab/wpa_supplicant.conf
 export LAB_SUPPLICANT_LOG=$LAB_OUT/supplicant.log
 LAB_SUPPLICANT_PID=/var/run/wpa_supplicant.pid
 
+# The supplicant's interface.
+export LAB_INTERFACE=${LAB_INTERFACE:-wlan0}
+
 # Files that grow while there is progress. A job adds the files that its own programs write.
 LAB_WATCHED=("$LAB_SUPPLICANT_LOG")
 LAB_LONGEST_SILENCE=120
@@ -31,7 +34,7 @@ wait_for() {
     done
 }
 
-client() { wpa_cli -iwlan0 "$@"; }
+client() { wpa_cli "-i$LAB_INTERFACE" "$@"; }
 
 # client_ok COMMAND...: the exit status of the client is 0 even if the supplicant refuses.
 client_ok() { [ "$(client "$@")" = OK ]; }
@@ -58,10 +61,10 @@ END
 
 supplicant_answers() { [ "$(client ping 2>/dev/null)" = PONG ]; }
 
-# start_supplicant [CONF]: on wlan0, by default with LAB_SUPPLICANT_CONF.
+# start_supplicant [CONF]: on LAB_INTERFACE, by default with LAB_SUPPLICANT_CONF.
 start_supplicant() {
     local conf=${1:-$LAB_SUPPLICANT_CONF}
-    wpa_supplicant -B -t -Dnl80211 -iwlan0 -c "$conf" -P "$LAB_SUPPLICANT_PID" \
+    wpa_supplicant -B -t -Dnl80211 "-i$LAB_INTERFACE" -c "$conf" -P "$LAB_SUPPLICANT_PID" \
         -f "$LAB_SUPPLICANT_LOG" >/dev/null && wait_for supplicant_answers
 }
 
@@ -70,4 +73,9 @@ supplicant_gone() { [ ! -e "$LAB_SUPPLICANT_PID" ] && ! kill -0 "$1" 2>/dev/null
 stop_supplicant() {
     local pid
     pid=$(cat "$LAB_SUPPLICANT_PID") && kill "$pid" && wait_for supplicant_gone "$pid"
+}
+
+# rename_interface NAME: of the supplicant, which must not run meanwhile.
+rename_interface() {
+    ip link set "$LAB_INTERFACE" down && ip link set "$LAB_INTERFACE" name "$1" && LAB_INTERFACE=$1
 }

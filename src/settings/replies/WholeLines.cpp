@@ -1,5 +1,6 @@
 #include "settings/replies/WholeLines.h"
 
+#include "settings/replies/Columns.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
 
@@ -85,6 +86,33 @@ bool run(WifiUtil& util, Query query, const char* iface, Lines (*whole)(const Re
     return true;
 }
 
+// Whether the supplicant may have left out lines that did not fit into its reply.
+bool mayLackLines(const Lines& lines) {
+    constexpr std::size_t LONGEST_REPLY = 4096;
+    constexpr std::size_t LONGEST_LINE = 256; // an SSID takes 128 characters at most
+    std::size_t size = 0;
+    for (const std::string& line : lines)
+        size += line.size() + 1;
+    return size + LONGEST_LINE > LONGEST_REPLY;
+}
+
+int idIn(const std::string& line) {
+    return decimalOf(line.c_str());
+}
+
+// The lines behind the one given; none where the supplicant does not continue there.
+bool queryListAfter(WifiUtil& util, const char* iface, const std::string& line, Lines& lines) {
+    ReplyLines pieces(MOST_PIECES);
+    const int last = idIn(line);
+    if (!util.getNetworksAfter(iface, std::to_string(last).c_str(), pieces.data(),
+                               pieces.capacity(), &pieces.count))
+        return false;
+    lines = wholeListLines(pieces);
+    if (!lines.empty() && idIn(lines.front()) <= last)
+        lines.clear();
+    return true;
+}
+
 void limit(Lines& lines, std::size_t count) {
     if (lines.size() > count)
         lines.resize(count);
@@ -105,7 +133,15 @@ Lines wholeStatusLines(const ReplyLines& pieces) {
 }
 
 bool queryList(WifiUtil& util, const char* iface, Lines& lines) {
-    return run(util, &WifiUtil::getNetworkDatabaseSsids, iface, wholeListLines, lines);
+    if (!run(util, &WifiUtil::getNetworkDatabaseSsids, iface, wholeListLines, lines))
+        return false;
+    Lines part = lines;
+    while (mayLackLines(part)) {
+        if (!queryListAfter(util, iface, part.back(), part))
+            return false;
+        lines.insert(lines.end(), part.begin(), part.end());
+    }
+    return true;
 }
 
 bool queryScan(WifiUtil& util, const char* iface, Lines& lines) {

@@ -30,7 +30,7 @@ Lines wholeStatusLines(const ReplyLines& pieces);
 
 // The queries of WifiUtil, with whole lines as their result. False when the supplicant did not answer.
 
-/// All configured networks, up to 255 pieces.
+/// All configured networks, up to 255 pieces; under `modern` as many as there are.
 bool queryList(WifiUtil& util, const char* iface, Lines& lines);
 
 /// The first access points of the last scan, 32 at most or as many as are asked for.

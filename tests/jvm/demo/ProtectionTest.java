@@ -15,7 +15,7 @@ class ProtectionTest {
     @ParameterizedTest
     @ValueSource(strings = {"", "open", "open/WPA2-PSK", "open/WPA2-Enterprise"})
     void withoutAKeyItIsOpen(String offered) throws Stop {
-        assertEquals("an open network", Protection.of("cafe", ways(offered), null).toString());
+        assertEquals("an open network", Protection.of("cafe", ways(offered), null, false).toString());
     }
 
     @ParameterizedTest
@@ -24,7 +24,7 @@ class ProtectionTest {
     })
     void withAKeyItIsPreShared(String offered) throws Stop {
         assertEquals("a network with a pre-shared key",
-                Protection.of("cafe", ways(offered), key()).toString());
+                Protection.of("cafe", ways(offered), key(), false).toString());
     }
 
     @ParameterizedTest
@@ -49,8 +49,35 @@ class ProtectionTest {
         assertStops(message, offered, key());
     }
 
+    @ParameterizedTest
+    @ValueSource(strings = {"OWE", "open/OWE"})
+    void underModernOweNeedsNoKey(String offered) throws Stop {
+        assertEquals("an open network",
+                Protection.of("cafe", ways(offered), null, true).toString());
+    }
+
+    @ParameterizedTest
+    @ValueSource(strings = {"WPA3-SAE", "WPA2-PSK/WPA3-SAE"})
+    void underModernSaeTakesAKey(String offered) throws Stop {
+        assertEquals("a network with a pre-shared key",
+                Protection.of("cafe", ways(offered), key(), true).toString());
+        Stop stop = assertThrows(Stop.class,
+                () -> Protection.of("cafe", ways(offered), null, true));
+        assertEquals("cafe needs its key; write that into a file and name it: --key-file FILE",
+                stop.getMessage());
+    }
+
+    @Test
+    void underModernEnterpriseCannotBeAdded() {
+        Stop stop = assertThrows(Stop.class,
+                () -> Protection.of("cafe", ways("WPA2-Enterprise"), null, true));
+        assertEquals("cafe is protected by WPA2-Enterprise, and only open networks and those with a"
+                + " pre-shared key or an SAE password can be added here; add it to the"
+                + " supplicant's configuration, then try again", stop.getMessage());
+    }
+
     private static void assertStops(String message, String offered, Key key) {
-        Stop stop = assertThrows(Stop.class, () -> Protection.of("cafe", ways(offered), key));
+        Stop stop = assertThrows(Stop.class, () -> Protection.of("cafe", ways(offered), key, false));
         assertEquals(1, stop.status);
         assertEquals(message, stop.getMessage());
     }

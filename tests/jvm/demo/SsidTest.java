@@ -22,6 +22,12 @@ class SsidTest {
     }
 
     @Test
+    void bytesHaveNoEscapes() {
+        assertEquals("\\x41 \\\\ \"Café\"", Ssid.ofBytes("\\x41 \\\\ \"Café\"").toString());
+        assertEquals("😀\\xe9", Ssid.ofBytes("😀\uDCE9").toString());
+    }
+
+    @Test
     void backslashAndQuoteAreDecoded() {
         assertEquals("C:\\\"x\"", shown("C:\\\\\\\"x\\\""));
         assertEquals("\\x41", shown("\\\\x41"));

@@ -6,6 +6,7 @@
 #include "model/NetworkFields.h"
 #include "model/WifiNetwork.h"
 #include "platform/ErrorHandler.h"
+#include "settings/replies/WholeLines.h"
 #include "supplicant/WifiUtil.h"
 
 #include <gmock/gmock.h>
@@ -424,6 +425,57 @@ TEST(SettingsRules, IdsAfterASave) {
     };
     EXPECT_EQ(lists(DEVICE), "0") << "select 0 at once";
     EXPECT_EQ(lists(MODERN), "list_networks");
+}
+
+// PROFILE-5, PROFILE-21
+TEST(SettingsRules, ANewNetworkOutsideOfAsciiKeepsItsIdAfterASave) {
+    const std::string header = "network id / ssid / bssid / flags\n";
+    const std::string home = "0\thome\tany\t\n";
+    ProfiledHost host(MODERN);
+    host.on({"list_networks"})
+        .prints(header + home)
+        .then()
+        .prints(header + home + "1\t\\xf0\\x9f\\x9b\\x9c\tany\t\n");
+    host.on({"add_network"}).prints("1\n");
+    WifiHostSettings& settings = host.load();
+    ASSERT_TRUE(settings.addNetwork("wlan0", EMOJI.c_str()));
+    EXPECT_EQ(settings.saveNetworkSettings(), 1);
+    host.changes();
+    EXPECT_TRUE(settings.connectNetwork("wlan0", EMOJI.c_str()));
+    EXPECT_THAT(host.changes(), ElementsAre("select 1"));
+}
+
+std::string linesOfNetworks(int first, int end) {
+    std::string text = "network id / ssid / bssid / flags\n";
+    for (int id = first; id < end; ++id)
+        text += std::to_string(id) + "\ta network " + std::to_string(id) + "\tany\t[DISABLED]\n";
+    return text;
+}
+
+// PROFILE-4. The supplicant leaves out the lines that do not fit into 4096 bytes.
+TEST(SettingsRules, AListThatFillsAReplyIsContinued) {
+    const auto lists = [](Profile profile) {
+        ProfiledHost host(profile);
+        host.on({"list_networks"}).prints(linesOfNetworks(0, 125));
+        host.on({"list_networks", "LAST_ID=124"}).prints(linesOfNetworks(125, 249));
+        host.on({"list_networks", "LAST_ID=248"}).prints(linesOfNetworks(249, 250));
+        Lines lines;
+        EXPECT_TRUE(queryList(*WifiUtil::getInstance(), "wlan0", lines));
+        return lines;
+    };
+    EXPECT_EQ(lists(DEVICE).size(), 125U);
+    EXPECT_EQ(lists(MODERN).size(), 250U);
+    EXPECT_EQ(lists(MODERN).back(), "249\ta network 249\tany\t[DISABLED]");
+}
+
+// PROFILE-4
+TEST(SettingsRules, AListThatIsNotContinuedEnds) {
+    ProfiledHost host(MODERN);
+    host.on({"list_networks"}).prints(linesOfNetworks(0, 125));
+    host.on({"list_networks", "LAST_ID=124"}).prints(linesOfNetworks(0, 125));
+    Lines lines;
+    EXPECT_TRUE(queryList(*WifiUtil::getInstance(), "wlan0", lines));
+    EXPECT_EQ(lines.size(), 125U);
 }
 
 } // namespace

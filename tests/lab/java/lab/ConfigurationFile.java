@@ -18,13 +18,15 @@ final class ConfigurationFile {
     private ConfigurationFile() {}
 
     static void checkHolds(String title, Network... networks) {
-        List<List<String>> wanted =
-                Stream.of(networks).map(Network::block).collect(Collectors.toList());
+        checkHolds(title, Stream.of(networks).map(Network::block).collect(Collectors.toList()));
+    }
+
+    static void checkHolds(String title, List<List<String>> wanted) {
         List<List<String>> found = blocks();
         Checks.check(title, wanted.equals(found), () -> differences(wanted, found));
     }
 
-    private static List<List<String>> blocks() {
+    static List<List<String>> blocks() {
         List<List<String>> blocks = new ArrayList<>();
         List<String> block = null;
         for (String line : lines()) {

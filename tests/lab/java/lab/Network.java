@@ -8,7 +8,6 @@ import com.quorvel.platwifi.PlatformCrypt;
 import java.util.ArrayList;
 import java.util.List;
 import java.util.stream.Collectors;
-import java.util.stream.Stream;
 
 /** A network to configure: its settings, and their lines in the configuration file. */
 final class Network {
@@ -31,9 +30,14 @@ final class Network {
     private final List<String> lines = new ArrayList<>();
 
     Network(String title, String ssid) {
+        this(title, ssid, quoted(ssid));
+    }
+
+    /** @param ssidInFile  the SSID as the supplicant writes it */
+    Network(String title, String ssid, String ssidInFile) {
         this.title = title;
         this.ssid = ssid;
-        lines.add("ssid=" + quoted(ssid));
+        lines.add("ssid=" + ssidInFile);
     }
 
     Network with(NumberSetter setter, int value, String... expected) {
@@ -60,6 +64,18 @@ final class Network {
                 "scan_ssid=1");
     }
 
+    /** Further lines in the configuration file. */
+    Network lines(String... expected) {
+        lines.addAll(List.of(expected));
+        return this;
+    }
+
+    /** Without the line of the file that begins like this. */
+    Network without(String beginning) {
+        lines.removeIf(line -> line.startsWith(beginning));
+        return this;
+    }
+
     /** Adds and sets it. @return whether it was added and every setter returned true */
     boolean add() {
         return BWifiPlatformService.addNetwork0(WLAN, ssid)
@@ -73,8 +89,7 @@ final class Network {
 
     private Network with(Setting setting, String... expected) {
         settings.add(setting);
-        Stream.of(expected).forEach(lines::add);
-        return this;
+        return lines(expected);
     }
 
     static String quoted(String text) {

@@ -16,7 +16,7 @@ final class Refusals {
 
     static void wrongPassphrase() {
         Network network = Networks.psk("not the passphrase");
-        checkIsRefused("a wrong passphrase", network, "WRONG_KEY");
+        configuredIsRefused("a wrong passphrase", network, "WRONG_KEY");
         Checks.check("the right passphrase is set", setPreSharedKey0(WLAN, network.ssid,
                 PlatformCrypt.encrypt(Networks.PASSPHRASE)));
         Wifi.save();
@@ -24,13 +24,17 @@ final class Refusals {
     }
 
     static void enterprise() {
-        checkIsRefused("a wrong password", Networks.peap("not the password"), "AUTH_FAILED");
-        checkIsRefused("a certificate that is not there", Networks.tls("none.pem"),
+        configuredIsRefused("a wrong password", Networks.peap("not the password"), "AUTH_FAILED");
+        configuredIsRefused("a certificate that is not there", Networks.tls("none.pem"),
                 "AUTH_FAILED");
     }
 
-    private static void checkIsRefused(String why, Network network, String reason) {
+    private static void configuredIsRefused(String why, Network network, String reason) {
         Wifi.configure(network);
+        checkIsRefused(why, network, reason);
+    }
+
+    static void checkIsRefused(String why, Network network, String reason) {
         int before = Supplicant.logLines();
         String pattern = ".*DISABLED.*" + reason + ".*";
         Checks.check(why + ": starts to connect", connectToNetwork0(WLAN, network.ssid));

@@ -9,7 +9,7 @@ import java.util.function.Predicate;
 import java.util.stream.Collectors;
 import java.util.stream.Stream;
 
-/** The supplicant of wlan0, controlled by the client without the library. */
+/** The supplicant of the lab, controlled by the client without the library. */
 final class Supplicant {
     private static final Path LOG = Path.of(Host.variable("LAB_SUPPLICANT_LOG"));
 
@@ -22,6 +22,13 @@ final class Supplicant {
 
     static boolean isOn(String ssid) {
         return ask("status").containsAll(List.of("ssid=" + ssid, "wpa_state=COMPLETED"));
+    }
+
+    /** Some fields of its status, in this order: {@code KEY=VALUE}, with "-" for a missing value. */
+    static String status(String... keys) {
+        List<String> lines = ask("status");
+        return Stream.of(keys).map(key -> lines.stream().filter(line -> line.startsWith(key + "="))
+                .findFirst().orElse(key + "=-")).collect(Collectors.joining(" "));
     }
 
     /** The SSIDs of its networks, in its order. */

@@ -6,7 +6,7 @@ import java.util.List;
 
 /** Operations of the library, each with its checks. */
 final class Wifi {
-    static final String WLAN = "wlan0";
+    static final String WLAN = Host.variable("LAB_INTERFACE");
 
     static final int UNKNOWN_STATE = 0;
     static final int COMPLETED = 8;
@@ -44,11 +44,11 @@ final class Wifi {
     }
 
     /** Queries the network first and then the state, which is then never that of an earlier network. */
-    private static boolean isOn(String ssid) {
+    static boolean isOn(String ssid) {
         return ssid.equals(getCurrentNetwork0(WLAN)) && getDaemonStatus0(WLAN) == COMPLETED;
     }
 
-    private static void removeAll() {
+    static void removeAll() {
         for (String ssid : ssids())
             Checks.check("removes " + ssid, removeNetwork0(WLAN, ssid));
     }
