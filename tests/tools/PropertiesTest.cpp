@@ -312,6 +312,20 @@ TEST_F(TheProperties, AreUnknownByAnyOtherName) {
     }
 }
 
+TEST_F(TheProperties, AreSuggestedForAnUnknownName) {
+    const auto messageFor = [](const char* name) -> std::string {
+        try {
+            propertyOf(name);
+        } catch (const WrongUse& error) {
+            return error.what();
+        }
+        return "";
+    };
+    EXPECT_THAT(messageFor("priorty"), HasSubstr("priorty (did you mean priority?)"));
+    EXPECT_THAT(messageFor("colour"), Not(HasSubstr("did you mean")));
+    EXPECT_THAT(messageFor("colour"), HasSubstr("the properties are bssid, ssidBroadcasted, mode"));
+}
+
 TEST_F(TheProperties, CanAllBeReadAndAllButTheReportedOnesBeSet) {
     for (const Property& property : cli::properties()) {
         EXPECT_NE(property.read, nullptr);

@@ -43,7 +43,7 @@ constexpr char JOIN[] = "  platwifi join home                      asks for the 
 constexpr char FORGET[] = "  platwifi forget home";
 constexpr char XML[] = "  platwifi xml\n"
                        "  platwifi xml --full > state.xml";
-constexpr char DUMP[] = "  platwifi dump      all secrets are shown: do not send this to anybody";
+constexpr char DUMP[] = "  platwifi dump      all secrets are shown: keep this private";
 constexpr char DOCTOR[] = "  platwifi doctor";
 constexpr char HELP[] = "  platwifi help\n"
                         "  platwifi help add";

@@ -79,10 +79,11 @@ void requireSecurity(const Edits& edits) {
     }
     constexpr unsigned int KEY_METHODS = platwifi::PSK_METHODS | platwifi::SAE_METHODS;
     const bool needsKey = (methods & KEY_METHODS) != 0;
-    if (needsKey && edits.valueOf("psk").empty())
+    if (needsKey && edits.valueOf("psk").empty()) {
         throw WrongUse("a network with key_mgmt=" +
                        platwifi::wordsIn(methods, platwifi::KEY_MANAGEMENT_WORDS) +
                        " needs a key: psk=- reads it from standard input");
+    }
     edits.requireKeyFor(methods);
 }
 

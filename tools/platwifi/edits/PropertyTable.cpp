@@ -6,6 +6,7 @@
 #include "model/Vocabulary.h"
 #include "model/WifiNetwork.h"
 #include "values/Failure.h"
+#include "values/Nearest.h"
 
 #include <functional>
 #include <limits>
@@ -142,6 +143,15 @@ const std::vector<Property> PROPERTIES = {
 };
 // clang-format on
 
+std::vector<std::string> namesThatCanBeSet() {
+    std::vector<std::string> names;
+    for (const Property& property : PROPERTIES) {
+        if (property.entry != REPORTED)
+            names.emplace_back(property.name);
+    }
+    return names;
+}
+
 } // namespace
 
 std::string shown(const Property& property, const WifiNetwork& network) {
@@ -165,7 +175,10 @@ const Property& propertyOf(const std::string& name) {
         if (property.name == name)
             return property;
     }
-    throw WrongUse("there is no property " + printable(name) + "; platwifi set --help lists them");
+    const std::vector<std::string> known = namesThatCanBeSet();
+    throw WrongUse("there is no property " + (name.empty() ? "''" : printable(name)) +
+                   didYouMean(name, known) + "; the properties are " + listOf(known) +
+                   "; platwifi set --help explains them");
 }
 
 } // namespace cli

@@ -95,7 +95,7 @@ std::string readSecret(const std::string& name, const std::string& source,
         return fromInput(name, interrupt);
     if (source[0] == '@')
         return fromFile(name, source.substr(1), interrupt);
-    throw WrongUse(name + " is a secret, and everybody can see a command line: " + name +
+    throw WrongUse(name + " is a secret, and every user can see a command line: " + name +
                    "=- reads it from standard input, " + name + "=@FILE from a file");
 }
 

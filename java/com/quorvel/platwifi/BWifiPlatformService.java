@@ -53,6 +53,17 @@ package com.quorvel.platwifi;
  *     associated 5, 4-way handshake 6, group handshake 7, completed (connected) 8</td></tr>
  * </table>
  *
+ * <h2>Profiles</h2>
+ *
+ * <p>All of this is the profile {@code device}. {@code PLATWIFI_PROFILE=modern} in the environment
+ * of the virtual machine chooses the rules for the networks of today: an interface has at most 15
+ * characters, an SSID is its bytes, up to 255 networks and lines of a scan are there, and
+ * {@link #saveHostSettings0} throws a {@link RuntimeException} that names the field if the
+ * supplicant refuses one. Further flags: key management SAE 0x20, OWE 0x40, WPA_PSK_SHA256 0x80,
+ * WPA_EAP_SHA256 0x100, FT_PSK 0x200, FT_EAP 0x400, FT_SAE 0x800, SUITE_B_192 0x1000; ciphers of both
+ * kinds GCMP 0x20, GCMP_256 0x40, CCMP_256 0x80. Several flags of a set are read and written
+ * together.
+ *
  * <h2>setSsid0</h2>
  *
  * <p>The library exports {@code setSsid0} under a C++ name that the virtual machine does not look
