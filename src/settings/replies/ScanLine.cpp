@@ -67,7 +67,8 @@ int signalOf(const Columns& columns) {
 void setSeen(WifiNetwork& network, Field field, unsigned int value) {
     NetworkFields& fields = NetworkFields::of(network);
     fields.setNumber(field, value);
-    fields.setDirty(field, false);
+    if (!rule::REFRESH_IS_EDIT())
+        fields.setDirty(field, false);
 }
 
 void setStrongest(WifiNetwork& network, const std::vector<Columns>& found) {
