@@ -65,6 +65,8 @@ TEST_F(Candidates, AreOptionsBeforeTheCommandAndTheirValues) {
     EXPECT_THAT(candidates({"--json", "--interface", "wl"}), ElementsAre("wlan0"));
     EXPECT_THAT(candidates({"--interface=w"}), ElementsAre("--interface=wlan0"));
     EXPECT_THAT(candidates({"--timeout", ""}), IsEmpty());
+    EXPECT_THAT(candidates({"--sort", "s"}), ElementsAre("signal", "ssid", "security"));
+    EXPECT_THAT(candidates({"join", "cafe", "--eap", ""}), ElementsAre("PEAP", "TTLS", "TLS"));
 }
 
 TEST_F(Candidates, AreOptionsOfTheCommandBehindAHyphen) {

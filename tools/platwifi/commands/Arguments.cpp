@@ -40,28 +40,32 @@ std::string timeoutError(const std::string& text) {
     return isTimeout(text) ? "" : "it takes seconds, 1 to " + std::to_string(MAX_TIMEOUT);
 }
 
+Words sortWords() {
+    Words names;
+    for (const ScanOrder& order : scanOrders())
+        names.emplace_back(order.name);
+    return names;
+}
+
 std::string sortError(const std::string& text) {
-    std::string names;
-    for (const ScanOrder& order : scanOrders()) {
-        if (text == order.name)
-            return "";
-        names += (names.empty() ? "" : ", ") + std::string(order.name);
-    }
-    return "it takes one of " + names;
+    const Words known = sortWords();
+    const bool isKnown = std::find(known.begin(), known.end(), text) != known.end();
+    return isKnown ? "" : "it takes one of " + listOf(known);
 }
 
 std::string interfaceError(const std::string& text) {
     return text.empty() ? "it takes a name; platwifi adapters lists them" : "";
 }
 
-bool isSameWord(const char* one, const std::string& other) {
-    return strcasecmp(one, other.c_str()) == 0;
+Words eapMethods() {
+    return {"PEAP", "TTLS", "TLS"};
 }
 
 std::string eapError(const std::string& text) {
-    constexpr const char* METHODS[] = {"PEAP", "TTLS", "TLS"};
-    const bool isKnown = std::any_of(std::begin(METHODS), std::end(METHODS),
-                                     [&](const char* word) { return isSameWord(word, text); });
+    const Words known = eapMethods();
+    const bool isKnown = std::any_of(known.begin(), known.end(), [&](const std::string& word) {
+        return strcasecmp(word.c_str(), text.c_str()) == 0;
+    });
     return isKnown ? "" : "it takes PEAP, TTLS or TLS; for other methods give eap=WORD";
 }
 
@@ -290,6 +294,12 @@ std::vector<Option> optionsOf(const std::string& command) {
     for (const CLI::App* const each : app->get_subcommands({}))
         add(options, *each);
     return options;
+}
+
+std::vector<std::string> wordsOfOption(const std::string& option) {
+    if (option == "--sort")
+        return sortWords();
+    return option == "--eap" ? eapMethods() : Words();
 }
 
 void showHelp(Context& context) {

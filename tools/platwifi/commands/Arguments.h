@@ -26,4 +26,7 @@ struct Option {
 /// @param command  a name or an alias
 std::vector<Option> optionsOf(const std::string& command);
 
+/// The words that an option takes; none if it takes another value, or none at all.
+std::vector<std::string> wordsOfOption(const std::string& option);
+
 } // namespace cli

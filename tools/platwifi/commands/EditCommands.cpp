@@ -2,6 +2,7 @@
 
 #include "client/Listing.h"
 #include "commands/Commands.h"
+#include "commands/UnsavedChanges.h"
 #include "display/Json.h"
 #include "edits/Edits.h"
 #include "host/Capabilities.h"
@@ -42,9 +43,7 @@ public:
         if (saveWifiHostSettings(&errors) == 0) {
             if (const MessageBundle* const refusal = errors.savedError())
                 throw Failure(refusal->text());
-            throw Failure(
-                "the supplicant did not save its configuration, and nothing was changed; see "
-                "that the file says update_config=1 and can be written: platwifi doctor");
+            throw Failure(NOT_SAVED);
         }
         m_context.hasSaved = true;
         try {

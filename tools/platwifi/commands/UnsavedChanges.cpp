@@ -96,8 +96,7 @@ void UnsavedChanges::write() {
 
 void UnsavedChanges::save() {
     if (!driver().saveConfiguration(m_host.iface().c_str()))
-        throw Failure("the supplicant did not save its configuration, and nothing was changed; see "
-                      "that the file says update_config=1 and can be written: platwifi doctor");
+        throw Failure(NOT_SAVED);
     m_isSent = false;
     m_context.hasSaved = true;
 }

@@ -7,6 +7,10 @@
 
 namespace cli {
 
+inline constexpr const char* NOT_SAVED = "the supplicant did not save its configuration, and "
+                                         "nothing was changed; see that the file says "
+                                         "update_config=1 and can be written: platwifi doctor";
+
 /// Changes of networks that the supplicant has and its file has not: for a network that is tried before it is
 /// saved. The destructor takes them back unless they were saved: the supplicant reads its file again.
 /// While an object exists, a signal does not end the program by force, so that the changes are taken back first;

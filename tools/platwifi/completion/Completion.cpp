@@ -62,7 +62,12 @@ Candidates operands(const Command& command, const Preceding& preceding, const st
 }
 
 Candidates valuesOf(const std::string& option) {
-    return option == INTERFACE || option == SHORT_INTERFACE ? interfaces("") : Candidates{};
+    if (option == INTERFACE || option == SHORT_INTERFACE)
+        return interfaces("");
+    Candidates candidates;
+    for (const std::string& word : wordsOfOption(option))
+        candidates.push_back({word});
+    return candidates;
 }
 
 // All candidates for the kind of word, whatever the word begins with.

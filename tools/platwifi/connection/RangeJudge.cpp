@@ -1,6 +1,6 @@
 #include "connection/RangeJudge.h"
 
-#include "model/WifiTypes.h"
+#include "model/Vocabulary.h"
 
 #include <algorithm>
 #include <string>
@@ -8,8 +8,6 @@
 namespace cli {
 namespace {
 
-constexpr unsigned int OF_WPA3 = KEY_MGMT_SAE | KEY_MGMT_FT_SAE;
-constexpr unsigned int OF_PSK = KEY_MGMT_WPA_PSK | KEY_MGMT_WPA_PSK_SHA256 | KEY_MGMT_FT_PSK;
 constexpr unsigned int WITHOUT_WPA = KEY_MGMT_NONE | KEY_MGMT_IEEE8021X;
 
 // The closer to the end, the better does the access point fit.
@@ -32,8 +30,8 @@ Fit fitOf(const NetworkSecurity& network, const AccessPointSecurity& accessPoint
     if (shared != 0 && sharesProtocol(network, accessPoint))
         return accessPoint.requiresProtection && !network.protectsFrames ? Fit::NEEDS_PROTECTION
                                                                          : Fit::FITS;
-    const bool isWpa3ForPsk =
-        (accessPoint.keyManagement & OF_WPA3) != 0 && (network.keyManagement & OF_PSK) != 0;
+    const bool isWpa3ForPsk = (accessPoint.keyManagement & platwifi::SAE_METHODS) != 0 &&
+                              (network.keyManagement & platwifi::PSK_METHODS) != 0;
     return isWpa3ForPsk ? Fit::NEEDS_WPA3 : Fit::OTHER_SECURITY;
 }
 
