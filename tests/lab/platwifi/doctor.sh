@@ -57,8 +57,8 @@ finds_a_radio_that_is_off() {
 finds_a_missing_address() {
     local id
     id=$(client add_network)
-    client_ok set_network "$id" ssid '"lab-open"'
-    client_ok set_network "$id" key_mgmt NONE
+    client_ok set_network "$id" ssid '"lab-psk"' # another part renames lab-open
+    client_ok set_network "$id" psk "\"$LAB_PASSPHRASE\""
     client_ok enable_network "$id"
     wait_state COMPLETED
     finds address 'wlan0 is connected, but has no address' 'no DHCP client is running: .*' \
