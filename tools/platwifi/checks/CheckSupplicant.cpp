@@ -5,6 +5,7 @@
 #include "checks/ProfileInUse.h"
 #include "client/ClientReply.h"
 #include "client/Listing.h"
+#include "values/Nearest.h"
 
 #include <algorithm>
 
@@ -13,13 +14,6 @@ namespace {
 
 bool contains(const std::vector<std::string>& all, const std::string& one) {
     return std::find(all.begin(), all.end(), one) != all.end();
-}
-
-std::string joined(const std::vector<std::string>& all) {
-    std::string text;
-    for (const std::string& one : all)
-        text += (text.empty() ? "" : ", ") + one;
-    return text;
 }
 
 // The adapter whose networks are used; "" if all listed ones are for Wi-Fi Direct and the profile skips them.
@@ -67,12 +61,12 @@ Finding checkInterface(const std::string& iface) {
         return bad("the supplicant lists no interface", "start it with one, such as -i wlan0");
     const std::string first = firstAdapter(listed);
     if (first.empty())
-        return onlyForWifiDirect(joined(listed), " alone");
+        return onlyForWifiDirect(listOf(listed), " alone");
     if (isForWifiDirect(first))
         return onlyForWifiDirect(first, " first");
     if (!iface.empty() && !contains(listed, iface))
         return bad("the supplicant does not serve " + iface,
-                   "name one that it serves with -i: " + joined(listed));
+                   "name one that it serves with -i: " + listOf(listed));
     const std::string& used = iface.empty() ? first : iface;
     const std::size_t most = inUse(platwifi::rule::LONGEST_INTERFACE);
     if (used.size() > most)
@@ -80,7 +74,7 @@ Finding checkInterface(const std::string& iface) {
     if (used != first)
         return note("the networks are those of " + first + ", which is listed before " + iface,
                     "leave out -i, or let the supplicant serve " + iface + " alone");
-    return good(joined(listed));
+    return good(listOf(listed));
 }
 
 // Some clients print the time of day before the reply, so only the last character counts.

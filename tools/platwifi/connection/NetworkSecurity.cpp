@@ -11,20 +11,13 @@
 namespace cli {
 namespace {
 
-using platwifi::Word;
-
 constexpr unsigned int WEP_KEYS = 4;
 
 // Without WPA the key management is NONE for an open network and for WEP.
 std::string wordsOf(const NetworkSecurity& security) {
     if (security.keyManagement == KEY_MGMT_NONE)
         return security.hasWepKey ? "WEP" : "open";
-    std::string words;
-    for (const Word& word : platwifi::KEY_MANAGEMENT_WORDS) {
-        if ((security.keyManagement & word.number) != 0)
-            words += (words.empty() ? "" : " ") + std::string(word.text);
-    }
-    return words;
+    return platwifi::wordsIn(security.keyManagement, platwifi::KEY_MANAGEMENT_WORDS);
 }
 
 /// Reads the elements of a beacon, byte by byte. Behind the end there are zeros.

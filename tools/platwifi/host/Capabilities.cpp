@@ -21,6 +21,12 @@ bool hasWord(const std::string& list, const std::string& word) {
     return (' ' + list + ' ').find(' ' + word + ' ') != std::string::npos;
 }
 
+// A supplicant that lists nothing may be able to do it.
+bool isCapable(const std::string& iface, const char* kind, const std::string& word) {
+    const std::string list = clientReply(iface, "get_capability", kind);
+    return list.empty() || list == "FAIL" || hasWord(list, word);
+}
+
 void requireEach(const std::string& iface, const char* kind, unsigned int set, Words words) {
     for (const Word& word : words) {
         if ((set & word.number) == 0 || isCapable(iface, kind, word.text))
@@ -32,11 +38,6 @@ void requireEach(const std::string& iface, const char* kind, unsigned int set, W
 }
 
 } // namespace
-
-bool isCapable(const std::string& iface, const char* kind, const std::string& word) {
-    const std::string list = clientReply(iface, "get_capability", kind);
-    return list.empty() || list == "FAIL" || hasWord(list, word);
-}
 
 // FT-SAE is not listed, and needs SAE.
 unsigned int capableMethods(const std::string& iface) {

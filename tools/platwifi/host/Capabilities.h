@@ -4,12 +4,6 @@
 
 namespace cli {
 
-/// Whether the supplicant and the radio can do what the command get_capability lists.
-/// @param kind  "key_mgmt", "pairwise", ...
-/// @param word  of the list
-/// @return true also if the supplicant does not list anything
-bool isCapable(const std::string& iface, const char* kind, const std::string& word);
-
 /// The kinds of key management that the supplicant and the radio can do.
 /// @return a set; all of them if the supplicant does not list any
 unsigned int capableMethods(const std::string& iface);
