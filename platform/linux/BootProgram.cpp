@@ -22,8 +22,20 @@ std::string libraryFolder() {
     return std::filesystem::canonical(library.dli_fname, error).parent_path();
 }
 
-std::string inFolder(const std::string& folder, const std::string& name) {
-    return std::filesystem::path(folder + "/" + name).lexically_normal();
+std::string normal(const std::string& folder) {
+    return std::filesystem::path(folder).lexically_normal();
+}
+
+// The boot directories that were built or installed with this library. Found once: resolving links takes longer
+// than all else that is done before a program starts. Never destroyed: other threads may run while the program ends.
+const std::vector<std::string>& ownBootFolders() {
+    static const auto* const folders = [] {
+        const std::string folder = libraryFolder();
+        return folder.empty() ? new std::vector<std::string>
+                              : new std::vector{normal(folder + "/../boot/"),
+                                                normal(folder + "/" INSTALLED_BOOT_DIR "/")};
+    }();
+    return *folders;
 }
 
 bool exists(const std::string& path) {
@@ -42,11 +54,10 @@ std::vector<std::string> programPlaces(const std::string& path) {
     const std::string name = path.substr(BOOT_IMAGE_LENGTH);
     if (const char* directory = secure_getenv("PLATFORM_BOOT_DIR"))
         return {std::string(directory) + "/" + name};
-    const std::string folder = libraryFolder();
-    if (folder.empty())
-        return {path};
-    return {path, inFolder(folder + "/../boot", name),
-            inFolder(folder + "/" INSTALLED_BOOT_DIR, name)};
+    std::vector<std::string> places = {path};
+    for (const std::string& folder : ownBootFolders())
+        places.push_back(folder + name);
+    return places;
 }
 
 // Looks for the program, not for its folder: beside an installed library "../boot" may be a folder

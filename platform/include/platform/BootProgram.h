@@ -18,8 +18,8 @@ PLATFORM_API bool isBootProgram(const std::string& path);
 ///  3. in the directory boot/ beside the folder of this library (links resolved), if the program is
 ///     there: the build tree,
 ///  4. in the directory for the installed boot programs. The build knows it relative to that of the
-///     libraries, so an installation may be moved as a whole. When the library's own file no longer
-///     exists, the path itself.
+///     libraries, so an installation may be moved as a whole while no program uses it. The path
+///     itself, when the library's own file no longer existed at the first call.
 PLATFORM_API std::string locateProgram(const std::string& path);
 
 /// The paths at which locateProgram() looks for the program, at least one. It returns the last one

@@ -5,6 +5,7 @@
 #include <dirent.h>
 #include <stdio.h>
 #include <string.h>
+#include <sys/un.h>
 #include <wpa_ctrl.h>
 
 using boot::output;
@@ -24,11 +25,11 @@ bool isInterface(const dirent& entry) noexcept {
            strncmp(entry.d_name, P2P_DEVICE, sizeof(P2P_DEVICE) - 1) != 0;
 }
 
-// A name that does not fit is too long for the path of a socket, too: the connection fails.
+// With a path that does not fit, the library would fail as well, but leave its own socket behind.
 wpa_ctrl* open(const char* iface) noexcept {
-    char path[512];
-    snprintf(path, sizeof(path), "%s/%s", CONTROL_FOLDER, iface);
-    return wpa_ctrl_open(path);
+    char path[sizeof(sockaddr_un::sun_path)];
+    const int length = snprintf(path, sizeof(path), "%s/%s", CONTROL_FOLDER, iface);
+    return length < static_cast<int>(sizeof(path)) ? wpa_ctrl_open(path) : nullptr;
 }
 
 wpa_ctrl* openSelected(const char* iface) noexcept {
@@ -60,7 +61,7 @@ int reportNoReply(const Request& request, const char* reason, int status) noexce
     output.add("'");
     output.add(request.text(), request.length());
     output.add(reason);
-    return status;
+    return request.alwaysSucceeds() ? 0 : status;
 }
 
 } // namespace

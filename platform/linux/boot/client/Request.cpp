@@ -16,6 +16,7 @@ struct Command {
     int fewest;
     int most;
     const char* heading = "";
+    bool alwaysSucceeds = false;
 };
 
 // clang-format off
@@ -25,7 +26,7 @@ constexpr Command COMMANDS[] = {
     {"status",          "STATUS",          0, 0},
     {"list_networks",   "LIST_NETWORKS",   0, ANY},
     {"scan_results",    "SCAN_RESULTS",    0, 0},
-    {"interface",       "INTERFACES",      0, 0, "Available interfaces:\n"},
+    {"interface",       "INTERFACES",      0, 0, "Available interfaces:\n", true},
     {"bss",             "BSS",             1, 1},
     {"get",             "GET",             1, 1},
     {"get_capability",  "GET_CAPABILITY",  1, 1},
@@ -88,6 +89,7 @@ bool Request::read(const Arguments& arguments) noexcept {
     if (!command || given < command->fewest || given > command->most || holdOption(words))
         return false;
     m_heading = command->heading;
+    m_alwaysSucceeds = command->alwaysSucceeds;
     return append(command->request) && appendAll(words);
 }
 

@@ -28,12 +28,16 @@ public:
     /// What is printed in front of the reply.
     const char* heading() const noexcept { return m_heading; }
 
+    /// Whether the exit status is 0 without a reply, too.
+    bool alwaysSucceeds() const noexcept { return m_alwaysSucceeds; }
+
 private:
     bool append(const char* text) noexcept;
     bool appendAll(const char* const* words) noexcept;
 
     const char* m_iface = nullptr;
     const char* m_heading = "";
+    bool m_alwaysSucceeds = false;
     char m_text[MESSAGE_SIZE] = "";
     size_t m_length = 0;
 };
