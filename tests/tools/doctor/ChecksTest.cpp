@@ -105,7 +105,7 @@ TEST_F(Checks, ChangeNothingInTheSupplicant) {
     for (const auto& call : m_standIn.calls()) {
         const std::string& word = call.at(call.size() > 2 ? 2 : 1);
         EXPECT_THAT(word,
-                    testing::AnyOf("arg", "interface", "ping", "get", "get_capability", "status"));
+                    testing::AnyOf("arg", "--version", "interface", "ping", "get", "get_capability", "status"));
     }
 }
 

@@ -20,6 +20,7 @@
 
 using platform::FileDescriptor;
 using testing::HasSubstr;
+using testing::MatchesRegex;
 using testing::Not;
 
 namespace {
@@ -226,6 +227,12 @@ TEST(QuickClient, ErasesItsArguments) {
     EXPECT_THAT(shown, Not(HasSubstr("secret")));
     EXPECT_THAT(shown, Not(HasSubstr("set_network")));
     EXPECT_THAT(shown, HasSubstr("wpa_cli"));
+}
+
+TEST(QuickClient, SaysWhatItIs) {
+    const Client client({"--version"});
+    EXPECT_TRUE(exitedWith(client.status(), 0));
+    EXPECT_THAT(Client::output(), MatchesRegex("platwifi quick client [0-9.]+\n"));
 }
 
 TEST(QuickClient, PrintsNothingWhenItIsKilled) {

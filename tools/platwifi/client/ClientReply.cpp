@@ -47,6 +47,13 @@ std::string processList() {
     return file.text();
 }
 
+std::string clientVersion() {
+    const ReplyFile file;
+    WifiUtil().launchProcess(CLIENT, "--version", nullptr, nullptr, nullptr, nullptr, file.path());
+    const std::string text = file.text();
+    return text.substr(0, text.find('\n'));
+}
+
 std::string clientReply(const std::string& iface, const char* command, const char* argument) {
     const ReplyFile file;
     WifiUtil().launchProcess(CLIENT, command, ("-i" + iface).c_str(), argument, nullptr, nullptr,

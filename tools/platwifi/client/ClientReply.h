@@ -11,6 +11,10 @@ namespace cli {
 ///         nothing within about 5 s
 std::string clientReply(const std::string& iface, const char* command, const char* argument);
 
+/// Runs the client with `--version`.
+/// @return the first line that it prints, which only the quick client begins with "platwifi quick client "
+std::string clientVersion();
+
 /// Runs the process lister.
 /// @return one process a line: its id and its arguments
 std::string processList();

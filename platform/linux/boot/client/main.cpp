@@ -9,9 +9,21 @@
 #include "Request.h"
 #include "Termination.h"
 
+#include <string.h>
+
 namespace {
 
 constexpr int NOT_ASKED = 255;
+
+// Tells this program from the host's client, which has no such option.
+bool asksForVersion(const client::Arguments& arguments) {
+    return arguments.count() == 2 && strcmp(arguments.get()[1], "--version") == 0;
+}
+
+int printVersion() {
+    boot::output.add("platwifi quick client " PLATWIFI_VERSION "\n");
+    return boot::output.flush() ? 0 : 1;
+}
 
 int leaveToHost(const client::Arguments& arguments, const char* reason) {
     client::runHostClient(arguments);
@@ -35,6 +47,8 @@ int answer(const client::Arguments& arguments, const client::Request& request) {
 
 int main(int count, char* originals[]) {
     const client::Arguments arguments(count, originals);
+    if (asksForVersion(arguments))
+        return printVersion();
     client::Request request;
     if (!request.read(arguments))
         return leaveToHost(arguments, "this command is not known");
