@@ -26,4 +26,10 @@ Arguments::Arguments(int count, char* originals[]) noexcept
     }
 }
 
+Arguments::~Arguments() {
+    for (int i = 0; i < m_count; ++i)
+        free(m_copies[i]);
+    free(m_copies);
+}
+
 } // namespace client

@@ -2,11 +2,14 @@
 
 namespace client {
 
-/// A copy of the program's arguments, for as long as the program runs. The originals are overwritten with NULs:
+/// A copy of the program's arguments. The originals are overwritten with NULs:
 /// every user may read the arguments of a process, and one of them may be a key.
 class Arguments {
 public:
     Arguments(int count, char* originals[]) noexcept;
+    ~Arguments();
+    Arguments(const Arguments&) = delete;
+    Arguments& operator=(const Arguments&) = delete;
 
     int count() const noexcept { return m_count; }
 
