@@ -54,20 +54,22 @@ const char* NetworkFields::text(Field field) const noexcept {
     return m_texts[textIndex(field)].get();
 }
 
-// Null while the fields are being read: what the supplicant has is no change.
 bool NetworkFields::isKnown(Field field) noexcept {
-    std::unique_ptr<UnreadFields> unread = std::move(m_unread);
-    const bool isKnown = !unread || unread->readBeforeSet(*this, field);
+    if (!m_unread || contains(NEVER_WRITTEN, field))
+        return true;
+    auto unread = std::move(m_unread);
+    const bool isKnown = unread->readBeforeSet(*this, field);
     m_unread = std::move(unread);
     return isKnown;
 }
 
 bool NetworkFields::changed(Field field) noexcept {
     mark(field, true);
-    if (std::unique_ptr<UnreadFields> unread = std::move(m_unread)) {
-        unread->readAfterChange(*this);
-        m_unread = std::move(unread);
-    }
+    if (!m_unread || contains(NEVER_WRITTEN, field))
+        return true;
+    auto unread = std::move(m_unread);
+    unread->readAfterChange(*this);
+    m_unread = std::move(unread);
     return true;
 }
 

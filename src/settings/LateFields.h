@@ -3,8 +3,6 @@
 #include "model/UnreadFields.h"
 #include "settings/replies/NetworkKeys.h"
 
-#include <functional>
-
 class WifiHostSettings;
 class WifiNetwork;
 
@@ -23,8 +21,8 @@ public:
     void readAfterChange(NetworkFields& fields) override;
 
 private:
-    bool read(NetworkFields& fields,
-              const std::function<void(UnreadKeys&, const ValueSource&)>& reading);
+    template <typename Reading>
+    bool read(NetworkFields& fields, Reading reading);
 
     WifiHostSettings& m_settings;
     const WifiNetwork& m_network;

@@ -19,7 +19,6 @@
 #include "watchdog/WifiHostSettingsWatchdog.h"
 
 #include <cstring>
-#include <functional>
 
 using namespace platwifi;
 
@@ -34,7 +33,7 @@ public:
     NetworkValues(WifiUtil& util, const char* adapter, const WifiNetwork& network)
         : m_util(util), m_adapter(adapter), m_id(network.getNetworkId()) {}
 
-    const char* operator()(const char* key) {
+    const char* of(const char* key) {
         const bool isSet =
             !m_ended && m_util.getNetworkValue(m_adapter, m_id, key, m_buffer, VALUE_CHARACTERS);
         m_ended = m_ended || (rule::KILLED_CLIENT_FAILS_LOAD() && lastChildWasKilled());
@@ -109,7 +108,7 @@ bool WifiHostSettings::loadNetwork(WifiUtil& util, const char* line) {
     if (flag == ListFlag::CURRENT)
         storeCurrent(network.get());
     NetworkValues values(util, adapterName(), *network);
-    const KeyState keyState = loadFields(*network, std::ref(values));
+    const KeyState keyState = loadFields(*network, [&](const char* key) { return values.of(key); });
     if (networkList->addNetworkToList(network.get()))
         networkIds->loaded(*network.release(), keyState); // the list owns it now
     else if (flag == ListFlag::CURRENT)
@@ -141,7 +140,7 @@ bool WifiHostSettings::readLate(const WifiNetwork& network,
     if (!confirmId(*util, network))
         return false;
     NetworkValues values(*util, adapterName(), network);
-    read(std::ref(values));
+    read([&](const char* key) { return values.of(key); });
     return !values.ended();
 }
 

@@ -9,7 +9,6 @@
 #include "settings/replies/ValueWords.h"
 
 #include <algorithm>
-#include <bitset>
 #include <cstring>
 #include <iterator>
 
@@ -244,7 +243,7 @@ constexpr NetworkKey NETWORK_KEYS[] = {
 // The fields from which the use of others follows.
 constexpr FieldSet METHODS = setOf(Field::KEY_MANAGEMENT, Field::EAP_MODES);
 
-using Rows = std::uint64_t; // one bit a row
+using Rows = std::uint64_t;
 static_assert(std::size(NETWORK_KEYS) <= 64, "each row needs a bit of its own");
 
 Rows bitOf(const NetworkKey& key) {
@@ -276,12 +275,15 @@ Rows rowsOfProfile() {
     return rows;
 }
 
+// Whether a value has more words than flags are known.
 bool hasOtherWords(const char* value, unsigned int known) {
     constexpr const char* BLANKS = " \t";
-    std::size_t words = 0;
+    unsigned int words = 0;
     for (; *(value += std::strspn(value, BLANKS)) != '\0'; value += std::strcspn(value, BLANKS))
         ++words;
-    return words != std::bitset<32>(known).count();
+    for (; known != 0; known &= known - 1)
+        --words;
+    return words != 0;
 }
 
 // Reads the fields of one network.
@@ -293,19 +295,26 @@ public:
     bool isUsed(const NetworkKey& key) const { return key.uses({m_fields, m_partlyKnown}); }
 
     void read(const NetworkKey& key) {
+        if (!readOne(key))
+            return;
+        for (const NetworkKey& dependent : key.dependents)
+            readOne(dependent);
+    }
+
+private:
+    // Whether the field has a value.
+    bool readOne(const NetworkKey& key) {
         const char* const value = m_valueOf(nameOf(key));
         if (!value) {
             key.onUnset(m_fields, key.field);
-            return;
+            return false;
         }
         key.onValue(m_fields, key.field, value);
         if (contains(METHODS, key.field) && hasOtherWords(value, m_fields.number(key.field)))
             m_partlyKnown |= setOf(key.field);
-        for (const NetworkKey& dependent : key.dependents)
-            read(dependent);
+        return true;
     }
 
-private:
     NetworkFields& m_fields;
     FieldSet& m_partlyKnown;
     const ValueSource& m_valueOf;
@@ -331,19 +340,18 @@ bool UnreadKeys::haveUsed(const NetworkFields& fields) const {
 }
 
 void UnreadKeys::read(Field field, NetworkFields& fields, const ValueSource& valueOf) {
-    Reading reading(fields, m_partlyKnown, valueOf);
-    const Rows wanted = m_rows & rowsOf(field);
-    for (const NetworkKey& key : NETWORK_KEYS) {
-        if ((wanted & bitOf(key)) != 0)
-            reading.read(key);
-    }
-    m_rows &= ~wanted;
+    readEach(rowsOf(field), Use::ANY, fields, valueOf);
 }
 
 void UnreadKeys::readUsed(NetworkFields& fields, const ValueSource& valueOf) {
+    readEach(~Rows{0}, Use::PRESENT, fields, valueOf);
+}
+
+// Whether a field is used may follow from one that was read before it.
+void UnreadKeys::readEach(Rows rows, Use use, NetworkFields& fields, const ValueSource& valueOf) {
     Reading reading(fields, m_partlyKnown, valueOf);
     for (const NetworkKey& key : NETWORK_KEYS) {
-        if ((m_rows & bitOf(key)) == 0 || !reading.isUsed(key))
+        if ((m_rows & rows & bitOf(key)) == 0 || (use == Use::PRESENT && !reading.isUsed(key)))
             continue;
         reading.read(key);
         m_rows &= ~bitOf(key);

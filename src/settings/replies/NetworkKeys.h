@@ -41,7 +41,12 @@ public:
 private:
     friend UnreadKeys readNetworkKeys(WifiNetwork& network, const ValueSource& valueOf);
 
-    std::uint64_t m_rows = 0;   ///< of the table, one bit a row
+    using Rows = std::uint64_t; // of the table, one bit a row
+
+    enum class Use { ANY, PRESENT };
+    void readEach(Rows rows, Use use, NetworkFields& fields, const ValueSource& valueOf);
+
+    Rows m_rows = 0;
     FieldSet m_partlyKnown = 0; ///< the fields with a word that memory has no number for
 };
 
