@@ -307,6 +307,17 @@ TEST_F(UnreadFields, StayUnreadWhileTheSupplicantDoesNotAnswer) {
     EXPECT_STREQ(home.getEAPIdentity(), "bob") << "with the next change";
 }
 
+// READ-10
+TEST_F(UnreadFields, AreReadAgainAfterAKilledClient) {
+    host.on({"get_network", "0", "ca_cert"}).hangs().then().prints("\"/ca\"");
+    WifiNetwork& home = load({{"key_mgmt", "WPA-PSK"}, {"phase1", "\"peapver=0\""}});
+    home.setKeyManagement(KEY_MGMT_WPA_EAP);
+    EXPECT_EQ(commands().back(), "get_network 0 ca_cert") << "no command follows";
+    home.setPriority(3);
+    EXPECT_STREQ(home.getCACertificate(), "/ca");
+    EXPECT_STREQ(home.getPhase1Step(), "peapver=0");
+}
+
 // READ-11
 TEST_F(UnreadFields, AreThoseOfTheNetworkThatHasTheSsidNow) {
     host.on({"list_networks"})
