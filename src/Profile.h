@@ -55,6 +55,7 @@ constexpr Switch REFRESH_IS_EDIT{true, false};         // else a save after a re
 constexpr Switch SIGNAL_IS_IN_DBM{false, true};        // else every signal is 100 %
 constexpr Switch ALL_CHANNELS_ARE_KNOWN{false, true};  // else every channel of 5 GHz is 6
 constexpr Switch KILLED_CLIENT_FAILS_LOAD{false, true};// else a supplicant that hangs costs 7 s a value
+constexpr Switch ONLY_USABLE_FIELDS_ARE_READ{false, true}; // else a load asks twice as much; see NetworkKeys.cpp
 constexpr Switch P2P_DEVICES_ARE_SKIPPED{false, true}; // they cannot connect to an access point
 
 // Security.

@@ -13,7 +13,7 @@
 /// A function fails if the pointer to a result is null.
 ///
 /// Any thread may call. A function takes the locks that it needs, and blocks as long as the client
-/// commands that it runs. The first function that needs the settings loads them: about 28 commands a
+/// commands that it runs. The first function that needs the settings loads them: 10 to 30 commands a
 /// network. Nothing is thrown; if memory runs out, the process ends.
 extern "C" {
 

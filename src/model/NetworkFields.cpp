@@ -54,13 +54,34 @@ const char* NetworkFields::text(Field field) const noexcept {
     return m_texts[textIndex(field)].get();
 }
 
+bool NetworkFields::isKnown(Field field) noexcept {
+    if (!m_unread || contains(NEVER_WRITTEN, field))
+        return true;
+    auto unread = std::move(m_unread);
+    const bool isKnown = unread->readBeforeSet(*this, field);
+    m_unread = std::move(unread);
+    return isKnown;
+}
+
+bool NetworkFields::changed(Field field) noexcept {
+    mark(field, true);
+    if (!m_unread || contains(NEVER_WRITTEN, field))
+        return true;
+    auto unread = std::move(m_unread);
+    unread->readAfterChange(*this);
+    m_unread = std::move(unread);
+    return true;
+}
+
+// A value that cannot be compared with that of the supplicant counts as changed.
 bool NetworkFields::setText(Field field, const char* value) noexcept {
+    const bool canBeCompared = isKnown(field);
     OwnedText& text = m_texts[textIndex(field)];
     if (contains(WEP_KEY_FIELDS, field) && value && *value == '\0') {
         text.clear();
         return false;
     }
-    return text.assign(value) && setDirty(field, true);
+    return (text.assign(value) || !canBeCompared) && changed(field);
 }
 
 unsigned int NetworkFields::number(Field field) const noexcept {
@@ -70,18 +91,25 @@ unsigned int NetworkFields::number(Field field) const noexcept {
 bool NetworkFields::setNumber(Field field, unsigned int value) noexcept {
     if (field == Field::WEP_INDEX && value >= WEP_KEY_COUNT)
         return false;
+    const bool canBeCompared = isKnown(field);
     const unsigned int stored = contains(BYTES, field) ? value & 0xff : value;
     unsigned int& number = m_numbers[numberIndex(field)];
-    if (number == stored && !contains(ALWAYS_CHANGED, field))
+    if (number == stored && canBeCompared && !contains(ALWAYS_CHANGED, field))
         return false;
     number = stored;
-    return setDirty(field, true);
+    return changed(field);
 }
 
 bool NetworkFields::setDirty(Field field, bool dirty) noexcept {
+    if (dirty)
+        isKnown(field);
+    mark(field, dirty);
+    return true;
+}
+
+void NetworkFields::mark(Field field, bool dirty) noexcept {
     const FieldSet flag = setOf(field) & ~NEVER_WRITTEN;
     m_dirty = dirty ? m_dirty | flag : m_dirty & ~flag;
-    return true;
 }
 
 // A new anonymous identity is written with the next other change. quirk: NET-8

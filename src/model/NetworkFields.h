@@ -1,9 +1,11 @@
 #pragma once
 
 #include "model/Field.h"
+#include "model/UnreadFields.h"
 
 #include <array>
 #include <memory>
+#include <utility>
 
 class WifiNetwork;
 
@@ -34,6 +36,9 @@ private:
 /// access, locking and memory.
 ///
 /// text() and setText() take the name of a text, number() and setNumber() that of a number.
+///
+/// Where there are unread fields (setUnread()), a field that is set is read first, and a change has the
+/// fields read that the security uses from then on. Both run commands of the client.
 class NetworkFields {
 public:
     /// The fields of a network, which stay the network's own.
@@ -62,6 +67,7 @@ public:
 
     bool isDirty(Field field) const noexcept { return contains(m_dirty, field); }
 
+    /// An unread field is read first: a dirty field is written.
     /// @return true
     bool setDirty(Field field, bool dirty) noexcept;
 
@@ -72,10 +78,18 @@ public:
     void setDirtyFields(FieldSet fields) noexcept { m_dirty = fields; }
     void clearDirty() noexcept { m_dirty = 0; }
 
+    /// Takes over the fields that were not read; null for none.
+    void setUnread(std::unique_ptr<UnreadFields> unread) noexcept { m_unread = std::move(unread); }
+
 private:
+    bool isKnown(Field field) noexcept;
+    bool changed(Field field) noexcept;
+    void mark(Field field, bool dirty) noexcept;
+
     std::array<OwnedText, TEXT_FIELD_COUNT> m_texts;
     std::array<unsigned int, FIELD_COUNT - TEXT_FIELD_COUNT> m_numbers{};
     FieldSet m_dirty = 0;
+    std::unique_ptr<UnreadFields> m_unread; ///< null for none, and while they are being read
 };
 
 } // namespace platwifi

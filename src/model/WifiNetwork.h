@@ -22,6 +22,10 @@ class NetworkFields;
 /// plain text. Numbers are stored without a range check, except the WEP index; model/WifiTypes.h has the
 /// names of sets and values.
 ///
+/// Under the profile `modern` a network that was loaded has fields that were not read, because its security
+/// does not use them; they look unset. A setter reads them when they are needed, which runs commands of the
+/// client; its caller holds WifiHostSettings::lockSettings().
+///
 /// Setters return true when the field changed, except where noted. Nothing is thrown; where memory has
 /// run out, the process ends.
 class PLATWIFI_API WifiNetwork {

@@ -59,6 +59,9 @@ public:
     /// The supplicant read its file again without having written it.
     void takenBack();
 
+    /// The next confirm() asks the supplicant in any case.
+    void distrust() noexcept { m_isStale = true; }
+
     /// When ids are stale, asks the supplicant for its list and takes the new ids from it. To be called
     /// before a command that needs an id.
     /// @param iface  the adapter whose networks these are

@@ -8,6 +8,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -20,18 +21,21 @@ class WifiNetworkList;
 class WifiUtil;
 
 namespace platwifi {
+class KeyState;
+class LateFields;
 class NetworkIds;
 class ReplyLines;
 enum class ListFlag;
 enum class StatusReader;
 bool refreshSettings() noexcept;
+using ValueSource = std::function<const char*(const char* key)>;
 } // namespace platwifi
 
 /// The Wi-Fi state of the host: the supplicant's adapters, its configured networks, the current network
 /// and the supplicant's state, loaded from the supplicant and held in memory.
 ///
 /// There is one instance in a process. It stays at its address until the process ends; unload() empties
-/// it. It is loaded by the first call that needs it, which runs some 28 client commands a network, and
+/// it. It is loaded by the first call that needs it, which runs 10 to 30 client commands a network, and
 /// it reloads itself when another process has saved. An instance that could not be loaded has no
 /// networks and stays so until reload().
 ///
@@ -183,6 +187,7 @@ public:
 
 private:
     friend bool platwifi::refreshSettings() noexcept;
+    friend class platwifi::LateFields;
 
     struct Unloaded {};
     explicit WifiHostSettings(Unloaded) noexcept;
@@ -211,9 +216,17 @@ private:
     bool loadAdapterNames(WifiUtil& util);
     bool loadNetworks(WifiUtil& util, const std::vector<std::string>& lines);
     bool loadNetwork(WifiUtil& util, const char* line);
+    platwifi::KeyState loadFields(WifiNetwork& network, const platwifi::ValueSource& valueOf);
     bool loadScan(WifiUtil& util);
     bool loadStatus(WifiUtil& util);
     const char* adapterName() const noexcept; ///< the first adapter; null for none
+
+    /// Calls `read` with the values that the supplicant has for a network of the list. The caller holds
+    /// lockSettings().
+    /// @return false when the supplicant did not answer or has no such network: what `read` has got, if it
+    ///         was called, is incomplete
+    bool readLate(const WifiNetwork& network,
+                  const std::function<void(const platwifi::ValueSource&)>& read);
 
     // The supplicant's state and the current network. Each function that changes one of them takes _sync.
 

@@ -1,9 +1,11 @@
 // Loading everything from the supplicant.
 
 #include "Profile.h"
+#include "model/NetworkFields.h"
 #include "model/WifiNetwork.h"
 #include "model/WifiNetworkList.h"
 #include "settings/KeyState.h"
+#include "settings/LateFields.h"
 #include "settings/NetworkIds.h"
 #include "settings/WifiHostSettings.h"
 #include "settings/replies/ListLine.h"
@@ -24,22 +26,29 @@ namespace {
 
 constexpr unsigned int VALUE_CHARACTERS = 128;
 
-// Reads the values of one network. No value once a client was killed, where that ends the load: each
-// further command would cost seconds.
-KeyState readValues(WifiUtil& util, const char* adapter, WifiNetwork& network, bool& ended) {
-    char buffer[VALUE_CHARACTERS + 1] = {}; // a value of that length is stored without a NUL
-    KeyState keyState = KeyState::beforeLoad();
-    readNetworkKeys(network, [&](const char* key) {
-        const unsigned char id = network.getNetworkId();
+// The values that the supplicant has for one network. There are none once a client was killed, where that ends
+// the load: each further command would cost seconds.
+class NetworkValues {
+public:
+    NetworkValues(WifiUtil& util, const char* adapter, const WifiNetwork& network)
+        : m_util(util), m_adapter(adapter), m_id(network.getNetworkId()) {}
+
+    const char* of(const char* key) {
         const bool isSet =
-            !ended && util.getNetworkValue(adapter, id, key, buffer, VALUE_CHARACTERS);
-        ended = ended || (rule::KILLED_CLIENT_FAILS_LOAD() && lastChildWasKilled());
-        const char* const value = isSet ? buffer : nullptr;
-        keyState.read(key, value);
-        return value;
-    });
-    return keyState;
-}
+            !m_ended && m_util.getNetworkValue(m_adapter, m_id, key, m_buffer, VALUE_CHARACTERS);
+        m_ended = m_ended || (rule::KILLED_CLIENT_FAILS_LOAD() && lastChildWasKilled());
+        return isSet ? m_buffer : nullptr;
+    }
+
+    bool ended() const { return m_ended; }
+
+private:
+    WifiUtil& m_util;
+    const char* m_adapter;
+    unsigned char m_id;
+    char m_buffer[VALUE_CHARACTERS + 1] = {}; // a value of that length is stored without a NUL
+    bool m_ended = false;
+};
 
 // The interface of Wi-Fi Direct, which the supplicant lists beside that of the adapter.
 bool isP2pDevice(const char* name) {
@@ -98,14 +107,41 @@ bool WifiHostSettings::loadNetwork(WifiUtil& util, const char* line) {
     setStatusByFlag(*network, flag);
     if (flag == ListFlag::CURRENT)
         storeCurrent(network.get());
-    bool ended = false;
-    const KeyState keyState = readValues(util, adapterName(), *network, ended);
-    network->cleanDirtyFields();
+    NetworkValues values(util, adapterName(), *network);
+    const KeyState keyState = loadFields(*network, [&](const char* key) { return values.of(key); });
     if (networkList->addNetworkToList(network.get()))
         networkIds->loaded(*network.release(), keyState); // the list owns it now
     else if (flag == ListFlag::CURRENT)
         storeCurrent(nullptr); // the list has this SSID already, and this network is deleted
-    return !ended;
+    return !values.ended();
+}
+
+KeyState WifiHostSettings::loadFields(WifiNetwork& network, const ValueSource& valueOf) {
+    KeyState keyState = KeyState::beforeLoad();
+    const UnreadKeys unread = readNetworkKeys(network, [&](const char* key) {
+        const char* const value = valueOf(key);
+        keyState.read(key, value);
+        return value;
+    });
+    network.cleanDirtyFields();
+    if (rule::ONLY_USABLE_FIELDS_ARE_READ())
+        NetworkFields::of(network).setUnread(std::make_unique<LateFields>(*this, network, unread));
+    return keyState;
+}
+
+// The network was loaded some time ago: its id is confirmed in any case, because values of another network
+// must not get into it. KeyState stays as it was: without the late values it has ids confirmed too often.
+bool WifiHostSettings::readLate(const WifiNetwork& network,
+                                const std::function<void(const ValueSource&)>& read) {
+    WifiUtil* const util = WifiUtil::getInstance();
+    if (!util || !adapterName())
+        return false;
+    networkIds->distrust();
+    if (!confirmId(*util, network))
+        return false;
+    NetworkValues values(*util, adapterName(), network);
+    read([&](const char* key) { return values.of(key); });
+    return !values.ended();
 }
 
 bool WifiHostSettings::loadScan(WifiUtil& util) {

@@ -46,8 +46,10 @@ TEST_F(Json, HasNullIfThereIsNoNetwork) {
 TEST_F(Json, ListsTheNetworks) {
     on({"get_network", "0", "key_mgmt"}).prints("WPA-PSK");
     on({"get_network", "0", "priority"}).prints("-3");
-    on({"get_network", "1", "disabled"}).prints("1");
     on({"get_network", "1", "key_mgmt"}).prints("NONE");
+    on({"list_networks"})
+        .prints("network id / ssid / bssid / flags\n"
+                "0\thome\tany\t\n1\t\\xff\tany\t[DISABLED]\n");
     serve({"home", "\\xff"});
     const json home = {{"ssid", "home"},
                        {"status", "enabled"},

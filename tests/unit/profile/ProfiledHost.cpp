@@ -28,8 +28,10 @@ ProfiledHost::~ProfiledHost() {
     WifiUtil::unload();
 }
 
-void ProfiledHost::has(const std::string& printed, const std::string& flags) {
-    m_lines.push_back(std::to_string(m_lines.size()) + "\t" + printed + "\tany\t" + flags);
+void ProfiledHost::has(const std::string& printed, const std::string& flags,
+                       const std::string& bssid) {
+    m_lines.push_back(std::to_string(m_lines.size()) + "\t" + printed + "\t" + bssid + "\t" +
+                      flags);
 }
 
 std::string ProfiledHost::list() const {

@@ -21,7 +21,8 @@ public:
     ProfiledHost& operator=(const ProfiledHost&) = delete;
 
     /// Adds a network, with the next id. `printed` is the SSID as the client prints it.
-    void has(const std::string& printed, const std::string& flags = "");
+    void has(const std::string& printed, const std::string& flags = "",
+             const std::string& bssid = "any");
 
     /// The reply to one command of the client for the interface wlan0, before all other rules.
     StandIn::Answer on(std::vector<std::string> command);
