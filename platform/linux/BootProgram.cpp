@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <dlfcn.h>
 #include <filesystem>
+#include <link.h>
 #include <unistd.h>
 
 namespace platform {
@@ -13,13 +14,20 @@ constexpr char BOOT_IMAGE[] = "/proc/boot/";
 
 constexpr std::size_t BOOT_IMAGE_LENGTH = sizeof(BOOT_IMAGE) - 1;
 
-// The folder of this library with links resolved. Empty when the library's file no longer exists.
-std::string libraryFolder() {
-    Dl_info library;
-    if (dladdr(&BOOT_IMAGE, &library) == 0 || !library.dli_fname)
+// The file that this code was loaded from: a library, or the program, for which the loader has no name.
+std::string ownFile() {
+    Dl_info symbol;
+    link_map* file = nullptr;
+    void** const out = reinterpret_cast<void**>(&file);
+    if (dladdr1(&BOOT_IMAGE, &symbol, out, RTLD_DL_LINKMAP) == 0 || !file)
         return "";
+    return file->l_name[0] != '\0' ? file->l_name : "/proc/self/exe";
+}
+
+// The folder of that file with links resolved. Empty when the file no longer exists.
+std::string ownFolder() {
     std::error_code error;
-    return std::filesystem::canonical(library.dli_fname, error).parent_path();
+    return std::filesystem::canonical(ownFile(), error).parent_path();
 }
 
 std::string inFolder(const std::string& folder, const std::string& name) {
@@ -42,7 +50,7 @@ std::vector<std::string> programPlaces(const std::string& path) {
     const std::string name = path.substr(BOOT_IMAGE_LENGTH);
     if (const char* directory = secure_getenv("PLATFORM_BOOT_DIR"))
         return {std::string(directory) + "/" + name};
-    const std::string folder = libraryFolder();
+    const std::string folder = ownFolder();
     if (folder.empty())
         return {path};
     return {path, inFolder(folder + "/../boot", name),
