@@ -1,6 +1,7 @@
 #include "host/Host.h"
 
 #include "checks/Checks.h"
+#include "checks/ControlSocket.h"
 #include "checks/ProfileInUse.h"
 #include "client/Listing.h"
 #include "display/LoadProgress.h"
@@ -14,6 +15,7 @@
 #include "values/Lines.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <net/if.h>
 #include <set>
 
@@ -49,6 +51,21 @@ std::size_t countLoaded(const platwifi::Lines& lines) {
     return names.size();
 }
 
+// The interface whose control socket stands alone in its folder, if a process listens there: the one that the
+// supplicant would list, which need not be asked then. "" for none.
+std::string soleInterface() {
+    std::string sole;
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(CONTROL_FOLDER, error)) {
+        if (!sole.empty())
+            return "";
+        sole = entry.path().filename();
+    }
+    const bool isUsable =
+        !sole.empty() && !isForWifiDirect(sole) && connectTo(controlSocketOf(sole)) == 0;
+    return isUsable ? sole : "";
+}
+
 void requireName(const std::string& iface) {
     if (iface.size() > MAX_NAME_LENGTH)
         throw WrongUse("the name of an interface has " + std::to_string(MAX_NAME_LENGTH) +
@@ -73,17 +90,32 @@ const std::vector<std::string>& Host::adapters() {
     return m_adapters;
 }
 
+const std::string& Host::firstAdapter() {
+    if (!m_first.empty())
+        return m_first;
+    throwFor(missingClient()); // before the library reports it in its own words
+    m_first = soleInterface();
+    if (m_first.empty())
+        m_first = adapters().front();
+    return m_first;
+}
+
 const std::string& Host::iface() {
     if (!m_iface.empty())
         return m_iface;
     const std::string& wanted = m_context.request.iface;
     requireName(wanted);
+    if (!wanted.empty() && wanted != firstAdapter())
+        requireServed(wanted);
+    m_iface = wanted.empty() ? firstAdapter() : wanted;
+    return m_iface;
+}
+
+void Host::requireServed(const std::string& wanted) {
     const auto& served = adapters();
-    if (!wanted.empty() && std::find(served.begin(), served.end(), wanted) == served.end())
+    if (std::find(served.begin(), served.end(), wanted) == served.end())
         throw Failure("the supplicant does not serve " + printable(wanted) +
                       "; platwifi adapters lists what it does");
-    m_iface = wanted.empty() ? served.front() : wanted;
-    return m_iface;
 }
 
 WifiHostSettings& Host::settings() {
@@ -102,8 +134,8 @@ void Host::throwNotLoaded() {
 }
 
 std::size_t Host::networkCount() {
-    if (iface() != adapters().front())
-        throw Failure("the networks are those of " + adapters().front() +
+    if (iface() != firstAdapter())
+        throw Failure("the networks are those of " + firstAdapter() +
                       ", the first interface that the supplicant lists; leave out -i");
     bool ok = false;
     const platwifi::Lines lines = listLines(m_iface, ok);

@@ -41,6 +41,9 @@ public:
     /// @throws Failure if the supplicant cannot be reached
     const std::vector<std::string>& adapters();
 
+    /// The interface that holds the networks: the first one listed. @throws Failure as adapters() does
+    const std::string& firstAdapter();
+
     /// The interface of this command: the one on the command line, or the first one listed.
     /// @throws Failure if there is none, or if the supplicant does not serve that one
     const std::string& iface();
@@ -71,11 +74,13 @@ public:
 
 private:
     void load();
+    void requireServed(const std::string& wanted);
     [[noreturn]] void throwSilent();
     [[noreturn]] void throwNotLoaded();
 
     Context& m_context;
     std::vector<std::string> m_adapters;
+    std::string m_first;
     std::string m_iface;
     WifiHostSettings* m_settings = nullptr;
 };
