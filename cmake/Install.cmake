@@ -2,9 +2,6 @@
 # installed by the folder that makes them.
 include(CMakePackageConfigHelpers)
 
-# Programs that are added from here on find the libraries from their own folder.
-set(CMAKE_INSTALL_RPATH $ORIGIN/${PLATWIFI_PROGRAM_TO_LIBRARY})
-
 set(LINKABLE platwifi platform zam)
 install(TARGETS ${LINKABLE} EXPORT platwifi
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}

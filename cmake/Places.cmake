@@ -16,7 +16,7 @@ function(path_between variable from to)
 endfunction()
 
 path_between(PLATWIFI_LIBRARY_TO_BOOT ${CMAKE_INSTALL_LIBDIR} ${PLATWIFI_BOOT_DIR})
-path_between(PLATWIFI_PROGRAM_TO_LIBRARY ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_LIBDIR})
+path_between(PLATWIFI_PROGRAM_TO_BOOT ${CMAKE_INSTALL_BINDIR} ${PLATWIFI_BOOT_DIR})
 
-# The libraries stand side by side; programs, which are added later, get a path of their own.
+# The libraries stand side by side.
 set(CMAKE_INSTALL_RPATH $ORIGIN)

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <dlfcn.h>
 #include <filesystem>
+#include <link.h>
 #include <unistd.h>
 
 namespace platform {
@@ -13,24 +14,31 @@ constexpr char BOOT_IMAGE[] = "/proc/boot/";
 
 constexpr std::size_t BOOT_IMAGE_LENGTH = sizeof(BOOT_IMAGE) - 1;
 
-// The folder of this library with links resolved. Empty when the library's file no longer exists.
-std::string libraryFolder() {
-    Dl_info library;
-    if (dladdr(&BOOT_IMAGE, &library) == 0 || !library.dli_fname)
+// The file that this code was loaded from: a library, or the program, for which the loader has no name.
+std::string ownFile() {
+    Dl_info symbol;
+    link_map* file = nullptr;
+    void** const out = reinterpret_cast<void**>(&file);
+    if (dladdr1(&BOOT_IMAGE, &symbol, out, RTLD_DL_LINKMAP) == 0 || !file)
         return "";
+    return file->l_name[0] != '\0' ? file->l_name : "/proc/self/exe";
+}
+
+// The folder of that file with links resolved. Empty when the file no longer exists.
+std::string ownFolder() {
     std::error_code error;
-    return std::filesystem::canonical(library.dli_fname, error).parent_path();
+    return std::filesystem::canonical(ownFile(), error).parent_path();
 }
 
 std::string normal(const std::string& folder) {
     return std::filesystem::path(folder).lexically_normal();
 }
 
-// The boot directories that were built or installed with this library. Found once: resolving links takes longer
+// The boot directories that were built or installed with this code. Found once: resolving links takes longer
 // than all else that is done before a program starts. Never destroyed: other threads may run while the program ends.
 const std::vector<std::string>& ownBootFolders() {
     static const auto* const folders = [] {
-        const std::string folder = libraryFolder();
+        const std::string folder = ownFolder();
         return folder.empty() ? new std::vector<std::string>
                               : new std::vector{normal(folder + "/../boot/"),
                                                 normal(folder + "/" INSTALLED_BOOT_DIR "/")};

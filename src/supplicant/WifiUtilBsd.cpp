@@ -10,8 +10,8 @@
 #include "supplicant/LeftoverFiles.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/ResultFile.h"
+#include "supplicant/Timestamp.h"
 
-#include <cstdio>
 #include <cstring>
 #include <mutex>
 #include <new>
@@ -40,9 +40,7 @@ bool answersWithTimestamps() {
     if (!probe.getWifiAdapters(adapters.data(), adapters.capacity(), &adapters.count) ||
         adapters.count == 0)
         return false;
-    int number = 0;
-    float seconds = 0.0F;
-    return std::sscanf(adapters.data()[0], "%d:%d:%f: %*s", &number, &number, &seconds) == 3;
+    return isStamped(adapters.data()[0]);
 }
 
 bool supplicantIsListed(ResultFile& processes) {

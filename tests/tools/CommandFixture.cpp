@@ -12,10 +12,11 @@ namespace {
 const Arguments QUERIES = {"interface",   "list_networks", "scan_results",  "status",
                            "get_network", "scan",          "get_capability"};
 
-std::string joined(const Arguments& call) {
+// The words from the one with this number on.
+std::string joined(const Arguments& call, std::size_t first) {
     std::string text;
-    for (std::size_t i = 2; i < call.size(); ++i)
-        text += (i == 2 ? "" : " ") + call[i];
+    for (std::size_t i = first; i < call.size(); ++i)
+        text += (i == first ? "" : " ") + call[i];
     return text;
 }
 
@@ -42,9 +43,16 @@ std::vector<std::string> CommandFixture::changes() const {
     std::vector<std::string> changes;
     for (const Arguments& call : host.calls()) {
         if (isChange(call))
-            changes.push_back(joined(call));
+            changes.push_back(joined(call, 2));
     }
     return changes;
+}
+
+std::vector<std::string> CommandFixture::commands() const {
+    std::vector<std::string> commands;
+    for (const Arguments& call : host.calls())
+        commands.push_back(joined(call, 1));
+    return commands;
 }
 
 StandIn::Answer CommandFixture::on(Arguments command) {

@@ -24,6 +24,9 @@ protected:
     /// without the option that names the interface.
     std::vector<std::string> changes() const;
 
+    /// All commands of the client, in order: the words of each joined by blanks.
+    std::vector<std::string> commands() const;
+
     /// The answer to a command of the client for wlan0.
     StandIn::Answer on(Arguments command);
 

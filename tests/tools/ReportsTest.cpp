@@ -29,6 +29,17 @@ TEST_F(Reports, ListTheAdapters) {
     EXPECT_EQ(of({"adapters"}), "wlan0\n");
 }
 
+TEST_F(Reports, ListTheAdaptersWithOneCommand) {
+    serve({});
+    of({"adapters"});
+    EXPECT_EQ(commands(), std::vector<std::string>{"interface"});
+}
+
+TEST_F(Reports, ListTheAdaptersOfAClientThatStampsItsReplies) {
+    host.on({"interface"}).prints("Selected\nAvailable interfaces:\n12:34:56.789: wlan0\nwlan1\n");
+    EXPECT_EQ(of({"adapters"}), "wlan0 (the default)\nwlan1\n");
+}
+
 TEST_F(Reports, MarkTheDefaultAdapter) {
     host.on({"interface"}).prints("Selected\nAvailable interfaces:\nwlan0\nwlan1\n");
     EXPECT_EQ(of({"adapters"}), "wlan0 (the default)\nwlan1\n");
@@ -100,6 +111,17 @@ TEST_F(Reports, ListTheScanStrongestFirst) {
               "  far       02:00:00:00:01:00   1  2.4  ###_  58%  -71  WPA2-PSK\n");
     unsetenv("LC_ALL");
     EXPECT_EQ(callsOf({"scan"}), 1u);
+}
+
+// The marks need no signal of the connection.
+TEST_F(Reports, ListTheScanWithoutAskingForTheSignal) {
+    accept({"scan"});
+    on({"status"}).prints("bssid=02:00:00:00:01:00\nssid=home\nwpa_state=COMPLETED\n");
+    on({"scan_results"})
+        .prints("header\n02:00:00:00:01:00\t2412\t-71\t[WPA2-PSK-CCMP][ESS]\thome\n");
+    serve({"home"});
+    EXPECT_THAT(ofQuick({"scan"}), HasSubstr("*  home"));
+    EXPECT_EQ(callsOf({"signal_poll"}), 0u);
 }
 
 TEST_F(Reports, ScanAnyInterfaceThatIsListed) {

@@ -64,6 +64,76 @@ TEST_F(TheConnection, IsShownByTheStatus) {
                               "IPv4 address:    192.0.2.7\n");
 }
 
+// Each command is a process, and a load of the settings takes 28 for each network.
+TEST_F(TheConnection, CostsFourCommands) {
+    connect();
+    of({"status"});
+    EXPECT_EQ(commands(), (std::vector<std::string>{"interface", "-iwlan0 list_networks",
+                                                    "-iwlan0 status", "-iwlan0 signal_poll"}));
+}
+
+TEST_F(TheConnection, CostsThreeCommandsWhileThereIsNone) {
+    wait("SCANNING");
+    of({"status"});
+    EXPECT_EQ(commands(),
+              (std::vector<std::string>{"interface", "-iwlan0 list_networks", "-iwlan0 status"}));
+}
+
+// A list of more than 4096 bytes comes in parts.
+TEST_F(TheConnection, IsShownBesideNetworksThatDoNotFitIntoOneReply) {
+    const std::string name(50, 'x');
+    std::string list;
+    for (int id = 0; id < 70; ++id)
+        list += std::to_string(id) + "\t" + name + std::to_string(id) + "\tany\t\n";
+    on({"list_networks"}).prints(test::LIST_HEADER + list);
+    on({"list_networks", "LAST_ID=69"}).prints(test::LIST_HEADER + "70\tlast\tany\t\n");
+    wait("SCANNING");
+    EXPECT_THAT(of({"status"}), HasSubstr("Networks:  71 configured\n"));
+}
+
+TEST_F(TheConnection, IsShownBesideTheNetworksThatALoadFinds) {
+    on({"list_networks"})
+        .prints(test::LIST_HEADER + "0\thome\tany\t\n1\thome\tany\t\n2\t\tany\t\n"
+                                    "3\tany\tany\t\nx\tno id\tany\t\n256\tno id\tany\t\n");
+    wait("SCANNING");
+    EXPECT_THAT(of({"status"}), HasSubstr("Networks:  3 configured\n"));
+    EXPECT_EQ(jsonOf({"networks"}).size(), 3U);
+    setenv("PLATWIFI_PROFILE", "device", 1);
+    EXPECT_THAT(of({"status"}), HasSubstr("Networks:  3 configured\n"));
+    EXPECT_EQ(jsonOf({"networks"}).size(), 3U);
+    unsetenv("PLATWIFI_PROFILE");
+}
+
+TEST_F(TheConnection, IsShownBesideAsManyNetworksAsTheProfileLoads) {
+    std::vector<std::string> ssids;
+    for (int i = 0; i < 40; ++i)
+        ssids.push_back("n" + std::to_string(i));
+    on({"status"}).prints("wpa_state=SCANNING\n");
+    serve(ssids);
+    EXPECT_THAT(of({"status"}), HasSubstr("Networks:  40 configured\n"));
+    setenv("PLATWIFI_PROFILE", "device", 1);
+    EXPECT_THAT(of({"status"}), HasSubstr("Networks:  32 configured\n"));
+    unsetenv("PLATWIFI_PROFILE");
+}
+
+TEST_F(TheConnection, IsNotShownForAnotherInterfaceThanThatOfTheNetworks) {
+    host.on({"interface"}).prints("Selected\nAvailable interfaces:\nwlan0\nwlan1\n");
+    serve({"home"});
+    expectFailure(platwifi({"status", "-i", "wlan1"}), "the networks are those of wlan0");
+}
+
+TEST_F(TheConnection, CannotBeAskedForIfThereIsNoStatus) {
+    on({"status"}).prints("FAIL\n");
+    serve({"home"});
+    expectFailure(platwifi({"status"}), "wlan0");
+}
+
+TEST_F(TheConnection, CannotBeAskedForIfTheListCannotBeRead) {
+    on({"list_networks"}).prints(test::LIST_HEADER + "x\tno id\tany\t\n");
+    serve({});
+    expectFailure(platwifi({"status"}), "wpa_supplicant");
+}
+
 TEST_F(TheConnection, IsARecordInTheStatusForPrograms) {
     connect();
     const json link = {{"ssid", "home"},

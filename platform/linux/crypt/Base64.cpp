@@ -1,7 +1,8 @@
 #include "Base64.h"
 
+#include "Libcrypto.h"
+
 #include <algorithm>
-#include <openssl/evp.h>
 
 namespace platform {
 namespace {
@@ -23,7 +24,7 @@ std::size_t paddingOf(std::string_view text) {
 std::string toBase64(const Bytes& bytes) {
     const std::size_t groups = (bytes.size() + BYTE_GROUP - 1) / BYTE_GROUP;
     std::vector<unsigned char> text(groups * TEXT_GROUP + 1);
-    EVP_EncodeBlock(text.data(), bytes.data(), static_cast<int>(bytes.size()));
+    libcrypto().EVP_EncodeBlock(text.data(), bytes.data(), static_cast<int>(bytes.size()));
     return std::string(text.begin(), text.end() - 1);
 }
 
@@ -31,7 +32,7 @@ bool fromBase64(std::string_view text, Bytes& bytes) {
     if (text.empty() || text.size() % TEXT_GROUP != 0)
         return false;
     bytes.resize(text.size() / TEXT_GROUP * BYTE_GROUP);
-    if (EVP_DecodeBlock(bytes.data(), bytesOf(text), static_cast<int>(text.size())) < 0)
+    if (libcrypto().EVP_DecodeBlock(bytes.data(), bytesOf(text), static_cast<int>(text.size())) < 0)
         return false;
     bytes.resize(bytes.size() - paddingOf(text));
     // The decoder accepts blanks, misplaced padding and spare bits; toBase64() makes none.

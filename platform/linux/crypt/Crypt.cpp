@@ -5,11 +5,11 @@
 #include "CryptError.h"
 #include "KeyFile.h"
 #include "KeyPath.h"
+#include "Libcrypto.h"
 
 #include <cstring>
 #include <exception>
 #include <memory>
-#include <openssl/err.h>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -141,8 +141,8 @@ void report(ErrorHandler* errors, const char* id, const char* text) noexcept {
 /// Restores the calling thread's queue of OpenSSL errors, which belongs to the program.
 class KeptErrorQueue {
 public:
-    KeptErrorQueue() { ERR_set_mark(); }
-    ~KeptErrorQueue() { ERR_pop_to_mark(); }
+    KeptErrorQueue() { libcrypto().ERR_set_mark(); }
+    ~KeptErrorQueue() { libcrypto().ERR_pop_to_mark(); }
     KeptErrorQueue(const KeptErrorQueue&) = delete;
     KeptErrorQueue& operator=(const KeptErrorQueue&) = delete;
 };
@@ -150,12 +150,12 @@ public:
 using Operation = std::unique_ptr<char[]> (*)(const char*);
 
 int run(Operation operation, ErrorHandler* errors, const char* text, char** result) noexcept {
-    const KeptErrorQueue kept;
     if (result)
         *result = nullptr;
     try {
         if (!text || !result)
             throw CryptError("crypt.null-input", "no text to encipher or decipher was given");
+        const KeptErrorQueue kept;
         *result = operation(text).release();
         return 0;
     } catch (const CryptError& error) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <openssl/crypto.h>
+#include <cstring>
 #include <vector>
 
 namespace platform {
@@ -11,7 +11,7 @@ namespace platform {
 class SecretBytes {
 public:
     explicit SecretBytes(std::size_t size) : m_bytes(size) {}
-    ~SecretBytes() { OPENSSL_cleanse(m_bytes.data(), m_bytes.size()); }
+    ~SecretBytes() { explicit_bzero(m_bytes.data(), m_bytes.size()); }
 
     SecretBytes(SecretBytes&&) = default;
     SecretBytes& operator=(SecretBytes&&) = delete;

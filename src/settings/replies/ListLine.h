@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/replies/ListRecord.h"
+
 #include <optional>
 #include <string>
 
@@ -21,26 +23,13 @@ void setStatusByFlag(WifiNetwork& network, ListFlag flag);
 
 /// Reads network id, SSID and BSSID of a network, as a load does.
 ///
-/// Under the profile `device` empty columns do not count. A second column that can be a BSSID is one, and the
-/// SSID then is NO_SSID. The id is kept as one byte: 256 is 0, and so is what is no number.
-///
-/// Under `modern` the columns are id, SSID and BSSID. An empty SSID is NO_SSID. A line without an id from 0 to
-/// 255 is none.
+/// Empty columns count under `modern`, and do not under `device` (see listRecord()). An SSID that is missing is
+/// NO_SSID, a BSSID NO_BSSID.
 /// @return false for a line without these columns; the network is unchanged then
 bool readListLine(const std::string& line, WifiNetwork& network);
 
 /// The network id in a line, as a status refresh reads it: the number that the first column which is not
 /// blank begins with, 0 where that is no number. None for a line of tabs and blanks alone.
 std::optional<int> listedId(const std::string& line);
-
-/// A network as the supplicant lists it.
-struct ListedSsid {
-    std::optional<unsigned char> id; ///< none for what is no number, or above 255
-    std::string printed;             ///< the SSID as the client prints it; empty for none
-};
-
-/// The network of a whole line, as it is looked for when network ids are confirmed: empty columns count.
-/// None for a line without columns.
-std::optional<ListedSsid> listedSsid(const std::string& line);
 
 } // namespace platwifi

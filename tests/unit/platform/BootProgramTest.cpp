@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
 #include <filesystem>
@@ -104,6 +105,20 @@ TEST_F(BootProgram, IsThePathItselfWhenTheLibrarysFileIsGone) {
     ASSERT_TRUE(handle) << dlerror();
     fs::remove_all("/tmp/world/prefix");
     EXPECT_EQ(located("/proc/boot/pidin", handle), "/proc/boot/pidin");
+}
+
+// The program is found through PATH, so that its first argument is no path.
+TEST_F(BootProgram, IsFoundByAProgramThatContainsTheCode) {
+    put(INSTALLED);
+    fs::create_directories("/tmp/world/prefix/bin");
+    fs::copy_file(OWNER, "/tmp/world/prefix/bin/owner");
+    FILE* const owner =
+        popen("cd / && PATH=/tmp/world/prefix/bin:$PATH owner /proc/boot/pidin", "r");
+    ASSERT_TRUE(owner);
+    char line[256] = {};
+    EXPECT_TRUE(std::fgets(line, sizeof line, owner));
+    EXPECT_EQ(pclose(owner), 0);
+    EXPECT_EQ(line, INSTALLED + std::string("\n"));
 }
 
 TEST_F(BootProgram, OfAnotherFolderKeepsItsPath) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/replies/WholeLines.h"
+
 #include <string>
 #include <vector>
 
@@ -11,7 +13,8 @@ namespace cli {
 WifiUtil& driver();
 
 // Lists that one command of the client prints each. They cost less than the settings, which need many
-// commands, and do not attach to the shared memory. Empty if the supplicant does not answer.
+// commands, and do not attach to the shared memory. They do not need the library's driver either, whose first
+// use costs a command. Empty if the supplicant does not answer.
 
 std::vector<std::string> listedAdapters();
 
@@ -21,7 +24,11 @@ struct ListedNetwork {
     bool isAvoided;   ///< disabled by the supplicant for some time, after an authentication failure
 };
 
+/// The lines of the configured networks.
 /// @param ok  receives whether the supplicant has answered
+platwifi::Lines listLines(const std::string& iface, bool& ok);
+
+/// The networks of these lines, with the same parameters.
 std::vector<ListedNetwork> listedNetworks(const std::string& iface, bool& ok);
 
 } // namespace cli

@@ -119,15 +119,13 @@ void addOptions(CLI::App& app, const Command& command, Request& request) {
     }
 }
 
-void addCommands(CLI::App& app, Request& request) {
-    for (const Command& command : commands()) {
-        CLI::App* const subcommand = app.add_subcommand(command.name, command.help);
-        subcommand->footer(command.epilogue())->group("Commands");
-        if (command.alias)
-            subcommand->alias(command.alias);
-        addOperands(*subcommand, command, request);
-        addOptions(*subcommand, command, request);
-    }
+void addCommand(CLI::App& app, const Command& command, Request& request) {
+    CLI::App* const subcommand = app.add_subcommand(command.name, command.help);
+    subcommand->footer(command.epilogue)->group("Commands");
+    if (command.alias)
+        subcommand->alias(command.alias);
+    addOperands(*subcommand, command, request);
+    addOptions(*subcommand, command, request);
 }
 
 // REQUIRED and TEXT say nothing that the line of usage and the names of the arguments do not say.
@@ -139,14 +137,28 @@ void setHelpLabels(CLI::FormatterBase& help) {
     help.label("TEXT", "");
 }
 
-std::unique_ptr<CLI::App> parserInto(Request& request) {
+// The parser without commands.
+std::unique_ptr<CLI::App> newParser() {
     auto app = std::make_unique<CLI::App>(
         "Wi-Fi of this host: finds, configures and connects to networks.", PROGRAM);
     setHelpLabels(*app->get_formatter());
     app->set_version_flag("--version", PROGRAM + std::string(" " PLATWIFI_VERSION));
-    app->footer(generalEpilogue());
+    app->footer(generalEpilogue);
     app->require_subcommand(1);
-    addCommands(*app, request);
+    return app;
+}
+
+// A parser of one command, which is what most calls need; to make that of all takes most of their time.
+std::unique_ptr<CLI::App> parserOf(const Command& command, Request& request) {
+    auto app = newParser();
+    addCommand(*app, command, request);
+    return app;
+}
+
+std::unique_ptr<CLI::App> parserOfAll(Request& request) {
+    auto app = newParser();
+    for (const Command& command : commands())
+        addCommand(*app, command, request);
     return app;
 }
 
@@ -248,6 +260,8 @@ bool takesValue(const std::string& word, const std::vector<Option>& options) {
 
 // Moves the command before the options that stand before it, so that these are its own.
 Words commandFirst(Words words) {
+    if (words.empty() || !isOption(words[0]))
+        return words;
     const auto options = optionsOf("");
     std::size_t command = 0;
     while (command < words.size() && isOption(words[command]))
@@ -265,7 +279,7 @@ const Command* readArguments(int count, char* arguments[], Request& request) {
     const Words words = commandFirst({arguments + 1, arguments + count});
     const bool hasCommand = !words.empty() && !isOption(words[0]);
     const Command* const command = hasCommand ? &commandOf(words[0]) : nullptr;
-    const auto app = parserInto(request);
+    const auto app = command ? parserOf(*command, request) : parserOfAll(request);
     try {
         parse(*app, words);
     } catch (const CLI::Success& help) {
@@ -284,12 +298,13 @@ const Command* readArguments(int count, char* arguments[], Request& request) {
 
 std::vector<Option> optionsOf(const std::string& command) {
     Request request;
-    const auto app = parserInto(request);
     std::vector<Option> options;
     if (!command.empty()) {
+        const auto app = parserOf(commandOf(command), request);
         add(options, *app->get_subcommand(command));
         return options;
     }
+    const auto app = parserOfAll(request);
     add(options, *app);
     for (const CLI::App* const each : app->get_subcommands({}))
         add(options, *each);
@@ -304,7 +319,7 @@ std::vector<std::string> wordsOfOption(const std::string& option) {
 
 void showHelp(Context& context) {
     Request request;
-    const auto app = parserInto(request);
+    const auto app = parserOfAll(request);
     const std::string& topic = context.request.topic;
     if (topic.empty())
         std::cout << app->help();

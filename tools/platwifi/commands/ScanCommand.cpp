@@ -48,7 +48,7 @@ Results inRange(Host& host) {
 /// Those that are saved, and the one that the interface is connected to.
 class KnownNetworks {
 public:
-    explicit KnownNetworks(const std::string& iface) : m_now(LinkState::now(iface)) {
+    explicit KnownNetworks(const std::string& iface) : m_now(LinkState::briefly(iface)) {
         bool ok = false;
         m_networks = listedNetworks(iface, ok);
     }

@@ -27,10 +27,9 @@ struct HostStatus {
 HostStatus statusOf(Context& context) {
     Host host(context);
     HostStatus status;
-    status.networks = host.networks().size();
     status.iface = host.iface();
-    status.now = LinkState::now(status.iface);
-    context.interrupt.check();
+    status.networks = host.networkCount();
+    status.now = host.link();
     return status;
 }
 

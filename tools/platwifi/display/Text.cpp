@@ -1,9 +1,11 @@
 #include "display/Text.h"
 
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <cwchar>
 #include <locale.h> // NOLINT(modernize-deprecated-headers): newlocale() is not of the C library
+#include <optional>
 
 namespace cli {
 namespace {
@@ -17,24 +19,24 @@ constexpr wchar_t LAST_DIRECTION = 0x202E;
 constexpr wchar_t FIRST_ISOLATE = 0x2066;
 constexpr wchar_t LAST_ISOLATE = 0x2069;
 
+// Made once and never freed: that takes reading files. Null where the system has no such locale.
+locale_t utf8() {
+    static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    return locale;
+}
+
 /// Makes this thread decode UTF-8 while an object exists. SSIDs are UTF-8 in every locale of the user.
 class Utf8Locale {
 public:
-    Utf8Locale() : m_locale(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)), m_previous(nullptr) {
-        if (m_locale)
-            m_previous = uselocale(m_locale);
-    }
+    Utf8Locale() : m_previous(utf8() ? uselocale(utf8()) : nullptr) {}
     ~Utf8Locale() {
-        if (!m_locale)
-            return;
-        uselocale(m_previous);
-        freelocale(m_locale);
+        if (m_previous)
+            uselocale(m_previous);
     }
     Utf8Locale(const Utf8Locale&) = delete;
     Utf8Locale& operator=(const Utf8Locale&) = delete;
 
 private:
-    locale_t m_locale;
     locale_t m_previous;
 };
 
@@ -82,10 +84,17 @@ std::string escaped(const std::string& bytes) {
     return text;
 }
 
-// Calls `visit` with each character and its bytes, until it returns false.
+bool isAscii(char byte) {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
+// Calls `visit` with each character and its bytes, until it returns false. ASCII is the same in every locale, so
+// most texts need none.
 template <typename Visit>
 void forEach(const std::string& bytes, Visit visit) {
-    const Utf8Locale locale;
+    std::optional<Utf8Locale> locale;
+    if (!std::all_of(bytes.begin(), bytes.end(), isAscii))
+        locale.emplace();
     for (std::size_t place = 0; place < bytes.size();) {
         const Character character = characterAt(bytes, place);
         if (!visit(character, bytes.substr(place, character.length)))

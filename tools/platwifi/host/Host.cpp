@@ -1,20 +1,28 @@
 #include "host/Host.h"
 
 #include "checks/Checks.h"
+#include "checks/ControlSocket.h"
+#include "checks/ProfileInUse.h"
 #include "client/Listing.h"
 #include "display/LoadProgress.h"
 #include "display/Text.h"
 #include "host/Ssid.h"
 #include "jni/ServiceFunctions.h"
+#include "model/NetworkFunctions.h"
 #include "process/SharedBlock.h"
 #include "settings/WifiHostSettings.h"
+#include "settings/replies/ListRecord.h"
 #include "values/Lines.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <net/if.h>
+#include <set>
 
 namespace cli {
 namespace {
+
+namespace rule = platwifi::rule;
 
 constexpr unsigned char MAX_NETWORKS = 255; // that the library loads
 constexpr std::size_t MAX_NAME_LENGTH = IFNAMSIZ - 1;
@@ -30,6 +38,32 @@ void throwFor(const std::optional<Finding>& finding) {
 [[noreturn]] void throwObstacle(const std::string& iface, const std::string& fallback) {
     throwFor(obstacle(iface));
     throw Failure(fallback);
+}
+
+// The SSIDs differ: of several networks with the same one, a load keeps the first.
+std::size_t countLoaded(const platwifi::Lines& lines) {
+    std::set<std::string> names;
+    const std::size_t most = std::min<std::size_t>(lines.size(), inUse(rule::MOST_NETWORKS));
+    for (std::size_t i = 0; i < most; ++i) {
+        if (const auto network = platwifi::listRecord(lines[i], inUse(rule::EMPTY_COLUMNS_COUNT)))
+            names.insert(network->printed.empty() ? platwifi::NO_SSID : network->printed);
+    }
+    return names.size();
+}
+
+// The interface whose control socket stands alone in its folder, if a process listens there: the one that the
+// supplicant would list, which need not be asked then. "" for none.
+std::string soleInterface() {
+    std::string sole;
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(CONTROL_FOLDER, error)) {
+        if (!sole.empty())
+            return "";
+        sole = entry.path().filename();
+    }
+    const bool isUsable =
+        !sole.empty() && !isForWifiDirect(sole) && connectTo(controlSocketOf(sole)) == 0;
+    return isUsable ? sole : "";
 }
 
 void requireName(const std::string& iface) {
@@ -56,17 +90,32 @@ const std::vector<std::string>& Host::adapters() {
     return m_adapters;
 }
 
+const std::string& Host::firstAdapter() {
+    if (!m_first.empty())
+        return m_first;
+    throwFor(missingClient()); // before the library reports it in its own words
+    m_first = soleInterface();
+    if (m_first.empty())
+        m_first = adapters().front();
+    return m_first;
+}
+
 const std::string& Host::iface() {
     if (!m_iface.empty())
         return m_iface;
     const std::string& wanted = m_context.request.iface;
     requireName(wanted);
+    if (!wanted.empty() && wanted != firstAdapter())
+        requireServed(wanted);
+    m_iface = wanted.empty() ? firstAdapter() : wanted;
+    return m_iface;
+}
+
+void Host::requireServed(const std::string& wanted) {
     const auto& served = adapters();
-    if (!wanted.empty() && std::find(served.begin(), served.end(), wanted) == served.end())
+    if (std::find(served.begin(), served.end(), wanted) == served.end())
         throw Failure("the supplicant does not serve " + printable(wanted) +
                       "; platwifi adapters lists what it does");
-    m_iface = wanted.empty() ? served.front() : wanted;
-    return m_iface;
 }
 
 WifiHostSettings& Host::settings() {
@@ -75,22 +124,47 @@ WifiHostSettings& Host::settings() {
     return *m_settings;
 }
 
-void Host::load() {
-    if (iface() != adapters().front())
-        throw Failure("the networks are those of " + adapters().front() +
+void Host::throwSilent() {
+    throwObstacle(m_iface,
+                  "the supplicant does not answer for " + m_iface + "; platwifi doctor tells more");
+}
+
+void Host::throwNotLoaded() {
+    throwObstacle(m_iface, "the networks could not be loaded; platwifi doctor tells more");
+}
+
+std::size_t Host::networkCount() {
+    if (iface() != firstAdapter())
+        throw Failure("the networks are those of " + firstAdapter() +
                       ", the first interface that the supplicant lists; leave out -i");
     bool ok = false;
-    const std::size_t listed = listedNetworks(m_iface, ok).size();
+    const platwifi::Lines lines = listLines(m_iface, ok);
+    m_context.interrupt.check();
     if (!ok)
-        throwObstacle(m_iface, "the supplicant does not answer for " + m_iface +
-                                   "; platwifi doctor tells more");
+        throwSilent();
+    const std::size_t count = countLoaded(lines);
+    if (count == 0 && !lines.empty())
+        throwNotLoaded();
+    return count;
+}
+
+LinkState Host::link() {
+    LinkState now = LinkState::now(iface());
+    m_context.interrupt.check();
+    if (!now.isReported)
+        throwSilent();
+    return now;
+}
+
+void Host::load() {
+    const std::size_t count = networkCount();
     {
-        const LoadProgress progress(m_context.err, std::min<std::size_t>(listed, MAX_NETWORKS));
+        const LoadProgress progress(m_context.err, count);
         m_settings = WifiHostSettings::getInstance(nullptr);
     }
     m_context.interrupt.check();
-    if (!m_settings || (listed > 0 && networks().empty()))
-        throwObstacle(m_iface, "the networks could not be loaded; platwifi doctor tells more");
+    if (!m_settings || (count > 0 && networks().empty()))
+        throwNotLoaded();
 }
 
 std::vector<std::string> Host::networks() {

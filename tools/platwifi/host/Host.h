@@ -1,10 +1,12 @@
 #pragma once
 
+#include "host/Link.h"
 #include "process/Console.h"
 #include "process/Interrupt.h"
 #include "values/Failure.h"
 #include "values/Values.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -39,9 +41,19 @@ public:
     /// @throws Failure if the supplicant cannot be reached
     const std::vector<std::string>& adapters();
 
+    /// The interface that holds the networks: the first one listed. @throws Failure as adapters() does
+    const std::string& firstAdapter();
+
     /// The interface of this command: the one on the command line, or the first one listed.
     /// @throws Failure if there is none, or if the supplicant does not serve that one
     const std::string& iface();
+
+    /// How many networks a load of the settings finds, asked without one.
+    /// @throws Failure as settings() does
+    std::size_t networkCount();
+
+    /// What the supplicant does on the interface. @throws Failure if it does not answer
+    LinkState link();
 
     /// The settings. The first call loads them, with a line of progress if that takes long.
     /// @throws Failure if they cannot be loaded, or if they are those of another interface
@@ -62,9 +74,13 @@ public:
 
 private:
     void load();
+    void requireServed(const std::string& wanted);
+    [[noreturn]] void throwSilent();
+    [[noreturn]] void throwNotLoaded();
 
     Context& m_context;
     std::vector<std::string> m_adapters;
+    std::string m_first;
     std::string m_iface;
     WifiHostSettings* m_settings = nullptr;
 };

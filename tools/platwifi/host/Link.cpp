@@ -81,11 +81,17 @@ Link linkOf(const std::string& status, const std::string& signal) {
 
 LinkState LinkState::of(const std::string& status, const std::string& signal) {
     LinkState state;
-    state.state = stateOf(valueOf("wpa_state", status));
+    const std::string word = valueOf("wpa_state", status);
+    state.isReported = !word.empty();
+    state.state = stateOf(word);
     state.ssid = platwifi::bytesOfPrinted(valueOf("ssid", status));
     if (state.state == WPA_STATE_COMPLETED)
         state.link = linkOf(status, signal);
     return state;
+}
+
+LinkState LinkState::briefly(const std::string& iface) {
+    return of(clientReply(iface, "status", nullptr), "");
 }
 
 LinkState LinkState::now(const std::string& iface) {

@@ -25,6 +25,7 @@ struct Link {
 
 /// What the supplicant does on an interface.
 struct LinkState {
+    bool isReported = false; ///< whether the supplicant has answered
     WpaState state = WPA_STATE_UNKNOWN;
     std::string ssid;         ///< its bytes; "" where it is on no network
     std::optional<Link> link; ///< where it is connected
@@ -35,6 +36,9 @@ struct LinkState {
 
     /// Asks the supplicant and the system.
     static LinkState now(const std::string& iface);
+
+    /// The same without what takes further questions: the signal, the speed, the IPv6 address and the time.
+    static LinkState briefly(const std::string& iface);
 };
 
 } // namespace cli
