@@ -3,6 +3,7 @@
 #include "model/Field.h"
 
 #include <array>
+#include <cstdint>
 #include <memory>
 
 class WifiNetwork;
@@ -40,6 +41,11 @@ public:
     static NetworkFields& of(WifiNetwork& network) noexcept;
     static const NetworkFields& of(const WifiNetwork& network) noexcept;
 
+    /// The first network of a list that has this SSID, byte for byte; null for none and for a null SSID. An
+    /// unset SSID equals no other. Each network costs one comparison of numbers.
+    /// @param first  null for an empty list
+    static WifiNetwork* find(WifiNetwork* first, const char* ssid) noexcept;
+
     /// Every text is unset and every number 0, but the mode, which is unknown, and the
     /// protection of management frames, which is the default. Nothing is dirty.
     NetworkFields() noexcept;
@@ -75,6 +81,7 @@ public:
 private:
     std::array<OwnedText, TEXT_FIELD_COUNT> m_texts;
     std::array<unsigned int, FIELD_COUNT - TEXT_FIELD_COUNT> m_numbers{};
+    std::uint32_t m_ssidHash = 0; // see find()
     FieldSet m_dirty = 0;
 };
 

@@ -3,7 +3,7 @@
 #include "settings/WifiHostSettings.h"
 
 #include "Profile.h"
-#include "model/NetworkFunctions.h"
+#include "model/NetworkFields.h"
 #include "model/WifiNetworkList.h"
 #include "platform/Deadline.h"
 #include "platform/MutexGuard.h"
@@ -27,13 +27,6 @@ constexpr std::uint64_t REFRESH_PAUSE_MS = 5000; // between two updates of the n
 
 // Set when the library is loaded, so that a watchdog which a program makes by itself reloads, too.
 [[maybe_unused]] const bool REFRESHES = (setReloadHook(refreshSettings), true);
-
-WifiNetwork* findIn(const WifiNetworkList* list, const char* ssid) {
-    WifiNetwork* network = list ? list->getHead() : nullptr;
-    while (network && !hasSsid(network, ssid))
-        network = network->getNext();
-    return network;
-}
 
 } // namespace
 
@@ -149,10 +142,11 @@ bool WifiHostSettings::unlockSettings() noexcept {
 }
 
 WifiNetwork* WifiHostSettings::getNetwork(const char* /*iface*/, const char* ssid) const noexcept {
-    WifiNetwork* const network = findIn(networkList, ssid);
-    if (network || !ssid || !rule::SSIDS_ARE_BYTES())
+    WifiNetwork* const first = networkList ? networkList->getHead() : nullptr;
+    WifiNetwork* const network = NetworkFields::find(first, ssid);
+    if (network || !first || !ssid || !rule::SSIDS_ARE_BYTES())
         return network;
-    return findIn(networkList, ssidInMemory(ssid).c_str()); // the name as the supplicant prints it
+    return NetworkFields::find(first, ssidInMemory(ssid).c_str()); // as the supplicant prints it
 }
 
 bool WifiHostSettings::refreshAllSettings() noexcept {

@@ -115,17 +115,15 @@ void* deleteHandler(void* self) {
 
 } // namespace test
 
-JNIString::JNIString(JNIEnv* environment, jstring string) : m_text(nullptr) {
+platform::StringArgument::StringArgument(JNIEnv* environment, jstring string) {
     if (!string)
         return;
-    const char* const characters = environment->GetStringUTFChars(string, nullptr);
-    const std::string text(characters);
-    environment->ReleaseStringUTFChars(string, characters);
-    test::RecordedCall::note("+" + text);
-    m_text = platwifi::copyOf(text.c_str());
+    const JNIString text(environment, string);
+    test::RecordedCall::note(std::string("+") + text.text());
+    m_text = platwifi::copyOf(text.text());
 }
 
-JNIString::~JNIString() {
+platform::StringArgument::~StringArgument() {
     if (m_text)
         test::RecordedCall::note(std::string("-") + m_text);
     delete[] m_text;
