@@ -17,16 +17,18 @@ std::size_t sizeFor(jsize length) {
     return static_cast<std::size_t>(length) * MOST_BYTES + 1;
 }
 
-// Copies the whole string into zeros: JNI need not write a NUL.
-void copyTo(char* zeros, JNIEnv* environment, jstring string, jsize length) {
-    environment->GetStringUTFRegion(string, 0, length, zeros);
-    platform::restoreUtf8(zeros);
+// Copies the whole string to where there is room for it. There are at least `length` bytes, none of them 0;
+// a 0 behind them is not promised.
+void copyTo(char* text, JNIEnv* environment, jstring string, jsize length) {
+    std::memset(text + length, 0, sizeFor(length) - static_cast<std::size_t>(length));
+    environment->GetStringUTFRegion(string, 0, length, text);
+    platform::restoreUtf8(text);
 }
 
 char* newText(JNIEnv* environment, jstring string, jsize length) {
     if (static_cast<std::size_t>(length) >= PTRDIFF_MAX / MOST_BYTES)
         throw std::bad_alloc(); // on a system of 32 bits
-    char* const text = new char[sizeFor(length)]();
+    char* const text = new char[sizeFor(length)];
     copyTo(text, environment, string, length);
     return text;
 }
@@ -44,20 +46,17 @@ JNIString::~JNIString() {
 
 namespace platform {
 
-StringArgument::StringArgument(JNIEnv* environment, jstring string) {
-    if (!string)
-        return;
+void StringArgument::take(JNIEnv* environment, jstring string) {
     const jsize length = environment->GetStringLength(string);
     if (sizeFor(length) > SHORT_SIZE) {
         m_text = newText(environment, string, length);
     } else {
-        std::memset(m_short, 0, SHORT_SIZE);
         copyTo(m_short, environment, string, length);
         m_text = m_short;
     }
 }
 
-StringArgument::~StringArgument() {
+void StringArgument::release() noexcept {
     if (m_text != m_short)
         delete[] m_text;
 }

@@ -33,8 +33,14 @@ class PLATFORM_API StringArgument {
 public:
     /// @param environment  without a pending exception: Java calls no native with one
     /// @param string       may be null; then text() is null
-    StringArgument(JNIEnv* environment, jstring string);
-    ~StringArgument();
+    StringArgument(JNIEnv* environment, jstring string) {
+        if (string)
+            take(environment, string);
+    }
+    ~StringArgument() {
+        if (m_text)
+            release();
+    }
 
     StringArgument(const StringArgument&) = delete;
     StringArgument& operator=(const StringArgument&) = delete;
@@ -43,6 +49,9 @@ public:
 
 private:
     static constexpr std::size_t SHORT_SIZE = 128; // for 42 characters, whatever they are
+
+    void take(JNIEnv* environment, jstring string);
+    void release() noexcept;
 
     char* m_text = nullptr; // m_short, or owned
     char m_short[SHORT_SIZE];

@@ -59,9 +59,7 @@ public:
     FakeJni java;
 
 protected:
-    ~NativeCaller() {
-        EXPECT_FALSE(java.pendingException());
-    }
+    ~NativeCaller() { EXPECT_FALSE(java.pendingException()); }
 
 private:
     jstring inJava(const char* text) { return text ? java.javaString(text) : nullptr; }

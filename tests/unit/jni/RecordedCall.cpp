@@ -115,17 +115,14 @@ void* deleteHandler(void* self) {
 
 } // namespace test
 
-platform::StringArgument::StringArgument(JNIEnv* environment, jstring string) {
-    if (!string)
-        return;
+void platform::StringArgument::take(JNIEnv* environment, jstring string) {
     const JNIString text(environment, string);
     test::RecordedCall::note(std::string("+") + text.text());
     m_text = platwifi::copyOf(text.text());
 }
 
-platform::StringArgument::~StringArgument() {
-    if (m_text)
-        test::RecordedCall::note(std::string("-") + m_text);
+void platform::StringArgument::release() noexcept {
+    test::RecordedCall::note(std::string("-") + m_text);
     delete[] m_text;
 }
 
