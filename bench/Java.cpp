@@ -57,7 +57,7 @@ Rows measureJava() {
             "`getBssid0` from Java, the 16th of 32 networks",
             "a native that takes two texts, locks a recursive mutex and returns a text",
             text.getter, text.bare,
-            "The cost of the three locks and of the search, over that of a native which exchanges "
+            "The cost of a second lock and of the search, over that of a native which exchanges "
             "the same texts with Java."),
         timeRow("`getPriority0` from Java, of the same network",
                 "a native that takes two texts, locks a recursive mutex and returns a number",

@@ -53,6 +53,10 @@ void WifiNetworkList::lock() {
     PlatformUtil::lockMutex(&mutex);
 }
 
+bool WifiNetworkList::lockUntil(std::chrono::steady_clock::time_point deadline) {
+    return PlatformUtil::lockMutexUntil(&mutex, deadline) == 0;
+}
+
 void WifiNetworkList::unlock() {
     PlatformUtil::unlockMutex(&mutex);
 }

@@ -19,8 +19,8 @@ namespace {
 thread_local bool isRecorded = false;
 
 // In the order in which lockSettings() takes them.
-std::array<const PlatformMutex*, 3> mutexes{};
-constexpr std::array<const char*, 3> NAMES = {"gate", "list", "state"};
+std::array<const PlatformMutex*, 2> mutexes{};
+constexpr std::array<const char*, 2> NAMES = {"list", "state"};
 
 std::size_t taken = 0; // while their order is found out
 bool isLearning = false;
