@@ -10,6 +10,7 @@
 
 #include <cstring>
 #include <string>
+#include <type_traits>
 
 namespace {
 
@@ -53,8 +54,15 @@ protected:
     FakeJni jni;
 };
 
+struct ClassName {
+    template <class Converted>
+    static std::string GetName(int /*index*/) {
+        return std::is_same_v<Converted, JNIString> ? "JNIString" : "StringArgument";
+    }
+};
+
 using Classes = testing::Types<JNIString, StringArgument>;
-TYPED_TEST_SUITE(StringFromJava, Classes);
+TYPED_TEST_SUITE(StringFromJava, Classes, ClassName);
 
 TYPED_TEST(StringFromJava, IsUtf8) {
     EXPECT_EQ(this->text("home"), "home");
