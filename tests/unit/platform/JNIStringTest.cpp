@@ -22,7 +22,7 @@ TEST(JNIString, HasTheTextAsItsFirstAndOnlyMember) {
     const JNIString string(jni.environment(), jni.javaString("x"));
     const char* member = nullptr;
     static_assert(sizeof(string) == sizeof(member));
-    std::memcpy(&member, &string, sizeof(member));
+    std::memcpy(&member, static_cast<const void*>(&string), sizeof(member));
     EXPECT_EQ(member, string.text());
 }
 
