@@ -1,4 +1,4 @@
-// A native getter, called from Java.
+// Native getters, called from Java.
 
 #include "BareCommand.h"
 #include "Measurements.h"
@@ -16,42 +16,52 @@ constexpr int ROUNDS = 15; // in each virtual machine
 
 struct Calls {
     std::vector<double> getter; // seconds a call, one for each round
-    std::vector<double> empty;
+    std::vector<double> bare;
 };
 
-std::string runMachine() {
+std::string runMachine(const char* kind) {
     return runBare(JAVA_PROGRAM, {"-Djava.library.path=" LIBRARY_FOLDER, "-cp", BENCH_CLASS_PATH,
-                                  "bench.NativeCall", EMPTY_NATIVE_LIBRARY, WLAN, SOME_SSID,
-                                  SOME_BSSID, std::to_string(ROUNDS)});
+                                  "bench.NativeCall", BARE_NATIVE_LIBRARY, kind, WLAN, SOME_SSID,
+                                  std::to_string(ROUNDS)});
 }
 
 void take(Calls& calls, const std::string& output) {
     std::istringstream lines(output);
     for (int round = 0; round < ROUNDS; ++round) {
         double getter = 0;
-        double empty = 0;
-        if (!(lines >> getter >> empty))
+        double bare = 0;
+        if (!(lines >> getter >> bare))
             throw std::runtime_error("unexpected output of the virtual machine: " + output);
         calls.getter.push_back(getter * 1e-9);
-        calls.empty.push_back(empty * 1e-9);
+        calls.bare.push_back(bare * 1e-9);
     }
+}
+
+// Each run of a virtual machine compiles the code differently, so several are measured.
+Calls measureCalls(const char* kind) {
+    Calls calls;
+    for (int i = 0; i < MACHINES; ++i) {
+        take(calls, runMachine(kind));
+        std::cout << '.' << std::flush;
+    }
+    return calls;
 }
 
 } // namespace
 
-// Each run of a virtual machine compiles the code differently, so several are measured.
 Rows measureJava() {
-    Calls calls;
-    for (int i = 0; i < MACHINES; ++i) {
-        take(calls, runMachine());
-        std::cout << '.' << std::flush;
-    }
+    const Calls text = measureCalls("text");
+    const Calls number = measureCalls("number");
     return {
-        timeRow("`getBssid0` from Java, the 16th of 32 networks",
-                "an empty native: a lock, and a string of the same length", calls.getter,
-                calls.empty,
-                "The cost of converting two texts to C++ and one to Java, of the locks and of the "
-                "search, over that of a native call itself."),
+        timeRow(
+            "`getBssid0` from Java, the 16th of 32 networks",
+            "a native that takes two texts, locks a recursive mutex and returns a text",
+            text.getter, text.bare,
+            "The cost of a second lock and of the search, over that of a native which exchanges "
+            "the same texts with Java."),
+        timeRow("`getPriority0` from Java, of the same network",
+                "a native that takes two texts, locks a recursive mutex and returns a number",
+                number.getter, number.bare, "The same, without a text for Java."),
     };
 }
 

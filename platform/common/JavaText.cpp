@@ -32,9 +32,12 @@ void appendThreeBytes(std::string& out, std::uint32_t unit) {
     out += {toByte(0xE0U | (unit >> 12)), tailByte(unit, 6), tailByte(unit, 0)};
 }
 
-void appendFourBytes(std::string& out, std::uint32_t character) {
-    out += {toByte(0xF0U | (character >> 18)), tailByte(character, 12), tailByte(character, 6),
-            tailByte(character, 0)};
+char* putFourBytes(char* out, std::uint32_t character) {
+    *out++ = toByte(0xF0U | (character >> 18));
+    *out++ = tailByte(character, 12);
+    *out++ = tailByte(character, 6);
+    *out++ = tailByte(character, 0);
+    return out;
 }
 
 void appendPair(std::string& out, const char* text) {
@@ -63,16 +66,23 @@ bool holdsByte(std::uint32_t surrogate) {
     return surrogate >= LOW_SURROGATES + 0x80 && surrogate <= LOW_SURROGATES + 0xFF;
 }
 
-// Appends what the surrogate at `text` stands for. Returns the number of bytes consumed.
-int appendSurrogate(std::string& out, const char* text, std::uint32_t surrogate) {
+// Replaces the surrogate at `text` by what it stands for, which is shorter and is put at `out`.
+void putSurrogate(char*& out, const char*& text, std::uint32_t surrogate) {
     const std::uint32_t next = surrogateAt(text + 3);
     if (isHigh(surrogate) && isLow(next)) {
-        appendFourBytes(out,
-                        SUPPLEMENT + ((surrogate - HIGH_SURROGATES) << 10) + next - LOW_SURROGATES);
-        return 6;
+        out = putFourBytes(out, SUPPLEMENT + ((surrogate - HIGH_SURROGATES) << 10) + next -
+                                    LOW_SURROGATES);
+        text += 6;
+    } else {
+        *out++ = holdsByte(surrogate) ? toByte(surrogate) : '?';
+        text += 3;
     }
-    out += holdsByte(surrogate) ? toByte(surrogate) : '?';
-    return 3;
+}
+
+bool isAscii(const char* text) {
+    while (byteAt(text, 0) - 1 < 0x7FU) // neither the NUL nor a byte of a longer character
+        ++text;
+    return *text == '\0';
 }
 
 } // namespace
@@ -94,20 +104,35 @@ std::string toModifiedUtf8(const char* text) {
 
 // Only surrogates differ between the two forms. U+0000 stays C0 80, so that it does not end the
 // text.
-std::string fromModifiedUtf8(const char* text) {
-    std::string out;
-    while (text && *text) {
-        if (const std::uint32_t surrogate = surrogateAt(text))
-            text += appendSurrogate(out, text, surrogate);
+char* restoreUtf8(char* text) {
+    while (*text && !surrogateAt(text))
+        ++text;
+    char* out = text;
+    for (const char* in = text; *in;) {
+        if (const std::uint32_t surrogate = surrogateAt(in))
+            putSurrogate(out, in, surrogate);
         else
-            out += *text++;
+            *out++ = *in++;
     }
+    *out = '\0';
     return out;
+}
+
+std::string fromModifiedUtf8(const char* text) {
+    std::string utf8(text ? text : "");
+    utf8.resize(static_cast<std::size_t>(restoreUtf8(utf8.data()) - utf8.data()));
+    return utf8;
 }
 
 jstring newJavaString(JNIEnv* environment, const char* text) {
     if (!environment || !text || environment->ExceptionCheck())
         return nullptr;
+    return newJavaStringUnchecked(environment, text);
+}
+
+jstring newJavaStringUnchecked(JNIEnv* environment, const char* text) {
+    if (isAscii(text))
+        return environment->NewStringUTF(text);
     return environment->NewStringUTF(toModifiedUtf8(text).c_str());
 }
 

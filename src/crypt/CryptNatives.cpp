@@ -14,7 +14,7 @@ using Operation = int (*)(ErrorHandler*, const char*, char**) noexcept;
 // After a failure the result is null and an exception is pending.
 jstring convert(JNIEnv* env, Operation operation, jstring text) {
     JavaExceptionHandler errors(env);
-    const JNIString given(env, text);
+    const platform::StringArgument given(env, text);
     char* result = nullptr;
     if (operation(&errors, given.text(), &result) != 0)
         return nullptr;

@@ -3,10 +3,8 @@
 #include "jni/CipherCode.h"
 #include "jni/NativeCall.h"
 #include "jni/Secrets.h"
-#include "platform/JavaText.h"
 
 using namespace platwifi;
-using platform::newJavaString;
 
 namespace {
 
@@ -44,7 +42,7 @@ bool setCiphers(WifiNetwork& network, unsigned int code) {
 #define READS_TEXT(method, getter)                                                                 \
     READER(jstring, method) {                                                                      \
         NetworkCall call(env, iface, ssid);                                                        \
-        return call ? newJavaString(env, call->getter()) : nullptr;                                \
+        return call ? call.newString(call->getter()) : nullptr;                                    \
     }
 
 #define READS_SECRET(method, getter)                                                               \

@@ -3,6 +3,7 @@
 #include "model/WifiNetwork.h"
 #include "platform/JNIString.h"
 #include "platform/JavaExceptionHandler.h"
+#include "platform/JavaText.h"
 #include "settings/WifiHostSettings.h"
 
 #include <jni.h>
@@ -22,13 +23,20 @@ public:
     /// @param iface  null gives a null text, here and in the other parameters
     explicit NativeCall(JNIEnv* env, jstring iface = nullptr, jstring ssid = nullptr,
                         jstring value = nullptr)
-        : m_errors(env), m_iface(env, iface), m_ssid(env, ssid), m_value(env, value) {}
+        : m_env(env), m_errors(env), m_iface(env, iface), m_ssid(env, ssid), m_value(env, value) {}
 
     NativeCall(const NativeCall&) = delete;
     NativeCall& operator=(const NativeCall&) = delete;
 
     /// An error that is reported here is a pending exception when the native returns to Java.
     ErrorHandler* errors() noexcept { return &m_errors; }
+
+    /// A new Java string (local reference) of any bytes. Null for null, where an error was reported, and when
+    /// the virtual machine has no memory for it. The native has made no other call that can throw.
+    jstring newString(const char* text) {
+        const bool mayCall = text && !m_errors.savedError();
+        return mayCall ? platform::newJavaStringUnchecked(m_env, text) : nullptr;
+    }
 
     /// The settings, loaded if necessary.
     WifiHostSettings& settings() noexcept { return *WifiHostSettings::getInstance(&m_errors); }
@@ -38,10 +46,11 @@ public:
     const char* value() const noexcept { return m_value.text(); }
 
 private:
+    JNIEnv* const m_env;
     JavaExceptionHandler m_errors;
-    JNIString m_iface;
-    JNIString m_ssid;
-    JNIString m_value;
+    platform::StringArgument m_iface;
+    platform::StringArgument m_ssid;
+    platform::StringArgument m_value;
 };
 
 /// A native call that holds the lock of the settings. A Java string that the native returns is made
@@ -50,9 +59,14 @@ class SettingsCall : public NativeCall {
 public:
     explicit SettingsCall(JNIEnv* env, jstring iface = nullptr, jstring ssid = nullptr,
                           jstring value = nullptr)
-        : NativeCall(env, iface, ssid, value), m_lock(settings()) {}
+        : NativeCall(env, iface, ssid, value), m_settings(NativeCall::settings()),
+          m_lock(m_settings) {}
+
+    /// The settings, which the lock keeps loaded.
+    WifiHostSettings& settings() noexcept { return m_settings; }
 
 private:
+    WifiHostSettings& m_settings;
     SettingsLock m_lock;
 };
 

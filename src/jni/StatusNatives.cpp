@@ -1,7 +1,6 @@
 // Natives that ask for the present state of the supplicant, with one client command each.
 
 #include "jni/NativeCall.h"
-#include "platform/JavaText.h"
 
 using namespace platwifi;
 
@@ -13,7 +12,7 @@ PLATWIFI_NATIVE(jint, getDaemonStatus0)(JNIEnv* env, jclass, jstring iface) {
 PLATWIFI_NATIVE(jstring, getCurrentNetwork0)(JNIEnv* env, jclass, jstring iface) {
     SettingsCall call(env, iface);
     const WifiNetwork* const network = call.settings().getCurrentNetwork(call.iface());
-    return network ? platform::newJavaString(env, network->getSsid()) : nullptr;
+    return network ? call.newString(network->getSsid()) : nullptr;
 }
 
 // The refresh comes before the lookup, and also if there is no such network.

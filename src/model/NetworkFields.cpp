@@ -1,6 +1,7 @@
 #include "model/NetworkFields.h"
 
 #include "TextCopy.h"
+#include "model/NetworkFunctions.h"
 #include "model/WifiTypes.h"
 
 #include <cassert>
@@ -31,6 +32,14 @@ std::size_t numberIndex(Field field) {
     return indexOf(field) - TEXT_FIELD_COUNT;
 }
 
+// Equal texts have equal hashes. That of null is the one of "".
+std::uint32_t hashOf(const char* text) {
+    std::uint32_t hash = 0;
+    for (; text && *text; ++text)
+        hash = (hash << 5 | hash >> 27) ^ static_cast<unsigned char>(*text);
+    return hash;
+}
+
 // Null and "" count as the same.
 bool sameText(const char* left, const char* right) {
     return std::strcmp(left ? left : "", right ? right : "") == 0;
@@ -48,6 +57,15 @@ bool OwnedText::assign(const char* value) noexcept {
 NetworkFields::NetworkFields() noexcept {
     m_numbers[numberIndex(Field::NETWORK_MODE)] = NETWORK_MODE_UNKNOWN;
     m_numbers[numberIndex(Field::PMF)] = PMF_DEFAULT;
+}
+
+WifiNetwork* NetworkFields::find(WifiNetwork* first, const char* ssid) noexcept {
+    const std::uint32_t hash = hashOf(ssid);
+    for (WifiNetwork* network = first; network; network = network->m_next) {
+        if (network->m_fields->m_ssidHash == hash && hasSsid(network, ssid))
+            return network;
+    }
+    return nullptr;
 }
 
 const char* NetworkFields::text(Field field) const noexcept {
@@ -81,6 +99,8 @@ bool NetworkFields::setText(Field field, const char* value) noexcept {
         text.clear();
         return false;
     }
+    if (field == Field::SSID)
+        m_ssidHash = hashOf(value);
     return (text.assign(value) || !canBeCompared) && changed(field);
 }
 

@@ -4,6 +4,7 @@
 #include "model/UnreadFields.h"
 
 #include <array>
+#include <cstdint>
 #include <memory>
 #include <utility>
 
@@ -44,6 +45,11 @@ public:
     /// The fields of a network, which stay the network's own.
     static NetworkFields& of(WifiNetwork& network) noexcept;
     static const NetworkFields& of(const WifiNetwork& network) noexcept;
+
+    /// The first network of a list that has this SSID, byte for byte; null for none and for a null SSID. An
+    /// unset SSID equals no other. Each network costs one comparison of numbers.
+    /// @param first  null for an empty list
+    static WifiNetwork* find(WifiNetwork* first, const char* ssid) noexcept;
 
     /// Every text is unset and every number 0, but the mode, which is unknown, and the
     /// protection of management frames, which is the default. Nothing is dirty.
@@ -88,6 +94,7 @@ private:
 
     std::array<OwnedText, TEXT_FIELD_COUNT> m_texts;
     std::array<unsigned int, FIELD_COUNT - TEXT_FIELD_COUNT> m_numbers{};
+    std::uint32_t m_ssidHash = 0; // see find()
     FieldSet m_dirty = 0;
     std::unique_ptr<UnreadFields> m_unread; ///< null for none, and while they are being read
 };

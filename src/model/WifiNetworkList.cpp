@@ -1,5 +1,6 @@
 #include "model/WifiNetworkList.h"
 
+#include "model/NetworkFields.h"
 #include "model/NetworkFunctions.h"
 #include "platform/MutexGuard.h"
 
@@ -9,14 +10,6 @@ namespace {
 
 bool isEmpty(const char* text) {
     return !text || *text == '\0';
-}
-
-bool holds(const WifiNetwork* first, const char* ssid) {
-    for (const WifiNetwork* network = first; network; network = network->getNext()) {
-        if (hasSsid(network, ssid))
-            return true;
-    }
-    return false;
 }
 
 void removeFirst(WifiNetwork*& head, const char* ssid) {
@@ -60,6 +53,10 @@ void WifiNetworkList::lock() {
     PlatformUtil::lockMutex(&mutex);
 }
 
+bool WifiNetworkList::lockUntil(std::chrono::steady_clock::time_point deadline) {
+    return PlatformUtil::lockMutexUntil(&mutex, deadline) == 0;
+}
+
 void WifiNetworkList::unlock() {
     PlatformUtil::unlockMutex(&mutex);
 }
@@ -78,13 +75,13 @@ unsigned int WifiNetworkList::getCount() const {
 
 bool WifiNetworkList::containsNetwork(const char* ssid) const {
     const MutexGuard guard(mutex);
-    return !isEmpty(ssid) && holds(head, ssid);
+    return !isEmpty(ssid) && NetworkFields::find(head, ssid);
 }
 
 // containsNetwork() would not do: it never finds an empty SSID, of which there may be only one, too.
 bool WifiNetworkList::addNetworkToList(WifiNetwork* network) {
     const MutexGuard guard(mutex);
-    if (!network || holds(head, network->getSsid()))
+    if (!network || NetworkFields::find(head, network->getSsid()))
         return false;
     network->setNext(head);
     head = network;

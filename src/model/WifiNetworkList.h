@@ -3,6 +3,7 @@
 #include "Export.h"
 #include "platform/PlatformUtil.h"
 
+#include <chrono>
 #include <cstdint>
 
 class WifiNetwork;
@@ -30,6 +31,10 @@ public:
 
     /// Takes the lock: for a walk over the networks, or to make several operations one.
     void lock();
+
+    /// Takes the lock as lock() does, if that is possible before `deadline`. For the library itself.
+    /// @return whether the calling thread holds the lock
+    PLATWIFI_INTERNAL bool lockUntil(std::chrono::steady_clock::time_point deadline);
 
     /// Releases one lock() of the calling thread.
     void unlock();

@@ -3,10 +3,9 @@
 #include "settings/WifiHostSettings.h"
 
 #include "Profile.h"
-#include "model/NetworkFunctions.h"
+#include "model/NetworkFields.h"
 #include "model/WifiNetworkList.h"
 #include "platform/Deadline.h"
-#include "platform/MutexGuard.h"
 #include "settings/NetworkIds.h"
 #include "settings/replies/PrintedSsid.h"
 #include "supplicant/ReplyLines.h"
@@ -23,17 +22,13 @@ namespace {
 // get the gate in a program that uses the settings most of the time.
 constexpr unsigned int REFRESH_WAIT_SECONDS = 1;
 
+// The lock of the list is the gate of the settings, too.
+using Gate = std::lock_guard<WifiNetworkList>;
+
 constexpr std::uint64_t REFRESH_PAUSE_MS = 5000; // between two updates of the networks' status
 
 // Set when the library is loaded, so that a watchdog which a program makes by itself reloads, too.
 [[maybe_unused]] const bool REFRESHES = (setReloadHook(refreshSettings), true);
-
-WifiNetwork* findIn(const WifiNetworkList* list, const char* ssid) {
-    WifiNetwork* network = list ? list->getHead() : nullptr;
-    while (network && !hasSsid(network, ssid))
-        network = network->getNext();
-    return network;
-}
 
 } // namespace
 
@@ -49,7 +44,7 @@ WifiHostSettings& WifiHostSettings::instance() {
 WifiHostSettings* WifiHostSettings::getInstance(ErrorHandler* errors) noexcept {
     WifiHostSettings& settings = instance();
     if (!settings.isActive) {
-        const MutexGuard guard(settings.gate);
+        const Gate gate(*settings.ownList);
         settings.activate(errors);
     }
     return &settings;
@@ -57,7 +52,7 @@ WifiHostSettings* WifiHostSettings::getInstance(ErrorHandler* errors) noexcept {
 
 WifiHostSettings* WifiHostSettings::reload(ErrorHandler* errors) noexcept {
     WifiHostSettings& settings = instance();
-    const MutexGuard guard(settings.gate);
+    const Gate gate(*settings.ownList);
     settings.deactivate();
     settings.activate(errors);
     return &settings;
@@ -65,7 +60,7 @@ WifiHostSettings* WifiHostSettings::reload(ErrorHandler* errors) noexcept {
 
 void WifiHostSettings::unload() noexcept {
     WifiHostSettings& settings = instance();
-    const MutexGuard guard(settings.gate);
+    const Gate gate(*settings.ownList);
     settings.deactivate();
     *settings.networkIds =
         NetworkIds(); // with it the note of unsaved changes, which a reload keeps
@@ -75,22 +70,20 @@ WifiHostSettings::WifiHostSettings(Unloaded /*tag*/) noexcept
     : lastStatusRefresh(0), currentNetwork(nullptr), ownList(std::make_unique<WifiNetworkList>()),
       networkList(nullptr), supplicantState(WPA_STATE_UNKNOWN),
       networkIds(std::make_unique<NetworkIds>()) {
-    PlatformUtil::createMutex(&gate);
     PlatformUtil::createMutex(&_sync);
 }
 
 WifiHostSettings::WifiHostSettings(ErrorHandler* errors) : WifiHostSettings(Unloaded{}) {
-    const MutexGuard guard(gate);
+    const Gate gate(*ownList);
     activate(errors);
 }
 
-// Every thread takes the gate before any other lock, so locking the gate keeps all of them out. It is
-// destroyed while locked, so that no thread can take it in between.
+// Every thread takes the gate before any other lock, so locking the gate keeps all of them out. The list
+// destroys it while locked, so that no thread can take it in between.
 WifiHostSettings::~WifiHostSettings() {
-    PlatformUtil::lockMutex(&gate);
+    ownList->lock();
     discardState();
     PlatformUtil::destroyMutex(&_sync);
-    PlatformUtil::destroyMutex(&gate);
 }
 
 void WifiHostSettings::activate(ErrorHandler* errors) {
@@ -126,14 +119,12 @@ void WifiHostSettings::load(ErrorHandler* /*errors*/) {
 }
 
 void WifiHostSettings::lockNetworks() noexcept {
-    PlatformUtil::lockMutex(&gate);
-    activate(nullptr); // another thread may have unloaded since the caller got the instance
     ownList->lock();
+    activate(nullptr); // another thread may have unloaded since the caller got the instance
 }
 
 void WifiHostSettings::unlockNetworks() noexcept {
     ownList->unlock();
-    PlatformUtil::unlockMutex(&gate);
 }
 
 bool WifiHostSettings::lockSettings() noexcept {
@@ -149,14 +140,15 @@ bool WifiHostSettings::unlockSettings() noexcept {
 }
 
 WifiNetwork* WifiHostSettings::getNetwork(const char* /*iface*/, const char* ssid) const noexcept {
-    WifiNetwork* const network = findIn(networkList, ssid);
-    if (network || !ssid || !rule::SSIDS_ARE_BYTES())
+    WifiNetwork* const first = networkList ? networkList->getHead() : nullptr;
+    WifiNetwork* const network = NetworkFields::find(first, ssid);
+    if (network || !first || !ssid || !rule::SSIDS_ARE_BYTES())
         return network;
-    return findIn(networkList, ssidInMemory(ssid).c_str()); // the name as the supplicant prints it
+    return NetworkFields::find(first, ssidInMemory(ssid).c_str()); // as the supplicant prints it
 }
 
 bool WifiHostSettings::refreshAllSettings() noexcept {
-    const MutexGuard guard(gate);
+    const Gate gate(*ownList);
     if (!isActive)
         activate(nullptr);
     else if (!loadAgain())
@@ -176,10 +168,10 @@ bool WifiHostSettings::loadAgain() {
 bool platwifi::refreshSettings() noexcept {
     WifiHostSettings& settings = WifiHostSettings::instance();
     const auto deadline = platform::deadlineAfter(REFRESH_WAIT_SECONDS);
-    if (PlatformUtil::lockMutexUntil(&settings.gate, deadline) != 0)
+    if (!settings.ownList->lockUntil(deadline))
         return false;
     settings.refreshAllSettings();
-    PlatformUtil::unlockMutex(&settings.gate);
+    settings.ownList->unlock();
     return true;
 }
 

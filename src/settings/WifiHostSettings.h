@@ -276,10 +276,6 @@ private:
     /// names a network. Runs a command only when ids are stale.
     bool confirmId(WifiUtil& util, const WifiNetwork& network);
 
-    /// Taken before the other locks, and for loading and unloading. While a thread holds it, no other thread
-    /// loads, unloads or reloads.
-    PlatformMutex gate;
-
     /// True from the end of a load, failed or not, to the next unload. Changed under the gate.
     std::atomic<bool> isActive{false};
 
@@ -289,8 +285,12 @@ private:
     mutable std::mutex refreshTimeMutex;                ///< guards lastStatusRefresh
     std::uint64_t lastStatusRefresh;                    ///< in milliseconds of Zam's clock
     WifiNetwork* currentNetwork;                        ///< of the list, or null
-    const std::unique_ptr<WifiNetworkList> ownList; ///< exists also when not loaded, for its lock
-    WifiNetworkList* networkList;                   ///< ownList, or null when not loaded
+
+    /// Exists also when not loaded: its lock is the gate. That is taken before the other locks, and for loading
+    /// and unloading. While a thread holds it, no other thread loads, unloads or reloads.
+    const std::unique_ptr<WifiNetworkList> ownList;
+
+    WifiNetworkList* networkList; ///< ownList, or null when not loaded
     WpaState supplicantState;
     std::unique_ptr<WifiHostSettingsWatchdog> watchdog; ///< null after a failure
     std::unique_ptr<platwifi::NetworkIds> networkIds;   ///< of the networks of the list

@@ -2,6 +2,7 @@
 
 #include "support/ModifiedUtf8.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -34,6 +35,23 @@ struct Object {
     std::abort();
 }
 
+bool beginsCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+}
+
+jsize charactersOf(const std::string& text) {
+    return static_cast<jsize>(std::count_if(text.begin(), text.end(), beginsCharacter));
+}
+
+std::size_t offsetOf(const std::string& text, jsize character) {
+    std::size_t offset = 0;
+    for (; offset < text.size(); ++offset) {
+        if (beginsCharacter(text[offset]) && character-- == 0)
+            break;
+    }
+    return offset;
+}
+
 template <class Reference>
 Reference referenceTo(Object* object) {
     if (object)
@@ -54,7 +72,6 @@ struct FakeJni::Machine : JNIEnv_ {
     void raise(const std::string& className, const std::string& message);
 
     std::deque<Object> objects;
-    std::map<const char*, std::unique_ptr<char[]>> held;
     std::map<Call, int> successesBeforeFailure;
     std::optional<Exception> pending;
     std::vector<std::string> stringsMade;
@@ -71,9 +88,8 @@ struct FakeJni::Machine : JNIEnv_ {
     static jboolean JNICALL exceptionCheck(JNIEnv*);
     static void JNICALL deleteLocalRef(JNIEnv*, jobject);
     static jstring JNICALL newStringUtf(JNIEnv*, const char* text);
-    static jsize JNICALL getStringUtfLength(JNIEnv*, jstring);
-    static const char* JNICALL getStringUtfChars(JNIEnv*, jstring, jboolean* isCopy);
-    static void JNICALL releaseStringUtfChars(JNIEnv*, jstring, const char* characters);
+    static jsize JNICALL getStringLength(JNIEnv*, jstring);
+    static void JNICALL getStringUtfRegion(JNIEnv*, jstring, jsize start, jsize length, char* out);
     static jsize JNICALL getArrayLength(JNIEnv*, jarray);
     static jobjectArray JNICALL newObjectArray(JNIEnv*, jsize, jclass, jobject initial);
     static jobject JNICALL getObjectArrayElement(JNIEnv*, jobjectArray, jsize);
@@ -116,9 +132,8 @@ JNINativeInterface_ Machine::makeTable() {
     table.ExceptionCheck = exceptionCheck;
     table.DeleteLocalRef = deleteLocalRef;
     table.NewStringUTF = newStringUtf;
-    table.GetStringUTFLength = getStringUtfLength;
-    table.GetStringUTFChars = getStringUtfChars;
-    table.ReleaseStringUTFChars = releaseStringUtfChars;
+    table.GetStringLength = getStringLength;
+    table.GetStringUTFRegion = getStringUtfRegion;
     table.GetArrayLength = getArrayLength;
     table.NewObjectArray = newObjectArray;
     table.GetObjectArrayElement = getObjectArrayElement;
@@ -257,31 +272,20 @@ jstring Machine::newStringUtf(JNIEnv* environment, const char* text) {
     return reinterpret_cast<jstring>(&machine.make(Kind::String, text));
 }
 
-jsize Machine::getStringUtfLength(JNIEnv* environment, jstring string) {
-    Machine& machine = enterWithoutPending(environment, "GetStringUTFLength");
-    const Object& object = machine.resolve("GetStringUTFLength", string, Kind::String);
-    return static_cast<jsize>(object.text.size());
+jsize Machine::getStringLength(JNIEnv* environment, jstring string) {
+    Machine& machine = enterWithoutPending(environment, "GetStringLength");
+    return charactersOf(machine.resolve("GetStringLength", string, Kind::String).text);
 }
 
-const char* Machine::getStringUtfChars(JNIEnv* environment, jstring string, jboolean* isCopy) {
-    Machine& machine = enterWithoutPending(environment, "GetStringUTFChars");
-    const std::string& text = machine.resolve("GetStringUTFChars", string, Kind::String).text;
-    if (machine.fails(Call::GetStringUTFChars))
-        return nullptr;
-    if (isCopy)
-        *isCopy = JNI_TRUE;
-    auto copy = std::make_unique<char[]>(text.size() + 1);
-    std::memcpy(copy.get(), text.c_str(), text.size() + 1);
-    const char* characters = copy.get();
-    machine.held[characters] = std::move(copy);
-    return characters;
-}
-
-void Machine::releaseStringUtfChars(JNIEnv* environment, jstring string, const char* characters) {
-    Machine& machine = enter(environment, "ReleaseStringUTFChars");
-    machine.resolve("ReleaseStringUTFChars", string, Kind::String);
-    if (machine.held.erase(characters) == 0)
-        die("ReleaseStringUTFChars", "these characters are not held");
+// Writes no NUL, which JNI does not promise.
+void Machine::getStringUtfRegion(JNIEnv* environment, jstring string, jsize start, jsize length,
+                                 char* out) {
+    Machine& machine = enterWithoutPending(environment, "GetStringUTFRegion");
+    const std::string& text = machine.resolve("GetStringUTFRegion", string, Kind::String).text;
+    if (start < 0 || length < 0 || start > charactersOf(text) - length)
+        die("GetStringUTFRegion", "the string has no such characters");
+    const std::size_t begin = offsetOf(text, start);
+    text.copy(out, offsetOf(text, start + length) - begin, begin);
 }
 
 // Arrays -----------------------------------------------------------------------------------------
@@ -390,10 +394,6 @@ const std::vector<std::string>& FakeJni::stringsMade() const {
 
 void FakeJni::atEveryString(std::function<void()> action) {
     m_machine->atEveryString = std::move(action);
-}
-
-std::size_t FakeJni::heldCharacters() const {
-    return m_machine->held.size();
 }
 
 void FakeJni::failCall(Call call, int successes) {

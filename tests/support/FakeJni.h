@@ -18,7 +18,7 @@ namespace test {
 /// code
 ///  - makes a call that is not allowed while an exception is pending,
 ///  - hands over text that is not modified UTF-8, a null, a deleted or a wrong kind of reference,
-///  - releases characters that are not held,
+///  - asks for characters that are not in the string,
 ///  - calls from another thread than the one that made this object,
 ///  - makes a call that is not made up here (the message has its slot in the function table).
 ///
@@ -26,7 +26,7 @@ namespace test {
 class FakeJni {
 public:
     /// The calls that can be made to fail.
-    enum class Call { FindClass, NewStringUTF, GetStringUTFChars, NewObjectArray };
+    enum class Call { FindClass, NewStringUTF, NewObjectArray };
 
     struct Exception {
         std::string className; ///< such as "java/lang/RuntimeException"
@@ -71,12 +71,8 @@ public:
     /// Runs this whenever NewStringUTF() is called, on the calling thread, before the string is made.
     void atEveryString(std::function<void()> action);
 
-    /// How many results of GetStringUTFChars() have not been released.
-    std::size_t heldCharacters() const;
-
-    /// Makes one call fail the way a virtual machine without memory does: it returns null, and but
-    /// for GetStringUTFChars() leaves an exception pending (NoClassDefFoundError for FindClass(),
-    /// else OutOfMemoryError).
+    /// Makes one call fail the way a virtual machine without memory does: it returns null, and leaves
+    /// an exception pending (NoClassDefFoundError for FindClass(), else OutOfMemoryError).
     /// @param successes  how many calls of this kind still succeed before
     void failCall(Call call, int successes = 0);
 

@@ -23,8 +23,16 @@ PLATFORM_API std::string toModifiedUtf8(const char* text);
 /// neither half of a pair nor stands for a byte becomes "?". Null gives the empty string.
 PLATFORM_API std::string fromModifiedUtf8(const char* text);
 
+/// fromModifiedUtf8() in place: the result is never longer.
+/// @return the end of the text, its NUL
+PLATFORM_API char* restoreUtf8(char* text);
+
 /// A new Java string (local reference) of any bytes. Null for null, while an exception is pending,
 /// and when the virtual machine has no memory for it, which makes an exception pending.
 PLATFORM_API jstring newJavaString(JNIEnv* environment, const char* text);
+
+/// The same of a text that is not null, for a caller that knows that no exception is pending: the
+/// question costs as much as taking a string from Java.
+PLATFORM_API jstring newJavaStringUnchecked(JNIEnv* environment, const char* text);
 
 } // namespace platform

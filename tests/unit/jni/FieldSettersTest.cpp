@@ -186,20 +186,14 @@ TEST_F(FieldSetters, AlwaysSucceedForAWepKey) {
     EXPECT_STREQ(network().getWepKey(0), "key 0");
 }
 
-// Without memory.
-
-// A string without characters is null; those behind it are converted.
-TEST_F(FieldSetters, TakeNullForAStringThatJavaCannotConvert) {
-    const auto setWithFailure = [this](int successes) {
-        java.failCall(FakeJni::Call::GetStringUTFChars, successes);
-        return set("setEAPIdentity0", "me");
-    };
-    EXPECT_TRUE(setWithFailure(0)) << "the interface";
-    EXPECT_STREQ(network().getEAPIdentity(), "me");
-    EXPECT_FALSE(setWithFailure(1)) << "the SSID";
-    EXPECT_STREQ(network().getEAPIdentity(), "me");
-    EXPECT_TRUE(setWithFailure(2)) << "the value";
-    EXPECT_EQ(network().getEAPIdentity(), nullptr);
+// A native has room for a short text; a longer one is converted, too.
+TEST_F(FieldSetters, StoreTextsOfAnyLength) {
+    for (const std::size_t length : {1U, 41U, 42U, 43U, 127U, 128U, 129U, 70000U}) {
+        const std::string value(length, 'x');
+        EXPECT_TRUE(set("setEAPIdentity0", value.c_str()));
+        EXPECT_EQ(network().getEAPIdentity(), value);
+        EXPECT_EQ(text("getEAPIdentity0", {"wlan0", "home"}), value);
+    }
 }
 
 // Without a network.

@@ -22,8 +22,8 @@ jstring Java_com_quorvel_platwifi_PlatformCrypt_decrypt0(JNIEnv*, jclass, jstrin
 
 namespace {
 
-const std::string LOCK = " +gate +list +state";
-const std::string UNLOCK = " -state -list -gate";
+const std::string LOCK = " +list +state";
+const std::string UNLOCK = " -state -list";
 
 // The steps of a native for this network, with these in the middle.
 std::string around(const std::string& ssid, const std::string& steps) {
@@ -141,13 +141,13 @@ TEST_F(NativeOrder, TakesNoLockForTheDriver) {
 TEST_F(NativeOrder, MakesTheStringsOfAListWithoutALock) {
     EXPECT_EQ(steps("getWifiAdapters0"), "+errors string string -errors");
     EXPECT_EQ(steps("getNetworkDatabaseSsids0"),
-              "+errors +wlan0 +gate +list -list -gate string string -wlan0 -errors");
+              "+errors +wlan0 +list -list string string -wlan0 -errors");
 }
 
 TEST_F(NativeOrder, MakesTheErrorHandlerAlsoForAnUnload) {
     const std::string seen = steps("unloadWifiSettings0");
-    EXPECT_THAT(seen, StartsWith("+errors +gate "));
-    EXPECT_THAT(seen, EndsWith(" -gate -errors"));
+    EXPECT_THAT(seen, StartsWith("+errors +list "));
+    EXPECT_THAT(seen, EndsWith(" -list -errors"));
     loseNetworks();
 }
 
@@ -168,7 +168,7 @@ TEST_F(NativeOrder, ConvertsBeforeTheSettingsAreLoaded) {
     WifiHostSettings::unload();
     scriptLoad();
     const std::string seen = steps("getPriority0", "home");
-    EXPECT_THAT(seen, StartsWith("+errors +wlan0 +home +gate "));
+    EXPECT_THAT(seen, StartsWith("+errors +wlan0 +home +list "));
     EXPECT_THAT(seen, EndsWith(UNLOCK + " -home -wlan0 -errors"));
 }
 

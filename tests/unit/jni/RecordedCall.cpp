@@ -19,8 +19,8 @@ namespace {
 thread_local bool isRecorded = false;
 
 // In the order in which lockSettings() takes them.
-std::array<const PlatformMutex*, 3> mutexes{};
-constexpr std::array<const char*, 3> NAMES = {"gate", "list", "state"};
+std::array<const PlatformMutex*, 2> mutexes{};
+constexpr std::array<const char*, 2> NAMES = {"list", "state"};
 
 std::size_t taken = 0; // while their order is found out
 bool isLearning = false;
@@ -115,19 +115,14 @@ void* deleteHandler(void* self) {
 
 } // namespace test
 
-JNIString::JNIString(JNIEnv* environment, jstring string) : m_text(nullptr) {
-    if (!string)
-        return;
-    const char* const characters = environment->GetStringUTFChars(string, nullptr);
-    const std::string text(characters);
-    environment->ReleaseStringUTFChars(string, characters);
-    test::RecordedCall::note("+" + text);
-    m_text = platwifi::copyOf(text.c_str());
+void platform::StringArgument::take(JNIEnv* environment, jstring string) {
+    const JNIString text(environment, string);
+    test::RecordedCall::note(std::string("+") + text.text());
+    m_text = platwifi::copyOf(text.text());
 }
 
-JNIString::~JNIString() {
-    if (m_text)
-        test::RecordedCall::note(std::string("-") + m_text);
+void platform::StringArgument::release() noexcept {
+    test::RecordedCall::note(std::string("-") + m_text);
     delete[] m_text;
 }
 

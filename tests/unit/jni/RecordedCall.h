@@ -10,8 +10,8 @@ namespace test {
 /// The steps of a native call, in a program that is linked with this:
 ///  - "+errors", "-errors": the error handler is made, is deleted
 ///  - "+home", "-home": the Java string "home" is converted, its characters are freed
-///  - "+gate", "-gate", and the same for "list" and "state": a mutex behind lockSettings() is taken, is
-///    released, inner times too
+///  - "+list", "-list", and the same for "state": a mutex behind lockSettings() is taken, is released,
+///    inner times too
 ///  - "encipher", "decipher": the cipher runs; here it only copies its text
 ///  - any other word: noted by the test
 /// Only steps of the thread that makes the call count.

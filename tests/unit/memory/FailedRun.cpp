@@ -67,9 +67,8 @@ JNINativeInterface_ pausedTable() {
     PAUSED(ExceptionCheck);
     PAUSED(DeleteLocalRef);
     PAUSED(NewStringUTF);
-    PAUSED(GetStringUTFLength);
-    PAUSED(GetStringUTFChars);
-    PAUSED(ReleaseStringUTFChars);
+    PAUSED(GetStringLength);
+    PAUSED(GetStringUTFRegion);
     PAUSED(GetArrayLength);
     PAUSED(NewObjectArray);
     PAUSED(GetObjectArrayElement);

@@ -88,6 +88,31 @@ TEST_F(NetworkList, FindsSsidsByteForByte) {
     EXPECT_TRUE(list.isValid()) << "asking changes nothing";
 }
 
+// The lookup compares a hash of 32 bits first.
+TEST_F(NetworkList, TellsSsidsWithTheSameHashApart) {
+    fill(list, {"a@"});
+    EXPECT_FALSE(list.containsNetwork("``"));
+    fill(list, {"``"});
+    EXPECT_TRUE(list.containsNetwork("``"));
+    EXPECT_TRUE(list.containsNetwork("a@"));
+    EXPECT_TRUE(list.removeNetworkFromList("a@"));
+    EXPECT_THAT(ssidsOf(list), ElementsAre("``"));
+}
+
+TEST_F(NetworkList, FindsANetworkByItsPresentSsid) {
+    fill(list, {"old"});
+    WifiNetwork& network = *list.getHead();
+    network.setSsid("new name");
+    EXPECT_TRUE(list.containsNetwork("new name"));
+    EXPECT_FALSE(list.containsNetwork("old"));
+    network.setSsid(network.getSsid() + 4);
+    EXPECT_TRUE(list.containsNetwork("name")) << "a part of the network's own text";
+    network.setSsid(nullptr);
+    EXPECT_FALSE(list.containsNetwork("name"));
+    network.setSsid("name");
+    EXPECT_TRUE(list.containsNetwork("name"));
+}
+
 TEST_F(NetworkList, TakesSsidsOfAnyLength) {
     const std::string ssids[] = {"a", std::string(32, 'b'), std::string(200, 'c')};
     for (const std::string& ssid : ssids) {

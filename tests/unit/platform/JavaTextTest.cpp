@@ -117,6 +117,19 @@ TEST(NewJavaString, IsMadeOfAnyBytes) {
     EXPECT_EQ(jni.textOf(string), "\xED\xA0\xBD\xED\xB8\x80\xED\xB3\xBF");
 }
 
+// Whatever comes behind plain text.
+TEST(NewJavaString, IsMadeOfPlainTextAndOtherBytes) {
+    FakeJni jni;
+    const auto inJava = [&jni](const char* text) {
+        return jni.textOf(platform::newJavaString(jni.environment(), text));
+    };
+    EXPECT_EQ(inJava(""), "");
+    EXPECT_EQ(inJava("\x01 ~\x7F"), "\x01 ~\x7F");
+    EXPECT_EQ(inJava("\x80"), "\xED\xB2\x80");
+    EXPECT_EQ(inJava("plain, then \xFF"), "plain, then \xED\xB3\xBF");
+    EXPECT_EQ(inJava("plain, then \xC3\xA9 and more"), "plain, then \xC3\xA9 and more");
+}
+
 TEST(NewJavaString, IsNullForNull) {
     FakeJni jni;
     EXPECT_EQ(platform::newJavaString(jni.environment(), nullptr), nullptr);

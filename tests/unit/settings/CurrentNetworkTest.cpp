@@ -174,7 +174,7 @@ TEST_F(CurrentNetwork, IsNoneAfterALoadThatFailed) {
 // The caller holds the other locks, as long as it uses the network.
 TEST_F(CurrentNetwork, IsSetUnderTheLockOfTheStateAlone) {
     const test::SettingsMutexes locks(settings());
-    const test::LockEvents once{{true, locks.all[2]}, {false, locks.all[2]}};
+    const test::LockEvents once{{true, locks.all[1]}, {false, locks.all[1]}};
     const auto eventsOfAsking = [&locks] {
         return locks.among(test::eventsOf([] { settings().getCurrentNetwork("wlan0"); }));
     };

@@ -226,7 +226,7 @@ TEST_F(CurrentStatus, IsSetUnderTheLockOfTheStateAlone) {
     standIn.on({"-iwlan0", "status"}).prints("bssid=x\nid=0\nssid=home\nwpa_state=COMPLETED\n");
     test::LockEvents expected;
     for (int change = 0; change < 4; ++change) // both SSIDs, the state, and the end
-        expected.insert(expected.end(), {{true, locks.all[2]}, {false, locks.all[2]}});
+        expected.insert(expected.end(), {{true, locks.all[1]}, {false, locks.all[1]}});
     EXPECT_EQ(locks.among(test::eventsOf([] { settings().getCurrentStatus("wlan0"); })), expected);
     EXPECT_THAT(test::eventsOf([] { settings().getCurrentStatus(nullptr); }), IsEmpty());
 }

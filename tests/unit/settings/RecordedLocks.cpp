@@ -79,28 +79,19 @@ LockEvents SettingsMutexes::among(const LockEvents& events) const {
 }
 
 bool SettingsMutexes::areHeldThroughout(const LockEvents& events) const {
-    return events.size() >= 6 && LockEvents(events.begin(), events.begin() + 3) == taking() &&
-           LockEvents(events.end() - 3, events.end()) == givingBack() &&
+    return events.size() >= 4 && LockEvents(events.begin(), events.begin() + 2) == taking() &&
+           LockEvents(events.end() - 2, events.end()) == givingBack() &&
            std::all_of(all.begin(), all.end(), [&events](const PlatformMutex* mutex) {
                return isHeldThroughout(events, mutex);
            });
 }
 
 bool SettingsMutexes::pairIsHeldThroughout(const LockEvents& events) const {
-    LockEvents found;
-    std::copy_if(
-        events.begin(), events.end(), std::back_inserter(found),
-        [this](const auto& event) { return event.mutex == all[1] || event.mutex == all[2]; });
-    const LockEvent beginning[] = {{true, all[1]}, {true, all[2]}};
-    const LockEvent end[] = {{false, all[2]}, {false, all[1]}};
-    return found.size() >= 4 &&
-           std::equal(std::begin(beginning), std::end(beginning), found.begin()) &&
-           std::equal(std::begin(end), std::end(end), found.end() - 2) &&
-           isHeldThroughout(found, all[1]) && isHeldThroughout(found, all[2]);
+    return areHeldThroughout(among(events));
 }
 
 bool SettingsMutexes::pairIsHeld() const {
-    return !isFree(all[1]) && !isFree(all[2]);
+    return !isFree(all[0]) && !isFree(all[1]);
 }
 
 bool isFree(PlatformMutex* mutex) {

@@ -28,8 +28,8 @@ LockEvents eventsOf(const std::function<void()>& work);
 struct SettingsMutexes {
     explicit SettingsMutexes(WifiHostSettings& settings);
 
-    LockEvents taking() const { return {{true, all[0]}, {true, all[1]}, {true, all[2]}}; }
-    LockEvents givingBack() const { return {{false, all[2]}, {false, all[1]}, {false, all[0]}}; }
+    LockEvents taking() const { return {{true, all[0]}, {true, all[1]}}; }
+    LockEvents givingBack() const { return {{false, all[1]}, {false, all[0]}}; }
 
     /// Whether an operation takes all in this order first, gives them back in reverse at last, and
     /// holds each of them without a gap in between.
@@ -45,7 +45,7 @@ struct SettingsMutexes {
     /// Whether a thread holds both locks of the pair.
     bool pairIsHeld() const;
 
-    std::array<PlatformMutex*, 3> all{}; ///< gate, list, settings
+    std::array<PlatformMutex*, 2> all{}; ///< list, settings
 };
 
 /// Returns when a thread has waited for a lock until its deadline, from now on.

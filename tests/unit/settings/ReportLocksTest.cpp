@@ -29,12 +29,10 @@ TEST_F(ReportLocks, AreAllHeldForADocumentToItsEnd) {
 }
 
 // None for the status, which was brought up to date just before.
-TEST_F(ReportLocks, AreThoseOfTheNetworksForADumpAndThatOfTheStateAtItsEnd) {
+TEST_F(ReportLocks, AreThatOfTheNetworksForADumpAndThatOfTheStateAtItsEnd) {
     const LockEvents events = test::eventsOf([] { dump(); });
     EXPECT_EQ(locks.among(events), (LockEvents{{true, locks.all[0]},
                                                {true, locks.all[1]},
-                                               {true, locks.all[2]},
-                                               {false, locks.all[2]},
                                                {false, locks.all[1]},
                                                {false, locks.all[0]}}));
 }

@@ -20,14 +20,22 @@ TEST(FakeJni, GivesTheCharactersOfAString) {
     FakeJni jni;
     JNIEnv* java = jni.environment();
     const jstring string = java->NewStringUTF("home");
-    EXPECT_EQ(java->GetStringUTFLength(string), 4);
-    const char* characters = java->GetStringUTFChars(string, nullptr);
-    EXPECT_STREQ(characters, "home");
-    EXPECT_EQ(jni.heldCharacters(), 1u);
-    java->ReleaseStringUTFChars(string, characters);
-    EXPECT_EQ(jni.heldCharacters(), 0u);
+    EXPECT_EQ(java->GetStringLength(string), 4);
+    char characters[] = "-----";
+    java->GetStringUTFRegion(string, 0, 4, characters);
+    EXPECT_STREQ(characters, "home-") << "without a NUL";
     EXPECT_EQ(jni.textOf(string), "home");
     EXPECT_THAT(jni.stringsMade(), ElementsAre("home"));
+}
+
+TEST(FakeJni, CountsTheCharactersOfJava) {
+    FakeJni jni;
+    JNIEnv* java = jni.environment();
+    const jstring string = java->NewStringUTF("a\xC3\xA9\xED\xA0\xBD\xED\xB8\x80z");
+    EXPECT_EQ(java->GetStringLength(string), 5);
+    char characters[] = "---------";
+    java->GetStringUTFRegion(string, 1, 2, characters);
+    EXPECT_STREQ(characters, "\xC3\xA9\xED\xA0\xBD----");
 }
 
 TEST(FakeJni, KeepsArraysWithNullElements) {
@@ -66,11 +74,7 @@ TEST(FakeJni, FailsTheChosenCallOnly) {
     EXPECT_EQ(java->NewStringUTF("second"), nullptr);
     EXPECT_EQ(jni.pendingException()->className, "java/lang/OutOfMemoryError");
     jni.catchException();
-    const jstring third = java->NewStringUTF("third");
-    EXPECT_NE(third, nullptr);
-    jni.failCall(FakeJni::Call::GetStringUTFChars);
-    EXPECT_EQ(java->GetStringUTFChars(third, nullptr), nullptr);
-    EXPECT_FALSE(jni.pendingException());
+    EXPECT_NE(java->NewStringUTF("third"), nullptr);
     jni.failCall(FakeJni::Call::NewObjectArray);
     EXPECT_EQ(java->NewObjectArray(1, stringClass(jni), nullptr), nullptr);
     jni.catchException();
@@ -113,12 +117,15 @@ TEST_F(FakeJniDeathTest, EndsACallThatIsNotMadeUp) {
 TEST_F(FakeJniDeathTest, EndsTheUseOfADeletedReference) {
     const jstring string = java->NewStringUTF("x");
     java->DeleteLocalRef(string);
-    EXPECT_DEATH(java->GetStringUTFLength(string), "has been deleted");
+    EXPECT_DEATH(java->GetStringLength(string), "has been deleted");
 }
 
-TEST_F(FakeJniDeathTest, EndsAReleaseOfWhatIsNotHeld) {
-    const jstring string = java->NewStringUTF("x");
-    EXPECT_DEATH(java->ReleaseStringUTFChars(string, "x"), "not held");
+TEST_F(FakeJniDeathTest, EndsACopyOfWhatIsNotInTheString) {
+    const jstring string = java->NewStringUTF("\xC3\xA9");
+    char characters[8];
+    EXPECT_DEATH(java->GetStringUTFRegion(string, 0, 2, characters), "no such characters");
+    EXPECT_DEATH(java->GetStringUTFRegion(string, 2, 0, characters), "no such characters");
+    EXPECT_DEATH(java->GetStringUTFRegion(string, -1, 1, characters), "no such characters");
 }
 
 TEST_F(FakeJniDeathTest, EndsACallFromAnotherThread) {
