@@ -19,32 +19,37 @@ if(PLATWIFI_FUZZ) # counts what an input reaches
 endif()
 
 # What is shipped is compiled for size: a device has little memory. The path of the natives that read a
-# field and of the document is compiled for speed, see platwifi_is_quick().
+# field and of the document is compiled for speed, see platwifi_is_quick(). A linker that optimises leaves out a
+# tenth of the code. The objects have ordinary code, too, for tests that link them without that; clang has none
+# of both kinds.
 add_library(platwifi_shipped INTERFACE)
-target_link_libraries(platwifi_shipped INTERFACE platwifi_flags)
 target_compile_options(platwifi_shipped INTERFACE $<$<CONFIG:Release>:-Os>)
-
-# Link-time optimisation removes a tenth of the code. Objects have ordinary code, too: a test that links
-# them needs no optimisation, and says so by -fno-lto. clang's objects cannot have both.
+set(PLATWIFI_SHIPPED_LINK_OPTIONS)
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
   target_compile_options(platwifi_shipped INTERFACE $<$<CONFIG:Release>:-flto -ffat-lto-objects>)
-  target_link_options(platwifi_shipped INTERFACE $<$<CONFIG:Release>:-flto=auto -Os>)
+  list(APPEND PLATWIFI_SHIPPED_LINK_OPTIONS $<$<CONFIG:Release>:-flto=auto> $<$<CONFIG:Release>:-Os>)
 endif()
 
-# Relative relocations take an eighth of a byte in place of 24 bytes. The loader of the target must know
-# them: that of glibc does since 2.36.
+# A relative relocation takes an eighth of a byte in place of 24 bytes, where the loader of the target knows this
+# form: that of glibc does since 2.36. Some linkers ignore the option with a warning.
 include(CheckCXXSourceCompiles)
 include(CheckLinkerFlag)
 check_cxx_source_compiles("
   #include <features.h>
   #if !__GLIBC_PREREQ(2, 36)
-  #error the loader does not know them
+  #error an older loader
   #endif
   int main() {}" PLATWIFI_HAS_RELR_LOADER)
 check_linker_flag(CXX -Wl,-z,pack-relative-relocs,--fatal-warnings PLATWIFI_HAS_RELR_LINKER)
 if(PLATWIFI_HAS_RELR_LOADER AND PLATWIFI_HAS_RELR_LINKER)
-  target_link_options(platwifi_shipped INTERFACE -Wl,-z,pack-relative-relocs)
+  list(APPEND PLATWIFI_SHIPPED_LINK_OPTIONS -Wl,-z,pack-relative-relocs)
 endif()
+
+# platwifi_ship(LIBRARY): compiles and links a shared library as above. Its objects alone, a test links as it likes.
+function(platwifi_ship library)
+  target_link_libraries(${library} PRIVATE platwifi_flags platwifi_shipped)
+  target_link_options(${library} PRIVATE ${PLATWIFI_SHIPPED_LINK_OPTIONS})
+endfunction()
 
 # platwifi_is_quick(SOURCE...): sources of this folder whose speed matters more than their size.
 function(platwifi_is_quick)
