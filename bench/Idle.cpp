@@ -12,7 +12,7 @@ namespace {
 
 constexpr int ROUNDS = 5;
 constexpr int ROUND_SECONDS =
-    3; // the refresh thread waits for three signals in turn, a second each
+    6; // twice three: the refresh thread waits for three signals in turn, a second each
 
 struct Usage {
     std::vector<double> switches; // context switches a second

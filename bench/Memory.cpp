@@ -1,4 +1,4 @@
-// The memory of a process before and after a load.
+// The memory of a process before and after a load, and after a thousand.
 
 #include "Measurements.h"
 #include "Subject.h"
@@ -41,6 +41,19 @@ void lookAt(Figures& figures) {
     std::cout << '.' << std::flush;
 }
 
+// The figures of one process: each load is the same work, so more rounds would show the same.
+Row afterMoreLoads() {
+    Subject subject("loads", RELOAD_SUBJECT_PROGRAM);
+    subject.begin();
+    const std::vector<double> once{subject.memory(ACCOUNTS[0].name)};
+    subject.begin();
+    const std::vector<double> often{subject.memory(ACCOUNTS[0].name)};
+    return {"Private memory of a process after 1,000 more loads",
+            "the same process after the first", ratios(often, once),
+            medians(often, once, inKibibytes),
+            "What a load leaves behind. The answers of the client to the first load are repeated."};
+}
+
 } // namespace
 
 Rows measureMemory() {
@@ -53,6 +66,7 @@ Rows measureMemory() {
         rows.push_back({ACCOUNTS[i].what, "the same process before the load", ratios(after, before),
                         medians(after, before, inKibibytes), ACCOUNTS[i].meaning});
     }
+    rows.push_back(afterMoreLoads());
     return rows;
 }
 

@@ -28,8 +28,9 @@ struct Pipe {
     }
 };
 
-pid_t start(const char* role, const FileDescriptor& input, const FileDescriptor& output) {
-    const char* const command[] = {SUBJECT_PROGRAM, role, nullptr};
+pid_t start(const char* program, const char* role, const FileDescriptor& input,
+            const FileDescriptor& output) {
+    const char* const command[] = {program, role, nullptr};
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, input.number(), STDIN_FILENO);
@@ -60,10 +61,10 @@ std::filesystem::path folderOf(pid_t process) {
 
 } // namespace
 
-Subject::Subject(const char* role) {
+Subject::Subject(const char* role, const char* program) {
     Pipe there;
     Pipe back;
-    m_id = start(role, there.out, back.in);
+    m_id = start(program, role, there.out, back.in);
     m_toIt = std::move(there.in);
     m_fromIt = std::move(back.out);
     back.in.close();

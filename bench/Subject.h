@@ -11,14 +11,16 @@ namespace bench {
 class Subject {
 public:
     /// Starts it, and waits until it is ready.
-    /// @param role  "settings" or "second"
-    explicit Subject(const char* role);
+    /// @param role     "settings", "loads" or "second"
+    /// @param program  one that is made of subject_program.cpp
+    explicit Subject(const char* role, const char* program = SUBJECT_PROGRAM);
     ~Subject();
 
     Subject(const Subject&) = delete;
     Subject& operator=(const Subject&) = delete;
 
-    /// Makes it begin its work, and waits until it has begun.
+    /// Makes it begin its work, and waits until it has begun. The next call makes "loads" load the settings
+    /// 1,000 times more.
     void begin();
 
     /// The number of context switches of its threads so far.

@@ -17,3 +17,41 @@ endif()
 if(PLATWIFI_FUZZ) # counts what an input reaches
   target_compile_options(platwifi_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
+
+# What is shipped is compiled for size: a device has little memory. The path of the natives that read a
+# field and of the document is compiled for speed, see platwifi_is_quick(). A linker that optimises leaves out a
+# tenth of the code. The objects have ordinary code, too, for tests that link them without that; clang has none
+# of both kinds.
+add_library(platwifi_shipped INTERFACE)
+target_compile_options(platwifi_shipped INTERFACE $<$<CONFIG:Release>:-Os>)
+set(PLATWIFI_SHIPPED_LINK_OPTIONS)
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  target_compile_options(platwifi_shipped INTERFACE $<$<CONFIG:Release>:-flto -ffat-lto-objects>)
+  list(APPEND PLATWIFI_SHIPPED_LINK_OPTIONS $<$<CONFIG:Release>:-flto=auto> $<$<CONFIG:Release>:-Os>)
+endif()
+
+# A relative relocation takes an eighth of a byte in place of 24 bytes, where the loader of the target knows this
+# form: that of glibc does since 2.36. Some linkers ignore the option with a warning.
+include(CheckCXXSourceCompiles)
+include(CheckLinkerFlag)
+check_cxx_source_compiles("
+  #include <features.h>
+  #if !__GLIBC_PREREQ(2, 36)
+  #error an older loader
+  #endif
+  int main() {}" PLATWIFI_HAS_RELR_LOADER)
+check_linker_flag(CXX -Wl,-z,pack-relative-relocs,--fatal-warnings PLATWIFI_HAS_RELR_LINKER)
+if(PLATWIFI_HAS_RELR_LOADER AND PLATWIFI_HAS_RELR_LINKER)
+  list(APPEND PLATWIFI_SHIPPED_LINK_OPTIONS -Wl,-z,pack-relative-relocs)
+endif()
+
+# platwifi_ship(LIBRARY): compiles and links a shared library as above. Its objects alone, a test links as it likes.
+function(platwifi_ship library)
+  target_link_libraries(${library} PRIVATE platwifi_flags platwifi_shipped)
+  target_link_options(${library} PRIVATE ${PLATWIFI_SHIPPED_LINK_OPTIONS})
+endfunction()
+
+# platwifi_is_quick(SOURCE...): sources of this folder whose speed matters more than their size.
+function(platwifi_is_quick)
+  set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS $<$<CONFIG:Release>:-O3>)
+endfunction()

@@ -65,6 +65,8 @@ ResultFile::~ResultFile() {
 
 bool ResultFile::open() noexcept {
     m_file = m_claim ? openNamed() : openUnnamed();
+    if (m_file)
+        std::setvbuf(m_file, m_buffer, _IOFBF, sizeof(m_buffer));
     return m_file != nullptr;
 }
 

@@ -52,6 +52,7 @@ private:
     std::optional<ResultClaim> m_claim; ///< for a file with a name
     char m_path[128] = "";
     std::FILE* m_file = nullptr;
+    char m_buffer[1024]; ///< of m_file: else each command allocates one
     bool m_kept = false;
 };
 

@@ -1,7 +1,9 @@
 #pragma once
 
-#include <condition_variable>
-#include <mutex>
+#include "platform/PlatformUtil.h"
+#include "platform/SharedCondition.h"
+
+#include <chrono>
 
 namespace platwifi {
 
@@ -9,6 +11,17 @@ namespace platwifi {
 /// back. Any thread may call.
 class LocalSignal {
 public:
+    LocalSignal() noexcept {
+        PlatformUtil::createMutex(&m_mutex);
+        m_condition.setUp();
+    }
+
+    /// No thread may be in check().
+    ~LocalSignal() { PlatformUtil::destroyMutex(&m_mutex); }
+
+    LocalSignal(const LocalSignal&) = delete;
+    LocalSignal& operator=(const LocalSignal&) = delete;
+
     /// Raises the signal and wakes one thread in check().
     void raise() noexcept;
 
@@ -21,8 +34,12 @@ public:
     int check(unsigned int seconds) noexcept;
 
 private:
-    std::mutex m_mutex;
-    std::condition_variable m_condition;
+    bool waitOnce(std::chrono::steady_clock::time_point deadline) noexcept;
+
+    // Not a condition variable of the standard library: after each wait that times out, the C library makes
+    // another system call when it unlocks the mutex, and that in every cycle of an idle process.
+    PlatformMutex m_mutex;
+    platform::SharedCondition m_condition;
     bool m_requested = false;
 };
 

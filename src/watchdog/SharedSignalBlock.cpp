@@ -127,10 +127,12 @@ int SharedSignalBlock::wait(std::chrono::steady_clock::time_point deadline) noex
     return error == ETIMEDOUT ? 0 : signalRecovered(error);
 }
 
-bool SharedSignalBlock::take(std::uint32_t ownId) noexcept {
+// The thread's id is a system call: it is asked for when a signal is raised, not in every cycle.
+bool SharedSignalBlock::take() noexcept {
     if (lock() != 0)
         return false;
-    const bool foreign = refreshPending == 1 && refreshSender != ownId;
+    const bool foreign = refreshPending == 1 &&
+                         refreshSender != static_cast<std::uint32_t>(PlatformUtil::threadId());
     if (foreign)
         refreshPending = 0;
     unlock();

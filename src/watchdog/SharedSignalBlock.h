@@ -65,10 +65,10 @@ struct SharedSignalBlock {
     /// @return 0, or an error number: the signal mutex is not held then
     int wait(std::chrono::steady_clock::time_point deadline) noexcept;
 
-    /// Takes the signal back if it is raised and `ownId` is not its sender. The caller holds the
-    /// signal mutex.
+    /// Takes the signal back if it is raised and the calling thread is not its sender. The caller holds
+    /// the signal mutex.
     /// @return whether it took one
-    bool take(std::uint32_t ownId) noexcept;
+    bool take() noexcept;
 
     /// The number of the signal that was raised last. The caller holds the signal mutex.
     std::uint32_t lastSignal() const noexcept { return refreshCondition.sequence; }

@@ -108,7 +108,7 @@ int WifiHostSettingsWatchdog::checkForRefreshSignal(unsigned int seconds) noexce
     const auto deadline = platform::deadlineAfter(seconds);
     if (!block || block->lockSignal() != 0 || block->wait(deadline) != 0)
         return 0;
-    const bool seen = rule::EVERY_PROCESS_RELOADS() ? block->see(seenSignal) : block->take(ownId());
+    const bool seen = rule::EVERY_PROCESS_RELOADS() ? block->see(seenSignal) : block->take();
     block->unlockSignal();
     return seen ? -1 : 0;
 }

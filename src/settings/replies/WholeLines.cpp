@@ -86,13 +86,13 @@ bool run(WifiUtil& util, Query query, const char* iface, Lines (*whole)(const Re
     return true;
 }
 
-// Whether the supplicant may have left out lines that did not fit into its reply.
-bool mayLackLines(const Lines& lines) {
+// Whether the supplicant may have left out lines that did not fit into its reply, which begins with line `first`.
+bool mayLackLines(const Lines& lines, std::size_t first) {
     constexpr std::size_t LONGEST_REPLY = 4096;
     constexpr std::size_t LONGEST_LINE = 256; // an SSID takes 128 characters at most
     std::size_t size = 0;
-    for (const std::string& line : lines)
-        size += line.size() + 1;
+    for (std::size_t i = first; i < lines.size(); ++i)
+        size += lines[i].size() + 1;
     return size + LONGEST_LINE > LONGEST_REPLY;
 }
 
@@ -135,10 +135,11 @@ Lines wholeStatusLines(const ReplyLines& pieces) {
 bool queryList(WifiUtil& util, const char* iface, Lines& lines) {
     if (!run(util, &WifiUtil::getNetworkDatabaseSsids, iface, wholeListLines, lines))
         return false;
-    Lines part = lines;
-    while (mayLackLines(part)) {
-        if (!queryListAfter(util, iface, part.back(), part))
+    for (std::size_t first = 0; mayLackLines(lines, first);) {
+        Lines part;
+        if (!queryListAfter(util, iface, lines.back(), part))
             return false;
+        first = lines.size();
         lines.insert(lines.end(), part.begin(), part.end());
     }
     return true;

@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <climits>
+#include <thread>
 
 namespace {
 
@@ -51,6 +53,26 @@ TEST(LocalSignal, WakesAThreadThatWaits) {
     signal.raise();
     waiting.awaitEnd();
     EXPECT_EQ(signal.check(0), 0);
+}
+
+TEST(LocalSignal, WakesOneOfTwoThreadsThatWait) {
+    LocalSignal signal;
+    std::atomic<int> taken{0};
+    const auto check = [&] {
+        EXPECT_EQ(signal.check(UINT_MAX), -1);
+        ++taken;
+    };
+    const test::Doing first(check);
+    const test::Doing second(check);
+    first.awaitRest();
+    second.awaitRest();
+    for (int raised = 1; raised <= 2; ++raised) {
+        signal.raise();
+        while (taken < raised)
+            std::this_thread::yield();
+    }
+    first.awaitEnd();
+    second.awaitEnd();
 }
 
 } // namespace
