@@ -51,7 +51,8 @@ Rows measureMemory() {
     for (std::size_t i = 0; i < std::size(ACCOUNTS); ++i) {
         const auto& [before, after] = figures[i];
         rows.push_back({ACCOUNTS[i].what, "the same process before the load", ratios(after, before),
-                        medians(after, before, inKibibytes), ACCOUNTS[i].meaning});
+                        medians(after, before, inKibibytes), ACCOUNTS[i].meaning, ACCOUNTS[i].name,
+                        (median(after) - median(before)) / 1024});
     }
     return rows;
 }

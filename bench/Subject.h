@@ -1,9 +1,8 @@
 #pragma once
 
-#include "platform/FileDescriptor.h"
+#include "OtherProcess.h"
 
 #include <string>
-#include <sys/types.h>
 
 namespace bench {
 
@@ -13,10 +12,6 @@ public:
     /// Starts it, and waits until it is ready.
     /// @param role  "settings" or "second"
     explicit Subject(const char* role);
-    ~Subject();
-
-    Subject(const Subject&) = delete;
-    Subject& operator=(const Subject&) = delete;
 
     /// Makes it begin its work, and waits until it has begun.
     void begin();
@@ -31,11 +26,7 @@ public:
     double memory(const std::string& name) const;
 
 private:
-    void awaitLine(const std::string& expected) const;
-
-    platform::FileDescriptor m_toIt;
-    platform::FileDescriptor m_fromIt;
-    pid_t m_id = -1;
+    OtherProcess m_process;
 };
 
 } // namespace bench
