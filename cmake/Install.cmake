@@ -11,9 +11,6 @@ install(TARGETS ${LINKABLE} EXPORT platwifi
   INCLUDES DESTINATION ${PLATWIFI_INCLUDE_DIR})
 install(TARGETS platwificrypt LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 
-install(TARGETS pidin RUNTIME DESTINATION ${PLATWIFI_BOOT_DIR})
-install(FILES ${PROJECT_BINARY_DIR}/boot/wpa_cli DESTINATION ${PLATWIFI_BOOT_DIR})
-
 # The flat functions and the exported classes, with the headers that these include.
 foreach(header
     Export.h

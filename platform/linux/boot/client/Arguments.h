@@ -1,0 +1,21 @@
+#pragma once
+
+namespace client {
+
+/// A copy of the program's arguments, for as long as the program runs. The originals are overwritten with NULs:
+/// every user may read the arguments of a process, and one of them may be a key.
+class Arguments {
+public:
+    Arguments(int count, char* originals[]) noexcept;
+
+    int count() const noexcept { return m_count; }
+
+    /// The name of the program comes first; null follows the last one.
+    char* const* get() const noexcept { return m_copies; }
+
+private:
+    int m_count;
+    char** m_copies;
+};
+
+} // namespace client

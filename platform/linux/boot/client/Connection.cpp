@@ -1,0 +1,90 @@
+#include "Connection.h"
+
+#include "../Output.h"
+
+#include <dirent.h>
+#include <stdio.h>
+#include <string.h>
+#include <wpa_ctrl.h>
+
+using boot::output;
+
+namespace client {
+namespace {
+
+constexpr const char* CONTROL_FOLDER = "/var/run/wpa_supplicant";
+
+constexpr int FAILED = 255;
+constexpr int TIMED_OUT = 254;
+
+bool isInterface(const dirent& entry) noexcept {
+    constexpr char P2P_DEVICE[] = "p2p-dev-"; // it cannot connect to an access point
+    return (entry.d_type == DT_SOCK || entry.d_type == DT_UNKNOWN) &&
+           strcmp(entry.d_name, ".") != 0 && strcmp(entry.d_name, "..") != 0 &&
+           strncmp(entry.d_name, P2P_DEVICE, sizeof(P2P_DEVICE) - 1) != 0;
+}
+
+// A name that does not fit is too long for the path of a socket, too: the connection fails.
+wpa_ctrl* open(const char* iface) noexcept {
+    char path[512];
+    snprintf(path, sizeof(path), "%s/%s", CONTROL_FOLDER, iface);
+    return wpa_ctrl_open(path);
+}
+
+wpa_ctrl* openSelected(const char* iface) noexcept {
+    output.add("Selected interface '");
+    output.add(iface);
+    output.add("'\n");
+    return open(iface);
+}
+
+wpa_ctrl* openFirst() noexcept {
+    DIR* const folder = opendir(CONTROL_FOLDER);
+    if (!folder)
+        return nullptr;
+    const dirent* entry = readdir(folder);
+    while (entry && !isInterface(*entry))
+        entry = readdir(folder);
+    wpa_ctrl* const control = entry ? openSelected(entry->d_name) : nullptr;
+    closedir(folder);
+    return control;
+}
+
+// A message of the supplicant that arrives before the reply.
+void printMessage(char* message, size_t length) {
+    output.add(message, strnlen(message, length));
+    output.add("\n");
+}
+
+int reportNoReply(const Request& request, const char* reason, int status) noexcept {
+    output.add("'");
+    output.add(request.text(), request.length());
+    output.add(reason);
+    return status;
+}
+
+} // namespace
+
+Connection::Connection(const char* iface) noexcept : m_control(iface ? open(iface) : openFirst()) {}
+
+Connection::~Connection() {
+    if (m_control)
+        wpa_ctrl_close(m_control);
+}
+
+int Connection::ask(const Request& request) const noexcept {
+    constexpr int LATE = -2;
+    char reply[MESSAGE_SIZE];
+    size_t length = sizeof(reply) - 1;
+    output.add(request.heading());
+    const int result =
+        wpa_ctrl_request(m_control, request.text(), request.length(), reply, &length, printMessage);
+    if (result == LATE)
+        return reportNoReply(request, "' command timed out.\n", TIMED_OUT);
+    if (result < 0)
+        return reportNoReply(request, "' command failed.\n", FAILED);
+    output.add(reply, strnlen(reply, length)); // a NUL ends it, as in the host's client
+    return 0;
+}
+
+} // namespace client
