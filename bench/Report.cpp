@@ -58,7 +58,7 @@ std::vector<double> ratios(const std::vector<double>& values, const std::vector<
 
 std::string inSeconds(double seconds) {
     const Unit* unit = std::begin(UNITS);
-    while (seconds < unit->seconds && unit + 1 != std::end(UNITS))
+    while (std::abs(seconds) < unit->seconds && unit + 1 != std::end(UNITS))
         ++unit;
     return shortly(seconds / unit->seconds) + unit->name;
 }

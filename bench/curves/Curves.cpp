@@ -27,22 +27,22 @@ struct Legend {
 
 // In the order of measureCurves().
 constexpr Legend LEGENDS[] = {
-    {"load", "networks", "s", 1, "Load", "Straight: each network costs its commands."},
-    {"refresh", "networks", "ms", 1e-3, "Status refresh",
+    {"load", "networks", "time in s", 1, "Load", "Straight: each network costs its commands."},
+    {"refresh", "networks", "time in ms", 1e-3, "Status refresh",
      "As slow as its commands: the list, in parts of 4 KiB, and the scan."},
-    {"lookup", "networks", "µs", 1e-6, "Lookup by SSID",
+    {"lookup", "networks", "time in µs", 1e-6, "Lookup by SSID",
      "Straight, below 20 ns a network: the list is searched from its head."},
-    {"document", "networks", "ms", 1e-3, "Call for the XML document",
+    {"document", "networks", "time in ms", 1e-3, "Call for the XML document",
      "Two children, and a straight part for enciphering and writing."},
-    {"save", "networks", "ms", 1e-3, "Save of one field",
+    {"save", "networks", "time in ms", 1e-3, "Save of one field",
      "As slow as its commands; the supplicant writes and reads its whole file."},
-    {"scan", "lines of the scan", "ms", 1e-3, "Reading a scan",
+    {"scan", "lines of the scan", "time in ms", 1e-3, "Reading a scan",
      "Straight up to 255 lines, which are the most that are kept, and then flat."},
     {"calls", "threads", "million calls a second", 1e6, "Calls of `getBssid0` by several threads",
      "Flat: one lock lets one call in at a time."},
-    {"call-time", "threads", "µs", 1e-6, "Time of a call of `getBssid0`",
+    {"call-time", "threads", "time in µs", 1e-6, "Time of a call of `getBssid0`",
      "Straight: a thread waits for one call of each other thread."},
-    {"notice", "other processes", "s", 1, "Until the others notice a save",
+    {"notice", "other processes", "time in s", 1, "Until the others notice a save",
      "Noticed within the 6 s of two cycles; then all load at the same time, each its own copy."},
 };
 

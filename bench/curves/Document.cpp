@@ -8,7 +8,7 @@
 namespace bench {
 namespace {
 
-constexpr int CALLS = 5; // in less than 5 s after a status refresh, so that none is due
+constexpr int CALLS = 15; // in less than 5 s after a status refresh, so that none is due
 
 void twoChildren() {
     runBare(PROCESS_LISTER, {"-iwlan0", "arg"});
@@ -18,10 +18,10 @@ void twoChildren() {
 class DocumentCurve : public NetworkCurve {
 public:
     double operation() override {
-        return secondsOf([] { libraryDocument(); }, CALLS);
+        return medianSecondsOf([] { libraryDocument(); }, CALLS);
     }
 
-    double ideal() override { return secondsOf(twoChildren, CALLS); }
+    double ideal() override { return medianSecondsOf(twoChildren, CALLS); }
 
     Curve draw(Series operation, Series ideal) const override {
         const double perNetwork = fit(operation).slope;

@@ -31,7 +31,7 @@ public:
 
     double operation() override { return secondsOf(load); }
 
-    double ideal() override { return m_commands * secondsOf(readAValue, BARE_COMMANDS); }
+    double ideal() override { return m_commands * medianSecondsOf(readAValue, BARE_COMMANDS); }
 
     Curve draw(Series operation, Series ideal) const override {
         const double perNetwork = fit(operation).slope;

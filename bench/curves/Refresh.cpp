@@ -36,7 +36,8 @@ public:
                     inSeconds(last(operation)) + " for 255, with " +
                     std::to_string(m_commands.size()) + " commands, which take " +
                     inSeconds(last(ideal)) + " without the library. The library's own part is " +
-                    inSeconds(own) + " then."};
+                    inSeconds(own) + " then, " + inSeconds(own / operation.points.back().x) +
+                    " a network."};
     }
 
 private:

@@ -46,18 +46,19 @@ public:
                     inSeconds(last(operation)) + " for 255, with " +
                     std::to_string(m_commands.size()) + " commands, which take " +
                     inSeconds(first(ideal)) + " and " + inSeconds(last(ideal)) +
-                    " without the library."};
+                    " without the library: the supplicant reads its whole file and derives the "
+                    "keys of all "
+                    "passphrases anew."};
     }
 
 private:
-    void change() {
+    static void change() {
         const platwifi::SettingsLock lock(settings());
-        m_priority = m_priority == 1 ? 2 : 1;
-        settings().getNetwork(WLAN, ssidOf(0).c_str())->setPriority(m_priority);
+        WifiNetwork& network = *settings().getNetwork(WLAN, ssidOf(0).c_str());
+        network.setPriority(network.getPriority() == 1 ? 2 : 1); // always a change
     }
 
     Commands m_commands;
-    unsigned char m_priority = 0;
 };
 
 } // namespace

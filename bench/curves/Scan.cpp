@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 constexpr unsigned int NUMBERS[] = {1, 32, 64, 128, 255, 400, 500};
 constexpr unsigned int MOST_READ = 255;
 constexpr int ROUNDS = 5;
-constexpr int CALLS = 5;
+constexpr int CALLS = 25;
 
 const fs::path FOLDER = "/tmp/bench-boot";
 
@@ -104,9 +104,9 @@ struct Measured {
     }
 
     void runRound() {
-        lines.points.back().values.push_back(secondsOf(readScan, CALLS));
+        lines.points.back().values.push_back(medianSecondsOf(readScan, CALLS));
         refresh.points.back().values.push_back(secondsOfARefresh());
-        bare.points.back().values.push_back(secondsOf(readBare, CALLS));
+        bare.points.back().values.push_back(medianSecondsOf(readBare, CALLS));
     }
 };
 

@@ -12,6 +12,7 @@
 namespace bench {
 namespace {
 
+constexpr const char* LIBRARY_PATH = "-Djava.library.path=" LIBRARY_FOLDER;
 constexpr int MACHINES = 3; // each compiles the code differently
 constexpr int ROUNDS = 3;   // in each virtual machine
 
@@ -31,9 +32,9 @@ void take(Rates& rates, const std::string& output) {
 Rates measure() {
     Rates rates;
     for (int i = 0; i < MACHINES; ++i) {
-        take(rates, runBare(JAVA_PROGRAM, {"-Djava.library.path=" LIBRARY_FOLDER, "-cp",
-                                           BENCH_CLASS_PATH, "bench.ThreadedCalls", WLAN, SOME_SSID,
-                                           SOME_BSSID, std::to_string(ROUNDS)}));
+        take(rates,
+             runBare(JAVA_PROGRAM, {LIBRARY_PATH, "-cp", BENCH_CLASS_PATH, "bench.ThreadedCalls",
+                                    WLAN, SOME_SSID, SOME_BSSID, std::to_string(ROUNDS)}));
         std::cout << '.' << std::flush;
     }
     return rates;

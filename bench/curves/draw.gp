@@ -11,9 +11,9 @@ set grid linecolor rgb '#dddddd' linetype 1
 set key left top reverse Left textcolor rgb '#333333' samplen 2.5
 set xlabel xaxis textcolor rgb '#333333'
 set ylabel yaxis textcolor rgb '#333333'
-set xrange [0:*]
-set yrange [0:*]
-set offsets graph 0, graph 0.03, graph 0.25, 0
+set xrange [0:*] noextend
+set yrange [0:*] noextend
+set offsets graph 0, graph 0.03, graph 0.3, 0
 
 array colours[2] = ['#1f6fb4', '#c4511d']
 plot data index count using 1:2 with lines dashtype 2 linewidth 1.5 linecolor rgb '#777777' title columnheader(1), \
