@@ -35,7 +35,8 @@ constexpr Legend LEGENDS[] = {
     {"document", "networks", "time in ms", 1e-3, "Call for the XML document",
      "Two children, and a straight part for enciphering and writing."},
     {"save", "networks", "time in ms", 1e-3, "Save of one field",
-     "As slow as its commands; the supplicant writes and reads its whole file."},
+     "As slow as its commands: the supplicant writes its whole file, reads it again, and derives "
+     "the key of each passphrase anew."},
     {"scan", "lines of the scan", "time in ms", 1e-3, "Reading a scan",
      "Straight up to 255 lines, which are the most that are kept, and then flat."},
     {"calls", "threads", "million calls a second", 1e6, "Calls of `getBssid0` by several threads",

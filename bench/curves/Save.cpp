@@ -46,9 +46,7 @@ public:
                     inSeconds(last(operation)) + " for 255, with " +
                     std::to_string(m_commands.size()) + " commands, which take " +
                     inSeconds(first(ideal)) + " and " + inSeconds(last(ideal)) +
-                    " without the library: the supplicant reads its whole file and derives the "
-                    "keys of all "
-                    "passphrases anew."};
+                    " without the library."};
     }
 
 private:
