@@ -13,8 +13,6 @@ using platform::FileDescriptor;
 
 namespace bench {
 
-const char* const CLIENT = CLIENT_PROGRAM;
-
 namespace {
 
 constexpr const char* RESULT = "/tmp/bench_result";

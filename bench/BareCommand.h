@@ -7,8 +7,7 @@ namespace bench {
 
 using Arguments = std::vector<std::string>;
 
-/// The host's client, where the library finds it.
-extern const char* const CLIENT;
+// HOST_CLIENT and QUICK_CLIENT are the paths of the host's client and of the client that the library runs.
 
 enum class Wait {
     ForTheEnd,     ///< by a system call that returns when the child has ended

@@ -79,7 +79,7 @@ Rows measureIdle() {
          "How often the refresh thread interrupts deep sleep of the processor."},
         {"Processor time of an idle process with the settings", other,
          ratios(used.time, least.time), medians(used.time, least.time, timeASecond),
-         "What the library costs while it is loaded and not called."},
+         "What the library costs while it is loaded and not called.", "idle-time"},
     };
 }
 

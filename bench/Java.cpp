@@ -58,10 +58,12 @@ Rows measureJava() {
             "a native that takes two texts, locks a recursive mutex and returns a text",
             text.getter, text.bare,
             "The cost of a second lock and of the search, over that of a native which exchanges "
-            "the same texts with Java."),
+            "the same texts with Java.",
+            "getter-text"),
         timeRow("`getPriority0` from Java, of the same network",
                 "a native that takes two texts, locks a recursive mutex and returns a number",
-                number.getter, number.bare, "The same, without a text for Java."),
+                number.getter, number.bare, "The same, without a text for Java.",
+                "getter-number"),
     };
 }
 

@@ -1,17 +1,18 @@
 // Loading all networks.
 
-#include "BareCommand.h"
+#include "Commands.h"
 #include "Contest.h"
 #include "Measurements.h"
 #include "Networks.h"
+#include "Subject.h"
 #include "settings/WifiHostSettings.h"
 #include "supplicant/ReplyLines.h"
-#include "supplicant/WatchedClient.h"
 #include "supplicant/WifiUtil.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <memory>
 #include <stdexcept>
 
 namespace bench {
@@ -32,40 +33,53 @@ void load() {
         throw std::runtime_error("not all networks were loaded");
 }
 
-Arguments wordsOf(const std::string& line) {
-    std::istringstream stream(line);
-    Arguments words;
-    for (std::string word; stream >> word;)
-        words.push_back(word);
-    return words;
+Commands commandsOfALoad() {
+    unload();
+    return commandsOf([] {
+        load();
+        unload();
+    });
 }
 
-// No argument of a load contains a blank.
-std::vector<Arguments> commandsOfALoad() {
-    const test::WatchedClient client;
-    unload();
-    load();
-    unload();
-    std::vector<Arguments> commands;
-    for (const std::string& line : client.commands())
-        commands.push_back(wordsOf(line));
-    return commands;
+// A process has one profile.
+std::unique_ptr<Subject> processUnder(const char* profile) {
+    setenv("PLATWIFI_PROFILE", profile, 1);
+    auto process = std::make_unique<Subject>("settings");
+    unsetenv("PLATWIFI_PROFILE");
+    return process;
 }
 
-void writeScript(const std::vector<Arguments>& commands) {
+std::string commandsUnder(const char* profile) {
+    const Commands commands = commandsOf([profile] { processUnder(profile)->begin(); });
+    return std::to_string(commands.size()) + " commands";
+}
+
+Contestant loadUnder(const char* profile) {
+    const auto process = std::make_shared<std::unique_ptr<Subject>>();
+    return {[process] { (*process)->begin(); },
+            [process, profile] {
+                process->reset(); // before the next one starts
+                *process = processUnder(profile);
+            }};
+}
+
+// Each load is the first one of a new process.
+Row compareProfiles() {
+    const Timings times = compete({loadUnder("modern"), loadUnder("device")}, {5, 0});
+    return timeRow("Loading 32 networks under `modern`, " + commandsUnder("modern"),
+                   "under `device`, " + commandsUnder("device"), times[0], times[1],
+                   "The profiles ask for different fields of a network.");
+}
+
+void writeScript(const Commands& commands) {
     std::ofstream script(SCRIPT);
     for (const Arguments& command : commands) {
-        script << "reply=$(" << CLIENT;
+        script << "reply=$(" << HOST_CLIENT;
         for (const std::string& word : command)
             script << ' ' << word;
         script << ")\n";
     }
     script << "printf '%s\\n' \"$reply\"\n";
-}
-
-void replay(const std::vector<Arguments>& commands) {
-    for (const Arguments& command : commands)
-        runBare(CLIENT, command);
 }
 
 void runScript() {
@@ -75,21 +89,23 @@ void runScript() {
 } // namespace
 
 Rows measureLoad() {
-    const std::vector<Arguments> commands = commandsOfALoad();
+    const Commands commands = commandsOfALoad();
     writeScript(commands);
-    const Timings times =
-        compete({{load, unload}, {[&commands] { replay(commands); }}, {runScript}}, {7, 0});
+    const Timings times = compete(
+        {{load, unload}, {[&commands] { replay(HOST_CLIENT, commands); }}, {runScript}}, {7, 0});
     unload();
     std::filesystem::remove(SCRIPT);
     const std::string number = std::to_string(commands.size()) + " commands";
     return {
         timeRow("Loading 32 networks from nothing, " + number,
-                "the same commands without the library", times[0], times[1],
+                "the same commands of the host's client, without the library", times[0], times[1],
                 "A load takes as long as its commands need; the first call that needs the settings "
-                "waits "
-                "for it, later ones do not."),
-        timeRow("Loading 32 networks from nothing, " + number, "a bash script of the same commands",
-                times[0], times[2], "What a script needs that reads the same values."),
+                "waits for it, later ones do not.",
+                "load-host"),
+        timeRow("Loading 32 networks from nothing, " + number,
+                "a bash script of the same commands, with the host's client", times[0], times[2],
+                "What a script needs that reads the same values.", "load-script"),
+        compareProfiles(),
     };
 }
 

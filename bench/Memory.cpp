@@ -51,7 +51,8 @@ Row afterMoreLoads() {
     return {"Private memory of a process after 1,000 more loads",
             "the same process after the first", ratios(often, once),
             medians(often, once, inKibibytes),
-            "What a load leaves behind. The answers of the client to the first load are repeated."};
+            "What a load leaves behind. The answers of the client to the first load are repeated.",
+            "more-loads", (often[0] - once[0]) / 1024};
 }
 
 } // namespace
@@ -64,7 +65,8 @@ Rows measureMemory() {
     for (std::size_t i = 0; i < std::size(ACCOUNTS); ++i) {
         const auto& [before, after] = figures[i];
         rows.push_back({ACCOUNTS[i].what, "the same process before the load", ratios(after, before),
-                        medians(after, before, inKibibytes), ACCOUNTS[i].meaning});
+                        medians(after, before, inKibibytes), ACCOUNTS[i].meaning, ACCOUNTS[i].name,
+                        (median(after) - median(before)) / 1024});
     }
     rows.push_back(afterMoreLoads());
     return rows;

@@ -24,19 +24,30 @@ const char* const KINDS[] = {
     "proto=RSN\n key_mgmt=WPA-PSK\n psk=\"battery staple\"\n priority=3\n disabled=1",
 };
 
+std::string twoDigits(unsigned int number) {
+    return (number < 10 ? "0" : "") + std::to_string(number);
+}
+
+std::string addressOf(unsigned int number) {
+    return "02:00:00:00:" + twoDigits(number / 100) + ":" + twoDigits(number % 100);
+}
+
 // The supplicant connects to the first network, which needs no key and has no BSSID.
 std::string network(unsigned int number) {
-    const std::string digits = (number < 10 ? "0" : "") + std::to_string(number);
-    const std::string address = number == 0 ? "" : " bssid=02:00:00:00:00:" + digits + "\n";
-    return "network={\n ssid=\"network " + digits + "\"\n" + address + " " +
+    const std::string address = number == 0 ? "" : " bssid=" + addressOf(number) + "\n";
+    return "network={\n ssid=\"" + ssidOf(number) + "\"\n" + address + " " +
            KINDS[number % std::size(KINDS)] + "\n}\n";
 }
 
 } // namespace
 
-std::string networks() {
+std::string ssidOf(unsigned int number) {
+    return "network " + twoDigits(number);
+}
+
+std::string networks(unsigned int count) {
     std::string text;
-    for (unsigned int i = 0; i < NETWORK_COUNT; ++i)
+    for (unsigned int i = 0; i < count; ++i)
         text += network(i);
     return text;
 }

@@ -11,7 +11,11 @@ constexpr unsigned int NETWORK_COUNT = 32;
 constexpr const char* SOME_SSID = "network 16";
 constexpr const char* SOME_BSSID = "02:00:00:00:00:16";
 
-/// As many networks of several kinds as the library can hold, as text of the configuration file.
-std::string networks();
+/// Networks of eight kinds in turn, as text of the configuration file.
+/// @param count  1000 at most; the library holds 32, and 255 under the profile `modern`
+std::string networks(unsigned int count = NETWORK_COUNT);
+
+/// The SSID of the network with this number, from 0 on.
+std::string ssidOf(unsigned int number);
 
 } // namespace bench

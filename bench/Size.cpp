@@ -39,7 +39,7 @@ double strippedSizeOf(const fs::path& file) {
 } // namespace
 
 Rows measureSize() {
-    const double client = strippedSizeOf(CLIENT);
+    const double client = strippedSizeOf(HOST_CLIENT);
     Rows rows;
     for (const Library& library : LIBRARIES) {
         const double size = strippedSizeOf(library.path);
@@ -47,7 +47,9 @@ Rows measureSize() {
                         "the client `wpa_cli`, stripped",
                         {size / client},
                         medians({size}, {client}, inKibibytes),
-                        library.meaning});
+                        library.meaning,
+                        library.name,
+                        size / 1024});
     }
     return rows;
 }

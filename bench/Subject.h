@@ -1,9 +1,8 @@
 #pragma once
 
-#include "platform/FileDescriptor.h"
+#include "OtherProcess.h"
 
 #include <string>
-#include <sys/types.h>
 
 namespace bench {
 
@@ -14,10 +13,6 @@ public:
     /// @param role     "settings", "loads" or "second"
     /// @param program  one that is made of subject_program.cpp
     explicit Subject(const char* role, const char* program = SUBJECT_PROGRAM);
-    ~Subject();
-
-    Subject(const Subject&) = delete;
-    Subject& operator=(const Subject&) = delete;
 
     /// Makes it begin its work, and waits until it has begun. The next call makes "loads" load the settings
     /// 1,000 times more.
@@ -33,11 +28,7 @@ public:
     double memory(const std::string& name) const;
 
 private:
-    void awaitLine(const std::string& expected) const;
-
-    platform::FileDescriptor m_toIt;
-    platform::FileDescriptor m_fromIt;
-    pid_t m_id = -1;
+    OtherProcess m_process;
 };
 
 } // namespace bench

@@ -12,7 +12,12 @@
 
 namespace {
 
-using Measure = bench::Rows (*)();
+using Measure = bench::Rows (*)(const test::Supplicant&);
+
+template <bench::Rows (*measure)()>
+bench::Rows only(const test::Supplicant& /*supplicant*/) {
+    return measure();
+}
 
 struct Measurement {
     const char* name;
@@ -20,10 +25,11 @@ struct Measurement {
 };
 
 constexpr Measurement MEASUREMENTS[] = {
-    {"command", bench::measureCommand},  {"load", bench::measureLoad},
-    {"java", bench::measureJava},        {"xml", bench::measureXml},
-    {"xml-call", bench::measureXmlCall}, {"idle", bench::measureIdle},
-    {"size", bench::measureSize},        {"memory", bench::measureMemory},
+    {"command", only<bench::measureCommand>}, {"status", only<bench::measureStatus>},
+    {"load", only<bench::measureLoad>},       {"java", only<bench::measureJava>},
+    {"xml", only<bench::measureXml>},         {"xml-call", only<bench::measureXmlCall>},
+    {"idle", only<bench::measureIdle>},       {"size", only<bench::measureSize>},
+    {"memory", only<bench::measureMemory>},   {"curves", bench::measureCurves},
 };
 
 // Null if there is no such measurement.
@@ -39,7 +45,7 @@ bench::Rows besideASupplicant(Measure measure) {
     test::Supplicant supplicant;
     supplicant.start(bench::networks());
     supplicant.awaitStatus("wpa_state=COMPLETED");
-    return measure();
+    return measure(supplicant);
 }
 
 } // namespace

@@ -26,6 +26,7 @@ class LateFields;
 class NetworkIds;
 class ReplyLines;
 enum class ListFlag;
+struct ListEntry;
 enum class StatusReader;
 bool refreshSettings() noexcept;
 using ValueSource = std::function<const char*(const char* key)>;
@@ -248,7 +249,8 @@ private:
                      platwifi::StatusReader reader) noexcept;
     void applyWpaState() noexcept;
     bool applyList(const std::vector<std::string>& list);
-    bool applyListTo(WifiNetwork& network, const std::vector<std::string>& lines) noexcept;
+    bool applyListTo(WifiNetwork& network,
+                     const std::vector<platwifi::ListEntry>& entries) noexcept;
     void applyListFlag(WifiNetwork& network, platwifi::ListFlag flag) noexcept;
 
     // Under the profile `modern`: the supplicant disables all other networks when it selects one. They are

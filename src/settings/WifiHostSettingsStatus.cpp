@@ -19,8 +19,15 @@
 
 #include <algorithm>
 #include <optional>
+#include <vector>
 
 using namespace platwifi;
+
+// A line of the list. It is read once: reading it for each network would take time with the square of their number.
+struct platwifi::ListEntry {
+    std::optional<int> id;
+    ListFlag flag;
+};
 
 // The time is compared again under the lock, since another thread may have refreshed meanwhile. It is noted
 // before the queries, so that a failure is not tried again at once.
@@ -51,9 +58,11 @@ bool WifiHostSettings::refreshDatabaseNetworksStatus() noexcept {
 bool WifiHostSettings::applyList(const Lines& list) {
     networkIds->confirm(list);
     const std::size_t count = std::min<std::size_t>(list.size(), rule::MOST_NETWORKS());
-    const Lines lines(list.begin(), list.begin() + static_cast<std::ptrdiff_t>(count));
+    std::vector<ListEntry> entries;
+    for (std::size_t i = 0; i < count; ++i)
+        entries.push_back({listedId(list[i]), listFlagIn(list[i].c_str())});
     for (WifiNetwork* network = networkList->getHead(); network; network = network->getNext()) {
-        if (!applyListTo(*network, lines))
+        if (!applyListTo(*network, entries))
             return false;
     }
     return true;
@@ -61,14 +70,14 @@ bool WifiHostSettings::applyList(const Lines& list) {
 
 // No line belongs to a network whose id is not known. Its lines are looked at all the same, because a line
 // without any field ends the refresh.
-bool WifiHostSettings::applyListTo(WifiNetwork& network, const Lines& lines) noexcept {
+bool WifiHostSettings::applyListTo(WifiNetwork& network,
+                                   const std::vector<ListEntry>& entries) noexcept {
     const bool isKnown = networkIds->isKnown(network);
-    for (const std::string& line : lines) {
-        const std::optional<int> id = listedId(line);
-        if (!id)
+    for (const ListEntry& entry : entries) {
+        if (!entry.id)
             return false;
-        if (isKnown && *id == network.getNetworkId())
-            applyListFlag(network, listFlagIn(line.c_str()));
+        if (isKnown && *entry.id == network.getNetworkId())
+            applyListFlag(network, entry.flag);
     }
     return true;
 }

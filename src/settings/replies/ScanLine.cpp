@@ -74,7 +74,7 @@ void setSeen(WifiNetwork& network, Field field, unsigned int value) {
 void setStrongest(WifiNetwork& network, const std::vector<Columns>& found) {
     const Columns* strongest = nullptr;
     for (const Columns& columns : found) {
-        const bool isIt = ssidInMemory(columns[SSID]) == network.getSsid();
+        const bool isIt = columns[SSID] == network.getSsid();
         if (isIt && (!strongest || signalOf(columns) > signalOf(*strongest)))
             strongest = &columns;
     }
@@ -88,8 +88,10 @@ void mergeBySsid(const Lines& lines, WifiNetwork* head) {
     std::vector<Columns> found;
     for (const std::string& line : lines) {
         Columns columns = columnsOf(line);
-        if (columns.size() == COLUMN_COUNT && !columns[SSID].empty())
-            found.push_back(std::move(columns));
+        if (columns.size() != COLUMN_COUNT || columns[SSID].empty())
+            continue;
+        columns[SSID] = ssidInMemory(columns[SSID]); // once, not for each network
+        found.push_back(std::move(columns));
     }
     for (WifiNetwork* network = head; network; network = network->getNext()) {
         if (network->getSsid())
