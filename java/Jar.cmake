@@ -4,6 +4,8 @@
 # property JAR_FILE tells its jar.
 find_program(JAVAC javac REQUIRED)
 find_program(JAR jar REQUIRED)
+# A compiler that runs for a second gains nothing from optimising itself.
+set(JAVAC_START -J-XX:TieredStopAtLevel=1 -J-XX:+UseSerialGC CACHE INTERNAL "How javac starts")
 set(PACK_JAR ${CMAKE_CURRENT_LIST_DIR}/PackJar.cmake CACHE INTERNAL "Packs compiled classes")
 
 function(platwifi_jar target)
@@ -21,7 +23,7 @@ function(platwifi_jar target)
 
   add_custom_command(OUTPUT ${arg_OUTPUT}
     COMMAND ${CMAKE_COMMAND} -E rm -rf ${classes}
-    COMMAND ${JAVAC} --release 11 -encoding UTF-8 -proc:none -Xlint:all -Werror -g
+    COMMAND ${JAVAC} ${JAVAC_START} --release 11 -encoding UTF-8 -proc:none -Xlint:all -Werror -g
       -d ${classes} -cp "$<JOIN:${jars},:>" ${arg_SOURCES}
     COMMAND ${CMAKE_COMMAND} -D JAR=${JAR} -D CLASSES=${classes} -D MANIFEST=${manifest}
       -D OUTPUT=${arg_OUTPUT} -P ${PACK_JAR}

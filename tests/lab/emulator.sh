@@ -50,7 +50,9 @@ choose_clock() {
 }
 
 # Hardware virtualisation stays off: where it is half there, a stock kernel hangs in it. The kernel does not
-# check its timer: on a busy host no tick may come in time, and it would panic.
+# check its timer: on a busy host no tick may come in time, and it would panic. Programs and their libraries are
+# always at the same addresses, without which the emulator would translate them anew for each process; and the
+# kernel has no protection from its own programs, which only takes time here.
 run_emulator() {
     local shares thread clock
     choose_clock
@@ -60,7 +62,7 @@ run_emulator() {
         -accel "tcg,thread=$thread,tb-size=512" "${clock[@]}" -cpu max -M q35 -m 2048 -smp 1 \
         -nodefaults -no-user-config -display none -monitor none -no-reboot \
         -serial "file:$out/console.log" -kernel "$kernel/vmlinux" -initrd "$initramfs/initramfs" \
-        -append 'console=ttyS0 quiet panic=-1 oops=panic no_timer_check' \
+        -append 'console=ttyS0 quiet panic=-1 oops=panic no_timer_check norandmaps mitigations=off init_on_alloc=0' \
         -device isa-debug-exit,iobase=0xf4,iosize=0x04 "${shares[@]}" \
         </dev/null >"$out/emulator.log" 2>&1
 }

@@ -18,10 +18,16 @@ LAB_LONGEST_SILENCE=120
 
 progress() { stat -c %s "${LAB_WATCHED[@]}" 2>/dev/null | tr '\n' ' ' || true; }
 
+# Nothing is ever written here. To wait for it starts no process, as each costs the emulator much.
+exec {lab_nothing}<> <(:)
+
+# pause SECONDS
+pause() { read -r -t "$1" -u "$lab_nothing" || true; }
+
 # wait_for COMMAND...: waits until the command succeeds. Fails if no watched file has grown for two minutes,
-# so the speed of the machine does not matter.
+# so the speed of the machine does not matter. It asks less often later.
 wait_for() {
-    local seen now start=$SECONDS end=$((SECONDS + LAB_LONGEST_SILENCE))
+    local seen now start=$SECONDS end=$((SECONDS + LAB_LONGEST_SILENCE)) pauses=(0.05 0.05 0.1 0.1 0.2)
     seen=$(progress)
     until "$@"; do
         if [ "$SECONDS" -gt "$end" ]; then
@@ -30,7 +36,8 @@ wait_for() {
             echo "        waits for $((SECONDS - start)) s: $*" >&2
             seen=$now end=$((SECONDS + LAB_LONGEST_SILENCE))
         fi
-        sleep 0.05
+        pause "${pauses[0]:-0.4}"
+        pauses=("${pauses[@]:1}")
     done
 }
 
