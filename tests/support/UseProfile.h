@@ -4,6 +4,9 @@
 
 namespace test {
 
+constexpr platwifi::Profile DEVICE = platwifi::Profile::DEVICE;
+constexpr platwifi::Profile MODERN = platwifi::Profile::MODERN;
+
 /// This profile for the lifetime of the object. No settings may be loaded when it begins and ends.
 class UseProfile {
 public:

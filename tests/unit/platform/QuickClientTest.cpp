@@ -27,7 +27,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-constexpr const char* FOLDER = "/var/run/wpa_supplicant";
+constexpr const char* CONTROL_FOLDER = "/var/run/wpa_supplicant";
 constexpr const char* OUTPUT = "/tmp/quick-client-output";
 
 sockaddr_un addressOf(const std::string& path) {
@@ -50,9 +50,9 @@ struct Message {
 class ControlSocket {
 public:
     explicit ControlSocket(const std::string& iface)
-        : m_path(std::string(FOLDER) + "/" + iface),
+        : m_path(std::string(CONTROL_FOLDER) + "/" + iface),
           m_socket(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
-        std::filesystem::create_directories(FOLDER);
+        std::filesystem::create_directories(CONTROL_FOLDER);
         const sockaddr_un address = addressOf(m_path);
         EXPECT_EQ(bind(m_socket.number(), generic(address), sizeof(address)), 0);
     }
@@ -210,10 +210,10 @@ TEST(QuickClient, PrintsAMessageBeforeTheReply) {
 
 TEST(QuickClient, SelectsTheFirstInterfaceThatCanConnect) {
     const ControlSocket p2p("p2p-dev-wlan0");
-    std::filesystem::create_directory(std::string(FOLDER) + "/folder");
+    std::filesystem::create_directory(std::string(CONTROL_FOLDER) + "/folder");
     EXPECT_EQ(printed({"interface"}, {"wlan0\np2p-dev-wlan0\n"}),
               "Selected interface 'wlan0'\nAvailable interfaces:\nwlan0\np2p-dev-wlan0\n");
-    std::filesystem::remove(std::string(FOLDER) + "/folder");
+    std::filesystem::remove(std::string(CONTROL_FOLDER) + "/folder");
 }
 
 TEST(QuickClient, ErasesItsArguments) {

@@ -20,12 +20,11 @@
 #include <string>
 
 using namespace platwifi;
+using test::DEVICE;
+using test::MODERN;
 using test::under;
 
 namespace {
-
-constexpr Profile DEVICE = Profile::DEVICE;
-constexpr Profile MODERN = Profile::MODERN;
 
 struct Listed {
     std::string ssid;

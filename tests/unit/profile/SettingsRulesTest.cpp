@@ -16,6 +16,8 @@
 #include <string>
 
 using namespace platwifi;
+using test::DEVICE;
+using test::MODERN;
 using test::ProfiledHost;
 using testing::Contains;
 using testing::ElementsAre;
@@ -24,9 +26,6 @@ using testing::Not;
 using testing::StartsWith;
 
 namespace {
-
-constexpr Profile DEVICE = Profile::DEVICE;
-constexpr Profile MODERN = Profile::MODERN;
 
 const std::string EMOJI = "\xf0\x9f\x9b\x9c";
 

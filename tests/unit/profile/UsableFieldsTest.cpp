@@ -17,6 +17,8 @@
 #include <vector>
 
 using namespace platwifi;
+using test::DEVICE;
+using test::MODERN;
 using test::ProfiledHost;
 using testing::Contains;
 using testing::ElementsAre;
@@ -26,9 +28,6 @@ using testing::IsEmpty;
 namespace {
 
 constexpr const char* HEADER = "network id / ssid / bssid / flags\n";
-
-constexpr Profile DEVICE = Profile::DEVICE;
-constexpr Profile MODERN = Profile::MODERN;
 
 using Texts = std::vector<std::string>;
 using Values = std::map<std::string, std::string>;
