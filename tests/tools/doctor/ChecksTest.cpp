@@ -47,10 +47,10 @@ std::set<std::string> filesIn(const std::string& folder) {
 TEST_F(Checks, FindNoFaultOnAHealthyHost) {
     const auto findings = cli::examine("");
     EXPECT_THAT(subjectsOf(findings),
-                ElementsAre("profile", "client", "process lister", "radio", "other managers",
-                            "supplicant", "control socket", "reply", "interface", "update_config",
-                            "configuration", "country", "address", "key file", "shared memory",
-                            "pid file"));
+                ElementsAre("profile", "client", "quick client", "process lister", "radio",
+                            "other managers", "supplicant", "control socket", "reply", "interface",
+                            "update_config", "configuration", "country", "address", "key file",
+                            "shared memory", "pid file"));
     EXPECT_EQ(subjectsThatAre(Health::GOOD, findings), subjectsOf(findings));
     for (const Finding& finding : findings) {
         EXPECT_NE(finding.found, "") << finding.subject;
@@ -59,7 +59,7 @@ TEST_F(Checks, FindNoFaultOnAHealthyHost) {
 }
 
 TEST_F(Checks, FindNoFaultForANamedInterface) {
-    EXPECT_EQ(subjectsThatAre(Health::GOOD, cli::examine("wlan0")).size(), 16U);
+    EXPECT_EQ(subjectsThatAre(Health::GOOD, cli::examine("wlan0")).size(), 17U);
 }
 
 TEST_F(Checks, LeaveOutWhatNeedsTheSupplicantThatIsNotRunning) {
@@ -67,16 +67,17 @@ TEST_F(Checks, LeaveOutWhatNeedsTheSupplicantThatIsNotRunning) {
     m_standIn.on({"*"}).prints("1 init\n");
     const auto findings = cli::examine("");
     EXPECT_THAT(subjectsOf(findings),
-                ElementsAre("profile", "client", "process lister", "radio", "other managers",
-                            "supplicant", "key file", "shared memory", "pid file"));
+                ElementsAre("profile", "client", "quick client", "process lister", "radio",
+                            "other managers", "supplicant", "key file", "shared memory",
+                            "pid file"));
     EXPECT_THAT(subjectsThatAre(Health::BAD, findings), ElementsAre("supplicant"));
 }
 
 TEST_F(Checks, LeaveOutWhatNeedsAProgramThatIsMissing) {
     std::filesystem::remove(m_standIn.folder() + "/pidin");
     EXPECT_THAT(subjectsOf(cli::examine("")),
-                ElementsAre("profile", "client", "process lister", "radio", "key file",
-                            "shared memory", "pid file"));
+                ElementsAre("profile", "client", "quick client", "process lister", "radio",
+                            "key file", "shared memory", "pid file"));
     std::filesystem::remove(m_standIn.folder() + "/wpa_cli");
     EXPECT_THAT(subjectsOf(cli::examine("")),
                 ElementsAre("profile", "client", "radio", "key file", "shared memory", "pid file"));
@@ -88,7 +89,7 @@ TEST_F(Checks, GoOnAfterAFaultThatIsNoObstacle) {
     answer();
     const auto findings = cli::examine("");
     EXPECT_THAT(subjectsThatAre(Health::BAD, findings), ElementsAre("update_config"));
-    EXPECT_EQ(findings.size(), 16U);
+    EXPECT_EQ(findings.size(), 17U);
 }
 
 TEST_F(Checks, LeaveNothingBehind) {
@@ -104,8 +105,8 @@ TEST_F(Checks, ChangeNothingInTheSupplicant) {
     cli::examine("");
     for (const auto& call : m_standIn.calls()) {
         const std::string& word = call.at(call.size() > 2 ? 2 : 1);
-        EXPECT_THAT(word,
-                    testing::AnyOf("arg", "--version", "interface", "ping", "get", "get_capability", "status"));
+        EXPECT_THAT(word, testing::AnyOf("arg", "--version", "interface", "ping", "get",
+                                         "get_capability", "status"));
     }
 }
 

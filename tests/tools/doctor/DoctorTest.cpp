@@ -144,13 +144,13 @@ TEST_F(Doctor, PrintsJson) {
     m_request.json = true;
     const Json all = Json::parse(printed());
     EXPECT_EQ(m_status, cli::FAILED);
-    ASSERT_EQ(all.size(), 16U);
-    EXPECT_EQ(all.at(6), Json({{"subject", "control socket"},
+    ASSERT_EQ(all.size(), 17U);
+    EXPECT_EQ(all.at(7), Json({{"subject", "control socket"},
                                {"health", "good"},
                                {"found", "/run/wpa_supplicant/wlan0"},
                                {"toDo", ""}}));
-    EXPECT_EQ(all.at(9).at("health"), "bad");
-    EXPECT_EQ(all.at(9).at("toDo"),
+    EXPECT_EQ(all.at(10).at("health"), "bad");
+    EXPECT_EQ(all.at(10).at("toDo"),
               "put update_config=1 into the supplicant's configuration, then restart it");
 }
 

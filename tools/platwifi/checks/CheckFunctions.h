@@ -11,6 +11,7 @@ namespace cli {
 
 Finding checkProfile(const std::string& iface);
 Finding checkClient(const std::string& iface);
+Finding checkQuickClient(const std::string& iface);
 Finding checkProcessLister(const std::string& iface);
 Finding checkRadio(const std::string& iface);
 Finding checkManagers(const std::string& iface);

@@ -40,11 +40,6 @@ Finding checkProgram(const char* fixedPath, const std::string& toInstall) {
     return bad(path + " cannot be executed by this user", "allow it: chmod a+x " + path);
 }
 
-bool isQuickClient() {
-    constexpr char QUICK[] = "platwifi quick client ";
-    return clientVersion().compare(0, sizeof(QUICK) - 1, QUICK) == 0;
-}
-
 bool isGone(pid_t process) {
     return kill(process, 0) != 0 && errno == ESRCH;
 }
@@ -52,13 +47,15 @@ bool isGone(pid_t process) {
 } // namespace
 
 Finding checkClient(const std::string&) {
-    Finding finding = checkProgram(
-        CLIENT,
-        "install wpa_supplicant's client (on Debian: apt-get install wpasupplicant), or let "
-        "PLATFORM_BOOT_DIR name the folder that has wpa_cli and pidin");
-    if (finding.health == Health::GOOD)
-        finding.found += isQuickClient() ? ", the quick client" : ", the host's client";
-    return finding;
+    return checkProgram(CLIENT, "install wpa_supplicant's client (on Debian: apt-get install "
+                                "wpasupplicant), or let PLATFORM_BOOT_DIR name the folder that has "
+                                "wpa_cli and pidin");
+}
+
+Finding checkQuickClient(const std::string&) {
+    constexpr char QUICK[] = "platwifi quick client ";
+    const bool isQuick = clientVersion().compare(0, sizeof(QUICK) - 1, QUICK) == 0;
+    return good(isQuick ? "in use" : "not in use: commands go to the host's client");
 }
 
 Finding checkProcessLister(const std::string&) {

@@ -20,6 +20,7 @@ struct Check {
 constexpr Check CHECKS[] = {
     {"profile", Kind::INDEPENDENT, checkProfile},
     {"client", Kind::OBSTACLE, checkClient},
+    {"quick client", Kind::DEPENDENT, checkQuickClient},
     {"process lister", Kind::OBSTACLE, checkProcessLister},
     {"radio", Kind::INDEPENDENT, checkRadio},
     {"other managers", Kind::DEPENDENT, checkManagers},
