@@ -1,7 +1,9 @@
 #include "platform/BootProgram.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <dlfcn.h>
 #include <filesystem>
 #include <link.h>
@@ -25,25 +27,34 @@ std::string ownFile() {
 }
 
 // The folder of that file with links resolved. Empty when the file no longer exists.
-std::string ownFolder() {
+std::string foundFolder() {
     std::error_code error;
     return std::filesystem::canonical(ownFile(), error).parent_path();
 }
 
-std::string normal(const std::string& folder) {
-    return std::filesystem::path(folder).lexically_normal();
+// A copy of a text that fits. It has no memory of its own to free: other threads may use it while the program ends.
+struct ShortText {
+    explicit ShortText(const std::string& text) : fits(text.size() < sizeof(bytes)) {
+        std::snprintf(bytes, sizeof(bytes), "%s", text.c_str());
+    }
+
+    bool fits;
+    char bytes[256];
+};
+
+// Kept, because resolving links takes longer than all else that is done before a program starts.
+std::string ownFolder() {
+    static const ShortText folder(foundFolder());
+    return folder.fits ? folder.bytes : foundFolder();
 }
 
-// The boot directories that were built or installed with this code. Found once: resolving links takes longer
-// than all else that is done before a program starts. Never destroyed: other threads may run while the program ends.
-const std::vector<std::string>& ownBootFolders() {
-    static const auto* const folders = [] {
-        const std::string folder = ownFolder();
-        return folder.empty() ? new std::vector<std::string>
-                              : new std::vector{normal(folder + "/../boot/"),
-                                                normal(folder + "/" INSTALLED_BOOT_DIR "/")};
-    }();
-    return *folders;
+// The path from a folder to a program, in which each "../" at the beginning goes to the parent folder, which the root
+// has as well.
+std::string inFolder(std::string folder, const char* relative, const std::string& name) {
+    constexpr char PARENT[] = "../";
+    for (; std::strncmp(relative, PARENT, sizeof(PARENT) - 1) == 0; relative += sizeof(PARENT) - 1)
+        folder.erase(std::min(folder.rfind('/'), folder.size()));
+    return folder + "/" + relative + "/" + name;
 }
 
 bool exists(const std::string& path) {
@@ -62,10 +73,10 @@ std::vector<std::string> programPlaces(const std::string& path) {
     const std::string name = path.substr(BOOT_IMAGE_LENGTH);
     if (const char* directory = secure_getenv("PLATFORM_BOOT_DIR"))
         return {std::string(directory) + "/" + name};
-    std::vector<std::string> places = {path};
-    for (const std::string& folder : ownBootFolders())
-        places.push_back(folder + name);
-    return places;
+    const std::string folder = ownFolder();
+    if (folder.empty())
+        return {path};
+    return {path, inFolder(folder, "../boot", name), inFolder(folder, INSTALLED_BOOT_DIR, name)};
 }
 
 // Looks for the program, not for its folder: beside an installed library "../boot" may be a folder

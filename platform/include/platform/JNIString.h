@@ -54,7 +54,7 @@ private:
     void release() noexcept;
 
     char* m_text = nullptr; // m_short, or owned
-    char m_short[SHORT_SIZE];
+    [[maybe_unused]] char m_short[SHORT_SIZE];
 };
 
 } // namespace platform
