@@ -45,6 +45,10 @@ if(PLATWIFI_HAS_RELR_LOADER AND PLATWIFI_HAS_RELR_LINKER)
   list(APPEND PLATWIFI_SHIPPED_LINK_OPTIONS -Wl,-z,pack-relative-relocs)
 endif()
 
+# All functions of other libraries are found at once: the table of their addresses is read-only from then on, and a
+# later call writes no memory.
+list(APPEND PLATWIFI_SHIPPED_LINK_OPTIONS -Wl,-z,now)
+
 # platwifi_ship(LIBRARY): compiles and links a shared library as above. Its objects alone, a test links as it likes.
 function(platwifi_ship library)
   target_link_libraries(${library} PRIVATE platwifi_flags platwifi_shipped)
@@ -53,5 +57,5 @@ endfunction()
 
 # platwifi_is_quick(SOURCE...): sources of this folder whose speed matters more than their size.
 function(platwifi_is_quick)
-  set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS $<$<CONFIG:Release>:-O3>)
+  set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS $<$<CONFIG:Release>:-O2>)
 endfunction()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include "FunctionRef.h"
 
 class WifiNetwork;
 class WifiUtil;
@@ -9,7 +9,7 @@ namespace platwifi {
 
 /// Is called after each field that was sent to the supplicant.
 /// @param accepted  whether the supplicant took the value
-using FieldObserver = std::function<void(const char* key, const char* value, bool accepted)>;
+using FieldObserver = FunctionRef<void(const char* key, const char* value, bool accepted)>;
 
 /// Writes the dirty fields of a network to the supplicant, one client command a field (two for the
 /// BSSID), and clears their flags, whether or not the supplicant takes the values. A field that has

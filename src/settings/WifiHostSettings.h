@@ -8,7 +8,6 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -29,7 +28,9 @@ enum class ListFlag;
 struct ListEntry;
 enum class StatusReader;
 bool refreshSettings() noexcept;
-using ValueSource = std::function<const char*(const char* key)>;
+template <typename Signature>
+class FunctionRef;
+using ValueSource = FunctionRef<const char*(const char* key)>;
 } // namespace platwifi
 
 /// The Wi-Fi state of the host: the supplicant's adapters, its configured networks, the current network
@@ -227,7 +228,7 @@ private:
     /// @return false when the supplicant did not answer or has no such network: what `read` has got, if it
     ///         was called, is incomplete
     bool readLate(const WifiNetwork& network,
-                  const std::function<void(const platwifi::ValueSource&)>& read);
+                  const platwifi::FunctionRef<void(const platwifi::ValueSource&)>& read);
 
     // The supplicant's state and the current network. Each function that changes one of them takes _sync.
 

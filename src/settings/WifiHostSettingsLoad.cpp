@@ -132,7 +132,7 @@ KeyState WifiHostSettings::loadFields(WifiNetwork& network, const ValueSource& v
 // The network was loaded some time ago: its id is confirmed in any case, because values of another network
 // must not get into it. KeyState stays as it was: without the late values it has ids confirmed too often.
 bool WifiHostSettings::readLate(const WifiNetwork& network,
-                                const std::function<void(const ValueSource&)>& read) {
+                                const FunctionRef<void(const ValueSource&)>& read) {
     WifiUtil* const util = WifiUtil::getInstance();
     if (!util || !adapterName())
         return false;

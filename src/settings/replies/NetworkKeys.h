@@ -1,9 +1,9 @@
 #pragma once
 
+#include "FunctionRef.h"
 #include "model/Field.h"
 
 #include <cstdint>
-#include <functional>
 
 class WifiNetwork;
 
@@ -13,7 +13,7 @@ class NetworkFields;
 
 /// Reads one field of a network from the supplicant. The value is valid until the next call; null when the
 /// field is not set, or the supplicant did not answer.
-using ValueSource = std::function<const char*(const char* key)>;
+using ValueSource = FunctionRef<const char*(const char* key)>;
 
 /// The fields of a network that were not read, because its security does not use them. There are none where
 /// every field is read.
