@@ -62,8 +62,7 @@ Rows measureJava() {
             "getter-text"),
         timeRow("`getPriority0` from Java, of the same network",
                 "a native that takes two texts, locks a recursive mutex and returns a number",
-                number.getter, number.bare, "The same, without a text for Java.",
-                "getter-number"),
+                number.getter, number.bare, "The same, without a text for Java.", "getter-number"),
     };
 }
 

@@ -49,10 +49,12 @@ Row afterMoreLoads() {
     subject.begin();
     const std::vector<double> often{subject.memory(ACCOUNTS[0].name)};
     return {"Private memory of a process after 1,000 more loads",
-            "the same process after the first", ratios(often, once),
+            "the same process after the first hundred",
+            ratios(often, once),
             medians(often, once, inKibibytes),
             "What a load leaves behind. The answers of the client to the first load are repeated.",
-            "more-loads", (often[0] - once[0]) / 1024};
+            "more-loads",
+            (often[0] - once[0]) / 1024};
 }
 
 } // namespace

@@ -216,7 +216,7 @@ private:
     // holds lockSettings(), or the gate where the settings are not loaded yet.
     bool initializeSettings();
     bool loadAdapterNames(WifiUtil& util);
-    bool loadNetworks(WifiUtil& util, const std::vector<std::string>& lines);
+    bool loadNetworks(WifiUtil& util, std::vector<std::string> lines);
     bool loadNetwork(WifiUtil& util, const char* line);
     platwifi::KeyState loadFields(WifiNetwork& network, const platwifi::ValueSource& valueOf);
     bool loadScan(WifiUtil& util);

@@ -19,6 +19,7 @@
 #include "watchdog/WifiHostSettingsWatchdog.h"
 
 #include <cstring>
+#include <utility>
 
 using namespace platwifi;
 
@@ -67,7 +68,9 @@ bool WifiHostSettings::initializeSettings() {
         return false;
     if (!networkList) // null after an earlier failure, until a reload
         return false;
-    return loadNetworks(*util, lines) && (lines.empty() || loadScan(*util)) && loadStatus(*util);
+    const bool hasNetworks = !lines.empty();
+    return loadNetworks(*util, std::move(lines)) && (!hasNetworks || loadScan(*util)) &&
+           loadStatus(*util);
 }
 
 bool WifiHostSettings::loadAdapterNames(WifiUtil& util) {
@@ -86,12 +89,13 @@ const char* WifiHostSettings::adapterName() const noexcept {
 }
 
 // The lines beyond the limit are noted for the ids alone: one of them may have the SSID of a network in
-// memory.
-bool WifiHostSettings::loadNetworks(WifiUtil& util, const Lines& lines) {
+// memory. The memory of a line goes to the networks after it.
+bool WifiHostSettings::loadNetworks(WifiUtil& util, Lines lines) {
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (const auto listed = listedSsid(lines[i]))
+        const std::string line = std::move(lines[i]);
+        if (const auto listed = listedSsid(line))
             networkIds->listed(*listed);
-        if (i < rule::MOST_NETWORKS() && !loadNetwork(util, lines[i].c_str()))
+        if (i < rule::MOST_NETWORKS() && !loadNetwork(util, line.c_str()))
             return false;
     }
     networkList->validateDatabase();
