@@ -1,6 +1,6 @@
 #include "Connection.h"
 
-#include "../Output.h"
+#include "linux/boot/Output.h"
 
 #include <dirent.h>
 #include <stdio.h>

@@ -1,6 +1,6 @@
 #include "Termination.h"
 
-#include "../Output.h"
+#include "linux/boot/Output.h"
 
 #include <signal.h>
 #include <unistd.h>

@@ -3,11 +3,11 @@
 // and starting. A command line that it does not know, and a supplicant that it cannot reach, it leaves to the
 // host's client, which finds the words for what is wrong.
 
-#include "../Output.h"
 #include "Connection.h"
 #include "HostClient.h"
 #include "Request.h"
 #include "Termination.h"
+#include "linux/boot/Output.h"
 
 #include <string.h>
 
