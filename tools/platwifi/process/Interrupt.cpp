@@ -1,5 +1,6 @@
 #include "process/Interrupt.h"
 
+#include "client/ControlConnection.h"
 #include "process/Children.h"
 #include "process/ResultFiles.h"
 #include "process/SharedBlock.h"
@@ -140,7 +141,7 @@ void Interrupt::endByForce(int signal) {
     const std::vector<std::string> results = resultsOf(m_owner);
     stop(m_owner);
     killChildrenOf(getpid());
-    removeSocketOf(getpid());
+    removeConnectionSockets();
     removeFiles(results);
     endBySignal(signal);
 }
