@@ -1,6 +1,6 @@
 #include "client/Listing.h"
 
-#include "checks/ProfileInUse.h"
+#include "client/ProfileInUse.h"
 #include "client/Question.h"
 #include "settings/replies/Columns.h"
 #include "settings/replies/ListParts.h"

@@ -1,10 +1,10 @@
 #include "client/Question.h"
 
-#include "checks/ControlSocket.h"
 #include "client/ClientReply.h"
-#include "client/ControlConnection.h"
+#include "client/ControlSocket.h"
 #include "platform/Deadline.h"
 #include "platform/Environment.h"
+#include "process/ControlConnection.h"
 
 #include <algorithm>
 #include <array>

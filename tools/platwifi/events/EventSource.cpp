@@ -1,9 +1,9 @@
 #include "events/EventSource.h"
 
 #include "checks/CheckFunctions.h"
-#include "checks/ControlSocket.h"
-#include "client/ControlConnection.h"
+#include "client/ControlSocket.h"
 #include "events/EventParser.h"
+#include "process/ControlConnection.h"
 #include "values/Failure.h"
 
 #include <array>

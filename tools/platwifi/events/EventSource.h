@@ -1,8 +1,8 @@
 #pragma once
 
-#include "client/ControlConnection.h"
 #include "events/ConnectionHistory.h"
 #include "events/Event.h"
+#include "process/ControlConnection.h"
 #include "process/Interrupt.h"
 
 #include <chrono>

@@ -1,7 +1,7 @@
 #include "process/Interrupt.h"
 
-#include "client/ControlConnection.h"
 #include "process/Children.h"
+#include "process/ControlConnection.h"
 #include "process/ResultFiles.h"
 #include "process/SharedBlock.h"
 #include "values/Failure.h"

@@ -1,4 +1,4 @@
-#include "client/ControlConnection.h"
+#include "process/ControlConnection.h"
 
 #include <atomic>
 #include <cstddef> // wpa_ctrl.h needs it
