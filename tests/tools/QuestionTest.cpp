@@ -78,9 +78,9 @@ TEST_F(AQuestion, IsAskedByTheProgramItself) {
 
 // A list whose reply has no room for a further network.
 std::string fullList() {
-    std::vector<std::string> ssids;
-    for (int id = 0; id < 64; ++id)
-        ssids.push_back(std::string(50, 'x') + std::to_string(id));
+    std::vector<std::string> ssids(64);
+    for (std::size_t id = 0; id < ssids.size(); ++id)
+        ssids[id] = std::string(50, 'x') + std::to_string(id);
     return test::LoadedHost::listed(ssids);
 }
 
