@@ -1,6 +1,6 @@
 #include "settings/replies/WholeLines.h"
 
-#include "settings/replies/Columns.h"
+#include "settings/replies/ListParts.h"
 #include "supplicant/ReplyLines.h"
 #include "supplicant/WifiUtil.h"
 
@@ -86,33 +86,6 @@ bool run(WifiUtil& util, Query query, const char* iface, Lines (*whole)(const Re
     return true;
 }
 
-// Whether the supplicant may have left out lines that did not fit into its reply, which begins with line `first`.
-bool mayLackLines(const Lines& lines, std::size_t first) {
-    constexpr std::size_t LONGEST_REPLY = 4096;
-    constexpr std::size_t LONGEST_LINE = 256; // an SSID takes 128 characters at most
-    std::size_t size = 0;
-    for (std::size_t i = first; i < lines.size(); ++i)
-        size += lines[i].size() + 1;
-    return size + LONGEST_LINE > LONGEST_REPLY;
-}
-
-int idIn(const std::string& line) {
-    return decimalOf(line.c_str());
-}
-
-// The lines behind the one given; none where the supplicant does not continue there.
-bool queryListAfter(WifiUtil& util, const char* iface, const std::string& line, Lines& lines) {
-    ReplyLines pieces(MOST_PIECES);
-    const int last = idIn(line);
-    if (!util.getNetworksAfter(iface, std::to_string(last).c_str(), pieces.data(),
-                               pieces.capacity(), &pieces.count))
-        return false;
-    lines = wholeListLines(pieces);
-    if (!lines.empty() && idIn(lines.front()) <= last)
-        lines.clear();
-    return true;
-}
-
 void limit(Lines& lines, std::size_t count) {
     if (lines.size() > count)
         lines.resize(count);
@@ -132,17 +105,19 @@ Lines wholeStatusLines(const ReplyLines& pieces) {
     return join(pieces, beginsStatusLine);
 }
 
-bool queryList(WifiUtil& util, const char* iface, Lines& lines) {
-    if (!run(util, &WifiUtil::getNetworkDatabaseSsids, iface, wholeListLines, lines))
+bool queryListPart(WifiUtil& util, const char* iface, const char* id, Lines& part) {
+    if (!id)
+        return run(util, &WifiUtil::getNetworkDatabaseSsids, iface, wholeListLines, part);
+    ReplyLines pieces(MOST_PIECES);
+    if (!util.getNetworksAfter(iface, id, pieces.data(), pieces.capacity(), &pieces.count))
         return false;
-    for (std::size_t first = 0; mayLackLines(lines, first);) {
-        Lines part;
-        if (!queryListAfter(util, iface, lines.back(), part))
-            return false;
-        first = lines.size();
-        lines.insert(lines.end(), part.begin(), part.end());
-    }
+    part = wholeListLines(pieces);
     return true;
+}
+
+bool queryList(WifiUtil& util, const char* iface, Lines& lines) {
+    return readList(
+        [&](const char* id, Lines& part) { return queryListPart(util, iface, id, part); }, lines);
 }
 
 bool queryScan(WifiUtil& util, const char* iface, Lines& lines) {

@@ -33,6 +33,9 @@ Lines wholeStatusLines(const ReplyLines& pieces);
 /// All configured networks, up to 255 pieces; under `modern` as many as there are.
 bool queryList(WifiUtil& util, const char* iface, Lines& lines);
 
+/// A part of it: the first one, or the lines behind the network with the id unless that is null (see readList()).
+bool queryListPart(WifiUtil& util, const char* iface, const char* id, Lines& part);
+
 /// The first access points of the last scan, 32 at most or as many as are asked for.
 bool queryScan(WifiUtil& util, const char* iface, Lines& lines);
 bool queryScan(WifiUtil& util, const char* iface, Lines& lines, std::size_t most);

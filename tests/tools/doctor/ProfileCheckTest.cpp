@@ -2,7 +2,7 @@
 
 #include "DoctorWorld.h"
 #include "Findings.h"
-#include "checks/ProfileInUse.h"
+#include "client/ProfileInUse.h"
 
 namespace {
 

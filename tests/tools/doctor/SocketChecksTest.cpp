@@ -2,7 +2,7 @@
 
 #include "DoctorWorld.h"
 #include "Findings.h"
-#include "checks/ControlSocket.h"
+#include "client/ControlSocket.h"
 
 #include <filesystem>
 #include <optional>

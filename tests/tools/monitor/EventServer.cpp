@@ -6,6 +6,16 @@
 #include <filesystem>
 
 namespace test {
+namespace {
+
+sockaddr_un ownAddress() {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::memcpy(address.sun_path, EventServer::PATH.data(), EventServer::PATH.size());
+    return address;
+}
+
+} // namespace
 
 const std::string EventServer::FOLDER = "/run/wpa_supplicant";
 const std::string EventServer::PATH = FOLDER + "/wlan0";
@@ -21,11 +31,18 @@ EventServer::~EventServer() {
 
 void EventServer::open() {
     m_socket = platform::FileDescriptor(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::memcpy(address.sun_path, PATH.data(), PATH.size());
+    const sockaddr_un address = ownAddress();
     const auto* const generic = reinterpret_cast<const sockaddr*>(&address);
     EXPECT_EQ(bind(m_socket.number(), generic, sizeof address), 0) << std::strerror(errno);
+}
+
+void EventServer::fillQueue() {
+    const platform::FileDescriptor sender(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    const sockaddr_un address = ownAddress();
+    const auto* const generic = reinterpret_cast<const sockaddr*>(&address);
+    while (sendto(sender.number(), "PING", 4, MSG_DONTWAIT, generic, sizeof address) > 0) {
+    }
+    EXPECT_EQ(errno, EAGAIN) << std::strerror(errno);
 }
 
 void EventServer::startAgain() {

@@ -27,6 +27,12 @@ public:
     /// Waits for a listener, and accepts it.
     void attach();
 
+    /// The path of the last sender's socket.
+    std::string sender() const { return m_listener.sun_path; }
+
+    /// Sends messages to this end until no further one has room.
+    static void fillQueue();
+
     /// Sends a reply, or a message with its level, to the last sender.
     void send(const std::string& text) const;
 

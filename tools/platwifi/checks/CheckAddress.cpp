@@ -1,10 +1,10 @@
 // Whether the connected interface has an address. The supplicant only makes the link.
 
 #include "checks/CheckFunctions.h"
-#include "checks/ControlSocket.h"
 #include "checks/Processes.h"
 #include "checks/SystemFiles.h"
 #include "client/ClientReply.h"
+#include "client/ControlSocket.h"
 
 #include <array>
 #include <fstream>

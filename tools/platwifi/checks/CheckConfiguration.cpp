@@ -1,8 +1,8 @@
 // The permissions of the supplicant's configuration file, which holds keys in plain text.
 
 #include "checks/CheckFunctions.h"
-#include "checks/ControlSocket.h"
 #include "checks/Processes.h"
+#include "client/ControlSocket.h"
 
 #include <sys/stat.h>
 

@@ -1,8 +1,8 @@
 // Whether the rules of a country, or those of the whole world, hide access points at 5 GHz.
 
 #include "checks/CheckFunctions.h"
-#include "checks/ControlSocket.h"
 #include "client/ClientReply.h"
+#include "client/ControlSocket.h"
 
 #include <algorithm>
 #include <sstream>

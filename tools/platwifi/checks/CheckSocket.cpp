@@ -1,7 +1,7 @@
 // The control socket, through which the client reaches the supplicant.
 
 #include "checks/CheckFunctions.h"
-#include "checks/ControlSocket.h"
+#include "client/ControlSocket.h"
 
 #include <cerrno>
 #include <cstring>

@@ -1,10 +1,10 @@
 // Whether the supplicant answers, which interfaces it serves, and whether it can save.
 
 #include "checks/CheckFunctions.h"
-#include "checks/ControlSocket.h"
-#include "checks/ProfileInUse.h"
 #include "client/ClientReply.h"
+#include "client/ControlSocket.h"
 #include "client/Listing.h"
+#include "client/ProfileInUse.h"
 #include "values/Nearest.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "checks/SystemFiles.h"
 
-#include "checks/ControlSocket.h"
+#include "client/ControlSocket.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,6 +1,9 @@
 #include "client/Listing.h"
 
+#include "client/ProfileInUse.h"
+#include "client/Question.h"
 #include "settings/replies/Columns.h"
+#include "settings/replies/ListParts.h"
 #include "settings/replies/PrintedSsid.h"
 #include "supplicant/Timestamp.h"
 #include "supplicant/WifiUtil.h"
@@ -8,6 +11,7 @@
 #include "values/Lines.h"
 
 #include <cstring>
+#include <sstream>
 
 namespace cli {
 namespace {
@@ -17,6 +21,32 @@ constexpr unsigned char MOST_ADAPTERS = 16;
 void removeStamp(std::string& line) {
     if (platwifi::isStamped(line.c_str()) && WifiUtil::ignoreTimestamp(line.data()))
         line.resize(std::strlen(line.c_str()));
+}
+
+// The lines behind the header; empty ones do not count.
+platwifi::Lines entriesOf(const std::string& reply) {
+    platwifi::Lines entries;
+    std::istringstream lines(reply);
+    std::string line;
+    std::getline(lines, line);
+    while (std::getline(lines, line)) {
+        if (!line.empty())
+            entries.push_back(line);
+    }
+    return entries;
+}
+
+// Without an id, or with one behind which the profile asks for more.
+bool askForPart(const std::string& iface, const char* id, platwifi::Lines& part) {
+    if (id && !inUse(platwifi::rule::LONG_LISTS_ARE_CONTINUED))
+        return true;
+    const std::string after = id ? std::string("LAST_ID=") + id : "";
+    if (const auto reply = askDirectly(iface, "list_networks", id ? after.c_str() : nullptr)) {
+        part = entriesOf(*reply);
+        return !reply->empty();
+    }
+    WifiUtil client;
+    return platwifi::queryListPart(client, iface.c_str(), id, part);
 }
 
 } // namespace
@@ -41,8 +71,8 @@ std::vector<std::string> listedAdapters() {
 
 platwifi::Lines listLines(const std::string& iface, bool& ok) {
     platwifi::Lines lines;
-    WifiUtil client;
-    ok = platwifi::queryList(client, iface.c_str(), lines);
+    ok = platwifi::readList(
+        [&](const char* id, platwifi::Lines& part) { return askForPart(iface, id, part); }, lines);
     return lines;
 }
 

@@ -12,7 +12,7 @@ namespace cli {
 /// The library's driver of the supplicant's client. @throws Failure if there is no memory for it
 WifiUtil& driver();
 
-// Lists that one command of the client prints each. They cost less than the settings, which need many
+// Lists that one question to the supplicant gives each. They cost less than the settings, which need many
 // commands, and do not attach to the shared memory. They do not need the library's driver either, whose first
 // use costs a command. Empty if the supplicant does not answer.
 

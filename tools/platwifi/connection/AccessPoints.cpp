@@ -2,6 +2,7 @@
 
 #include "client/ClientReply.h"
 #include "client/Listing.h"
+#include "client/Question.h"
 #include "connection/Connecting.h"
 #include "display/Text.h"
 #include "events/EventSource.h"
@@ -73,7 +74,7 @@ private:
     }
 
     [[noreturn]] void refuse() {
-        const std::string status = clientReply(m_host.iface(), "status", nullptr);
+        const std::string status = askSupplicant(m_host.iface(), "status", nullptr);
         if (status.find("wpa_state=INTERFACE_DISABLED") != std::string::npos)
             throw ConnectionFailure({Cause::ADAPTER_BLOCKED, "", ""}, m_ssid, WPA_STATE_UNKNOWN);
         throw Failure(printable(m_host.iface()) + " cannot be scanned; platwifi doctor tells more");

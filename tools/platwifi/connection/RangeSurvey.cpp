@@ -1,7 +1,7 @@
 #include "connection/RangeSurvey.h"
 
-#include "client/ClientReply.h"
 #include "client/Listing.h"
+#include "client/Question.h"
 #include "host/ScanResult.h"
 #include "host/Ssid.h"
 #include "settings/replies/WholeLines.h"
@@ -16,7 +16,7 @@ constexpr std::size_t MOST_LINES = 255; // that the driver returns
 // The information elements of an access point, in hexadecimal; "" if the supplicant does not report them.
 std::string elementsOf(const std::string& iface, const std::string& bssid) {
     const std::string key = "ie=";
-    std::istringstream reply(clientReply(iface, "bss", bssid.c_str()));
+    std::istringstream reply(askSupplicant(iface, "bss", bssid.c_str()));
     for (std::string line; std::getline(reply, line);) {
         if (line.rfind(key, 0) == 0)
             return line.substr(key.size());

@@ -1,13 +1,13 @@
 #include "events/EventSource.h"
 
 #include "checks/CheckFunctions.h"
-#include "checks/ControlSocket.h"
+#include "client/ControlSocket.h"
 #include "events/EventParser.h"
+#include "process/ControlConnection.h"
 #include "values/Failure.h"
 
 #include <array>
 #include <cstddef> // wpa_ctrl.h needs it
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <utility>
 
@@ -34,14 +34,6 @@ void throwIfBad(const Finding& finding) {
                   "; see that /tmp is writable and has room");
 }
 
-// No child process may inherit the connection.
-wpa_ctrl* open(const std::string& path) {
-    wpa_ctrl* const connection = wpa_ctrl_open(path.c_str());
-    if (connection)
-        fcntl(wpa_ctrl_get_fd(connection), F_SETFD, FD_CLOEXEC);
-    return connection;
-}
-
 milliseconds untilNextLook(EventSource::Clock::time_point deadline) {
     const auto now = EventSource::Clock::now();
     if (deadline <= now)
@@ -55,7 +47,7 @@ milliseconds untilNextLook(EventSource::Clock::time_point deadline) {
 
 EventSource::EventSource(std::string iface, const Interrupt& interrupt)
     : m_iface(std::move(iface)), m_path(controlSocketOf(m_iface)), m_interrupt(interrupt),
-      m_identity(identityOf(m_path)), m_connection(open(m_path), wpa_ctrl_close) {
+      m_identity(identityOf(m_path)), m_connection(openConnection(m_path)) {
     attach();
 }
 

@@ -2,15 +2,13 @@
 
 #include "events/ConnectionHistory.h"
 #include "events/Event.h"
+#include "process/ControlConnection.h"
 #include "process/Interrupt.h"
 
 #include <chrono>
-#include <memory>
 #include <optional>
 #include <string>
 #include <sys/types.h>
-
-struct wpa_ctrl;
 
 namespace cli {
 
@@ -63,7 +61,7 @@ private:
     const std::string m_path; ///< of the control socket
     const Interrupt& m_interrupt;
     const std::optional<Identity> m_identity;
-    const std::unique_ptr<wpa_ctrl, void (*)(wpa_ctrl*)> m_connection;
+    const ControlConnection m_connection;
     ConnectionHistory m_history;
 };
 

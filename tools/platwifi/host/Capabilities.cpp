@@ -1,6 +1,6 @@
 #include "host/Capabilities.h"
 
-#include "client/ClientReply.h"
+#include "client/Question.h"
 #include "display/Text.h"
 #include "host/BestSecurity.h"
 #include "model/Vocabulary.h"
@@ -23,7 +23,7 @@ bool hasWord(const std::string& list, const std::string& word) {
 
 // A supplicant that lists nothing may be able to do it.
 bool isCapable(const std::string& iface, const char* kind, const std::string& word) {
-    const std::string list = clientReply(iface, "get_capability", kind);
+    const std::string list = askSupplicant(iface, "get_capability", kind);
     return list.empty() || list == "FAIL" || hasWord(list, word);
 }
 
@@ -41,7 +41,7 @@ void requireEach(const std::string& iface, const char* kind, unsigned int set, W
 
 // FT-SAE is not listed, and needs SAE.
 unsigned int capableMethods(const std::string& iface) {
-    const std::string list = clientReply(iface, "get_capability", "key_mgmt");
+    const std::string list = askSupplicant(iface, "get_capability", "key_mgmt");
     if (list.empty() || list == "FAIL")
         return ALL_METHODS;
     const unsigned int listed = wholeWordsIn(list.c_str(), KEY_MANAGEMENT_WORDS);

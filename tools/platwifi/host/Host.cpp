@@ -1,9 +1,9 @@
 #include "host/Host.h"
 
 #include "checks/Checks.h"
-#include "checks/ControlSocket.h"
-#include "checks/ProfileInUse.h"
+#include "client/ControlSocket.h"
 #include "client/Listing.h"
+#include "client/ProfileInUse.h"
 #include "display/LoadProgress.h"
 #include "display/Text.h"
 #include "host/Ssid.h"

@@ -1,6 +1,6 @@
 #include "host/Link.h"
 
-#include "client/ClientReply.h"
+#include "client/Question.h"
 #include "host/Addresses.h"
 #include "host/ConnectedTime.h"
 #include "model/Vocabulary.h"
@@ -91,15 +91,15 @@ LinkState LinkState::of(const std::string& status, const std::string& signal) {
 }
 
 LinkState LinkState::briefly(const std::string& iface) {
-    return of(clientReply(iface, "status", nullptr), "");
+    return of(askSupplicant(iface, "status", nullptr), "");
 }
 
 LinkState LinkState::now(const std::string& iface) {
-    const std::string status = clientReply(iface, "status", nullptr);
+    const std::string status = askSupplicant(iface, "status", nullptr);
     LinkState state = of(status, "");
     if (!state.link)
         return state;
-    state = of(status, clientReply(iface, "signal_poll", nullptr));
+    state = of(status, askSupplicant(iface, "signal_poll", nullptr));
     state.link->ipv6 = globalIpv6(iface);
     state.link->connectedSeconds = connectedSeconds(iface, state.link->bssid);
     return state;

@@ -1,6 +1,7 @@
 #include "process/Interrupt.h"
 
 #include "process/Children.h"
+#include "process/ControlConnection.h"
 #include "process/ResultFiles.h"
 #include "process/SharedBlock.h"
 #include "values/Failure.h"
@@ -11,6 +12,7 @@
 #include <iostream>
 #include <poll.h>
 #include <pthread.h>
+#include <thread>
 #include <unistd.h>
 
 namespace cli {
@@ -54,7 +56,7 @@ Interrupt::Interrupt() : m_signals(watchedSignals()) {
     if (pipe2(m_pipe, O_CLOEXEC) != 0)
         throw Failure("no pipe can be made: too many files are open; close some, then try again");
     pthread_sigmask(SIG_BLOCK, &m_signals, nullptr);
-    m_watcher = std::thread([this] { watch(); });
+    startWatch();
 }
 
 Interrupt::~Interrupt() {
@@ -63,16 +65,28 @@ Interrupt::~Interrupt() {
     close(m_pipe[1]);
 }
 
+// Not a std::thread: its thread frees memory, for which the allocator first maps a region for that thread.
+void Interrupt::startWatch() {
+    const auto body = [](void* interrupt) -> void* {
+        static_cast<Interrupt*>(interrupt)->watch();
+        return nullptr;
+    };
+    if (pthread_create(&m_watcher, nullptr, body, this) != 0)
+        throw Failure("no thread can be started; end some programs, then try again");
+    m_isWatched = true;
+}
+
 void Interrupt::endWatch() {
-    if (!m_watcher.joinable())
+    if (!m_isWatched)
         return;
     {
         const std::lock_guard<std::mutex> guard(m_mutex);
         m_isEnding = true;
         m_changed.notify_all();
     }
-    pthread_kill(m_watcher.native_handle(), END_OF_WATCH);
-    m_watcher.join();
+    pthread_kill(m_watcher, END_OF_WATCH);
+    pthread_join(m_watcher, nullptr);
+    m_isWatched = false;
 }
 
 // Ctrl-C ends the client, too. This thread may notice that before the watching thread notices the signal.
@@ -140,7 +154,7 @@ void Interrupt::endByForce(int signal) {
     const std::vector<std::string> results = resultsOf(m_owner);
     stop(m_owner);
     killChildrenOf(getpid());
-    removeSocketOf(getpid());
+    removeConnectionSockets();
     removeFiles(results);
     endBySignal(signal);
 }

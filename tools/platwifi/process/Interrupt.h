@@ -8,7 +8,6 @@
 #include <csignal>
 #include <mutex>
 #include <pthread.h>
-#include <thread>
 
 namespace cli {
 
@@ -60,6 +59,7 @@ public:
     [[noreturn]] static void endBySignal(int signal);
 
 private:
+    void startWatch();
     void watch();
     void endWatch();
     void endByForce(int signal);
@@ -74,7 +74,8 @@ private:
     bool m_isEnding = false;     ///< the object is being destroyed
     unsigned int m_deferred = 0; ///< count of Deferred objects
     std::condition_variable m_changed;
-    std::thread m_watcher;
+    pthread_t m_watcher{}; ///< valid while m_isWatched
+    bool m_isWatched = false;
 };
 
 } // namespace cli

@@ -1,4 +1,4 @@
-#include "checks/ControlSocket.h"
+#include "client/ControlSocket.h"
 
 #include "platform/FileDescriptor.h"
 
