@@ -55,7 +55,7 @@ function(platwifi_ship library)
   target_link_options(${library} PRIVATE ${PLATWIFI_SHIPPED_LINK_OPTIONS})
 endfunction()
 
-# platwifi_is_quick(SOURCE...): sources of this folder whose speed matters more than their size.
-function(platwifi_is_quick)
-  set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS $<$<CONFIG:Release>:-O2>)
+# platwifi_is_quick(LEVEL SOURCE...): sources of this folder whose speed matters more than their size.
+function(platwifi_is_quick level)
+  set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS $<$<CONFIG:Release>:${level}>)
 endfunction()

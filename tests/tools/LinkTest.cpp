@@ -9,8 +9,10 @@
 #include <fstream>
 #include <functional>
 #include <gmock/gmock.h>
+#include <ifaddrs.h>
 #include <map>
 #include <netinet/in.h>
+#include <set>
 
 using namespace cli;
 
@@ -213,6 +215,28 @@ TEST(AnAddress, IsGlobalIfItReachesBeyondTheLink) {
         in6_addr address{};
         ASSERT_EQ(inet_pton(AF_INET6, row.text, &address), 1);
         EXPECT_EQ(isGlobal(address), row.isGlobal) << row.text;
+    }
+}
+
+// As getifaddrs() lists them on this machine.
+TEST(AnAddress, IsOneOfTheGlobalOnesOfItsInterface) {
+    std::map<std::string, std::set<std::string>> expected;
+    ifaddrs* list = nullptr;
+    ASSERT_EQ(getifaddrs(&list), 0);
+    for (const ifaddrs* entry = list; entry; entry = entry->ifa_next) {
+        std::set<std::string>& addresses = expected[entry->ifa_name];
+        if (!entry->ifa_addr || entry->ifa_addr->sa_family != AF_INET6)
+            continue;
+        const auto& address = reinterpret_cast<const sockaddr_in6*>(entry->ifa_addr)->sin6_addr;
+        char text[INET6_ADDRSTRLEN];
+        if (isGlobal(address))
+            addresses.insert(inet_ntop(AF_INET6, &address, text, sizeof text));
+    }
+    freeifaddrs(list);
+    for (auto& [iface, addresses] : expected) {
+        if (addresses.empty())
+            addresses.insert("");
+        EXPECT_EQ(addresses.count(globalIpv6(iface)), 1U) << iface << ' ' << globalIpv6(iface);
     }
 }
 

@@ -1,22 +1,23 @@
 #include "host/Addresses.h"
 
 #include <arpa/inet.h>
-#include <ifaddrs.h>
-#include <memory>
+#include <fstream>
 #include <netinet/in.h>
+#include <sstream>
 
 namespace cli {
 namespace {
 
-struct Free {
-    void operator()(ifaddrs* list) const { freeifaddrs(list); }
-};
+// A line an address: 32 hexadecimal digits, index, length of the prefix, scope, flags, interface. The system's
+// functions would ask for all interfaces and the addresses of both kinds.
+constexpr const char* ADDRESSES = "/proc/net/if_inet6";
 
-// The address, if it is one of IPv6.
-const in6_addr* ipv6Of(const ifaddrs& entry) {
-    if (!entry.ifa_addr || entry.ifa_addr->sa_family != AF_INET6)
-        return nullptr;
-    return &reinterpret_cast<const sockaddr_in6*>(entry.ifa_addr)->sin6_addr;
+// False where the text is no address of 32 digits.
+bool readDigits(const std::string& digits, in6_addr& address) {
+    std::string groups;
+    for (std::size_t i = 0; i < digits.size(); i += 4)
+        groups += (i == 0 ? "" : ":") + digits.substr(i, 4);
+    return inet_pton(AF_INET6, groups.c_str(), &address) == 1;
 }
 
 std::string textOf(const in6_addr& address) {
@@ -32,14 +33,19 @@ bool isGlobal(const in6_addr& address) {
 }
 
 std::string globalIpv6(const std::string& iface) {
-    ifaddrs* list = nullptr;
-    if (getifaddrs(&list) != 0)
-        return "";
-    const std::unique_ptr<ifaddrs, Free> owner(list);
-    for (const ifaddrs* entry = list; entry; entry = entry->ifa_next) {
-        const in6_addr* const address = ipv6Of(*entry);
-        if (address && isGlobal(*address) && iface == entry->ifa_name)
-            return textOf(*address);
+    std::ifstream file(ADDRESSES);
+    for (std::string line; std::getline(file, line);) {
+        std::istringstream words(line);
+        std::string digits;
+        std::string index;
+        std::string prefix;
+        std::string scope;
+        std::string flags;
+        std::string name;
+        in6_addr address{};
+        if (words >> digits >> index >> prefix >> scope >> flags >> name && name == iface &&
+            readDigits(digits, address) && isGlobal(address))
+            return textOf(address);
     }
     return "";
 }

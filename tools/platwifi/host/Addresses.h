@@ -6,7 +6,8 @@ struct in6_addr;
 
 namespace cli {
 
-/// The first IPv6 address of an interface that reaches beyond its link; "" for none.
+/// An IPv6 address of an interface that reaches beyond its link, the same one while the interface keeps its addresses;
+/// "" for none.
 std::string globalIpv6(const std::string& iface);
 
 /// Whether an address is neither of this host nor of its link alone.

@@ -11,6 +11,7 @@
 #include <netlink/genl/ctrl.h>
 #include <netlink/genl/genl.h>
 #include <netlink/netlink.h>
+#include <unistd.h>
 
 namespace cli {
 namespace {
@@ -80,10 +81,17 @@ void ask(nl_sock* socket, unsigned int iface, Search& search) {
         nl_recvmsgs_default(socket);
 }
 
+// An Ethernet interface has no stations, and without Wi-Fi the kernel would look for a module that knows the question.
+bool isWireless(const std::string& iface) {
+    return access(("/sys/class/net/" + iface + "/phy80211").c_str(), F_OK) == 0;
+}
+
 } // namespace
 
 std::optional<int> connectedSeconds(const std::string& iface, const std::string& bssid) {
     Search search;
+    if (!isWireless(iface))
+        return std::nullopt;
     const unsigned int index = if_nametoindex(iface.c_str());
     if (index == 0 || !ether_aton_r(bssid.c_str(), &search.bssid))
         return std::nullopt;
