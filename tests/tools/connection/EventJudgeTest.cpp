@@ -203,6 +203,11 @@ const Messages UNDECIDED[] = {
     // This host leaves.
     {ASSOCIATING, "CTRL-EVENT-DISCONNECTED bssid=02:00:00:00:01:00 reason=3 locally_generated=1",
      ASSOCIATING, "CTRL-EVENT-DISCONNECTED bssid=02:00:00:00:01:00 reason=3 locally_generated=1"},
+    // The access point has forgotten the connection before.
+    {AUTHENTICATING, "CTRL-EVENT-DISCONNECTED bssid=02:00:00:00:01:00 reason=6", ASSOCIATING,
+     "CTRL-EVENT-DISCONNECTED bssid=02:00:00:00:01:00 reason=6", SUSPENDED},
+    {ASSOCIATING, "CTRL-EVENT-DISCONNECTED bssid=02:00:00:00:01:00 reason=7", ASSOCIATING,
+     "CTRL-EVENT-DISCONNECTED bssid=02:00:00:00:01:00 reason=7"},
     // The supplicant tries again.
     {AUTHENTICATING, "Authentication with 02:00:00:00:01:00 timed out.", SUSPENDED},
     {SUSPENDED},

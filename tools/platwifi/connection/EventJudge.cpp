@@ -13,6 +13,9 @@ using Kind = Event::Kind;
 constexpr int CHALLENGE_FAILURE =
     15; // status code: the proof that this host knows the key is wrong
 constexpr int PROTECTION_REQUIRED = 31; // status code: management frame protection is required
+// Reason codes: frames of a connection that the access point has forgotten, such as the one before this attempt.
+constexpr int NOT_AUTHENTICATED = 6;
+constexpr int NOT_ASSOCIATED = 7;
 constexpr const char* SERVER_ALERT = "remote TLS alert: ";
 
 // What the supplicant checks in the certificate of a server, by its numbers.
@@ -118,8 +121,10 @@ void EventJudge::onAssociationRefused(const Event& event) {
     refuse(event, withCode("the access point refuses this device", "status", event));
 }
 
+// The supplicant begins anew where the access point has forgotten the connection.
 void EventJudge::onDisconnected(const Event& event) {
-    if (m_isOurs && event.isLocal == false)
+    const bool isForgotten = event.code == NOT_AUTHENTICATED || event.code == NOT_ASSOCIATED;
+    if (m_isOurs && event.isLocal == false && !isForgotten)
         refuse(event, withCode("the access point ends the connection", "reason", event));
 }
 
