@@ -15,6 +15,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr std::uint32_t MARK = 0x57694669;
+constexpr std::uint32_t LOCAL_MARK = MARK + 1;
 
 // On a 32-bit machine with a 64-bit time_t, the kernel has a separate call for such times.
 #ifdef SYS_futex_time64
@@ -23,10 +24,19 @@ constexpr long FUTEX = sizeof(time_t) > sizeof(long) ? SYS_futex_time64 : SYS_fu
 constexpr long FUTEX = SYS_futex;
 #endif
 
-// Without FUTEX_PRIVATE_FLAG, so that other processes can wake it.
-int waitWhile(std::uint32_t* word, std::uint32_t value, const timespec& deadline) noexcept {
-    while (syscall(FUTEX, word, FUTEX_WAIT_BITSET, value, &deadline, nullptr,
-                   FUTEX_BITSET_MATCH_ANY) != 0) {
+std::uint32_t valueOf(const std::uint32_t& mark) noexcept {
+    return __atomic_load_n(&mark, __ATOMIC_ACQUIRE);
+}
+
+// Another process can only be woken without FUTEX_PRIVATE_FLAG. The kernel then looks up the page of the word.
+int operationFor(int operation, const std::uint32_t& mark) noexcept {
+    return valueOf(mark) == LOCAL_MARK ? operation | FUTEX_PRIVATE_FLAG : operation;
+}
+
+int waitWhile(std::uint32_t* word, int operation, std::uint32_t value,
+              const timespec& deadline) noexcept {
+    while (syscall(FUTEX, word, operation, value, &deadline, nullptr, FUTEX_BITSET_MATCH_ANY) !=
+           0) {
         if (errno != EINTR)
             return errno == ETIMEDOUT ? ETIMEDOUT : 0;
     }
@@ -35,13 +45,13 @@ int waitWhile(std::uint32_t* word, std::uint32_t value, const timespec& deadline
 
 } // namespace
 
-void SharedCondition::setUp() noexcept {
+void SharedCondition::setUp(Reach reach) noexcept {
     sequence = 0;
-    __atomic_store_n(&mark, MARK, __ATOMIC_RELEASE);
+    __atomic_store_n(&mark, reach == Reach::THIS_PROCESS ? LOCAL_MARK : MARK, __ATOMIC_RELEASE);
 }
 
 bool SharedCondition::isSetUp() const noexcept {
-    return __atomic_load_n(&mark, __ATOMIC_ACQUIRE) == MARK;
+    return valueOf(mark) == MARK || valueOf(mark) == LOCAL_MARK;
 }
 
 void SharedCondition::end() noexcept {
@@ -52,7 +62,8 @@ int SharedCondition::wait(PlatformMutex& mutex, Clock::time_point deadline) noex
     const std::uint32_t seen = __atomic_load_n(&sequence, __ATOMIC_ACQUIRE);
     if (const int error = PlatformUtil::unlockMutex(&mutex))
         return error;
-    const int result = waitWhile(&sequence, seen, toTimespec(deadline));
+    const int result =
+        waitWhile(&sequence, operationFor(FUTEX_WAIT_BITSET, mark), seen, toTimespec(deadline));
     const int error = PlatformUtil::lockMutexUntil(&mutex, Clock::now() + RELOCK_LIMIT);
     if (error == ETIMEDOUT)
         return EBUSY;
@@ -61,7 +72,7 @@ int SharedCondition::wait(PlatformMutex& mutex, Clock::time_point deadline) noex
 
 void SharedCondition::broadcast() noexcept {
     __atomic_fetch_add(&sequence, 1U, __ATOMIC_RELEASE);
-    syscall(FUTEX, &sequence, FUTEX_WAKE, INT_MAX, nullptr, nullptr, 0);
+    syscall(FUTEX, &sequence, operationFor(FUTEX_WAKE, mark), INT_MAX, nullptr, nullptr, 0);
 }
 
 } // namespace platform

@@ -13,7 +13,7 @@ class LocalSignal {
 public:
     LocalSignal() noexcept {
         PlatformUtil::createMutex(&m_mutex);
-        m_condition.setUp();
+        m_condition.setUp(platform::SharedCondition::Reach::THIS_PROCESS);
     }
 
     /// No thread may be in check().

@@ -8,7 +8,7 @@
 
 namespace platform {
 
-/// A condition variable in memory that processes share. It is plain data without a constructor or
+/// A condition variable in memory that processes share, or that threads of one process use. It is plain data without a constructor or
 /// destructor, and may be mapped at another address in each process.
 ///
 /// It has no list of the threads that wait. So a process that is killed while it waits leaves
@@ -24,8 +24,13 @@ struct PLATFORM_API SharedCondition {
     std::uint32_t sequence; ///< changes with every broadcast
     std::uint32_t mark;     ///< a fixed value between setUp() and end()
 
+    enum class Reach {
+        ALL_PROCESSES,
+        THIS_PROCESS ///< the kernel finds its threads in half the time
+    };
+
     /// Sets up the memory as a condition. No other thread or process may see the memory yet.
-    void setUp() noexcept;
+    void setUp(Reach reach = Reach::ALL_PROCESSES) noexcept;
 
     /// Whether setUp() was called on this memory and end() was not. Works on any memory, at any
     /// time.
@@ -43,7 +48,7 @@ struct PLATFORM_API SharedCondition {
     ///         ETIMEDOUT and EOWNERDEAD, and after no other error.
     int wait(PlatformMutex& mutex, std::chrono::steady_clock::time_point deadline) noexcept;
 
-    /// Wakes all threads that wait, in all processes. Change the data that the condition is about
+    /// Wakes all threads that wait, in all processes that it reaches. Change the data that the condition is about
     /// while you hold the mutex; otherwise a thread that is about to wait misses the change.
     void broadcast() noexcept;
 };
