@@ -123,7 +123,8 @@ void EventJudge::onAssociationRefused(const Event& event) {
 
 // The supplicant begins anew where the access point has forgotten the connection.
 void EventJudge::onDisconnected(const Event& event) {
-    const bool isForgotten = event.code == NOT_AUTHENTICATED || event.code == NOT_ASSOCIATED;
+    const int reason = event.code.value_or(0);
+    const bool isForgotten = reason == NOT_AUTHENTICATED || reason == NOT_ASSOCIATED;
     if (m_isOurs && event.isLocal == false && !isForgotten)
         refuse(event, withCode("the access point ends the connection", "reason", event));
 }
