@@ -1,7 +1,7 @@
 # platwifi_jar(TARGET OUTPUT jar SOURCES source... [JARS jar...] [MANIFEST line...]): compiles and
 # packs one jar, again only when a source or a jar it compiles against has changed. The same sources
 # give the same bytes. A jar to compile against is a file or another such TARGET; the target's
-# property JAR_FILE tells its jar.
+# property JAR_FILE tells its jar, JAR_SOURCES its sources.
 find_program(JAVAC javac REQUIRED)
 find_program(JAR jar REQUIRED)
 # A compiler that runs for a second gains nothing from optimising itself.
@@ -30,5 +30,5 @@ function(platwifi_jar target)
     DEPENDS ${arg_SOURCES} ${arg_JARS} ${jars} ${manifest} ${PACK_JAR}
     COMMENT "Building ${arg_OUTPUT}" VERBATIM)
   add_custom_target(${target} ALL DEPENDS ${arg_OUTPUT})
-  set_target_properties(${target} PROPERTIES JAR_FILE ${arg_OUTPUT})
+  set_target_properties(${target} PROPERTIES JAR_FILE ${arg_OUTPUT} JAR_SOURCES "${arg_SOURCES}")
 endfunction()

@@ -1,7 +1,8 @@
-# Packs the directory CLASSES with MANIFEST into the jar OUTPUT. A jar holds times and an order of
+# Packs the files in the directory CLASSES with MANIFEST into the jar OUTPUT. A jar holds times and an order of
 # its files: both are fixed here, so that a rebuild gives the same bytes.
 configure_file(${MANIFEST} ${CLASSES}/META-INF/MANIFEST.MF COPYONLY)
-file(GLOB_RECURSE files RELATIVE ${CLASSES} ${CLASSES}/*.class)
+file(GLOB_RECURSE files RELATIVE ${CLASSES} ${CLASSES}/*)
+list(REMOVE_ITEM files META-INF/MANIFEST.MF) # must be the first
 list(SORT files)
 list(PREPEND files META-INF/MANIFEST.MF)
 
