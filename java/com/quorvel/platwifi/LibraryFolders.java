@@ -12,7 +12,13 @@ final class LibraryFolders {
 
     static List<File> all() {
         List<File> folders = searchPath();
-        // Not every virtual machine has these in its default search path.
+        folders.addAll(installed());
+        return folders;
+    }
+
+    /** Those of a system, which not every virtual machine has in its default search path. */
+    static List<File> installed() {
+        List<File> folders = new ArrayList<>();
         folders.add(new File("/usr/local/lib"));
         Architecture.ofHost().ifPresent(
                 host -> folders.add(new File("/usr/lib/" + host.multiarch)));
