@@ -21,7 +21,7 @@ final class CacheFolders {
         if (cache.isAbsolute()) // else there is no home
             folders.add(cache.resolve("platwifi"));
         folders.add(Path.of(System.getProperty("java.io.tmpdir"),
-                "platwifi-" + PrivateFolder.ownUser()));
+                "platwifi-" + PrivateFolder.ownUser()).toAbsolutePath());
         return folders;
     }
 

@@ -91,11 +91,10 @@ enum NativeLibrary {
         }
     }
 
-    /** The library in a folder: as a build names it, or as it is installed. */
+    /** The library in a folder: as it is installed, else as a build names it. */
     private File in(File folder) {
-        File built = new File(folder, fileName());
         File installed = new File(folder, installedName);
-        return installed.isFile() && !built.isFile() ? installed : built;
+        return installed.isFile() ? installed : new File(folder, fileName());
     }
 
     private UnsatisfiedLinkError explained(String what, String explanation, Throwable cause) {

@@ -33,8 +33,9 @@ final class PrivateFolder {
      * @throws IOException if it cannot be made, or is there and not private
      */
     static void create(Path folder) throws IOException {
-        if (!Files.isDirectory(folder.getParent()))
-            Files.createDirectories(folder.getParent(), MODE);
+        Path parent = folder.getParent();
+        if (parent != null && !Files.isDirectory(parent))
+            Files.createDirectories(parent, MODE);
         try {
             Files.createDirectory(folder, MODE);
         } catch (FileAlreadyExistsException there) {

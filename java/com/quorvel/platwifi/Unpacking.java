@@ -3,11 +3,11 @@ package com.quorvel.platwifi;
 import java.io.IOException;
 import java.io.InputStream;
 import java.io.UncheckedIOException;
+import java.nio.file.DirectoryIteratorException;
 import java.nio.file.DirectoryStream;
 import java.nio.file.FileSystemException;
 import java.nio.file.Files;
 import java.nio.file.LinkOption;
-import java.nio.file.NoSuchFileException;
 import java.nio.file.Path;
 import java.nio.file.StandardCopyOption;
 import java.nio.file.attribute.PosixFilePermission;
@@ -47,10 +47,17 @@ final class Unpacking {
             unpackTo(folder);
         PrivateFolder.require(folder);
         for (NativeIndex.Entry entry : index.entries())
-            if (!isIntact(folder, entry))
-                replace(folder, entry);
+            ensure(folder, entry);
         requireProgramsIn(folder);
         return folder;
+    }
+
+    private void ensure(Path folder, NativeIndex.Entry entry) throws IOException {
+        if (isIntact(folder, entry))
+            return;
+        replace(folder, entry);
+        if (!isIntact(folder, entry))
+            throw new IOException("this jar is damaged: its " + entry.path + " is not as it was built");
     }
 
     private void unpackTo(Path folder) throws IOException {
@@ -128,14 +135,14 @@ final class Unpacking {
     }
 
     // Of processes that were killed while they unpacked.
-    private void removeLeftovers() throws IOException {
+    private void removeLeftovers() {
         Instant old = Instant.now().minus(LONGEST_UNPACKING);
         try (DirectoryStream<Path> leftovers = Files.newDirectoryStream(root, TEMPORARY + "*")) {
             for (Path leftover : leftovers)
                 if (Files.getLastModifiedTime(leftover).toInstant().isBefore(old))
                     remove(leftover);
-        } catch (NoSuchFileException | UncheckedIOException removed) {
-            // Another process removes them at the same time.
+        } catch (IOException | DirectoryIteratorException removed) {
+            // Another process removes them at the same time; else they stay until the next time.
         }
     }
 
@@ -145,6 +152,8 @@ final class Unpacking {
         try (Stream<Path> files = Files.walk(folder)) {
             for (Path file : (Iterable<Path>) files.sorted(Comparator.reverseOrder())::iterator)
                 Files.deleteIfExists(file);
+        } catch (UncheckedIOException cause) {
+            throw cause.getCause();
         }
     }
 }

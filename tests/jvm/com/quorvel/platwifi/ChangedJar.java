@@ -46,6 +46,12 @@ final class ChangedJar {
         return this;
     }
 
+    /** Changes a native file, but not its line in the index. */
+    ChangedJar damage(String path) {
+        content(path)[0] ^= 1;
+        return this;
+    }
+
     /** Has a link in place of a native file. */
     ChangedJar link(String path, String target) {
         changeIndex("file .* " + path, "link " + target + " " + path);

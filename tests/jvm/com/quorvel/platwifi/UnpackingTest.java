@@ -297,6 +297,14 @@ class UnpackingTest {
         assertEquals(List.of(), OneJar.children(program.cache()));
     }
 
+    @Test
+    void aDamagedJarIsNotUsed() throws Exception {
+        String output = program.with(new ChangedJar(OneJar.JAR).damage(LISTER))
+                .run("-Dplatwifi.cache=" + program.cache());
+        assertEquals(PROBLEM + program.cache() + ": this jar is damaged: its " + LISTER
+                + " is not as it was built" + ADVICE, output);
+    }
+
     private void assertRepaired(Path file, byte[] original) throws Exception {
         Object damaged = Files.exists(file) ? Files.getAttribute(file, "unix:ino") : null;
         String output = program.run();
