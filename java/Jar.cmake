@@ -8,6 +8,12 @@ find_program(JAR jar REQUIRED)
 set(JAVAC_START -J-XX:TieredStopAtLevel=1 -J-XX:+UseSerialGC CACHE INTERNAL "How javac starts")
 set(PACK_JAR ${CMAKE_CURRENT_LIST_DIR}/PackJar.cmake CACHE INTERNAL "Packs compiled classes")
 
+# The jar tool writes the file of a module anew, with the time of day unless an option gives another, from Java 17 on.
+execute_process(COMMAND ${JAR} --help OUTPUT_VARIABLE help)
+if(help MATCHES "--date=")
+  set(JAR_DATE --date=2000-01-01T00:00:00Z CACHE INTERNAL "An option of the jar tool")
+endif()
+
 function(platwifi_jar target)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "OUTPUT" "SOURCES;JARS;MANIFEST")
   list(TRANSFORM arg_SOURCES PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
@@ -25,7 +31,7 @@ function(platwifi_jar target)
     COMMAND ${CMAKE_COMMAND} -E rm -rf ${classes}
     COMMAND ${JAVAC} ${JAVAC_START} --release 11 -encoding UTF-8 -proc:none -Xlint:all -Werror -g
       -d ${classes} -cp "$<JOIN:${jars},:>" ${arg_SOURCES}
-    COMMAND ${CMAKE_COMMAND} -D JAR=${JAR} -D CLASSES=${classes} -D MANIFEST=${manifest}
+    COMMAND ${CMAKE_COMMAND} -D JAR=${JAR} -D DATE=${JAR_DATE} -D CLASSES=${classes} -D MANIFEST=${manifest}
       -D OUTPUT=${arg_OUTPUT} -P ${PACK_JAR}
     DEPENDS ${arg_SOURCES} ${arg_JARS} ${jars} ${manifest} ${PACK_JAR}
     COMMENT "Building ${arg_OUTPUT}" VERBATIM)

@@ -9,6 +9,7 @@ list(PREPEND files META-INF/MANIFEST.MF)
 set(ENV{TZ} UTC)
 cmake_path(GET OUTPUT PARENT_PATH directory)
 file(MAKE_DIRECTORY ${directory})
-foreach(command "touch;-d;2000-01-01 00:00:00;${files}" "${JAR};cMf;${OUTPUT};${files}")
+foreach(command "touch;-d;2000-01-01 00:00:00;${files}" 
+    "${JAR};--create;--no-manifest;--file=${OUTPUT};${DATE};${files}")
   execute_process(COMMAND ${command} WORKING_DIRECTORY ${CLASSES} COMMAND_ERROR_IS_FATAL ANY)
 endforeach()

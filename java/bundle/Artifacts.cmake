@@ -18,8 +18,8 @@ function(pack folder suffix)
     COMMAND ${CMAKE_COMMAND} -E rm -rf ${PARTS}/${folder}
     COMMAND ${CMAKE_COMMAND} -E make_directory ${PARTS}/${folder}
     ${ARGN}
-    COMMAND ${CMAKE_COMMAND} -D JAR=${JAR} -D CLASSES=${PARTS}/${folder} -D MANIFEST=${PARTS}/manifest
-      -D OUTPUT=${ARTIFACT}${suffix}.jar -P ${PACK_JAR}
+    COMMAND ${CMAKE_COMMAND} -D JAR=${JAR} -D DATE=${JAR_DATE} -D CLASSES=${PARTS}/${folder}
+      -D MANIFEST=${PARTS}/manifest -D OUTPUT=${ARTIFACT}${suffix}.jar -P ${PACK_JAR}
     DEPENDS ${PARTS}/manifest ${PACK_JAR} ${JAVA_SOURCES}
     COMMENT "Building ${ARTIFACT}${suffix}.jar" VERBATIM)
 endfunction()

@@ -19,6 +19,9 @@ expect_artifacts() {
         fail "the Maven repository has other files: $artifacts"
     expect_entry -sources com/quorvel/platwifi/BWifiPlatformService.java
     expect_entry -javadoc com.quorvel.platwifi/com/quorvel/platwifi/BWifiPlatformService.html
+    if TZ=UTC jar tvf "$one_jar" | grep -v ' Jan 01 00:00:00 UTC 2000 '; then
+        fail "$one_jar depends on the time of its build (see above)"
+    fi
     if grep -iq '<licen[cs]e' "$repository/$artifact.pom"; then fail "the POM names a licence"; fi
 }
 

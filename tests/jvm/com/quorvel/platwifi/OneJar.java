@@ -18,20 +18,23 @@ import java.util.stream.Stream;
 final class OneJar {
     static final Path JAR = Path.of(System.getProperty("platwifi.jar"));
 
-    private static final String PROBE =
-            OneJarProbe.class.getName().replace('.', '/') + ".class";
-
     private final Path folder;
     private Path jar = JAR;
 
     OneJar(Path folder) throws IOException {
         this.folder = folder;
-        Path probe = folder.resolve("probe").resolve(PROBE);
-        Files.createDirectories(probe.getParent());
         Files.createDirectory(home());
         Files.createDirectory(temporary());
-        try (InputStream content = OneJarProbe.class.getResourceAsStream("/" + PROBE)) {
-            Files.copy(content, probe);
+        copy(OneJarProbe.class);
+        copy(UnpackingProbe.class);
+    }
+
+    private void copy(Class<?> program) throws IOException {
+        String name = program.getName().replace('.', '/') + ".class";
+        Path file = folder.resolve("probe").resolve(name);
+        Files.createDirectories(file.getParent());
+        try (InputStream content = program.getResourceAsStream("/" + name)) {
+            Files.copy(content, file);
         }
     }
 
@@ -54,10 +57,15 @@ final class OneJar {
     }
 
     Process start(Map<String, String> environment, String... options) throws IOException {
+        return start(OneJarProbe.class, environment, options);
+    }
+
+    Process start(Class<?> program, Map<String, String> environment, String... options)
+            throws IOException {
         List<String> arguments = new ArrayList<>(List.of("-cp", jar + ":" + folder.resolve("probe"),
                 "-Duser.home=" + home(), "-Djava.io.tmpdir=" + temporary()));
         arguments.addAll(Arrays.asList(options));
-        arguments.add(OneJarProbe.class.getName());
+        arguments.add(program.getName());
         ProcessBuilder command = JavaProgram.command(folder, arguments);
         command.environment().clear();
         command.environment().putAll(environment);

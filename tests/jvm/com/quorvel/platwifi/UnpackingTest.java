@@ -168,6 +168,14 @@ class UnpackingTest {
     }
 
     @Test
+    void onlyOneOfManyIsFirst() throws Exception {
+        Process process = program.start(UnpackingProbe.class, Map.of(),
+                "-Dplatwifi.cache=" + program.cache());
+        assertEquals("", JavaProgram.output(process));
+        assertTrue(isComplete(OneJar.unpackedIn(program.cache())));
+    }
+
+    @Test
     void aProgramMayBeKilledWhileItUnpacks() throws Exception {
         Process killed = program.start(Map.of());
         while (killed.isAlive() && !Files.exists(program.cache()))
