@@ -1,5 +1,5 @@
-# Adds the native files in each of FOLDERS to JAR_FOLDER, below META-INF/native/linux-ARCHITECTURE, with an index
-# that the Java class NativeIndex reads.
+# Adds the native files in each of FOLDERS, separated by colons, to JAR_FOLDER, below
+# META-INF/native/linux-ARCHITECTURE, with an index that the Java class NativeIndex reads.
 foreach(pair 3e00=x86_64 b700=aarch64 2800=armhf 0014=ppc)
   string(REPLACE = ";" pair ${pair})
   list(GET pair 0 machine)
@@ -45,6 +45,7 @@ function(index_line variable folder file)
   set(${variable} "${line} ${file}\n" PARENT_SCOPE)
 endfunction()
 
+string(REPLACE : ";" FOLDERS ${FOLDERS})
 foreach(folder ${FOLDERS})
   file(GLOB libraries ${folder}/lib/libplatwifi.so.*.*.*)
   if(NOT libraries)

@@ -32,10 +32,12 @@ foreach(folder ${PLATWIFI_JAR_NATIVES})
   list(APPEND NATIVE_FILES ${files})
 endforeach()
 
+list(JOIN FOLDERS : folders)
+
 get_target_property(classes platwifi-jar JAR_FILE)
 pack(bundle ""
   COMMAND ${CMAKE_COMMAND} -E chdir ${PARTS}/bundle ${JAR} xf ${classes}
-  COMMAND ${CMAKE_COMMAND} "-DFOLDERS=${FOLDERS}" -D JAR_FOLDER=${PARTS}/bundle
+  COMMAND ${CMAKE_COMMAND} -D FOLDERS=${folders} -D JAR_FOLDER=${PARTS}/bundle
     -D READELF=${CMAKE_READELF} -P ${CMAKE_CURRENT_LIST_DIR}/AddNatives.cmake
   DEPENDS platwifi-jar ${classes} ${NATIVE_FILES} ${CMAKE_CURRENT_LIST_DIR}/AddNatives.cmake)
 

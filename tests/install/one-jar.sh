@@ -3,6 +3,7 @@
 
 repository=$work/repository
 maven=$work/maven
+found=$'supplicant runs: yes\nfirst adapter: none'
 
 install_maven_repository() {
     quietly cmake --install "$build" --prefix "$repository" --component maven
@@ -45,6 +46,25 @@ expect_native_files_of_their_own() {
     done < <(find "$work/natives" -type f ! -name index)
 }
 
+add_natives() {
+    cmake -D FOLDERS="$1" -D JAR_FOLDER="$work/two" -D READELF=readelf -P "$checkout/java/bundle/AddNatives.cmake"
+}
+
+# The files of a build for another machine, which its libraries' headers tell.
+expect_two_architectures() {
+    local other=$work/other
+    cp -r "$build/natives" "$other"
+    printf '\x28\0' | dd of="$other/lib/libplatwifi.so.$version" bs=1 seek=18 conv=notrunc status=none
+    quietly add_natives "$build/natives:$other"
+    [ "$(find "$work/two/META-INF/native" -name index | wc -l)" = 2 ] ||
+        fail "the files for two architectures have not two indexes"
+    grep -q ' lib/platwifi/libplatform.so$' "$work/two/META-INF/native/linux-armhf/index" ||
+        fail "the index for another architecture lacks a file"
+    if add_natives "$other:$other" 2>"$work/log" || ! grep -q 'is for linux-armhf, and so is' "$work/log"; then
+        fail "two folders for one architecture are taken"
+    fi
+}
+
 # With the plugins that Debian has, and no network.
 build_by_maven() {
     cp -r "$here/maven" "$maven"
@@ -67,12 +87,34 @@ as_module() {
 
 # The process lister of the jar finds the namesake; its client finds no supplicant.
 expect_the_unpacked_boot_programs() {
-    local lister found=$'supplicant runs: yes\nfirst adapter: none'
+    local lister
     expect 1 "$found" by_one_jar
     expect 1 "$found" as_module
     lister=$(find "$work/cache" -path "*/$boot/pidin")
     [ -x "$lister" ] || fail "no process lister was unpacked"
     if [ -s "$work/log" ]; then fail "the program printed: $(cat "$work/log")"; fi
+}
+
+# The permission to load native code as docs/installing.md gives it, where Java refuses all else.
+expect_permissions() {
+    local java denied=(--illegal-native-access=deny -Dplatwifi.cache="$work/cache")
+    java=$("$here/../jvm/jdks" | while read -r one; do
+        if [ "$("$here/../jvm/jdks" --version "$one")" -ge 24 ]; then echo "$one"; fi
+    done | tail -n 1)
+    if [ -z "$java" ]; then
+        echo "skipped: no Java 24 or later, which can refuse to load native code"
+        return
+    fi
+    printf '%s: %s\n' Main-Class First Class-Path "file:$one_jar" Enable-Native-Access ALL-UNNAMED >"$work/manifest"
+    jar cfm "$work/first.jar" "$work/manifest" -C "$work/classes" First.class
+
+    expect 1 "$found" env -i "$java" "${denied[@]}" -jar "$work/first.jar"
+    expect 1 "$found" env -i "$java" "${denied[@]}" --enable-native-access=ALL-UNNAMED \
+        -cp "$one_jar:$work/classes" First
+    expect 1 "$found" env -i "$java" "${denied[@]}" --enable-native-access=com.quorvel.platwifi \
+        -p "$one_jar" --add-modules com.quorvel.platwifi -cp "$work/classes" First
+    expect 1 "" env -i "$java" "${denied[@]}" -cp "$one_jar:$work/classes" First
+    grep -q IllegalCallerException "$work/log" || fail "native code was loaded without permission"
 }
 
 expect_module() {
