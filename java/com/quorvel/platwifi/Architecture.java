@@ -32,6 +32,7 @@ enum Architecture {
 
     /** The operating system and the architecture of this virtual machine, for a message. */
     static String hostName() {
-        return System.getProperty("os.name").toLowerCase(Locale.ROOT) + "-" + System.getProperty("os.arch");
+        String system = System.getProperty("os.name").toLowerCase(Locale.ROOT);
+        return system + "-" + System.getProperty("os.arch");
     }
 }

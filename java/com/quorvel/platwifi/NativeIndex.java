@@ -71,9 +71,10 @@ final class NativeIndex {
     }
 
     private static InputStream resource(String architecture, String path) throws IOException {
-        InputStream stream = NativeIndex.class.getResourceAsStream(ROOT + architecture + "/" + path);
+        String name = ROOT + architecture + "/" + path;
+        InputStream stream = NativeIndex.class.getResourceAsStream(name);
         if (stream == null)
-            throw new IOException("this jar lacks " + architecture + "/" + path);
+            throw new IOException("this jar lacks " + name);
         return stream;
     }
 

@@ -67,7 +67,8 @@ enum NativeLibrary {
             }
         }
         if (!NativeIndex.isInJar())
-            throw explained(cause.getMessage() + NativeIndex.described(), lookedFor(places()), cause);
+            throw explained(cause.getMessage() + NativeIndex.described(), lookedFor(places()),
+                    cause);
         loadFromJar();
     }
 

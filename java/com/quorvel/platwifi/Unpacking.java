@@ -57,7 +57,8 @@ final class Unpacking {
             return;
         replace(folder, entry);
         if (!isIntact(folder, entry))
-            throw new IOException("this jar is damaged: its " + entry.path + " is not as it was built");
+            throw new IOException(
+                    "this jar is damaged: its " + entry.path + " is not as it was built");
     }
 
     private void unpackTo(Path folder) throws IOException {

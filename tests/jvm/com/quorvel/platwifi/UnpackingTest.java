@@ -318,7 +318,8 @@ class UnpackingTest {
         String output = program.run();
         assertEquals(OneJar.loadedFrom(program.cache()), output);
         assertEquals(Sha256.of(original), Sha256.of(Files.readAllBytes(file)));
-        assertNotEquals(damaged, Files.getAttribute(file, "unix:ino")); // a user of the old one keeps it
+        // A program that uses the old file keeps it.
+        assertNotEquals(damaged, Files.getAttribute(file, "unix:ino"));
     }
 
     private boolean isComplete(Path unpacked) {
