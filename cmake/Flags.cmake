@@ -1,7 +1,7 @@
 # Every target of ours links platwifi_flags: one place for warnings and sanitizers.
 add_library(platwifi_flags INTERFACE)
 target_compile_options(platwifi_flags INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<BOOL:${PLATWIFI_WERROR}>:-Werror>)
 
 if(PLATWIFI_SANITIZE)
   target_compile_options(platwifi_flags INTERFACE
