@@ -29,6 +29,7 @@ foreach(header
     model/WifiNetwork.h
     model/WifiNetworkList.h
     model/WifiTypes.h
+    platwifi.h
     settings/WifiHostSettings.h
     supplicant/WifiUtil.h
     watchdog/LocalSignal.h
