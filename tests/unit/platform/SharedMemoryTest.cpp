@@ -1,97 +1,15 @@
-#include "platform/SharedMemory.h"
+#include "NamedSharedMemory.h"
 
-#include "platform/FileDescriptor.h"
 #include "support/Files.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
-#include <cstring>
-#include <fcntl.h>
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <sys/file.h>
-#include <sys/mount.h>
 #include <sys/resource.h>
-#include <vector>
 
 namespace {
 
-using platform::FileDescriptor;
-using platform::SharedMemory;
-using Joining = SharedMemory::Joining;
-using Result = SharedMemory::Result;
-
-constexpr const char* NAME = "/shared_memory_test";
-constexpr const char* PATH = "/dev/shm/shared_memory_test";
-constexpr std::size_t SIZE = 64;
-constexpr char FILLED = 'x';
-
-bool isZero(const char* bytes) {
-    return std::all_of(bytes, bytes + SIZE, [](char byte) { return byte == '\0'; });
-}
-
-bool fill(void* memory) {
-    auto* const bytes = static_cast<char*>(memory);
-    const bool wasZero = isZero(bytes);
-    std::memset(bytes, FILLED, SIZE);
-    return wasZero;
-}
-
-bool isFilled(const void* memory) {
-    return *static_cast<const char*>(memory) == FILLED;
-}
-
-Joining joinFilled(void* memory) {
-    return isFilled(memory) ? Joining::JOINED : Joining::REFUSED;
-}
-
-bool never(void*) {
-    return false;
-}
-
-Result attach(SharedMemory& memory) {
-    return memory.attach(NAME, SIZE, fill, joinFilled);
-}
-
-void put(const std::string& bytes) {
-    std::ofstream(PATH, std::ios::binary) << bytes;
-}
-
-std::vector<std::string> names() {
-    std::vector<std::string> all;
-    for (const auto& entry : std::filesystem::directory_iterator("/dev/shm"))
-        all.push_back("/" + entry.path().filename().string());
-    return all;
-}
-
-/// Mounts an empty file system over a folder during its lifetime.
-class Mounted {
-public:
-    Mounted(const char* place, const char* options)
-        : m_place(place), m_done(mount("test", place, "tmpfs", 0, options) == 0) {}
-    ~Mounted() {
-        if (m_done)
-            umount2(m_place, MNT_DETACH);
-    }
-    Mounted(const Mounted&) = delete;
-    Mounted& operator=(const Mounted&) = delete;
-    explicit operator bool() const { return m_done; }
-
-private:
-    const char* m_place;
-    bool m_done;
-};
-
-class NamedSharedMemory : public testing::Test {
-protected:
-    void TearDown() override { SharedMemory::unlink(NAME); }
-
-    SharedMemory memory;
-};
+using namespace test;
 
 TEST_F(NamedSharedMemory, IsCreatedByTheFirstAndJoinedByTheNext) {
     SharedMemory first;
@@ -178,55 +96,6 @@ TEST_F(NamedSharedMemory, FailsWithoutAName) {
     EXPECT_EQ(memory.attach("", SIZE, fill, joinFilled), Result::FAILED);
     EXPECT_TRUE(names().empty());
     SharedMemory::unlink(nullptr);
-}
-
-// Another process makes its object while this one checks a stale one, or while it makes its own.
-TEST_F(NamedSharedMemory, IsJoinedWhenAnotherProcessReplacesItFirst) {
-    static SharedMemory first;
-    put(std::string(SIZE, 's'));
-    const auto join = [](void* found) {
-        if (isFilled(found))
-            return Joining::JOINED;
-        SharedMemory::unlink(NAME);
-        EXPECT_EQ(attach(first), Result::CREATED);
-        return Joining::REFUSED;
-    };
-    EXPECT_EQ(memory.attach(NAME, SIZE, fill, join), Result::JOINED);
-    first.detach();
-}
-
-TEST_F(NamedSharedMemory, IsJoinedWhenAnotherProcessMakesItFirst) {
-    static SharedMemory first;
-    const auto setUp = [](void* own) {
-        EXPECT_EQ(attach(first), Result::CREATED);
-        return fill(own);
-    };
-    EXPECT_EQ(memory.attach(NAME, SIZE, setUp, joinFilled), Result::JOINED);
-    EXPECT_EQ(names(), std::vector<std::string>{NAME});
-    first.detach();
-}
-
-TEST_F(NamedSharedMemory, IsWaitedForALimitedTimeWhenTheFolderIsLocked) {
-    put("stale");
-    FileDescriptor folder(open("/dev/shm", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    ASSERT_EQ(flock(folder.number(), LOCK_EX), 0);
-    EXPECT_EQ(attach(memory), Result::FAILED);
-    EXPECT_EQ(memory.data(), nullptr);
-    folder.close();
-    EXPECT_EQ(attach(memory), Result::CREATED);
-}
-
-TEST_F(NamedSharedMemory, IsMadeWithoutProcToo) {
-    SharedMemory first;
-    SharedMemory second;
-    {
-        const Mounted noProc("/proc", "");
-        if (!noProc)
-            GTEST_SKIP() << "nothing can be mounted here";
-        EXPECT_EQ(attach(first), Result::CREATED);
-        EXPECT_EQ(attach(second), Result::JOINED);
-    }
-    EXPECT_EQ(names(), std::vector<std::string>{NAME}) << "no temporary name is left";
 }
 
 TEST_F(NamedSharedMemory, IsNotMappedWhenTheFileSystemIsFull) {
