@@ -135,6 +135,7 @@ TEST_F(EarlyChildPause, LastsWhileTheChildRuns) {
 
 TEST(ChildPause, IsPlainSleepWithoutNotificationOfTheChildsEnd) {
     Child child;
+    child.end();
     bool refused = false;
     std::thread([&] {
         refused = test::refuseChildEndNotification();
@@ -142,7 +143,6 @@ TEST(ChildPause, IsPlainSleepWithoutNotificationOfTheChildsEnd) {
             return;
         EXPECT_FALSE(test::systemNotifiesOfChildEnd());
         ChildPause pause(child.id());
-        child.end();
         EXPECT_GE(lengthOf(pause, 30), milliseconds(30));
     }).join();
     if (!refused)

@@ -18,19 +18,19 @@ using platform::SharedMemory;
 using Joining = SharedMemory::Joining;
 using Result = SharedMemory::Result;
 
-constexpr const char* NAME = "/shared_memory_test";
-constexpr const char* PATH = "/dev/shm/shared_memory_test";
-constexpr std::size_t SIZE = 64;
+constexpr const char* OBJECT = "/shared_memory_test";
+constexpr const char* OBJECT_PATH = "/dev/shm/shared_memory_test";
+constexpr std::size_t OBJECT_SIZE = 64;
 constexpr char FILLED = 'x';
 
 inline bool isZero(const char* bytes) {
-    return std::all_of(bytes, bytes + SIZE, [](char byte) { return byte == '\0'; });
+    return std::all_of(bytes, bytes + OBJECT_SIZE, [](char byte) { return byte == '\0'; });
 }
 
 inline bool fill(void* memory) {
     auto* const bytes = static_cast<char*>(memory);
     const bool wasZero = isZero(bytes);
-    std::memset(bytes, FILLED, SIZE);
+    std::memset(bytes, FILLED, OBJECT_SIZE);
     return wasZero;
 }
 
@@ -47,11 +47,11 @@ inline bool never(void*) {
 }
 
 inline Result attach(SharedMemory& memory) {
-    return memory.attach(NAME, SIZE, fill, joinFilled);
+    return memory.attach(OBJECT, OBJECT_SIZE, fill, joinFilled);
 }
 
 inline void put(const std::string& bytes) {
-    std::ofstream(PATH, std::ios::binary) << bytes;
+    std::ofstream(OBJECT_PATH, std::ios::binary) << bytes;
 }
 
 inline std::vector<std::string> names() {
@@ -81,7 +81,7 @@ private:
 
 class NamedSharedMemory : public testing::Test {
 protected:
-    void TearDown() override { SharedMemory::unlink(NAME); }
+    void TearDown() override { SharedMemory::unlink(OBJECT); }
 
     SharedMemory memory;
 };

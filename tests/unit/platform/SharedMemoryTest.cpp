@@ -18,16 +18,16 @@ TEST_F(NamedSharedMemory, IsCreatedByTheFirstAndJoinedByTheNext) {
     EXPECT_EQ(attach(first), Result::CREATED);
     EXPECT_EQ(attach(second), Result::JOINED);
     ASSERT_NE(second.data(), first.data());
-    static_cast<char*>(first.data())[SIZE - 1] = 'y';
-    EXPECT_EQ(static_cast<char*>(second.data())[SIZE - 1], 'y');
-    EXPECT_EQ(names(), std::vector<std::string>{NAME});
+    static_cast<char*>(first.data())[OBJECT_SIZE - 1] = 'y';
+    EXPECT_EQ(static_cast<char*>(second.data())[OBJECT_SIZE - 1], 'y');
+    EXPECT_EQ(names(), std::vector<std::string>{OBJECT});
 }
 
 TEST_F(NamedSharedMemory, IsKeptByItsUsersWithoutItsName) {
     SharedMemory first;
     SharedMemory second;
     attach(first);
-    SharedMemory::unlink(NAME);
+    SharedMemory::unlink(OBJECT);
     EXPECT_EQ(attach(second), Result::CREATED);
     *static_cast<char*>(first.data()) = 'y';
     EXPECT_EQ(*static_cast<char*>(second.data()), FILLED);
@@ -35,9 +35,9 @@ TEST_F(NamedSharedMemory, IsKeptByItsUsersWithoutItsName) {
 
 TEST_F(NamedSharedMemory, IsUnmappedWhenItIsDetached) {
     const auto isMapped = [] {
-        return test::contentOf("/proc/self/maps").find(PATH) != std::string::npos;
+        return test::contentOf("/proc/self/maps").find(OBJECT_PATH) != std::string::npos;
     };
-    put(std::string(SIZE, FILLED));
+    put(std::string(OBJECT_SIZE, FILLED));
     EXPECT_EQ(attach(memory), Result::JOINED);
     EXPECT_TRUE(isMapped());
     memory.detach();
@@ -62,7 +62,8 @@ TEST_F(NamedSharedMemory, IsReplacedWhenJoiningIsRefused) {
 }
 
 TEST_F(NamedSharedMemory, IsReplacedWhenItsSizeDiffers) {
-    for (const std::size_t size : {std::size_t{0}, SIZE - 1, SIZE + 1, std::size_t{100000}}) {
+    for (const std::size_t size :
+         {std::size_t{0}, OBJECT_SIZE - 1, OBJECT_SIZE + 1, std::size_t{100000}}) {
         put(std::string(size, FILLED));
         EXPECT_EQ(attach(memory), Result::CREATED) << size;
         memory.detach();
@@ -70,30 +71,30 @@ TEST_F(NamedSharedMemory, IsReplacedWhenItsSizeDiffers) {
 }
 
 TEST_F(NamedSharedMemory, GetsNoNameWhenItCannotBeSetUp) {
-    EXPECT_EQ(memory.attach(NAME, SIZE, never, joinFilled), Result::FAILED);
+    EXPECT_EQ(memory.attach(OBJECT, OBJECT_SIZE, never, joinFilled), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
     EXPECT_TRUE(names().empty());
 }
 
 TEST_F(NamedSharedMemory, FailsIfAFolderHasTheName) {
-    std::filesystem::create_directory(PATH);
+    std::filesystem::create_directory(OBJECT_PATH);
     EXPECT_EQ(attach(memory), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
-    EXPECT_TRUE(std::filesystem::remove(PATH)) << "it still exists";
+    EXPECT_TRUE(std::filesystem::remove(OBJECT_PATH)) << "it still exists";
 }
 
 TEST_F(NamedSharedMemory, KeepsItsNameWhenItIsBusy) {
-    put(std::string(SIZE, FILLED));
+    put(std::string(OBJECT_SIZE, FILLED));
     const auto busy = [](void*) { return Joining::BUSY; };
-    EXPECT_EQ(memory.attach(NAME, SIZE, fill, busy), Result::FAILED);
+    EXPECT_EQ(memory.attach(OBJECT, OBJECT_SIZE, fill, busy), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
-    EXPECT_EQ(names(), std::vector<std::string>{NAME});
+    EXPECT_EQ(names(), std::vector<std::string>{OBJECT});
     EXPECT_EQ(attach(memory), Result::JOINED) << "once it is free";
 }
 
 TEST_F(NamedSharedMemory, FailsWithoutAName) {
-    EXPECT_EQ(memory.attach(nullptr, SIZE, fill, joinFilled), Result::FAILED);
-    EXPECT_EQ(memory.attach("", SIZE, fill, joinFilled), Result::FAILED);
+    EXPECT_EQ(memory.attach(nullptr, OBJECT_SIZE, fill, joinFilled), Result::FAILED);
+    EXPECT_EQ(memory.attach("", OBJECT_SIZE, fill, joinFilled), Result::FAILED);
     EXPECT_TRUE(names().empty());
     SharedMemory::unlink(nullptr);
 }
@@ -105,7 +106,8 @@ TEST_F(NamedSharedMemory, IsNotMappedWhenTheFileSystemIsFull) {
     std::ofstream("/dev/shm/all", std::ios::binary) << std::string(1 << 20, 'a');
     EXPECT_EQ(attach(memory), Result::FAILED);
     put("");
-    std::filesystem::resize_file(PATH, SIZE); // a sparse file, for which there is no space either
+    std::filesystem::resize_file(OBJECT_PATH,
+                                 OBJECT_SIZE); // a sparse file, for which there is no space either
     EXPECT_EQ(attach(memory), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
 }
@@ -119,8 +121,8 @@ TEST_F(NamedSharedMemory, IsNotMappedWhenTheFileSystemIsFull) {
     setrlimit(RLIMIT_FSIZE, &limits);
     bool asExpected = true;
     for (int i = 0; i < 2; ++i) {
-        asExpected = SharedMemory().attach(NAME, size, accept, join) == expected && asExpected;
-        SharedMemory::unlink(NAME);
+        asExpected = SharedMemory().attach(OBJECT, size, accept, join) == expected && asExpected;
+        SharedMemory::unlink(OBJECT);
     }
     std::_Exit(asExpected ? 0 : 1);
 }
@@ -132,7 +134,7 @@ TEST(SharedMemoryLimitDeathTest, IsReportedOnceAndDoesNotEndTheProcess) {
         attachTwice(LARGE - 1, LARGE, Result::FAILED), testing::ExitedWithCode(0),
         testing::MatchesRegex("platwifi: the shared memory object /shared_memory_test cannot be "
                               "used .File too large.;[^\n]*\n"));
-    EXPECT_EXIT(attachTwice(0, SIZE, Result::FAILED), testing::ExitedWithCode(0),
+    EXPECT_EXIT(attachTwice(0, OBJECT_SIZE, Result::FAILED), testing::ExitedWithCode(0),
                 testing::IsEmpty())
         << "the line itself may not be written";
     EXPECT_EXIT(attachTwice(LARGE, LARGE, Result::CREATED), testing::ExitedWithCode(0),
@@ -151,7 +153,7 @@ TEST(SharedMemoryLimitDeathTest, DoesNotStopAProcessFromJoining) {
         std::_Exit(attach(memory) == Result::JOINED ? 0 : 1);
     };
     EXPECT_EXIT(join(), testing::ExitedWithCode(0), testing::IsEmpty());
-    SharedMemory::unlink(NAME);
+    SharedMemory::unlink(OBJECT);
 }
 
 } // namespace

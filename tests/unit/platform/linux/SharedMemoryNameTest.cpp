@@ -14,15 +14,15 @@ using platform::FileDescriptor;
 // Another process makes its object while this one checks a stale one, or while it makes its own.
 TEST_F(NamedSharedMemory, IsJoinedWhenAnotherProcessReplacesItFirst) {
     static SharedMemory first;
-    put(std::string(SIZE, 's'));
+    put(std::string(OBJECT_SIZE, 's'));
     const auto join = [](void* found) {
         if (isFilled(found))
             return Joining::JOINED;
-        SharedMemory::unlink(NAME);
+        SharedMemory::unlink(OBJECT);
         EXPECT_EQ(attach(first), Result::CREATED);
         return Joining::REFUSED;
     };
-    EXPECT_EQ(memory.attach(NAME, SIZE, fill, join), Result::JOINED);
+    EXPECT_EQ(memory.attach(OBJECT, OBJECT_SIZE, fill, join), Result::JOINED);
     first.detach();
 }
 
@@ -32,8 +32,8 @@ TEST_F(NamedSharedMemory, IsJoinedWhenAnotherProcessMakesItFirst) {
         EXPECT_EQ(attach(first), Result::CREATED);
         return fill(own);
     };
-    EXPECT_EQ(memory.attach(NAME, SIZE, setUp, joinFilled), Result::JOINED);
-    EXPECT_EQ(names(), std::vector<std::string>{NAME});
+    EXPECT_EQ(memory.attach(OBJECT, OBJECT_SIZE, setUp, joinFilled), Result::JOINED);
+    EXPECT_EQ(names(), std::vector<std::string>{OBJECT});
     first.detach();
 }
 
@@ -57,7 +57,7 @@ TEST_F(NamedSharedMemory, IsMadeWithoutProcToo) {
         EXPECT_EQ(attach(first), Result::CREATED);
         EXPECT_EQ(attach(second), Result::JOINED);
     }
-    EXPECT_EQ(names(), std::vector<std::string>{NAME}) << "no temporary name is left";
+    EXPECT_EQ(names(), std::vector<std::string>{OBJECT}) << "no temporary name is left";
 }
 
 } // namespace

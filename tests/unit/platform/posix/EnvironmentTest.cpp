@@ -7,24 +7,24 @@
 
 namespace {
 
-constexpr const char* NAME = "PLATFORM_TEST_WORD";
+constexpr const char* VARIABLE = "PLATFORM_TEST_WORD";
 constexpr unsigned int OTHER = 65534;
 
 class Environment : public testing::Test {
 protected:
-    Environment() { setenv(NAME, "word", 1); }
-    ~Environment() override { unsetenv(NAME); }
+    Environment() { setenv(VARIABLE, "word", 1); }
+    ~Environment() override { unsetenv(VARIABLE); }
 };
 
 TEST_F(Environment, HasItsVariables) {
-    EXPECT_STREQ(platform::environmentValue(NAME), "word");
+    EXPECT_STREQ(platform::environmentValue(VARIABLE), "word");
     EXPECT_EQ(platform::environmentValue("PLATFORM_NO_SUCH_WORD"), nullptr);
 }
 
 // A process with other effective ids, as a set-user-ID or set-group-ID program has.
 void becomeOther(bool user, bool group) {
     const bool done = (!group || setegid(OTHER) == 0) && (!user || seteuid(OTHER) == 0);
-    std::_Exit(done && platform::environmentValue(NAME) == nullptr ? 0 : 1);
+    std::_Exit(done && platform::environmentValue(VARIABLE) == nullptr ? 0 : 1);
 }
 
 TEST_F(Environment, HasNoneForAProgramWithOtherRightsThanItsCaller) {

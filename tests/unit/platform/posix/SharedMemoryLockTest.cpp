@@ -18,12 +18,12 @@ using namespace test;
 
 // Of this user, whose id ends the name.
 std::string lockPath() {
-    return std::string("/tmp") + NAME + "." + std::to_string(geteuid()) + ".lock";
+    return std::string("/tmp") + OBJECT + "." + std::to_string(geteuid()) + ".lock";
 }
 
 bool fillSlowly(void* memory) {
     auto* const bytes = static_cast<char*>(memory);
-    for (std::size_t i = 0; i < SIZE; ++i) {
+    for (std::size_t i = 0; i < OBJECT_SIZE; ++i) {
         bytes[i] = FILLED;
         PlatformUtil::sleep(1);
     }
@@ -33,12 +33,13 @@ bool fillSlowly(void* memory) {
 // Any other byte than FILLED is of an unfinished object.
 Joining joinFinished(void* memory) {
     auto* const bytes = static_cast<char*>(memory);
-    const bool isFinished = std::count(bytes, bytes + SIZE, FILLED) == static_cast<long>(SIZE);
+    const bool isFinished =
+        std::count(bytes, bytes + OBJECT_SIZE, FILLED) == static_cast<long>(OBJECT_SIZE);
     return isFinished ? Joining::JOINED : Joining::REFUSED;
 }
 
 Result attachSlowly(SharedMemory& memory) {
-    return memory.attach(NAME, SIZE, fillSlowly, joinFinished);
+    return memory.attach(OBJECT, OBJECT_SIZE, fillSlowly, joinFinished);
 }
 
 TEST_F(NamedSharedMemory, IsMadeByOneProcessAndJoinedByAllOthers) {
@@ -59,7 +60,7 @@ TEST_F(NamedSharedMemory, IsMadeByOneProcessAndJoinedByAllOthers) {
         }
         EXPECT_EQ(created, 1);
         EXPECT_EQ(joined, 7);
-        SharedMemory::unlink(NAME);
+        SharedMemory::unlink(OBJECT);
     }
 }
 
@@ -90,13 +91,14 @@ TEST_F(NamedSharedMemory, IsNotSeenUnfinishedWhenItsMakerIsStoppedOrKilled) {
     progress = ends[1];
     const pid_t maker = fork();
     if (maker == 0)
-        _exit(static_cast<int>(SharedMemory().attach(NAME, SIZE, fillForEver, joinFilled)));
+        _exit(
+            static_cast<int>(SharedMemory().attach(OBJECT, OBJECT_SIZE, fillForEver, joinFilled)));
     char byte = ' ';
     EXPECT_EQ(read(ends[0], &byte, 1), 1);
     EXPECT_EQ(attach(memory), Result::FAILED) << "after a second";
     kill(maker, SIGKILL);
     waitpid(maker, nullptr, 0);
-    EXPECT_EQ(memory.attach(NAME, SIZE, fill, joinFinished), Result::CREATED);
+    EXPECT_EQ(memory.attach(OBJECT, OBJECT_SIZE, fill, joinFinished), Result::CREATED);
     close(ends[0]);
     close(ends[1]);
 }

@@ -15,7 +15,7 @@ TEST(UnnamedFile, IsAnEmptyPrivateFileWithoutAName) {
     struct stat status {};
     ASSERT_EQ(fstat(file.number(), &status), 0);
     EXPECT_EQ(status.st_size, 0);
-    EXPECT_EQ(status.st_nlink, 0U);
+    EXPECT_EQ(status.st_nlink, nlink_t{0});
     EXPECT_EQ(status.st_mode & 07777, mode_t{0600});
     for (const auto& entry : std::filesystem::directory_iterator("/tmp"))
         EXPECT_EQ(entry.path().string().find("platwifi_reply"), std::string::npos);
