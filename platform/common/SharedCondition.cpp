@@ -16,9 +16,8 @@ std::uint32_t valueOf(const std::uint32_t& mark) noexcept {
     return __atomic_load_n(&mark, __ATOMIC_ACQUIRE);
 }
 
-SharedCondition::Reach reachOf(const std::uint32_t& mark) noexcept {
-    return valueOf(mark) == LOCAL_MARK ? SharedCondition::Reach::THIS_PROCESS
-                                       : SharedCondition::Reach::ALL_PROCESSES;
+bool isLocal(const std::uint32_t& mark) noexcept {
+    return valueOf(mark) == LOCAL_MARK;
 }
 
 } // namespace
@@ -40,7 +39,7 @@ int SharedCondition::wait(PlatformMutex& mutex, Clock::time_point deadline) noex
     const std::uint32_t seen = __atomic_load_n(&sequence, __ATOMIC_ACQUIRE);
     if (const int error = PlatformUtil::unlockMutex(&mutex))
         return error;
-    const int result = awaitChange(sequence, seen, reachOf(mark), deadline);
+    const int result = awaitChange(sequence, seen, isLocal(mark), deadline);
     const int error = PlatformUtil::lockMutexUntil(&mutex, Clock::now() + RELOCK_LIMIT);
     if (error == ETIMEDOUT)
         return EBUSY;
@@ -49,7 +48,7 @@ int SharedCondition::wait(PlatformMutex& mutex, Clock::time_point deadline) noex
 
 void SharedCondition::broadcast() noexcept {
     __atomic_fetch_add(&sequence, 1U, __ATOMIC_RELEASE);
-    wakeWaiters(sequence, reachOf(mark));
+    wakeWaiters(sequence, isLocal(mark));
 }
 
 } // namespace platform

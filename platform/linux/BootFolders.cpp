@@ -59,7 +59,7 @@ std::vector<std::string> bootFolders() {
     const std::string folder = ownFolder();
     if (folder.empty())
         return {};
-    return {fromFolder(folder, BUILD_TREE), fromFolder(folder, INSTALLED_BOOT_DIR)};
+    return {fromFolder(folder, BUILD_TREE), fromFolder(folder, BOOT_FROM_HERE)};
 }
 
 } // namespace platform

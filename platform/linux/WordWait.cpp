@@ -20,16 +20,15 @@ constexpr long FUTEX = SYS_futex;
 #endif
 
 // Another process can only be woken without FUTEX_PRIVATE_FLAG. The kernel then looks up the page of the word.
-int operationFor(int operation, SharedCondition::Reach reach) noexcept {
-    return reach == SharedCondition::Reach::THIS_PROCESS ? operation | FUTEX_PRIVATE_FLAG
-                                                         : operation;
+int operationFor(int operation, bool isLocal) noexcept {
+    return isLocal ? operation | FUTEX_PRIVATE_FLAG : operation;
 }
 
 } // namespace
 
-int awaitChange(std::uint32_t& word, std::uint32_t value, SharedCondition::Reach reach,
+int awaitChange(std::uint32_t& word, std::uint32_t value, bool isLocal,
                 std::chrono::steady_clock::time_point deadline) noexcept {
-    const int operation = operationFor(FUTEX_WAIT_BITSET, reach);
+    const int operation = operationFor(FUTEX_WAIT_BITSET, isLocal);
     const timespec time = toTimespec(deadline);
     while (syscall(FUTEX, &word, operation, value, &time, nullptr, FUTEX_BITSET_MATCH_ANY) != 0) {
         if (errno != EINTR)
@@ -38,8 +37,8 @@ int awaitChange(std::uint32_t& word, std::uint32_t value, SharedCondition::Reach
     return 0;
 }
 
-void wakeWaiters(std::uint32_t& word, SharedCondition::Reach reach) noexcept {
-    syscall(FUTEX, &word, operationFor(FUTEX_WAKE, reach), INT_MAX, nullptr, nullptr, 0);
+void wakeWaiters(std::uint32_t& word, bool isLocal) noexcept {
+    syscall(FUTEX, &word, operationFor(FUTEX_WAKE, isLocal), INT_MAX, nullptr, nullptr, 0);
 }
 
 } // namespace platform
