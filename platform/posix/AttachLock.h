@@ -4,15 +4,12 @@
 
 namespace platform {
 
-/// The right to look at the name of a shared memory object and to give it to a new one. Of the processes of a user,
-/// one has it at a time, for as long as the object exists. It ends with the process, however that ends.
-///
-/// It is a record lock on a file in /tmp, which stays: another process may be about to lock it.
+/// The right to look at the names of shared memory objects, and to give one to a new object. Of the processes of a
+/// user, one has it at a time, for as long as this object exists. It ends with the process, however that ends.
 class AttachLock {
 public:
     /// Waits for a second at most.
-    /// @param name  of the object, beginning with "/"
-    explicit AttachLock(const char* name) noexcept;
+    AttachLock() noexcept;
     ~AttachLock();
 
     AttachLock(const AttachLock&) = delete;
@@ -22,11 +19,11 @@ public:
     int error() const noexcept { return m_error; }
 
 private:
-    int take(const char* name);
+    int take() noexcept;
 
     bool m_isFirst = false; ///< of the threads of this process
-    FileDescriptor m_file;
-    int m_error = 0;
+    FileDescriptor m_folder;
+    int m_error;
 };
 
 } // namespace platform

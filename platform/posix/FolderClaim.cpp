@@ -1,13 +1,24 @@
 #include "platform/FolderClaim.h"
 
+#include "LockFile.h"
+
+#include <fcntl.h>
+
 namespace platform {
 
-// POSIX has no lock that belongs to an object: its record locks end as soon as any thread of the process closes the
-// folder. Without claims no result file is removed as a leftover.
-FolderClaim::FolderClaim(const char* /*folder*/, std::uint32_t /*number*/) noexcept {}
+FolderClaim::FolderClaim(const char* folder, std::uint32_t number) noexcept
+    : m_folder(open(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC)), m_number(number) {
+    if (m_folder.isOpen() && !lockfile::claim(m_folder.number(), number))
+        m_folder.close();
+}
 
-bool FolderClaim::sees(std::uint32_t /*number*/) const noexcept {
-    return false;
+FolderClaim::~FolderClaim() {
+    if (isHeld())
+        lockfile::release(m_folder.number(), m_number);
+}
+
+bool FolderClaim::sees(std::uint32_t number) const noexcept {
+    return isHeld() && lockfile::isClaimed(m_folder.number(), number, number == m_number ? 1 : 0);
 }
 
 } // namespace platform

@@ -68,7 +68,7 @@ SharedMemory::Result SharedMemory::attach(const char* name, std::size_t size, Se
     detach();
     if (!name || *name != '/')
         return fail(name, EINVAL);
-    const AttachLock lock(name);
+    const AttachLock lock;
     if (lock.error() != 0)
         return fail(name, lock.error());
     const ShmEntry entry = lookUp(name);

@@ -5,6 +5,7 @@ set(SYSTEM_SOURCES
   Descriptors.cpp
   Environment.cpp
   FolderClaim.cpp
+  LockFile.cpp
   PlatformUtil.cpp
   SharedMemory.cpp
   ThreadNumber.cpp

@@ -16,9 +16,9 @@ namespace {
 
 using namespace test;
 
-// Of this user, whose id ends the name.
+// Of this user, whose id is in the name.
 std::string lockPath() {
-    return std::string("/tmp") + OBJECT + "." + std::to_string(geteuid()) + ".lock";
+    return "/tmp/platwifi." + std::to_string(geteuid()) + ".lock";
 }
 
 bool fillSlowly(void* memory) {
