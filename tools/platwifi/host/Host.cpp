@@ -75,7 +75,7 @@ void requireName(const std::string& iface) {
 } // namespace
 
 Host::~Host() {
-    if (m_settings)
+    if (m_settings && m_context.isWholeProcess)
         leaveSharedBlock();
 }
 
@@ -163,6 +163,9 @@ void Host::load() {
         m_settings = WifiHostSettings::getInstance(nullptr);
     }
     m_context.interrupt.check();
+    if (m_settings && !m_context.isWholeProcess && networks().size() != count)
+        m_settings
+            ->refreshAllSettings(); // another program has changed them, or an earlier load has failed
     if (!m_settings || (count > 0 && networks().empty()))
         throwNotLoaded();
 }
