@@ -7,7 +7,8 @@ import java.util.List;
 /** Finds and loads a library of the native half, and says where it looked when there is none. */
 enum NativeLibrary {
     WIFI("platwifi", "the Wi-Fi library"),
-    CRYPT("platwificrypt", "the library of the cipher");
+    CRYPT("platwificrypt", "the library of the cipher"),
+    EVENTS("platwifievents", "the library of the package com.quorvel.platwifi.api");
 
     static final String OVERRIDE = "platwifi.library";
 
