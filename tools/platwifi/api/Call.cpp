@@ -10,6 +10,28 @@ namespace {
 constexpr const char* EXCEPTION = "com/quorvel/platwifi/api/WifiException";
 constexpr const char* CANCELLED = "java/util/concurrent/CancellationException";
 
+// The methods of Network.Builder for what a network may need.
+struct Way {
+    const char* property;
+    const char* method;
+};
+
+constexpr Way WAYS[] = {
+    {"psk", "passphrase()"},
+    {"key1", "wepKey()"},
+    {"eap", "eap()"},
+    {"eapIdentity", "identity()"},
+    {"eapPassword", "password()"},
+    {"clientCertificate", "clientCertificate()"},
+    {"privateKeyFile", "clientCertificate()"},
+    {"CACertificateFile", "caCertificate()"},
+};
+
+bool isIndex(const std::string& text) {
+    return !text.empty() && text.size() < 4 &&
+           text.find_first_not_of("0123456789") == std::string::npos;
+}
+
 void raiseCancelled(JNIEnv* env) {
     if (jclass const type = env->FindClass(CANCELLED))
         env->ThrowNew(type, "the operation was cancelled");
@@ -61,7 +83,17 @@ std::string GivenSecrets::answerTo(const std::string& name) const {
     throw WrongUse("the network needs " + name + "; set it");
 }
 
-std::string GivenSecrets::secretOf(const std::string& /*name*/, const std::string& source) const {
+std::string GivenSecrets::wayToGive(const std::string& name, const std::string& /*example*/) const {
+    for (const Way& way : WAYS) {
+        if (name == way.property)
+            return std::string(way.method) + " of Network.Builder";
+    }
+    return name;
+}
+
+std::string GivenSecrets::secretOf(const std::string& name, const std::string& source) const {
+    if (!isIndex(source) || std::stoul(source) >= m_secrets.size())
+        throw WrongUse(name + " is a secret; give it as a Passphrase: " + wayToGive(name, ""));
     return m_secrets.at(std::stoul(source));
 }
 

@@ -25,6 +25,11 @@ public:
 
     bool canAsk() const override { return false; }
     std::string answerTo(const std::string& name) const override;
+
+    /// The method of the builder.
+    std::string wayToGive(const std::string& name, const std::string& example) const override;
+
+    /// @throws WrongUse  for a secret that is a value itself
     std::string secretOf(const std::string& name, const std::string& source) const override;
 
 private:

@@ -27,6 +27,7 @@ public:
     Secrets(const Secrets&) = delete;
     Secrets& operator=(const Secrets&) = delete;
 
+    std::size_t size() const { return m_secrets.size(); }
     const std::string& at(std::size_t index) const { return m_secrets.at(index); }
 
 private:

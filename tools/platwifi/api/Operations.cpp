@@ -77,15 +77,14 @@ public:
     Block(const Block&) = delete;
     Block& operator=(const Block&) = delete;
 
-    void make(const Step& step);
+    /// @param edits  of the step
+    void make(const Step& step, const Edits& edits);
     void save();
 
 private:
-    void add(const Step& step);
-    void change(const Step& step);
+    void add(const Step& step, const Edits& edits);
+    void change(const Step& step, const Edits& edits);
     void remove(const Step& step);
-    Edits checked(const Step& step, unsigned int keyManagement) const;
-    unsigned int keyManagementOf(const std::string& ssid) const;
 
     Context& m_context;
     Host& m_host;
@@ -93,44 +92,29 @@ private:
     bool m_isSaved = false;
 };
 
-void Block::make(const Step& step) {
+void Block::make(const Step& step, const Edits& edits) {
     m_context.interrupt.check();
     switch (step.kind) {
     case Step::Kind::ADD:
-        return add(step);
+        return add(step, edits);
     case Step::Kind::CHANGE:
-        return change(step);
+        return change(step, edits);
     case Step::Kind::REMOVE:
         return remove(step);
     }
 }
 
-// The values are checked before the supplicant gets any of them.
-Edits Block::checked(const Step& step, unsigned int keyManagement) const {
-    Edits edits(step.assignments, m_context.input);
-    const unsigned int edited = edits.numberOf("key_mgmt");
-    edits.requireKeyFor(edited != 0 ? edited : keyManagement);
-    requireCapabilities(m_host.iface(), edited, edits.numberOf("encryption"));
-    return edits;
-}
-
-unsigned int Block::keyManagementOf(const std::string& ssid) const {
-    const WifiNetwork* const network = m_host.settings().getNetwork(nullptr, ssid.c_str());
-    return network ? network->getKeyManagement() : 0;
-}
-
-void Block::add(const Step& step) {
+void Block::add(const Step& step, const Edits& edits) {
     if (isKnown(m_host, step.ssid))
         throw Failure(shownSsid(step.ssid) + " is configured already; change it with Wifi.save()");
-    const Edits edits = checked(step, 0);
     if (addWifiNetwork(nullptr, m_host.iface().c_str(), step.ssid.c_str()) == 0)
         refuse("add " + shownSsid(step.ssid));
     edits.apply(m_host.iface(), step.ssid);
 }
 
-void Block::change(const Step& step) {
+void Block::change(const Step& step, const Edits& edits) {
     requireKnown(m_host, step.ssid);
-    checked(step, keyManagementOf(step.ssid)).apply(m_host.iface(), step.ssid);
+    edits.apply(m_host.iface(), step.ssid);
 }
 
 void Block::remove(const Step& step) {
@@ -146,6 +130,20 @@ void Block::save() {
         throw Failure(refusal ? refusal->text() : NOT_SAVED);
     }
     m_isSaved = true;
+}
+
+unsigned int keyManagementOf(Host& host, const std::string& ssid) {
+    const SettingsLock lock(host.settings());
+    const WifiNetwork* const network = host.settings().getNetwork(nullptr, ssid.c_str());
+    return network ? network->getKeyManagement() : 0;
+}
+
+Edits checked(const Context& context, Host& host, const Step& step) {
+    Edits edits(step.assignments, context.input);
+    const unsigned int edited = edits.numberOf("key_mgmt");
+    edits.requireKeyFor(edited != 0 ? edited : keyManagementOf(host, step.ssid));
+    requireCapabilities(host.iface(), edited, edits.numberOf("encryption"));
+    return edits;
 }
 
 int millisecondsOf(std::chrono::steady_clock::duration time) {
@@ -190,11 +188,13 @@ Record link(Context& context) {
 
 void edit(Context& context, const std::vector<Step>& steps) {
     Host host(context);
-    host.settings();
+    std::vector<Edits> edits; // all values are checked before the supplicant gets any of them
+    for (const Step& step : steps)
+        edits.push_back(checked(context, host, step));
     const Cancellation::Deferred deferred(context.interrupt);
     Block block(context, host);
-    for (const Step& step : steps)
-        block.make(step);
+    for (std::size_t i = 0; i < steps.size(); ++i)
+        block.make(steps[i], edits[i]);
     context.interrupt.check();
     block.save();
 }

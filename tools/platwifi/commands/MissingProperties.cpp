@@ -87,7 +87,7 @@ bool canBeAsked(const Need& need, const UserInput& input) {
     std::string list;
     for (const Need& need : needs) {
         if (!canBeAsked(need, input))
-            list += (list.empty() ? "" : ", ") + std::string(need.example);
+            list += (list.empty() ? "" : ", ") + input.wayToGive(need.property, need.example);
     }
     throw Failure(shownSsid + " is not joined, it needs: " + list);
 }

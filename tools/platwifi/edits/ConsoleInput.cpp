@@ -33,6 +33,10 @@ std::string ConsoleInput::answerTo(const std::string& name) const {
     return answer;
 }
 
+std::string ConsoleInput::wayToGive(const std::string& /*name*/, const std::string& example) const {
+    return example;
+}
+
 std::string ConsoleInput::secretOf(const std::string& name, const std::string& source) const {
     return readSecret(name, source, m_cancellation);
 }

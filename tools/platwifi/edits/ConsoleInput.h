@@ -14,6 +14,8 @@ public:
     bool canAsk() const override;
     std::string answerTo(const std::string& name) const override;
 
+    std::string wayToGive(const std::string& name, const std::string& example) const override;
+
     /// See readSecret().
     std::string secretOf(const std::string& name, const std::string& source) const override;
 

@@ -21,6 +21,11 @@ public:
     /// @throws Interrupted
     virtual std::string answerTo(const std::string& name) const = 0;
 
+    /// How a value that was not given can be given, for a message.
+    /// @param name     of the property
+    /// @param example  how the command line takes it
+    virtual std::string wayToGive(const std::string& name, const std::string& example) const = 0;
+
     /// Gives a secret.
     /// @param name    of the property
     /// @param source  the value of its assignment, which names where the secret is

@@ -293,6 +293,16 @@ public final class Network {
         }
 
         /**
+         * Sets the key of WEP, which protects nothing; for the sake of old access points.
+         *
+         * @param key  5 or 13 characters, or 10 or 26 hexadecimal digits. Closed when the network is saved, or could not be
+         * @return this
+         */
+        public Builder wepKey(Passphrase key) {
+            return secret("key1", key);
+        }
+
+        /**
          * Sets how the network gets its keys.
          *
          * @param kinds  one or several

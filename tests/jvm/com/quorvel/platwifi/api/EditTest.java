@@ -73,8 +73,19 @@ class EditTest {
             edit.save(home().edit().identity("me").build());
             edit.save(home().edit().priority(-1).build());
         }));
-        assertFalse(Host.changes().contains("save_config"), Host.changes()::toString);
+        assertEquals(List.of(), Host.changes(), "all are checked before the first is sent");
         assertTrue(home().identity().isEmpty());
+    }
+
+    @Test
+    void keepsNothingOfABlockOfWhichOneStepIsNotPossible() {
+        Host.failure(Reason.FAILED, () -> wifi.edit(edit -> {
+            edit.add(Network.builder("cafe").passphrase(Host.secret()).build());
+            edit.remove("other");
+        }));
+        assertTrue(Host.changes().contains("add_network"), Host.changes()::toString);
+        assertEquals("reconfigure", lastOf(Host.changes()));
+        assertTrue(wifi.network("cafe").isEmpty());
     }
 
     @Test
@@ -98,6 +109,10 @@ class EditTest {
         Host.failure(Reason.WRONG_USE, () -> wifi.add(
                 Network.builder("cafe").passphrase(Passphrase.of("short".toCharArray())).build()));
         Host.failure(Reason.WRONG_USE, () -> wifi.save(home().edit().property("sid", "x").build()));
+        Host.failure(Reason.WRONG_USE, () -> wifi.save(
+                home().edit().property("psk", Host.SECRET).build()));
+        Host.failure(Reason.WRONG_USE, () -> wifi.save(
+                home().edit().wepKey(Passphrase.of("short key".toCharArray())).build()));
         Host.failure(Reason.FAILED, () -> wifi.save(
                 home().edit().caCertificate(Path.of("/no/such.pem")).build()));
         assertFalse(Host.changes().contains("save_config"), Host.changes()::toString);

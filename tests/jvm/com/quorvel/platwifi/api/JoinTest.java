@@ -138,7 +138,8 @@ class JoinTest {
     void doesNotAskForAMissingPassphrase() {
         WifiFuture<Connection> joining = wifi.join("cafe");
         host.socket.finishScan();
-        Host.failure(Reason.FAILED, joining::get);
+        assertEquals("cafe is not joined, it needs: passphrase() of Network.Builder",
+                Host.failure(Reason.FAILED, joining::get).getMessage());
         assertEquals(List.of(), Host.changes());
     }
 
