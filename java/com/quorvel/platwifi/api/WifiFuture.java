@@ -14,7 +14,7 @@ import java.util.concurrent.TimeoutException;
  * <pre>{@code
  * WifiFuture<Connection> connecting = wifi.connect("home");
  * connecting.thenAccept(made -> System.out.println("on " + made.ssid()));
- * cancelButton.addActionListener(click -> connecting.cancel(true));
+ * connecting.cancel(true);
  * }</pre>
  *
  * <p>{@link #cancel} ends the operation: what it has changed is taken back, and its thread ends soon after. Every other
