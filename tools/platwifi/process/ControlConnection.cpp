@@ -4,6 +4,7 @@
 #include <cstddef> // wpa_ctrl.h needs it
 #include <cstdio>
 #include <fcntl.h>
+#include <mutex>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -21,6 +22,8 @@ std::atomic<int> openedConnections{0};
 ControlConnection openConnection(const std::string& path) {
     if (path.size() >= sizeof(sockaddr_un::sun_path))
         return {nullptr, wpa_ctrl_close};
+    static std::mutex mutex; // the client library would give two sockets one name, and remove the first
+    const std::lock_guard<std::mutex> guard(mutex);
     ++openedConnections;
     ControlConnection connection(wpa_ctrl_open(path.c_str()), wpa_ctrl_close);
     if (connection)
