@@ -9,6 +9,7 @@
 #include "jni/ServiceFunctions.h"
 #include "platform/JavaText.h"
 
+#include <cstring>
 #include <memory>
 
 // Opens the definition of a native.
@@ -20,15 +21,21 @@ namespace {
 using namespace cli;
 using namespace cli::api;
 
-// A native object in Java.
+// A native object in Java: the bytes of its address.
 template <typename Object>
 jlong handleOf(std::unique_ptr<Object> object) {
-    return static_cast<jlong>(reinterpret_cast<std::intptr_t>(object.release()));
+    jlong handle = 0;
+    const Object* const address = object.release();
+    static_assert(sizeof(void*) <= sizeof handle);
+    std::memcpy(&handle, &address, sizeof(void*));
+    return handle;
 }
 
 template <typename Object>
 Object& objectOf(jlong handle) {
-    return *reinterpret_cast<Object*>(static_cast<std::intptr_t>(handle));
+    Object* address = nullptr;
+    std::memcpy(&address, &handle, sizeof(void*));
+    return *address;
 }
 
 template <typename Object>
@@ -52,6 +59,7 @@ auto performPlain(JNIEnv* env, const Request& request, jlong cancellation, Opera
 
 std::vector<Texts> rowsOf(const std::vector<Record>& records) {
     std::vector<Texts> rows;
+    rows.reserve(records.size());
     for (const Record& record : records)
         rows.push_back(membersOf(record));
     return rows;
@@ -69,6 +77,7 @@ Step stepOf(const Texts& row) {
 
 std::vector<Step> stepsOf(const std::vector<Texts>& rows) {
     std::vector<Step> steps;
+    steps.reserve(rows.size());
     for (const Texts& row : rows)
         steps.push_back(stepOf(row));
     return steps;

@@ -157,6 +157,7 @@ std::vector<Record> scan(Context& context) {
     std::vector<ScanResult> results = scanOnce(context, host);
     sortBy(scanOrders().front().name, results);
     std::vector<Record> records;
+    records.reserve(results.size());
     for (const ScanResult& result : results)
         records.push_back(recordOf(result));
     return records;
@@ -189,6 +190,7 @@ Record link(Context& context) {
 void edit(Context& context, const std::vector<Step>& steps) {
     Host host(context);
     std::vector<Edits> edits; // all values are checked before the supplicant gets any of them
+    edits.reserve(steps.size());
     for (const Step& step : steps)
         edits.push_back(checked(context, host, step));
     const Cancellation::Deferred deferred(context.interrupt);

@@ -176,15 +176,23 @@ final class Operations {
         one.cancellation.close();
     }
 
-    private synchronized void await(Running one) {
-        long end = System.nanoTime() + TimeUnit.SECONDS.toNanos(LONGEST_WAIT_SECONDS);
+    private void await(Running one) {
+        if (one.thread == Thread.currentThread())
+            return;
         try {
-            while (running.contains(one) && one.thread != Thread.currentThread()
-                    && System.nanoTime() < end)
-                wait(PAUSE_MILLISECONDS);
+            if (one.future != null)
+                one.thread.join(TimeUnit.SECONDS.toMillis(LONGEST_WAIT_SECONDS));
+            else
+                awaitCall(one);
         } catch (InterruptedException e) {
             Thread.currentThread().interrupt(); // they end all the same
         }
+    }
+
+    private synchronized void awaitCall(Running one) throws InterruptedException {
+        long end = System.nanoTime() + TimeUnit.SECONDS.toNanos(LONGEST_WAIT_SECONDS);
+        while (running.contains(one) && System.nanoTime() < end)
+            wait(PAUSE_MILLISECONDS);
     }
 
     private static WifiException closed() {

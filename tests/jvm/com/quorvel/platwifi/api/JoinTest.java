@@ -11,6 +11,7 @@ import org.junit.jupiter.api.AfterEach;
 import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 
+import java.time.Duration;
 import java.util.List;
 import java.util.concurrent.CancellationException;
 import java.util.concurrent.TimeUnit;
@@ -87,6 +88,19 @@ class JoinTest {
         assertThrows(CancellationException.class, joining::get);
         Host.await(() -> Host.threads().isEmpty());
         assertTakenBack();
+    }
+
+    @Test
+    void aFailedJoinOfAConfiguredNetworkLeavesItAsItWas() {
+        WifiFuture<Connection> joining = wifi.join(Network.builder("home").priority(7).build(),
+                Duration.ofMinutes(1));
+        host.socket.awaitListener();
+        Host.awaitCall("select 0");
+        assertTrue(Host.changes().contains("set_network 0 priority 7"), Host.changes()::toString);
+        joining.cancel(true);
+        Host.await(() -> Host.threads().isEmpty());
+        assertTrue(Host.changes().contains("reconfigure"), Host.changes()::toString);
+        assertEquals(0, wifi.network("home").get().priority());
     }
 
     @Test
