@@ -43,6 +43,9 @@ native_library(platwifi lib $ORIGIN/platwifi)
 foreach(library platform zam platwificrypt)
   native_library(${library} lib/platwifi $ORIGIN)
 endforeach()
+if(TARGET platwifievents)
+  native_library(platwifievents lib/platwifi $ORIGIN:$ORIGIN/..)
+endif()
 
 # A link to the host's client looks older than the quick client that it replaces.
 set(CLIENT_IS_LINK NO)
