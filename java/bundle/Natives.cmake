@@ -17,7 +17,7 @@ function(native_library library folder rpath)
 
   get_target_property(definitions ${library} COMPILE_DEFINITIONS)
   if(definitions)
-    list(TRANSFORM definitions REPLACE "^INSTALLED_BOOT_DIR=.*" "INSTALLED_BOOT_DIR=\"../../${NATIVES_BOOT_DIR}\"")
+    list(TRANSFORM definitions REPLACE "^BOOT_FROM_HERE=.*" "BOOT_FROM_HERE=\"../../${NATIVES_BOOT_DIR}\"")
     target_compile_definitions(${target} PRIVATE ${definitions})
   endif()
 
