@@ -3,6 +3,7 @@
 include(GNUInstallDirs)
 
 set(PLATWIFI_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}/platwifi)
+set(PLATWIFI_PRIVATE_LIBRARY_DIR ${CMAKE_INSTALL_LIBDIR}/platwifi) # what only these libraries and their callers load
 set(PLATWIFI_BOOT_DIR ${CMAKE_INSTALL_LIBEXECDIR}/platwifi/boot)
 set(PLATWIFI_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/platwifi)
 set(PLATWIFI_PKGCONFIG_DIR ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
@@ -15,8 +16,9 @@ function(path_between variable from to)
   set(${variable} ${to} PARENT_SCOPE)
 endfunction()
 
-path_between(PLATWIFI_LIBRARY_TO_BOOT ${CMAKE_INSTALL_LIBDIR} ${PLATWIFI_BOOT_DIR})
+path_between(PLATWIFI_LIBRARY_TO_PRIVATE ${CMAKE_INSTALL_LIBDIR} ${PLATWIFI_PRIVATE_LIBRARY_DIR})
+path_between(PLATWIFI_PRIVATE_TO_BOOT ${PLATWIFI_PRIVATE_LIBRARY_DIR} ${PLATWIFI_BOOT_DIR})
 path_between(PLATWIFI_PROGRAM_TO_BOOT ${CMAKE_INSTALL_BINDIR} ${PLATWIFI_BOOT_DIR})
 
-# The libraries stand side by side.
+# The private libraries are side by side.
 set(CMAKE_INSTALL_RPATH $ORIGIN)

@@ -2,11 +2,25 @@
 # shellcheck shell=bash
 
 expect_listed_files() {
+    local version
+    version=$(PKG_CONFIG_PATH=$prefix/$libdir/pkgconfig pkg-config --modversion platwifi)
     (cd "$prefix" && find . ! -type d) | sed 's|^\./||' | LC_ALL=C sort >"$work/installed"
-    sed -e '/^#/d' -e '/^$/d' -e "s|^LIBDIR/|$libdir/|" "$here/files.txt" |
+    sed -e '/^#/d' -e '/^$/d' -e "s|^LIBDIR/|$libdir/|" -e "s|VERSION$|$version|" "$here/files.txt" |
         LC_ALL=C sort >"$work/listed"
     diff -u "$work/listed" "$work/installed" ||
         fail "other files are installed than $here/files.txt lists (+ not listed, - not installed)"
+}
+
+# A component is installed alone by a package, so that each file must be of one component.
+expect_components() {
+    local component
+    for component in runtime development tools java; do
+        quietly cmake --install "$build" --prefix "$work/parts/$component" --component "$component"
+        rm "$build/install_manifest_$component.txt"
+    done
+    (cd "$work/parts" && find . ! -type d) | cut -d / -f 3- | LC_ALL=C sort >"$work/of-components"
+    diff -u "$work/installed" "$work/of-components" ||
+        fail "a file is of no component (-), or of several (+)"
 }
 
 expect_no_path_into_the_checkout() {
@@ -15,7 +29,7 @@ expect_no_path_into_the_checkout() {
     fi
 }
 
-programs_and_libraries() { find "$prefix" -type f \( -name '*.so' -o -perm -u+x \); }
+programs_and_libraries() { find "$prefix" -type f \( -name '*.so*' -o -perm -u+x \); }
 
 foreign_paths() { readelf -d "$1" | grep -E 'R(UN)?PATH' | grep -vE "\\[[$]ORIGIN(/[^:]*)?\\]"; }
 foreign_libraries() { ldd "$1" | grep -E 'lib(plat|zam)|not found' | grep -vF "=> $prefix/"; }
