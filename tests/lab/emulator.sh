@@ -24,8 +24,9 @@ radio_options() {
 # The environment of a job, and its arguments.
 write_boot_env() {
     local argument
-    variables "SOURCE_DIR=$SOURCE_DIR" "BUILD_DIR=$BUILD_DIR" "LAB_OUT=$out" "LAB_JOB=$job" "LAB_ARCH=$architecture" \
-        "LAB_CERTIFICATES=$certificates" LAB_AP_TABLE=/run/lab/access-points \
+    variables "SOURCE_DIR=$SOURCE_DIR" "BUILD_DIR=$BUILD_DIR" "JAR_BUILD_DIR=$JAR_BUILD_DIR" \
+        "LAB_ARCH=$architecture" "LAB_OUT=$out" "LAB_JOB=$job" "LAB_CERTIFICATES=$certificates" \
+        LAB_AP_TABLE=/run/lab/access-points \
         "LAB_ACCESS_POINTS=$access_points" "LAB_RADIO_OPTIONS=$(radio_options)" \
         PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin \
         HOME=/tmp/home "JAVA_HOME=$java_home" LC_ALL=C.UTF-8

@@ -4,6 +4,9 @@
 
 ARCHITECTURES=(x86_64 aarch64)
 
+# Jars are the same for every machine.
+JAR_BUILD_DIR=$SOURCE_DIR/build/release
+
 # use_machine ARCHITECTURE: sets
 #   emulator, machine   the program and its options for the machine; a second processor makes an x86-64 guest slower
 #   console             the kernel's name of the serial port
