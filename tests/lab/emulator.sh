@@ -50,7 +50,8 @@ choose_clock() {
     if grep -q '^# lab: instruction-clock$' "$job"; then thread=single clock=(-icount shift=0); fi
 }
 
-# Hardware virtualisation stays off: where it is half there, a stock kernel hangs in it. Programs and their
+# Hardware virtualisation stays off: where it is half there, a stock kernel hangs in it. A second processor makes
+# the guest slower, and takes twice the time of the host's. Programs and their
 # libraries are always at the same addresses, without which the emulator would translate them anew for each
 # process; and the kernel has no protection from its own programs, which only takes time here.
 run_emulator() {
@@ -59,7 +60,7 @@ run_emulator() {
     mapfile -t shares < <(share host / readonly=on,multidevs=remap &&
         share root "$root" readonly=on,multidevs=remap && share out "$out" multidevs=remap)
     exec "$emulator" \
-        -accel "tcg,thread=$thread,tb-size=512" "${clock[@]}" "${machine[@]}" -m 2048 \
+        -accel "tcg,thread=$thread,tb-size=512" "${clock[@]}" "${machine[@]}" -smp 1 -m 2048 \
         -nodefaults -no-user-config -display none -monitor none -no-reboot \
         -serial "file:$out/console.log" -kernel "$kernel/vmlinux" -initrd "$initramfs/initramfs" \
         -append "console=$console quiet panic=-1 oops=panic norandmaps mitigations=off init_on_alloc=0 $kernel_options" \

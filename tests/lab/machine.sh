@@ -8,7 +8,7 @@ ARCHITECTURES=(x86_64 aarch64)
 JAR_BUILD_DIR=$SOURCE_DIR/build/release
 
 # use_machine ARCHITECTURE: sets
-#   emulator, machine   the program and its options for the machine; a second processor makes an x86-64 guest slower
+#   emulator, machine   the program, and its options for the machine
 #   console             the kernel's name of the serial port
 #   kernel_options      for the kernel of this architecture alone
 #   debian_name         the architecture as Debian's packages name it
@@ -19,7 +19,7 @@ JAR_BUILD_DIR=$SOURCE_DIR/build/release
 use_machine() {
     case $1 in
     x86_64)
-        emulator=qemu-system-x86_64 machine=(-M q35 -cpu max -smp 1)
+        emulator=qemu-system-x86_64 machine=(-M q35 -cpu max)
         # On a busy host no tick may come in time, and a kernel that checks its timer would panic.
         console=ttyS0 kernel_options=no_timer_check
         debian_name=amd64 general_kernels=(linux-image-amd64 linux-image-generic)
@@ -28,7 +28,7 @@ use_machine() {
         ;;
     aarch64)
         # To emulate pointer authentication takes most of the time, and the guest needs no such protection.
-        emulator=qemu-system-aarch64 machine=(-M virt -cpu "max,pauth=off" -smp 1)
+        emulator=qemu-system-aarch64 machine=(-M virt -cpu "max,pauth=off")
         console=ttyAMA0 kernel_options=''
         debian_name=arm64 general_kernels=(linux-image-arm64)
         root='' java_home=/usr/lib/jvm/java-17-openjdk-arm64
