@@ -31,7 +31,7 @@ use_machine() {
         emulator=qemu-system-aarch64 machine=(-M virt -cpu "max,pauth=off")
         console=ttyAMA0 kernel_options=''
         debian_name=arm64 general_kernels=(linux-image-arm64)
-        root='' java_home=/usr/lib/jvm/java-17-openjdk-arm64
+        root='' java_home=/usr/lib/jvm/default-java
         BUILD_DIR=$SOURCE_DIR/build/aarch64
         ;;
     *) return 1 ;;

@@ -5,7 +5,7 @@
 # What Debian has on every system; what the lab runs; what the jobs run; the libraries of the programs under test.
 ROOT_PACKAGES=('?essential'
     busybox-static hostapd iproute2 iw kmod mount openssl wpasupplicant
-    libxml2-utils openjdk-17-jre-headless procps tmux
+    default-jre-headless libxml2-utils procps tmux
     libssl3 libstdc++6)
 
 # Folders of packages that are links on every system. Relative: files unpacked through them stay inside.
