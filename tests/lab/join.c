@@ -14,7 +14,8 @@ static void report(void* context, const char* id, const char* text) {
     fprintf(stderr, "lab_join: %s %s\n", id, text);
 }
 
-static int addNetwork(ErrorHandler* errors, const char* interface, const char* ssid, const char* key) {
+static int addNetwork(ErrorHandler* errors, const char* interface, const char* ssid,
+                      const char* key) {
     const char* const names[] = {"key_mgmt", "psk"};
     const char* values[] = {"2", NULL}; /* KEY_MGMT_WPA_PSK */
     char* secret = NULL;
