@@ -1,7 +1,7 @@
 # Every target of ours links platwifi_flags: one place for warnings and sanitizers.
 add_library(platwifi_flags INTERFACE)
 target_compile_options(platwifi_flags INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<BOOL:${PLATWIFI_WERROR}>:-Werror>)
 
 if(PLATWIFI_SANITIZE)
   target_compile_options(platwifi_flags INTERFACE
@@ -18,16 +18,19 @@ if(PLATWIFI_FUZZ) # counts what an input reaches
   target_compile_options(platwifi_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+include(Hardening)
+
 # What is shipped is compiled for size: a device has little memory. The path of the natives that read a
 # field and of the document is compiled for speed, see platwifi_is_quick(). A linker that optimises leaves out a
 # tenth of the code. The objects have ordinary code, too, for tests that link them without that; clang has none
 # of both kinds.
 add_library(platwifi_shipped INTERFACE)
+target_link_libraries(platwifi_shipped INTERFACE platwifi_hardened)
 target_compile_options(platwifi_shipped INTERFACE $<$<CONFIG:Release>:-Os>)
 set(PLATWIFI_SHIPPED_LINK_OPTIONS)
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-  target_compile_options(platwifi_shipped INTERFACE $<$<CONFIG:Release>:-flto -ffat-lto-objects>)
-  list(APPEND PLATWIFI_SHIPPED_LINK_OPTIONS $<$<CONFIG:Release>:-flto=auto> $<$<CONFIG:Release>:-Os>)
+  target_compile_options(platwifi_shipped INTERFACE $<$<CONFIG:Release>:-flto -ffat-lto-objects -fno-plt>)
+  list(APPEND PLATWIFI_SHIPPED_LINK_OPTIONS $<$<CONFIG:Release>:-flto=auto> $<$<CONFIG:Release>:-flto-partition=one> $<$<CONFIG:Release>:-Os>)
 endif()
 
 # A relative relocation takes an eighth of a byte in place of 24 bytes, where the loader of the target knows this
@@ -45,13 +48,10 @@ if(PLATWIFI_HAS_RELR_LOADER AND PLATWIFI_HAS_RELR_LINKER)
   list(APPEND PLATWIFI_SHIPPED_LINK_OPTIONS -Wl,-z,pack-relative-relocs)
 endif()
 
-# All functions of other libraries are found at once: the table of their addresses is read-only from then on, and a
-# later call writes no memory.
-list(APPEND PLATWIFI_SHIPPED_LINK_OPTIONS -Wl,-z,now)
-
 # platwifi_ship(LIBRARY): compiles and links a shared library as above. Its objects alone, a test links as it likes.
 function(platwifi_ship library)
   target_link_libraries(${library} PRIVATE platwifi_flags platwifi_shipped)
+  platwifi_harden(${library})
   target_link_options(${library} PRIVATE ${PLATWIFI_SHIPPED_LINK_OPTIONS})
 endfunction()
 

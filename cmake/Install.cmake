@@ -11,7 +11,9 @@ install(TARGETS platwifi EXPORT platwifi
 install(TARGETS platform zam EXPORT platwifi
   LIBRARY DESTINATION ${PLATWIFI_PRIVATE_LIBRARY_DIR} COMPONENT runtime
   INCLUDES DESTINATION ${PLATWIFI_INCLUDE_DIR})
-install(TARGETS platwificrypt LIBRARY DESTINATION ${PLATWIFI_PRIVATE_LIBRARY_DIR} COMPONENT java)
+if(PLATWIFI_NATIVES)
+  install(TARGETS platwificrypt LIBRARY DESTINATION ${PLATWIFI_PRIVATE_LIBRARY_DIR} COMPONENT java)
+endif()
 set_target_properties(platwifi PROPERTIES INSTALL_RPATH $ORIGIN/${PLATWIFI_LIBRARY_TO_PRIVATE})
 
 # A program that calls the private libraries itself finds them where they are installed.
@@ -27,6 +29,7 @@ foreach(header
     model/WifiNetwork.h
     model/WifiNetworkList.h
     model/WifiTypes.h
+    platwifi.h
     settings/WifiHostSettings.h
     supplicant/WifiUtil.h
     watchdog/LocalSignal.h
@@ -35,8 +38,11 @@ foreach(header
   install(FILES ${PROJECT_SOURCE_DIR}/src/${header} DESTINATION ${PLATWIFI_INCLUDE_DIR}/${folder}
     COMPONENT development)
 endforeach()
+if(NOT PLATWIFI_NATIVES) # these include jni.h
+  set(JAVA_HEADERS PATTERN JNIString.h EXCLUDE PATTERN JavaExceptionHandler.h EXCLUDE PATTERN JavaText.h EXCLUDE)
+endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform/include/ DESTINATION ${PLATWIFI_INCLUDE_DIR}
-  COMPONENT development FILES_MATCHING PATTERN *.h)
+  COMPONENT development FILES_MATCHING PATTERN *.h ${JAVA_HEADERS})
 
 if(PLATWIFI_JAVA)
   install(FILES $<TARGET_PROPERTY:platwifi-jar,JAR_FILE> DESTINATION ${CMAKE_INSTALL_DATADIR}/java

@@ -2,8 +2,10 @@
 # packs one jar, again only when a source or a jar it compiles against has changed. The same sources
 # give the same bytes. A jar to compile against is a file or another such TARGET; the target's
 # property JAR_FILE tells its jar.
-find_program(JAVAC javac REQUIRED)
-find_program(JAR jar REQUIRED)
+find_program(JAVAC javac)
+platwifi_need("${JAVAC}" "javac" default-jdk-headless "-DPLATWIFI_JAVA=OFF")
+find_program(JAR jar)
+platwifi_need("${JAR}" "jar" default-jdk-headless "-DPLATWIFI_JAVA=OFF")
 # A compiler that runs for a second gains nothing from optimising itself.
 set(JAVAC_START -J-XX:TieredStopAtLevel=1 -J-XX:+UseSerialGC CACHE INTERNAL "How javac starts")
 set(PACK_JAR ${CMAKE_CURRENT_LIST_DIR}/PackJar.cmake CACHE INTERNAL "Packs compiled classes")

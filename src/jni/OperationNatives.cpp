@@ -5,25 +5,32 @@
 
 using namespace platwifi;
 
-PLATWIFI_NATIVE(jboolean, connectToNetwork0)(JNIEnv* env, jclass, jstring iface, jstring ssid) {
+namespace {
+
+// The library has the code of these natives once.
+[[gnu::noinline]] jboolean run(JNIEnv* env, jstring iface, jstring ssid,
+                               bool (WifiHostSettings::*operation)(const char*, const char*)) {
     NativeCall call(env, iface, ssid);
-    return call.settings().connectNetwork(call.iface(), call.ssid());
+    return (call.settings().*operation)(call.iface(), call.ssid());
+}
+
+} // namespace
+
+PLATWIFI_NATIVE(jboolean, connectToNetwork0)(JNIEnv* env, jclass, jstring iface, jstring ssid) {
+    return run(env, iface, ssid, &WifiHostSettings::connectNetwork);
 }
 
 PLATWIFI_NATIVE(jboolean, disconnectFromNetwork0)
 (JNIEnv* env, jclass, jstring iface, jstring ssid) {
-    NativeCall call(env, iface, ssid);
-    return call.settings().disconnectNetwork(call.iface(), call.ssid());
+    return run(env, iface, ssid, &WifiHostSettings::disconnectNetwork);
 }
 
 PLATWIFI_NATIVE(jboolean, addNetwork0)(JNIEnv* env, jclass, jstring iface, jstring ssid) {
-    NativeCall call(env, iface, ssid);
-    return call.settings().addNetwork(call.iface(), call.ssid());
+    return run(env, iface, ssid, &WifiHostSettings::addNetwork);
 }
 
 PLATWIFI_NATIVE(jboolean, removeNetwork0)(JNIEnv* env, jclass, jstring iface, jstring ssid) {
-    NativeCall call(env, iface, ssid);
-    return call.settings().removeNetwork(call.iface(), call.ssid());
+    return run(env, iface, ssid, &WifiHostSettings::removeNetwork);
 }
 
 PLATWIFI_NATIVE(jboolean, roamNetworks0)(JNIEnv* env, jclass, jstring iface) {

@@ -2,17 +2,11 @@
 
 #include "platform/ErrorHandler.h"
 
-#include <jni.h>
 #include <memory>
 
 namespace platwifi {
 
-/// A secret on its way to Java: the enciphered text of `plain`. Null for null, and if it cannot be
-/// enciphered.
-/// @param errors  receives the reason in that case; may be null
-jstring newEncipheredString(JNIEnv* env, ErrorHandler* errors, const char* plain);
-
-/// A secret on its way from Java: the deciphered text, for the duration of a scope. It is false if the
+/// A secret on its way from a caller: the deciphered text, for the duration of a scope. It is false if the
 /// text does not decipher.
 class DecipheredText {
 public:

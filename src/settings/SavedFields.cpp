@@ -84,16 +84,19 @@ Value decimal(const NetworkFields& fields, Field field) {
 
 // Where sets are not written whole, a set is compared as a whole: there is no word for several flags, so the
 // supplicant keeps its value. quirk: SAVE-5
-template <Words (*WORDS)()>
-Value words(const NetworkFields& fields, Field field) {
-    const unsigned int number = fields.number(field);
+[[gnu::noinline]] Value wordsOf(unsigned int number, Words words) {
     if (rule::SETS_ARE_WRITTEN_WHOLE()) {
-        std::string text = wordsIn(number, WORDS());
+        std::string text = wordsIn(number, words);
         return text.empty() ? skip() : send(std::move(text));
     }
-    if (const Word* const word = wordFor(WORDS(), number))
+    if (const Word* const word = wordFor(words, number))
         return send(word->text);
     return number == 0 ? postpone() : skip();
+}
+
+template <Words (*WORDS)()>
+Value words(const NetworkFields& fields, Field field) {
+    return wordsOf(fields.number(field), WORDS());
 }
 
 Words eapMethods() {
