@@ -34,7 +34,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
 endif()
 
 # A relative relocation takes an eighth of a byte in place of 24 bytes, where the loader of the target knows this
-# form: that of glibc does since 2.36. Some linkers ignore the option with a warning.
+# form: that of glibc does since 2.36. Some linkers ignore the option with a warning, which is an error only behind the
+# option that makes it one.
 include(CheckCXXSourceCompiles)
 include(CheckLinkerFlag)
 check_cxx_source_compiles("
@@ -43,7 +44,7 @@ check_cxx_source_compiles("
   #error an older loader
   #endif
   int main() {}" PLATWIFI_HAS_RELR_LOADER)
-check_linker_flag(CXX -Wl,-z,pack-relative-relocs,--fatal-warnings PLATWIFI_HAS_RELR_LINKER)
+check_linker_flag(CXX -Wl,--fatal-warnings,-z,pack-relative-relocs PLATWIFI_HAS_RELR_LINKER)
 if(PLATWIFI_HAS_RELR_LOADER AND PLATWIFI_HAS_RELR_LINKER)
   list(APPEND PLATWIFI_SHIPPED_LINK_OPTIONS -Wl,-z,pack-relative-relocs)
 endif()

@@ -34,10 +34,18 @@ run_logged() {
 
 wanted_packages() { sed -e 's/#.*//' -e '/^[[:space:]]*$/d' -e 's/[[:space:]]//g' "$PACKAGE_LIST"; }
 
+# missing_packages [ARCHITECTURE]: those that the list has for this architecture, or else for this machine.
 missing_packages() {
-    local package
+    local installed native package
+    native=$(dpkg --print-architecture 2>/dev/null) || true
+    installed=$(dpkg-query -W -f='${db:Status-Abbrev}${Package}:${Architecture}\n' 2>/dev/null |
+        sed -n 's/^ii //p') || true
     for package in $(wanted_packages); do
-        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' ||
+        case $package in
+        *:*) [ "${package#*:}" = "${1:-}" ] || continue ;;
+        *) [ -z "${1:-}" ] || continue ;;
+        esac
+        grep -qxF -e "$package" -e "$package:$native" -e "$package:all" <<<"$installed" ||
             printf '%s\n' "$package"
     done
 }
@@ -61,10 +69,47 @@ install_packages() {
         fail "these packages are missing; install them as root: apt-get install ${missing//$'\n'/ }"
     fi
     step "installing $(wc -w <<<"$missing") Debian packages (once)"
-    run_logged apt-update as_root apt-get update
+    update_lists
     # shellcheck disable=SC2086 # one word a package
-    run_logged apt-install as_root env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -y --no-install-recommends $missing
+    run_logged apt-install apt_install $missing
+}
+
+apt_install() {
+    as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get -o DPkg::Lock::Timeout=300 install -y --no-install-recommends "$@"
+}
+
+# One list that cannot be fetched does not matter where the others are enough: the installation finds out.
+update_lists() {
+    local log=$LOG_DIR/apt-update.log
+    mkdir -p "$LOG_DIR"
+    as_root apt-get -o DPkg::Lock::Timeout=300 update >"$log" 2>&1 </dev/null ||
+        step "apt-get update failed for some lists, see $log; continuing with those there are"
+}
+
+# install_foreign_packages ARCHITECTURE: what the list has for this architecture, which dpkg gets to know for it. It
+# removes no package. Without them, only the tests for this architecture do not run: so a failure leaves dpkg as it
+# was, and ends no program.
+install_foreign_packages() {
+    local architecture=$1 missing log=$LOG_DIR/apt-install-$1.log added=
+    missing=$(missing_packages "$architecture")
+    [ -n "$missing" ] || return 0
+    if ! command -v apt-get >/dev/null || { [ "$(id -u)" != 0 ] && ! sudo -n true 2>/dev/null; }; then
+        return 1
+    fi
+    mkdir -p "$LOG_DIR"
+    if ! { dpkg --print-architecture && dpkg --print-foreign-architectures; } | grep -qx "$architecture"; then
+        step "adding the architecture $architecture to dpkg (once; dpkg --remove-architecture undoes it)"
+        as_root dpkg --add-architecture "$architecture"
+        added=yes
+    fi
+    step "installing $(wc -w <<<"$missing") Debian packages for $architecture (once)"
+    update_lists
+    # shellcheck disable=SC2086 # one word a package
+    apt_install --no-remove $missing >"$log" 2>&1 </dev/null && return
+    step "the packages for $architecture cannot be installed, see $log"
+    if [ -n "$added" ]; then as_root dpkg --remove-architecture "$architecture" || true; fi
+    return 1
 }
 
 configure() { run_logged "configure-$1" cmake -S "$SOURCE_DIR" --preset "$1"; }

@@ -217,6 +217,9 @@ TEST(QuickClient, SelectsTheFirstInterfaceThatCanConnect) {
 }
 
 TEST(QuickClient, ErasesItsArguments) {
+#ifdef TEST_EMULATOR
+    GTEST_SKIP() << "the arguments that the system shows are the emulator's";
+#endif
     const ControlSocket supplicant("wlan0");
     const Client client({"-iwlan0", "set_network", "0", "psk", "\"very secret\""});
     const Message request = supplicant.receive();

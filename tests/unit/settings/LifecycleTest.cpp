@@ -175,7 +175,9 @@ TEST(LifecycleShape, OnlyTheDestructorIsVirtual) {
         Next member;
         std::ptrdiff_t word[2];
     } slot{&Derived::next};
-    EXPECT_EQ(slot.word[0], static_cast<std::ptrdiff_t>(1 + 2 * sizeof(void*)))
+    // A bit says that the function is virtual: in the second word on ARM, else in the first.
+    EXPECT_EQ((slot.word[0] | slot.word[1]) & 1, 1);
+    EXPECT_EQ(slot.word[0] & ~std::ptrdiff_t{1}, static_cast<std::ptrdiff_t>(2 * sizeof(void*)))
         << "two slots come first: the complete and the deleting destructor";
 }
 
