@@ -58,6 +58,10 @@ install(FILES
   ${PROJECT_SOURCE_DIR}/docs/examples/wpa_supplicant.conf
   DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT runtime)
 
+include(ManualPages)
+install(PROGRAMS ${PROJECT_SOURCE_DIR}/docs/examples/networks.py
+  DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT development)
+
 # find_package(platwifi)
 foreach(target ${LINKABLE})
   target_compile_features(${target} INTERFACE cxx_std_17)

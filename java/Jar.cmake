@@ -1,7 +1,7 @@
 # platwifi_jar(TARGET OUTPUT jar SOURCES source... [JARS jar...] [MANIFEST line...]): compiles and
 # packs one jar, again only when a source or a jar it compiles against has changed. The same sources
 # give the same bytes. A jar to compile against is a file or another such TARGET; the target's
-# property JAR_FILE tells its jar.
+# property JAR_FILE tells its jar, JAR_SOURCES its sources.
 find_program(JAVAC javac)
 platwifi_need("${JAVAC}" "javac" default-jdk-headless "-DPLATWIFI_JAVA=OFF")
 find_program(JAR jar)
@@ -9,6 +9,12 @@ platwifi_need("${JAR}" "jar" default-jdk-headless "-DPLATWIFI_JAVA=OFF")
 # A compiler that runs for a second gains nothing from optimising itself.
 set(JAVAC_START -J-XX:TieredStopAtLevel=1 -J-XX:+UseSerialGC CACHE INTERNAL "How javac starts")
 set(PACK_JAR ${CMAKE_CURRENT_LIST_DIR}/PackJar.cmake CACHE INTERNAL "Packs compiled classes")
+
+# The jar tool writes the file of a module anew, with the time of day unless an option gives another, from Java 17 on.
+execute_process(COMMAND ${JAR} --help OUTPUT_VARIABLE help)
+if(help MATCHES "--date=")
+  set(JAR_DATE --date=2000-01-01T00:00:00Z CACHE INTERNAL "An option of the jar tool")
+endif()
 
 function(platwifi_jar target)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "OUTPUT" "SOURCES;JARS;MANIFEST")
@@ -27,10 +33,10 @@ function(platwifi_jar target)
     COMMAND ${CMAKE_COMMAND} -E rm -rf ${classes}
     COMMAND ${JAVAC} ${JAVAC_START} --release 11 -encoding UTF-8 -proc:none -Xlint:all -Werror -g
       -d ${classes} -cp "$<JOIN:${jars},:>" ${arg_SOURCES}
-    COMMAND ${CMAKE_COMMAND} -D JAR=${JAR} -D CLASSES=${classes} -D MANIFEST=${manifest}
+    COMMAND ${CMAKE_COMMAND} -D JAR=${JAR} -D DATE=${JAR_DATE} -D CLASSES=${classes} -D MANIFEST=${manifest}
       -D OUTPUT=${arg_OUTPUT} -P ${PACK_JAR}
     DEPENDS ${arg_SOURCES} ${arg_JARS} ${jars} ${manifest} ${PACK_JAR}
     COMMENT "Building ${arg_OUTPUT}" VERBATIM)
   add_custom_target(${target} ALL DEPENDS ${arg_OUTPUT})
-  set_target_properties(${target} PROPERTIES JAR_FILE ${arg_OUTPUT})
+  set_target_properties(${target} PROPERTIES JAR_FILE ${arg_OUTPUT} JAR_SOURCES "${arg_SOURCES}")
 endfunction()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <ctime>
 
@@ -16,6 +17,13 @@ inline timespec toTimespec(std::chrono::steady_clock::time_point time) noexcept 
     result.tv_sec = static_cast<time_t>(whole.count());
     result.tv_nsec = static_cast<long>(nanoseconds(sinceStart - whole).count());
     return result;
+}
+
+/// Blocks the calling thread until this time, also when signals arrive.
+inline void sleepUntil(std::chrono::steady_clock::time_point time) noexcept {
+    const timespec end = toTimespec(time);
+    while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &end, nullptr) == EINTR) {
+    }
 }
 
 } // namespace platform

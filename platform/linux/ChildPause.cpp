@@ -42,7 +42,8 @@ int waitReadable(int descriptor, int milliseconds) noexcept {
 
 } // namespace
 
-ChildPause::ChildPause(int processId) noexcept : m_watch(openProcessWatch(processId)) {}
+ChildPause::ChildPause(int processId) noexcept
+    : m_child(processId), m_watch(openProcessWatch(processId)) {}
 
 void ChildPause::pause(int milliseconds) noexcept {
     if (!m_watch.isOpen()) {

@@ -23,11 +23,13 @@ struct flock byteLock(short type, std::uint32_t number) noexcept {
 // A folder can only be opened for reading, so these are read locks, which do not exclude each
 // other.
 FolderClaim::FolderClaim(const char* folder, std::uint32_t number) noexcept
-    : m_folder(open(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    : m_folder(open(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC)), m_number(number) {
     struct flock lock = byteLock(F_RDLCK, number);
     if (m_folder.isOpen() && fcntl(m_folder.number(), F_OFD_SETLK, &lock) != 0)
         m_folder.close();
 }
+
+FolderClaim::~FolderClaim() = default;
 
 // Asks whether a write lock would fail. Only a lock of another open file description makes it fail.
 bool FolderClaim::sees(std::uint32_t number) const noexcept {

@@ -7,6 +7,8 @@
 #include "platwifi.h"
 #include "settings/WifiHostSettings.h"
 
+#include <memory>
+
 using namespace platwifi;
 
 namespace {
@@ -63,7 +65,7 @@ void platwifiFreeList(char** list, unsigned int count) noexcept {
 }
 
 ErrorHandler* platwifiNewErrors(PlatwifiErrorFunction report, void* context) noexcept {
-    return new ReportedErrors(report, context);
+    return std::make_unique<ReportedErrors>(report, context).release();
 }
 
 void platwifiFreeErrors(ErrorHandler* errors) noexcept {

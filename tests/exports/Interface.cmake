@@ -24,10 +24,13 @@ target_link_libraries(platwifi_interface PRIVATE platwifi_flags)
 # Types of the standard library are named, not described.
 target_compile_options(platwifi_interface PRIVATE -g -femit-struct-debug-detailed=ord:any,gen:none)
 target_link_options(platwifi_interface PRIVATE
-  -Wl,--version-script=${SOURCES}/platwifi.map -Wl,--unresolved-symbols=ignore-all)
-set_target_properties(platwifi_interface PROPERTIES UNITY_BUILD OFF)
-set_target_properties(platwifi_interface PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests
-  LINK_DEPENDS ${SOURCES}/platwifi.map)
+  -Wl,--version-script=${SOURCES}/platwifi.map -Wl,--unresolved-symbols=ignore-all
+  -Wl,-soname,libplatwifi.so.${PROJECT_VERSION_MAJOR})
+set_target_properties(platwifi_interface PROPERTIES
+  LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests
+  LINK_DEPENDS ${SOURCES}/platwifi.map
+  NO_SONAME ON
+  UNITY_BUILD OFF)
 
 set(RECORD ${CMAKE_CURRENT_SOURCE_DIR}/libplatwifi.abi)
 add_test(NAME build_interface

@@ -16,7 +16,20 @@ build_by_pkg_config() {
     quietly "$compiler" -std=c++17 "$examples/first.cpp" $flags -o "$work/first-by-pkg-config"
 }
 
-build_by_javac() {
+# As the linker of the compiler for C would: the library brings what it needs of C++.
+build_in_c() {
+    local flags
+    flags=$(PKG_CONFIG_PATH="$prefix/$libdir/pkgconfig" pkg-config --cflags --libs platwifi)
+    # shellcheck disable=SC2086 # one word a flag
+    quietly "$compiler" -x c -std=c99 -Wall -Wextra -Wpedantic -Werror "$examples/first.c" -x none $flags \
+        -o "$work/first-in-c"
+}
+
+build_in_c() { LD_LIBRARY_PATH="$prefix/$libdir" "$work/first-in-c"; }
+in_python() {
+    LD_LIBRARY_PATH="$prefix/$libdir" python3 "$prefix/share/doc/platwifi/examples/networks.py"
+}
+by_javac() {
     quietly javac -Xlint:all -Werror -cp "$prefix/share/java/platwifi.jar" -d "$work/classes" \
         "$examples/First.java"
 }
@@ -81,4 +94,6 @@ expect_an_adapter_of_the_stand_in() {
     expect 0 $'supplicant runs: no\nfirst adapter: wlan0' by_cmake
     expect 0 $'supplicant runs: no\nfirst adapter: wlan0' by_pkg_config
     expect 0 $'supplicant runs: no\nfirst adapter: wlan0' by_javac
+    expect 0 'first adapter: wlan0, libplatwifi 1.0.0' in_c
+    expect 0 $'libplatwifi 1.0.0\nadapter wlan0: unknown' in_python
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/PlatformUtil.h"
 #include "support/ThreadState.h"
 
 #include <atomic>
@@ -14,7 +13,7 @@ public:
     template <typename Body>
     explicit Doing(Body body)
         : m_thread([this, body] {
-              m_id = PlatformUtil::threadId();
+              m_id = ownThread();
               body();
               m_done = true;
           }) {}

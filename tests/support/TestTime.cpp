@@ -17,7 +17,6 @@
 #include <iterator>
 #include <map>
 #include <mutex>
-#include <poll.h>
 #include <sys/wait.h>
 #include <thread>
 #include <utility>
@@ -151,14 +150,11 @@ Clock::duration lockWaitUntil(Clock::time_point deadline) {
     return asked * settings[LOCK_SECOND].load() / REAL;
 }
 
-void awaitEnd(int processId) {
+// False for a process that is no child, or no longer one.
+bool awaitEnd(int processId) {
     siginfo_t info{};
-    waitid(P_PID, static_cast<id_t>(processId), &info, WEXITED | WNOWAIT);
-}
-
-bool waitReadable(const platform::FileDescriptor& descriptor) {
-    pollfd watched{descriptor.number(), POLLIN, 0};
-    return descriptor.isOpen() && poll(&watched, 1, -1) == 1;
+    return processId > 0 &&
+           waitid(P_PID, static_cast<id_t>(processId), &info, WEXITED | WNOWAIT) == 0;
 }
 
 } // namespace
@@ -209,7 +205,7 @@ void ChildPause::pause(int milliseconds) noexcept {
         note("pause " + std::to_string(milliseconds));
     else if (settings[WAITS_FOR_CHILDREN] == 0)
         (this->*library().pause)(milliseconds);
-    else if (!waitReadable(m_watch))
+    else if (!awaitEnd(m_child))
         PlatformUtil::sleep(milliseconds);
 }
 

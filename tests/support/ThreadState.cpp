@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <thread>
+#include <unistd.h>
 
 namespace test {
 namespace {
@@ -17,8 +18,12 @@ std::string firstLine(const std::filesystem::path& path) {
 
 } // namespace
 
-bool isAsleep(int threadId) {
-    const std::string text = firstLine("/proc/self/task/" + std::to_string(threadId) + "/stat");
+int ownThread() {
+    return gettid();
+}
+
+bool isAsleep(int thread) {
+    const std::string text = firstLine("/proc/self/task/" + std::to_string(thread) + "/stat");
     const auto name = text.rfind(')');
     return name != std::string::npos && text.compare(name, 3, ") S") == 0;
 }

@@ -5,11 +5,13 @@
 
 namespace test {
 
-/// Whether the thread of this process with this PlatformUtil::threadId() sleeps. False for a thread
-/// that has ended.
-bool isAsleep(int threadId);
+/// The system's number of the calling thread, which PlatformUtil::threadId() need not be.
+int ownThread();
 
-/// The ids of the threads of this process with this name (15 characters at most).
+/// Whether the thread of this process with this number sleeps. False for a thread that has ended.
+bool isAsleep(int thread);
+
+/// The numbers of the threads of this process with this name (15 characters at most).
 std::vector<int> threadsNamed(const std::string& name);
 
 /// Returns when there is no such thread. After its last statement a thread still exists for a

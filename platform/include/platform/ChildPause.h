@@ -5,8 +5,8 @@
 
 /// The pause between two looks at a child process. It ends early when that child ends.
 ///
-/// On a system that cannot notify a process of a child's end, which the constructor finds out, a
-/// pause is a plain PlatformUtil::sleep(). A pause reaps nothing; the caller does.
+/// Where the end of the child cannot be found out, which the constructor sees, a pause is a plain
+/// PlatformUtil::sleep(). A pause reaps nothing; the caller does.
 class PLATFORM_API ChildPause {
 public:
     /// @param processId  a child of this process that has not been reaped yet
@@ -18,5 +18,7 @@ public:
     void pause(int milliseconds) noexcept;
 
 private:
-    platform::FileDescriptor m_watch; ///< becomes readable when the child ends
+    [[maybe_unused]] int m_child; ///< its process id, or 0 when the pauses are plain sleeps
+    platform::FileDescriptor
+        m_watch; ///< becomes readable when the child ends, where there is such a descriptor
 };

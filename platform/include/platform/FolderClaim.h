@@ -11,7 +11,8 @@ namespace platform {
 /// Claims on the same number do not exclude each other. A claim ends with the object, and with the
 /// process however that ends.
 ///
-/// Any user who may read the folder can claim numbers in it and look for claims. An object belongs
+/// Any user who may read the folder can claim numbers in it and look for claims. A system may show a user only the
+/// claims of this user's own processes. An object belongs
 /// to one thread at a time. Nothing throws and nothing waits.
 class PLATFORM_API FolderClaim {
 public:
@@ -21,6 +22,7 @@ public:
     /// @param folder  a folder that this process may read
     /// @param number  MAX_NUMBER at most
     FolderClaim(const char* folder, std::uint32_t number) noexcept;
+    ~FolderClaim();
 
     FolderClaim(const FolderClaim&) = delete;
     FolderClaim& operator=(const FolderClaim&) = delete;
@@ -34,6 +36,7 @@ public:
 
 private:
     FileDescriptor m_folder; ///< open as long as there is a claim
+    [[maybe_unused]] std::uint32_t m_number;
 };
 
 } // namespace platform

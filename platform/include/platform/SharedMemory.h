@@ -9,8 +9,8 @@ namespace platform {
 
 /// Memory that processes share under a name.
 ///
-/// A new object gets its name in one step, after it was set up. So no process ever maps an
-/// unfinished object, not even when the process that made it died. Of processes that start at the
+/// No process ever maps an unfinished object, not even when the process that made it died: a new one gets its name
+/// in one step, after it was set up, or a lock keeps others from it until then. Of processes that start at the
 /// same time, one makes the object and the others join it.
 ///
 /// An object belongs to one thread at a time. Nothing throws.
@@ -46,7 +46,7 @@ public:
     /// @param setUp  called with a new object, all zero, that no other process sees
     /// @param join   called with an object that other processes may use
     /// @return FAILED, with nothing mapped, when there is no object for this process. When another
-    ///         process holds the lock of the folder, that takes a second.
+    ///         process holds the lock for changes of the name, that takes a second.
     Result attach(const char* name, std::size_t size, SetUp setUp, Join join) noexcept;
 
     /// Unmaps the memory, if any is mapped. The object and its name stay.
@@ -64,6 +64,7 @@ private:
     bool make(int file, std::size_t size, SetUp setUp) noexcept;
     std::optional<Joining> tryJoin(int file, std::size_t size, Join join) noexcept;
     Result giveUp() noexcept;
+    Result fail(const char* name, int error) noexcept;
     int publish(const char* name, std::size_t size, SetUp setUp) noexcept;
 
     void* m_data = nullptr;

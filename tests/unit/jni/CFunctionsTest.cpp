@@ -4,6 +4,7 @@
 
 #include "jni/ServiceFunctions.h"
 #include "model/WifiNetwork.h"
+#include "model/WifiTypes.h"
 
 #include "support/KeyWorld.h"
 #include "unit/settings/LoadedSettings.h"
@@ -67,7 +68,15 @@ protected:
 
 class CDocument : public CSecrets {
 protected:
-    CDocument() : settings(loaded.load("0\thome\tany\t\n")) {}
+    CDocument() : settings(&loaded.load("0\thome\tany\t\n")) {}
+
+    // The document has the key of a network whose security uses it.
+    void setKey(const char* key) {
+        WifiNetwork& network = *settings->getNetwork("wlan0", "home");
+        network.setProtocol(PROTOCOL_WPA);
+        network.setKeyManagement(KEY_MGMT_WPA_PSK);
+        network.setPsk(key);
+    }
 
     Text document(bool full) {
         char* text = nullptr;
@@ -112,7 +121,7 @@ TEST_F(CDocument, NeedsAPlace) {
 }
 
 TEST_F(CDocument, HasSecretsThatDecipher) {
-    settings->getNetwork("wlan0", "home")->setPsk("correct horse");
+    setKey("correct horse");
     const std::string text = document(true).get();
     const std::string key = "crypt1:";
     const std::size_t begin = text.find(key);
@@ -123,7 +132,7 @@ TEST_F(CDocument, HasSecretsThatDecipher) {
 }
 
 TEST_F(CDocument, ReportsASecretThatCannotBeEnciphered) {
-    settings->getNetwork("wlan0", "home")->setPsk("correct horse");
+    setKey("correct horse");
     putKey("too short");
     document(true);
     EXPECT_THAT(errors.ids, ElementsAre("crypt.key-size"));

@@ -237,7 +237,9 @@ std::string leftBehindTheNextProcess() {
         for (const auto& entry : std::filesystem::directory_iterator(folder)) {
             // Folders, the key's among them, are skipped.
             const bool isScan = entry.path().string().find("/wpa_cli_scan_result_") == 4;
-            if (entry.is_regular_file() && !isScan)
+            const bool holdsLocks =
+                entry.path().extension() == ".lock"; // where POSIX alone is used
+            if (entry.is_regular_file() && !isScan && !holdsLocks)
                 left += entry.path().string() + "\n";
         }
     }

@@ -1,6 +1,5 @@
 #include "platform/ChildPause.h"
 
-#include "platform/PlatformUtil.h"
 #include "support/ChildEnds.h"
 #include "support/ThreadState.h"
 
@@ -68,8 +67,8 @@ private:
     int m_id = -1;
 };
 
-void awaitSleep(const std::atomic<int>& threadId) {
-    while (threadId == 0 || !test::isAsleep(threadId))
+void awaitSleep(const std::atomic<int>& thread) {
+    while (thread == 0 || !test::isAsleep(thread))
         std::this_thread::yield();
 }
 
@@ -90,12 +89,12 @@ protected:
 
 TEST_F(EarlyChildPause, EndsWithTheChild) {
     ChildPause pause(child.id());
-    std::atomic<int> threadId{0};
+    std::atomic<int> thread{0};
     std::thread sleeper([&] {
-        threadId = PlatformUtil::threadId();
+        thread = test::ownThread();
         pause.pause(HOUR);
     });
-    awaitSleep(threadId);
+    awaitSleep(thread);
     child.requestEnd();
     sleeper.join();
 }
@@ -136,6 +135,7 @@ TEST_F(EarlyChildPause, LastsWhileTheChildRuns) {
 
 TEST(ChildPause, IsPlainSleepWithoutNotificationOfTheChildsEnd) {
     Child child;
+    child.end();
     bool refused = false;
     std::thread([&] {
         refused = test::refuseChildEndNotification();
@@ -143,7 +143,6 @@ TEST(ChildPause, IsPlainSleepWithoutNotificationOfTheChildsEnd) {
             return;
         EXPECT_FALSE(test::systemNotifiesOfChildEnd());
         ChildPause pause(child.id());
-        child.end();
         EXPECT_GE(lengthOf(pause, 30), milliseconds(30));
     }).join();
     if (!refused)

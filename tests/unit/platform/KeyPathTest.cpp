@@ -1,6 +1,6 @@
-#include "linux/crypt/KeyPath.h"
+#include "common/crypt/KeyPath.h"
 
-#include "linux/crypt/CryptError.h"
+#include "common/crypt/CryptError.h"
 
 #include <gtest/gtest.h>
 

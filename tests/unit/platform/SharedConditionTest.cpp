@@ -89,7 +89,7 @@ struct Sleeper {
     explicit Sleeper(Action action)
         : result(std::async(std::launch::async,
                             [this, action] {
-                                id.set_value(PlatformUtil::threadId());
+                                id.set_value(test::ownThread());
                                 return action();
                             })),
           thread(id.get_future().get()) {

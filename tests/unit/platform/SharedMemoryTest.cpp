@@ -1,97 +1,15 @@
-#include "platform/SharedMemory.h"
+#include "NamedSharedMemory.h"
 
-#include "platform/FileDescriptor.h"
 #include "support/Files.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
-#include <cstring>
-#include <fcntl.h>
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <sys/file.h>
-#include <sys/mount.h>
 #include <sys/resource.h>
-#include <vector>
 
 namespace {
 
-using platform::FileDescriptor;
-using platform::SharedMemory;
-using Joining = SharedMemory::Joining;
-using Result = SharedMemory::Result;
-
-constexpr const char* NAME = "/shared_memory_test";
-constexpr const char* PATH = "/dev/shm/shared_memory_test";
-constexpr std::size_t SIZE = 64;
-constexpr char FILLED = 'x';
-
-bool isZero(const char* bytes) {
-    return std::all_of(bytes, bytes + SIZE, [](char byte) { return byte == '\0'; });
-}
-
-bool fill(void* memory) {
-    auto* const bytes = static_cast<char*>(memory);
-    const bool wasZero = isZero(bytes);
-    std::memset(bytes, FILLED, SIZE);
-    return wasZero;
-}
-
-bool isFilled(const void* memory) {
-    return *static_cast<const char*>(memory) == FILLED;
-}
-
-Joining joinFilled(void* memory) {
-    return isFilled(memory) ? Joining::JOINED : Joining::REFUSED;
-}
-
-bool never(void*) {
-    return false;
-}
-
-Result attach(SharedMemory& memory) {
-    return memory.attach(NAME, SIZE, fill, joinFilled);
-}
-
-void put(const std::string& bytes) {
-    std::ofstream(PATH, std::ios::binary) << bytes;
-}
-
-std::vector<std::string> names() {
-    std::vector<std::string> all;
-    for (const auto& entry : std::filesystem::directory_iterator("/dev/shm"))
-        all.push_back("/" + entry.path().filename().string());
-    return all;
-}
-
-/// Mounts an empty file system over a folder during its lifetime.
-class Mounted {
-public:
-    Mounted(const char* place, const char* options)
-        : m_place(place), m_done(mount("test", place, "tmpfs", 0, options) == 0) {}
-    ~Mounted() {
-        if (m_done)
-            umount2(m_place, MNT_DETACH);
-    }
-    Mounted(const Mounted&) = delete;
-    Mounted& operator=(const Mounted&) = delete;
-    explicit operator bool() const { return m_done; }
-
-private:
-    const char* m_place;
-    bool m_done;
-};
-
-class NamedSharedMemory : public testing::Test {
-protected:
-    void TearDown() override { SharedMemory::unlink(NAME); }
-
-    SharedMemory memory;
-};
+using namespace test;
 
 TEST_F(NamedSharedMemory, IsCreatedByTheFirstAndJoinedByTheNext) {
     SharedMemory first;
@@ -100,16 +18,16 @@ TEST_F(NamedSharedMemory, IsCreatedByTheFirstAndJoinedByTheNext) {
     EXPECT_EQ(attach(first), Result::CREATED);
     EXPECT_EQ(attach(second), Result::JOINED);
     ASSERT_NE(second.data(), first.data());
-    static_cast<char*>(first.data())[SIZE - 1] = 'y';
-    EXPECT_EQ(static_cast<char*>(second.data())[SIZE - 1], 'y');
-    EXPECT_EQ(names(), std::vector<std::string>{NAME});
+    static_cast<char*>(first.data())[OBJECT_SIZE - 1] = 'y';
+    EXPECT_EQ(static_cast<char*>(second.data())[OBJECT_SIZE - 1], 'y');
+    EXPECT_EQ(names(), std::vector<std::string>{OBJECT});
 }
 
 TEST_F(NamedSharedMemory, IsKeptByItsUsersWithoutItsName) {
     SharedMemory first;
     SharedMemory second;
     attach(first);
-    SharedMemory::unlink(NAME);
+    SharedMemory::unlink(OBJECT);
     EXPECT_EQ(attach(second), Result::CREATED);
     *static_cast<char*>(first.data()) = 'y';
     EXPECT_EQ(*static_cast<char*>(second.data()), FILLED);
@@ -117,9 +35,9 @@ TEST_F(NamedSharedMemory, IsKeptByItsUsersWithoutItsName) {
 
 TEST_F(NamedSharedMemory, IsUnmappedWhenItIsDetached) {
     const auto isMapped = [] {
-        return test::contentOf("/proc/self/maps").find(PATH) != std::string::npos;
+        return test::contentOf("/proc/self/maps").find(OBJECT_PATH) != std::string::npos;
     };
-    put(std::string(SIZE, FILLED));
+    put(std::string(OBJECT_SIZE, FILLED));
     EXPECT_EQ(attach(memory), Result::JOINED);
     EXPECT_TRUE(isMapped());
     memory.detach();
@@ -144,7 +62,8 @@ TEST_F(NamedSharedMemory, IsReplacedWhenJoiningIsRefused) {
 }
 
 TEST_F(NamedSharedMemory, IsReplacedWhenItsSizeDiffers) {
-    for (const std::size_t size : {std::size_t{0}, SIZE - 1, SIZE + 1, std::size_t{100000}}) {
+    for (const std::size_t size :
+         {std::size_t{0}, OBJECT_SIZE - 1, OBJECT_SIZE + 1, std::size_t{100000}}) {
         put(std::string(size, FILLED));
         EXPECT_EQ(attach(memory), Result::CREATED) << size;
         memory.detach();
@@ -152,81 +71,32 @@ TEST_F(NamedSharedMemory, IsReplacedWhenItsSizeDiffers) {
 }
 
 TEST_F(NamedSharedMemory, GetsNoNameWhenItCannotBeSetUp) {
-    EXPECT_EQ(memory.attach(NAME, SIZE, never, joinFilled), Result::FAILED);
+    EXPECT_EQ(memory.attach(OBJECT, OBJECT_SIZE, never, joinFilled), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
     EXPECT_TRUE(names().empty());
 }
 
 TEST_F(NamedSharedMemory, FailsIfAFolderHasTheName) {
-    std::filesystem::create_directory(PATH);
+    std::filesystem::create_directory(OBJECT_PATH);
     EXPECT_EQ(attach(memory), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
-    EXPECT_TRUE(std::filesystem::remove(PATH)) << "it still exists";
+    EXPECT_TRUE(std::filesystem::remove(OBJECT_PATH)) << "it still exists";
 }
 
 TEST_F(NamedSharedMemory, KeepsItsNameWhenItIsBusy) {
-    put(std::string(SIZE, FILLED));
+    put(std::string(OBJECT_SIZE, FILLED));
     const auto busy = [](void*) { return Joining::BUSY; };
-    EXPECT_EQ(memory.attach(NAME, SIZE, fill, busy), Result::FAILED);
+    EXPECT_EQ(memory.attach(OBJECT, OBJECT_SIZE, fill, busy), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
-    EXPECT_EQ(names(), std::vector<std::string>{NAME});
+    EXPECT_EQ(names(), std::vector<std::string>{OBJECT});
     EXPECT_EQ(attach(memory), Result::JOINED) << "once it is free";
 }
 
 TEST_F(NamedSharedMemory, FailsWithoutAName) {
-    EXPECT_EQ(memory.attach(nullptr, SIZE, fill, joinFilled), Result::FAILED);
-    EXPECT_EQ(memory.attach("", SIZE, fill, joinFilled), Result::FAILED);
+    EXPECT_EQ(memory.attach(nullptr, OBJECT_SIZE, fill, joinFilled), Result::FAILED);
+    EXPECT_EQ(memory.attach("", OBJECT_SIZE, fill, joinFilled), Result::FAILED);
     EXPECT_TRUE(names().empty());
     SharedMemory::unlink(nullptr);
-}
-
-// Another process makes its object while this one checks a stale one, or while it makes its own.
-TEST_F(NamedSharedMemory, IsJoinedWhenAnotherProcessReplacesItFirst) {
-    static SharedMemory first;
-    put(std::string(SIZE, 's'));
-    const auto join = [](void* found) {
-        if (isFilled(found))
-            return Joining::JOINED;
-        SharedMemory::unlink(NAME);
-        EXPECT_EQ(attach(first), Result::CREATED);
-        return Joining::REFUSED;
-    };
-    EXPECT_EQ(memory.attach(NAME, SIZE, fill, join), Result::JOINED);
-    first.detach();
-}
-
-TEST_F(NamedSharedMemory, IsJoinedWhenAnotherProcessMakesItFirst) {
-    static SharedMemory first;
-    const auto setUp = [](void* own) {
-        EXPECT_EQ(attach(first), Result::CREATED);
-        return fill(own);
-    };
-    EXPECT_EQ(memory.attach(NAME, SIZE, setUp, joinFilled), Result::JOINED);
-    EXPECT_EQ(names(), std::vector<std::string>{NAME});
-    first.detach();
-}
-
-TEST_F(NamedSharedMemory, IsWaitedForALimitedTimeWhenTheFolderIsLocked) {
-    put("stale");
-    FileDescriptor folder(open("/dev/shm", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    ASSERT_EQ(flock(folder.number(), LOCK_EX), 0);
-    EXPECT_EQ(attach(memory), Result::FAILED);
-    EXPECT_EQ(memory.data(), nullptr);
-    folder.close();
-    EXPECT_EQ(attach(memory), Result::CREATED);
-}
-
-TEST_F(NamedSharedMemory, IsMadeWithoutProcToo) {
-    SharedMemory first;
-    SharedMemory second;
-    {
-        const Mounted noProc("/proc", "");
-        if (!noProc)
-            GTEST_SKIP() << "nothing can be mounted here";
-        EXPECT_EQ(attach(first), Result::CREATED);
-        EXPECT_EQ(attach(second), Result::JOINED);
-    }
-    EXPECT_EQ(names(), std::vector<std::string>{NAME}) << "no temporary name is left";
 }
 
 TEST_F(NamedSharedMemory, IsNotMappedWhenTheFileSystemIsFull) {
@@ -236,7 +106,8 @@ TEST_F(NamedSharedMemory, IsNotMappedWhenTheFileSystemIsFull) {
     std::ofstream("/dev/shm/all", std::ios::binary) << std::string(1 << 20, 'a');
     EXPECT_EQ(attach(memory), Result::FAILED);
     put("");
-    std::filesystem::resize_file(PATH, SIZE); // a sparse file, for which there is no space either
+    std::filesystem::resize_file(OBJECT_PATH,
+                                 OBJECT_SIZE); // a sparse file, for which there is no space either
     EXPECT_EQ(attach(memory), Result::FAILED);
     EXPECT_EQ(memory.data(), nullptr);
 }
@@ -250,8 +121,8 @@ TEST_F(NamedSharedMemory, IsNotMappedWhenTheFileSystemIsFull) {
     setrlimit(RLIMIT_FSIZE, &limits);
     bool asExpected = true;
     for (int i = 0; i < 2; ++i) {
-        asExpected = SharedMemory().attach(NAME, size, accept, join) == expected && asExpected;
-        SharedMemory::unlink(NAME);
+        asExpected = SharedMemory().attach(OBJECT, size, accept, join) == expected && asExpected;
+        SharedMemory::unlink(OBJECT);
     }
     std::_Exit(asExpected ? 0 : 1);
 }
@@ -263,7 +134,7 @@ TEST(SharedMemoryLimitDeathTest, IsReportedOnceAndDoesNotEndTheProcess) {
         attachTwice(LARGE - 1, LARGE, Result::FAILED), testing::ExitedWithCode(0),
         testing::MatchesRegex("platwifi: the shared memory object /shared_memory_test cannot be "
                               "used .File too large.;[^\n]*\n"));
-    EXPECT_EXIT(attachTwice(0, SIZE, Result::FAILED), testing::ExitedWithCode(0),
+    EXPECT_EXIT(attachTwice(0, OBJECT_SIZE, Result::FAILED), testing::ExitedWithCode(0),
                 testing::IsEmpty())
         << "the line itself may not be written";
     EXPECT_EXIT(attachTwice(LARGE, LARGE, Result::CREATED), testing::ExitedWithCode(0),
@@ -282,7 +153,7 @@ TEST(SharedMemoryLimitDeathTest, DoesNotStopAProcessFromJoining) {
         std::_Exit(attach(memory) == Result::JOINED ? 0 : 1);
     };
     EXPECT_EXIT(join(), testing::ExitedWithCode(0), testing::IsEmpty());
-    SharedMemory::unlink(NAME);
+    SharedMemory::unlink(OBJECT);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "support/ReplacedDescriptor.h"
 #include "support/SignalAction.h"
 #include "support/StandIn.h"
+#include "support/ThreadState.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -232,14 +233,14 @@ TEST_F(Launch, LeavesTheIntermediateProcessOnlyItsPipe) {
     const ChildSignal signal(SIG_IGN);
     test::Checkpoint checkpoint("/tmp/checkpoint");
     standIn.on({"*"}).pausesAt(checkpoint.path());
-    std::atomic<int> threadId{0};
+    std::atomic<int> thread{0};
     std::thread running([&] {
-        threadId = PlatformUtil::threadId();
+        thread = test::ownThread();
         EXPECT_TRUE(run());
     });
     checkpoint.awaitArrival();
     int between = 0;
-    std::ifstream("/proc/self/task/" + std::to_string(threadId) + "/children") >> between;
+    std::ifstream("/proc/self/task/" + std::to_string(thread) + "/children") >> between;
     const std::string folder = "/proc/" + std::to_string(between) + "/fd";
     std::vector<std::string> open = namesIn(folder);
     while (open.size() > 1)

@@ -49,6 +49,10 @@ std::string put(const std::string& path) {
 
 class LeftoverFiles : public testing::Test {
 protected:
+    void SetUp() override {
+        if (!platform::FolderClaim(paths::RESULT_FOLDER, 0).isHeld())
+            GTEST_SKIP() << "this platform has no claims, and removes no leftover files";
+    }
     ~LeftoverFiles() override {
         for (const std::string& file : test::resultFiles())
             std::filesystem::remove_all(file);

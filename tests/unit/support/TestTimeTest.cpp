@@ -202,7 +202,7 @@ TEST(Time, HasPausesThatLastUntilTheChildEnds) {
     time.pausesEndWithTheChild();
     const Child child;
     ChildPause untilEnd(child.id());
-    const int waiting = PlatformUtil::threadId();
+    const int waiting = test::ownThread();
     std::thread killing([&] {
         while (!test::isAsleep(waiting))
             std::this_thread::yield();

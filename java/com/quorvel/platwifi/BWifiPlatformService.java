@@ -5,9 +5,10 @@ package com.quorvel.platwifi;
  *
  * <p>All work is done by the wpa_supplicant of the host; this class reaches it through the native
  * library platwifi, which is loaded with the class. The system property {@code platwifi.library}
- * may name its file; otherwise the directories of {@code java.library.path} are searched. Without
- * the library the first use ends in an {@link UnsatisfiedLinkError} that says where it was looked
- * for.
+ * may name its file; otherwise the directories of {@code java.library.path} are searched, then
+ * those where it may be installed. A jar with native files is used last: it unpacks them into a
+ * private cache folder, which the system property {@code platwifi.cache} may name. Without the
+ * library the first use ends in an {@link UnsatisfiedLinkError} that says where it was looked for.
  *
  * <h2>How to call</h2>
  *

@@ -7,17 +7,22 @@ import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.io.TempDir;
 
 import java.io.IOException;
-import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.stream.Collectors;
 
 class NativeLibraryTest {
     private static final Path LIBRARY = Path.of(System.getProperty("platwifi.library"));
     private static final int ELF_MACHINE = 18;
     private static final String ADVICE = "Start Java with -Dplatwifi.library=FILE (the full path of"
             + " libplatwifi.so) or with -Djava.library.path=DIRECTORY that holds it.";
+
+    // The runner hides what is installed there.
+    private static final String INSTALLED = LibraryFolders.installed().stream()
+            .map(folder -> folder + "/libplatwifi.so (no such file)")
+            .collect(Collectors.joining(", "));
 
     @TempDir
     Path directory;
@@ -50,13 +55,28 @@ class NativeLibraryTest {
     void everyDirectoryOfTheLibraryPathIsNamed() throws Exception {
         assertExplained(probe("-Djava.library.path=/nowhere:/else:"),
                 "Looked for: /nowhere/libplatwifi.so (no such file), /else/libplatwifi.so"
-                        + " (no such file), ./libplatwifi.so (no such file). ");
+                        + " (no such file), ./libplatwifi.so (no such file), " + INSTALLED + ". ");
     }
 
     @Test
-    void anEmptyLibraryPathIsNamed() throws Exception {
-        assertExplained(probe("-Djava.library.path="),
-                "Looked for: nowhere, java.library.path is empty. ");
+    void whereItMayBeInstalledIsNamed() throws Exception {
+        assertExplained(probe("-Djava.library.path="), "Looked for: " + INSTALLED + ". ");
+    }
+
+    @Test
+    void isFoundAsAPackageInstallsIt() throws Exception {
+        Files.createSymbolicLink(directory.resolve("libplatwifi.so.1"), LIBRARY);
+        assertEquals("called: true\n", probe("-Djava.library.path=" + directory));
+    }
+
+    @Test
+    void theCipherIsFoundInThePrivateFolder() throws Exception {
+        Path folder = Files.createDirectory(directory.resolve("platwifi"));
+        Path cipher = LIBRARY.resolveSibling("libplatwificrypt.so");
+        Files.createSymbolicLink(folder.resolve("libplatwificrypt.so"), cipher);
+        assertEquals("called: true\n", probeCipher("-Djava.library.path=" + directory));
+        assertEquals("called: true\n",
+                probeCipher("-Dplatwifi.library=" + directory.resolve("libplatwifi.so.1")));
     }
 
     @Test
@@ -88,7 +108,7 @@ class NativeLibraryTest {
         assertTrue(output.endsWith("Looked for: " + directory + "/libplatwificrypt.so"
                 + " (no such file), as platwifi.library says. " + ADVICE + "\n"), output);
         assertTrue(probeCipher("-Djava.library.path=" + directory).contains(
-                "Looked for: " + directory + "/libplatwificrypt.so (no such file). "));
+                "Looked for: " + directory + "/libplatwificrypt.so (no such file), "));
     }
 
     private static void assertExplained(String output, String places) {
@@ -107,15 +127,10 @@ class NativeLibraryTest {
 
     private String run(List<String> program, String... options)
             throws IOException, InterruptedException {
-        List<String> command = new ArrayList<>();
-        command.add(Path.of(System.getProperty("java.home"), "bin", "java").toString());
-        command.addAll(List.of("-Xcheck:jni", "-cp", System.getProperty("java.class.path")));
-        command.addAll(List.of(options));
-        command.addAll(program);
-        Process child = new ProcessBuilder(command)
-                .directory(directory.toFile()).redirectErrorStream(true).start();
-        String output = new String(child.getInputStream().readAllBytes(), StandardCharsets.UTF_8);
-        assertEquals(0, child.waitFor(), output);
-        return output;
+        List<String> arguments = new ArrayList<>();
+        arguments.addAll(List.of("-cp", System.getProperty("java.class.path")));
+        arguments.addAll(List.of(options));
+        arguments.addAll(program);
+        return JavaProgram.output(JavaProgram.command(directory, arguments).start());
     }
 }

@@ -1,0 +1,12 @@
+# The page of the functions, and one for each function of platwifi.h that refers to it.
+set(C_HEADER ${PROJECT_SOURCE_DIR}/src/platwifi.h)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${C_HEADER})
+file(STRINGS ${C_HEADER} C_FUNCTIONS REGEX "^PLATWIFI_API ")
+set(MANUAL_PAGES ${PROJECT_SOURCE_DIR}/docs/man/platwifi.3)
+foreach(function ${C_FUNCTIONS})
+  string(REGEX MATCH "([A-Za-z]+)\\(" name "${function}")
+  set(page ${PROJECT_BINARY_DIR}/man3/${CMAKE_MATCH_1}.3)
+  file(CONFIGURE OUTPUT ${page} CONTENT ".so man3/platwifi.3\n")
+  list(APPEND MANUAL_PAGES ${page})
+endforeach()
+install(FILES ${MANUAL_PAGES} DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT development)

@@ -1,0 +1,353 @@
+package com.quorvel.platwifi;
+
+import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertFalse;
+import static org.junit.jupiter.api.Assertions.assertNotEquals;
+import static org.junit.jupiter.api.Assertions.assertTrue;
+import static org.junit.jupiter.api.Assumptions.assumeTrue;
+
+import org.junit.jupiter.api.AfterEach;
+import org.junit.jupiter.api.BeforeEach;
+import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.io.TempDir;
+import org.junit.jupiter.params.ParameterizedTest;
+import org.junit.jupiter.params.provider.ValueSource;
+
+import java.io.IOException;
+import java.nio.file.Files;
+import java.nio.file.Path;
+import java.nio.file.attribute.FileTime;
+import java.nio.file.attribute.PosixFilePermissions;
+import java.time.Duration;
+import java.time.Instant;
+import java.util.ArrayList;
+import java.util.List;
+import java.util.Map;
+
+/** Where a program with the one jar unpacks its native files, and what can be wrong there. */
+class UnpackingTest {
+    private static final String LISTER = "libexec/platwifi/boot/pidin";
+    private static final String PROBLEM =
+            "cannot load the Wi-Fi library: its files in this jar cannot be unpacked: ";
+    private static final String ADVICE = ". Start Java with -Dplatwifi.cache=DIRECTORY that belongs"
+            + " to this user, where files can be written and executed.\n";
+
+    @TempDir
+    Path folder;
+
+    private final Mounts mounts = new Mounts();
+    private OneJar program;
+
+    @BeforeEach
+    void start() throws Exception {
+        program = new OneJar(folder);
+    }
+
+    @AfterEach
+    void unmount() throws Exception {
+        mounts.removeAll();
+    }
+
+    @Test
+    void thePropertyNamesTheCache() throws Exception {
+        Path cache = folder.resolve("a/b");
+        String output = program.run("-Dplatwifi.cache=" + cache);
+        assertEquals(OneJar.loadedFrom(cache), output);
+        assertFalse(Files.exists(program.cache()));
+    }
+
+    @Test
+    void theCacheOfTheUserMayBeElsewhere() throws Exception {
+        String output = program.run(Map.of("XDG_CACHE_HOME", folder.resolve("xdg").toString()));
+        assertEquals(OneJar.loadedFrom(folder.resolve("xdg/platwifi")), output);
+    }
+
+    @Test
+    void aUserWithoutHomeHasACacheForTemporaryFiles() throws Exception {
+        String output = program.run("-Duser.home=?");
+        assertEquals(OneJar.loadedFrom(temporaryCache()), output);
+    }
+
+    @Test
+    void theCacheIsPrivate() throws Exception {
+        program.run();
+        assertEquals("rwx------", mode(program.cache()));
+        assertEquals("rwx------", mode(OneJar.unpackedIn(program.cache())));
+    }
+
+    @Test
+    void theProgramsAreExecutable() throws Exception {
+        program.run();
+        Path unpacked = OneJar.unpackedIn(program.cache());
+        assertTrue(Files.isExecutable(unpacked.resolve(LISTER)));
+        assertTrue(Files.isExecutable(unpacked.resolve("libexec/platwifi/boot/wpa_cli")));
+    }
+
+    @Test
+    void theSecondStartUsesTheSameFiles() throws Exception {
+        program.run();
+        Path lister = OneJar.unpackedIn(program.cache()).resolve(LISTER);
+        Object first = Files.getAttribute(lister, "unix:ino");
+        String output = program.run();
+        assertEquals(OneJar.loadedFrom(program.cache()), output);
+        assertEquals(first, Files.getAttribute(lister, "unix:ino"));
+    }
+
+    @ParameterizedTest
+    @ValueSource(strings = {LISTER, "lib/platwifi/libplatform.so"})
+    void aChangedFileIsReplaced(String path) throws Exception {
+        program.run();
+        Path file = OneJar.unpackedIn(program.cache()).resolve(path);
+        byte[] original = Files.readAllBytes(file);
+        byte[] changed = original.clone();
+        changed[changed.length / 2] ^= 1;
+        Files.write(file, changed);
+        assertRepaired(file, original);
+    }
+
+    @Test
+    void aShortFileIsReplaced() throws Exception {
+        program.run();
+        Path file = OneJar.unpackedIn(program.cache()).resolve(LISTER);
+        byte[] original = Files.readAllBytes(file);
+        Files.write(file, new byte[0]);
+        assertRepaired(file, original);
+    }
+
+    @Test
+    void aMissingFileIsReplaced() throws Exception {
+        program.run();
+        Path file = OneJar.unpackedIn(program.cache()).resolve(LISTER);
+        byte[] original = Files.readAllBytes(file);
+        Files.delete(file);
+        Files.delete(file.resolveSibling("wpa_cli"));
+        Files.delete(file.getParent());
+        assertRepaired(file, original);
+    }
+
+    @Test
+    void aLinkIsReplaced() throws Exception {
+        program.run();
+        Path file = OneJar.unpackedIn(program.cache()).resolve(LISTER);
+        byte[] original = Files.readAllBytes(file);
+        Files.move(file, folder.resolve("moved"));
+        Files.createSymbolicLink(file, folder.resolve("moved"));
+        assertRepaired(file, original);
+        assertFalse(Files.isSymbolicLink(file));
+    }
+
+    @Test
+    void aProgramThatCannotBeExecutedIsReplaced() throws Exception {
+        program.run();
+        Path file = OneJar.unpackedIn(program.cache()).resolve(LISTER);
+        Files.setPosixFilePermissions(file, PosixFilePermissions.fromString("rw-r--r--"));
+        program.run();
+        assertTrue(Files.isExecutable(file));
+    }
+
+    @Test
+    void anotherLinkIsReplaced() throws Exception {
+        program.run();
+        Path link = OneJar.unpackedIn(program.cache()).resolve("lib/libplatwifi.so.1");
+        Files.delete(link);
+        Files.createSymbolicLink(link, Path.of("/nowhere"));
+        String output = program.run();
+        assertEquals(OneJar.loadedFrom(program.cache()), output);
+    }
+
+    @Test
+    void programsMayStartAtOnce() throws Exception {
+        List<Process> processes = new ArrayList<>();
+        for (int i = 0; i < 6; i++)
+            processes.add(program.start(Map.of()));
+        List<String> outputs = new ArrayList<>();
+        for (Process process : processes)
+            outputs.add(JavaProgram.output(process));
+        for (String output : outputs)
+            assertEquals(OneJar.loadedFrom(program.cache()), output);
+    }
+
+    @Test
+    void onlyOneOfManyIsFirst() throws Exception {
+        Process process = program.start(UnpackingProbe.class, Map.of(),
+                "-Dplatwifi.cache=" + program.cache());
+        assertEquals("", JavaProgram.output(process));
+        assertTrue(isComplete(OneJar.unpackedIn(program.cache())));
+    }
+
+    @Test
+    void aProgramMayBeKilledWhileItUnpacks() throws Exception {
+        Process killed = program.start(Map.of());
+        while (killed.isAlive() && !Files.exists(program.cache()))
+            Thread.onSpinWait();
+        killed.destroyForcibly().waitFor();
+        program.run();
+        assertTrue(OneJar.children(program.cache()).stream().anyMatch(this::isComplete));
+    }
+
+    @Test
+    void whatAKilledProgramLeftIsRemovedLater() throws Exception {
+        Files.createDirectories(program.cache(), PrivateFolder.MODE);
+        Path old = leftover("unpacking-1", Duration.ofHours(2));
+        Path recent = leftover("unpacking-2", Duration.ZERO); // perhaps of a running program
+        program.run();
+        assertFalse(Files.exists(old));
+        assertTrue(Files.exists(recent));
+    }
+
+    @Test
+    void aFolderThatOthersMayWriteToIsRefused() throws Exception {
+        program.run();
+        Path unpacked = OneJar.unpackedIn(program.cache());
+        for (Path open : List.of(unpacked, program.cache(), program.home())) {
+            String mode = mode(open);
+            Files.setPosixFilePermissions(open, PosixFilePermissions.fromString("rwxrwx---"));
+            assertEquals(PROBLEM + program.cache() + ": other users may write to " + open + ADVICE,
+                    program.run("-Dplatwifi.cache=" + program.cache()));
+            Files.setPosixFilePermissions(open, PosixFilePermissions.fromString(mode));
+        }
+    }
+
+    @Test
+    void aFolderAboveMayBeOneForTemporaryFilesOfEveryUser() throws Exception {
+        Files.setAttribute(program.temporary(), "unix:mode", 01777);
+        program.run("-Duser.home=?");
+        assertEquals(OneJar.loadedFrom(temporaryCache()), program.run("-Duser.home=?"));
+    }
+
+    @Test
+    void aLinkIsRefused() throws Exception {
+        Path link = Files.createSymbolicLink(folder.resolve("link"),
+                Files.createDirectory(folder.resolve("target"), PrivateFolder.MODE));
+        assertEquals(PROBLEM + link + ": " + link + " is a symbolic link" + ADVICE,
+                program.run("-Dplatwifi.cache=" + link));
+    }
+
+    @Test
+    void aLinkInPlaceOfTheUnpackedFilesIsRefused() throws Exception {
+        program.run();
+        Path unpacked = OneJar.unpackedIn(program.cache());
+        Files.move(unpacked, folder.resolve("moved"));
+        Files.createSymbolicLink(unpacked, folder.resolve("moved"));
+        assertEquals(PROBLEM + program.cache() + ": " + unpacked + " is a symbolic link" + ADVICE,
+                program.run("-Dplatwifi.cache=" + program.cache()));
+    }
+
+    @Test
+    void aFolderOfAnotherUserIsRefused() throws Exception {
+        Path foreign = Files.createDirectory(folder.resolve("foreign"), PrivateFolder.MODE);
+        assumeTrue(canGiveAway(foreign), "only root can give a folder to another user");
+        assertEquals(PROBLEM + foreign + ": " + foreign + " belongs to the user 1" + ADVICE,
+                program.run("-Dplatwifi.cache=" + foreign));
+    }
+
+    @Test
+    void aFileInPlaceOfTheCacheIsRefused() throws Exception {
+        Path file = Files.createFile(folder.resolve("file"));
+        assertEquals(PROBLEM + file + ": " + file + " is not a directory" + ADVICE,
+                program.run("-Dplatwifi.cache=" + file));
+    }
+
+    @Test
+    void aHomeThatExecutesNoFilesIsNotUsed() throws Exception {
+        mounts.add(program.home(), "noexec,mode=700");
+        String output = program.run();
+        assertEquals(OneJar.loadedFrom(temporaryCache()), output);
+        assertEquals(List.of(), OneJar.children(program.cache()));
+    }
+
+    @Test
+    void aHomeThatExecutesFilesNoLongerIsNotUsed() throws Exception {
+        mounts.add(program.home(), "mode=700");
+        program.run();
+        mounts.change(program.home(), "noexec");
+        String output = program.run();
+        assertEquals(OneJar.loadedFrom(temporaryCache()), output);
+    }
+
+    @Test
+    void placesThatExecuteNoFilesAreNamed() throws Exception {
+        String problem = ": its file system executes no files (mounted with noexec)";
+        mounts.add(program.home(), "noexec,mode=700");
+        mounts.add(program.temporary(), "noexec,mode=700");
+        assertEquals(PROBLEM + program.cache() + problem + "; " + temporaryCache() + problem
+                + ADVICE, program.run());
+    }
+
+    @Test
+    void aReadOnlyHomeIsNotUsed() throws Exception {
+        mounts.add(program.home(), "ro");
+        String output = program.run();
+        assertEquals(OneJar.loadedFrom(temporaryCache()), output);
+    }
+
+    @Test
+    void aReadOnlyPlaceIsNamed() throws Exception {
+        mounts.add(program.home(), "ro");
+        assertEquals(PROBLEM + program.cache() + ": Read-only file system" + ADVICE,
+                program.run("-Dplatwifi.cache=" + program.cache()));
+    }
+
+    @Test
+    void aReadOnlyPlaceMayHoldTheFilesAlready() throws Exception {
+        mounts.add(program.home(), "mode=700");
+        program.run();
+        mounts.change(program.home(), "ro");
+        String output = program.run();
+        assertEquals(OneJar.loadedFrom(program.cache()), output);
+    }
+
+    @Test
+    void aFullDiskIsNamedAndNothingStays() throws Exception {
+        mounts.add(program.home(), "size=64k,mode=700");
+        assertEquals(PROBLEM + program.cache() + ": No space left on device" + ADVICE,
+                program.run("-Dplatwifi.cache=" + program.cache()));
+        assertEquals(List.of(), OneJar.children(program.cache()));
+    }
+
+    @Test
+    void aDamagedJarIsNotUsed() throws Exception {
+        String output = program.with(new ChangedJar(OneJar.JAR).damage(LISTER))
+                .run("-Dplatwifi.cache=" + program.cache());
+        assertEquals(PROBLEM + program.cache() + ": this jar is damaged: its " + LISTER
+                + " is not as it was built" + ADVICE, output);
+    }
+
+    private void assertRepaired(Path file, byte[] original) throws Exception {
+        Object damaged = Files.exists(file) ? Files.getAttribute(file, "unix:ino") : null;
+        String output = program.run();
+        assertEquals(OneJar.loadedFrom(program.cache()), output);
+        assertEquals(Sha256.of(original), Sha256.of(Files.readAllBytes(file)));
+        // A program that uses the old file keeps it.
+        assertNotEquals(damaged, Files.getAttribute(file, "unix:ino"));
+    }
+
+    private boolean isComplete(Path unpacked) {
+        return !unpacked.getFileName().toString().startsWith("unpacking-")
+                && Files.isExecutable(unpacked.resolve(LISTER));
+    }
+
+    private Path leftover(String name, Duration age) throws IOException {
+        Path leftover = Files.createDirectory(program.cache().resolve(name));
+        Files.createFile(leftover.resolve("part"));
+        Files.setLastModifiedTime(leftover, FileTime.from(Instant.now().minus(age)));
+        return leftover;
+    }
+
+    private static boolean canGiveAway(Path folder) {
+        try {
+            Files.setAttribute(folder, "unix:uid", 1);
+            return true;
+        } catch (IOException notRoot) {
+            return false;
+        }
+    }
+
+    private Path temporaryCache() throws IOException {
+        return program.temporary().resolve("platwifi-" + PrivateFolder.ownUser());
+    }
+
+    private static String mode(Path folder) throws IOException {
+        return PosixFilePermissions.toString(Files.getPosixFilePermissions(folder));
+    }
+}
