@@ -8,7 +8,9 @@ check_pie_supported(LANGUAGES CXX)
 set(PLATWIFI_HARDENING -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
 foreach(flag -fcf-protection=full -mbranch-protection=standard) # of x86 and of AArch64
   string(MAKE_C_IDENTIFIER "PLATWIFI_HAS${flag}" variable)
+  set(CMAKE_REQUIRED_FLAGS -Werror) # clang only warns of a flag for other processors
   check_cxx_compiler_flag(${flag} ${variable})
+  unset(CMAKE_REQUIRED_FLAGS)
   if(${variable})
     list(APPEND PLATWIFI_HARDENING ${flag})
   endif()

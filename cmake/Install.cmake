@@ -61,7 +61,7 @@ install(FILES
   DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT runtime)
 
 include(ManualPages)
-install(PROGRAMS ${PROJECT_SOURCE_DIR}/docs/examples/networks.py
+install(FILES ${PROJECT_SOURCE_DIR}/docs/examples/networks.py
   DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT development)
 
 # find_package(platwifi)

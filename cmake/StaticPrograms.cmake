@@ -18,8 +18,10 @@ if(MUSL_SPECS AND CMAKE_CXX_COMPILER_ID STREQUAL GNU AND NOT CMAKE_CROSSCOMPILIN
   target_compile_options(static_program INTERFACE -specs=${MUSL_SPECS})
   target_link_options(static_program INTERFACE -specs=${MUSL_SPECS} -specs=${STATIC_PIE_SPECS} -static)
 else()
-  platwifi_prefer("${MUSL_SPECS}" "musl's compiler" musl-tools
-    "the programs of the boot directory are linked with the system's C library, and start later")
+  if(NOT CMAKE_CROSSCOMPILING)
+    platwifi_prefer("${MUSL_SPECS}" "musl's compiler" musl-tools
+      "the programs of the boot directory are linked with the system's C library, and start later")
+  endif()
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
     include(CheckCXXSourceCompiles)
     set(CMAKE_REQUIRED_FLAGS -fPIE)

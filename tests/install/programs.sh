@@ -25,17 +25,17 @@ build_in_c() {
         -o "$work/first-in-c"
 }
 
-build_in_c() { LD_LIBRARY_PATH="$prefix/$libdir" "$work/first-in-c"; }
-in_python() {
-    LD_LIBRARY_PATH="$prefix/$libdir" python3 "$prefix/share/doc/platwifi/examples/networks.py"
-}
-by_javac() {
+build_by_javac() {
     quietly javac -Xlint:all -Werror -cp "$prefix/share/java/platwifi.jar" -d "$work/classes" \
         "$examples/First.java"
 }
 
 by_cmake() { "$work/cmake/first"; }
 by_pkg_config() { LD_LIBRARY_PATH="$prefix/$libdir" "$work/first-by-pkg-config"; }
+in_c() { LD_LIBRARY_PATH="$prefix/$libdir" "$work/first-in-c"; }
+in_python() {
+    LD_LIBRARY_PATH="$prefix/$libdir" python3 "$prefix/share/doc/platwifi/examples/networks.py"
+}
 by_javac() {
     java -Djava.library.path="$prefix/$libdir" -cp "$prefix/share/java/platwifi.jar:$work/classes" \
         First

@@ -1,9 +1,11 @@
 #include "edits/Secrets.h"
 
 #include "doctor/DoctorWorld.h"
+#include "edits/ConsoleInput.h"
 #include "edits/Edits.h"
 #include "platform/Crypt.h"
 #include "platform/FileDescriptor.h"
+#include "process/Interrupt.h"
 #include "support/KeyWorld.h"
 #include "values/Failure.h"
 
@@ -186,7 +188,9 @@ TEST_F(TheSecret, ThatCannotBeEncipheredIsAFailure) {
 /// Assignments on the command line.
 class TheEdits : public TheSecret {
 protected:
-    Edits edits(const std::vector<std::string>& assignments) { return {assignments, m_interrupt}; }
+    Edits edits(const std::vector<std::string>& assignments) {
+        return {assignments, cli::ConsoleInput(m_interrupt)};
+    }
 
     std::string refusalOf(const std::vector<std::string>& assignments) {
         try {

@@ -2,7 +2,9 @@
 
 #include "commands/Arguments.h"
 #include "commands/CommandTable.h"
+#include "edits/ConsoleInput.h"
 #include "host/Host.h"
+#include "process/Interrupt.h"
 #include "process/Notifier.h"
 #include "process/StandardStreams.h"
 
@@ -33,20 +35,21 @@ int flushed(Status status) {
 }
 
 // Ctrl-C also ends the client, so that its command fails: then the interrupt is what counts.
-void runInterruptibly(const Command& command, Context& context) {
+void runInterruptibly(const Command& command, Context& context, Interrupt& interrupt) {
     try {
         command.run(context);
     } catch (const Failure&) {
-        context.interrupt.checkFinally();
+        interrupt.checkFinally();
         throw;
     }
 }
 
 int run(const Command& command, const Request& request, char* arguments[]) {
     Interrupt interrupt;
-    Context context{request, interrupt, Console::of(1), Console::of(2)};
+    const ConsoleInput input(interrupt);
+    Context context{request, interrupt, input, Console::of(1), Console::of(2)};
     try {
-        runInterruptibly(command, context);
+        runInterruptibly(command, context, interrupt);
         const int status = flushed(context.status);
         if (context.hasSaved)
             notifyOtherProcesses(arguments, status);

@@ -20,6 +20,7 @@ PLATFORM_API bool isBootProgram(const std::string& path);
 ///  4. in the directory for the installed boot programs. The build knows it relative to that of the
 ///     libraries, so an installation may be moved as a whole while no program uses it. The path
 ///     itself, when the library's own file no longer existed at the first call.
+/// A system that does not tell where a library is has absolute paths at 3 and 4, and 3 only in a build with tests.
 PLATFORM_API std::string locateProgram(const std::string& path);
 
 /// The paths at which locateProgram() looks for the program, at least one. It returns the last one

@@ -5,7 +5,9 @@
 #include "TextLines.h"
 #include "commands/Commands.h"
 #include "display/Text.h"
+#include "edits/ConsoleInput.h"
 #include "host/Host.h"
+#include "process/Interrupt.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
@@ -39,7 +41,8 @@ class Doctor : public test::DoctorWorld {
 protected:
     std::string printed() {
         cli::Interrupt interrupt;
-        cli::Context context{m_request, interrupt, m_console, cli::Console()};
+        const cli::ConsoleInput input(interrupt);
+        cli::Context context{m_request, interrupt, input, m_console, cli::Console()};
         const Captured captured;
         cli::doctor(context);
         m_status = context.status;

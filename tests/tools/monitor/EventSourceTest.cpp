@@ -2,6 +2,7 @@
 
 #include "events/EventSource.h"
 #include "EventServer.h"
+#include "process/Interrupt.h"
 #include "support/StandIn.h"
 #include "values/Failure.h"
 

@@ -57,7 +57,7 @@ public:
 private:
     Context& m_context;
     Host& m_host;
-    const Interrupt::Deferred m_deferred;
+    const Cancellation::Deferred m_deferred;
     const platwifi::SettingsLock m_lock;
 };
 
@@ -108,7 +108,7 @@ unsigned int keyManagementAfter(const Edits& edits, Host& host, const std::strin
 } // namespace
 
 void setProperties(Context& context) {
-    const Edits edits(context.request.assignments, context.interrupt);
+    const Edits edits(context.request.assignments, context.input);
     Host host(context);
     const std::string ssid = host.network();
     edits.requireKeyFor(keyManagementAfter(edits, host, ssid));
@@ -125,7 +125,7 @@ void setProperties(Context& context) {
 void addNetwork(Context& context) {
     const std::string ssid = typedSsid(context.request.ssid);
     requireSsid(ssid);
-    Edits edits(context.request.assignments, context.interrupt);
+    Edits edits(context.request.assignments, context.input);
     completeSecurity(edits);
     Host host(context);
     if (host.findNetwork())

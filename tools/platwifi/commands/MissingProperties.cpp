@@ -4,14 +4,10 @@
 #include "values/Failure.h"
 
 #include <algorithm>
-#include <iostream>
 #include <strings.h>
-#include <unistd.h>
 
 namespace cli {
 namespace {
-
-constexpr std::size_t MAX_ANSWER = 255;
 
 enum class Asked { NO, ON_TERMINAL };
 
@@ -82,38 +78,23 @@ std::vector<Need> missing(const Assignments& assignments, Credentials credential
     return needs;
 }
 
-bool canBeAsked(const Need& need) {
-    return need.asked == Asked::ON_TERMINAL && isatty(STDIN_FILENO) != 0;
+bool canBeAsked(const Need& need, const UserInput& input) {
+    return need.asked == Asked::ON_TERMINAL && input.canAsk();
 }
 
-[[noreturn]] void refuse(const std::vector<Need>& needs, const std::string& shownSsid) {
+[[noreturn]] void refuse(const std::vector<Need>& needs, const std::string& shownSsid,
+                         const UserInput& input) {
     std::string list;
     for (const Need& need : needs) {
-        if (!canBeAsked(need))
-            list += (list.empty() ? "" : ", ") + std::string(need.example);
+        if (!canBeAsked(need, input))
+            list += (list.empty() ? "" : ", ") + input.wayToGive(need.property, need.example);
     }
     throw Failure(shownSsid + " is not joined, it needs: " + list);
 }
 
-// The terminal gives whole lines. Byte by byte, so that the next line stays for the next question.
-std::string answerTo(const char* name, const Interrupt& interrupt) {
-    std::cerr << name << ": " << std::flush;
-    std::string answer;
-    char byte = 0;
-    for (interrupt.waitForInput(STDIN_FILENO); read(STDIN_FILENO, &byte, 1) == 1 && byte != '\n';
-         interrupt.waitForInput(STDIN_FILENO)) {
-        if (answer.size() < MAX_ANSWER)
-            answer += byte;
-    }
-    if (answer.empty())
-        throw Failure("there is no " + std::string(name) + "; write it there, or as " + name +
-                      "=VALUE");
-    return answer;
-}
-
-std::string ask(const Need& need, const Interrupt& interrupt) {
+std::string ask(const Need& need, const UserInput& input) {
     const bool isRead = isSecret(propertyOf(need.property)); // with the other secrets
-    return std::string(need.property) + '=' + (isRead ? "-" : answerTo(need.property, interrupt));
+    return std::string(need.property) + '=' + (isRead ? "-" : input.answerTo(need.property));
 }
 
 // What each property is a credential for.
@@ -168,12 +149,13 @@ void requireFitting(const Assignments& given, Credentials credentials, const std
 }
 
 void completeCredentials(Assignments& assignments, Credentials credentials,
-                         const std::string& shownSsid, const Interrupt& interrupt) {
+                         const std::string& shownSsid, const UserInput& input) {
     const std::vector<Need> needs = missing(assignments, credentials);
-    if (!std::all_of(needs.begin(), needs.end(), canBeAsked))
-        refuse(needs, shownSsid);
+    if (!std::all_of(needs.begin(), needs.end(),
+                     [&](const Need& need) { return canBeAsked(need, input); }))
+        refuse(needs, shownSsid, input);
     for (const Need& need : needs)
-        assignments.push_back(ask(need, interrupt));
+        assignments.push_back(ask(need, input));
 }
 
 } // namespace cli

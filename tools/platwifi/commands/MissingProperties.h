@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/BestSecurity.h"
-#include "process/Interrupt.h"
+#include "process/UserInput.h"
 
 #include <optional>
 #include <string>
@@ -26,10 +26,10 @@ void requireFitting(const Assignments& given, Credentials credentials, const std
                     const std::string& security);
 
 /// Completes the properties by what the network needs and the user has not given. On a terminal the user is asked:
-/// here for what may be seen, and where a secret is read (see readSecret()) for that.
+/// here for what may be seen, and where a secret is read for that.
 /// @throws Failure that lists what is missing where the user cannot be asked
 /// @throws Interrupted
 void completeCredentials(Assignments& assignments, Credentials credentials,
-                         const std::string& shownSsid, const Interrupt& interrupt);
+                         const std::string& shownSsid, const UserInput& input);
 
 } // namespace cli

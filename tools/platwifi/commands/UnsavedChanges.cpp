@@ -101,11 +101,13 @@ void UnsavedChanges::save() {
     m_context.hasSaved = true;
 }
 
-// The supplicant then looks for networks, or does not, as before.
+// The supplicant then looks for networks, or does not, as before. A process that goes on forgets the changes, too.
 void UnsavedChanges::takeBack() {
     const char* const iface = m_host.iface().c_str();
     driver().reloadConfiguration(iface);
     removeWhatOthersSaved();
+    if (!m_context.isWholeProcess)
+        m_host.settings().refreshAllSettings();
     if (m_wasDisconnected)
         driver().disconnectFromNetwork(iface, NO_ID);
     else

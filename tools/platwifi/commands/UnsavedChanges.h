@@ -46,7 +46,7 @@ private:
 
     Context& m_context;
     Host& m_host;
-    const Interrupt::Deferred m_deferred;
+    const Cancellation::Deferred m_deferred;
     const bool m_wasDisconnected; ///< by a user: the supplicant did not look for networks
     std::string m_added;          ///< the SSID that add() was called with; "" for none
     bool m_isSent = false;        ///< the supplicant may have something that its file has not

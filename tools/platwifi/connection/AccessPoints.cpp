@@ -106,6 +106,11 @@ std::vector<ScanResult> withSsid(const std::vector<ScanResult>& all, const std::
     return those;
 }
 
+std::vector<ScanResult> scanOnce(Context& context, Host& host) {
+    Scanner(context, host, "", Visibility::BROADCAST).scan();
+    return results(host);
+}
+
 std::vector<ScanResult> lookFor(Context& context, Host& host, const std::string& ssid,
                                 Visibility visibility) {
     Scanner scanner(context, host, ssid, visibility);

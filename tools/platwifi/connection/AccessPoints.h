@@ -20,6 +20,11 @@ enum class Visibility { BROADCAST, HIDDEN };
 std::vector<ScanResult> lookFor(Context& context, Host& host, const std::string& ssid,
                                 Visibility visibility);
 
+/// The access points in range after one scan.
+/// @throws Failure if the interface cannot scan
+/// @throws Interrupted
+std::vector<ScanResult> scanOnce(Context& context, Host& host);
+
 /// Those with this SSID.
 std::vector<ScanResult> withSsid(const std::vector<ScanResult>& all, const std::string& ssid);
 

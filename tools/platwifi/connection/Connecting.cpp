@@ -61,11 +61,11 @@ const char* wordFor(Kind kind) {
 class Selection {
 public:
     Selection(Context& context, Host& host, const std::string& ssid)
-        : m_interrupt(context.interrupt), m_iface(host.iface()), m_ssid(ssid) {}
+        : m_cancellation(context.interrupt), m_iface(host.iface()), m_ssid(ssid) {}
     ~Selection() {
         if (m_isConnected)
             return;
-        const Interrupt::Deferred deferred(m_interrupt);
+        const Cancellation::Deferred deferred(m_cancellation);
         if (disconnectFromNetwork(nullptr, m_iface.c_str(), m_ssid.c_str()) != 0)
             driver().forceReassociation(m_iface.c_str());
     }
@@ -75,7 +75,7 @@ public:
     void onConnected() { m_isConnected = true; }
 
 private:
-    Interrupt& m_interrupt;
+    Cancellation& m_cancellation;
     const std::string m_iface;
     const std::string m_ssid;
     bool m_isConnected = false;

@@ -36,13 +36,12 @@ void requireOnce(const std::vector<Assignment>& assignments) {
 }
 
 // What the user has written, or what that names.
-std::string textFor(const Property& property, const std::string& written,
-                    const Interrupt& interrupt) {
+std::string textFor(const Property& property, const std::string& written, const UserInput& input) {
     if (property.entry == Entry::REPORTED)
         throw WrongUse(std::string(property.name) +
                        " is what the supplicant reports, and cannot be set");
-    return property.take(
-        property, isSecret(property) ? readSecret(property.name, written, interrupt) : written);
+    return property.take(property,
+                         isSecret(property) ? input.secretOf(property.name, written) : written);
 }
 
 bool isKey(const Property& property) {
@@ -59,7 +58,7 @@ std::vector<const char*> pointersTo(const std::vector<std::string>& texts) {
 } // namespace
 
 // Secrets are read after all names are checked: the user must not type one in vain.
-Edits::Edits(const std::vector<std::string>& assignments, const Interrupt& interrupt) {
+Edits::Edits(const std::vector<std::string>& assignments, const UserInput& input) {
     std::vector<Assignment> checked;
     for (const std::string& written : assignments) {
         checked.push_back(assignmentOf(written));
@@ -68,7 +67,7 @@ Edits::Edits(const std::vector<std::string>& assignments, const Interrupt& inter
     }
     for (const Assignment& assignment : checked) {
         const Property& property = propertyOf(assignment.name);
-        const std::string text = textFor(property, assignment.value, interrupt);
+        const std::string text = textFor(property, assignment.value, input);
         m_isPsk = m_isPsk && (!isKey(property) || isPsk(text));
         m_names.push_back(assignment.name);
         m_values.push_back(property.entry == Entry::ENCIPHERED ? enciphered(text) : text);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "process/Interrupt.h"
+#include "process/UserInput.h"
 
 #include <string>
 #include <vector>
@@ -11,11 +11,11 @@ namespace cli {
 /// enciphered.
 class Edits {
 public:
-    /// Reads the assignments, and the secrets that they name (see readSecret()).
+    /// Reads the assignments, and the secrets that they name.
     /// @param assignments  "NAME=VALUE" each
-    /// @param interrupt    ends the wait for a secret
+    /// @param input        gives the secrets
     /// @throws WrongUse, Failure, Interrupted
-    Edits(const std::vector<std::string>& assignments, const Interrupt& interrupt);
+    Edits(const std::vector<std::string>& assignments, const UserInput& input);
 
     /// The library's value for a property; "" if it is cleared or not changed.
     std::string valueOf(const std::string& name) const;

@@ -27,11 +27,11 @@ bool readByte(int file, char& byte, const std::string& from) {
     return size == 1;
 }
 
-std::string readLine(int file, const std::string& from, const Interrupt& interrupt) {
+std::string readLine(int file, const std::string& from, const Cancellation& cancellation) {
     std::string line;
     char byte = 0;
-    for (interrupt.waitForInput(file); readByte(file, byte, from) && byte != '\n';
-         interrupt.waitForInput(file)) {
+    for (cancellation.waitForInput(file); readByte(file, byte, from) && byte != '\n';
+         cancellation.waitForInput(file)) {
         if (line.size() == MAX_LINE)
             throw Failure("the first line of " + from + " is too long for a secret");
         line += byte;
@@ -63,23 +63,24 @@ private:
     const HiddenInput m_hidden; // the echo is off before the prompt is shown
 };
 
-std::string readInput(const std::string& name, const Interrupt& interrupt) {
+std::string readInput(const std::string& name, const Cancellation& cancellation) {
     const Prompt prompt(name);
-    return readLine(STDIN_FILENO, "standard input", interrupt);
+    return readLine(STDIN_FILENO, "standard input", cancellation);
 }
 
-std::string fromInput(const std::string& name, const Interrupt& interrupt) {
-    std::string line = readInput(name, interrupt);
+std::string fromInput(const std::string& name, const Cancellation& cancellation) {
+    std::string line = readInput(name, cancellation);
     if (line.empty())
         throw Failure("there is no " + name + " on standard input; write it there");
     return line;
 }
 
-std::string fromFile(const std::string& name, const std::string& path, const Interrupt& interrupt) {
+std::string fromFile(const std::string& name, const std::string& path,
+                     const Cancellation& cancellation) {
     const platform::FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (!file.isOpen())
         throw Failure("cannot read " + path + ": " + std::strerror(errno) + "; name another file");
-    std::string line = readLine(file.number(), path, interrupt);
+    std::string line = readLine(file.number(), path, cancellation);
     if (line.empty())
         throw Failure("there is no " + name + " in the first line of " + path + "; write it there");
     return line;
@@ -88,13 +89,13 @@ std::string fromFile(const std::string& name, const std::string& path, const Int
 } // namespace
 
 std::string readSecret(const std::string& name, const std::string& source,
-                       const Interrupt& interrupt) {
+                       const Cancellation& cancellation) {
     if (source.empty())
         return "";
     if (source == "-")
-        return fromInput(name, interrupt);
+        return fromInput(name, cancellation);
     if (source[0] == '@')
-        return fromFile(name, source.substr(1), interrupt);
+        return fromFile(name, source.substr(1), cancellation);
     throw WrongUse(name + " is a secret, and every user can see a command line: " + name +
                    "=- reads it from standard input, " + name + "=@FILE from a file");
 }

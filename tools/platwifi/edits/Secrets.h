@@ -1,6 +1,6 @@
 #pragma once
 
-#include "process/Interrupt.h"
+#include "process/Cancellation.h"
 
 #include <string>
 
@@ -14,7 +14,7 @@ namespace cli {
 /// @throws Failure if it cannot be read
 /// @throws Interrupted
 std::string readSecret(const std::string& name, const std::string& source,
-                       const Interrupt& interrupt);
+                       const Cancellation& cancellation);
 
 /// Enciphers a secret for the library in this process; "" stays as it is. Uses no key file.
 /// @throws Failure

@@ -45,8 +45,8 @@ milliseconds untilNextLook(EventSource::Clock::time_point deadline) {
 
 } // namespace
 
-EventSource::EventSource(std::string iface, const Interrupt& interrupt)
-    : m_iface(std::move(iface)), m_path(controlSocketOf(m_iface)), m_interrupt(interrupt),
+EventSource::EventSource(std::string iface, const Cancellation& cancellation)
+    : m_iface(std::move(iface)), m_path(controlSocketOf(m_iface)), m_cancellation(cancellation),
       m_identity(identityOf(m_path)), m_connection(openConnection(m_path)) {
     attach();
 }
@@ -67,7 +67,7 @@ void EventSource::attach() {
         throwCause(m_iface);
     if (wpa_ctrl_attach(m_connection.get()) == 0)
         return;
-    m_interrupt.check();
+    m_cancellation.check();
     throwIfBad(checkProcess(m_iface));
     throw Failure("the supplicant does not answer for " + m_iface +
                   "; wake it by kill -CONT and its process id, or restart it");
@@ -93,7 +93,7 @@ std::optional<Event> EventSource::next(Clock::time_point deadline) {
     for (;;) {
         const bool hasEnded = isLost();
         const milliseconds time = hasEnded ? milliseconds(0) : untilNextLook(deadline);
-        if (m_interrupt.waitForInput(descriptor, time)) {
+        if (m_cancellation.waitForInput(descriptor, time)) {
             if (auto event = receive())
                 return event;
         }

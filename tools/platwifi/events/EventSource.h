@@ -2,8 +2,8 @@
 
 #include "events/ConnectionHistory.h"
 #include "events/Event.h"
+#include "process/Cancellation.h"
 #include "process/ControlConnection.h"
-#include "process/Interrupt.h"
 
 #include <chrono>
 #include <optional>
@@ -29,7 +29,7 @@ public:
     /// Attaches to the supplicant. Takes up to 10 seconds if the supplicant is suspended.
     /// @param iface  an interface that the supplicant serves
     /// @throws Failure with the cause and the next step if the supplicant cannot be reached
-    EventSource(std::string iface, const Interrupt& interrupt);
+    EventSource(std::string iface, const Cancellation& cancellation);
     ~EventSource();
 
     EventSource(const EventSource&) = delete;
@@ -38,7 +38,7 @@ public:
     /// Waits for the next event. After TERMINATING or LOST it returns LOST at once, so the caller ends there.
     /// @param deadline  when to stop waiting; an event that has arrived before is returned also later
     /// @return nothing at the deadline
-    /// @throws Interrupted as soon as a signal comes
+    /// @throws Interrupted as soon as the operation is cancelled
     std::optional<Event> next(Clock::time_point deadline);
 
 private:
@@ -59,7 +59,7 @@ private:
 
     const std::string m_iface;
     const std::string m_path; ///< of the control socket
-    const Interrupt& m_interrupt;
+    const Cancellation& m_cancellation;
     const std::optional<Identity> m_identity;
     const ControlConnection m_connection;
     ConnectionHistory m_history;

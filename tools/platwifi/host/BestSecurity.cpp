@@ -106,6 +106,13 @@ std::optional<Security> best(const std::vector<std::string>& flags, unsigned int
 
 } // namespace
 
+std::vector<std::string> securityNames() {
+    std::vector<std::string> names;
+    for (const Row& row : ROWS)
+        names.emplace_back(row.name);
+    return names;
+}
+
 std::optional<Security> bestSecurity(const std::vector<std::string>& flags, unsigned int capable,
                                      std::optional<Credentials> given) {
     const auto fitting = best(flags, capable, given);

@@ -21,6 +21,9 @@ struct Security {
     Credentials credentials = Credentials::NONE;
 };
 
+/// The names of all kinds of security, the best first.
+std::vector<std::string> securityNames();
+
 /// All kinds of key management: for a supplicant that can do all of them.
 constexpr unsigned int ALL_METHODS = ~0U;
 

@@ -75,7 +75,7 @@ void requireName(const std::string& iface) {
 } // namespace
 
 Host::~Host() {
-    if (m_settings)
+    if (m_settings && m_context.isWholeProcess)
         leaveSharedBlock();
 }
 
@@ -136,7 +136,8 @@ void Host::throwNotLoaded() {
 std::size_t Host::networkCount() {
     if (iface() != firstAdapter())
         throw Failure("the networks are those of " + firstAdapter() +
-                      ", the first interface that the supplicant lists; leave out -i");
+                      ", the first interface that the supplicant lists; " +
+                      (m_context.isWholeProcess ? "leave out -i" : "open that one"));
     bool ok = false;
     const platwifi::Lines lines = listLines(m_iface, ok);
     m_context.interrupt.check();
@@ -163,6 +164,9 @@ void Host::load() {
         m_settings = WifiHostSettings::getInstance(nullptr);
     }
     m_context.interrupt.check();
+    if (m_settings && !m_context.isWholeProcess && networks().size() != count)
+        m_settings
+            ->refreshAllSettings(); // another program has changed them, or an earlier load has failed
     if (!m_settings || (count > 0 && networks().empty()))
         throwNotLoaded();
 }

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "host/Link.h"
+#include "process/Cancellation.h"
 #include "process/Console.h"
-#include "process/Interrupt.h"
+#include "process/UserInput.h"
 #include "values/Failure.h"
 #include "values/Values.h"
 
@@ -18,11 +19,13 @@ namespace cli {
 /// What a command works with, and what it reports beside its output.
 struct Context {
     const Request& request;
-    Interrupt& interrupt;
+    Cancellation& interrupt; ///< ends the command early
+    const UserInput& input;
     Console out;           ///< standard output
     Console err;           ///< standard error
     bool hasSaved = false; ///< set after a save: other processes must be notified of it
     Status status = DONE;  ///< FAILED if the command has done its work and found something wrong
+    bool isWholeProcess = true; ///< else the process goes on with the settings after the command
 };
 
 /// The Wi-Fi of this host. Reaches the supplicant and loads the settings when a command first needs
@@ -31,7 +34,7 @@ class Host {
 public:
     explicit Host(Context& context) : m_context(context) {}
 
-    /// Leaves the memory shared with other processes (see leaveSharedBlock()).
+    /// Leaves the memory shared with other processes (see leaveSharedBlock()) where the process ends as well.
     ~Host();
 
     Host(const Host&) = delete;

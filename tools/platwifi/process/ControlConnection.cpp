@@ -4,6 +4,7 @@
 #include <cstddef> // wpa_ctrl.h needs it
 #include <cstdio>
 #include <fcntl.h>
+#include <mutex>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -17,10 +18,13 @@ std::atomic<int> openedConnections{0};
 
 } // namespace
 
-// With a path that does not fit, the library would fail as well, but leave its own socket behind.
+// With a path that does not fit, the library would fail as well, but leave its own socket behind. Of two threads at the
+// same time, it would give both sockets one name, and remove that of the first.
 ControlConnection openConnection(const std::string& path) {
     if (path.size() >= sizeof(sockaddr_un::sun_path))
         return {nullptr, wpa_ctrl_close};
+    static std::mutex mutex;
+    const std::lock_guard<std::mutex> guard(mutex);
     ++openedConnections;
     ControlConnection connection(wpa_ctrl_open(path.c_str()), wpa_ctrl_close);
     if (connection)

@@ -10,7 +10,8 @@ namespace cli {
 /// A connection to a control socket. It has a socket of its own in /tmp, which its end removes.
 using ControlConnection = std::unique_ptr<wpa_ctrl, void (*)(wpa_ctrl*)>;
 
-/// Connects to the control socket at a path; no child process inherits the connection.
+/// Connects to the control socket at a path; no child process inherits the connection. Any
+/// thread may call it.
 /// @return null if that cannot be done
 ControlConnection openConnection(const std::string& path);
 

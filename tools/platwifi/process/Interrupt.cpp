@@ -6,11 +6,7 @@
 #include "process/SharedBlock.h"
 #include "values/Failure.h"
 
-#include <algorithm>
-#include <cerrno>
-#include <fcntl.h>
 #include <iostream>
-#include <poll.h>
 #include <pthread.h>
 #include <thread>
 #include <unistd.h>
@@ -53,16 +49,12 @@ void stop(pthread_t thread) {
 } // namespace
 
 Interrupt::Interrupt() : m_signals(watchedSignals()) {
-    if (pipe2(m_pipe, O_CLOEXEC) != 0)
-        throw Failure("no pipe can be made: too many files are open; close some, then try again");
     pthread_sigmask(SIG_BLOCK, &m_signals, nullptr);
     startWatch();
 }
 
 Interrupt::~Interrupt() {
     endWatch();
-    close(m_pipe[0]);
-    close(m_pipe[1]);
 }
 
 // Not a std::thread: its thread frees memory, for which the allocator first maps a region for that thread.
@@ -93,41 +85,10 @@ void Interrupt::endWatch() {
 void Interrupt::checkFinally() {
     endWatch();
     const timespec now{};
-    if (m_signal == 0)
-        m_signal = std::max(sigtimedwait(&m_signals, nullptr, &now), 0);
+    const int signal = sigtimedwait(&m_signals, nullptr, &now);
+    if (signal > 0)
+        cancel(signal);
     check();
-}
-
-void Interrupt::check() const {
-    if (const int signal = m_signal)
-        throw Interrupted{signal};
-}
-
-void Interrupt::pause(milliseconds time) const {
-    check();
-    pollfd end{m_pipe[0], POLLIN, 0};
-    poll(&end, 1, static_cast<int>(time.count()));
-    check();
-}
-
-void Interrupt::waitForInput(int descriptor) const {
-    pollfd either[] = {{m_pipe[0], POLLIN, 0}, {descriptor, POLLIN, 0}};
-    while (poll(either, 2, -1) < 0 && errno == EINTR) {
-    }
-    check();
-}
-
-bool Interrupt::waitForInput(int descriptor, milliseconds time) const {
-    pollfd either[] = {{m_pipe[0], POLLIN, 0}, {descriptor, POLLIN, 0}};
-    const int ready = poll(either, 2, static_cast<int>(time.count()));
-    check();
-    return ready > 0 && either[1].revents != 0;
-}
-
-void Interrupt::wakeOwner() const {
-    const char byte = 0;
-    while (write(m_pipe[1], &byte, 1) < 0 && errno == EINTR) {
-    }
 }
 
 void Interrupt::watch() {
@@ -135,8 +96,7 @@ void Interrupt::watch() {
     sigwait(&m_signals, &signal);
     if (signal == END_OF_WATCH)
         return;
-    m_signal = signal;
-    wakeOwner();
+    cancel(signal);
     std::unique_lock<std::mutex> guard(m_mutex);
     while (!m_changed.wait_for(guard, GRACE_PERIOD, [this] { return m_isEnding; })) {
         if (m_deferred == 0)
@@ -167,16 +127,6 @@ void Interrupt::endBySignal(int signal) {
     pthread_sigmask(SIG_UNBLOCK, &one, nullptr);
     raise(signal);
     _exit(FAILED);
-}
-
-Interrupt::Deferred::Deferred(Interrupt& interrupt) : m_interrupt(interrupt) {
-    const std::lock_guard<std::mutex> guard(m_interrupt.m_mutex);
-    ++m_interrupt.m_deferred;
-}
-
-Interrupt::Deferred::~Deferred() {
-    const std::lock_guard<std::mutex> guard(m_interrupt.m_mutex);
-    --m_interrupt.m_deferred;
 }
 
 } // namespace cli

@@ -3,6 +3,20 @@ package com.quorvel.platwifi;
 /**
  * The host's Wi-Fi: adapters, networks in range and the networks that are configured.
  *
+ * <p><b>A poll of the status followed by a save stores the access point.</b> Under the profile {@code device},
+ * {@link #getNetworkStatus0} notes for each network in range the address of its access point, as if
+ * {@link #setPreferredBssid0} had been called: {@link #saveHostSettings0} then writes it, and the
+ * supplicant uses no other access point of the network from then on. To prevent that, clear it
+ * before each save:
+ *
+ * <pre>{@code
+ * BWifiPlatformService.setPreferredBssid0("wlan0", "home", null);
+ * BWifiPlatformService.saveHostSettings0();
+ * }</pre>
+ *
+ * <p>The profile {@code modern} (see below) does not do it, and {@link com.quorvel.platwifi.api.Wifi}, which new programs
+ * use, does not either. {@link PlatformConstants} has names for the numbers here.
+ *
  * <p>All work is done by the wpa_supplicant of the host; this class reaches it through the native
  * library platwifi, which is loaded with the class. The system property {@code platwifi.library}
  * may name its file; otherwise the directories of {@code java.library.path} are searched, then
@@ -82,13 +96,25 @@ public final class BWifiPlatformService {
     /**
      * Whether the supplicant runs: for {@code iface}, whether the process list shows it; for
      * {@code null}, whether its pid file /var/run/wpa_supplicant.pid exists.
+     *
+     * @param iface  name of the adapter, or null
+     * @return whether it runs
      */
     public static native boolean isWifiEnabled0(String iface);
 
-    /** Names of the adapters that the supplicant serves, two at most; null on failure. */
+    /**
+     * Names of the adapters that the supplicant serves, two at most; null on failure.
+     *
+     * @return null on failure
+     */
     public static native String[] getWifiAdapters0();
 
-    /** Supplicant state, one of the codes above. */
+    /**
+     * Supplicant state, one of the codes above.
+     *
+     * @param iface  name of the adapter
+     * @return 0 without a reply
+     */
     public static native int getDaemonStatus0(String iface);
 
     /**
@@ -96,232 +122,673 @@ public final class BWifiPlatformService {
      * prints them: {@code bssid \t frequency \t signal \t flags \t ssid}, frequency in MHz. Blocks
      * for one to sixteen seconds.
      *
+     * @param iface  name of the adapter
      * @return a line an access point (of more than 127 bytes: continued in the next element), none
      *     when nothing is in range; null when the supplicant does not answer or there is no iface
      */
     public static native String[] discoverNetworks0(String iface);
 
-    /** Does nothing; always true. */
+    /**
+     * Does nothing; always true.
+     *
+     * @return true
+     */
     public static native boolean hashCACertificates0();
 
     // The configured networks as a whole.
 
-    /** SSIDs of the configured networks, 32 at most; null on failure. */
+    /**
+     * SSIDs of the configured networks, 32 at most; null on failure.
+     *
+     * @param iface  name of the adapter
+     * @return null on failure
+     */
     public static native String[] getNetworkDatabaseSsids0(String iface);
 
-    /** SSID of the network that the supplicant uses or tries to use; null when there is none. */
+    /**
+     * SSID of the network that the supplicant uses or tries to use; null when there is none.
+     *
+     * @param iface  name of the adapter
+     * @return null without one
+     */
     public static native String getCurrentNetwork0(String iface);
 
-    /** Adds a network to the supplicant and to the list; false when the SSID is there already. */
+    /**
+     * Adds a network to the supplicant and to the list; false when the SSID is there already.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the new network
+     * @return whether it succeeded
+     */
     public static native boolean addNetwork0(String iface, String ssid);
 
-    /** Removes a network from the supplicant and the list; true also when there was none. */
+    /**
+     * Removes a network from the supplicant and the list; true also when there was none.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return whether it succeeded
+     */
     public static native boolean removeNetwork0(String iface, String ssid);
 
-    /** Starts to connect. {@link #getNetworkStatus0} shows whether it succeeds. */
+    /**
+     * Starts to connect. {@link #getNetworkStatus0} shows whether it succeeds.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return whether it succeeded
+     */
     public static native boolean connectToNetwork0(String iface, String ssid);
 
-    /** Disconnects; true also when there is no such network. */
+    /**
+     * Disconnects; true also when there is no such network.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return whether it succeeded
+     */
     public static native boolean disconnectFromNetwork0(String iface, String ssid);
 
-    /** Enables every configured network again and lets the supplicant choose among them. */
+    /**
+     * Enables every configured network again and lets the supplicant choose among them.
+     *
+     * @param iface  name of the adapter
+     * @return whether it succeeded
+     */
     public static native boolean roamNetworks0(String iface);
 
-    /** Writes all changes to the supplicant's configuration and has other processes reload it. */
+    /**
+     * Writes all changes to the supplicant's configuration and has other processes reload it.
+     *
+     * @return whether it succeeded
+     */
     public static native boolean saveHostSettings0();
 
-    /** Forgets everything read and not saved; the next call reads anew. Always true. */
+    /**
+     * Forgets everything read and not saved; the next call reads anew. Always true.
+     *
+     * @return true
+     */
     public static native boolean unloadWifiSettings0();
 
     // What is known of one network.
 
-    /** Authentication algorithm, one of the codes above. */
+    /**
+     * Authentication algorithm, one of the codes above.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return 0 without the network
+     */
     public static native int getAuthentication0(String iface, String ssid);
 
-    /** Whether the access point announces the SSID; false for a hidden network. */
+    /**
+     * Whether the access point announces the SSID; false for a hidden network.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return whether it does
+     */
     public static native boolean getSsidBroadcasted0(String iface, String ssid);
 
-    /** EAP methods, a flag set. */
+    /**
+     * EAP methods, a flag set.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return 0 without the network
+     */
     public static native int getEAPMethod0(String iface, String ssid);
 
-    /** Security protocols, a flag set. */
+    /**
+     * Security protocols, a flag set.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return 0 without the network
+     */
     public static native int getProtocol0(String iface, String ssid);
 
-    /** Key management, a flag set. */
+    /**
+     * Key management, a flag set.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return 0 without the network
+     */
     public static native int getKeyManagement0(String iface, String ssid);
 
-    /** Priority; the supplicant prefers the network with the highest. */
+    /**
+     * Priority; the supplicant prefers the network with the highest.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return 0 without the network
+     */
     public static native int getPriority0(String iface, String ssid);
 
-    /** Network mode, one of the codes above; 0 (managed) also without the network. */
+    /**
+     * Network mode, one of the codes above; 0 (managed) also without the network.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return 0 without the network
+     */
     public static native int getNetworkMode0(String iface, String ssid);
 
-    /** Channel of the 2.4 GHz band, 1 to 11; 6 where the access point uses any other. */
+    /**
+     * Channel of the 2.4 GHz band, 1 to 11; 6 where the access point uses any other.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return 0 without the network
+     */
     public static native int getChannel0(String iface, String ssid);
 
-    /** Signal strength in percent, 0 to 100, as of the last scan or refresh. */
+    /**
+     * Signal strength in percent, 0 to 100, as of the last scan or refresh.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return 0 without the network
+     */
     public static native int getStrength0(String iface, String ssid);
 
-    /** Index of the WEP key that is used to send, 0 to 3. */
+    /**
+     * Index of the WEP key that is used to send, 0 to 3.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return 0 without the network
+     */
     public static native int getWepIndex0(String iface, String ssid);
 
-    /** Pairwise and group ciphers, one flag set of both. The name is spelled so. */
+    /**
+     * Pairwise and group ciphers, one flag set of both. The name is spelled so.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return 0 without the network
+     */
     public static native int getSupportedEncrytptionMethods0(String iface, String ssid);
 
-    /** Network status, one of the codes above, asked of the supplicant at most every 5 s. */
+    /**
+     * Network status, one of the codes above, asked of the supplicant at most every 5 s.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return 0 without the network
+     */
     public static native int getNetworkStatus0(String iface, String ssid);
 
-    /** BSSID: MAC address of the access point. */
+    /**
+     * BSSID: MAC address of the access point.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getBssid0(String iface, String ssid);
 
-    /** EAP identity. */
+    /**
+     * EAP identity.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getEAPIdentity0(String iface, String ssid);
 
-    /** The EAP identity, as {@link #getEAPIdentity0} gives it, not the anonymous one. */
+    /**
+     * The EAP identity, as {@link #getEAPIdentity0} gives it, not the anonymous one.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getEAPAnonymousIdentity0(String iface, String ssid);
 
-    /** EAP phase 1 parameters. */
+    /**
+     * EAP phase 1 parameters.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getTunnelPhase10(String iface, String ssid);
 
-    /** EAP phase 2 parameters. */
+    /**
+     * EAP phase 2 parameters.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getTunnelPhase20(String iface, String ssid);
 
-    /** CA certificate file, phase 1. */
+    /**
+     * CA certificate file, phase 1.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getCACertificate0(String iface, String ssid);
 
-    /** Directory of CA certificates, phase 1. */
+    /**
+     * Directory of CA certificates, phase 1.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getCACertificateDir0(String iface, String ssid);
 
-    /** Client certificate file, phase 1. */
+    /**
+     * Client certificate file, phase 1.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getClientCertificate0(String iface, String ssid);
 
-    /** Private key file, phase 1. */
+    /**
+     * Private key file, phase 1.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getPrivateKeyFile0(String iface, String ssid);
 
-    /** CA certificate file, phase 2. */
+    /**
+     * CA certificate file, phase 2.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getCACertificate20(String iface, String ssid);
 
-    /** Directory of CA certificates, phase 2. */
+    /**
+     * Directory of CA certificates, phase 2.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getCACertificateDir20(String iface, String ssid);
 
-    /** Client certificate file, phase 2. */
+    /**
+     * Client certificate file, phase 2.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getClientCertificate20(String iface, String ssid);
 
-    /** Private key file, phase 2. */
+    /**
+     * Private key file, phase 2.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getPrivateKeyFile20(String iface, String ssid);
 
-    /** The four WEP keys in plain; "" where one is not set, four times "" without the network. */
+    /**
+     * The four WEP keys in plain; "" where one is not set, four times "" without the network.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return four texts
+     */
     public static native String[] getWepKeys0(String iface, String ssid);
 
     // Secrets of one network, enciphered; null also where the key could not be enciphered.
 
-    /** WPA pre-shared key, enciphered. */
+    /**
+     * WPA pre-shared key, enciphered.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getPreSharedKey0(String iface, String ssid);
 
-    /** EAP password, enciphered. */
+    /**
+     * EAP password, enciphered.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getEAPPassword0(String iface, String ssid);
 
-    /** Password of the private key file, phase 1, enciphered. */
+    /**
+     * Password of the private key file, phase 1, enciphered.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getPrivateKeyPassword0(String iface, String ssid);
 
-    /** Password of the private key file, phase 2, enciphered. */
+    /**
+     * Password of the private key file, phase 2, enciphered.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @return null if it is not set, or without the network
+     */
     public static native String getPrivateKeyPassword20(String iface, String ssid);
 
     // Changes to one network, in memory until saveHostSettings0.
 
-    /** New SSID. Not bound by name: see the note on {@code setSsid0} above. */
+    /**
+     * New SSID. Not bound by name: see the note on {@code setSsid0} above.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setSsid0(String iface, String ssid, String value);
 
-    /** MAC address of the only access point to use. */
+    /**
+     * MAC address of the only access point to use.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setPreferredBssid0(String iface, String ssid, String value);
 
-    /** EAP identity. */
+    /**
+     * EAP identity.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setEAPIdentity0(String iface, String ssid, String value);
 
-    /** EAP identity that is sent outside the tunnel. */
+    /**
+     * EAP identity that is sent outside the tunnel.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setEAPAnonymousIdentity0(String iface, String ssid, String value);
 
-    /** EAP phase 1 parameters. */
+    /**
+     * EAP phase 1 parameters.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setTunnelPhase10(String iface, String ssid, String value);
 
-    /** EAP phase 2 parameters. */
+    /**
+     * EAP phase 2 parameters.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setTunnelPhase20(String iface, String ssid, String value);
 
-    /** CA certificate file, phase 1. */
+    /**
+     * CA certificate file, phase 1.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setCACertificate0(String iface, String ssid, String value);
 
-    /** Directory of CA certificates, phase 1. */
+    /**
+     * Directory of CA certificates, phase 1.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setCACertificateDir0(String iface, String ssid, String value);
 
-    /** Client certificate file, phase 1. */
+    /**
+     * Client certificate file, phase 1.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setClientCertificate0(String iface, String ssid, String value);
 
-    /** Private key file, phase 1. */
+    /**
+     * Private key file, phase 1.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setPrivateKeyFile0(String iface, String ssid, String value);
 
-    /** CA certificate file, phase 2. */
+    /**
+     * CA certificate file, phase 2.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setCACertificate20(String iface, String ssid, String value);
 
-    /** Directory of CA certificates, phase 2. */
+    /**
+     * Directory of CA certificates, phase 2.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setCACertificateDir20(String iface, String ssid, String value);
 
-    /** Client certificate file, phase 2. */
+    /**
+     * Client certificate file, phase 2.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setClientCertificate20(String iface, String ssid, String value);
 
-    /** Private key file, phase 2. */
+    /**
+     * Private key file, phase 2.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setPrivateKeyFile20(String iface, String ssid, String value);
 
-    /** Authentication algorithm, one of the codes above. */
+    /**
+     * Authentication algorithm, one of the codes above.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setAuthentication0(String iface, String ssid, int value);
 
-    /** Key management, a flag set. */
+    /**
+     * Key management, a flag set.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setKeyManagement0(String iface, String ssid, int value);
 
-    /** Security protocols, a flag set. */
+    /**
+     * Security protocols, a flag set.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setProtocol0(String iface, String ssid, int value);
 
-    /** EAP methods, a flag set. */
+    /**
+     * EAP methods, a flag set.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setEAPMethod0(String iface, String ssid, int value);
 
-    /** Network status in memory, one of the codes above; never saved. */
+    /**
+     * Network status in memory, one of the codes above; never saved.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return true
+     */
     public static native boolean setNetworkStatus0(String iface, String ssid, int value);
 
-    /** Signal strength in percent in memory; never saved. */
+    /**
+     * Signal strength in percent in memory; never saved.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return true
+     */
     public static native boolean setSignalStrength0(String iface, String ssid, int value);
 
-    /** Priority, of which the low 8 bits are kept: 300 becomes 44. */
+    /**
+     * Priority, of which the low 8 bits are kept: 300 becomes 44.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setPriority0(String iface, String ssid, int value);
 
-    /** Network mode, one of the codes above; the low 8 bits are kept. */
+    /**
+     * Network mode, one of the codes above; the low 8 bits are kept.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setNetworkMode0(String iface, String ssid, int value);
 
-    /** Index of the WEP key to send with, 0 to 3. True whenever there are settings. */
+    /**
+     * Index of the WEP key to send with, 0 to 3. True whenever there are settings.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether there are settings
+     */
     public static native boolean setWepIndex0(String iface, String ssid, int value);
 
-    /** Whether the access point announces the SSID. */
+    /**
+     * Whether the access point announces the SSID.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return true
+     */
     public static native boolean setSsidBroadcasted0(String iface, String ssid, boolean value);
 
     /**
      * Ciphers. A group cipher alone (8, 16) leaves the pairwise ciphers as they are, 1 leaves the
      * group ciphers as they are, 6 stands for CCMP pairwise with TKIP for the group; any other
      * value sets both. False when what it sets first was the same already.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
      */
     public static native boolean setEncryption0(String iface, String ssid, int value);
 
-    /** WEP key of an index (0 to 3), in plain. True whenever there are settings. */
+    /**
+     * WEP key of an index (0 to 3), in plain. True whenever there are settings.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param index  0 to 3
+     * @param value  the new value
+     * @return whether there are settings
+     */
     public static native boolean setWepKey0(String iface, String ssid, int index, String value);
 
     // Changes to the secrets of one network: enciphered text, or "" to clear.
 
-    /** WPA pre-shared key, enciphered. */
+    /**
+     * WPA pre-shared key, enciphered.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setPreSharedKey0(String iface, String ssid, String value);
 
-    /** EAP password, enciphered. */
+    /**
+     * EAP password, enciphered.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setEAPPassword0(String iface, String ssid, String value);
 
-    /** Password of the private key file, phase 1, enciphered. */
+    /**
+     * Password of the private key file, phase 1, enciphered.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setPrivateKeyPassword0(String iface, String ssid, String value);
 
-    /** Password of the private key file, phase 2, enciphered. */
+    /**
+     * Password of the private key file, phase 2, enciphered.
+     *
+     * @param iface  name of the adapter
+     * @param ssid  of the configured network
+     * @param value  the new value
+     * @return whether the value has changed
+     */
     public static native boolean setPrivateKeyPassword20(String iface, String ssid, String value);
 }

@@ -12,7 +12,8 @@ import java.util.stream.Collectors;
  */
 enum NativeLibrary {
     WIFI("platwifi", "the Wi-Fi library", "libplatwifi.so.1"),
-    CRYPT("platwificrypt", "the library of the cipher");
+    CRYPT("platwificrypt", "the library of the cipher"),
+    EVENTS("platwifievents", "the library of the package com.quorvel.platwifi.api");
 
     static final String OVERRIDE = "platwifi.library";
 

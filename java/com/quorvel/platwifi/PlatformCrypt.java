@@ -12,6 +12,10 @@ import java.util.Objects;
  * {@code /var/lib/platform/crypt.key}, for others {@code platform/crypt.key} below
  * {@code $XDG_STATE_HOME} or {@code ~/.local/state}. It is read at each call.
  *
+ * <pre>{@code
+ * BWifiPlatformService.setPreSharedKey0("wlan0", "home", PlatformCrypt.encrypt(password));
+ * }</pre>
+ *
  * <p>The native library platwificrypt is loaded with the class. It stands beside that of
  * {@link BWifiPlatformService} and is found in the same way. Any thread may call.
  */
@@ -44,6 +48,8 @@ public final class PlatformCrypt {
     /**
      * Deciphers what {@link #encrypt} or a getter of a secret has given.
      *
+     * @param enciphered  such a text
+     * @return the secret
      * @throws NullPointerException without a text
      * @throws RuntimeException where the text is damaged or was enciphered with another key, or the
      *     key cannot be used: the message names the cause and the next step

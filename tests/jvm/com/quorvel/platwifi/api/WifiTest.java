@@ -1,0 +1,144 @@
+package com.quorvel.platwifi.api;
+
+import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertThrows;
+import static org.junit.jupiter.api.Assertions.assertTrue;
+
+import com.quorvel.platwifi.StandIn;
+
+import org.junit.jupiter.api.AfterEach;
+import org.junit.jupiter.api.BeforeEach;
+import org.junit.jupiter.api.Test;
+
+import java.util.ArrayList;
+import java.util.List;
+import java.util.concurrent.CancellationException;
+import java.util.concurrent.CompletableFuture;
+import java.util.stream.Collectors;
+
+/** Opening, scanning, the state, and many threads. */
+class WifiTest {
+    private static final int THREADS = 8;
+    private static final int ROUNDS = 20;
+
+    private Host host;
+    private Wifi wifi;
+
+    @BeforeEach
+    void open() {
+        host = new Host();
+        Host.supplicant(new StandIn(), Host.accessPoint("cafe", "[WPA2-PSK+SAE-CCMP][ESS]")
+                + "02:00:00:00:02:00\t5180\t-30\t[ESS]\t\n"
+                + "02:00:00:00:03:00\t2437\t-90\t[WPA2-FILS-SHA256-CCMP][ESS]\tcaf\\xe9\\x00\n").play();
+        wifi = Wifi.open();
+    }
+
+    @AfterEach
+    void close() {
+        wifi.close();
+        host.close();
+    }
+
+    @Test
+    void opensTheFirstAdapter() {
+        assertEquals("wlan0", wifi.adapter());
+        assertEquals(List.of("wlan0"), wifi.adapters());
+    }
+
+    @Test
+    void doesNotOpenAnAdapterThatIsNotServed() {
+        String message = Host.failure(Reason.FAILED, () -> Wifi.open("wlan7")).getMessage();
+        assertTrue(message.startsWith("the supplicant does not serve wlan7; "), message);
+        Host.failure(Reason.WRONG_USE, () -> Wifi.open("a-name-that-is-far-too-long"));
+        Host.failure(Reason.WRONG_USE, () -> Wifi.open(""));
+    }
+
+    @Test
+    void listsAccessPointsTheStrongestFirst() {
+        WifiFuture<List<AccessPoint>> scanning = wifi.startScan();
+        host.socket.finishScan();
+        List<AccessPoint> found = scanning.get();
+        assertEquals(List.of("(hidden) 02:00:00:00:02:00 -30 dBm open",
+                "cafe 02:00:00:00:01:00 -40 dBm WPA2-PSK/WPA3-SAE",
+                "caf\\xe9\\x00 02:00:00:00:03:00 -90 dBm other"),
+                found.stream().map(AccessPoint::toString).collect(Collectors.toList()));
+        assertEquals(36, found.get(0).channel());
+        assertEquals(100, found.get(1).percent());
+        assertEquals("FILS", found.get(2).offered());
+        assertEquals(5, found.get(2).ssid().bytes().length);
+    }
+
+    @Test
+    void aScanCanBeCancelled() {
+        WifiFuture<List<AccessPoint>> scanning = wifi.startScan();
+        host.socket.awaitListener();
+        scanning.cancel(true);
+        assertThrows(CancellationException.class, scanning::get);
+        Host.await(() -> Host.threads().isEmpty());
+    }
+
+    @Test
+    void closeEndsAScanOfAnotherThread() {
+        CompletableFuture<Object> scanning = CompletableFuture.supplyAsync(wifi::scan);
+        host.socket.awaitListener();
+        wifi.close();
+        Host.failure(Reason.CLOSED, () -> {
+            try {
+                scanning.join();
+            } catch (java.util.concurrent.CompletionException e) {
+                throw e.getCause();
+            }
+        });
+        Host.failure(Reason.CLOSED, wifi::state);
+    }
+
+    @Test
+    void anInterruptEndsTheWaitAlone() throws Exception {
+        WifiFuture<List<AccessPoint>> scanning = wifi.startScan();
+        Thread.currentThread().interrupt();
+        Host.failure(Reason.INTERRUPTED, scanning::get);
+        assertTrue(Thread.interrupted(), "it is set again");
+        host.socket.finishScan();
+        assertEquals(3, scanning.join().size());
+    }
+
+    @Test
+    void reportsTheStateAndTheLink() {
+        assertEquals(WifiState.INACTIVE, wifi.state());
+        assertTrue(wifi.link().isEmpty());
+        Host.supplicant(new StandIn().when("-iwlan0", "status").print(Host.statusOn("home", 0)), "")
+                .play();
+        Link link = wifi.link().get();
+        assertEquals("home 02:00:00:00:01:00 -40 dBm", link.toString());
+        assertEquals(1, link.channel().getAsInt());
+        assertEquals("WPA2-PSK", link.keyManagement());
+    }
+
+    @Test
+    void roams() {
+        wifi.roam();
+        assertTrue(Host.changes().contains("reassociate"), Host.changes()::toString);
+    }
+
+    @Test
+    void manyThreadsMayUseOneObjectAndOthers() {
+        List<CompletableFuture<Void>> all = new ArrayList<>();
+        try (Wifi other = Wifi.open("wlan0")) {
+            for (int i = 0; i < THREADS; ++i) {
+                Wifi used = i % 2 == 0 ? wifi : other;
+                all.add(CompletableFuture.runAsync(() -> use(used)));
+            }
+            all.forEach(CompletableFuture::join);
+        }
+    }
+
+    private static void use(Wifi wifi) {
+        for (int i = 0; i < ROUNDS; ++i) {
+            WifiListener listener = event -> {};
+            wifi.addListener(listener);
+            assertEquals(WifiState.INACTIVE, wifi.state());
+            assertEquals(1, wifi.networks().size());
+            wifi.removeListener(listener);
+        }
+    }
+}
