@@ -54,6 +54,8 @@ install(FILES
   ${PROJECT_SOURCE_DIR}/docs/after-connecting.md
   ${PROJECT_SOURCE_DIR}/docs/examples/50-wifi.network
   ${PROJECT_SOURCE_DIR}/docs/examples/90-wifi-unmanaged.conf
+  ${PROJECT_SOURCE_DIR}/docs/examples/private-tmp.conf
+  ${PROJECT_SOURCE_DIR}/docs/examples/wifi-service.service
   ${PROJECT_SOURCE_DIR}/docs/examples/wifi-supplicant@.service
   ${PROJECT_SOURCE_DIR}/docs/examples/wpa_supplicant.conf
   DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT runtime)
