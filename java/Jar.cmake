@@ -29,11 +29,16 @@ function(platwifi_jar target)
 
   set(jars ${arg_JARS})
   list(TRANSFORM jars REPLACE "^([^/]+)$" "$<TARGET_PROPERTY:\\1,JAR_FILE>")
+  set(class_path) # an empty one would be left out of the command
+  if(jars)
+    list(JOIN jars : class_path)
+    list(PREPEND class_path -cp)
+  endif()
 
   add_custom_command(OUTPUT ${arg_OUTPUT}
     COMMAND ${CMAKE_COMMAND} -E rm -rf ${classes}
     COMMAND ${JAVAC} ${JAVAC_START} --release 11 -encoding UTF-8 -proc:none ${JAVAC_WARNINGS} -g
-      -d ${classes} -cp "$<JOIN:${jars},:>" ${arg_SOURCES}
+      -d ${classes} ${class_path} ${arg_SOURCES}
     COMMAND ${CMAKE_COMMAND} -D JAR=${JAR} -D DATE=${JAR_DATE} -D CLASSES=${classes} -D MANIFEST=${manifest}
       -D OUTPUT=${arg_OUTPUT} -P ${PACK_JAR}
     DEPENDS ${arg_SOURCES} ${arg_JARS} ${jars} ${manifest} ${PACK_JAR}
