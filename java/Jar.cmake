@@ -6,6 +6,7 @@ find_program(JAVAC javac)
 platwifi_need("${JAVAC}" "javac" default-jdk-headless "-DPLATWIFI_JAVA=OFF")
 find_program(JAR jar)
 platwifi_need("${JAR}" "jar" default-jdk-headless "-DPLATWIFI_JAVA=OFF")
+set(JAVAC_WARNINGS -Xlint:all $<$<BOOL:${PLATWIFI_WERROR}>:-Werror> CACHE INTERNAL "What javac warns of")
 # A compiler that runs for a second gains nothing from optimising itself.
 set(JAVAC_START -J-XX:TieredStopAtLevel=1 -J-XX:+UseSerialGC CACHE INTERNAL "How javac starts")
 set(PACK_JAR ${CMAKE_CURRENT_LIST_DIR}/PackJar.cmake CACHE INTERNAL "Packs compiled classes")
@@ -28,15 +29,20 @@ function(platwifi_jar target)
 
   set(jars ${arg_JARS})
   list(TRANSFORM jars REPLACE "^([^/]+)$" "$<TARGET_PROPERTY:\\1,JAR_FILE>")
+  set(class_path) # an empty one would be left out of the command
+  if(jars)
+    list(JOIN jars : class_path)
+    list(PREPEND class_path -cp)
+  endif()
 
   add_custom_command(OUTPUT ${arg_OUTPUT}
     COMMAND ${CMAKE_COMMAND} -E rm -rf ${classes}
-    COMMAND ${JAVAC} ${JAVAC_START} --release 11 -encoding UTF-8 -proc:none -Xlint:all -Werror -g
-      -d ${classes} -cp "$<JOIN:${jars},:>" ${arg_SOURCES}
+    COMMAND ${JAVAC} ${JAVAC_START} --release 11 -encoding UTF-8 -proc:none ${JAVAC_WARNINGS} -g
+      -d ${classes} ${class_path} ${arg_SOURCES}
     COMMAND ${CMAKE_COMMAND} -D JAR=${JAR} -D DATE=${JAR_DATE} -D CLASSES=${classes} -D MANIFEST=${manifest}
       -D OUTPUT=${arg_OUTPUT} -P ${PACK_JAR}
     DEPENDS ${arg_SOURCES} ${arg_JARS} ${jars} ${manifest} ${PACK_JAR}
-    COMMENT "Building ${arg_OUTPUT}" VERBATIM)
+    COMMENT "Building ${arg_OUTPUT}" COMMAND_EXPAND_LISTS VERBATIM)
   add_custom_target(${target} ALL DEPENDS ${arg_OUTPUT})
   set_target_properties(${target} PROPERTIES JAR_FILE ${arg_OUTPUT} JAR_SOURCES "${arg_SOURCES}")
 endfunction()

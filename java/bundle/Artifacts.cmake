@@ -1,5 +1,6 @@
 # platwifi-VERSION.jar and its neighbours in a Maven repository, each packed again only when its sources changed.
-find_program(JAVADOC javadoc REQUIRED)
+find_program(JAVADOC javadoc)
+platwifi_need("${JAVADOC}" "javadoc" default-jdk-headless "-DPLATWIFI_JAVA=OFF")
 set(ARTIFACT ${PROJECT_BINARY_DIR}/java/platwifi-${PROJECT_VERSION})
 set(JAVA_SOURCE_DIR ${PROJECT_SOURCE_DIR}/java)
 set(PARTS ${CMAKE_CURRENT_BINARY_DIR})

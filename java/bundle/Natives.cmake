@@ -17,7 +17,7 @@ function(native_library library folder rpath)
 
   get_target_property(definitions ${library} COMPILE_DEFINITIONS)
   if(definitions)
-    list(TRANSFORM definitions REPLACE "^INSTALLED_BOOT_DIR=.*" "INSTALLED_BOOT_DIR=\"../../${NATIVES_BOOT_DIR}\"")
+    list(TRANSFORM definitions REPLACE "^BOOT_FROM_HERE=.*" "BOOT_FROM_HERE=\"../../${NATIVES_BOOT_DIR}\"")
     target_compile_definitions(${target} PRIVATE ${definitions})
   endif()
 
@@ -43,6 +43,9 @@ native_library(platwifi lib $ORIGIN/platwifi)
 foreach(library platform zam platwificrypt)
   native_library(${library} lib/platwifi $ORIGIN)
 endforeach()
+if(TARGET platwifievents) # a part of the command line's sources
+  native_library(platwifievents lib/platwifi $ORIGIN:$ORIGIN/..)
+endif()
 
 # A link to the host's client looks older than the quick client that it replaces.
 set(CLIENT_IS_LINK NO)

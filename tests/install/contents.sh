@@ -31,7 +31,7 @@ expect_no_path_into_the_checkout() {
 
 programs_and_libraries() { find "$prefix" -type f \( -name '*.so*' -o -perm -u+x \); }
 
-foreign_paths() { readelf -d "$1" | grep -E 'R(UN)?PATH' | grep -vE "\\[[$]ORIGIN(/[^:]*)?\\]"; }
+foreign_paths() { readelf -d "$1" | grep -E 'R(UN)?PATH' | grep -vE "\\[[$]ORIGIN(/[^:]*)?(:[$]ORIGIN(/[^:]*)?)*\\]"; }
 foreign_libraries() { ldd "$1" | grep -E 'lib(plat|zam)|not found' | grep -vF "=> $prefix/"; }
 
 # Wherever the prefix is, libraries and programs find each other by paths from one to the other.

@@ -38,7 +38,7 @@ expect_native_files_of_their_own() {
     (cd "$work/natives" && jar xf "$one_jar" META-INF/native)
     while read -r file; do
         if readelf -d "$file" | grep NEEDED |
-            grep -vE '\[(libc\.so\.6|ld[-0-9a-z]*\.so\.[0-9]+|libplatform\.so|libzam\.so)\]'; then
+            grep -vE '\[(libc\.so\.6|ld[-0-9a-z]*\.so\.[0-9]+|libplatwifi\.so\.[0-9]+|libplatform\.so|libzam\.so)\]'; then
             fail "$file needs a library that a small system does not have (see above)"
         fi
         if foreign_paths "$file"; then fail "$file looks for libraries elsewhere (see above)"; fi

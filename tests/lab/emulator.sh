@@ -1,5 +1,5 @@
 # Runs the guest for scripts/lab, which sets: name, job, access_points, arguments, timeout, out, out_lock,
-# kernel, initramfs, certificates.
+# kernel, initramfs, certificates, root, and the settings of machine.sh.
 # shellcheck shell=bash
 # shellcheck disable=SC2154
 
@@ -24,11 +24,12 @@ radio_options() {
 # The environment of a job, and its arguments.
 write_boot_env() {
     local argument
-    variables "SOURCE_DIR=$SOURCE_DIR" "BUILD_DIR=$BUILD_DIR" "LAB_OUT=$out" "LAB_JOB=$job" \
-        "LAB_CERTIFICATES=$certificates" LAB_AP_TABLE=/run/lab/access-points \
+    variables "SOURCE_DIR=$SOURCE_DIR" "BUILD_DIR=$BUILD_DIR" "JAR_BUILD_DIR=$JAR_BUILD_DIR" \
+        "LAB_ARCH=$architecture" "LAB_OUT=$out" "LAB_JOB=$job" "LAB_CERTIFICATES=$certificates" \
+        LAB_AP_TABLE=/run/lab/access-points \
         "LAB_ACCESS_POINTS=$access_points" "LAB_RADIO_OPTIONS=$(radio_options)" \
         PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin \
-        HOME=/tmp/home "JAVA_HOME=${JAVA_HOME:-}" LC_ALL=C.UTF-8
+        HOME=/tmp/home "JAVA_HOME=$java_home" LC_ALL=C.UTF-8
     printf 'set --'
     for argument in "${arguments[@]}"; do printf ' %s' "$(quoted "$argument")"; done
     printf '\n'
@@ -49,29 +50,28 @@ choose_clock() {
     if grep -q '^# lab: instruction-clock$' "$job"; then thread=single clock=(-icount shift=0); fi
 }
 
-# Hardware virtualisation stays off: where it is half there, a stock kernel hangs in it. The kernel does not
-# check its timer: on a busy host no tick may come in time, and it would panic. Programs and their libraries are
-# always at the same addresses, without which the emulator would translate them anew for each process; and the
-# kernel has no protection from its own programs, which only takes time here.
+# Hardware virtualisation stays off: where it is half there, a stock kernel hangs in it. A second processor makes
+# the guest slower, and takes twice the time of the host's. Programs and their
+# libraries are always at the same addresses, without which the emulator would translate them anew for each
+# process; and the kernel has no protection from its own programs, which only takes time here.
 run_emulator() {
     local shares thread clock
     choose_clock
-    mapfile -t shares < <(share root / readonly=on,multidevs=remap &&
-        share out "$out" multidevs=remap)
-    exec qemu-system-x86_64 \
-        -accel "tcg,thread=$thread,tb-size=512" "${clock[@]}" -cpu max -M q35 -m 2048 -smp 1 \
+    mapfile -t shares < <(share host / readonly=on,multidevs=remap &&
+        share root "$root" readonly=on,multidevs=remap && share out "$out" multidevs=remap)
+    exec "$emulator" \
+        -accel "tcg,thread=$thread,tb-size=512" "${clock[@]}" "${machine[@]}" -smp 1 -m 2048 \
         -nodefaults -no-user-config -display none -monitor none -no-reboot \
         -serial "file:$out/console.log" -kernel "$kernel/vmlinux" -initrd "$initramfs/initramfs" \
-        -append 'console=ttyS0 quiet panic=-1 oops=panic no_timer_check norandmaps mitigations=off init_on_alloc=0' \
-        -device isa-debug-exit,iobase=0xf4,iosize=0x04 "${shares[@]}" \
-        </dev/null >"$out/emulator.log" 2>&1
+        -append "console=$console quiet panic=-1 oops=panic norandmaps mitigations=off init_on_alloc=0 $kernel_options" \
+        "${shares[@]}" </dev/null >"$out/emulator.log" 2>&1
 }
 
 # How much was printed. A guest that has not come up so far prints nothing, and gets more time.
 LONGEST_START=300
 printed() { stat -c %s "$out/output"; }
 
-# stop_when_silent EMULATOR: however slow this machine is, a job that prints goes on.
+# stop_when_silent PROCESS: of the emulator; however slow this machine is, a job that prints goes on.
 stop_when_silent() {
     local seen=0 now since=$SECONDS limit
     limit=$((timeout > LONGEST_START ? timeout : LONGEST_START))
@@ -91,16 +91,16 @@ stop_when_silent() {
 # Sets REPLY to the emulator's exit status, 124 where it was stopped for its silence; the job's output is
 # shown as it comes.
 boot() {
-    local emulator
+    local process
     step "$name: starting a virtual machine with simulated radios" >&2
     run_emulator &
-    emulator=$!
+    process=$!
     # shellcheck disable=SC2064 # the number is known now
-    trap "kill $emulator 2>/dev/null; wait $emulator || true" EXIT
-    stop_when_silent "$emulator" {out_lock}>&- &
-    tail --pid="$emulator" -s 0.1 -n +1 -f "$out/output" {out_lock}>&-
+    trap "kill $process 2>/dev/null; wait $process || true" EXIT
+    stop_when_silent "$process" {out_lock}>&- &
+    tail --pid="$process" -s 0.1 -n +1 -f "$out/output" {out_lock}>&-
     REPLY=0
-    wait "$emulator" || REPLY=$?
+    wait "$process" || REPLY=$?
     if [ -e "$out/silent" ]; then REPLY=124; fi
     trap - EXIT
 }

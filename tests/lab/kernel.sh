@@ -1,24 +1,14 @@
 # Fetches a distribution kernel with simulated radios; it is unpacked, never installed.
 # shellcheck shell=bash
+# shellcheck disable=SC2154 # machine.sh sets general_kernels
 
 # Without ghash-generic the radios refuse keys for GCMP.
-KERNEL_MODULES=(ccm gcm ghash-generic cmac ctr michael_mic virtio_pci 9pnet_virtio 9p mac80211_hwsim)
-
-# A list of our own helps where the system's is old or empty, and needs no root.
-apt_option=()
-
-use_own_package_list() {
-    local state=$1/apt
-    mkdir -p "$state/lists/partial" "$state/cache/archives/partial"
-    apt_option=(-o "Dir::State=$state" -o "Dir::State::lists=$state/lists"
-        -o "Dir::State::status=/var/lib/dpkg/status" -o "Dir::Cache=$state/cache")
-    apt-get "${apt_option[@]}" update >"$1/apt.log" 2>&1
-}
+KERNEL_MODULES=(ccm gcm ghash-generic cmac ctr michael_mic virtio_pci 9pnet_virtio 9p overlay mac80211_hwsim)
 
 # The kernel packages that the distribution's newest general kernel stands for, the image first.
 kernel_packages() {
     local meta image version
-    for meta in linux-image-amd64 linux-image-generic; do
+    for meta in "${general_kernels[@]}"; do
         image=$(apt-cache "${apt_option[@]}" depends "$meta" 2>/dev/null |
             sed -n 's/^ *Depends: \(linux-image-[0-9].*\)/\1/p' | head -n 1)
         if [ -n "$image" ]; then break; fi
@@ -32,17 +22,9 @@ kernel_packages() {
 }
 
 download_kernel() {
-    local work=$1 packages
-    packages=$(kernel_packages)
-    # shellcheck disable=SC2086 # one word a package
-    [ -n "$packages" ] && (cd "$work" && apt-get "${apt_option[@]}" download $packages) \
-        >"$work/download.log" 2>&1
-}
-
-download_error() {
-    local line
-    line=$(cat "$1"/*.log 2>/dev/null | grep -E '^[EW]:' | tail -n 1) || true
-    printf '%s' "${line:-no package list names one}"
+    local packages
+    mapfile -t packages < <(kernel_packages)
+    download "$1" "${packages[@]}"
 }
 
 # decompress FORMAT FILE: writes the contents to standard output.
@@ -54,7 +36,7 @@ decompress() {
     esac
 }
 
-# The image is a small program followed by the compressed kernel; the kernel alone starts sooner.
+# The image may be a small program followed by the compressed kernel; the kernel alone starts sooner.
 extract_vmlinux() {
     local image=$1 vmlinux=$2 format magic offset
     while read -r format magic; do
@@ -102,7 +84,8 @@ copy_modules() {
 build_kernel() {
     local work=$1 root=$1/root package version
     step "fetching a kernel with simulated radios (once, about 70 MB)"
-    download_kernel "$work" || { use_own_package_list "$work" && download_kernel "$work"; } ||
+    { host_lists_serve && download_kernel "$work"; } ||
+        { use_own_package_list "$work" && download_kernel "$work"; } ||
         fail "cannot download a kernel package ($(download_error "$work"));" \
             "check the network and the apt sources, then try again"
     for package in "$work"/*.deb; do dpkg -x "$package" "$root"; done

@@ -12,6 +12,15 @@ LAB_SUPPLICANT_PID=/var/run/wpa_supplicant.pid
 # The supplicant's interface.
 export LAB_INTERFACE=${LAB_INTERFACE:-wlan0}
 
+# require_file FILE: ends the job where a file of a build is missing.
+require_file() {
+    if [ ! -e "$1" ]; then
+        local preset=${1#"$SOURCE_DIR/build/"}
+        echo "${0##*/}: $1 is not there; build it: cmake --build --preset ${preset%%/*}" >&2
+        exit 1
+    fi
+}
+
 # Files that grow while there is progress. A job adds the files that its own programs write.
 LAB_WATCHED=("$LAB_SUPPLICANT_LOG")
 LAB_LONGEST_SILENCE=120

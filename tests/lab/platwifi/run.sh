@@ -4,7 +4,6 @@
 
 PLATWIFI=$BUILD_DIR/bin/platwifi
 JSON=$BUILD_DIR/tests/lab_json
-XML=$BUILD_DIR/tests/lab_xml
 PEER=$BUILD_DIR/tests/settings_peer
 export PLATFORM_KEY_FILE=/tmp/keys/crypt.key
 
@@ -18,12 +17,7 @@ LAB_WATCHED+=("$OUT" "$ERR")
 
 require_programs() {
     local program
-    for program in "$PLATWIFI" "$JSON" "$XML" "$PEER"; do
-        if [ ! -x "$program" ]; then
-            echo "platwifi: $program is not there; build it: cmake --build --preset release" >&2
-            exit 1
-        fi
-    done
+    for program in "$PLATWIFI" "$JSON" "$PEER"; do require_file "$program"; done
 }
 
 supplicant_says() { client status 2>/dev/null | grep -E '^(wpa_state|ssid|id)=' | tr '\n' ' '; }

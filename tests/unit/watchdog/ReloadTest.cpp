@@ -45,10 +45,14 @@ TEST_F(RefreshThread, NotifiesPeersOfASaveWithItsOwnIdAsSender) {
 TEST_F(RefreshThread, HandlesASaveThatComesDuringAReload) {
     const BlockView block;
     auto* const self = watchdog.get();
-    RecordedReloads::during([self] { self->sendSaveSettingsSignal(); });
+    std::promise<int> ownId;
+    RecordedReloads::during([self, &ownId] {
+        ownId.set_value(PlatformUtil::threadId());
+        self->sendSaveSettingsSignal();
+    });
     watchdog->start();
-    const std::string id = std::to_string(refreshThreads().at(0));
     raiseAsAnotherProcess();
+    const std::string id = std::to_string(ownId.get_future().get());
     while (block.numbers() != "1 " + id + " 1")
         std::this_thread::yield();
     EXPECT_EQ(RecordedReloads::calls(), 1);

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <filesystem>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -57,9 +58,30 @@ TEST(LockFile, IsMadeAgainWithItsClaimsWhenItWasRemoved) {
     EXPECT_TRUE(othersSee(11));
 }
 
-TEST(LockFile, HasNoClaimsOfTheParentInAForkedProcess) {
-    const FolderClaim claim(FOLDER, 10);
-    EXPECT_TRUE(othersSee(10)) << "that of the parent, not a copy of it";
+// The locks of a process are not those of a process that it forks.
+TEST(LockFile, HasTheClaimsOfAForkedProcessItself) {
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    const FolderClaim watcher(FOLDER, 20);
+    pid_t other = -1;
+    {
+        const FolderClaim claim(FOLDER, 10);
+        other = fork();
+        if (other == 0) {
+            const FolderClaim own(FOLDER, 10);
+            static_cast<void>(!write(ready[1], "x", 1));
+            for (;;)
+                pause();
+        }
+        char byte = ' ';
+        EXPECT_EQ(read(ready[0], &byte, 1), 1);
+    }
+    EXPECT_TRUE(watcher.sees(10));
+    kill(other, SIGKILL);
+    waitpid(other, nullptr, 0);
+    EXPECT_FALSE(watcher.sees(10));
+    close(ready[0]);
+    close(ready[1]);
 }
 
 } // namespace

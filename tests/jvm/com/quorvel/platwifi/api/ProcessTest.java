@@ -77,7 +77,8 @@ class ProcessTest {
                 "-Dstdout.encoding=UTF-8", "-Dplatwifi.library=" + library,
                 "-cp", System.getProperty("java.class.path"), ProcessProbe.class.getName()));
         command.addAll(List.of(arguments));
-        ProcessBuilder builder = new ProcessBuilder(command).redirectErrorStream(true);
+        ProcessBuilder builder = new ProcessBuilder(command)
+                .redirectError(ProcessBuilder.Redirect.INHERIT); // warnings of newer virtual machines
         builder.environment().remove("PLATWIFI_PROFILE");
         if (profile != null)
             builder.environment().put("PLATWIFI_PROFILE", profile);
