@@ -24,6 +24,7 @@ import javax.tools.ToolProvider;
 class ExamplesTest {
     private static final Path SOURCES = Path.of("java/com/quorvel/platwifi");
     private static final Path PAGE = Path.of("docs/java-api.md");
+    private static final Path README = Path.of("README.md");
     private static final Path FIRST = Path.of("tests/lab/java/lab/api/First.java");
     private static final Pattern EXAMPLE =
             Pattern.compile("<pre>\\{@code\n(.*?)\n *\\* \\}</pre>", Pattern.DOTALL);
@@ -43,8 +44,10 @@ class ExamplesTest {
     Path folder;
 
     @Test
-    void ofThePageIsTheProgramOfTheLab() throws Exception {
-        assertEquals(Files.readString(FIRST).replaceFirst("package .*\n\n", ""), blocks().get(0));
+    void ofThePagesIsTheProgramOfTheLab() throws Exception {
+        String program = Files.readString(FIRST).replaceFirst("package .*\n\n", "");
+        assertEquals(program, blocksIn(PAGE).get(0));
+        assertEquals(program, blocksIn(README).get(0));
     }
 
     @Test
@@ -56,7 +59,7 @@ class ExamplesTest {
             for (String example : examples)
                 files.add(written(example, source));
         }
-        files.add(written(blocks().get(1), SOURCES.resolve("api/Wifi.java")));
+        files.add(written(blocksIn(PAGE).get(1), SOURCES.resolve("api/Wifi.java")));
         assertEquals("", errorsIn(files));
     }
 
@@ -82,8 +85,8 @@ class ExamplesTest {
                 .collect(Collectors.toList());
     }
 
-    private static List<String> blocks() throws IOException {
-        Matcher block = BLOCK.matcher(Files.readString(PAGE));
+    private static List<String> blocksIn(Path page) throws IOException {
+        Matcher block = BLOCK.matcher(Files.readString(page));
         return block.results().map(match -> match.group(1)).collect(Collectors.toList());
     }
 
