@@ -22,13 +22,9 @@ namespace {
 
 class OtherProcesses : public test::CommandFixture {
 protected:
-    static bool hasName() {
-        return std::filesystem::exists(test::BLOCK_PATH);
-    }
+    static bool hasName() { return std::filesystem::exists(test::BLOCK_PATH); }
 
-    std::size_t loads() const {
-        return callsOf({"list_networks"});
-    }
+    std::size_t loads() const { return callsOf({"list_networks"}); }
 
     void awaitLoads(std::size_t times) const {
         while (loads() < times)
