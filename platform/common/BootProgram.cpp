@@ -30,8 +30,8 @@ std::vector<std::string> programPlaces(const std::string& path) {
     if (const char* directory = environmentValue("PLATFORM_BOOT_DIR"))
         return {std::string(directory) + "/" + name};
     std::vector<std::string> places{path};
-    for (const std::string& folder : bootFolders())
-        places.push_back(folder + "/" + name);
+    for (std::string& folder : bootFolders())
+        places.push_back(folder.append("/").append(name));
     return places;
 }
 

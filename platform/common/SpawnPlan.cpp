@@ -14,7 +14,8 @@
 #include <unistd.h>
 #include <vector>
 
-extern char** environ; // POSIX has it in no header
+// POSIX has it in no header, but some systems do.
+extern char** environ; // NOLINT(readability-redundant-declaration)
 
 namespace platform {
 namespace {

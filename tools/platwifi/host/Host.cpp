@@ -134,10 +134,11 @@ void Host::throwNotLoaded() {
 }
 
 std::size_t Host::networkCount() {
-    if (iface() != firstAdapter())
+    if (iface() != firstAdapter()) {
         throw Failure("the networks are those of " + firstAdapter() +
                       ", the first interface that the supplicant lists; " +
                       (m_context.isWholeProcess ? "leave out -i" : "open that one"));
+    }
     bool ok = false;
     const platwifi::Lines lines = listLines(m_iface, ok);
     m_context.interrupt.check();
