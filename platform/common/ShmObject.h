@@ -15,8 +15,8 @@ bool looksLikeObject(const struct stat& status, std::size_t size) noexcept;
 /// this process when it touches the memory.
 bool isTrusted(const struct stat& status) noexcept;
 
-/// Prints a line, once in a process, if what was replaced, with this status, may be an object of another user's processes: they do not
-/// notice that it has lost its name.
+/// Prints a line, once in a process, if what was replaced, and had this status, may be an object of another user's
+/// processes: they do not notice that it has lost its name.
 void warnOfReplacement(const char* name, const struct stat& status, std::size_t size);
 
 /// Reserves the space of the object. Without this, writing to the memory would end the process when the file system
