@@ -96,7 +96,7 @@ public final class Wifi implements AutoCloseable {
     }
 
     /**
-     * Scans. Takes one to a few seconds, at most about a minute where the radio is busy; {@link #startScan} does not
+     * Scans. Takes one to a few seconds, at most 80 seconds where the radio is busy; {@link #startScan} does not
      * block.
      *
      * @return the access points in range, strongest first
