@@ -24,6 +24,7 @@ final class PrivateFolder {
     private static final int LINK = 0120000;
     private static final int STICKY = 01000;
     private static final int WRITE_BY_OTHERS = 0022;
+    private static final int ROOT = 0;
 
     private PrivateFolder() {}
 
@@ -61,14 +62,27 @@ final class PrivateFolder {
             throw new IOException("other users may write to " + folder);
     }
 
-    // Users who may write to a folder above could put another folder in this one's place.
+    // The owner of a folder above, and users who may write to it, could put another folder in this
+    // one's place.
     private static void requireSafeParents(Path folder) throws IOException {
         Path parent = folder.toRealPath().getParent();
         for (; parent != null; parent = parent.getParent()) {
-            int mode = (int) Files.getAttribute(parent, "unix:mode");
+            Map<String, Object> facts = Files.readAttributes(parent, "unix:uid,mode");
+            int mode = (int) facts.get("mode");
+            int owner = (int) facts.get("uid");
             if ((mode & WRITE_BY_OTHERS) != 0 && (mode & STICKY) == 0)
                 throw new IOException("other users may write to " + parent);
+            if (owner != ROOT && owner != ownUser() && !isOutside(owner))
+                throw new IOException(parent + " belongs to the user " + owner);
         }
+    }
+
+    // In a container that does not know all users, the kernel gives one number to all others, root
+    // among them.
+    private static boolean isOutside(int owner) throws IOException {
+        String overflow = Files.readString(Path.of("/proc/sys/kernel/overflowuid")).trim();
+        String map = Files.readString(Path.of("/proc/self/uid_map")).trim();
+        return String.valueOf(owner).equals(overflow) && !map.matches("0\\s+0\\s+4294967295");
     }
 
     /** The number of the user whose rights this process has. */

@@ -242,6 +242,15 @@ class UnpackingTest {
     }
 
     @Test
+    void aFolderInOneOfAnotherUserIsRefused() throws Exception {
+        Path foreign = Files.createDirectory(folder.resolve("foreign"));
+        Path own = Files.createDirectory(foreign.resolve("own"), PrivateFolder.MODE);
+        assumeTrue(canGiveAway(foreign), "only root can give a folder to another user");
+        assertEquals(PROBLEM + own + ": " + foreign + " belongs to the user 1" + ADVICE,
+                program.run("-Dplatwifi.cache=" + own));
+    }
+
+    @Test
     void aFileInPlaceOfTheCacheIsRefused() throws Exception {
         Path file = Files.createFile(folder.resolve("file"));
         assertEquals(PROBLEM + file + ": " + file + " is not a directory" + ADVICE,
