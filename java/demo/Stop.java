@@ -3,6 +3,9 @@ package demo;
 /** Ends the program; the message names the cause and the next step. */
 final class Stop extends Exception {
     private static final long serialVersionUID = 1L;
+    /** The status of an end by a signal. The virtual machine has its own for that, and ends by itself. */
+    static final int INTERRUPTED = 128;
+
     private static final int FAILED = 1;
     private static final int WRONG_USE = 2;
 
@@ -23,6 +26,6 @@ final class Stop extends Exception {
     }
 
     static Stop interrupted() {
-        return new Stop("it was interrupted; start it again to see the rest");
+        return new Stop(INTERRUPTED, "it was interrupted; start it again to see the rest");
     }
 }

@@ -33,14 +33,16 @@ public final class WifiDemo {
 
     /** @param arguments  see {@link Options#USAGE} */
     public static void main(String[] arguments) {
-        System.exit(run(TIMEOUT, utf8(FileDescriptor.out), utf8(FileDescriptor.err), arguments));
+        int status = run(TIMEOUT, utf8(FileDescriptor.out), utf8(FileDescriptor.err), arguments);
+        if (status != Stop.INTERRUPTED) // else an exit could come before that of the virtual machine
+            System.exit(status);
     }
 
     /**
      * The program without its exit.
      *
      * @param timeout  the longest wait for a state
-     * @return 0 if everything was shown, 1 after a failure, 2 after wrong use
+     * @return 0 if everything was shown, 1 after a failure, 2 after wrong use, {@link Stop#INTERRUPTED} after a signal
      */
     static int run(Duration timeout, PrintStream out, PrintStream err, String... arguments) {
         try (ShutdownGuard guard = new ShutdownGuard()) {

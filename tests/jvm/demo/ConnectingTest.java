@@ -127,7 +127,7 @@ class ConnectingTest {
                 .when("-iwlan0", "add_network").print("0\n")
                 .when("*").print("OK\n").play();
         Thread.currentThread().interrupt();
-        assertEquals(1, demo.run("--connect", "cafe"));
+        assertEquals(Stop.INTERRUPTED, demo.run("--connect", "cafe"));
         demo.assertErrors("wifi-demo: it was interrupted; .*");
         demo.assertLast("Connecting to cafe .*IDLE.*", "Removed cafe again\\.", "All .*");
     }
