@@ -23,9 +23,10 @@ expect_components() {
         fail "a file is of no component (-), or of several (+)"
 }
 
+# expect_no_path_into_the_checkout FOLDER
 expect_no_path_into_the_checkout() {
-    if grep -rF -e "$checkout" -e "$build" "$prefix"; then
-        fail "an installed file names the checkout (see above)"
+    if grep -rF -e "$checkout" -e "$build" "$1"; then
+        fail "a file names the checkout (see above)"
     fi
 }
 

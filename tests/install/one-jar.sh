@@ -36,6 +36,7 @@ expect_native_files_of_their_own() {
     local file
     mkdir "$work/natives"
     (cd "$work/natives" && jar xf "$one_jar" META-INF/native)
+    expect_no_path_into_the_checkout "$work/natives"
     while read -r file; do
         if readelf -d "$file" | grep NEEDED |
             grep -vE '\[(libc\.so\.6|ld[-0-9a-z]*\.so\.[0-9]+|libplatwifi\.so\.[0-9]+|libplatform\.so|libzam\.so)\]'; then
