@@ -26,6 +26,7 @@ final class OneJar {
         Files.createDirectory(home());
         Files.createDirectory(temporary());
         copy(OneJarProbe.class);
+        copy(OneJarApiProbe.class);
         copy(UnpackingProbe.class);
     }
 
@@ -98,8 +99,13 @@ final class OneJar {
 
     /** What {@link #run} prints when the libraries are those that are unpacked in this cache. */
     static String loadedFrom(Path cache) throws IOException {
+        return loadedFrom(cache, "libplatwificrypt.so");
+    }
+
+    /** The lines with the library and one of the private libraries that are unpacked in this cache. */
+    static String loadedFrom(Path cache, String privateLibrary) throws IOException {
         Path libraries = unpackedIn(cache).resolve("lib");
         return libraries.resolve("libplatwifi.so.1").toRealPath() + "\n"
-                + libraries.resolve("platwifi/libplatwificrypt.so").toRealPath() + "\n";
+                + libraries.resolve("platwifi").resolve(privateLibrary).toRealPath() + "\n";
     }
 }

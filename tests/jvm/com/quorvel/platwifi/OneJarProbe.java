@@ -30,7 +30,8 @@ public final class OneJarProbe {
         }
     }
 
-    private static String loaded(String library) throws IOException {
+    /** The file of a library that this process has loaded. */
+    static String loaded(String library) throws IOException {
         List<String> maps = Files.readAllLines(Path.of("/proc/self/maps"));
         return maps.stream().filter(line -> line.contains(library)).findFirst()
                 .map(line -> line.substring(line.indexOf('/'))).orElse("none");

@@ -4,10 +4,7 @@ import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.io.TempDir;
 
 import java.io.IOException;
 import java.nio.charset.StandardCharsets;
@@ -16,33 +13,16 @@ import java.nio.file.Path;
 import java.util.Map;
 
 /** Which library a program with the one jar loads, and what it says when it can load none. */
-class OneJarTest {
+class OneJarTest extends OneJarFixture {
     private static final Path LIBRARY = Path.of(System.getProperty("platwifi.library"));
     private static final int ELF_MACHINE = 18;
     private static final String TITLE = "cannot load the Wi-Fi library: ";
     private static final String ADVICE = "Start Java with -Dplatwifi.library=FILE (the full path of"
-            + " libplatwifi.so) or with -Djava.library.path=DIRECTORY that holds it.\n";
-
-    @TempDir
-    Path folder;
-
-    private final Mounts mounts = new Mounts();
-    private OneJar program;
-
-    @BeforeEach
-    void start() throws Exception {
-        program = new OneJar(folder);
-    }
-
-    @AfterEach
-    void unmount() throws Exception {
-        mounts.removeAll();
-    }
+            + " libplatwifi.so) or with -Djava.library.path=DIRECTORY that holds it.";
 
     @Test
     void itsOwnFilesAreLoaded() throws Exception {
-        String output = program.run();
-        assertEquals(OneJar.loadedFrom(program.cache()), output);
+        assertUses(program.cache());
     }
 
     @Test
@@ -75,33 +55,28 @@ class OneJarTest {
         library[ELF_MACHINE] ^= 0x55;
         Path chosen = Files.write(folder.resolve("libplatwifi.so"), library);
         String output = program.run("-Djava.library.path=" + folder);
-        assertTrue(output.startsWith(TITLE + chosen + ": "), output);
-        assertTrue(output.endsWith("Looked for: " + chosen + " (there). " + ADVICE), output);
+        assertMessage(TITLE + chosen + ": ", "Looked for: " + chosen + " (there). " + ADVICE, output);
     }
 
     @Test
     void aForeignArchitectureIsNamed() throws Exception {
         String output = program.run("-Dos.arch=riscv64");
-        assertTrue(output.startsWith(TITLE), output);
         String own = Architecture.ofHost().orElseThrow().folder;
         assertTrue(output.contains(
                 ", and this jar has files for " + own + ", not for linux-riscv64. "), output);
-        assertTrue(output.endsWith(ADVICE), output);
-        assertEquals(1, output.lines().count(), output);
+        assertMessage(TITLE, ADVICE, output);
     }
 
     @Test
     void aJarWithoutNativeFilesIsNotBlamed() throws Exception {
         String output = program.with(new ChangedJar(OneJar.JAR).withoutNativeFiles()).run();
-        assertTrue(output.startsWith(TITLE), output);
         assertFalse(output.contains("this jar"), output);
-        assertTrue(output.endsWith(ADVICE), output);
+        assertMessage(TITLE, ADVICE, output);
     }
 
     @Test
     void aSystemThatIsTooOldIsNamed() throws Exception {
         String output = withLibraryText("GLIBC_2.14\0", "GLIBC_9.14\0").run();
-        assertTrue(output.startsWith(TITLE), output);
         assertTrue(output.contains("`GLIBC_9.14' not found"), output);
         assertNeedsNamed(output);
     }
@@ -120,7 +95,7 @@ class OneJarTest {
         program.with(new ChangedJar(OneJar.JAR).link(client, "/sbin/wpa_cli")).run();
         Path link = OneJar.unpackedIn(program.cache()).resolve(client);
         assertEquals(Path.of("/sbin/wpa_cli"), Files.readSymbolicLink(link));
-        assertEquals(OneJar.loadedFrom(program.cache()), program.run());
+        assertUses(program.cache());
     }
 
     private OneJar withLibraryText(String text, String replacement) throws Exception {
@@ -135,8 +110,7 @@ class OneJarTest {
     private static void assertNeedsNamed(String output) {
         assertTrue(output.matches("(?s).* The files of this jar for linux-\\S+ need glibc 2[.]\\d+"
                 + " or later[.] .*"), output);
-        assertTrue(output.endsWith(ADVICE), output);
-        assertEquals(1, output.lines().count(), output);
+        assertMessage(TITLE, ADVICE, output);
     }
 
     private static String inBuild() throws Exception {

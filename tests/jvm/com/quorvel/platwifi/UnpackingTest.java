@@ -6,12 +6,9 @@ import static org.junit.jupiter.api.Assertions.assertNotEquals;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 import static org.junit.jupiter.api.Assumptions.assumeTrue;
 
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.io.TempDir;
 import org.junit.jupiter.params.ParameterizedTest;
-import org.junit.jupiter.params.provider.ValueSource;
+import org.junit.jupiter.params.provider.EnumSource;
 
 import java.io.IOException;
 import java.nio.file.Files;
@@ -25,34 +22,17 @@ import java.util.List;
 import java.util.Map;
 
 /** Where a program with the one jar unpacks its native files, and what can be wrong there. */
-class UnpackingTest {
+class UnpackingTest extends OneJarFixture {
     private static final String LISTER = "libexec/platwifi/boot/pidin";
     private static final String PROBLEM =
             "cannot load the Wi-Fi library: its files in this jar cannot be unpacked: ";
     private static final String ADVICE = ". Start Java with -Dplatwifi.cache=DIRECTORY that belongs"
             + " to this user, where files can be written and executed.\n";
 
-    @TempDir
-    Path folder;
-
-    private final Mounts mounts = new Mounts();
-    private OneJar program;
-
-    @BeforeEach
-    void start() throws Exception {
-        program = new OneJar(folder);
-    }
-
-    @AfterEach
-    void unmount() throws Exception {
-        mounts.removeAll();
-    }
-
     @Test
     void thePropertyNamesTheCache() throws Exception {
         Path cache = folder.resolve("a/b");
-        String output = program.run("-Dplatwifi.cache=" + cache);
-        assertEquals(OneJar.loadedFrom(cache), output);
+        assertUses(cache, "-Dplatwifi.cache=" + cache);
         assertFalse(Files.exists(program.cache()));
     }
 
@@ -64,8 +44,7 @@ class UnpackingTest {
 
     @Test
     void aUserWithoutHomeHasACacheForTemporaryFiles() throws Exception {
-        String output = program.run("-Duser.home=?");
-        assertEquals(OneJar.loadedFrom(temporaryCache()), output);
+        assertUses(temporaryCache(), "-Duser.home=?");
     }
 
     @Test
@@ -88,61 +67,52 @@ class UnpackingTest {
         program.run();
         Path lister = OneJar.unpackedIn(program.cache()).resolve(LISTER);
         Object first = Files.getAttribute(lister, "unix:ino");
-        String output = program.run();
-        assertEquals(OneJar.loadedFrom(program.cache()), output);
+        assertUses(program.cache());
         assertEquals(first, Files.getAttribute(lister, "unix:ino"));
     }
 
+    /** What can have happened to an unpacked file. */
+    enum Damage {
+        CHANGED(file -> {
+            byte[] content = Files.readAllBytes(file);
+            content[content.length / 2] ^= 1;
+            Files.write(file, content);
+        }),
+        SHORTENED(file -> Files.write(file, new byte[0])),
+        REMOVED_WITH_ITS_FOLDER(file -> {
+            for (Path neighbour : OneJar.children(file.getParent()))
+                Files.delete(neighbour);
+            Files.delete(file.getParent());
+        }),
+        MOVED(file -> {
+            Path elsewhere = file.resolveSibling("elsewhere");
+            Files.move(file, elsewhere);
+            Files.createSymbolicLink(file, elsewhere);
+        }),
+        NOT_EXECUTABLE(file ->
+                Files.setPosixFilePermissions(file, PosixFilePermissions.fromString("rw-r--r--")));
+
+        private interface Change {
+            void apply(Path file) throws IOException;
+        }
+
+        private final Change change;
+
+        Damage(Change change) {
+            this.change = change;
+        }
+    }
+
     @ParameterizedTest
-    @ValueSource(strings = {LISTER, "lib/platwifi/libplatform.so"})
-    void aChangedFileIsReplaced(String path) throws Exception {
-        program.run();
-        Path file = OneJar.unpackedIn(program.cache()).resolve(path);
-        byte[] original = Files.readAllBytes(file);
-        byte[] changed = original.clone();
-        changed[changed.length / 2] ^= 1;
-        Files.write(file, changed);
-        assertRepaired(file, original);
+    @EnumSource
+    void aDamagedProgramIsReplaced(Damage damage) throws Exception {
+        Path lister = assertReplaced(LISTER, damage);
+        assertTrue(Files.isExecutable(lister));
     }
 
     @Test
-    void aShortFileIsReplaced() throws Exception {
-        program.run();
-        Path file = OneJar.unpackedIn(program.cache()).resolve(LISTER);
-        byte[] original = Files.readAllBytes(file);
-        Files.write(file, new byte[0]);
-        assertRepaired(file, original);
-    }
-
-    @Test
-    void aMissingFileIsReplaced() throws Exception {
-        program.run();
-        Path file = OneJar.unpackedIn(program.cache()).resolve(LISTER);
-        byte[] original = Files.readAllBytes(file);
-        Files.delete(file);
-        Files.delete(file.resolveSibling("wpa_cli"));
-        Files.delete(file.getParent());
-        assertRepaired(file, original);
-    }
-
-    @Test
-    void aLinkIsReplaced() throws Exception {
-        program.run();
-        Path file = OneJar.unpackedIn(program.cache()).resolve(LISTER);
-        byte[] original = Files.readAllBytes(file);
-        Files.move(file, folder.resolve("moved"));
-        Files.createSymbolicLink(file, folder.resolve("moved"));
-        assertRepaired(file, original);
-        assertFalse(Files.isSymbolicLink(file));
-    }
-
-    @Test
-    void aProgramThatCannotBeExecutedIsReplaced() throws Exception {
-        program.run();
-        Path file = OneJar.unpackedIn(program.cache()).resolve(LISTER);
-        Files.setPosixFilePermissions(file, PosixFilePermissions.fromString("rw-r--r--"));
-        program.run();
-        assertTrue(Files.isExecutable(file));
+    void aDamagedLibraryIsReplaced() throws Exception {
+        assertReplaced("lib/platwifi/libplatform.so", Damage.CHANGED);
     }
 
     @Test
@@ -151,8 +121,7 @@ class UnpackingTest {
         Path link = OneJar.unpackedIn(program.cache()).resolve("lib/libplatwifi.so.1");
         Files.delete(link);
         Files.createSymbolicLink(link, Path.of("/nowhere"));
-        String output = program.run();
-        assertEquals(OneJar.loadedFrom(program.cache()), output);
+        assertUses(program.cache());
     }
 
     @Test
@@ -202,8 +171,7 @@ class UnpackingTest {
         for (Path open : List.of(unpacked, program.cache(), program.home())) {
             String mode = mode(open);
             Files.setPosixFilePermissions(open, PosixFilePermissions.fromString("rwxrwx---"));
-            assertEquals(PROBLEM + program.cache() + ": other users may write to " + open + ADVICE,
-                    program.run("-Dplatwifi.cache=" + program.cache()));
+            assertRefused(program.cache(), "other users may write to " + open);
             Files.setPosixFilePermissions(open, PosixFilePermissions.fromString(mode));
         }
     }
@@ -212,15 +180,14 @@ class UnpackingTest {
     void aFolderAboveMayBeOneForTemporaryFilesOfEveryUser() throws Exception {
         Files.setAttribute(program.temporary(), "unix:mode", 01777);
         program.run("-Duser.home=?");
-        assertEquals(OneJar.loadedFrom(temporaryCache()), program.run("-Duser.home=?"));
+        assertUses(temporaryCache(), "-Duser.home=?");
     }
 
     @Test
     void aLinkIsRefused() throws Exception {
         Path link = Files.createSymbolicLink(folder.resolve("link"),
                 Files.createDirectory(folder.resolve("target"), PrivateFolder.MODE));
-        assertEquals(PROBLEM + link + ": " + link + " is a symbolic link" + ADVICE,
-                program.run("-Dplatwifi.cache=" + link));
+        assertRefused(link, link + " is a symbolic link");
     }
 
     @Test
@@ -229,16 +196,14 @@ class UnpackingTest {
         Path unpacked = OneJar.unpackedIn(program.cache());
         Files.move(unpacked, folder.resolve("moved"));
         Files.createSymbolicLink(unpacked, folder.resolve("moved"));
-        assertEquals(PROBLEM + program.cache() + ": " + unpacked + " is a symbolic link" + ADVICE,
-                program.run("-Dplatwifi.cache=" + program.cache()));
+        assertRefused(program.cache(), unpacked + " is a symbolic link");
     }
 
     @Test
     void aFolderOfAnotherUserIsRefused() throws Exception {
         Path foreign = Files.createDirectory(folder.resolve("foreign"), PrivateFolder.MODE);
         assumeTrue(canGiveAway(foreign), "only root can give a folder to another user");
-        assertEquals(PROBLEM + foreign + ": " + foreign + " belongs to the user 1" + ADVICE,
-                program.run("-Dplatwifi.cache=" + foreign));
+        assertRefused(foreign, foreign + " belongs to the user 1");
     }
 
     @Test
@@ -246,22 +211,19 @@ class UnpackingTest {
         Path foreign = Files.createDirectory(folder.resolve("foreign"));
         Path own = Files.createDirectory(foreign.resolve("own"), PrivateFolder.MODE);
         assumeTrue(canGiveAway(foreign), "only root can give a folder to another user");
-        assertEquals(PROBLEM + own + ": " + foreign + " belongs to the user 1" + ADVICE,
-                program.run("-Dplatwifi.cache=" + own));
+        assertRefused(own, foreign + " belongs to the user 1");
     }
 
     @Test
     void aFileInPlaceOfTheCacheIsRefused() throws Exception {
         Path file = Files.createFile(folder.resolve("file"));
-        assertEquals(PROBLEM + file + ": " + file + " is not a directory" + ADVICE,
-                program.run("-Dplatwifi.cache=" + file));
+        assertRefused(file, file + " is not a directory");
     }
 
     @Test
     void aHomeThatExecutesNoFilesIsNotUsed() throws Exception {
         mounts.add(program.home(), "noexec,mode=700");
-        String output = program.run();
-        assertEquals(OneJar.loadedFrom(temporaryCache()), output);
+        assertUses(temporaryCache());
         assertEquals(List.of(), OneJar.children(program.cache()));
     }
 
@@ -270,8 +232,7 @@ class UnpackingTest {
         mounts.add(program.home(), "mode=700");
         program.run();
         mounts.change(program.home(), "noexec");
-        String output = program.run();
-        assertEquals(OneJar.loadedFrom(temporaryCache()), output);
+        assertUses(temporaryCache());
     }
 
     @Test
@@ -286,15 +247,13 @@ class UnpackingTest {
     @Test
     void aReadOnlyHomeIsNotUsed() throws Exception {
         mounts.add(program.home(), "ro");
-        String output = program.run();
-        assertEquals(OneJar.loadedFrom(temporaryCache()), output);
+        assertUses(temporaryCache());
     }
 
     @Test
     void aReadOnlyPlaceIsNamed() throws Exception {
         mounts.add(program.home(), "ro");
-        assertEquals(PROBLEM + program.cache() + ": Read-only file system" + ADVICE,
-                program.run("-Dplatwifi.cache=" + program.cache()));
+        assertRefused(program.cache(), "Read-only file system");
     }
 
     @Test
@@ -302,33 +261,41 @@ class UnpackingTest {
         mounts.add(program.home(), "mode=700");
         program.run();
         mounts.change(program.home(), "ro");
-        String output = program.run();
-        assertEquals(OneJar.loadedFrom(program.cache()), output);
+        assertUses(program.cache());
     }
 
     @Test
     void aFullDiskIsNamedAndNothingStays() throws Exception {
         mounts.add(program.home(), "size=64k,mode=700");
-        assertEquals(PROBLEM + program.cache() + ": No space left on device" + ADVICE,
-                program.run("-Dplatwifi.cache=" + program.cache()));
+        assertRefused(program.cache(), "No space left on device");
         assertEquals(List.of(), OneJar.children(program.cache()));
     }
 
     @Test
     void aDamagedJarIsNotUsed() throws Exception {
-        String output = program.with(new ChangedJar(OneJar.JAR).damage(LISTER))
-                .run("-Dplatwifi.cache=" + program.cache());
-        assertEquals(PROBLEM + program.cache() + ": this jar is damaged: its " + LISTER
-                + " is not as it was built" + ADVICE, output);
+        program.with(new ChangedJar(OneJar.JAR).damage(LISTER));
+        assertRefused(program.cache(),
+                "this jar is damaged: its " + LISTER + " is not as it was built");
     }
 
-    private void assertRepaired(Path file, byte[] original) throws Exception {
+    private Path assertReplaced(String path, Damage damage) throws Exception {
+        program.run();
+        Path file = OneJar.unpackedIn(program.cache()).resolve(path);
+        byte[] original = Files.readAllBytes(file);
+        damage.change.apply(file);
         Object damaged = Files.exists(file) ? Files.getAttribute(file, "unix:ino") : null;
-        String output = program.run();
-        assertEquals(OneJar.loadedFrom(program.cache()), output);
+        assertUses(program.cache());
+        assertFalse(Files.isSymbolicLink(file));
         assertEquals(Sha256.of(original), Sha256.of(Files.readAllBytes(file)));
         // A program that uses the old file keeps it.
         assertNotEquals(damaged, Files.getAttribute(file, "unix:ino"));
+        return file;
+    }
+
+    /** The cache is not used, for this reason, and there is no other. */
+    private void assertRefused(Path cache, String reason) throws Exception {
+        assertEquals(PROBLEM + cache + ": " + reason + ADVICE,
+                program.run("-Dplatwifi.cache=" + cache));
     }
 
     private boolean isComplete(Path unpacked) {
