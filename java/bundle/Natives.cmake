@@ -54,14 +54,16 @@ if(IS_SYMLINK ${PROJECT_BINARY_DIR}/boot/wpa_cli)
 endif()
 file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/client-is-link CONTENT ${CLIENT_IS_LINK})
 
+# Beside the copies, so that these are made again after the folder was removed.
+set(COPIED ${NATIVES}/programs.stamp)
 set(BOOT_PROGRAMS pidin wpa_cli)
 list(TRANSFORM BOOT_PROGRAMS PREPEND ${PROJECT_BINARY_DIR}/boot/)
-add_custom_command(OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/programs.stamp
+add_custom_command(OUTPUT ${COPIED}
   COMMAND ${CMAKE_COMMAND} -D STRIP=${CMAKE_STRIP} -D FOLDER=${NATIVES}/${NATIVES_BOOT_DIR}
     "-DPROGRAMS=${BOOT_PROGRAMS}" -P ${CMAKE_CURRENT_LIST_DIR}/CopyPrograms.cmake
-  COMMAND ${CMAKE_COMMAND} -E touch ${CMAKE_CURRENT_BINARY_DIR}/programs.stamp
+  COMMAND ${CMAKE_COMMAND} -E touch ${COPIED}
   DEPENDS boot_programs ${BOOT_PROGRAMS} ${CMAKE_CURRENT_LIST_DIR}/CopyPrograms.cmake
     ${CMAKE_CURRENT_BINARY_DIR}/client-is-link VERBATIM)
-list(APPEND NATIVE_FILES ${CMAKE_CURRENT_BINARY_DIR}/programs.stamp)
+list(APPEND NATIVE_FILES ${COPIED})
 
 add_custom_target(natives DEPENDS ${NATIVE_FILES})
