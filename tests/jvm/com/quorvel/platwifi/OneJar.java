@@ -102,7 +102,7 @@ final class OneJar {
         return loadedFrom(cache, "libplatwificrypt.so");
     }
 
-    /** The lines with the library and one of the private libraries that are unpacked in this cache. */
+    /** The lines with the library and a private library that are unpacked in this cache. */
     static String loadedFrom(Path cache, String privateLibrary) throws IOException {
         Path libraries = unpackedIn(cache).resolve("lib");
         return libraries.resolve("libplatwifi.so.1").toRealPath() + "\n"

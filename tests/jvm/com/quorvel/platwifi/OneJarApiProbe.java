@@ -6,8 +6,8 @@ import com.quorvel.platwifi.api.WifiException;
 import java.io.IOException;
 
 /**
- * A program that uses the package {@code com.quorvel.platwifi.api} alone, run with one jar in another virtual machine.
- * It prints the files of the two libraries with natives that this package needs.
+ * A program that uses the package {@code com.quorvel.platwifi.api} alone, run with one jar in
+ * another virtual machine. It prints the files of the two libraries that this package loads.
  */
 public final class OneJarApiProbe {
     private OneJarApiProbe() {}

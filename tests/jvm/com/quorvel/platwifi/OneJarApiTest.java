@@ -6,7 +6,7 @@ import org.junit.jupiter.api.Test;
 
 import java.util.Map;
 
-/** Which libraries the package {@code com.quorvel.platwifi.api} loads in a program with the one jar. */
+/** Which libraries the typed API loads in a program with the one jar. */
 class OneJarApiTest extends OneJarFixture {
     @Test
     void itsOwnFilesAreLoaded() throws Exception {

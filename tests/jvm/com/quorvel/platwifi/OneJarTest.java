@@ -55,7 +55,8 @@ class OneJarTest extends OneJarFixture {
         library[ELF_MACHINE] ^= 0x55;
         Path chosen = Files.write(folder.resolve("libplatwifi.so"), library);
         String output = program.run("-Djava.library.path=" + folder);
-        assertMessage(TITLE + chosen + ": ", "Looked for: " + chosen + " (there). " + ADVICE, output);
+        assertMessage(TITLE + chosen + ": ",
+                "Looked for: " + chosen + " (there). " + ADVICE, output);
     }
 
     @Test
