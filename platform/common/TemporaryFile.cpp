@@ -11,7 +11,7 @@
 namespace platform {
 namespace {
 
-constexpr int ATTEMPTS = 100;
+constexpr int NAMES_TO_TRY = 100;
 
 // The time is added because threads in different process namespaces may have the same id.
 std::string uniqueEnd() {
@@ -23,7 +23,7 @@ std::string uniqueEnd() {
 
 // mkstemp() would leave the file open in a program that another thread starts at the same time.
 TemporaryFile::TemporaryFile(const std::string& beginning, mode_t mode) {
-    for (int attempt = 0; attempt < ATTEMPTS && !isOpen(); ++attempt) {
+    for (int attempt = 0; attempt < NAMES_TO_TRY && !isOpen(); ++attempt) {
         m_path = beginning + uniqueEnd();
         m_file = FileDescriptor(
             open(m_path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_NOFOLLOW | O_CLOEXEC, mode));

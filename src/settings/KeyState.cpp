@@ -5,7 +5,7 @@
 namespace platwifi {
 namespace {
 
-constexpr const char* METHODS = "key_mgmt";
+constexpr const char* KEY_MANAGEMENT = "key_mgmt";
 constexpr const char* KEY = "psk";
 
 bool is(const char* key, const char* name) {
@@ -34,7 +34,7 @@ void KeyState::read(const char* key, const char* value) {
         return;
     if (m_need == Need::UNKNOWN)
         m_need = Need::KEY;
-    if (is(key, METHODS))
+    if (is(key, KEY_MANAGEMENT))
         m_need = needOf(value);
     else if (is(key, KEY))
         m_hasKey = true;
@@ -43,7 +43,7 @@ void KeyState::read(const char* key, const char* value) {
 // After a refused key management the supplicant has none, and takes the default at the next reading of its
 // file. After a refused key it keeps the one that it has.
 void KeyState::written(const char* key, const char* value, bool accepted) {
-    if (is(key, METHODS))
+    if (is(key, KEY_MANAGEMENT))
         m_need = accepted ? needOf(value) : Need::KEY;
     else if (is(key, KEY) && accepted)
         m_hasKey = true;

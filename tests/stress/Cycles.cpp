@@ -17,7 +17,6 @@ namespace {
 
 constexpr std::uint32_t DEFAULT_CYCLES = 400;
 constexpr std::uint32_t SETTLING_CYCLES = 50;
-constexpr const char* REFRESH_THREAD = "tWifiRefreshWat"; // 15 characters of its name
 
 std::uint32_t usersOf(const test::BlockView& block) {
     return block->attachCount;
@@ -29,7 +28,7 @@ void load() {
     WifiHostSettings::getInstance(nullptr)->getWifiAdapters(&name, 1, &count);
     stress::expect(count == 1, "a load found no adapter");
     delete[] name;
-    stress::expect(test::threadsNamed(REFRESH_THREAD).size() == 1,
+    stress::expect(test::threadsNamed(test::REFRESH_THREAD).size() == 1,
                    "there is not one refresh thread after a load");
 }
 

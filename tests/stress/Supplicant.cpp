@@ -1,6 +1,7 @@
 #include "Supplicant.h"
 
 #include "Job.h"
+#include "support/ThreadState.h"
 
 #include <algorithm>
 #include <pthread.h>
@@ -10,7 +11,6 @@ namespace {
 
 constexpr const char* OK = "OK\n";
 constexpr const char* FAIL = "FAIL\n";
-constexpr const char* REFRESH_THREAD = "tWifiRefreshWat"; // 15 characters of its name
 
 std::string ssidOf(const std::map<std::string, std::string>& values) {
     const std::string quoted = values.at("ssid");
@@ -20,7 +20,7 @@ std::string ssidOf(const std::map<std::string, std::string>& values) {
 bool isRefreshThread() {
     char name[16] = "";
     return pthread_getname_np(pthread_self(), name, sizeof(name)) == 0 &&
-           std::string(name) == REFRESH_THREAD;
+           std::string(name) == test::REFRESH_THREAD;
 }
 
 } // namespace

@@ -16,8 +16,7 @@ namespace {
 
 constexpr std::size_t HEAP_SLACK = 64 * 1024;
 constexpr std::size_t RESIDENT_SLACK_KIB = 2048;
-constexpr std::size_t KEPT_FILES = 8;                     // of the last scan of each thread
-constexpr const char* REFRESH_THREAD = "tWifiRefreshWat"; // 15 characters of its name
+constexpr std::size_t KEPT_FILES = 8; // of the last scan of each thread
 
 #ifdef STRESS_SANITIZED
 constexpr bool HAS_OWN_HEAP = false;
@@ -85,7 +84,7 @@ void expectFlat(const Usage& earlier, const Usage& later) {
 void unloadAll() {
     WifiHostSettings::unload();
     WifiUtil::unload();
-    test::awaitNoThreadNamed(REFRESH_THREAD);
+    test::awaitNoThreadNamed(test::REFRESH_THREAD);
 }
 
 } // namespace stress

@@ -41,7 +41,7 @@ void ForeignSignal::raise() {
 void ForeignSignal::awaitTaken() const {
     while (m_block->refreshPending != 0)
         std::this_thread::yield();
-    const auto threads = threadsNamed("tWifiRefreshWat");
+    const auto threads = threadsNamed(REFRESH_THREAD);
     while (!std::all_of(threads.begin(), threads.end(), isAsleep))
         std::this_thread::yield();
 }

@@ -5,6 +5,9 @@
 
 namespace test {
 
+/// As much of the name of the refresh thread as the system keeps.
+inline constexpr const char* REFRESH_THREAD = "tWifiRefreshWat";
+
 /// The system's number of the calling thread, which PlatformUtil::threadId() need not be.
 int ownThread();
 

@@ -11,6 +11,7 @@ using platform::FileDescriptor;
 using test::Arguments;
 using test::Ending;
 using test::platwifi;
+using test::WRONG_USE;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -18,7 +19,6 @@ using testing::Not;
 namespace {
 
 constexpr int FAILED = 1;
-constexpr int WRONG_USE = 2;
 
 struct Refusal {
     const char* name;

@@ -15,6 +15,8 @@ struct Ending {
     std::string err;
 };
 
+constexpr int WRONG_USE = 2; ///< the exit status after a wrong argument
+
 /// Values of Streams in place of a descriptor.
 constexpr int CAPTURED = -1; ///< what the program writes is in its Ending; an input is empty
 constexpr int CLOSED = -2;

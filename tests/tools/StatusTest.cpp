@@ -15,7 +15,7 @@ namespace {
 const std::string CONNECTED = "bssid=02:00:00:00:01:00\nfreq=5180\nssid=home\nid=0\n"
                               "pairwise_cipher=CCMP\ngroup_cipher=CCMP\nkey_mgmt=SAE\npmf=2\n"
                               "wpa_state=COMPLETED\nip_address=192.0.2.7\n";
-const std::string SIGNAL = "RSSI=-61\nLINKSPEED=866\nNOISE=-92\nFREQUENCY=5180\n";
+const std::string SIGNAL_OF_HOME = "RSSI=-61\nLINKSPEED=866\nNOISE=-92\nFREQUENCY=5180\n";
 
 // An older connection, whose details the supplicant still reports.
 const std::string STALE = "bssid=02:00:00:00:01:00\nfreq=5180\nkey_mgmt=SAE\n";
@@ -27,14 +27,14 @@ protected:
 
     void connect() {
         on({"status"}).prints(CONNECTED);
-        on({"signal_poll"}).prints(SIGNAL);
+        on({"signal_poll"}).prints(SIGNAL_OF_HOME);
         serve({"work", "home"});
     }
 
     /// Serves these networks in a state without a connection.
     void wait(const std::string& state) {
         on({"status"}).prints(STALE + "wpa_state=" + state + "\n");
-        on({"signal_poll"}).prints(SIGNAL);
+        on({"signal_poll"}).prints(SIGNAL_OF_HOME);
         serve({"work", "home"});
     }
 

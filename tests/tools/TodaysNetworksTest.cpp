@@ -4,6 +4,7 @@
 
 using test::Arguments;
 using test::platwifi;
+using test::WRONG_USE;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -11,8 +12,6 @@ using testing::IsEmpty;
 using testing::Not;
 
 namespace {
-
-constexpr int WRONG_USE = 2;
 
 class TodaysNetworks : public test::CommandFixture {
 protected:

@@ -14,6 +14,8 @@ namespace platwifi {
 
 using Columns = std::vector<std::string>;
 
+inline constexpr std::size_t COLUMNS_OF_LIST = 4; ///< id, SSID, BSSID, flags
+
 /// The columns of a line, which tabs separate. Empty ones count; a line without a tab is one column.
 inline Columns columnsOf(const std::string& line) {
     Columns columns;

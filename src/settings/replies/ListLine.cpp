@@ -12,8 +12,6 @@
 namespace platwifi {
 namespace {
 
-constexpr std::size_t ALL_COLUMNS = 4; // id, SSID, BSSID, flags
-
 unsigned int statusOf(ListFlag flag, unsigned int present) {
     switch (flag) {
     case ListFlag::DISABLED:
@@ -38,7 +36,8 @@ ListFlag listFlagIn(const char* line) {
     if (!rule::EMPTY_COLUMNS_COUNT())
         return flagAnywhereIn(line);
     const Columns columns = columnsOf(line);
-    return columns.size() >= ALL_COLUMNS ? flagAnywhereIn(columns.back().c_str()) : ListFlag::NONE;
+    return columns.size() >= COLUMNS_OF_LIST ? flagAnywhereIn(columns.back().c_str())
+                                             : ListFlag::NONE;
 }
 
 void setStatusByFlag(WifiNetwork& network, ListFlag flag) {

@@ -8,7 +8,6 @@
 namespace platwifi {
 namespace {
 
-constexpr std::size_t ALL_COLUMNS = 4; // id, SSID, BSSID, flags
 constexpr std::size_t MOST_DIGITS = 3;
 constexpr int LARGEST_ID = 255;
 
@@ -31,7 +30,7 @@ std::optional<ListRecord> recordOfAllColumns(const std::string& line) {
         return {};
     const Columns columns = columnsOf(line);
     return ListRecord{*listed->id, listed->printed,
-                      columns.size() >= ALL_COLUMNS ? addressIn(columns[2]) : ""};
+                      columns.size() >= COLUMNS_OF_LIST ? addressIn(columns[2]) : ""};
 }
 
 std::optional<ListRecord> recordOfFilledColumns(const std::string& line) {
@@ -53,7 +52,7 @@ std::optional<ListedSsid> listedSsid(const std::string& line) {
     const Columns columns = columnsOf(line);
     if (columns.size() < 2)
         return {};
-    const bool isSsid = columns.size() >= ALL_COLUMNS || !isBssidColumn(columns[1]);
+    const bool isSsid = columns.size() >= COLUMNS_OF_LIST || !isBssidColumn(columns[1]);
     return ListedSsid{idFrom(columns[0]), isSsid ? columns[1] : ""};
 }
 

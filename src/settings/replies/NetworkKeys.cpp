@@ -173,7 +173,7 @@ bool innerKey(const Security& security) {
 
 struct NetworkKey;
 
-struct Keys {
+struct KeyRange {
     const NetworkKey* first = nullptr;
     const NetworkKey* last = nullptr;
 
@@ -188,7 +188,7 @@ struct NetworkKey {
     Uses uses = always;
     InProfile inProfile = inEach;
     OnUnset onUnset = unchanged;
-    Keys dependents = {}; // asked for right after this field, and only where it has a value
+    KeyRange dependents = {}; // asked for right after this field, and only where it has a value
 };
 
 constexpr NetworkKey WEP_KEYS[] = {
@@ -197,7 +197,7 @@ constexpr NetworkKey WEP_KEYS[] = {
     {"wep_key2", Field::WEP_KEY2, text},
     {"wep_key3", Field::WEP_KEY3, text},
 };
-constexpr Keys ALL_WEP_KEYS{std::begin(WEP_KEYS), std::end(WEP_KEYS)};
+constexpr KeyRange ALL_WEP_KEYS{std::begin(WEP_KEYS), std::end(WEP_KEYS)};
 
 // In the order in which they are asked for. A field that decides whether others are used comes before them.
 //
@@ -241,7 +241,7 @@ constexpr NetworkKey NETWORK_KEYS[] = {
 // clang-format on
 
 // The fields from which the use of others follows.
-constexpr FieldSet METHODS = setOf(Field::KEY_MANAGEMENT, Field::EAP_MODES);
+constexpr FieldSet METHOD_FIELDS = setOf(Field::KEY_MANAGEMENT, Field::EAP_MODES);
 
 using Rows = std::uint64_t;
 static_assert(std::size(NETWORK_KEYS) <= 64, "each row needs a bit of its own");
@@ -310,7 +310,7 @@ private:
             return false;
         }
         key.onValue(m_fields, key.field, value);
-        if (contains(METHODS, key.field) && hasOtherWords(value, m_fields.number(key.field)))
+        if (contains(METHOD_FIELDS, key.field) && hasOtherWords(value, m_fields.number(key.field)))
             m_partlyKnown |= setOf(key.field);
         return true;
     }

@@ -17,7 +17,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-constexpr char CALL[] = R"(
+constexpr char FISH_CALL[] = R"(
 exec fish --no-config -c '
 . $CLI_SOURCES/completion/completion.fish
 complete --escape -C "$LINE"')";
@@ -26,7 +26,7 @@ complete --escape -C "$LINE"')";
 Texts completions(const std::string& line) {
     return test::linesOf(
         test::outputOf(
-            CALL,
+            FISH_CALL,
             {{"CLI_SOURCES", CLI_SOURCES}, {"LINE", line}, {"HOME", "/tmp"}, {"LC_ALL", "C.UTF-8"}})
             .text);
 }

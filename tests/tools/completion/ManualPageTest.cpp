@@ -67,7 +67,7 @@ std::string propertiesOfHelp() {
     return section(output("platwifi set --help"), "\nProperties:\n", "\nA secret");
 }
 
-Names completions(const std::string& words) {
+Names namesCompletedBy(const std::string& words) {
     return found(output("platwifi --complete " + words), "^(.+?)[ =]?$");
 }
 
@@ -128,18 +128,18 @@ TEST(Completion, HasTheCommandsAndAliasesOfTheProgramAndNoOther) {
     Names names = commandsOfHelp();
     const Names aliases = aliasesOfHelp();
     names.insert(aliases.begin(), aliases.end());
-    EXPECT_EQ(completions("''"), names);
-    EXPECT_EQ(completions("--json ''"), names);
+    EXPECT_EQ(namesCompletedBy("''"), names);
+    EXPECT_EQ(namesCompletedBy("--json ''"), names);
 }
 
 TEST(Completion, HasThePropertiesOfTheProgramAndNoOther) {
-    EXPECT_EQ(completions("set x ''"), found(propertiesOfHelp(), "^  (\\w+) "));
+    EXPECT_EQ(namesCompletedBy("set x ''"), found(propertiesOfHelp(), "^  (\\w+) "));
 }
 
 TEST(Completion, HasTheOptionsOfEveryCommandAndNoOther) {
     for (const std::string& command : commandsOfHelp()) {
         const std::string help =
             section(output("platwifi " + command + " --help"), "\nOptions:\n", "\n\n");
-        EXPECT_EQ(completions(command + " -"), found(help, "(?:^  |,)(-[-a-z]+)")) << command;
+        EXPECT_EQ(namesCompletedBy(command + " -"), found(help, "(?:^  |,)(-[-a-z]+)")) << command;
     }
 }

@@ -22,11 +22,16 @@ constexpr const char* NETWORKD_STATE = "/run/systemd/netif/links/7"; // the inde
 
 class AddressCheck : public test::DoctorWorld {
 protected:
-    // Without the interfaces of the host, which may have a wlan0. The process stays so: no test uses those.
+    // Without the interfaces of the host, which may have a wlan0, or of another test. The process stays without: no
+    // test uses those of the host.
     void SetUp() override {
         DoctorWorld::SetUp();
         if (unshare(CLONE_NEWNET) != 0)
             GTEST_SKIP() << "this system allows no network interfaces of a process's own";
+    }
+    void TearDown() override {
+        unshare(CLONE_NEWNET);
+        DoctorWorld::TearDown();
     }
 
     static void run(const char* command) { ASSERT_EQ(std::system(command), 0) << command; }

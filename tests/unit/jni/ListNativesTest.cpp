@@ -1,6 +1,7 @@
 // Natives that return lists: adapters, SSIDs, WEP keys.
 
 #include "OneNetwork.h"
+#include "TwoNetworks.h"
 
 #include "settings/WifiHostSettings.h"
 #include "unit/settings/RecordedLocks.h"
@@ -12,8 +13,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
-
-const std::string NETWORKS = "0\thome\tany\t\n3\twork\tany\t\n";
 
 class ListNatives : public NativeCaller, public testing::Test {
 protected:

@@ -1,6 +1,7 @@
 // Natives and flat functions that carry out one operation of the settings.
 
 #include "EitherInterface.h"
+#include "TwoNetworks.h"
 
 #include "model/WifiNetwork.h"
 #include "unit/settings/LoadedSettings.h"
@@ -15,9 +16,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
-
-const std::string NETWORKS = "0\thome\tany\t\n3\twork\tany\t\n";
-const std::string AT_HOME = "bssid=02:00:00:00:01:00\nssid=home\nwpa_state=COMPLETED\n";
 
 // Of one network.
 

@@ -5,6 +5,7 @@
 #include "model/WifiNetwork.h"
 #include "model/WifiTypes.h"
 
+#include "TwoNetworks.h"
 #include "unit/settings/LoadedSettings.h"
 #include "unit/settings/MissingWifiUtil.h"
 
@@ -14,11 +15,10 @@
 #include <memory>
 #include <string>
 
+using test::NETWORKS;
 using testing::IsEmpty;
 
 namespace {
-
-const std::string NETWORKS = "0\thome\tany\t\n3\twork\tany\t\n";
 
 class SettingsFunctions : public testing::Test {
 protected:

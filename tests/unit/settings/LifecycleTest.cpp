@@ -115,7 +115,7 @@ TEST_F(Lifecycle, AFailedLoadEndsTheRefreshThread) {
     serveNothing();
     settings();
     EXPECT_FALSE(std::filesystem::exists("/dev/shm/wifi_shmem")) << "its watchdog is still there";
-    test::awaitNoThreadNamed("tWifiRefreshWat"); // as much as the system keeps
+    test::awaitNoThreadNamed(test::REFRESH_THREAD);
 }
 
 TEST_F(Lifecycle, AHostWithoutAdapterHasAnInstanceWithoutNetworks) {

@@ -4,8 +4,8 @@
 
 namespace {
 
-const std::string HOME = "0\thome\tany\t[CURRENT]\n";
-const std::string LIST = HOME + "1\twork\tany\t\n";
+const std::string CURRENT_HOME = "0\thome\tany\t[CURRENT]\n";
+const std::string CURRENT_HOME_AND_WORK = CURRENT_HOME + "1\twork\tany\t\n";
 
 class LoadStatus : public test::SettingsTest {};
 
@@ -30,7 +30,7 @@ TEST_F(LoadStatus, SetsTheCurrentNetworkByTheState) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.state);
-        load(HOME, std::string("wpa_state=") + row.state + "\n");
+        load(CURRENT_HOME, std::string("wpa_state=") + row.state + "\n");
         EXPECT_EQ(state(), row.number);
         EXPECT_EQ(current(), row.current);
         EXPECT_EQ(statusOf("home"), row.status);
@@ -53,50 +53,51 @@ TEST_F(LoadStatus, KeepsADisabledNetworkDisabledUnlessTheSupplicantIsOnIt) {
     value("0", "disabled", "1");
     for (const Row& row : rows) {
         SCOPED_TRACE(row.state);
-        load(HOME, std::string("wpa_state=") + row.state + "\n");
+        load(CURRENT_HOME, std::string("wpa_state=") + row.state + "\n");
         EXPECT_EQ(statusOf("home"), row.status);
         EXPECT_EQ(current(), row.current);
     }
 }
 
 TEST_F(LoadStatus, HasNoCurrentNetworkWithoutAState) {
-    load(HOME, "");
+    load(CURRENT_HOME, "");
     EXPECT_EQ(current(), "none");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
 }
 
 TEST_F(LoadStatus, FollowsTheSsid) {
-    load(LIST, "bssid=02:00:00:00:01:00\nfreq=2412\nssid=work\nid=1\nmode=station\n"
-               "pairwise_cipher=CCMP\ngroup_cipher=CCMP\nkey_mgmt=WPA2-PSK\n"
-               "wpa_state=COMPLETED\nip_address=10.0.0.1\naddress=02:00:00:00:00:00\n");
+    load(CURRENT_HOME_AND_WORK,
+         "bssid=02:00:00:00:01:00\nfreq=2412\nssid=work\nid=1\nmode=station\n"
+         "pairwise_cipher=CCMP\ngroup_cipher=CCMP\nkey_mgmt=WPA2-PSK\n"
+         "wpa_state=COMPLETED\nip_address=10.0.0.1\naddress=02:00:00:00:00:00\n");
     EXPECT_EQ(current(), "work");
     EXPECT_EQ(statusOf("work"), NETWORK_STATUS_CONNECTED);
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
 }
 
 TEST_F(LoadStatus, KeepsTheCurrentNetworkThatItNames) {
-    load(HOME, "ssid=home\nwpa_state=ASSOCIATED\n");
+    load(CURRENT_HOME, "ssid=home\nwpa_state=ASSOCIATED\n");
     EXPECT_EQ(current(), "home");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_CONNECTING);
 }
 
 TEST_F(LoadStatus, KeepsADisabledNetworkDisabledThatItNames) {
     value("0", "disabled", "1");
-    load(HOME, "ssid=home\nwpa_state=DISCONNECTED\n");
+    load(CURRENT_HOME, "ssid=home\nwpa_state=DISCONNECTED\n");
     EXPECT_EQ(current(), "none");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_DISABLED);
 }
 
 TEST_F(LoadStatus, HasNoCurrentNetworkWhenItNamesAnUnknownOne) {
     for (const std::string ssid : {"elsewhere", "", "Home"}) {
-        load(HOME, "ssid=" + ssid + "\nwpa_state=COMPLETED\n");
+        load(CURRENT_HOME, "ssid=" + ssid + "\nwpa_state=COMPLETED\n");
         EXPECT_EQ(current(), "none") << ssid;
         EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
     }
 }
 
 TEST_F(LoadStatus, LetsTheLastSsidAndTheLastStateCount) {
-    load(LIST, "wpa_state=COMPLETED\nssid=home\nssid=work\nwpa_state=SCANNING\n");
+    load(CURRENT_HOME_AND_WORK, "wpa_state=COMPLETED\nssid=home\nssid=work\nwpa_state=SCANNING\n");
     EXPECT_EQ(current(), "work");
     EXPECT_EQ(statusOf("work"), NETWORK_STATUS_CONNECTING);
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
@@ -106,14 +107,14 @@ TEST_F(LoadStatus, LetsTheLastSsidAndTheLastStateCount) {
 // STATUS-11
 TEST_F(LoadStatus, EnablesThePreviousNetworkEvenIfItWasDisabled) {
     value("0", "disabled", "1");
-    load(LIST + "2\toff\tany\t[DISABLED]\n", "ssid=work\nwpa_state=COMPLETED\n");
+    load(CURRENT_HOME_AND_WORK + "2\toff\tany\t[DISABLED]\n", "ssid=work\nwpa_state=COMPLETED\n");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
     EXPECT_EQ(statusOf("off"), NETWORK_STATUS_DISABLED) << "it was not the current one";
 }
 
 // STATUS-9
 TEST_F(LoadStatus, IgnoresBssidsAndOtherLinesThatContainAKey) {
-    load(HOME, "bssid=work\nkey_mgmt=wpa_state=INACTIVE\nwpa_state=COMPLETED\n");
+    load(CURRENT_HOME, "bssid=work\nkey_mgmt=wpa_state=INACTIVE\nwpa_state=COMPLETED\n");
     EXPECT_EQ(current(), "home");
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_CONNECTED);
 }
@@ -128,9 +129,9 @@ TEST_F(LoadStatus, TakesTheFirst16Lines) {
     std::string status;
     for (int i = 0; i < 15; ++i)
         status += "line=" + std::to_string(i) + "\n";
-    load(HOME, status + "wpa_state=COMPLETED\n");
+    load(CURRENT_HOME, status + "wpa_state=COMPLETED\n");
     EXPECT_EQ(state(), WPA_STATE_COMPLETED);
-    load(HOME, status + "one more\nwpa_state=COMPLETED\n");
+    load(CURRENT_HOME, status + "one more\nwpa_state=COMPLETED\n");
     EXPECT_EQ(state(), WPA_STATE_UNKNOWN);
 }
 

@@ -16,6 +16,9 @@ namespace test {
 /// Commands without the program, their words joined by blanks: "-iwlan0 status".
 using Commands = std::vector<std::string>;
 
+inline const std::string LIST_NETWORKS = "-iwlan0 list_networks";
+inline const std::string SCAN_RESULTS = "-iwlan0 scan_results";
+
 /// Settings that are loaded from a scripted client, the commands that they run, and their state.
 /// Everything is unloaded at the end. In a program that is linked with this the refresh thread is
 /// quick, and no client is killed.

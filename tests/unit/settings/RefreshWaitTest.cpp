@@ -36,7 +36,7 @@ TEST_F(RefreshWait, IsRepeatedUntilTheReload) {
 TEST_F(RefreshWait, EndsForAThreadThatUnloads) {
     WifiHostSettings::unload();
     settings().unlockSettings();
-    test::awaitNoThreadNamed("tWifiRefreshWat");
+    test::awaitNoThreadNamed(test::REFRESH_THREAD);
 }
 
 } // namespace

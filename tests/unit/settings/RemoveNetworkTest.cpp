@@ -6,13 +6,13 @@ using testing::SizeIs;
 
 namespace {
 
-const std::string NETWORKS = "0\thome\tany\t\n3\twork\tany\t\n5\tcafe\tany\t\n";
+const std::string ENABLED_NETWORKS = "0\thome\tany\t\n3\twork\tany\t\n5\tcafe\tany\t\n";
 
 class RemoveNetwork : public test::SettingsTest {
 protected:
     /// On "work". The client accepts every command.
     RemoveNetwork() {
-        load(NETWORKS, "ssid=work\nwpa_state=COMPLETED\n");
+        load(ENABLED_NETWORKS, "ssid=work\nwpa_state=COMPLETED\n");
         answer("OK\n");
     }
 

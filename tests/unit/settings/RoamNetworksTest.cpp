@@ -6,7 +6,7 @@ using testing::SizeIs;
 
 namespace {
 
-const std::string NETWORKS = "0\thome\tany\t\n3\twork\tany\t\n5\tcafe\tany\t[DISABLED]\n";
+const std::string ONE_DISABLED = "0\thome\tany\t\n3\twork\tany\t\n5\tcafe\tany\t[DISABLED]\n";
 const Commands ROAMING = {"-iwlan0 disconnect", "-iwlan0 set_network 5 disabled 0",
                           "-iwlan0 set_network 3 disabled 0", "-iwlan0 set_network 0 disabled 0",
                           "-iwlan0 reassociate"};
@@ -14,7 +14,7 @@ const Commands ROAMING = {"-iwlan0 disconnect", "-iwlan0 set_network 5 disabled 
 class RoamNetworks : public test::SettingsTest {
 protected:
     RoamNetworks() {
-        load(NETWORKS, "ssid=home\nwpa_state=COMPLETED\n");
+        load(ONE_DISABLED, "ssid=home\nwpa_state=COMPLETED\n");
         answer("OK\n");
     }
 

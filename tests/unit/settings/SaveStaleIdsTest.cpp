@@ -4,12 +4,11 @@
 #include "SaveSettings.h"
 
 using namespace test;
+using test::LIST_NETWORKS;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
-
-const std::string LIST = "-iwlan0 list_networks";
 
 class SaveWithStaleIds : public SaveSettings {
 protected:
@@ -35,7 +34,7 @@ TEST_F(SaveWithStaleIds, AsksForThemOnceBeforeTheFirstField) {
     network("train")->setPriority(5);
     network("work")->setPriority(5);
     EXPECT_THAT(saveGiving(1),
-                ElementsAre(LIST, priority("1", "5"), priority("0", "5"), SAVE, REREAD));
+                ElementsAre(LIST_NETWORKS, priority("1", "5"), priority("0", "5"), SAVE, REREAD));
     network("train")->setPriority(6);
     EXPECT_THAT(saveGiving(1), ElementsAre(priority("1", "6"), SAVE, REREAD));
 }
@@ -54,14 +53,14 @@ TEST_F(SaveWithStaleIds, SkipsANetworkThatTheSupplicantDoesNotList) {
     list({"train"});
     network("train")->setPriority(5);
     network("work")->setPriority(5);
-    EXPECT_THAT(saveGiving(0), ElementsAre(LIST, priority("0", "5"), SAVE, REREAD));
+    EXPECT_THAT(saveGiving(0), ElementsAre(LIST_NETWORKS, priority("0", "5"), SAVE, REREAD));
     EXPECT_EQ(SaveSignals::count, 2) << "what was written is saved";
     EXPECT_FALSE(network("train")->getPriorityDirty());
     EXPECT_TRUE(network("work")->getPriorityDirty());
-    EXPECT_THAT(saveGiving(0), ElementsAre(LIST)) << "nothing else to write";
+    EXPECT_THAT(saveGiving(0), ElementsAre(LIST_NETWORKS)) << "nothing else to write";
     EXPECT_TRUE(network("work")->getPriorityDirty());
     list({"train", "work"});
-    EXPECT_THAT(saveGiving(1), ElementsAre(LIST, priority("1", "5"), SAVE, REREAD));
+    EXPECT_THAT(saveGiving(1), ElementsAre(LIST_NETWORKS, priority("1", "5"), SAVE, REREAD));
     EXPECT_FALSE(network("work")->getPriorityDirty());
 }
 
@@ -70,9 +69,9 @@ TEST_F(SaveWithStaleIds, SavesARemovalBesideANetworkThatItSkips) {
     list({"train"});
     ASSERT_TRUE(settings().removeNetwork("wlan0", "train"));
     network("work")->setPriority(5);
-    EXPECT_THAT(saveGiving(0), ElementsAre(LIST, SAVE, REREAD));
+    EXPECT_THAT(saveGiving(0), ElementsAre(LIST_NETWORKS, SAVE, REREAD));
     EXPECT_TRUE(network("work")->getPriorityDirty());
-    EXPECT_THAT(saveGiving(0), ElementsAre(LIST)) << "the removal is saved";
+    EXPECT_THAT(saveGiving(0), ElementsAre(LIST_NETWORKS)) << "the removal is saved";
 }
 
 // SAVE-12
@@ -80,7 +79,7 @@ TEST_F(SaveWithStaleIds, FailsAndWritesNothingWhenTheSupplicantDoesNotAnswer) {
     makeStale();
     LoadedSettings::list("", 255);
     network("train")->setPriority(5);
-    EXPECT_THAT(saveGiving(0), ElementsAre(LIST));
+    EXPECT_THAT(saveGiving(0), ElementsAre(LIST_NETWORKS));
     EXPECT_TRUE(network("train")->getPriorityDirty());
     EXPECT_EQ(SaveSignals::count, 1) << "that of the save before";
 }
@@ -92,7 +91,7 @@ TEST_F(SaveWithStaleIds, AsksForThemAfterAnAdditionToo) {
     EXPECT_THAT(saveGiving(1), ElementsAre(priority("4", "5"), SAVE, REREAD)) << "not stale yet";
     list({"home", "work"});
     network("work")->setPriority(6);
-    EXPECT_THAT(saveGiving(1), ElementsAre(LIST, priority("1", "6"), SAVE, REREAD));
+    EXPECT_THAT(saveGiving(1), ElementsAre(LIST_NETWORKS, priority("1", "6"), SAVE, REREAD));
 }
 
 TEST_F(SaveWithStaleIds, KeepsIdsWhoseListWasValid) {
@@ -116,14 +115,14 @@ TEST_F(SaveWithStaleIds, LeavesThemStaleWhenItWritesNoField) {
     makeStale();
     saveGiving(1);
     EXPECT_TRUE(settings().connectNetwork("wlan0", "train"));
-    EXPECT_THAT(commands(), ElementsAre(LIST, "-iwlan0 select 1"));
+    EXPECT_THAT(commands(), ElementsAre(LIST_NETWORKS, "-iwlan0 select 1"));
 }
 
 TEST_F(SaveWithStaleIds, FindsANetworkThatWasRenamedSince) {
     makeStale();
     network("train")->setSsid("tram");
     EXPECT_THAT(saveGiving(1),
-                ElementsAre(LIST, R"(-iwlan0 set_network 1 ssid "tram")", SAVE, REREAD));
+                ElementsAre(LIST_NETWORKS, R"(-iwlan0 set_network 1 ssid "tram")", SAVE, REREAD));
 }
 
 // Its memory may be that of the next one.

@@ -5,12 +5,12 @@
 #include "settings/replies/PrintedSsid.h"
 
 using test::Commands;
+using test::LIST_NETWORKS;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
 
-const std::string LIST = "-iwlan0 list_networks";
 const std::string TWO = "0\thome\tany\t\n1\twork\tany\t\n";
 const std::string THREE = TWO + "2\tcafe\tany\t\n";
 
@@ -68,7 +68,7 @@ TEST_P(OperationOnStaleIds, ConfirmsThemOnce) {
     makeStale();
     EXPECT_TRUE(GetParam().run(settings()));
     Commands expected = GetParam().commands;
-    expected.insert(expected.begin(), LIST);
+    expected.insert(expected.begin(), LIST_NETWORKS);
     EXPECT_EQ(commands(), expected);
     EXPECT_THAT(commandsOf([] { connect("cafe"); }), ElementsAre("-iwlan0 select 1"))
         << "confirmed for all networks";
@@ -78,7 +78,7 @@ TEST_P(OperationOnStaleIds, FailsWithoutItsCommandWhenTheSupplicantDoesNotAnswer
     makeStale();
     list("", 255);
     EXPECT_FALSE(GetParam().run(settings()));
-    EXPECT_THAT(commands(), ElementsAre(LIST));
+    EXPECT_THAT(commands(), ElementsAre(LIST_NETWORKS));
     EXPECT_THAT(ssids(), ElementsAre("cafe", "work"));
     list("0\twork\tany\t\n1\tcafe\tany\t\n");
     EXPECT_TRUE(GetParam().run(settings())) << "asked again";
@@ -94,11 +94,13 @@ TEST_F(StaleIds, AreNotUsedForANetworkThatIsNotListed) {
     EXPECT_FALSE(connect("work"));
     EXPECT_FALSE(settings().removeNetwork("wlan0", "work"));
     EXPECT_TRUE(connect("cafe"));
-    EXPECT_THAT(commands(), ElementsAre(LIST, LIST, LIST, "-iwlan0 select 0"));
+    EXPECT_THAT(commands(),
+                ElementsAre(LIST_NETWORKS, LIST_NETWORKS, LIST_NETWORKS, "-iwlan0 select 0"));
     list("0\tcafe\tany\t\n4\twork\tany\t\n");
     EXPECT_TRUE(connect("work"));
     EXPECT_TRUE(settings().removeNetwork("wlan0", "work"));
-    EXPECT_THAT(commands(), ElementsAre(LIST, "-iwlan0 select 4", "-iwlan0 remove_network 4"));
+    EXPECT_THAT(commands(),
+                ElementsAre(LIST_NETWORKS, "-iwlan0 select 4", "-iwlan0 remove_network 4"));
 }
 
 // ID-6
@@ -106,21 +108,22 @@ TEST_F(StaleIds, LetRoamingEnableTheNetworksThatAreListed) {
     makeStale();
     list("0\tcafe\tany\t\n");
     EXPECT_TRUE(settings().roamNetworks("wlan0"));
-    EXPECT_THAT(commands(), ElementsAre(LIST, "-iwlan0 disconnect",
+    EXPECT_THAT(commands(), ElementsAre(LIST_NETWORKS, "-iwlan0 disconnect",
                                         "-iwlan0 set_network 0 disabled 0", "-iwlan0 reassociate"));
 }
 
 TEST_F(StaleIds, AreConfirmedAtTheAdapterThatTheNetworksAreOf) {
     makeStale();
     EXPECT_TRUE(settings().connectNetwork("wlan1", "cafe"));
-    EXPECT_THAT(commands(), ElementsAre(LIST, "-iwlan1 select 1"));
+    EXPECT_THAT(commands(), ElementsAre(LIST_NETWORKS, "-iwlan1 select 1"));
 }
 
 TEST_F(StaleIds, AreConfirmedBeforeAnythingElseIsRun) {
     makeStale();
     EXPECT_TRUE(settings().disconnectNetwork("wlan0", "cafe"));
     EXPECT_THAT(commands(), ElementsAre("-iwlan0 disconnect")) << "it names no network";
-    EXPECT_THAT(connecting(), ElementsAre(LIST, "-iwlan0 reassociate", "-iwlan0 select 0"));
+    EXPECT_THAT(connecting(),
+                ElementsAre(LIST_NETWORKS, "-iwlan0 reassociate", "-iwlan0 select 0"));
 }
 
 TEST_F(StaleIds, AreNotAskedForByOperationsThatUseNone) {
@@ -156,7 +159,8 @@ TEST_F(StaleIds, ComeOfAnAdditionToo) {
     list("0\thome\tany\t\n1\twork\tany\t\n2\tcaf\\xc3\\xa9\tany\t\n");
     EXPECT_TRUE(connect("caf\xc3\xa9"));
     EXPECT_TRUE(settings().removeNetwork("wlan0", "work"));
-    EXPECT_THAT(commands(), ElementsAre(LIST, "-iwlan0 select 2", "-iwlan0 remove_network 1"));
+    EXPECT_THAT(commands(),
+                ElementsAre(LIST_NETWORKS, "-iwlan0 select 2", "-iwlan0 remove_network 1"));
 }
 
 // A network that needs a key and has none is left out of the file.
@@ -172,8 +176,9 @@ TEST_F(StaleIds, ComeOfAKeyManagementWithoutItsKey) {
     save(0); // home is gone
     EXPECT_FALSE(connect("home"));
     EXPECT_THAT(commands(),
-                ElementsAre(LIST, "-iwlan0 select 0", LIST, "-iwlan0 set_network 0 identity \"me\"",
-                            "-iwlan0 save_config", "-iwlan0 reconfigure", LIST));
+                ElementsAre(LIST_NETWORKS, "-iwlan0 select 0", LIST_NETWORKS,
+                            "-iwlan0 set_network 0 identity \"me\"", "-iwlan0 save_config",
+                            "-iwlan0 reconfigure", LIST_NETWORKS));
     EXPECT_TRUE(network("home")->getPriorityDirty());
 }
 
@@ -188,7 +193,7 @@ TEST_F(StaleIds, ComeOfAKeyThatTheSupplicantRefuses) {
     network("work")->setPsk("long enough");
     save();
     list("0\twork\tany\t\n");
-    EXPECT_THAT(connecting(), ElementsAre(LIST, "-iwlan0 select 0"));
+    EXPECT_THAT(connecting(), ElementsAre(LIST_NETWORKS, "-iwlan0 select 0"));
 }
 
 TEST_F(StaleIds, DoNotComeOfAKeyManagementWithItsKeyNorOfAnotherEdit) {
@@ -222,7 +227,7 @@ TEST_F(StaleIds, ComeOfARemovalBeforeAReload) {
         network("work")->setPriority(3);
         save();
         list(row.saved);
-        EXPECT_THAT(connecting(), ElementsAre(LIST, row.selected));
+        EXPECT_THAT(connecting(), ElementsAre(LIST_NETWORKS, row.selected));
     }
 }
 
@@ -249,7 +254,7 @@ TEST_F(StaleIds, AreThoseThatALoadCannotHold) {
         EXPECT_FALSE(connect("work"));
         EXPECT_FALSE(settings().removeNetwork("wlan0", "work"));
         save(0);
-        EXPECT_THAT(commands(), ElementsAre(LIST, LIST, LIST));
+        EXPECT_THAT(commands(), ElementsAre(LIST_NETWORKS, LIST_NETWORKS, LIST_NETWORKS));
         EXPECT_TRUE(connect("home"));
         EXPECT_EQ(commands().back(), "-iwlan0 select 0");
     }

@@ -5,12 +5,11 @@
 #include "settings/replies/PrintedSsid.h"
 
 using test::Commands;
+using test::LIST_NETWORKS;
+using test::SCAN_RESULTS;
 using testing::ElementsAre;
 
 namespace {
-
-const std::string LIST = "-iwlan0 list_networks";
-const std::string SCAN = "-iwlan0 scan_results";
 
 class StatusIds : public test::StatusTest {
 protected:
@@ -32,7 +31,7 @@ protected:
 TEST_F(StatusIds, AreThoseOfTheListAfterASave) {
     loadAndSave();
     EXPECT_TRUE(refresh("0\thome\tany\t[DISABLED]\n1\twork\tany\t[CURRENT]\n"));
-    EXPECT_THAT(commands(), ElementsAre(LIST, SCAN));
+    EXPECT_THAT(commands(), ElementsAre(LIST_NETWORKS, SCAN_RESULTS));
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_DISABLED);
     EXPECT_EQ(statusOf("work"), NETWORK_STATUS_CONNECTING);
     EXPECT_EQ(current(), "work");
@@ -49,14 +48,15 @@ TEST_F(StatusIds, AreNotUsedForANetworkThatIsNotListed) {
     EXPECT_TRUE(refresh("0\thome\tany\t\n2\tother\tany\t[DISABLED]\n"));
     EXPECT_EQ(statusOf("work"), NETWORK_STATUS_CONNECTED);
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
-    EXPECT_THAT(commandsOfConnecting("work", false), ElementsAre(LIST)) << "still to be confirmed";
+    EXPECT_THAT(commandsOfConnecting("work", false), ElementsAre(LIST_NETWORKS))
+        << "still to be confirmed";
 }
 
 TEST_F(StatusIds, StayStaleWhenTheListCannotBeRead) {
     loadAndSave();
     standIn.reset();
     EXPECT_FALSE(refreshLater());
-    EXPECT_THAT(commandsOfConnecting("home", true), ElementsAre(LIST, "-iwlan0 select 0"));
+    EXPECT_THAT(commandsOfConnecting("home", true), ElementsAre(LIST_NETWORKS, "-iwlan0 select 0"));
 }
 
 TEST_F(StatusIds, DoNotKeepALineWithoutAnyFieldFromEndingTheRefresh) {

@@ -5,14 +5,14 @@
 #include "support/Checkpoint.h"
 #include "support/Doing.h"
 
+using test::LIST_NETWORKS;
+using test::SCAN_RESULTS;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
 
 const std::string HOME = "0\thome\tany\t\n";
-const std::string LIST = "-iwlan0 list_networks";
-const std::string SCAN = "-iwlan0 scan_results";
 
 class StatusPause : public test::StatusTest {
 protected:
@@ -34,7 +34,7 @@ protected:
 
     void expectRunAfter(int milliseconds) {
         EXPECT_TRUE(refreshAfter(milliseconds));
-        EXPECT_THAT(commands(), ElementsAre(LIST, SCAN));
+        EXPECT_THAT(commands(), ElementsAre(LIST_NETWORKS, SCAN_RESULTS));
         scriptLoad(HOME);
     }
 
@@ -103,11 +103,11 @@ TEST_F(StatusPause, CountsFromTheZeroOfTheClockAfterAReloadOfEverything) {
 TEST_F(StatusPause, FollowsAFailureToo) {
     load(HOME);
     EXPECT_FALSE(refreshAfter(5000));
-    EXPECT_THAT(commands(), ElementsAre(LIST));
+    EXPECT_THAT(commands(), ElementsAre(LIST_NETWORKS));
     EXPECT_TRUE(refreshAfter(4999));
-    EXPECT_THAT(commands(), ElementsAre(LIST));
+    EXPECT_THAT(commands(), ElementsAre(LIST_NETWORKS));
     EXPECT_FALSE(refreshAfter(1));
-    EXPECT_THAT(commands(), ElementsAre(LIST, LIST));
+    EXPECT_THAT(commands(), ElementsAre(LIST_NETWORKS, LIST_NETWORKS));
 }
 
 // STATUS-1

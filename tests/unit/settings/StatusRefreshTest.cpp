@@ -5,13 +5,13 @@
 #include "support/Checkpoint.h"
 #include "support/Doing.h"
 
+using test::LIST_NETWORKS;
+using test::SCAN_RESULTS;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
 
-const std::string LIST = "-iwlan0 list_networks";
-const std::string SCAN = "-iwlan0 scan_results";
 const std::string CURRENT_WORK = "1\twork\tany\t[CURRENT]\n";
 
 class StatusRefresh : public test::StatusTest {
@@ -23,7 +23,7 @@ TEST_F(StatusRefresh, AsksForTheListAndTheScanOfTheFirstAdapter) {
     adapters = "wlan0\nwlan1\n";
     loadBoth();
     EXPECT_TRUE(refresh("0\thome\tany\t[DISABLED]\n"));
-    EXPECT_THAT(commands(), ElementsAre(LIST, SCAN));
+    EXPECT_THAT(commands(), ElementsAre(LIST_NETWORKS, SCAN_RESULTS));
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_DISABLED);
     expectNoLockHeld();
 }
@@ -191,7 +191,7 @@ TEST_F(StatusRefresh, ChangesNothingWithoutAList) {
     setCurrent("home");
     setStatus("home", NETWORK_STATUS_DISABLED);
     EXPECT_FALSE(refreshLater());
-    EXPECT_THAT(commands(), ElementsAre(LIST));
+    EXPECT_THAT(commands(), ElementsAre(LIST_NETWORKS));
     EXPECT_EQ(current(), "home");
     expectNoLockHeld();
 }
@@ -201,7 +201,7 @@ TEST_F(StatusRefresh, SucceedsWithoutAScan) {
     standIn.on({"-iwlan0", "scan_results"}).exits(255);
     standIn.answersLoad("0\thome\tany\t[DISABLED]\n", "");
     EXPECT_TRUE(refreshLater());
-    EXPECT_THAT(commands(), ElementsAre(LIST, SCAN));
+    EXPECT_THAT(commands(), ElementsAre(LIST_NETWORKS, SCAN_RESULTS));
     EXPECT_EQ(statusOf("home"), NETWORK_STATUS_DISABLED);
     EXPECT_EQ(current(), "none");
     expectNoLockHeld();
@@ -216,7 +216,7 @@ TEST_F(StatusRefresh, EndsAtALineWithoutAnyField) {
         setCurrent("work");
         EXPECT_FALSE(refresh("0\thome\tany\t[DISABLED]\n1\twork\tany\t[DISABLED]\n" + line +
                              "\n1\twork\tany\t\n"));
-        EXPECT_THAT(commands(), ElementsAre(LIST));
+        EXPECT_THAT(commands(), ElementsAre(LIST_NETWORKS));
         EXPECT_EQ(statusOf("work"), NETWORK_STATUS_DISABLED) << "the first one in memory";
         EXPECT_EQ(statusOf("home"), NETWORK_STATUS_ENABLED);
         EXPECT_EQ(current(), "work");
@@ -227,7 +227,7 @@ TEST_F(StatusRefresh, EndsAtALineWithoutAnyField) {
 TEST_F(StatusRefresh, ReadsNoLineWithoutNetworks) {
     load("");
     EXPECT_TRUE(refresh(" \n"));
-    EXPECT_THAT(commands(), ElementsAre(LIST, SCAN)) << "unlike a load";
+    EXPECT_THAT(commands(), ElementsAre(LIST_NETWORKS, SCAN_RESULTS)) << "unlike a load";
 }
 
 TEST_F(StatusRefresh, FailsWithoutAdapter) {

@@ -4,8 +4,8 @@
 
 namespace {
 
-const std::string LIST = "0\thome\tany\t\n1\twork\tany\t\n";
-const std::string HOME = "a:b\t2412\t160\t[ESS]\thome\n";
+const std::string HOME_AND_WORK = "0\thome\tany\t\n1\twork\tany\t\n";
+const std::string HOME_IN_RANGE = "a:b\t2412\t160\t[ESS]\thome\n";
 
 class StatusScan : public test::StatusTest {
 protected:
@@ -25,7 +25,7 @@ protected:
         }
     }
 
-    void scan(const std::string& lines) { EXPECT_TRUE(refresh(LIST, lines)); }
+    void scan(const std::string& lines) { EXPECT_TRUE(refresh(HOME_AND_WORK, lines)); }
 
     static void expect(const std::string& ssid, const char* bssid, unsigned int channel,
                        unsigned int strength, unsigned int mode) {
@@ -66,10 +66,10 @@ TEST_F(StatusScan, FindsTheSsidAnywhereInTheLine) {
 }
 
 TEST_F(StatusScan, ReadsALineThatALoadDoesNotRead) {
-    load(LIST, "", HOME);
+    load(HOME_AND_WORK, "", HOME_IN_RANGE);
     EXPECT_STREQ(network("home")->getBssid(), "00:00:00:00:00:00");
     EXPECT_EQ(network("home")->getChannel(), 0U);
-    scan(HOME);
+    scan(HOME_IN_RANGE);
     expect("home", "a:b", 1, 0, NETWORK_MODE_MANAGED);
 }
 
@@ -116,7 +116,7 @@ TEST_F(StatusScan, TakesTheFirst32Lines) {
     std::string lines;
     for (int i = 0; i < 31; ++i)
         lines += "x\n";
-    scan(lines + HOME + "a:b\t2412\t160\t[ESS]\twork\n");
+    scan(lines + HOME_IN_RANGE + "a:b\t2412\t160\t[ESS]\twork\n");
     EXPECT_EQ(network("home")->getChannel(), 1U);
     expectOld("work");
 }
@@ -141,13 +141,13 @@ TEST_F(StatusScan, ChangesNoStatus) {
 // The fields are set like any other change, so the next save writes them.
 // STATUS-5
 TEST_F(StatusScan, LeavesChangesToBeSaved) {
-    scan(HOME);
+    scan(HOME_IN_RANGE);
     EXPECT_TRUE(network("home")->getBssidDirty());
     EXPECT_TRUE(network("home")->getChannelDirty());
     EXPECT_TRUE(network("home")->getNetworkModeDirty());
     EXPECT_FALSE(network("work")->getNetworkDirty());
     network("home")->cleanDirtyFields();
-    scan(HOME);
+    scan(HOME_IN_RANGE);
     EXPECT_FALSE(network("home")->getNetworkDirty()) << "nothing was changed";
 }
 

@@ -18,9 +18,7 @@ using testing::SizeIs;
 namespace {
 
 const test::Arguments INTERFACE{"interface"};
-const test::Arguments LIST{"-iwlan0", "list_networks"};
-
-constexpr const char* REFRESH_THREAD = "tWifiRefreshWat"; // as much as the system keeps
+const test::Arguments LISTING{"-iwlan0", "list_networks"};
 
 enum class NextLoad { SUCCEEDS, FAILS };
 
@@ -28,13 +26,13 @@ class TimingHazards : public test::SettingsTest {
 protected:
     ~TimingHazards() override {
         WifiHostSettings::unload();
-        test::awaitNoThreadNamed(REFRESH_THREAD);
+        test::awaitNoThreadNamed(test::REFRESH_THREAD);
     }
 
     /// Begins the rule for the lists of all loads. The answer continues at the caller.
     test::StandIn::Answer lists() {
         standIn.reset();
-        return standIn.on(LIST);
+        return standIn.on(LISTING);
     }
 
     static std::string listed(const std::vector<std::string>& ssids) {
@@ -78,7 +76,7 @@ TEST_F(TimingHazards, FirstCallsAtTheSameTimeGetOneInstanceLoadedOnce) {
     }
     EXPECT_NE(first, nullptr);
     EXPECT_EQ(first, second);
-    EXPECT_EQ(standIn.callsOf(LIST), 1U);
+    EXPECT_EQ(standIn.callsOf(LISTING), 1U);
     EXPECT_EQ(standIn.callsOf(INTERFACE), 1U);
 }
 
@@ -97,7 +95,7 @@ TEST_F(TimingHazards, ARefreshSignalDuringTheFirstLoadIsAnsweredAfterIt) {
         elsewhere.raise();
         elsewhere.awaitTaken();
         EXPECT_FALSE(loading.isDone());
-        EXPECT_EQ(standIn.callsOf(LIST), 1U) << "the settings are not loaded twice at a time";
+        EXPECT_EQ(standIn.callsOf(LISTING), 1U) << "the settings are not loaded twice at a time";
         checkpoint.letGo();
     }
     again.awaitArrival();
@@ -129,7 +127,7 @@ TEST_F(TimingHazards, UnloadWaitsForAReloadOfTheRefreshThread) {
         EXPECT_FALSE(unloading.isDone());
         checkpoint.letGo();
     }
-    test::awaitNoThreadNamed(REFRESH_THREAD);
+    test::awaitNoThreadNamed(test::REFRESH_THREAD);
     EXPECT_THAT(ssids(), ElementsAre("third"));
 }
 
@@ -175,15 +173,15 @@ TEST_F(TimingHazards, CallsThatWaitForTheListReturnWhenAFailedReloadEmptiesIt) {
 
 TEST_F(TimingHazards, AReloadThatFailsOnTheRefreshThreadEndsThatThread) {
     loadBefore(NextLoad::FAILS);
-    EXPECT_THAT(test::threadsNamed(REFRESH_THREAD), SizeIs(1));
+    EXPECT_THAT(test::threadsNamed(test::REFRESH_THREAD), SizeIs(1));
     refreshElsewhere();
     checkpoint.letGo();
-    test::awaitNoThreadNamed(REFRESH_THREAD);
+    test::awaitNoThreadNamed(test::REFRESH_THREAD);
     EXPECT_THAT(ssids(), IsEmpty());
     EXPECT_FALSE(std::filesystem::exists("/dev/shm/wifi_shmem")) << "the watchdog is destroyed";
     load("0\thome\tany\t\n");
     EXPECT_THAT(ssids(), ElementsAre("home"));
-    EXPECT_THAT(test::threadsNamed(REFRESH_THREAD), SizeIs(1));
+    EXPECT_THAT(test::threadsNamed(test::REFRESH_THREAD), SizeIs(1));
 }
 
 TEST_F(TimingHazards, AReloadThatFailsElsewhereStopsTheRefreshThreadAlthoughARefreshIsDue) {
@@ -195,7 +193,7 @@ TEST_F(TimingHazards, AReloadThatFailsElsewhereStopsTheRefreshThreadAlthoughARef
         elsewhere.awaitTaken();
         checkpoint.letGo();
     }
-    test::awaitNoThreadNamed(REFRESH_THREAD);
+    test::awaitNoThreadNamed(test::REFRESH_THREAD);
     EXPECT_THAT(ssids(), IsEmpty());
 }
 

@@ -17,8 +17,6 @@ using testing::ElementsAre;
 
 namespace {
 
-constexpr const char* REFRESH_THREAD = "tWifiRefreshWat"; // as much as the system keeps
-
 class Unload : public test::SettingsTest {
 protected:
     /// Loaded, and ready for further loads.
@@ -33,7 +31,7 @@ protected:
     }
 
     static void expectShared(bool isShared) {
-        EXPECT_EQ(!test::threadsNamed(REFRESH_THREAD).empty(), isShared);
+        EXPECT_EQ(!test::threadsNamed(test::REFRESH_THREAD).empty(), isShared);
         EXPECT_EQ(std::filesystem::exists("/dev/shm/wifi_shmem"), isShared);
     }
 };
@@ -49,7 +47,7 @@ TEST_F(Unload, LeavesTheInstanceAtItsAddress) {
 TEST_F(Unload, EndsTheRefreshThreadAndLeavesTheSharedBlock) {
     expectShared(true);
     WifiHostSettings::unload();
-    test::awaitNoThreadNamed(REFRESH_THREAD);
+    test::awaitNoThreadNamed(test::REFRESH_THREAD);
     expectShared(false);
     settings();
     expectShared(true);

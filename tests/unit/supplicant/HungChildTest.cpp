@@ -2,6 +2,7 @@
 
 #include "supplicant/WifiUtil.h"
 
+#include "ClientOperations.h"
 #include "RealTime.h"
 #include "support/Leftovers.h"
 #include "support/StandIn.h"
@@ -18,7 +19,6 @@
 
 namespace {
 
-constexpr const char* CLIENT = "/proc/boot/wpa_cli";
 constexpr const char* RESULT = "/tmp/hung_child_result_test";
 
 class HungChild : public testing::Test {
@@ -31,7 +31,8 @@ protected:
     ~HungChild() override { std::remove(RESULT); }
 
     bool run(const char* command = "scan") {
-        return util.launchProcess(CLIENT, command, "-iwlan0", nullptr, nullptr, nullptr, RESULT);
+        return util.launchProcess(test::CLIENT, command, "-iwlan0", nullptr, nullptr, nullptr,
+                                  RESULT);
     }
 
     test::TestTime time;

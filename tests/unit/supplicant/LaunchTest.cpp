@@ -1,6 +1,7 @@
 #include "supplicant/ChildProcess.h"
 #include "supplicant/WifiUtil.h"
 
+#include "ClientOperations.h"
 #include "RealTime.h"
 #include "support/Checkpoint.h"
 #include "support/Files.h"
@@ -28,25 +29,25 @@
 
 using platwifi::runChild;
 using test::Arguments;
+using test::CLIENT;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
 namespace {
 
-constexpr const char* CLIENT = "/proc/boot/wpa_cli";
-constexpr const char* RESULT = "/tmp/launch_result_test";
+constexpr const char* LAUNCH_RESULT = "/tmp/launch_result_test";
 
 std::string resultText() {
-    return test::contentOf(RESULT);
+    return test::contentOf(LAUNCH_RESULT);
 }
 
 class Launch : public testing::Test {
 protected:
-    ~Launch() override { std::remove(RESULT); }
+    ~Launch() override { std::remove(LAUNCH_RESULT); }
 
     bool run(const char* command = "status", const char* interfaceArg = "-iwlan0",
              const char* arg1 = nullptr, const char* arg2 = nullptr, const char* arg3 = nullptr) {
-        return util.launchProcess(CLIENT, command, interfaceArg, arg1, arg2, arg3, RESULT);
+        return util.launchProcess(CLIENT, command, interfaceArg, arg1, arg2, arg3, LAUNCH_RESULT);
     }
 
     test::StandIn standIn;
@@ -83,9 +84,9 @@ TEST_F(Launch, FailsWithoutAChildForMoreArgumentsThanAListHolds) {
     standIn.on({"*"});
     PlatformMutex mutex;
     PlatformUtil::createMutex(&mutex);
-    EXPECT_FALSE(runChild(mutex, {CLIENT, "1", "2", "3", "4", "5", "6"}, "1", RESULT));
+    EXPECT_FALSE(runChild(mutex, {CLIENT, "1", "2", "3", "4", "5", "6"}, "1", LAUNCH_RESULT));
     EXPECT_TRUE(standIn.calls().empty());
-    EXPECT_TRUE(runChild(mutex, {CLIENT, "1", "2", "3", "4", "5"}, "1", RESULT));
+    EXPECT_TRUE(runChild(mutex, {CLIENT, "1", "2", "3", "4", "5"}, "1", LAUNCH_RESULT));
     EXPECT_THAT(standIn.calls(), ElementsAre(Arguments{CLIENT, "1", "2", "3", "4", "5"}));
     PlatformUtil::destroyMutex(&mutex);
 }
@@ -95,7 +96,7 @@ TEST_F(Launch, CollectsBothOutputs) {
     EXPECT_TRUE(run());
     EXPECT_EQ(resultText(), "one\ntwo\nthree\n");
     struct stat facts {};
-    ASSERT_EQ(stat(RESULT, &facts), 0);
+    ASSERT_EQ(stat(LAUNCH_RESULT, &facts), 0);
     EXPECT_EQ(facts.st_mode & 07777, mode_t{0440});
 }
 
@@ -141,8 +142,9 @@ TEST_F(Launch, RemovesTheSocketOfAKilledClient) {
 }
 
 TEST_F(Launch, FailsWithoutAPathAtOnce) {
-    EXPECT_FALSE(util.launchProcess(nullptr, "c", nullptr, nullptr, nullptr, nullptr, RESULT));
-    EXPECT_FALSE(std::filesystem::exists(RESULT)) << "the result file is not made";
+    EXPECT_FALSE(
+        util.launchProcess(nullptr, "c", nullptr, nullptr, nullptr, nullptr, LAUNCH_RESULT));
+    EXPECT_FALSE(std::filesystem::exists(LAUNCH_RESULT)) << "the result file is not made";
 }
 
 // CMD-9
@@ -199,7 +201,7 @@ TEST_F(Launch, DetectsFailureWhereTheSystemReapsItsChildren) {
         EXPECT_FALSE(run()) << "exit status 3";
         EXPECT_FALSE(run()) << "killed";
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-        std::remove(RESULT);
+        std::remove(LAUNCH_RESULT);
         EXPECT_TRUE(test::Leftovers::now() == before);
         EXPECT_EQ(ChildSignal::isIgnored(), row.handler == SIG_IGN) << "unchanged";
     }
@@ -298,7 +300,7 @@ TEST_F(Launch, RunsChildrenOneAfterAnother) {
     std::vector<std::thread> threads;
     for (int i = 0; i < 8; ++i) {
         threads.emplace_back([this, i] {
-            const std::string result = std::string(RESULT) + std::to_string(i);
+            const std::string result = std::string(LAUNCH_RESULT) + std::to_string(i);
             for (int round = 0; round < 5; ++round)
                 EXPECT_TRUE(util.launchProcess(CLIENT, "ping", nullptr, nullptr, nullptr, nullptr,
                                                result.c_str()));

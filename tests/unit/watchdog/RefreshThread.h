@@ -24,7 +24,7 @@ protected:
 
 /// The ids of the refresh threads of this process.
 inline std::vector<int> refreshThreads() {
-    return threadsNamed("tWifiRefreshWat"); // as much as the system keeps
+    return threadsNamed(REFRESH_THREAD);
 }
 
 /// A watchdog that has its block. A test starts its thread, whose waits are quick.
@@ -40,7 +40,7 @@ protected:
     // Also waits until the thread has ended, so that the next test does not see it.
     void TearDown() override {
         watchdog.reset();
-        awaitNoThreadNamed("tWifiRefreshWat");
+        awaitNoThreadNamed(REFRESH_THREAD);
         std::filesystem::remove_all(test::BLOCK_PATH);
     }
 

@@ -106,7 +106,7 @@ TEST_F(RefreshThread, MayDestroyItsOwnWatchdog) {
     self->start();
     started.set_value();
     over.get_future().wait();
-    test::awaitNoThreadNamed("tWifiRefreshWat");
+    test::awaitNoThreadNamed(test::REFRESH_THREAD);
     EXPECT_FALSE(test::blockHasName());
     EXPECT_EQ(RecordedReloads::calls(), 1);
 }

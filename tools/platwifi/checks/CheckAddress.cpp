@@ -5,10 +5,10 @@
 #include "checks/SystemFiles.h"
 #include "client/ClientReply.h"
 #include "client/ControlSocket.h"
+#include "values/Texts.h"
 
 #include <array>
 #include <fstream>
-#include <sstream>
 
 namespace cli {
 namespace {
@@ -20,17 +20,6 @@ constexpr const char* NETWORKD_STATE = "/run/systemd/netif/links";
 constexpr const char* IPV6_ADDRESSES = "/proc/net/if_inet6";
 constexpr std::size_t IPV6_SCOPE = 3;
 constexpr std::size_t IPV6_INTERFACE = 5;
-constexpr const char* PAGE = "see the page \"After connecting\" of platwifi's documentation";
-
-// VALUE of the line "KEY=VALUE" of a status.
-std::string valueOf(const std::string& key, const std::string& status) {
-    std::istringstream lines(status);
-    for (std::string line; std::getline(lines, line);) {
-        if (line.compare(0, key.size() + 1, key + "=") == 0)
-            return line.substr(key.size() + 1);
-    }
-    return "";
-}
 
 // One that is valid beyond the link. The status has IPv4 addresses only.
 bool hasIpv6Address(const std::string& iface) {
@@ -69,13 +58,13 @@ std::string nextStep(const std::string& iface) {
     const std::string client = dhcpClientFor(iface, commands);
     if (!client.empty())
         return client + " is running: wait some seconds, then make sure that it serves " + iface +
-               ", and read its messages; " + PAGE;
+               ", and read its messages; " + AFTER_CONNECTING;
     if (isRunning(NETWORKD, commands))
         return std::string(NETWORKD) + " is running, but has no .network file for " + iface +
-               ": write one; " + PAGE;
+               ": write one; " + AFTER_CONNECTING;
     return std::string(
                "no DHCP client is running: start one, such as systemd-networkd or dhcpcd; ") +
-           PAGE;
+           AFTER_CONNECTING;
 }
 
 // The bridge or bond that has the address in the place of the interface; "" if there is none.
@@ -97,9 +86,9 @@ Finding missing(const std::string& iface, const std::string& address) {
 Finding checkAddress(const std::string& iface) {
     const std::string asked = interfaceFor(iface);
     const std::string status = clientReply(asked, "status", nullptr);
-    if (valueOf("wpa_state", status) != "COMPLETED")
+    if (lineValue("wpa_state", status) != "COMPLETED")
         return good(asked + " is not connected");
-    const std::string address = valueOf("ip_address", status);
+    const std::string address = lineValue("ip_address", status);
     if (!address.empty() && !isLinkLocal(address))
         return good(address);
     if (hasIpv6Address(asked))

@@ -6,6 +6,10 @@
 
 namespace cli {
 
+/// Where the documentation says more.
+inline constexpr const char* AFTER_CONNECTING =
+    "see the page \"After connecting\" of platwifi's documentation";
+
 // The checks. `iface` is the interface on the command line, or "". A check may rely on those that come
 // before it in the table of Checks.cpp.
 

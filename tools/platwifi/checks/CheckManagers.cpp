@@ -3,8 +3,7 @@
 #include "checks/CheckFunctions.h"
 #include "checks/Processes.h"
 #include "checks/SystemFiles.h"
-
-#include <algorithm>
+#include "values/Texts.h"
 
 namespace cli {
 namespace {
@@ -12,13 +11,8 @@ namespace {
 // systemd-networkd is none: it connects to no network, and gives the address.
 constexpr const char* NETWORK_MANAGER_STATE = "/run/NetworkManager/devices";
 constexpr const char* NETPLAN_FOLDER = "/run/netplan/";
-constexpr const char* PAGE = "; see the page \"After connecting\" of platwifi's documentation";
 
 using Commands = std::vector<Words>;
-
-bool startsWith(const std::string& text, const std::string& start) {
-    return text.compare(0, start.size(), start) == 0;
-}
 
 std::string nameOf(const std::string& iface) {
     return iface.empty() ? "the interface" : iface;
@@ -29,7 +23,8 @@ Finding networkManager(const std::string& iface, const Commands& commands) {
     if (!isRunning("NetworkManager", commands))
         return good("");
     const std::string step = "let it ignore the interface, as root: nmcli device set " +
-                             (iface.empty() ? "INTERFACE" : iface) + " managed no" + PAGE;
+                             (iface.empty() ? "INTERFACE" : iface) + " managed no; " +
+                             AFTER_CONNECTING;
     const std::string file = fileByIndex(NETWORK_MANAGER_STATE, iface);
     if (!file.empty() && valueIn(file, "managed") == "true")
         return bad("NetworkManager manages " + iface + ", too", step);
@@ -46,7 +41,8 @@ Finding quietManager(const char* program, const char* service, const std::string
         return good("");
     return note(std::string(program) + " is running, and manages " + nameOf(iface) +
                     ", too, unless its configuration excludes that",
-                std::string("stop it as root: systemctl disable --now ") + service + PAGE);
+                std::string("stop it as root: systemctl disable --now ") + service + "; " +
+                    AFTER_CONNECTING);
 }
 
 Finding iwd(const std::string& iface, const Commands& commands) {
@@ -61,12 +57,12 @@ Finding connman(const std::string& iface, const Commands& commands) {
 Finding netplan(const std::string&, const Commands& commands) {
     for (const Words& supplicant : supplicantsAmong(commands)) {
         const std::string file = optionOf(supplicant, "-c");
-        if (startsWith(file, NETPLAN_FOLDER)) {
+        if (beginsWith(file, NETPLAN_FOLDER)) {
             return note("netplan has started the supplicant, and makes its configuration " + file +
                             " anew at each start of the system: saved changes are lost then",
                         std::string("remove the interface from the files in /etc/netplan, and "
-                                    "start the supplicant by a unit") +
-                            PAGE);
+                                    "start the supplicant by a unit; ") +
+                            AFTER_CONNECTING);
         }
     }
     return good("");

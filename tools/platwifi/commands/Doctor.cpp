@@ -26,18 +26,14 @@ struct HealthStyle {
 };
 
 // In the order of Health.
-constexpr HealthStyle STYLES[] = {
+constexpr HealthStyle HEALTH_STYLES[] = {
     {"ok", "good", &Console::green},
     {"note", "note", &Console::yellow},
     {"bad", "bad", &Console::red},
 };
 
 const HealthStyle& styleOf(const Finding& finding) {
-    return STYLES[static_cast<unsigned int>(finding.health)];
-}
-
-std::string padded(const std::string& text, unsigned int cells) {
-    return text + std::string(cells - std::min(cells, cellsOf(text)), ' ');
+    return HEALTH_STYLES[static_cast<unsigned int>(finding.health)];
 }
 
 // The health and the subject, which come before the texts.

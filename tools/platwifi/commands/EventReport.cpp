@@ -24,7 +24,7 @@ struct KindStyle {
 };
 
 // In the order of Event::Kind.
-constexpr KindStyle STYLES[] = {
+constexpr KindStyle KIND_STYLES[] = {
     {"authenticating", "authenticating", "", &Console::plain},
     {"associating", "associating", "", &Console::plain},
     {"connected", "connected", "", &Console::green},
@@ -63,10 +63,10 @@ constexpr KindStyle STYLES[] = {
     {"supplicantLost", "supplicant lost", "", &Console::red},
     {"other", "other", "", &Console::plain},
 };
-static_assert(std::size(STYLES) == static_cast<std::size_t>(Event::Kind::OTHER) + 1);
+static_assert(std::size(KIND_STYLES) == static_cast<std::size_t>(Event::Kind::OTHER) + 1);
 
 const KindStyle& styleOf(Event::Kind kind) {
-    return STYLES[static_cast<std::size_t>(kind)];
+    return KIND_STYLES[static_cast<std::size_t>(kind)];
 }
 
 /// The parts of a line, joined by commas.
@@ -134,10 +134,6 @@ std::string timeText(std::time_t time, const char* format,
     char text[32];
     convert(&time, &parts);
     return {text, std::strftime(text, sizeof text, format, &parts)};
-}
-
-std::string padded(const std::string& text, unsigned int cells) {
-    return text + std::string(cells - std::min(cells, cellsOf(text)), ' ');
 }
 
 // The time and the kind, which come before the details.

@@ -11,6 +11,7 @@
 #include "model/WifiNetwork.h"
 #include "settings/WifiHostSettings.h"
 #include "values/Nearest.h"
+#include "values/Texts.h"
 
 #include <algorithm>
 #include <iterator>
@@ -161,7 +162,7 @@ private:
     void completeNamed() {
         const auto named =
             std::find_if(m_properties.begin(), m_properties.end(), [](const std::string& property) {
-                return property.rfind("key_mgmt=", 0) == 0;
+                return beginsWith(property, "key_mgmt=");
             });
         const Edits keyManagement({*named}, m_context.input);
         complete(credentialsFor(keyManagement.numberOf("key_mgmt")));

@@ -47,7 +47,7 @@ std::string nameOf(const std::string& assignment) {
     return assignment.substr(0, assignment.find('='));
 }
 
-std::string valueOf(const Assignments& assignments, const std::string& name) {
+std::string assigned(const Assignments& assignments, const std::string& name) {
     for (const std::string& assignment : assignments) {
         if (nameOf(assignment) == name && assignment.size() > name.size())
             return assignment.substr(name.size() + 1);
@@ -56,7 +56,7 @@ std::string valueOf(const Assignments& assignments, const std::string& name) {
 }
 
 Methods methodOf(const Assignments& assignments) {
-    const std::string method = valueOf(assignments, "eap");
+    const std::string method = assigned(assignments, "eap");
     if (method.empty())
         return NO_METHOD;
     return strcasecmp(method.c_str(), "TLS") == 0 ? TLS : OTHERS;

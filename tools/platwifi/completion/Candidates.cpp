@@ -8,6 +8,7 @@
 #include "edits/PropertyTable.h"
 #include "host/Ssid.h"
 #include "settings/replies/PrintedSsid.h"
+#include "values/Texts.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -80,10 +81,6 @@ std::string typedFor(const std::string& ssid) {
 }
 
 } // namespace
-
-bool beginsWith(const std::string& text, const std::string& beginning) {
-    return text.compare(0, beginning.size(), beginning) == 0;
-}
 
 Candidates commandWords() {
     Candidates candidates;

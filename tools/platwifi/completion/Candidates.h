@@ -13,8 +13,6 @@ struct Candidate {
 
 using Candidates = std::vector<Candidate>;
 
-bool beginsWith(const std::string& text, const std::string& beginning);
-
 /// The commands and their aliases.
 Candidates commandWords();
 

@@ -7,6 +7,7 @@
 #include "commands/CommandTable.h"
 #include "process/Interrupt.h"
 #include "values/Failure.h"
+#include "values/Texts.h"
 
 #include <cstring>
 #include <iostream>

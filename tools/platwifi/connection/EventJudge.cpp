@@ -2,6 +2,7 @@
 
 #include "display/Text.h"
 #include "host/Ssid.h"
+#include "values/Texts.h"
 
 #include <utility>
 
@@ -33,10 +34,6 @@ std::string withCode(const std::string& found, const char* name, const Event& ev
     if (!event.meaning.empty())
         text += ": " + event.meaning;
     return text;
-}
-
-bool beginsWith(const std::string& text, const std::string& beginning) {
-    return text.compare(0, beginning.size(), beginning) == 0;
 }
 
 } // namespace

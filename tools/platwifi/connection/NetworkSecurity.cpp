@@ -41,7 +41,7 @@ constexpr unsigned int RSN_ELEMENT = 48;
 constexpr std::size_t HEAD = 2;                    // id and length
 constexpr std::size_t SUITE = 4;                   // a cipher or an AKM
 constexpr std::size_t BEFORE_PAIRWISE = 6;         // version and group cipher
-constexpr unsigned int PROTECTION_REQUIRED = 0x40; // in the RSN capabilities
+constexpr unsigned int REQUIRES_PROTECTION = 0x40; // in the RSN capabilities
 
 unsigned int rsnCapabilities(const Bytes& bytes, std::size_t element) {
     const std::size_t pairwise = element + HEAD + BEFORE_PAIRWISE;
@@ -81,7 +81,7 @@ bool requiresProtection(const std::string& elements) {
     const Bytes bytes(elements);
     for (std::size_t place = 0; place + HEAD <= bytes.size(); place += HEAD + bytes.at(place + 1)) {
         if (bytes.at(place) == RSN_ELEMENT)
-            return (rsnCapabilities(bytes, place) & PROTECTION_REQUIRED) != 0;
+            return (rsnCapabilities(bytes, place) & REQUIRES_PROTECTION) != 0;
     }
     return false;
 }

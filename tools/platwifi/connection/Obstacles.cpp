@@ -2,6 +2,7 @@
 
 #include "display/Text.h"
 #include "model/WifiNetwork.h"
+#include "values/Texts.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -50,7 +51,7 @@ std::string wordIn(const fs::path& file) {
 bool isBlocked(const fs::path& adapter, const char* kind) {
     std::error_code error;
     for (const auto& entry : fs::directory_iterator(adapter / "phy80211", error)) {
-        const bool isSwitch = entry.path().filename().string().rfind("rfkill", 0) == 0;
+        const bool isSwitch = beginsWith(entry.path().filename().string(), "rfkill");
         if (isSwitch && wordIn(entry.path() / kind) == "1")
             return true;
     }

@@ -5,8 +5,7 @@
 #include "host/ScanResult.h"
 #include "host/Ssid.h"
 #include "settings/replies/WholeLines.h"
-
-#include <sstream>
+#include "values/Texts.h"
 
 namespace cli {
 namespace {
@@ -15,16 +14,10 @@ constexpr std::size_t MOST_LINES = 255; // that the driver returns
 
 // The information elements of an access point, in hexadecimal; "" if the supplicant does not report them.
 std::string elementsOf(const std::string& iface, const std::string& bssid) {
-    const std::string key = "ie=";
-    std::istringstream reply(askSupplicant(iface, "bss", bssid.c_str()));
-    for (std::string line; std::getline(reply, line);) {
-        if (line.rfind(key, 0) == 0)
-            return line.substr(key.size());
-    }
-    return "";
+    return lineValue("ie", askSupplicant(iface, "bss", bssid.c_str()));
 }
 
-AccessPointSecurity securityOf(const std::string& iface, const ScanResult& result) {
+AccessPointSecurity surveyed(const std::string& iface, const ScanResult& result) {
     auto security = AccessPointSecurity::of(result.flags);
     security.requiresProtection = requiresProtection(elementsOf(iface, result.bssid));
     return security;
@@ -41,7 +34,7 @@ std::optional<std::vector<AccessPointSecurity>> accessPointsOf(const std::string
     for (const std::string& line : lines) {
         const auto result = ScanResult::of(line);
         if (result && isSameSsid(result->ssid, ssid))
-            accessPoints.push_back(securityOf(iface, *result));
+            accessPoints.push_back(surveyed(iface, *result));
     }
     return accessPoints;
 }

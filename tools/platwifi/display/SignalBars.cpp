@@ -8,7 +8,7 @@ namespace cli {
 namespace {
 
 constexpr const char* BLOCKS[] = {"▂", "▄", "▆", "█"};
-constexpr const char* PLAIN = "#";
+constexpr const char* PLAIN_BAR = "#";
 constexpr const char* EMPTY = "_";
 constexpr int PERCENT_A_BAR = 25;
 
@@ -19,7 +19,7 @@ std::string signalBars(int percent, bool hasBlocks) {
     std::string bars;
     int least = 0;
     for (const char* const block : BLOCKS) {
-        const char* const lit = hasBlocks ? block : PLAIN;
+        const char* const lit = hasBlocks ? block : PLAIN_BAR;
         bars += percent > least ? lit : EMPTY;
         least += PERCENT_A_BAR;
     }

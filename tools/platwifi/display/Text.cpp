@@ -132,6 +132,10 @@ unsigned int cellsOf(const std::string& text) {
     return cells;
 }
 
+std::string padded(const std::string& text, unsigned int cells) {
+    return text + std::string(cells - std::min(cells, cellsOf(text)), ' ');
+}
+
 std::string cutTo(const std::string& text, unsigned int cells) {
     if (cellsOf(text) <= cells)
         return text;

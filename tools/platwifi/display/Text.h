@@ -14,6 +14,9 @@ bool isUtf8(const std::string& bytes);
 /// The width of a printable text in cells of a terminal.
 unsigned int cellsOf(const std::string& text);
 
+/// A printable text, with blanks up to a width of `cells`.
+std::string padded(const std::string& text, unsigned int cells);
+
 /// Cuts a printable text to `cells` at most. A cut text ends with "…".
 std::string cutTo(const std::string& text, unsigned int cells);
 

@@ -24,7 +24,7 @@ constexpr Word BOOLEANS[] = {
     {0, "false"},
 };
 
-constexpr Word STATUSES[] = {
+constexpr Word STATUS_WORDS[] = {
     {NETWORK_STATUS_ENABLED, "enabled"},
     {NETWORK_STATUS_CONNECTED, "connected"},
     {NETWORK_STATUS_CONNECTING, "connecting"},
@@ -106,7 +106,7 @@ constexpr auto REPORTED = Entry::REPORTED;
 // clang-format off
 const std::vector<Property> PROPERTIES = {
     {"ssid", REPORTED, nullptr, text<&N::getSsid>, "the network's name", {}},
-    {"status", REPORTED, nullptr, word<&N::getNetworkStatus, STATUSES>, "what it is to the supplicant now", {}},
+    {"status", REPORTED, nullptr, word<&N::getNetworkStatus, STATUS_WORDS>, "what it is to the supplicant now", {}},
     {"strength", REPORTED, nullptr, number<&N::getStrength>, "signal at the last scan, 0 to 100", {}},
     {"channel", REPORTED, nullptr, number<&N::getChannel>, "radio channel", {}},
     {"bssid", PLAIN, takeBssid, bssid, "the one access point to use, or any", {}},

@@ -4,6 +4,7 @@
 #include "events/FrameCodes.h"
 #include "events/MessageFields.h"
 #include "settings/replies/PrintedSsid.h"
+#include "values/Texts.h"
 
 #include <algorithm>
 #include <cctype>
@@ -315,10 +316,6 @@ constexpr Message MESSAGES[] = {
     {WPA_EVENT_TERMINATING, Kind::TERMINATING, readNothing},
 };
 // clang-format on
-
-bool beginsWith(const std::string& text, const char* beginning) {
-    return text.compare(0, std::strlen(beginning), beginning) == 0;
-}
 
 // "<3>" stands before a message, for its level.
 std::string withoutLevel(const std::string& message) {

@@ -76,7 +76,7 @@ const Row* firstRow(const Offer& offer, unsigned int capable, std::optional<Cred
     return nullptr;
 }
 
-Security securityOf(const Row& row, unsigned int methods) {
+Security securityBy(const Row& row, unsigned int methods) {
     Security security{row.name, {}, row.credentials};
     security.properties.push_back("key_mgmt=" +
                                   platwifi::wordsIn(methods, platwifi::KEY_MANAGEMENT_WORDS));
@@ -101,7 +101,7 @@ std::optional<Security> best(const std::vector<std::string>& flags, unsigned int
                   (offer.methods[row->protection] & row->allowed & capable);
         chosen = row;
     }
-    return chosen ? std::optional(securityOf(*chosen, methods)) : std::nullopt;
+    return chosen ? std::optional(securityBy(*chosen, methods)) : std::nullopt;
 }
 
 } // namespace

@@ -5,22 +5,12 @@
 #include "host/ConnectedTime.h"
 #include "model/Vocabulary.h"
 #include "settings/replies/PrintedSsid.h"
+#include "values/Texts.h"
 
 #include <charconv>
-#include <sstream>
 
 namespace cli {
 namespace {
-
-// The text behind "KEY=" at the beginning of a line; "" for none.
-std::string valueOf(const std::string& key, const std::string& reply) {
-    std::istringstream lines(reply);
-    for (std::string line; std::getline(lines, line);) {
-        if (line.compare(0, key.size() + 1, key + "=") == 0)
-            return line.substr(key.size() + 1);
-    }
-    return "";
-}
 
 struct Range {
     int lowest;
@@ -56,24 +46,24 @@ std::string pmfWord(unsigned int number) {
 
 // The supplicant reports it only where it is in use: 2 where the access point requires it, else 1.
 std::string pmfOf(const std::string& status) {
-    const std::string text = valueOf("pmf", status);
+    const std::string text = lineValue("pmf", status);
     if (text.empty())
-        return valueOf("key_mgmt", status).empty() ? "" : pmfWord(PMF_DISABLED);
+        return lineValue("key_mgmt", status).empty() ? "" : pmfWord(PMF_DISABLED);
     const auto number = numberIn(text, {PMF_OPTIONAL, PMF_REQUIRED});
     return number ? pmfWord(static_cast<unsigned int>(*number)) : "";
 }
 
 Link linkOf(const std::string& status, const std::string& signal) {
     Link link;
-    link.bssid = valueOf("bssid", status);
-    link.frequency = numberIn(valueOf("freq", status), FREQUENCIES);
-    link.signal = numberIn(valueOf("RSSI", signal), SIGNALS);
-    link.speed = numberIn(valueOf("LINKSPEED", signal), SPEEDS);
-    link.keyManagement = valueOf("key_mgmt", status);
-    link.pairwiseCipher = valueOf("pairwise_cipher", status);
-    link.groupCipher = valueOf("group_cipher", status);
+    link.bssid = lineValue("bssid", status);
+    link.frequency = numberIn(lineValue("freq", status), FREQUENCIES);
+    link.signal = numberIn(lineValue("RSSI", signal), SIGNALS);
+    link.speed = numberIn(lineValue("LINKSPEED", signal), SPEEDS);
+    link.keyManagement = lineValue("key_mgmt", status);
+    link.pairwiseCipher = lineValue("pairwise_cipher", status);
+    link.groupCipher = lineValue("group_cipher", status);
     link.pmf = pmfOf(status);
-    link.ipv4 = valueOf("ip_address", status);
+    link.ipv4 = lineValue("ip_address", status);
     return link;
 }
 
@@ -81,10 +71,10 @@ Link linkOf(const std::string& status, const std::string& signal) {
 
 LinkState LinkState::of(const std::string& status, const std::string& signal) {
     LinkState state;
-    const std::string word = valueOf("wpa_state", status);
+    const std::string word = lineValue("wpa_state", status);
     state.isReported = !word.empty();
     state.state = stateOf(word);
-    state.ssid = platwifi::bytesOfPrinted(valueOf("ssid", status));
+    state.ssid = platwifi::bytesOfPrinted(lineValue("ssid", status));
     if (state.state == WPA_STATE_COMPLETED)
         state.link = linkOf(status, signal);
     return state;

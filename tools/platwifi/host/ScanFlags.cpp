@@ -1,6 +1,7 @@
 #include "host/ScanFlags.h"
 
 #include "model/WifiTypes.h"
+#include "values/Texts.h"
 
 #include <vector>
 
@@ -29,10 +30,6 @@ constexpr Method METHODS[] = {
     {"FT/EAP", KEY_MGMT_FT_EAP},
     {"OWE", KEY_MGMT_OWE},
 };
-
-bool beginsWith(const std::string& text, const std::string& beginning) {
-    return text.rfind(beginning, 0) == 0;
-}
 
 std::vector<std::string> split(const std::string& text, char separator) {
     std::vector<std::string> parts(1);

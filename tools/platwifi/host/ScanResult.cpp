@@ -2,6 +2,7 @@
 
 #include "model/Radio.h"
 #include "settings/replies/PrintedSsid.h"
+#include "values/Texts.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -76,10 +77,6 @@ constexpr FlagWord FLAG_WORDS[] = {
     {"WEP", "WEP"},
     {"OWE-TRANS-OPEN", "OWE-transition"}, // open, beside a hidden access point with OWE
 };
-
-bool beginsWith(const std::string& text, const std::string& beginning) {
-    return text.compare(0, beginning.size(), beginning) == 0;
-}
 
 void addOnce(std::string& words, const std::string& word) {
     if (("/" + words + "/").find("/" + word + "/") == std::string::npos)

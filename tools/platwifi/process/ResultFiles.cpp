@@ -1,5 +1,7 @@
 #include "process/ResultFiles.h"
 
+#include "values/Texts.h"
+
 #include <filesystem>
 #include <string>
 #include <system_error>
@@ -25,7 +27,7 @@ std::vector<std::string> resultsOf(pthread_t thread) {
     std::error_code error;
     for (const auto& file : std::filesystem::directory_iterator(FOLDER, error)) {
         const std::string name = file.path().filename();
-        if (name.rfind(PREFIX, 0) == 0 && endsWith(name, end))
+        if (beginsWith(name, PREFIX) && endsWith(name, end))
             files.push_back(file.path());
     }
     return files;
