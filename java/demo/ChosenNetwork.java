@@ -46,7 +46,7 @@ final class ChosenNetwork implements AutoCloseable {
     }
 
     /**
-     * Stores the key of a new network once more, enciphered.
+     * Shows the key of a new network as it is stored. A network whose key cannot be shown does not stay.
      *
      * @param key  null if the user gave none
      */

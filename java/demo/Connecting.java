@@ -47,17 +47,13 @@ final class Connecting {
         Progress.during(out, "Connecting to " + ssid, show -> {
             showFirstState(show);
             WifiFuture<Connection> connecting = wifi.connect(ssid, timeout);
-            try {
-                while (!connecting.isDone()) {
-                    pause();
-                    showState(show);
-                }
-                Connection made = connecting.get();
+            while (!connecting.isDone()) {
+                pause(); // an interruption ends the program, and Wifi.close() what runs
                 showState(show);
-                return made;
-            } finally {
-                connecting.cancel(true); // ends it after an interruption; otherwise it has ended
             }
+            Connection made = connecting.get();
+            showState(show);
+            return made;
         });
     }
 

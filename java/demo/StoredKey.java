@@ -8,7 +8,7 @@ import java.io.PrintStream;
 import java.nio.charset.StandardCharsets;
 
 /**
- * Shows that a stored key can be read enciphered only. No Network gives a secret, so that this takes the static natives,
+ * Shows that a stored key can be read enciphered only. No Network gives a secret: this takes the static natives,
  * which share the networks with the API.
  */
 final class StoredKey {

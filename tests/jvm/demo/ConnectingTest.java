@@ -140,6 +140,15 @@ class ConnectingTest extends DemoTest {
     }
 
     @Test
+    void anInterruptionEndsTheAttemptForANetworkThatIsKept() {
+        play(adding("cafe"), "", CAFE);
+        interruptAfter("select 0");
+        assertEquals(Stop.INTERRUPTED, demo.run("--connect", "cafe", "--keep"));
+        demo.assertLast("Saved cafe\\.", "Connecting to cafe .*IDLE.*");
+        assertEquals("reassociate", lastOf(changes()), "the supplicant chooses among all networks");
+    }
+
+    @Test
     void anInterruptionOfAChangeIsNoFailure() {
         play(adding("cafe"), "", CAFE);
         Thread.currentThread().interrupt();

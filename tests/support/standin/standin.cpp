@@ -47,8 +47,8 @@ bool matches(const Rule& rule, const Fields& call, Earlier earlier) {
     if (!hasArguments(call, rule.arguments))
         return false;
     return rule.before.empty() || std::any_of(earlier.begin, earlier.end, [&](const Fields& one) {
-        return hasArguments(one, rule.before);
-    });
+               return hasArguments(one, rule.before);
+           });
 }
 
 std::string folder() {
@@ -86,9 +86,8 @@ std::vector<Rule> readScript() {
 }
 
 const Rule* findRule(const std::vector<Rule>& rules, const Fields& call, Earlier earlier) {
-    const auto found = std::find_if(rules.begin(), rules.end(), [&](const Rule& rule) {
-        return matches(rule, call, earlier);
-    });
+    const auto found = std::find_if(rules.begin(), rules.end(),
+                                    [&](const Rule& rule) { return matches(rule, call, earlier); });
     return found == rules.end() ? nullptr : &*found;
 }
 
