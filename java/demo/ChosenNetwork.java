@@ -75,7 +75,7 @@ final class ChosenNetwork implements AutoCloseable {
 
     private void undo() throws Stop {
         try {
-            wifi.roam();
+            wifi.roam(); // also ends an attempt to connect that still runs
             if (isAdded)
                 wifi.remove(ssid);
         } catch (WifiException e) {

@@ -116,12 +116,13 @@ class ProtectedNetworkTest extends DemoTest {
         Files.writeString(cipherKey, "damaged");
         play(adding("work"), "", WORK);
         try {
-            assertEquals(1, demo.run("--connect", "work", "--key-file", keyFile));
+            assertEquals(1, demo.run("--connect", "work", "--key-file", keyFile, "--keep"));
         } finally {
             Files.delete(cipherKey);
         }
         assertEquals(1, demo.err().size(), demo::errors);
         assertTrue(demo.errors().contains(cipherKey.toString()), demo::errors);
+        demo.assertLast("Added work, .*");
         assertEquals(REMOVED, lastChanges());
     }
 
