@@ -1,9 +1,10 @@
 package demo;
 
-import com.quorvel.platwifi.BWifiPlatformService;
+import com.quorvel.platwifi.api.AccessPoint;
+import com.quorvel.platwifi.api.Ssid;
+import com.quorvel.platwifi.api.Wifi;
 
 import java.io.PrintStream;
-import java.util.Comparator;
 import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Set;
@@ -12,24 +13,19 @@ import java.util.stream.Stream;
 
 /** The access points in range, strongest first. */
 final class AccessPoints {
-    private final List<ScanResult> results;
+    private final List<AccessPoint> found;
 
-    private AccessPoints(List<ScanResult> results) {
-        this.results = results;
+    private AccessPoints(List<AccessPoint> found) {
+        this.found = found;
     }
 
-    static AccessPoints scan(String iface, PrintStream out) throws Stop {
-        String[] lines = Progress.during(out, "Scanning on " + iface,
-                show -> BWifiPlatformService.discoverNetworks0(iface));
-        if (lines == null)
-            throw new Stop("the supplicant does not scan on %s; see which interfaces it serves:"
-                    + " wpa_cli interface", iface);
-        List<ScanResult> results = ScanResult.parse(lines);
-        if (results.isEmpty())
+    static AccessPoints scan(Wifi wifi, PrintStream out) throws Stop {
+        List<AccessPoint> found = Progress.during(out, "Scanning on " + wifi.adapter(),
+                show -> wifi.scan());
+        if (found.isEmpty())
             throw new Stop("%s found no access point; see whether its radio is on (rfkill list) and"
-                    + " one is in range, then try again", iface);
-        results.sort(Comparator.comparingInt((ScanResult result) -> result.signal).reversed());
-        return new AccessPoints(results);
+                    + " one is in range, then try again", wifi.adapter());
+        return new AccessPoints(found);
     }
 
     void print(PrintStream out) {
@@ -40,20 +36,19 @@ final class AccessPoints {
                 .column("MHz", Table.Align.RIGHT)
                 .column("dBm", Table.Align.RIGHT)
                 .column("Security", Table.Align.LEFT);
-        for (ScanResult result : results)
-            table.row(result.ssid, result.bssid, channel(result), result.frequency, result.signal,
-                    result.security);
+        for (AccessPoint ap : found)
+            table.row(ap.ssid(), ap.bssid(), channel(ap), ap.frequency(), ap.signal(), ap.offered());
         table.print(out);
     }
 
-    /** The kinds of security that the access points of a network announce; empty out of range. */
-    Set<String> securityOf(String ssid) {
-        return results.stream().filter(result -> result.ssid.toString().equals(ssid))
-                .flatMap(result -> Stream.of(result.security.split("/")))
+    /** The kinds of security that the access points of a network offer; empty out of range. */
+    Set<String> securityOf(Ssid ssid) {
+        return found.stream().filter(ap -> ap.ssid().equals(ssid))
+                .flatMap(ap -> Stream.of(ap.offered().split("/")))
                 .collect(Collectors.toCollection(LinkedHashSet::new));
     }
 
-    private static String channel(ScanResult result) {
-        return result.channel() == 0 ? "?" : Integer.toString(result.channel());
+    private static String channel(AccessPoint ap) {
+        return ap.channel() == 0 ? "?" : Integer.toString(ap.channel());
     }
 }

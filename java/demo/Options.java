@@ -1,6 +1,8 @@
 package demo;
 
-import java.nio.charset.StandardCharsets;
+import com.quorvel.platwifi.api.Ssid;
+import com.quorvel.platwifi.api.WifiException;
+
 import java.util.ArrayDeque;
 import java.util.Deque;
 import java.util.List;
@@ -10,10 +12,8 @@ final class Options {
     static final String USAGE =
             "[INTERFACE] [--connect SSID [--key-file FILE] [--keep]] [--xml PROGRAM]";
 
-    private static final int MAX_SSID_BYTES = 32;
-
     private final String iface;
-    private String ssid;
+    private Ssid ssid;
     private String keyFile;
     private String xmlProgram;
     private boolean keep;
@@ -37,7 +37,7 @@ final class Options {
     }
 
     /** The network to connect to; null if the user names none. */
-    String ssid() {
+    Ssid ssid() {
         return ssid;
     }
 
@@ -85,10 +85,12 @@ final class Options {
         return argument;
     }
 
-    private static String ssid(String argument) throws Stop {
-        int length = argument == null ? 0 : argument.getBytes(StandardCharsets.UTF_8).length;
-        if (length < 1 || length > MAX_SSID_BYTES)
-            throw Stop.wrongUse("--connect needs an SSID of 1 to " + MAX_SSID_BYTES + " bytes");
-        return argument;
+    private static Ssid ssid(String argument) throws Stop {
+        String need = "--connect needs an SSID of 1 to 32 bytes";
+        try {
+            return Ssid.of(value(need, argument));
+        } catch (WifiException e) {
+            throw Stop.wrongUse(need);
+        }
     }
 }

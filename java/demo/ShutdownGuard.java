@@ -9,10 +9,17 @@ import java.util.concurrent.CountDownLatch;
 final class ShutdownGuard implements AutoCloseable {
     private final Thread program = Thread.currentThread();
     private final CountDownLatch closed = new CountDownLatch(1);
+    private boolean isInterrupting = true; // guarded by this
 
     /** Call before the first change. Until then, a signal ends the program at once. */
     void activate() {
         Runtime.getRuntime().addShutdownHook(new Thread(this::interruptAndWait));
+    }
+
+    /** Call before the changes are undone: from now on a signal waits for that, and interrupts nothing. */
+    synchronized void endInterruptions() {
+        isInterrupting = false;
+        Thread.interrupted(); // that of a signal before, which has had its effect
     }
 
     @Override
@@ -20,8 +27,14 @@ final class ShutdownGuard implements AutoCloseable {
         closed.countDown();
     }
 
+    /** What a signal does first. */
+    synchronized void interrupt() {
+        if (isInterrupting)
+            program.interrupt();
+    }
+
     private void interruptAndWait() {
-        program.interrupt();
+        interrupt();
         try {
             closed.await();
         } catch (InterruptedException e) {

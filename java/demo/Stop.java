@@ -1,6 +1,9 @@
 package demo;
 
-/** Ends the program; the message names the cause and the next step. */
+import com.quorvel.platwifi.api.Reason;
+import com.quorvel.platwifi.api.WifiException;
+
+/** Ends the program. The message names the cause and the next step. */
 final class Stop extends Exception {
     private static final long serialVersionUID = 1L;
     /** The status of an end by a signal. The virtual machine has its own for that, and ends by itself. */
@@ -19,6 +22,15 @@ final class Stop extends Exception {
     private Stop(int status, String message) {
         super(message);
         this.status = status;
+    }
+
+    /** The failure of an operation of the library, which has such a message. */
+    static Stop of(WifiException failure) {
+        Stop stop = failure.reason() == Reason.INTERRUPTED ? interrupted()
+                                                           : new Stop(FAILED, failure.getMessage());
+        for (Throwable further : failure.getSuppressed())
+            stop.addSuppressed(further);
+        return stop;
     }
 
     static Stop wrongUse(String cause) {

@@ -1,12 +1,15 @@
 package demo;
 
-import com.quorvel.platwifi.BWifiPlatformService;
+import com.quorvel.platwifi.api.Network;
+import com.quorvel.platwifi.api.Wifi;
+import com.quorvel.platwifi.api.WifiException;
 
 import java.io.FileDescriptor;
 import java.io.FileOutputStream;
 import java.io.PrintStream;
 import java.nio.charset.StandardCharsets;
 import java.time.Duration;
+import java.util.List;
 
 /** Shows on a terminal what the library can do with one adapter, step by step. */
 public final class WifiDemo {
@@ -56,72 +59,67 @@ public final class WifiDemo {
             new WifiDemo(Options.parse(arguments), guard, timeout, out).show();
             return SHOWN;
         } catch (Stop reason) {
-            report(err, reason);
-            for (Throwable further : reason.getSuppressed())
-                report(err, further);
-            return reason.status;
-        } catch (UnsatisfiedLinkError reason) {
-            report(err, reason);
+            return report(err, reason);
+        } catch (WifiException reason) {
+            return report(err, Stop.of(reason));
+        } catch (UnsatisfiedLinkError reason) { // of the cipher
+            print(err, reason);
             return FAILED;
         }
     }
 
-    private static void report(PrintStream err, Throwable reason) {
+    private static int report(PrintStream err, Stop reason) {
+        print(err, reason);
+        for (Throwable further : reason.getSuppressed())
+            print(err, further);
+        return reason.status;
+    }
+
+    private static void print(PrintStream err, Throwable reason) {
         err.println("wifi-demo: " + reason.getMessage());
     }
 
     private void show() throws Stop {
-        requireSupplicant();
-        try {
-            showAdapters();
-            showState();
-            ConfiguredNetworks.read(options.iface()).print(out);
-            AccessPoints inRange = AccessPoints.scan(options.iface(), out);
+        try (Wifi wifi = Wifi.open(options.iface())) {
+            out.println("wpa_supplicant is running.");
+            out.println("Adapters: " + String.join(", ", wifi.adapters()));
+            out.println("State: " + Connecting.state(wifi, null));
+            show(wifi.networks());
+            AccessPoints inRange = AccessPoints.scan(wifi, out);
             inRange.print(out);
             if (options.ssid() == null) {
                 showDocument();
             } else {
                 guard.activate();
-                connect(inRange);
+                connect(wifi, inRange);
             }
-        } finally {
-            BWifiPlatformService.unloadWifiSettings0();
         }
     }
 
-    private void requireSupplicant() throws Stop {
-        if (!BWifiPlatformService.isWifiEnabled0(options.iface()))
-            throw new Stop("wpa_supplicant is not running; start it as root: wpa_supplicant -B -i"
-                    + " %s -c /etc/wpa_supplicant/wpa_supplicant.conf", options.iface());
-        out.println("wpa_supplicant is running.");
+    private void show(List<Network> configured) {
+        out.println("Configured networks:" + (configured.isEmpty() ? " none" : ""));
+        for (Network network : configured)
+            out.println("  " + network.ssid());
     }
 
-    private void showAdapters() throws Stop {
-        String[] adapters = BWifiPlatformService.getWifiAdapters0();
-        if (adapters == null || adapters.length == 0)
-            throw new Stop("the supplicant names no adapter; see which it serves:"
-                    + " wpa_cli interface");
-        out.println("Adapters: " + String.join(", ", adapters));
-    }
-
-    private void showState() {
-        out.println("State: " + SupplicantState.of(options.iface()));
+    private void connect(Wifi wifi, AccessPoints inRange) throws Stop {
+        try (ChosenNetwork network = ChosenNetwork.open(wifi, options, key, inRange, out)) {
+            try {
+                network.makeReady(key);
+                Connecting connecting = new Connecting(wifi, network.ssid(), timeout, out);
+                connecting.connect();
+                showDocument();
+                if (!options.keep())
+                    connecting.disconnect();
+            } finally {
+                guard.endInterruptions();
+            }
+        }
     }
 
     private void showDocument() throws Stop {
         if (options.xmlProgram() != null)
             XmlDocument.print(options.xmlProgram(), out);
-    }
-
-    private void connect(AccessPoints inRange) throws Stop {
-        try (ChosenNetwork network = ChosenNetwork.open(options, key, inRange, out)) {
-            network.makeReady();
-            Connection connection = new Connection(options, timeout, out);
-            connection.make(network);
-            showDocument();
-            if (!options.keep())
-                connection.end(network);
-        }
     }
 
     /** SSIDs are printed in UTF-8, also if no locale is set, as in a container. */

@@ -2,34 +2,31 @@ package demo;
 
 import static demo.DemoRun.CAFE;
 import static demo.DemoRun.HOME;
+import static demo.DemoRun.SHORT;
+import static demo.DemoRun.adding;
 import static demo.DemoRun.changes;
 import static demo.DemoRun.connecting;
-import static demo.DemoRun.supplicant;
+import static demo.DemoRun.play;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
+import static org.junit.jupiter.api.Assertions.assertTrue;
+
+import com.quorvel.platwifi.StandIn;
+import com.quorvel.platwifi.api.Host;
 
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.io.TempDir;
 
 import java.io.IOException;
-import java.nio.file.Path;
-import java.time.Duration;
 import java.util.List;
 
 /** The program when it connects to open networks and to those that are configured. */
-class ConnectingTest {
-    @TempDir
-    Path folder;
-
-    private final DemoRun demo = new DemoRun();
-
+class ConnectingTest extends DemoTest {
     @Test
     void addsAnOpenNetworkConnectsToItAndUndoesEverything() {
-        connecting("cafe", "", "0\tcafe\tany\t\n").scan(CAFE).when("*").print("OK\n")
-                .play();
+        play(connecting(adding("cafe"), "cafe"), "", CAFE);
         assertEquals(0, demo.run("wlan0", "--connect", "cafe"), demo::errors);
         demo.assertLast("Added cafe, an open network\\.", "Saved cafe\\.",
-                "Connecting to cafe .*IDLE.* SCANNING.* ASSOCIATING.* COMPLETED[ .]*",
+                "Connecting to cafe .*IDLE.* COMPLETED[ .]*",
                 "Disconnecting from cafe .*COMPLETED.* DISCONNECTED[ .]*",
                 "Removed cafe again\\.", "All configured networks are enabled; .*");
         assertEquals(List.of("add_network", "set_network 0 ssid \"cafe\"", "enable_network 0",
@@ -40,17 +37,16 @@ class ConnectingTest {
 
     @Test
     void aNetworkThatIsKeptStaysConnected() {
-        connecting("cafe", "", "0\tcafe\tany\t\n").scan(CAFE).when("*").print("OK\n")
-                .play();
+        play(connecting(adding("cafe"), "cafe"), "", CAFE);
         assertEquals(0, demo.run("--connect", "cafe", "--keep"), demo::errors);
         demo.assertLast("Added cafe, an open network\\.", "Saved cafe\\.",
                 "Connecting to cafe .*COMPLETED[ .]*");
-        assertEquals("select 0", changes().get(changes().size() - 1));
+        assertEquals("select 0", lastOf(changes()));
     }
 
     @Test
     void aConfiguredNetworkIsConnectedToAndStays() {
-        connecting("home", HOME).scan(CAFE).when("*").print("OK\n").play();
+        play(connecting(new StandIn(), "home"), HOME, CAFE);
         assertEquals(0, demo.run("--connect", "home"), demo::errors);
         demo.assertLast("home is configured already\\.", "Connecting to home .*COMPLETED[ .]*",
                 "Disconnecting from home .*COMPLETED.* DISCONNECTED[ .]*",
@@ -61,80 +57,110 @@ class ConnectingTest {
 
     @Test
     void aNetworkThatIsNotAddedIsExplained() {
-        supplicant("").scan(CAFE).when("-iwlan0", "add_network").print("FAIL\n")
-                .when("*").print("OK\n").play();
+        play(new StandIn().when("-iwlan0", "add_network").print("FAIL\n"), "", CAFE);
         assertEquals(1, demo.run("--connect", "cafe"));
-        demo.assertErrors("wifi-demo: the supplicant did not add cafe; see .*");
+        demo.assertErrors("wifi-demo: the supplicant did not accept to add cafe; .*");
     }
 
     @Test
     void aNetworkThatIsNotSavedIsExplainedAndRemoved() {
-        supplicant("").scan(CAFE).when("-iwlan0", "save_config").print("FAIL\n")
-                .when("-iwlan0", "add_network").print("0\n")
-                .when("*").print("OK\n").play();
+        play(adding("cafe").when("-iwlan0", "save_config").print("FAIL\n").exit(1), "", CAFE);
         assertEquals(1, demo.run("--connect", "cafe"));
-        demo.assertErrors("wifi-demo: the supplicant did not save cafe; .*update_config=1.*");
-        assertEquals("remove_network 0", changes().get(changes().size() - 1));
+        demo.assertErrors("wifi-demo: the supplicant did not save .*update_config=1.*");
+        assertEquals("reconfigure", lastOf(changes()));
     }
 
     @Test
     void aConnectionThatIsNotAcceptedIsExplained() {
-        supplicant(HOME).scan(CAFE).when("-iwlan0", "select", "0").exit(255)
-                .when("*").print("OK\n").play();
+        play(new StandIn().when("-iwlan0", "select", "0").exit(255), HOME, CAFE);
         assertEquals(1, demo.run("--connect", "home"));
         demo.assertErrors("wifi-demo: the supplicant did not accept to connect to home; .*");
     }
 
     @Test
     void aConnectionThatDoesNotCompleteEndsWithTheLastStateAndUndoesEverything() {
-        supplicant("", "0\tcafe\tany\t\n").scan(CAFE)
-                .when("-iwlan0", "add_network").print("0\n")
-                .when("*").print("OK\n").play();
-        assertEquals(1, demo.run(Duration.ZERO, "--connect", "cafe"));
-        demo.assertErrors("wifi-demo: cafe is not connected after 0 s, the last state was"
-                + " IDLE; see .*");
+        play(adding("cafe"), "", CAFE);
+        assertEquals(1, demo.run(SHORT, "--connect", "cafe"));
+        demo.assertErrors("wifi-demo: cafe is not connected: that takes longer than 1 s, the last"
+                + " state is INACTIVE; .*");
         demo.assertLast("Added .*", "Saved .*", "Connecting to cafe .*IDLE.*",
                 "Removed cafe again\\.", "All .*");
     }
 
     @Test
     void aChangeThatIsNotUndoneIsReportedToo() {
-        supplicant(HOME).scan(CAFE).when("-iwlan0", "reassociate").print("FAIL\n")
-                .when("*").print("OK\n").play();
-        assertEquals(1, demo.run(Duration.ZERO, "--connect", "home"));
-        demo.assertErrors("wifi-demo: home is not connected .*",
+        play(new StandIn().when("-iwlan0", "reassociate").print("FAIL\n"), HOME, CAFE);
+        assertEquals(1, demo.run(SHORT, "--connect", "home"));
+        demo.assertErrors("wifi-demo: home is not connected: .*",
                 "wifi-demo: the supplicant did not take back every change; see .*");
     }
 
     @Test
-    void aStateWithoutANameIsNotShown() {
-        connecting("home", HOME).scan(CAFE).when("*").print("OK\n").play();
-        demo.run("--connect", "home");
+    void eachStateOnTheWayIsShownUnlessItHasNoName() {
+        play(new StandIn(), HOME, CAFE);
+        DemoRun.beside(() -> {
+            Host.awaitCall("select 0");
+            for (String state : List.of("SCANNING", "ASSOCIATING", "4WAY_HANDSHAKE"))
+                report(state);
+            play(connecting(new StandIn(), "home").when("-iwlan0", "status")
+                    .print(Host.statusOn("home", 0)), HOME);
+        });
+        assertEquals(0, demo.run("--connect", "home"), demo::errors);
+        demo.assertLast("home .*",
+                "Connecting to home .*IDLE.* SCANNING.* ASSOCIATING.* 4WAY_HANDSHAKE.* COMPLETED[ .]*",
+                "Disconnecting .*", "All .*");
         assertFalse(demo.out().toString().contains("UNKNOWN"), demo.out()::toString);
     }
 
     @Test
+    void theNetworkOfAnotherConnectionIsNamed() {
+        play(connecting(adding("cafe"), "cafe").when("-iwlan0", "status")
+                .print(Host.statusOn("home", 7)), "", CAFE);
+        assertEquals(0, demo.run("--connect", "cafe"), demo::errors);
+        assertTrue(demo.out().contains("State: COMPLETED on home"), demo.out()::toString);
+        demo.assertLast("Connecting to cafe .*COMPLETED on home.* COMPLETED[ .]*",
+                "Disconnecting .*", "Removed .*", "All .*");
+    }
+
+    @Test
     void aSupplicantThatStaysConnectedIsExplained() {
-        supplicant(HOME).when("-iwlan0", "status").print("ssid=home\nwpa_state=COMPLETED\n")
-                .scan(CAFE).when("*").print("OK\n").play();
-        assertEquals(1, demo.run(Duration.ZERO, "--connect", "home"));
-        demo.assertErrors("wifi-demo: the supplicant is COMPLETED on home 0 s after .*");
+        play(new StandIn().when("-iwlan0", "status").print(Host.statusOn("home", 0)), HOME, CAFE);
+        assertEquals(1, demo.run(SHORT, "--connect", "home"));
+        demo.assertErrors("wifi-demo: the supplicant is COMPLETED on home 1 s after .*");
     }
 
     @Test
     void anInterruptionUndoesEverything() {
-        supplicant("", "0\tcafe\tany\t\n").scan(CAFE)
-                .when("-iwlan0", "add_network").print("0\n")
-                .when("*").print("OK\n").play();
-        Thread.currentThread().interrupt();
+        play(adding("cafe"), "", CAFE);
+        interruptAfter("select 0");
         assertEquals(Stop.INTERRUPTED, demo.run("--connect", "cafe"));
         demo.assertErrors("wifi-demo: it was interrupted; .*");
         demo.assertLast("Connecting to cafe .*IDLE.*", "Removed cafe again\\.", "All .*");
+        assertTrue(changes().contains("remove_network 0"), changes()::toString);
+    }
+
+    @Test
+    void anInterruptionEndsTheAttemptForANetworkThatIsKept() {
+        play(adding("cafe"), "", CAFE);
+        interruptAfter("select 0");
+        assertEquals(Stop.INTERRUPTED, demo.run("--connect", "cafe", "--keep"));
+        demo.assertLast("Saved cafe\\.", "Connecting to cafe .*IDLE.*");
+        assertEquals("reassociate", lastOf(changes()), "the supplicant chooses among all networks");
+    }
+
+    @Test
+    void anInterruptionOfAChangeIsNoFailure() {
+        play(adding("cafe"), "", CAFE);
+        Thread.currentThread().interrupt();
+        assertEquals(Stop.INTERRUPTED, demo.run("--connect", "cafe"));
+        assertTrue(Thread.interrupted());
+        demo.assertErrors("wifi-demo: it was interrupted; .*");
+        assertEquals(List.of(), changes());
     }
 
     @Test
     void theDocumentIsShownWhileConnected() throws IOException {
-        connecting("home", HOME).scan(CAFE).when("*").print("OK\n").play();
+        play(connecting(new StandIn(), "home"), HOME, CAFE);
         assertEquals(0, demo.run("--connect", "home", "--xml",
                 Programs.make(folder, "echo '<document/>'")), demo::errors);
         demo.assertLast("Connecting to home .*COMPLETED[ .]*", "<document/>",
@@ -143,7 +169,7 @@ class ConnectingTest {
 
     @Test
     void aDocumentThatFailsIsExplainedAndEverythingIsUndone() throws IOException {
-        connecting("cafe", "", "0\tcafe\tany\t\n").scan(CAFE).when("*").print("OK\n").play();
+        play(connecting(adding("cafe"), "cafe"), "", CAFE);
         assertEquals(1, demo.run("--connect", "cafe", "--xml", Programs.make(folder, "exit 1")));
         demo.assertErrors("wifi-demo: .* xml ended with status 1; .*");
         demo.assertLast("Connecting to cafe .*COMPLETED[ .]*", "Removed cafe again\\.", "All .*");
@@ -152,14 +178,41 @@ class ConnectingTest {
     /** The client prints its name with escapes, in the list and in the status. */
     @Test
     void aNameThatIsNotAsciiIsConnectedToAndRemovedToo() {
-        connecting("Caf\\xc3\\xa9", "", "0\tCaf\\xc3\\xa9\tany\t\n")
-                .scan("02:00:00:00:02:00\t5180\t-71\t[ESS]\tCaf\\xc3\\xa9")
-                .when("*").print("OK\n").play();
+        play(connecting(adding("Caf\\xc3\\xa9"), "Caf\\xc3\\xa9"), "",
+                "02:00:00:00:02:00\t5180\t-71\t[ESS]\tCaf\\xc3\\xa9\n");
         assertEquals(0, demo.run("--connect", "Café"), demo::errors);
         demo.assertLast("Added Café, an open network\\.", "Saved Café\\.",
                 "Connecting to Café .*COMPLETED[ .]*", "Disconnecting from Café .*DISCONNECTED[ .]*",
                 "Removed Café again\\.", "All .*");
         assertEquals(List.of("remove_network 0", "save_config", "reconfigure"),
                 changes().subList(changes().size() - 3, changes().size()));
+    }
+
+    @Test
+    void aConfiguredNameThatIsNoTextIsChosenAsItIsShown() {
+        play(connecting(new StandIn(), "caf\\xe9"), "0\tcaf\\xe9\tany\t\n", CAFE);
+        assertEquals(0, demo.run("--connect", "caf\\xe9"), demo::errors);
+        demo.assertLast("caf\\\\xe9 is configured already\\.", "Connecting to caf\\\\xe9 .*COMPLETED[ .]*",
+                "Disconnecting .*", "All .*");
+    }
+
+    /** Reports a state without a name, and then this one until the program has shown it. */
+    private void report(String state) {
+        play(new StandIn().when("-iwlan0", "status").print("wpa_state=AUTHENTICATING\n"), HOME);
+        Host.awaitCall("status");
+        play(new StandIn().when("-iwlan0", "status").print("wpa_state=" + state + "\n"), HOME);
+        Host.await(() -> demo.out().toString().contains(" " + state));
+    }
+
+    private static void interruptAfter(String call) {
+        Thread program = Thread.currentThread();
+        DemoRun.beside(() -> {
+            Host.awaitCall(call);
+            program.interrupt();
+        });
+    }
+
+    private static String lastOf(List<String> texts) {
+        return texts.get(texts.size() - 1);
     }
 }

@@ -5,6 +5,8 @@ import static org.junit.jupiter.api.Assertions.assertNull;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
+import com.quorvel.platwifi.api.Ssid;
+
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.params.ParameterizedTest;
 import org.junit.jupiter.params.provider.CsvSource;
@@ -27,7 +29,7 @@ class OptionsTest {
     })
     void optionsComeInAnyOrder(String line) throws Stop {
         Options options = Options.parse(line.split(" "));
-        assertEquals("cafe", options.ssid());
+        assertEquals(Ssid.of("cafe"), options.ssid());
         assertEquals("a.key", options.keyFile());
         assertEquals("platwifi", options.xmlProgram());
         assertTrue(options.keep());
@@ -54,7 +56,7 @@ class OptionsTest {
     void aNetworkIsNamed(String line, String iface, String ssid, boolean keep) throws Stop {
         Options options = Options.parse(line.split(" "));
         assertEquals(iface, options.iface());
-        assertEquals(ssid, options.ssid());
+        assertEquals(Ssid.of(ssid), options.ssid());
         assertEquals(keep, options.keep());
     }
 

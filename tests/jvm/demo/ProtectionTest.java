@@ -1,7 +1,13 @@
 package demo;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertThrows;
+import static org.junit.jupiter.api.Assertions.assertTrue;
+
+import com.quorvel.platwifi.api.FrameProtection;
+import com.quorvel.platwifi.api.Network;
+import com.quorvel.platwifi.api.Ssid;
 
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.params.ParameterizedTest;
@@ -12,72 +18,72 @@ import java.io.ByteArrayInputStream;
 import java.util.List;
 
 class ProtectionTest {
+    private static final Ssid CAFE = Ssid.of("cafe");
+
     @ParameterizedTest
-    @ValueSource(strings = {"", "open", "open/WPA2-PSK", "open/WPA2-Enterprise"})
-    void withoutAKeyItIsOpen(String offered) throws Stop {
-        assertEquals("an open network", Protection.of("cafe", ways(offered), null, false).toString());
+    @CsvSource({
+        "'', [NONE]", "open, [NONE]", "open/WPA2-PSK, [NONE]", "open/WPA2-Enterprise, [NONE]",
+        "OWE-transition, [NONE]", "open/OWE, [NONE]", "OWE, [OWE]",
+    })
+    void withoutAKeyItIsOpen(String offered, String keyManagement) throws Stop {
+        Protection protection = Protection.of(CAFE, ways(offered), null);
+        assertEquals("an open network", protection.toString());
+        Network network = protection.network();
+        assertEquals(CAFE, network.ssid());
+        assertEquals(keyManagement, network.keyManagement().toString());
+        assertFalse(network.hasPassphrase());
+    }
+
+    @ParameterizedTest
+    @CsvSource({
+        "'', [WPA-PSK]", "WPA-PSK, [WPA-PSK]", "WPA2-PSK, [WPA-PSK]", "WPA-PSK/WPA2-PSK, [WPA-PSK]",
+        "open/WPA2-PSK, [WPA-PSK]", "WPA2-PSK/WPA2-Enterprise, [WPA-PSK]",
+        "WPA2-PSK/WPA3-SAE, '[WPA-PSK, SAE]'", "WPA3-SAE, [SAE]",
+    })
+    void withAKeyItIsPreShared(String offered, String keyManagement) throws Stop {
+        Protection protection = Protection.of(CAFE, ways(offered), key());
+        assertEquals("a network with a pre-shared key", protection.toString());
+        assertEquals(keyManagement, protection.network().keyManagement().toString());
+        assertTrue(protection.network().hasPassphrase());
+    }
+
+    @Test
+    void managementFramesAreProtectedWhereAnAccessPointMayRequireIt() throws Stop {
+        for (String offered : List.of("WPA3-SAE", "WPA2-PSK/WPA3-SAE"))
+            assertEquals(FrameProtection.OPTIONAL,
+                    Protection.of(CAFE, ways(offered), key()).network().frameProtection());
+        assertEquals(FrameProtection.OPTIONAL,
+                Protection.of(CAFE, ways("OWE"), null).network().frameProtection());
+        assertEquals(FrameProtection.DEFAULT,
+                Protection.of(CAFE, ways("WPA2-PSK"), key()).network().frameProtection());
     }
 
     @ParameterizedTest
     @ValueSource(strings = {
-        "", "WPA-PSK", "WPA2-PSK", "WPA-PSK/WPA2-PSK", "WPA2-PSK/WPA3-SAE", "open/WPA2-PSK",
-    })
-    void withAKeyItIsPreShared(String offered) throws Stop {
-        assertEquals("a network with a pre-shared key",
-                Protection.of("cafe", ways(offered), key(), false).toString());
-    }
-
-    @ParameterizedTest
-    @ValueSource(strings = {"WPA-PSK", "WPA2-PSK", "WPA2-PSK/WPA3-SAE", "WPA2-PSK/WPA2-Enterprise"})
+        "WPA-PSK", "WPA2-PSK", "WPA3-SAE", "WPA2-PSK/WPA3-SAE", "WPA2-PSK/WPA2-Enterprise"})
     void aMissingKeyIsExplained(String offered) {
         assertStops("cafe needs its key; write that into a file and name it: --key-file FILE",
                 offered, null);
     }
 
-    @Test
-    void aKeyForAnOpenNetworkIsExplained() throws Stop {
-        assertStops("cafe is open and takes no key; leave out --key-file", "open", key());
+    @ParameterizedTest
+    @ValueSource(strings = {"open", "OWE", "OWE-transition"})
+    void aKeyForAnOpenNetworkIsExplained(String offered) throws Stop {
+        assertStops("cafe is open and takes no key; leave out --key-file", offered, key());
     }
 
     @ParameterizedTest
-    @CsvSource({"WPA2-Enterprise", "WEP", "WPA3-SAE", "WPA-Enterprise/WPA2-Enterprise"})
+    @ValueSource(strings = {"WPA2-Enterprise", "WEP", "WPA-Enterprise/WPA2-Enterprise", "DPP"})
     void whatCannotBeAddedIsExplainedWithAndWithoutAKey(String offered) throws Stop {
         String message = "cafe is protected by " + offered + ", and only open networks and those"
-                + " with a pre-shared key can be added here; add it to the supplicant's"
-                + " configuration, then try again";
+                + " with a pre-shared key or an SAE password can be added here; add it to the"
+                + " supplicant's configuration, then try again";
         assertStops(message, offered, null);
         assertStops(message, offered, key());
     }
 
-    @ParameterizedTest
-    @ValueSource(strings = {"OWE", "open/OWE"})
-    void underModernOweNeedsNoKey(String offered) throws Stop {
-        assertEquals("an open network",
-                Protection.of("cafe", ways(offered), null, true).toString());
-    }
-
-    @ParameterizedTest
-    @ValueSource(strings = {"WPA3-SAE", "WPA2-PSK/WPA3-SAE"})
-    void underModernSaeTakesAKey(String offered) throws Stop {
-        assertEquals("a network with a pre-shared key",
-                Protection.of("cafe", ways(offered), key(), true).toString());
-        Stop stop = assertThrows(Stop.class,
-                () -> Protection.of("cafe", ways(offered), null, true));
-        assertEquals("cafe needs its key; write that into a file and name it: --key-file FILE",
-                stop.getMessage());
-    }
-
-    @Test
-    void underModernEnterpriseCannotBeAdded() {
-        Stop stop = assertThrows(Stop.class,
-                () -> Protection.of("cafe", ways("WPA2-Enterprise"), null, true));
-        assertEquals("cafe is protected by WPA2-Enterprise, and only open networks and those with a"
-                + " pre-shared key or an SAE password can be added here; add it to the"
-                + " supplicant's configuration, then try again", stop.getMessage());
-    }
-
     private static void assertStops(String message, String offered, Key key) {
-        Stop stop = assertThrows(Stop.class, () -> Protection.of("cafe", ways(offered), key, false));
+        Stop stop = assertThrows(Stop.class, () -> Protection.of(CAFE, ways(offered), key));
         assertEquals(1, stop.status);
         assertEquals(message, stop.getMessage());
     }

@@ -3,53 +3,47 @@ package demo;
 import static demo.DemoRun.CAFE;
 import static demo.DemoRun.HOME;
 import static demo.DemoRun.changes;
-import static demo.DemoRun.supplicant;
+import static demo.DemoRun.play;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertLinesMatch;
 
 import com.quorvel.platwifi.StandIn;
 
 import org.junit.jupiter.api.Test;
-import org.junit.jupiter.api.io.TempDir;
 
 import java.io.IOException;
-import java.nio.file.Path;
 import java.util.List;
 import java.util.stream.Collectors;
 
-class WifiDemoTest {
+class WifiDemoTest extends DemoTest {
     private static final String RUNNING = "wpa_supplicant is running.";
     private static final String ADAPTERS = "Adapters: wlan0";
     private static final String IDLE = "State: IDLE";
     private static final String NO_NETWORKS = "Configured networks: none";
     private static final String SCANNING = "Scanning on wlan0 \\.+";
 
-    @TempDir
-    Path folder;
-
-    private final DemoRun demo = new DemoRun();
-
     @Test
     void showsTheAccessPointsStrongestFirst() {
-        supplicant("").scan(
-                "02:00:00:00:02:00\t5180\t-71\t[ESS]\t网络",
-                "02:00:00:00:01:00\t2412\t-30\t[WPA2-PSK-CCMP][ESS]\thome",
-                "02:00:00:00:03:00\t5955\t-104\t[WPA2-EAP-CCMP][ESS]\t").play();
+        play(new StandIn(), "",
+                "02:00:00:00:02:00\t5180\t-71\t[ESS]\t网络\n",
+                "02:00:00:00:01:00\t2412\t-30\t[WPA2-PSK-CCMP][ESS]\thome\n",
+                "02:00:00:00:03:00\t5955\t-104\t[WPA2-EAP-CCMP][ESS]\t\n",
+                "02:00:00:00:04:00\t60480\t-110\t[WEP][ESS]\told\n");
         assertEquals(0, demo.run());
         assertLinesMatch(List.of(
                 RUNNING, ADAPTERS, IDLE, NO_NETWORKS, SCANNING,
-                "SSID      BSSID              Channel   MHz   dBm  Security",
-                "home      02:00:00:00:01:00        1  2412   -30  WPA2-PSK",
-                "网络      02:00:00:00:02:00       36  5180   -71  open",
-                "\\(hidden\\)  02:00:00:00:03:00        1  5955  -104  WPA2-Enterprise"),
+                "SSID      BSSID              Channel    MHz   dBm  Security",
+                "home      02:00:00:00:01:00        1   2412   -30  WPA2-PSK",
+                "网络      02:00:00:00:02:00       36   5180   -71  open",
+                "\\(hidden\\)  02:00:00:00:03:00        1   5955  -104  WPA2-Enterprise",
+                "old       02:00:00:00:04:00        \\?  60480  -110  WEP"),
                 demo.out());
         assertEquals(List.of(), demo.err());
     }
 
     @Test
     void listsTheConfiguredNetworksAndChangesNothing() {
-        supplicant(HOME + "1\tCaf\\xc3\\xa9\tany\t[DISABLED]\n").scan(CAFE)
-                .when("*").print("FAIL\n").play();
+        play(new StandIn(), HOME + "1\tCaf\\xc3\\xa9\tany\t[DISABLED]\n", CAFE);
         assertEquals(0, demo.run());
         assertEquals(3, demo.out().indexOf("Configured networks:"));
         assertEquals(List.of("  Café", "  home"),
@@ -59,7 +53,7 @@ class WifiDemoTest {
 
     @Test
     void showsTheDocumentWithoutAConnection() throws IOException {
-        supplicant("").scan(CAFE).play();
+        play(new StandIn(), "", CAFE);
         assertEquals(0, demo.run("--xml", Programs.make(folder, "echo '<document/>'")));
         demo.assertLast("cafe .* open", "<document/>");
         assertEquals(List.of(), changes());
@@ -67,7 +61,8 @@ class WifiDemoTest {
 
     @Test
     void withoutSupplicantItSaysHowToStartOne() {
-        new StandIn().processes("1 /sbin/init\n").play();
+        demo.host.close();
+        new StandIn().processes("1 /sbin/init\n").when("*").exit(255).play();
         assertEquals(1, demo.run("wlan0"));
         demo.assertErrors("wifi-demo: wpa_supplicant is not running; start it .* -i wlan0 .*");
         assertEquals(List.of(), demo.out());
@@ -75,23 +70,24 @@ class WifiDemoTest {
 
     @Test
     void aSupplicantThatDoesNotAnswerIsExplained() {
+        demo.host.close();
         new StandIn().processes("4711 /sbin/wpa_supplicant -iwlan0\n").when("*").exit(255).play();
         assertEquals(1, demo.run());
-        demo.assertErrors("wifi-demo: the supplicant names no adapter; see .*");
-        assertLinesMatch(List.of(RUNNING), demo.out());
+        demo.assertErrors("wifi-demo: no process listens at .*");
+        assertEquals(List.of(), demo.out());
     }
 
     @Test
     void aScanThatFailsIsExplained() {
-        supplicant("").idle().when("-iwlan0", "scan").exit(255).play();
+        play(new StandIn().when("-iwlan0", "scan").exit(255), "");
         assertEquals(1, demo.run());
-        demo.assertErrors("wifi-demo: the supplicant does not scan on wlan0; see .*");
+        demo.assertErrors("wifi-demo: wlan0 cannot be scanned; .*");
         assertLinesMatch(List.of(RUNNING, ADAPTERS, IDLE, NO_NETWORKS, SCANNING), demo.out());
     }
 
     @Test
     void nothingInRangeIsExplained() {
-        supplicant("").scan().play();
+        play(new StandIn(), "");
         assertEquals(1, demo.run());
         demo.assertErrors("wifi-demo: wlan0 found no access point; see .*");
         assertLinesMatch(List.of(RUNNING, ADAPTERS, IDLE, NO_NETWORKS, SCANNING), demo.out());

@@ -20,18 +20,36 @@ namespace {
 
 using Fields = std::vector<std::string>;
 
-struct Rule {
-    Fields arguments; // a "*" at the end matches any further arguments
-    std::vector<std::vector<Fields>> answers{{}};
+// Whether the call has these arguments; a "*" at the end stands for any further ones.
+bool hasArguments(const Fields& call, const Fields& arguments) {
+    if (arguments.empty() || arguments.back() != "*")
+        return arguments == Fields(call.begin() + 1, call.end());
+    const auto known = arguments.size() - 1;
+    return call.size() > known &&
+           std::equal(arguments.begin(), arguments.end() - 1, call.begin() + 1);
+}
 
-    bool matches(const Fields& call) const {
-        if (arguments.empty() || arguments.back() != "*")
-            return arguments == Fields(call.begin() + 1, call.end());
-        const auto known = arguments.size() - 1;
-        return call.size() > known &&
-               std::equal(arguments.begin(), arguments.end() - 1, call.begin() + 1);
-    }
+struct Rule {
+    Fields arguments;
+    Fields before; // of a call without which the rule does not hold; none if it always holds
+    std::vector<std::vector<Fields>> answers{{}};
 };
+
+using Calls = std::vector<Fields>;
+
+// The first calls of all, up to this one without it.
+struct Earlier {
+    Calls::const_iterator begin;
+    Calls::const_iterator end;
+};
+
+bool matches(const Rule& rule, const Fields& call, Earlier earlier) {
+    if (!hasArguments(call, rule.arguments))
+        return false;
+    return rule.before.empty() || std::any_of(earlier.begin, earlier.end, [&](const Fields& one) {
+               return hasArguments(one, rule.before);
+           });
+}
 
 std::string folder() {
     const char* directory = std::getenv("PLATFORM_BOOT_DIR");
@@ -54,6 +72,8 @@ std::vector<Rule> readScript() {
         if (line[0] == "when") {
             rules.emplace_back();
             rules.back().arguments.assign(line.begin() + 1, line.end());
+        } else if (line[0] == "after" && !rules.empty()) {
+            rules.back().before.assign(line.begin() + 1, line.end());
         } else if (rules.empty()) {
             std::cerr << "stand-in: the script does not begin with a rule\n";
         } else if (line[0] == "then") {
@@ -65,18 +85,18 @@ std::vector<Rule> readScript() {
     return rules;
 }
 
-const Rule* findRule(const std::vector<Rule>& rules, const Fields& call) {
+const Rule* findRule(const std::vector<Rule>& rules, const Fields& call, Earlier earlier) {
     const auto found = std::find_if(rules.begin(), rules.end(),
-                                    [&call](const Rule& rule) { return rule.matches(call); });
+                                    [&](const Rule& rule) { return matches(rule, call, earlier); });
     return found == rules.end() ? nullptr : &*found;
 }
 
 // Records this call and returns the earlier ones.
-std::vector<Fields> recordCall(const Fields& call) {
+Calls recordCall(const Fields& call) {
     const std::string path = folder() + "/calls";
     const int file = open(path.c_str(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
     flock(file, LOCK_EX);
-    const std::vector<Fields> earlier = readLines(path);
+    const Calls earlier = readLines(path);
     const std::string line = standin::joined(call) + "\n";
     if (write(file, line.data(), line.size()) != static_cast<ssize_t>(line.size()))
         std::cerr << "stand-in: cannot record the call in " << path << "\n";
@@ -159,10 +179,10 @@ void perform(const Fields& action) {
         std::cerr << "stand-in: unknown action " << what << "\n";
 }
 
-int answer(const Rule& rule, const std::vector<Rule>& rules, const std::vector<Fields>& earlier) {
-    const auto before = std::count_if(earlier.begin(), earlier.end(), [&](const Fields& call) {
-        return findRule(rules, call) == &rule;
-    });
+int answer(const Rule& rule, const std::vector<Rule>& rules, const Calls& earlier) {
+    std::ptrdiff_t before = 0; // how often this rule has answered
+    for (auto call = earlier.begin(); call != earlier.end(); ++call)
+        before += findRule(rules, *call, {earlier.begin(), call}) == &rule ? 1 : 0;
     const auto last = static_cast<std::ptrdiff_t>(rule.answers.size()) - 1;
     for (const Fields& action : rule.answers[static_cast<std::size_t>(std::min(before, last))])
         perform(action);
@@ -173,9 +193,9 @@ int answer(const Rule& rule, const std::vector<Rule>& rules, const std::vector<F
 
 int main(int count, char* arguments[]) {
     const Fields call(arguments, arguments + count);
-    const std::vector<Fields> earlier = recordCall(call);
+    const Calls earlier = recordCall(call);
     const std::vector<Rule> rules = readScript();
-    if (const Rule* rule = findRule(rules, call))
+    if (const Rule* rule = findRule(rules, call, {earlier.begin(), earlier.end()}))
         return answer(*rule, rules, earlier);
     std::cout << "no rule\n";
     return 99;

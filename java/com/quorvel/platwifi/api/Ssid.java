@@ -18,6 +18,7 @@ import java.util.Arrays;
  */
 public final class Ssid {
     private static final int MOST_BYTES = 32;
+    private static final int ZERO_WIDTH_JOINER = 0x200D; // of emoji
 
     private final byte[] bytes;
     private final String text;
@@ -85,7 +86,8 @@ public final class Ssid {
     /**
      * The name as text that can be shown.
      *
-     * @return the characters; {@code \xNN} for each byte that is not UTF-8, or that is a control character
+     * @return the characters; {@code \xNN} for each byte that is not UTF-8, and for those of characters that would move
+     *     the cursor of a terminal, change the direction of writing, or be invisible
      */
     public String text() {
         return text;
@@ -127,7 +129,7 @@ public final class Ssid {
         for (int i = 0; i < bytes.length;) {
             int length = lengthOfCharacter(bytes, i);
             String character = decoded(bytes, i, length);
-            if (character == null || Character.isISOControl(character.codePointAt(0))) {
+            if (character == null || !isPrintable(character.codePointAt(0))) {
                 text.append(String.format("\\x%02x", bytes[i]));
                 ++i;
             } else {
@@ -136,6 +138,20 @@ public final class Ssid {
             }
         }
         return text.toString();
+    }
+
+    private static boolean isPrintable(int character) {
+        switch (Character.getType(character)) {
+        case Character.FORMAT:
+            return character == ZERO_WIDTH_JOINER;
+        case Character.CONTROL:
+        case Character.PRIVATE_USE:
+        case Character.LINE_SEPARATOR:
+        case Character.PARAGRAPH_SEPARATOR:
+            return false;
+        default:
+            return true;
+        }
     }
 
     private static int lengthOfCharacter(byte[] bytes, int start) {

@@ -37,14 +37,15 @@ public enum WifiState {
     }
 
     static WifiState of(String word) {
-        for (WifiState state : values()) {
-            if (state.word.equals(word))
-                return state;
-        }
-        return UNKNOWN;
+        return Words.constantWith(values(), WifiState::word, word, UNKNOWN);
     }
 
-    String word() {
+    /**
+     * The word of the supplicant for it, such as {@code 4WAY_HANDSHAKE}.
+     *
+     * @return {@code UNKNOWN} for {@link #UNKNOWN}, which stands for several of its words
+     */
+    public String word() {
         return word;
     }
 }

@@ -1,6 +1,7 @@
 package com.quorvel.platwifi.api;
 
 import java.util.Locale;
+import java.util.function.Function;
 
 /** The words of the native half for the constants of an enumeration. */
 final class Words {
@@ -16,17 +17,19 @@ final class Words {
 
     /** The constant of a word, or {@code otherwise}. */
     static <T extends Enum<T>> T constantOf(T[] constants, String word, T otherwise) {
-        for (T constant : constants) {
-            if (wordOf(constant).equals(word))
-                return constant;
-        }
-        return otherwise;
+        return constantWith(constants, Words::wordOf, word, otherwise);
     }
 
     /** The constant that prints as this text, or {@code otherwise}. */
     static <T extends Enum<T>> T printedAs(T[] constants, String text, T otherwise) {
+        return constantWith(constants, Enum::toString, text, otherwise);
+    }
+
+    /** The first constant that has this word by {@code wordOf}, or {@code otherwise}. */
+    static <T extends Enum<T>> T constantWith(T[] constants, Function<T, String> wordOf, String word,
+            T otherwise) {
         for (T constant : constants) {
-            if (constant.toString().equals(text))
+            if (wordOf.apply(constant).equals(word))
                 return constant;
         }
         return otherwise;

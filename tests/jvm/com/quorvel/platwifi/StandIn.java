@@ -31,6 +31,11 @@ public final class StandIn {
         return line("when", arguments);
     }
 
+    /** The rule holds only after a call with these arguments; "*" at the end stands for any further ones. */
+    public StandIn after(String... arguments) {
+        return line("after", arguments);
+    }
+
     public StandIn print(String text) {
         return print(text.getBytes(StandardCharsets.UTF_8));
     }

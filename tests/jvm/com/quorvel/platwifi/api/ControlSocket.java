@@ -8,7 +8,7 @@ import java.io.UncheckedIOException;
 import java.nio.charset.StandardCharsets;
 
 /** The control socket of wlan0, which another program serves: see control_socket.cpp. */
-final class ControlSocket implements AutoCloseable {
+public final class ControlSocket implements AutoCloseable {
     private final Process program;
     private final PrintStream input;
     private final BufferedReader output;
@@ -38,7 +38,7 @@ final class ControlSocket implements AutoCloseable {
     }
 
     /** Waits for the listener of a scan, and reports the end of the scan to it. */
-    void finishScan() {
+    public void finishScan() {
         awaitListener();
         send("CTRL-EVENT-SCAN-RESULTS ");
     }

@@ -7,31 +7,13 @@ import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import com.quorvel.platwifi.StandIn;
 
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 
 import java.nio.file.Path;
 import java.util.List;
 import java.util.Set;
 
-class EditTest {
-    private Host host;
-    private Wifi wifi;
-
-    @BeforeEach
-    void open() {
-        host = new Host();
-        Host.supplicant(new StandIn(), "").play();
-        wifi = Wifi.open("wlan0");
-    }
-
-    @AfterEach
-    void close() {
-        wifi.close();
-        host.close();
-    }
-
+class EditTest extends AdapterTest {
     private Network home() {
         return wifi.network("home").get();
     }
@@ -51,8 +33,8 @@ class EditTest {
 
     @Test
     void keepsNothingOfABlockOfWhichTheSupplicantRefusesAField() {
-        Host.supplicant(new StandIn().when("-iwlan0", "set_network", "0", "ssid", "*").print("OK\n")
-                .when("-iwlan0", "set_network", "0", "priority", "5").print("FAIL\n"), "").play();
+        play(new StandIn().when("-iwlan0", "set_network", "0", "ssid", "*").print("OK\n")
+                .when("-iwlan0", "set_network", "0", "priority", "5").print("FAIL\n"));
         Passphrase secret = Host.secret();
         String message = Host.failure(Reason.FAILED, () -> wifi.edit(edit -> {
             edit.add(Network.builder("cafe").passphrase(secret).build());
@@ -120,19 +102,19 @@ class EditTest {
 
     @Test
     void tellsThatTheFileCannotBeSaved() {
-        Host.supplicant(new StandIn().when("-iwlan0", "save_config").print("FAIL\n").exit(1), "").play();
+        play(new StandIn().when("-iwlan0", "save_config").print("FAIL\n").exit(1));
         Host.failure(Reason.FAILED, () -> wifi.save(home().edit().priority(5).build()));
         assertEquals(0, home().priority());
     }
 
     @Test
     void readsNetworks() {
-        Host.supplicant(new StandIn()
+        play(new StandIn()
                 .when("-iwlan0", "get_network", "0", "key_mgmt").print("WPA-PSK SAE\n")
                 .when("-iwlan0", "get_network", "0", "psk").print("*\n")
                 .when("-iwlan0", "get_network", "0", "ieee80211w").print("1\n")
                 .when("-iwlan0", "get_network", "0", "priority").print("3\n")
-                .when("-iwlan0", "get_network", "0", "scan_ssid").print("1\n"), "").play();
+                .when("-iwlan0", "get_network", "0", "scan_ssid").print("1\n"));
         Network home = home();
         assertEquals(Set.of(KeyManagement.WPA_PSK, KeyManagement.SAE), home.keyManagement());
         assertEquals(FrameProtection.OPTIONAL, home.frameProtection());

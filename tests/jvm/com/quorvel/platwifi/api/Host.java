@@ -13,17 +13,17 @@ import java.util.function.BooleanSupplier;
 import java.util.stream.Collectors;
 
 /** A host with the adapter wlan0: a scripted client, and a control socket. */
-final class Host implements AutoCloseable {
-    static final String IDLE = "wpa_state=INACTIVE\n";
-    static final String WPA2 = "[WPA2-PSK-CCMP][ESS]";
-    static final String SECRET = "correct horse";
+public final class Host implements AutoCloseable {
+    public static final String IDLE = "wpa_state=INACTIVE\n";
+    public static final String WPA2 = "[WPA2-PSK-CCMP][ESS]";
+    public static final String SECRET = "correct horse";
 
     private static final long LONGEST_WAIT_NANOSECONDS = 60_000_000_000L;
     private static final int PAUSE_MILLISECONDS = 5;
 
-    final ControlSocket socket = new ControlSocket();
+    public final ControlSocket socket = new ControlSocket();
 
-    Host() {
+    public Host() {
         Natives.load();
         BWifiPlatformService.unloadWifiSettings0();
     }
@@ -33,12 +33,12 @@ final class Host implements AutoCloseable {
         socket.close();
     }
 
-    static String accessPoint(String ssid, String flags) {
+    public static String accessPoint(String ssid, String flags) {
         return "02:00:00:00:01:00\t2412\t-40\t" + flags + "\t" + ssid + "\n";
     }
 
     /** A supplicant with the network home, whose commands all succeed; rules of a test come before these. */
-    static StandIn supplicant(StandIn rules, String accessPoints) {
+    public static StandIn supplicant(StandIn rules, String accessPoints) {
         for (String command : List.of("scan", "disconnect", "reassociate", "reconfigure", "save_config"))
             rules.when("-iwlan0", command).print("OK\n");
         return rules.when("interface").print("Selected interface 'wlan0'\nAvailable interfaces:\nwlan0\n")
@@ -53,7 +53,7 @@ final class Host implements AutoCloseable {
                 .when("*").print("OK\n");
     }
 
-    static String statusOn(String ssid, int id) {
+    public static String statusOn(String ssid, int id) {
         return "bssid=02:00:00:00:01:00\nfreq=2412\nssid=" + ssid + "\nid=" + id
                 + "\nkey_mgmt=WPA2-PSK\nip_address=192.0.2.7\nwpa_state=COMPLETED\n";
     }
@@ -66,11 +66,11 @@ final class Host implements AutoCloseable {
                 .map(call -> call.replace("-iwlan0 ", "")).collect(Collectors.toList());
     }
 
-    static void awaitCall(String call) {
+    public static void awaitCall(String call) {
         await(() -> StandIn.calls().contains("-iwlan0 " + call));
     }
 
-    static void await(BooleanSupplier condition) {
+    public static void await(BooleanSupplier condition) {
         long end = System.nanoTime() + LONGEST_WAIT_NANOSECONDS;
         while (!condition.getAsBoolean()) {
             if (System.nanoTime() > end)

@@ -7,8 +7,6 @@ import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import com.quorvel.platwifi.StandIn;
 
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 
 import java.time.Duration;
@@ -16,31 +14,17 @@ import java.util.List;
 import java.util.concurrent.CancellationException;
 import java.util.concurrent.TimeUnit;
 
-class JoinTest {
+class JoinTest extends AdapterTest {
     private static final String TRYING =
             "Trying to associate with 02:00:00:00:01:00 (SSID='cafe' freq=2412 MHz)";
     private static final String WRONG_KEY =
             "WPA: 4-Way Handshake failed - pre-shared key may be incorrect";
 
-    private Host host;
-    private Wifi wifi;
     private final Passphrase secret = Host.secret();
 
-    @BeforeEach
-    void open() {
-        host = new Host();
-        play(new StandIn());
-        wifi = Wifi.open("wlan0");
-    }
-
-    @AfterEach
-    void close() {
-        wifi.close();
-        host.close();
-    }
-
-    private static void play(StandIn rules) {
-        Host.supplicant(rules, Host.accessPoint("cafe", Host.WPA2)).play();
+    @Override
+    String accessPoints() {
+        return Host.accessPoint("cafe", Host.WPA2);
     }
 
     private static StandIn connecting() {

@@ -3,10 +3,6 @@ package com.quorvel.platwifi.api;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
-import com.quorvel.platwifi.StandIn;
-
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
 
 import java.util.List;
@@ -14,27 +10,11 @@ import java.util.concurrent.CompletableFuture;
 import java.util.concurrent.LinkedBlockingQueue;
 import java.util.concurrent.TimeUnit;
 
-class ListenerTest {
+class ListenerTest extends AdapterTest {
     private static final String CONNECTED =
             "CTRL-EVENT-CONNECTED - Connection to 02:00:00:00:01:00 completed [id=0 id_str=]";
     private static final String DISCONNECTED =
             "CTRL-EVENT-DISCONNECTED bssid=02:00:00:00:01:00 reason=15";
-
-    private Host host;
-    private Wifi wifi;
-
-    @BeforeEach
-    void open() {
-        host = new Host();
-        Host.supplicant(new StandIn(), "").play();
-        wifi = Wifi.open("wlan0");
-    }
-
-    @AfterEach
-    void close() {
-        wifi.close();
-        host.close();
-    }
 
     /** Keeps what it gets. */
     private static final class Kept implements WifiListener {

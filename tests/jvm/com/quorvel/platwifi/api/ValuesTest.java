@@ -3,7 +3,6 @@ package com.quorvel.platwifi.api;
 import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
-import static org.junit.jupiter.api.Assertions.assertNotEquals;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import org.junit.jupiter.api.Test;
@@ -12,27 +11,6 @@ import java.util.Set;
 
 /** Values without a native half. */
 class ValuesTest {
-    @Test
-    void anSsidIsItsBytes() {
-        assertEquals("café", Ssid.of("café").toString());
-        assertEquals(5, Ssid.of("café").bytes().length);
-        assertEquals(Ssid.of("café"), Ssid.of(new byte[] {'c', 'a', 'f', (byte) 0xc3, (byte) 0xa9}));
-        assertEquals(Ssid.of("a").hashCode(), Ssid.of("a").hashCode());
-        assertNotEquals(Ssid.of("a"), Ssid.of("b"));
-        assertEquals("\\xe9t\\xe9\\x0a", Ssid.of(new byte[] {(byte) 0xe9, 't', (byte) 0xe9, '\n'}).text());
-        assertEquals("😀", Ssid.ofHex(Ssid.of("😀").hex()).text());
-        assertTrue(Ssid.of(new byte[3]).isHidden());
-        assertEquals("(hidden)", Ssid.of("").toString());
-    }
-
-    @Test
-    void anSsidHasAtMost32Bytes() {
-        assertEquals(32, Ssid.of("x".repeat(32)).bytes().length);
-        Host.failure(Reason.WRONG_USE, () -> Ssid.of("x".repeat(33)));
-        Host.failure(Reason.WRONG_USE, () -> Ssid.of("\ud800"));
-        Host.failure(Reason.WRONG_USE, () -> Network.builder(""));
-    }
-
     @Test
     void aPassphraseNeverPrintsAndIsOverwritten() {
         char[] characters = "geheim ß".toCharArray();

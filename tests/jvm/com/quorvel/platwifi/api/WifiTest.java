@@ -6,9 +6,9 @@ import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import com.quorvel.platwifi.StandIn;
 
-import org.junit.jupiter.api.AfterEach;
-import org.junit.jupiter.api.BeforeEach;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.params.ParameterizedTest;
+import org.junit.jupiter.params.provider.CsvSource;
 
 import java.util.ArrayList;
 import java.util.List;
@@ -17,32 +17,23 @@ import java.util.concurrent.CompletableFuture;
 import java.util.stream.Collectors;
 
 /** Opening, scanning, the state, and many threads. */
-class WifiTest {
+class WifiTest extends AdapterTest {
     private static final int THREADS = 8;
     private static final int ROUNDS = 20;
 
-    private Host host;
-    private Wifi wifi;
-
-    @BeforeEach
-    void open() {
-        host = new Host();
-        Host.supplicant(new StandIn(), Host.accessPoint("cafe", "[WPA2-PSK+SAE-CCMP][ESS]")
+    @Override
+    String accessPoints() {
+        return Host.accessPoint("cafe", "[WPA2-PSK+SAE-CCMP][ESS]")
                 + "02:00:00:00:02:00\t5180\t-30\t[ESS]\t\n"
-                + "02:00:00:00:03:00\t2437\t-90\t[WPA2-FILS-SHA256-CCMP][ESS]\tcaf\\xe9\\x00\n").play();
-        wifi = Wifi.open();
-    }
-
-    @AfterEach
-    void close() {
-        wifi.close();
-        host.close();
+                + "02:00:00:00:03:00\t2437\t-90\t[WPA2-FILS-SHA256-CCMP][ESS]\tcaf\\xe9\\x00\n";
     }
 
     @Test
     void opensTheFirstAdapter() {
-        assertEquals("wlan0", wifi.adapter());
-        assertEquals(List.of("wlan0"), wifi.adapters());
+        try (Wifi first = Wifi.open()) {
+            assertEquals("wlan0", first.adapter());
+            assertEquals(List.of("wlan0"), first.adapters());
+        }
     }
 
     @Test
@@ -106,12 +97,39 @@ class WifiTest {
     void reportsTheStateAndTheLink() {
         assertEquals(WifiState.INACTIVE, wifi.state());
         assertTrue(wifi.link().isEmpty());
-        Host.supplicant(new StandIn().when("-iwlan0", "status").print(Host.statusOn("home", 0)), "")
-                .play();
+        play(new StandIn().when("-iwlan0", "status").print(Host.statusOn("home", 0)));
         Link link = wifi.link().get();
         assertEquals("home 02:00:00:00:01:00 -40 dBm", link.toString());
         assertEquals(1, link.channel().getAsInt());
         assertEquals("WPA2-PSK", link.keyManagement());
+    }
+
+    @ParameterizedTest
+    @CsvSource({
+        "DISCONNECTED, DISCONNECTED", "INACTIVE, INACTIVE", "SCANNING, SCANNING",
+        "ASSOCIATING, ASSOCIATING", "ASSOCIATED, ASSOCIATED", "4WAY_HANDSHAKE, FOUR_WAY_HANDSHAKE",
+        "GROUP_HANDSHAKE, GROUP_HANDSHAKE", "AUTHENTICATING, UNKNOWN", "INTERFACE_DISABLED, UNKNOWN",
+    })
+    void aStateBeforeTheConnectionHasNoLink(String word, WifiState state) {
+        play(new StandIn().when("-iwlan0", "status")
+                .print("bssid=02:00:00:00:01:00\nssid=cafe\nwpa_state=" + word + "\n"));
+        assertEquals(state, wifi.state());
+        assertEquals(state == WifiState.UNKNOWN ? "UNKNOWN" : word, wifi.state().word());
+        assertTrue(wifi.link().isEmpty());
+    }
+
+    @Test
+    void theNameOfALinkHasItsEscapesDecoded() {
+        play(new StandIn().when("-iwlan0", "status").print(Host.statusOn("Caf\\xc3\\xa9", 0)));
+        assertEquals(WifiState.COMPLETED, wifi.state());
+        assertEquals(Ssid.of("Café"), wifi.link().get().ssid());
+    }
+
+    @Test
+    void aClientThatFailsIsReported() {
+        play(new StandIn().when("-iwlan0", "status").exit(255));
+        Host.failure(Reason.FAILED, wifi::state);
+        Host.failure(Reason.FAILED, wifi::link);
     }
 
     @Test
