@@ -10,8 +10,8 @@ import java.util.stream.Stream;
 
 /**
  * The list of the native files that the build has put into this jar for one architecture. It is
- * text, one entry a line: {@code glibc VERSION} (the oldest that they run with),
- * {@code file MODE SIZE SHA-256 PATH} or {@code link TARGET PATH}.
+ * text, one entry a line: {@code digest SHA-256} (of the lines that follow), {@code glibc VERSION}
+ * (the oldest that they run with), {@code file MODE SIZE SHA-256 PATH} or {@code link TARGET PATH}.
  */
 final class NativeIndex {
     /** A regular file, or a link if it has a target. */
@@ -35,13 +35,12 @@ final class NativeIndex {
 
     private final String architecture;
     private final List<Entry> entries = new ArrayList<>();
-    private final String digest;
+    private String digest;
     private String glibc;
 
-    private NativeIndex(String architecture, byte[] text) throws IOException {
+    private NativeIndex(String architecture, String text) throws IOException {
         this.architecture = architecture;
-        digest = Sha256.of(text);
-        for (String line : new String(text, StandardCharsets.UTF_8).split("\n"))
+        for (String line : text.split("\n"))
             add(line, line.split(" "));
     }
 
@@ -54,7 +53,8 @@ final class NativeIndex {
     static NativeIndex ofHost() throws IOException {
         String architecture = Architecture.ofHost().orElseThrow().folder;
         try (InputStream index = resource(architecture, "index")) {
-            return new NativeIndex(architecture, index.readAllBytes());
+            return new NativeIndex(architecture,
+                    new String(index.readAllBytes(), StandardCharsets.UTF_8));
         }
     }
 
@@ -80,7 +80,9 @@ final class NativeIndex {
 
     private void add(String line, String[] fields) throws IOException {
         String path = fields[fields.length - 1];
-        if (fields[0].equals("glibc"))
+        if (fields[0].equals("digest"))
+            digest = path;
+        else if (fields[0].equals("glibc"))
             glibc = path;
         else if (fields[0].equals("link"))
             entries.add(new Entry(path, fields[1], false, 0, ""));
@@ -95,11 +97,17 @@ final class NativeIndex {
         return entries;
     }
 
-    InputStream content(Entry file) throws IOException {
-        return resource(architecture, file.path);
+    /** What this jar has for a file, which is as it was built if it has the digest of the entry. */
+    byte[] content(Entry file) throws IOException {
+        try (InputStream content = resource(architecture, file.path)) {
+            return content.readAllBytes();
+        }
     }
 
-    /** The SHA-256 of the index, and so of all files. */
+    /**
+     * The SHA-256 of the index, and so of all files. The build has computed it, as the first digest
+     * of a virtual machine takes it longer than all that is done here.
+     */
     String digest() {
         return digest;
     }

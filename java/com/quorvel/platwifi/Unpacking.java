@@ -1,7 +1,6 @@
 package com.quorvel.platwifi;
 
 import java.io.IOException;
-import java.io.InputStream;
 import java.io.UncheckedIOException;
 import java.nio.file.DirectoryIteratorException;
 import java.nio.file.DirectoryStream;
@@ -14,6 +13,7 @@ import java.nio.file.attribute.PosixFilePermission;
 import java.nio.file.attribute.PosixFilePermissions;
 import java.time.Duration;
 import java.time.Instant;
+import java.util.Arrays;
 import java.util.Comparator;
 import java.util.stream.Stream;
 
@@ -53,12 +53,8 @@ final class Unpacking {
     }
 
     private void ensure(Path folder, NativeIndex.Entry entry) throws IOException {
-        if (isIntact(folder, entry))
-            return;
-        replace(folder, entry);
         if (!isIntact(folder, entry))
-            throw new IOException(
-                    "this jar is damaged: its " + entry.path + " is not as it was built");
+            replace(folder, entry);
     }
 
     private void unpackTo(Path folder) throws IOException {
@@ -95,14 +91,17 @@ final class Unpacking {
             Files.createSymbolicLink(file, Path.of(entry.target));
             return;
         }
-        try (InputStream content = index.content(entry)) {
-            Files.copy(content, file);
-        }
+        byte[] content = index.content(entry);
+        if (!Sha256.of(content).equals(entry.digest))
+            throw new IOException(
+                    "this jar is damaged: its " + entry.path + " is not as it was built");
+        Files.write(file, content);
         Files.setPosixFilePermissions(file,
                 PosixFilePermissions.fromString(entry.isProgram ? "rwxr-xr-x" : "rw-r--r--"));
     }
 
-    private static boolean isIntact(Path folder, NativeIndex.Entry entry) throws IOException {
+    // Compared with the jar: that takes a tenth of the time of a digest, which Java first interprets.
+    private boolean isIntact(Path folder, NativeIndex.Entry entry) throws IOException {
         Path file = folder.resolve(entry.path);
         if (entry.target != null)
             return Files.isSymbolicLink(file)
@@ -110,7 +109,7 @@ final class Unpacking {
         return Files.isRegularFile(file, LinkOption.NOFOLLOW_LINKS)
                 && Files.size(file) == entry.size
                 && (!entry.isProgram || hasModeOfProgram(file))
-                && Sha256.of(Files.readAllBytes(file)).equals(entry.digest);
+                && Arrays.equals(Files.readAllBytes(file), index.content(entry));
     }
 
     private static boolean hasModeOfProgram(Path file) throws IOException {

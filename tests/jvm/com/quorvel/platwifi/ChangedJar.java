@@ -76,10 +76,13 @@ final class ChangedJar {
     }
 
     private void changeIndex(String line, String replacement) {
-        String old = new String(content("index"), StandardCharsets.UTF_8);
+        String index = new String(content("index"), StandardCharsets.UTF_8);
+        String old = index.substring(index.indexOf('\n') + 1); // without its digest
         String changed = old.replaceAll(line, replacement);
         if (changed.equals(old))
             throw new IllegalArgumentException("the index has no line " + line + ":\n" + old);
-        entries.put(ROOT + "index", changed.getBytes(StandardCharsets.UTF_8));
+        String digest = Sha256.of(changed.getBytes(StandardCharsets.UTF_8));
+        entries.put(ROOT + "index",
+                ("digest " + digest + "\n" + changed).getBytes(StandardCharsets.UTF_8));
     }
 }
