@@ -25,7 +25,7 @@ constexpr std::size_t IPV6_INTERFACE = 5;
 bool hasIpv6Address(const std::string& iface) {
     std::ifstream addresses(IPV6_ADDRESSES);
     for (std::string line; std::getline(addresses, line);) {
-        const Words words = wordsOf(line);
+        const WordList words = wordsOf(line);
         if (words.size() > IPV6_INTERFACE && words[IPV6_INTERFACE] == iface &&
             words[IPV6_SCOPE] == "00")
             return true;
@@ -44,7 +44,7 @@ bool isIgnoredByNetworkd(const std::string& iface) {
 }
 
 // "" if none is running that may serve the interface.
-std::string dhcpClientFor(const std::string& iface, const std::vector<Words>& commands) {
+std::string dhcpClientFor(const std::string& iface, const std::vector<WordList>& commands) {
     for (const char* const client : DHCP_CLIENTS) {
         const bool isIgnoring = client == std::string(NETWORKD) && isIgnoredByNetworkd(iface);
         if (isRunning(client, commands) && !isIgnoring)
@@ -54,7 +54,7 @@ std::string dhcpClientFor(const std::string& iface, const std::vector<Words>& co
 }
 
 std::string nextStep(const std::string& iface) {
-    const std::vector<Words> commands = runningCommands();
+    const std::vector<WordList> commands = runningCommands();
     const std::string client = dhcpClientFor(iface, commands);
     if (!client.empty())
         return client + " is running: wait some seconds, then make sure that it serves " + iface +

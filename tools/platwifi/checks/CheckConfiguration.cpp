@@ -13,7 +13,7 @@ namespace {
 // those of a supplicant name. One that serves D-Bus alone has none.
 std::string configurationFor(const std::string& iface) {
     std::string first;
-    for (const Words& command : supplicantsAmong(runningCommands())) {
+    for (const WordList& command : supplicantsAmong(runningCommands())) {
         std::string file = optionOf(command, "-c");
         if (!file.empty() && optionOf(command, "-i") == iface)
             return file;

@@ -12,7 +12,7 @@ namespace {
 constexpr const char* NETWORK_MANAGER_STATE = "/run/NetworkManager/devices";
 constexpr const char* NETPLAN_FOLDER = "/run/netplan/";
 
-using Commands = std::vector<Words>;
+using Commands = std::vector<WordList>;
 
 std::string nameOf(const std::string& iface) {
     return iface.empty() ? "the interface" : iface;
@@ -55,7 +55,7 @@ Finding connman(const std::string& iface, const Commands& commands) {
 
 // netplan starts a supplicant for systemd-networkd.
 Finding netplan(const std::string&, const Commands& commands) {
-    for (const Words& supplicant : supplicantsAmong(commands)) {
+    for (const WordList& supplicant : supplicantsAmong(commands)) {
         const std::string file = optionOf(supplicant, "-c");
         if (beginsWith(file, NETPLAN_FOLDER)) {
             return note("netplan has started the supplicant, and makes its configuration " + file +

@@ -16,7 +16,7 @@
 namespace cli {
 namespace {
 
-constexpr unsigned int GAP = 2; // between the labels and the values
+constexpr unsigned int LABEL_GAP = 2; // between the labels and the values
 
 struct HostStatus {
     std::string iface;
@@ -59,7 +59,7 @@ void print(const Rows& rows, const Console& console) {
         longest = std::max(longest, label.size());
     for (const auto& [label, value] : rows) {
         std::string line = label + ":";
-        line.append(longest - label.size() + GAP, ' ');
+        line.append(longest - label.size() + LABEL_GAP, ' ');
         std::cout << cutTo(line += value, console.width) << '\n';
     }
 }

@@ -37,7 +37,7 @@ bool takesValue(const std::string& command, const std::string& word) {
     return false;
 }
 
-void read(const std::string& word, Preceding& preceding) {
+void readWord(const std::string& word, Preceding& preceding) {
     const bool isOption = preceding.allowsOptions && beginsWith(word, "-");
     if (!preceding.option.empty())
         preceding.option.clear();
@@ -89,7 +89,7 @@ Candidates allFor(const Preceding& preceding, const std::string& word) {
 Candidates allFor(const std::vector<std::string>& words) {
     Preceding preceding;
     for (std::size_t i = 0; i + 1 < words.size(); ++i)
-        read(words[i], preceding);
+        readWord(words[i], preceding);
     return allFor(preceding, words.back());
 }
 

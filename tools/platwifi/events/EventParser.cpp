@@ -19,7 +19,7 @@ namespace {
 
 using Kind = Event::Kind;
 
-constexpr int SAE = 3;         // authentication algorithm
+constexpr int AUTH_SAE = 3;    // authentication algorithm
 constexpr int SAE_CONFIRM = 2; // the message in which both sides prove that they know the key
 constexpr int UNSPECIFIED_FAILURE = 1;
 constexpr int CHALLENGE_FAILURE = 15;
@@ -129,7 +129,7 @@ void readSuspension(const std::string& fields, Event& event) {
 
 // Whether an access point refuses the proof that this host knows the key of SAE.
 bool refusesKey(const std::string& fields, int status) {
-    return numberOf(fields, "auth_type=") == SAE &&
+    return numberOf(fields, "auth_type=") == AUTH_SAE &&
            numberOf(fields, "auth_transaction=") == SAE_CONFIRM &&
            (status == UNSPECIFIED_FAILURE || status == CHALLENGE_FAILURE);
 }
