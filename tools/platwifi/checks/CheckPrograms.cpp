@@ -5,6 +5,7 @@
 #include "client/ClientReply.h"
 #include "platform/BootProgram.h"
 #include "supplicant/WifiUtil.h"
+#include "values/Texts.h"
 
 #include <cerrno>
 #include <csignal>
@@ -53,8 +54,7 @@ Finding checkClient(const std::string&) {
 }
 
 Finding checkQuickClient(const std::string&) {
-    constexpr char QUICK[] = "platwifi quick client ";
-    const bool isQuick = clientVersion().compare(0, sizeof(QUICK) - 1, QUICK) == 0;
+    const bool isQuick = beginsWith(clientVersion(), "platwifi quick client ");
     return good(isQuick ? "in use" : "not in use: commands go to the host's client");
 }
 

@@ -1,6 +1,7 @@
 #include "checks/Processes.h"
 
 #include "client/ClientReply.h"
+#include "values/Texts.h"
 
 #include <algorithm>
 #include <iterator>
@@ -42,7 +43,7 @@ std::string optionOf(const WordList& command, const std::string& option) {
     for (std::size_t i = 1; i < command.size(); ++i) {
         if (command[i] == option && i + 1 < command.size())
             return command[i + 1];
-        if (command[i].compare(0, option.size(), option) == 0)
+        if (beginsWith(command[i], option))
             return command[i].substr(option.size());
     }
     return "";

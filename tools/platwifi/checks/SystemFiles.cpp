@@ -1,6 +1,7 @@
 #include "checks/SystemFiles.h"
 
 #include "client/ControlSocket.h"
+#include "values/Texts.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -27,13 +28,8 @@ std::string firstLineOf(const std::string& path) {
 }
 
 std::string valueIn(const std::string& path, const std::string& key) {
-    const std::string start = key + "=";
     std::ifstream file(path);
-    for (std::string line; std::getline(file, line);) {
-        if (line.compare(0, start.size(), start) == 0)
-            return line.substr(start.size());
-    }
-    return "";
+    return lineValue(key, file);
 }
 
 std::vector<std::string> namesIn(const std::string& folder) {

@@ -1,5 +1,7 @@
 #include "values/Nearest.h"
 
+#include "values/Texts.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -53,7 +55,7 @@ std::size_t distance(const std::string& from, const std::string& to) {
 }
 
 bool isAbbreviation(const std::string& word, const std::string& known) {
-    return word.size() >= MIN_ABBREVIATION && known.compare(0, word.size(), word) == 0;
+    return word.size() >= MIN_ABBREVIATION && beginsWith(known, word);
 }
 
 std::size_t mistakesIn(const std::string& word, const std::string& known) {

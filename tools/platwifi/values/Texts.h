@@ -1,5 +1,6 @@
 #pragma once
 
+#include <istream>
 #include <string>
 #include <string_view>
 
@@ -11,5 +12,6 @@ inline bool beginsWith(std::string_view text, std::string_view beginning) {
 
 /// Of a text in lines, the rest of the first line that begins with "KEY="; "" for none.
 std::string lineValue(const std::string& key, const std::string& lines);
+std::string lineValue(const std::string& key, std::istream& lines);
 
 } // namespace cli

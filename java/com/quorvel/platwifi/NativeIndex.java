@@ -105,8 +105,8 @@ final class NativeIndex {
     }
 
     /**
-     * The SHA-256 of the index, and so of all files. The build has computed it, as the first digest
-     * of a virtual machine takes it longer than all that is done here.
+     * The SHA-256 of the index, and so of all files. The build has computed it, as a virtual
+     * machine loads a hundred classes for its first digest.
      */
     String digest() {
         return digest;

@@ -100,7 +100,7 @@ final class Unpacking {
                 PosixFilePermissions.fromString(entry.isProgram ? "rwxr-xr-x" : "rw-r--r--"));
     }
 
-    // Compared with the jar: that takes a tenth of the time of a digest, which Java first interprets.
+    // Compared with the jar: a virtual machine interprets the code of a digest at first.
     private boolean isIntact(Path folder, NativeIndex.Entry entry) throws IOException {
         Path file = folder.resolve(entry.path);
         if (entry.target != null)
