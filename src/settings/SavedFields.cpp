@@ -84,7 +84,7 @@ Value decimal(const NetworkFields& fields, Field field) {
 
 // Where sets are not written whole, a set is compared as a whole: there is no word for several flags, so the
 // supplicant keeps its value. quirk: SAVE-5
-[[gnu::noinline]] Value wordsOf(unsigned int number, Words words) {
+[[gnu::noinline]] Value savedWords(unsigned int number, Words words) {
     if (rule::SETS_ARE_WRITTEN_WHOLE()) {
         std::string text = wordsIn(number, words);
         return text.empty() ? skip() : send(std::move(text));
@@ -96,7 +96,7 @@ Value decimal(const NetworkFields& fields, Field field) {
 
 template <Words (*WORDS)()>
 Value words(const NetworkFields& fields, Field field) {
-    return wordsOf(fields.number(field), WORDS());
+    return savedWords(fields.number(field), WORDS());
 }
 
 Words eapMethods() {

@@ -29,8 +29,7 @@ target_link_options(platwifi_interface PRIVATE
 set_target_properties(platwifi_interface PROPERTIES
   LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests
   LINK_DEPENDS ${SOURCES}/platwifi.map
-  NO_SONAME ON
-  UNITY_BUILD OFF)
+  NO_SONAME ON)
 
 set(RECORD ${CMAKE_CURRENT_SOURCE_DIR}/libplatwifi.abi)
 add_test(NAME build_interface
